@@ -1,0 +1,49 @@
+// What every card calls: the error report, lists, documents, the family card's first load.
+#pragma once
+
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <utility>
+
+class ComboBox;
+
+// The program's one error exit: an information box with the number and the description. Number 0 is no error and shows
+// nothing. Rolls back only while a statement runs; a transaction pending on an idle connection stays pending.
+void MostraErro(const jet::Error& erro);
+
+// Runs a routine of a form. An error ends the routine and is shown by MostraErro; a transaction that the routine leaves
+// open is abandoned.
+template <class Routine>
+void guarded(Routine&& routine)
+{
+    jet::RoutineScope scope(cnBDP);
+    try {
+        std::forward<Routine>(routine)();
+    } catch (const jet::Error& erro) {
+        MostraErro(erro);
+    }
+}
+
+// Chooses the first entry with that item number and returns its index; -1, with the choice as it was, where there is
+// none or the value is null or blank. Throws Error 13 for a text that is no number, 6 beyond 16 bits.
+int ProcuraItemData(ComboBox& lista, const QVariant& valor);
+
+// Chooses the first entry whose trimmed text is the value without its "*"s, trimmed; as ProcuraItemData otherwise.
+int ProcuraTexto(ComboBox& lista, const QVariant& valor);
+
+// Fills a coded list from all rows of an open recordset: a first entry of two blanks, then one entry a row. Where the
+// columns differ, the second gives the item number. A recordset without rows leaves the list without any entry.
+void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, int colunaDados);
+
+// Opens a document in the program of its type; a failure is told in a box. An empty path does nothing.
+void AbreFicheiro(const QString& caminho);
+
+// Brings up the family card behind the splash, which stays for three seconds or until Escape.
+void CarregaFichaFam();
+
+// The dates of a person as a tree shows them: "  DN: " or else "  IO: ", then "  DO: " or else "  FO: ".
+QString DatasResumo(const jet::Recordset& registos);

@@ -1,0 +1,29 @@
+// What the program hands to the desktop, and where its own files stand.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace Desktop {
+
+// Results of open(), as the desktops number them; above 32 is success.
+inline constexpr int fileNotFound = 2;
+inline constexpr int outOfMemory = 8;
+inline constexpr int noProgram = 31;
+inline constexpr int success = 33;
+
+// Opens a document in the program registered for its type. A relative path is taken against the working folder.
+int openDocument(const QString& path);
+
+// Hands a URL to the desktop, its text exactly as it stands.
+int openUrl(const QString& url);
+
+// What is called instead of the desktop; for the tests. Gets the path or URL as it was given. Null: the desktop again.
+void setOpener(std::function<int(const QString&)> opener);
+
+// The program's folder: where the data files, the manuals and the sheet's template stand. No slash at the end.
+QString programFolder();
+void setProgramFolder(const QString& folder); // for the tests
+
+} // namespace Desktop

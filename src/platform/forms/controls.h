@@ -1,0 +1,197 @@
+// The controls of the forms, with what the program relies on.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableView>
+
+// Sets the background colour of a field, frame or button, and a text colour that can be read on it. An invalid colour
+// gives back the colour of the desktop. backColor() is what was set last, else the one on the screen.
+void setBackColor(QWidget* control, const QColor& color);
+QColor backColor(const QWidget* control);
+
+// The mask of every date field, and its text when nothing was typed.
+inline constexpr auto dateMask = "##/##/####";
+inline constexpr auto emptyMaskedDate = "__/__/____";
+
+// A line of text. Locked: it shows its text and takes the focus, and the user can't change it; the program can.
+// textChanged() comes with every change, the program's too.
+class TextBox : public QLineEdit
+{
+    Q_OBJECT
+    Q_PROPERTY(bool locked READ isLocked WRITE setLocked)
+
+public:
+    explicit TextBox(QWidget* parent = nullptr);
+    bool isLocked() const { return isReadOnly(); }
+    void setLocked(bool locked) { setReadOnly(locked); }
+
+protected:
+    bool event(QEvent* event) override; // leaves Ctrl+A to the menus
+};
+
+// Several lines of text. Line breaks are CR LF in text(); setText() takes any. Tab goes on to the next field.
+class MemoBox : public QPlainTextEdit
+{
+    Q_OBJECT
+    Q_PROPERTY(bool locked READ isLocked WRITE setLocked)
+    Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
+
+public:
+    explicit MemoBox(QWidget* parent = nullptr);
+    QString text() const;
+    void setText(const QString& text); // cut to maxLength()
+    void clear() { setText({}); }
+    bool isLocked() const { return isReadOnly(); }
+    void setLocked(bool locked) { setReadOnly(locked); }
+    int maxLength() const { return maxLength_; } // in characters, for what the user types and pastes; 0: no limit
+    void setMaxLength(int length) { maxLength_ = length; }
+
+protected:
+    bool event(QEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    int maxLength_ = 0;
+};
+
+// A date field with two states. With the mask it shows "__/__/____" where empty, takes digits only, and its text always
+// has ten characters. Without it, it is a plain field and empty is "". text() is what stands there in either state.
+// A new field has the mask.
+class MaskedEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit MaskedEdit(QWidget* parent = nullptr);
+
+    QString mask() const { return mask_; }
+    void setMask(const QString& mask); // dateMask or ""; the text is dropped, as neither state can hold the other's
+    QString text() const;
+    void setText(const QString& text); // without the mask; under it, only an empty text
+
+    bool isBlank() const; // nothing stands there in either state
+
+    // The three steps that clear the field and give it its mask back.
+    void clearMasked();
+    // The mask taken off and the text set: how a stored date is shown.
+    void showPlain(const QString& text);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    QString mask_;
+};
+
+// A drop-down list whose entries have a text and a 32-bit number, 0 where none was given.
+// No entry chosen is index -1, also after entries were added. Clicked comes when the user picks an entry, also the one
+// that was chosen already, and when the index is changed by the program; not when the list is cleared.
+// Locked: it shows and can be focused; the list can't be opened, nor the choice changed by key or wheel.
+class ComboBox : public QComboBox
+{
+    Q_OBJECT
+    Q_PROPERTY(bool locked READ isLocked WRITE setLocked)
+
+public:
+    explicit ComboBox(QWidget* parent = nullptr);
+
+    int add(const QString& text, qint32 itemData = 0); // index of the new entry
+    QString list(int index) const { return itemText(index); }
+    qint32 itemData(int index) const; // 0 for index -1
+    void setItemData(int index, qint32 value);
+    int listIndex() const { return currentIndex(); }
+    void setListIndex(int index); // beyond the last entry, or 0 of an empty list: none
+    QString text() const { return currentText(); } // "" where none is chosen
+    void setText(const QString& text); // chooses the first entry with that text; none where there is none
+    void clear();                      // no entries, nothing chosen, no event
+
+    bool isLocked() const { return locked_; }
+    void setLocked(bool locked);
+
+signals:
+    void clicked();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void showPopup() override;
+
+private:
+    bool locked_ = false;
+};
+
+// A list box with the same entries.
+class ListBox : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ListBox(QWidget* parent = nullptr);
+    int add(const QString& text, qint32 itemData = 0);
+    QString list(int index) const;
+    qint32 itemData(int index) const;
+    int listCount() const { return count(); }
+    int listIndex() const { return currentRow(); }
+    void setListIndex(int index);
+    void removeItem(int index); // nothing is chosen afterwards
+
+signals:
+    void clicked();
+};
+
+// A button. Its accelerator moves the focus to it first, as a click of the mouse does; Return clicks it when it has the
+// focus.
+class CommandButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    explicit CommandButton(QWidget* parent = nullptr);
+
+protected:
+    bool event(QEvent* event) override;
+};
+
+// One radio of a group. The radios of one frame are exclusive for the user; the program can switch each off.
+class OptionButton : public QRadioButton
+{
+    Q_OBJECT
+
+public:
+    explicit OptionButton(QWidget* parent = nullptr);
+    void setValue(bool on); // on: the others of the frame go off
+};
+
+// A grid as the program counts it: row 0 is the heading, and 0 rows is an empty grid. Cells are texts.
+// picked comes only when the user picks a row. Rows come from a model, so that a hundred thousand show at once.
+class Grid : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit Grid(QWidget* parent = nullptr);
+
+    int rows() const;
+    void setRows(int rows); // 0 empties the grid, heading included
+    int cols() const;
+    void setCols(int cols);
+    QString textMatrix(int row, int col) const;
+    void setTextMatrix(int row, int col, const QString& text);
+    int row() const; // the row chosen; 0 where none is
+    void setRow(int row);
+
+signals:
+    void picked();
+
+private:
+    class Model;
+    Model* model_;
+};

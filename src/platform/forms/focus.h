@@ -1,0 +1,28 @@
+// Entering and leaving fields, as the cards understand it.
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include <functional>
+
+// Watches the focus of the whole program. A field is left when the focus moves to another control of the program's
+// forms, or to a form itself; not when a window loses the desktop's focus, a box or a menu comes up, or the field is
+// re-entered. The leave routine runs to its end, with the boxes that it brings, before the control that took the focus
+// sees the click that brought it there; and that click is lost where the routine moved the focus elsewhere.
+namespace Focus {
+
+// Called once, before the first form.
+void install();
+
+// Runs `entered` when `field` gets the focus, `left` when it loses it. Either may be empty.
+void watch(QWidget* field, std::function<void()> entered, std::function<void()> left);
+
+// Moves the focus to `field`, in its form, bringing its tab page to the front. Within a leave routine it takes effect
+// after the routine and before the user's next event; `entered` of that field then runs again.
+void setTo(QWidget* field);
+
+// Takes the focus off every control, to the form itself.
+void release();
+
+} // namespace Focus

@@ -1,0 +1,67 @@
+// A form: one window of the program, with its own .ui, one instance, reached by its name.
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+class QMdiSubWindow;
+
+// What every form relies on. A form is loaded when it is first touched, may be hidden and shown any number of times, and
+// lives until it is unloaded. Forms are child windows of the document area; the splash and the like stand on their own.
+//
+// A derived class sets its object name (the form's name, "frmInd") and its controls in the constructor, and does what
+// belongs to its load in Form_Load(). Names of controls are object names; members of a control array carry their index
+// behind an underscore ("optSexo_0").
+class Form : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // Why a form is unloaded: by its own close box, by the program, or because the program ends.
+    enum class UnloadMode { ControlMenu = 0, Code = 1, Application = 2 };
+    enum class Window { Child, Own }; // a window of the document area, or one of its own above everything
+
+    explicit Form(const QString& name, Window window = Window::Child);
+    ~Form() override;
+
+    QString name() const { return objectName(); }
+    QString caption() const { return windowTitle(); }
+    void setCaption(const QString& caption) { setWindowTitle(caption); }
+
+    // Shows the form, brings it to the front and makes it the active one. A disabled form is shown all the same.
+    void display();
+    // Takes it off the screen; it stays loaded, with all its state.
+    void conceal();
+    bool isShown() const;
+    bool isActive() const;
+    // Brings it to the front with the focus (of its last focused control), if it is shown and enabled.
+    void setFocusToForm();
+
+    // Asks Form_QueryUnload(); where that agrees, runs Form_Unload(), takes the form off the list of loaded forms and
+    // destroys it once control is back in the event loop. Returns false where it was refused.
+    bool unload(UnloadMode mode = UnloadMode::Code);
+
+    void setVisible(bool visible) override; // of the form's whole window
+
+signals:
+    void unloaded();
+
+protected:
+    // Run once, after construction, with the form on the list of loaded forms and not yet shown. What it throws undoes
+    // the load and goes on to whoever touched the form.
+    virtual void Form_Load() {}
+    // False refuses the unload.
+    virtual bool Form_QueryUnload(UnloadMode) { return true; }
+    virtual void Form_Unload() {}
+
+    bool focusNextPrevChild(bool next) override; // a control that is disabled under the focus leaves it to the form
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    friend class Forms;
+    QWidget* frame() const; // what is shown and hidden: the child window, or the form itself
+
+    Window window_;
+    QMdiSubWindow* child_ = nullptr;
+    bool unloading_ = false;
+};

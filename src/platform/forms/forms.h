@@ -1,0 +1,55 @@
+// The forms of the program: which exist, which are loaded.
+#pragma once
+
+#include "platform/forms/form.h"
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+
+class QMdiArea;
+
+// The list of the loaded forms, in the order of their loading. The main window is at index 0; a hidden form is on the
+// list, an unloaded one isn't; showing a loaded form again doesn't move it. The names are compared as they stand.
+class Forms
+{
+public:
+    // The main window and its document area, before any form is loaded. The window goes on the list by its object name.
+    static void setMainWindow(QWidget* window, QMdiArea* area);
+    static QWidget* mainWindow();
+
+    // Makes a form known by its name. Rooms show each other's forms by name, so that no room has to include what stands
+    // above it.
+    static void add(const QString& name, std::function<Form*()> make);
+    static bool exists(const QString& name);
+
+    // The loaded form of that name, loading it where it isn't loaded; null where no such form exists.
+    static Form* load(const QString& name);
+    // The loaded form of that name, or null. Never loads.
+    static Form* find(const QString& name);
+    // load() and display(). A name that no form has does nothing.
+    static Form* show(const QString& name);
+    static bool isLoaded(const QString& name) { return find(name) != nullptr; }
+
+    static const QList<QWidget*>& loaded();
+
+    // Unloads every loaded form but the main window, in the order of their loading, until none is left. While it runs
+    // isUnloadingAll() is true: an unload then touches no other form.
+    static void unloadAll();
+    static bool isUnloadingAll();
+
+    // Drops everything without any event: for the end of the process and between tests.
+    static void clear();
+
+private:
+    friend class Form;
+    static void forget(Form* form);
+};
+
+// The one instance of a form class, loaded at first touch. F::Name is the form's name.
+template <class F>
+F& theForm()
+{
+    return static_cast<F&>(*Forms::load(QString::fromLatin1(F::Name)));
+}

@@ -1,0 +1,36 @@
+// The modes of a card, as a table.
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QString>
+
+class QWidget;
+
+// What one mode does to one control.
+enum class Effect {
+    Keep,     // leaves the control as it found it
+    Open,     // text and list: not locked
+    Shut,     // text and list: locked
+    Enabled,
+    Disabled,
+    Visible,
+    Hidden,
+};
+
+struct ModeCell
+{
+    Effect effect = Effect::Keep;
+    QColor color; // background given besides the effect; invalid: left as it is
+};
+
+// One line of a card's table: the control, and its cell in each mode, in the order of the modes.
+struct ModeRow
+{
+    const char* control; // object name
+    ModeCell edi, cons, loc;
+};
+
+// Applies the column of `mode` ("Edi", "Cons" or "Loc") to the controls of `form`, in the order of the rows. An unknown
+// control is a mistake of the program and stops it.
+void applyMode(QWidget* form, const QList<ModeRow>& table, const QString& mode);

@@ -1,0 +1,34 @@
+// Message boxes and file dialogs, in Portuguese on every machine.
+#pragma once
+
+#include <QString>
+
+enum class Icon { None, Information, Question, Critical };
+
+// The title of every box and dialog, unless the caller says otherwise.
+inline constexpr auto boxTitle = "NUBE - ORV";
+
+// A box with "OK". Waits for the user. An empty title is really empty.
+void showMessage(const QString& text, Icon icon = Icon::Information, const QString& title = QString::fromLatin1(boxTitle));
+
+// A box with "Sim" and "Não", "Não" by Escape. True for "Sim".
+bool ask(const QString& text, Icon icon = Icon::Question, const QString& title = QString::fromLatin1(boxTitle));
+
+// File dialogs. The filter is in the form "BDP - ORV (*.orv)|*.orv". An empty text means that the user cancelled.
+// The save form asks nothing about a file that exists, and appends the filter's suffix to a name that has none at all.
+QString openFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
+QString saveFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
+
+// The hourglass, while it lives.
+class Hourglass
+{
+public:
+    Hourglass();
+    ~Hourglass();
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
+// Portuguese for the toolkit's own texts (buttons, file dialogs, context menus), and Portuguese dates and numbers.
+// Called once, before the first window.
+void installPortuguese();

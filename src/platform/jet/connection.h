@@ -1,0 +1,102 @@
+// The connection to a BDP: statements, transactions, schema.
+#pragma once
+
+#include "platform/jet/error.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace jet {
+
+class Recordset;
+
+// One open database file, spoken to in the dialect of the system (dialect.h).
+//
+// One thread. No SELECT stays open between two calls, so the file can be altered, copied or replaced at any moment.
+// Every failure throws Error and leaves the connection usable.
+class Connection
+{
+public:
+    enum State { Closed = 0, Open = 1, Executing = 4 };
+
+    Connection();
+    ~Connection(); // closes
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    // Opens the file named by the text behind "Data Source=" of the connection string, or by the whole string where it
+    // has none. The path is taken untrimmed but for the one blank behind "=".
+    // An existing, writable database file is needed: nothing is ever created by an open. An empty file counts as a
+    // database. Throws fileNotFound, pathNotFound, permissionDenied or engineFailure, naming the file; the connection is
+    // closed then. An open connection must be closed first: Error 3705.
+    void open(const QString& connectionString);
+
+    // Rolls back what is pending and closes. Closing a closed connection does nothing.
+    void close();
+
+    int state() const;          // Closed or Open; Executing only inside a running statement
+    QString dataSource() const; // path of the open file; "" when closed
+
+    // Runs one statement that gives no rows, or whose rows nobody needs. Returns the number of rows changed.
+    // Text behind the first statement, an empty text and a text of blanks are errors, and nothing is run.
+    int execute(const QString& statement);
+
+    // Transactions nest: each beginTrans() opens a level, commitTrans() and rollbackTrans() end the innermost one.
+    // Only the commit of the outermost level reaches the disk. Ending a level where there is none is an error.
+    void beginTrans();
+    void commitTrans();
+    void rollbackTrans();
+    int transactionLevel() const; // open levels, abandoned ones included
+
+    // Marks the levels above `level` as left behind by their routine. They are rolled back before the next statement
+    // that writes, or the next beginTrans(), whoever sends it; so nothing done later is lost with them.
+    void abandonAbove(int level);
+
+    // Names of tables, and (table, column) pairs, as the schema holds them.
+    QStringList tables() const;
+    struct Column { QString table; QString name; QString type; };
+    QList<Column> columns() const;
+
+    // Writes a consistent copy of the committed state to `path`, over any file of that name. The target is replaced
+    // only when the copy is whole. Throws permissionDenied where `path` is the open file itself (also through a link),
+    // pathNotFound, diskFull ...; the target is then as it was.
+    void copyTo(const QString& path) const;
+
+    // A statement prepared once for many rows. Values go in as they are read: texts take the type of their column.
+    class Insert;
+
+    // For Recordset and the benchmarks: the handle of the engine; null when closed.
+    sqlite3* handle() const;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+    friend class Recordset;
+};
+
+// While it lives, a routine runs. Levels that the routine opened and did not end are abandoned when it is over.
+class RoutineScope
+{
+public:
+    explicit RoutineScope(Connection& connection);
+    ~RoutineScope();
+    RoutineScope(const RoutineScope&) = delete;
+    RoutineScope& operator=(const RoutineScope&) = delete;
+
+private:
+    Connection& connection_;
+    int level_;
+};
+
+// Makes an empty database file at `path`, replacing none: throws Error 58 where a file stands there, pathNotFound or
+// permissionDenied where none can be made. The file exists on return and any tool of the engine opens it.
+void createDatabase(const QString& path);
+
+} // namespace jet

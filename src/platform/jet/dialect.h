@@ -1,0 +1,31 @@
+// The dialect of the system, and how it is handed to the engine.
+#pragma once
+
+#include "platform/jet/error.h"
+
+#include <QDate>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+
+struct sqlite3;
+
+namespace jet {
+
+// A date typed by the user: exactly dd/mm/yyyy, four digits for the year (100 to 9999), in the proleptic Gregorian
+// calendar. Nothing else is a date.
+std::optional<QDate> readDate(const QString& text);
+
+// The same where a statement or a column takes a text: day first, and where that is no date, month first.
+std::optional<QDate> readDateEitherWay(const QString& text);
+
+// One statement of the dialect in the engine's own. Throws Error (invalidStatement) for a date literal that is no date,
+// an unfinished text, an empty statement, or text behind the first statement.
+// `database` tells which columns are dates and texts; it may be null where the statement creates tables only.
+QString translate(const QString& statement, sqlite3* database);
+
+// Adds the functions and collations that translated statements use.
+void installFunctions(sqlite3* database);
+
+} // namespace jet

@@ -1,0 +1,104 @@
+// A cursor over the rows of one select.
+#pragma once
+
+#include "platform/jet/connection.h"
+
+#include <QVariant>
+
+#include <memory>
+
+namespace jet {
+
+// Opening it reads the keys of the rows in order (8 bytes a row where the select reads one table); a row is read when
+// the cursor stands on it. The set of rows is that of the last open() or requery(): rows added by others don't appear,
+// rows deleted by others read as Error 3021.
+//
+// After open() or requery() the cursor stands on the first row, or at once on BOF and EOF where there is none.
+// Field access needs a current row: at BOF or EOF it throws Error 3021 (no current record).
+// Names of fields are matched case-blind; an unknown one is Error 3265.
+// Every call but open() and the destructor needs an open recordset: Error 3704 otherwise.
+// A closed connection is Error 3709.
+class Recordset
+{
+public:
+    explicit Recordset(Connection& connection);
+    Recordset(Connection& connection, const QString& select); // and opens it
+    ~Recordset();
+    Recordset(Recordset&&) noexcept;
+    Recordset& operator=(Recordset&&) noexcept;
+
+    void open(const QString& select); // throws Error; the connection stays usable, the recordset is closed
+    void close();
+    bool isOpen() const;
+    void requery();
+    QString source() const;
+
+    bool bof() const;
+    bool eof() const;
+    int recordCount() const;
+    int absolutePosition() const;            // 1 for the first row; 0 where there is no current row
+    void setAbsolutePosition(int position);  // 1 to recordCount(), otherwise Error 3001
+
+    void moveFirst();     // on an empty set: Error 3021, as the three others
+    void moveLast();
+    void moveNext();      // past the last row: EOF; from EOF: Error 3021
+    void movePrevious();  // before the first row: BOF; from BOF: Error 3021
+
+    // Forward from the current row, itself included, to the first row for which "field operator value" holds
+    // (operators =, <>, <, >, <=, >=, like; value a number, a quoted text or a date between # signs); EOF where there
+    // is none. On an empty set it does nothing; at BOF or EOF it is Error 3021.
+    void find(const QString& criterion);
+
+    // The rows in the order of one field ("nome", "nome desc"), or those for which a criterion of find() holds.
+    // An empty text takes the order or the filter off. The cursor goes to the first row.
+    void setSort(const QString& order);
+    void setFilter(const QString& criterion);
+
+    int fieldCount() const;
+    QString fieldName(int column) const;
+
+    // The value of a field: a null QVariant for null; QDate, double (every number), bool (bit columns) or QString.
+    QVariant operator[](const QString& field) const;
+    QVariant operator[](int column) const;
+
+    // Starts a new row; set() then gives it values, update() writes it and makes it the current, last row.
+    void addNew();
+    // Changes the current or the new row in memory. A text for a date column is read day first, and where it is no date
+    // that way it is refused by update(); a text for a number column must be a number; Error 13 from update().
+    // Line breaks of texts are kept as they come.
+    void set(const QString& field, const QVariant& value);
+    // Writes what set() has changed. On failure nothing is written, the pending row or changes are dropped, and the
+    // cursor stands where it stood before.
+    void update();
+    void cancelUpdate();
+    // Deletes the current row and drops it from the set; the cursor stands on no row until the next movement: after
+    // moveNext() on the row that followed the deleted one.
+    void deleteRow();
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+// The cursor that a card holds for as long as it lives: a query text and its rows.
+class DataControl
+{
+public:
+    explicit DataControl(Connection& connection);
+
+    // An empty text closes the cursor at the next refresh().
+    void setRecordSource(const QString& select);
+    QString recordSource() const;
+
+    // Opens the query anew, on its first row. Throws as Recordset::open().
+    void refresh();
+
+    Recordset& recordset();
+    bool hasRows() const; // false where it isn't open
+
+private:
+    Recordset rows_;
+    QString source_;
+};
+
+} // namespace jet

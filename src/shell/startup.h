@@ -1,0 +1,19 @@
+// The start of the program.
+#pragma once
+
+#include <QString>
+
+class FrmORV;
+
+// Runs the program on the command line given, to its end. Returns the exit status.
+int runProgram(int argc, char** argv);
+
+// Makes every form known by its name.
+void registerForms();
+
+// Loads and shows the main window, with `commandLine` as the text behind the program's name (untrimmed; "" for none).
+// The application object exists, and prepareApplication() has run.
+FrmORV& startProgram(const QString& commandLine);
+
+// What the program sets up once on its application object: language, style, focus watch, icons.
+void prepareApplication();

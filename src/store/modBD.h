@@ -1,0 +1,26 @@
+// The BDP: opening, creation, upgrade, reference data.
+#pragma once
+
+#include "platform/jet/connection.h"
+
+#include <QString>
+
+// Opens cnBDP on the file and brings its schema up to date. False, and the error shown, where it can't be opened; the
+// connection is closed then and StrLigacao holds the path that failed.
+bool AbreBDP(const QString& caminho);
+
+// Makes a BDP from the data files of the program's folder, asking before it replaces a file. Errors are shown here; what
+// was made before one stays on the disk.
+void CriaBDP(const QString& caminho);
+
+// The two halves of CriaBDP, without windows. Throw jet::Error; what was made before the error is kept in the file.
+void CriaTabelas(jet::Connection& bdp, const QString& ficheiro);
+void CarregaDadosIniciais(jet::Connection& bdp);
+
+bool ExisteTabela(const QString& tabela, jet::Connection& ligacao);
+bool ExisteColuna(const QString& tabela, const QString& coluna, jet::Connection& ligacao);
+void ActualizaEstrutura();
+
+void ActualizaLocais();
+void ActualizaProfissoes();
+void ActualizaCategorias(); // no handler: throws
