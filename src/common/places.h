@@ -15,7 +15,8 @@ struct Local
 // Text form of a place: name + " -F- " + code.
 QString textoDoLocal(const QString& nome, const QString& tipo, const QString& codigo);
 
-// Code and letter out of the text form, by the first "-" of the whole text: a hyphen in the name misleads it, as always.
+// Code and letter out of the text form, by the first "-" of the whole text: a hyphen in the name misleads it, as
+// always.
 Local localDoTexto(const QString& texto);
 
 // The text behind the first "-"; the whole text where there is none.

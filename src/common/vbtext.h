@@ -10,6 +10,12 @@ inline int InStr(const QString& text, const QString& part, int from = 1)
 }
 
 // `length` characters from position `start` on (1 or more), as far as there are any.
-inline QString Mid(const QString& text, int start, int length = -1) { return text.mid(start - 1, length); }
+inline QString Mid(const QString& text, int start, int length = -1)
+{
+    return text.mid(start - 1, length);
+}
 
-inline QString Trim(const QString& text) { return text.trimmed(); }
+inline QString Trim(const QString& text)
+{
+    return text.trimmed();
+}

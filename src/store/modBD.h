@@ -9,8 +9,8 @@
 // connection is closed then and StrLigacao holds the path that failed.
 bool AbreBDP(const QString& caminho);
 
-// Makes a BDP from the data files of the program's folder, asking before it replaces a file. Errors are shown here; what
-// was made before one stays on the disk.
+// Makes a BDP from the data files of the program's folder, asking before it replaces a file. Errors are shown here;
+// what was made before one stays on the disk.
 void CriaBDP(const QString& caminho);
 
 // The two halves of CriaBDP, without windows. Throw jet::Error; what was made before the error is kept in the file.

@@ -4,13 +4,31 @@
 #include "platform/jet/connection.h"
 
 #include <QString>
+#include <QVariant>
 
-extern jet::Connection cnBDP;       // the one connection; every form speaks through it
-extern QString StrLigacao;          // connection string of the open BDP
-extern QString CodParoquia;         // code of the parish under study; "": none chosen yet
-extern QString CodPais;             // its country, two characters
-extern QString OperacaoBDP;         // what frmIni is open for: "a" open a BDP, "c" create one
+extern jet::Connection cnBDP; // the one connection; every form speaks through it
+extern QString StrLigacao;    // connection string of the open BDP
+extern QString CodParoquia;   // code of the parish under study; "": none chosen yet
+extern QString CodPais;       // its country, two characters
+extern QString OperacaoBDP;   // what frmIni is open for: "a" open a BDP, "c" create one
 
 // The main window's caption while no parish is shown. The word "BDP" in the long one marks where the parish begins.
 inline constexpr auto tituloCurto = "ORV - Sistema de Ordenação de Róis e Vidas";
 inline constexpr auto tituloLongo = "ORV - Sistema de Ordenação de Róis e Vidas / BDP: "; // and the parish's name
+
+// The filter of every dialog that names a BDP.
+inline constexpr auto filtroBDP = "BDP - ORV (*.orv)|*.orv";
+
+// Connection string of the BDP at `caminho`, which is taken as it stands.
+QString ligacaoPara(const QString& caminho);
+
+// The three menu items that follow the session: mnuEditInd, mnuEditFam, mnuManut.
+void setSessionMenus(bool enabled);
+
+// The text of a field; Error 94 for a null.
+QString requiredText(const QVariant& value);
+
+// Ends the program once control is back in the event loop, nested ones included: what is pending is rolled back, the
+// connection closed, and no form is asked or shown any more.
+void endProgram(int status = 0);
+bool programEnding();

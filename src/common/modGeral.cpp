@@ -1,0 +1,110 @@
+#include "common/modGeral.h"
+
+#include "common/dates.h"
+#include "common/SplashForm.h"
+#include "common/vbtext.h"
+#include "platform/desktop/desktop.h"
+#include "platform/forms/controls.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+
+#include <limits>
+
+void MostraErro(const jet::Error& erro)
+{
+    if (erro.number == 0) return;
+    showMessage(QStringLiteral("Ocorreu o erro %1\r\n%2").arg(QString::number(erro.number), erro.description),
+                Icon::Information);
+    if (cnBDP.state() == jet::Connection::Executing) cnBDP.rollbackTrans();
+}
+
+int ProcuraItemData(ComboBox& lista, const QVariant& valor)
+{
+    const QString texto = Trim(valor.toString());
+    if (texto.isEmpty()) return -1;
+
+    bool numero = false;
+    const double procurado = texto.toDouble(&numero);
+    if (!numero) throw jet::Error{jet::number::typeMismatch, "O valor \"" + texto + "\" não é um número."};
+    if (procurado < std::numeric_limits<qint16>::min() || procurado > std::numeric_limits<qint16>::max())
+        throw jet::Error{jet::number::overflow, "O número " + texto + " é demasiado grande."};
+
+    for (int i = 0; i < lista.count(); ++i) {
+        if (lista.itemData(i) != procurado) continue;
+        lista.setListIndex(i);
+        return i;
+    }
+    return -1;
+}
+
+int ProcuraTexto(ComboBox& lista, const QVariant& valor)
+{
+    if (Trim(valor.toString()).isEmpty()) return -1;
+
+    // Kept: only the sought value loses its "*"; an entry that shows one is never found.
+    const QString procurado = Trim(valor.toString().remove('*'));
+    for (int i = 0; i < lista.count(); ++i) {
+        if (Trim(lista.list(i)) != procurado) continue;
+        lista.setListIndex(i);
+        return i;
+    }
+    return -1;
+}
+
+void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, int colunaDados)
+{
+    lista.clear();
+    if (registos.recordCount() == 0) return;
+
+    lista.add("  ");
+    for (registos.moveFirst(); !registos.eof(); registos.moveNext()) {
+        const int novo = lista.add(requiredText(registos[colunaTexto]));
+        if (colunaDados == colunaTexto) continue;
+        const QString codigo = requiredText(registos[colunaDados]);
+        bool numero = false;
+        lista.setItemData(novo, codigo.toInt(&numero));
+        if (!numero) throw jet::Error{jet::number::typeMismatch, "O código \"" + codigo + "\" não é um número."};
+    }
+}
+
+void AbreFicheiro(const QString& caminho)
+{
+    if (caminho.isEmpty()) return;
+    const int resultado = Desktop::openDocument(caminho);
+    if (resultado >= 32) return;
+    switch (resultado) {
+    case Desktop::fileNotFound:
+        return showMessage("Não foi possível encontrar o ficheiro!", Icon::None);
+    case Desktop::outOfMemory:
+        return showMessage("Memória insuficiente!\r\nFeche algumas aplicações!", Icon::None);
+    case Desktop::noProgram:
+        return showMessage("Este tipo de ficheiro não tem um programa associado!", Icon::None);
+    default:
+        showMessage(QString::number(resultado) + "Erro inesperado!", Icon::None);
+    }
+}
+
+QString fichaDaSessao()
+{
+    return Forms::exists("frmFam") ? "frmFam" : "frmInd";
+}
+
+void CarregaFichaFam()
+{
+    splashForm().showStep("A carregar fichas de família. Aguarde por favor ...");
+    Forms::load(fichaDaSessao());
+    splashForm().waitUntilReady();
+    if (programEnding()) return;
+    Forms::show(fichaDaSessao());
+    splashForm().unload();
+}
+
+QString DatasResumo(const jet::Recordset& registos)
+{
+    const auto primeira = [&](const char* campo, const char* rotulo, const char* outroCampo, const char* outroRotulo) {
+        if (const QVariant data = registos[campo]; !data.isNull()) return rotulo + textoDaData(data);
+        if (const QVariant data = registos[outroCampo]; !data.isNull()) return outroRotulo + textoDaData(data);
+        return QString();
+    };
+    return primeira("datanasc", "  DN: ", "inicioobs", "  IO: ") + primeira("dataobito", "  DO: ", "fimobs", "  FO: ");
+}

@@ -1,0 +1,54 @@
+#include "platform/desktop/codepage.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+// Bytes 0x80 to 0x9F; the others have the code of their character. 0: no character.
+constexpr std::array<char16_t, 32> upper{
+    u'€', 0,    u'‚', u'ƒ', u'„', u'…', u'†', u'‡', u'ˆ', u'‰', u'Š', u'‹', u'Œ', 0, u'Ž', 0,
+    0,    u'‘', u'’', u'“', u'”', u'•', u'–', u'—', u'˜', u'™', u'š', u'›', u'œ', 0, u'ž', u'Ÿ',
+};
+
+bool isUpper(char16_t code)
+{
+    return code >= 0x80 && code <= 0x9F;
+}
+
+bool readsAsUtf8(const QByteArray& bytes)
+{
+    if (std::none_of(bytes.begin(), bytes.end(), [](char byte) { return byte & 0x80; })) return false;
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    [[maybe_unused]] const QString text = decoder(bytes);
+    return !decoder.hasError();
+}
+
+} // namespace
+
+std::optional<QString> fromCodePage(const QByteArray& bytes)
+{
+    if (bytes.contains('\0') || readsAsUtf8(bytes)) return std::nullopt;
+    QString text = QString::fromLatin1(bytes);
+    for (QChar& character : text) {
+        if (!isUpper(character.unicode())) continue;
+        character = upper[character.unicode() - 0x80];
+        if (character.isNull()) return std::nullopt;
+    }
+    return text;
+}
+
+QByteArray toCodePage(const QString& text)
+{
+    QByteArray bytes;
+    for (const char32_t code : text.toUcs4()) {
+        const auto found = std::find(upper.begin(), upper.end(), code);
+        if (code != 0 && found != upper.end())
+            bytes += char(0x80 + (found - upper.begin()));
+        else
+            bytes += code <= 0xFF && !isUpper(char16_t(code)) ? char(code) : '?';
+    }
+    return bytes;
+}

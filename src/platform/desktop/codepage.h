@@ -1,0 +1,14 @@
+// Code page 1252, the encoding of the data files and of the mail URL.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+// Nothing where a byte has no character in the code page, or where the bytes beyond ASCII read as UTF-8: the text was
+// saved in another encoding then.
+std::optional<QString> fromCodePage(const QByteArray& bytes);
+
+// A character that the code page doesn't have gives "?".
+QByteArray toCodePage(const QString& text);

@@ -1,0 +1,226 @@
+#include "shell/frmORV.h"
+
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/SplashForm.h"
+#include "platform/desktop/desktop.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+#include "store/frmBack.h"
+#include "store/modBD.h"
+#include "ui_frmORV.h"
+
+#include <QCloseEvent>
+
+namespace {
+constexpr auto creditos = "Desenvolvido pela equipa do projecto ORV";
+} // namespace
+
+FrmORV::FrmORV() : ui(std::make_unique<Ui::frmORV>())
+{
+    ui->setupUi(this);
+    Forms::setMainWindow(this, ui->mdi);
+    connectMenus();
+    switchOffItems();
+}
+
+FrmORV::~FrmORV() = default;
+
+void FrmORV::connectMenus()
+{
+    const auto on = [this](QAction* item, void (FrmORV::*handler)()) {
+        connect(item, &QAction::triggered, this, handler);
+    };
+    on(ui->mnuAbrir, &FrmORV::mnuAbrir_Click);
+    on(ui->MnuNova, &FrmORV::MnuNova_Click);
+    on(ui->mnuEditInd, &FrmORV::mnuEditInd_Click);
+    on(ui->mnuEditFam, &FrmORV::mnuEditFam_Click);
+    on(ui->mnuPass, &FrmORV::mnuPass_Click);
+    on(ui->mnuLocPar, &FrmORV::mnuLocPar_Click);
+    on(ui->mnuConcelhos, &FrmORV::mnuConcelhos_Click);
+    on(ui->mnuCProf, &FrmORV::mnuCProf_Click);
+    on(ui->mnuCInfo, &FrmORV::mnuCInfo_Click);
+    on(ui->mnuBack, &FrmORV::mnuBack_Click);
+    on(ui->mnupais, &FrmORV::mnupais_Click);
+    on(ui->mnuProf, &FrmORV::mnuProf_Click);
+    on(ui->mnuCategorias, &FrmORV::mnuCategorias_Click);
+    on(ui->mnuComo, &FrmORV::mnuComo_Click);
+    on(ui->mnuTut, &FrmORV::mnuTut_Click);
+    on(ui->mnuAcerca, &FrmORV::mnuAcerca_Click);
+    on(ui->mnuSair, &FrmORV::mnuSair_Click);
+}
+
+// These stand in the tree with their handlers, out of the user's reach for good.
+void FrmORV::switchOffItems()
+{
+    for (QMenu* menu : {ui->mnuLocais, ui->mnuActual, ui->mnuRel}) {
+        menu->menuAction()->setVisible(false);
+        for (QAction* item : menu->actions())
+            item->setVisible(false);
+    }
+    ui->mnuTipIn->setVisible(false);
+}
+
+void FrmORV::Form_Load(const QString& commandLine)
+{
+    guarded([&] {
+        ui->SB->showMessage(QStringLiteral("%1 (31/08/2004 - V. %2.%3.%4)")
+                                .arg(creditos)
+                                .arg(ORV_VERSION_MAJOR)
+                                .arg(ORV_VERSION_MINOR)
+                                .arg(ORV_VERSION_REVISION));
+        CodParoquia.clear();
+        if (commandLine.isEmpty()) return setSessionMenus(false);
+
+        AbreBDP(commandLine);
+        jet::Recordset registos(cnBDP);
+        if (ExisteColuna("Infopar", "pais", cnBDP)) {
+            registos.open("select cod, nome, pais from infopar");
+            CodPais = requiredText(registos["Pais"]);
+        } else {
+            registos.open("select cod, nome from infopar");
+        }
+        CodParoquia = requiredText(registos["cod"]);
+        setWindowTitle(tituloLongo + requiredText(registos["Nome"]));
+        registos.close();
+        Forms::show(fichaDaSessao());
+    });
+}
+
+void FrmORV::mnuAbrir_Click()
+{
+    mudaBDP("a");
+}
+
+void FrmORV::MnuNova_Click()
+{
+    mudaBDP("c");
+}
+
+void FrmORV::mudaBDP(const QString& operacao)
+{
+    guarded([&] {
+        OperacaoBDP = operacao;
+        if (cnBDP.state() != jet::Connection::Open) {
+            CodParoquia.clear();
+            Forms::show("frmIni");
+            return;
+        }
+        if (!ask("Deseja fechar a BDP em tratamento?")) return;
+
+        Forms::unloadAll();
+        EmPesquisa = false; // a search left behind would bar every insert in the next BDP
+        OrigemInd = 8;
+        IndChamado = 0;
+        CodParoquia.clear();
+        // The dialog names the parish that is being left: it reads the caption in its load, before the caption changes.
+        if (windowTitle() != QString::fromUtf8(tituloCurto)) frmBack().displayFor("a");
+        setSessionMenus(false);
+        setWindowTitle(tituloCurto);
+    });
+}
+
+void FrmORV::mnuEditInd_Click()
+{
+    guarded([&] {
+        Forms::show("frmInd");
+        OrigemInd = 8;
+    });
+}
+
+void FrmORV::mnuEditFam_Click()
+{
+    guarded([&] {
+        OrigemFam = 0;
+        Forms::show("frmFam");
+    });
+}
+
+void FrmORV::mnuPass_Click()
+{
+    guarded([&] {
+        // Kept: the form loaded last decides, which needn't be the active one.
+        const QWidget* ultima = Forms::loaded().last();
+        if (ultima->windowTitle() == "Indivíduo" && ultima->isEnabled() && ultima->isVisible()) Forms::show("frmPass");
+    });
+}
+
+void FrmORV::mnuLocPar_Click()
+{
+    guarded([&] {
+        OrigemLoc = 0;
+        Forms::show("frmLocalizacao");
+    });
+}
+
+void FrmORV::mnuConcelhos_Click()
+{
+    guarded([&] { Forms::show("frmConcelhos"); });
+}
+
+void FrmORV::mnuCProf_Click()
+{
+    guarded([&] { Forms::show("frmProfissao"); });
+}
+
+void FrmORV::mnuCInfo_Click()
+{
+    guarded([&] { Forms::show("frmInfo"); });
+}
+
+void FrmORV::mnuBack_Click()
+{
+    guarded([&] { frmBack().displayFor("b"); });
+}
+
+void FrmORV::mnupais_Click()
+{
+    if (ask("Deseja actualizar a lista de locais?")) ActualizaLocais();
+}
+
+void FrmORV::mnuProf_Click()
+{
+    if (ask("Deseja actualizar a lista de profissões?")) ActualizaProfissoes();
+}
+
+void FrmORV::mnuCategorias_Click()
+{
+    ActualizaCategorias(); // Kept: no handler, so an error ends the program
+}
+
+void FrmORV::mnuComo_Click()
+{
+    AbreFicheiro(Desktop::programFolder() + "/mnlORV.pdf");
+}
+
+void FrmORV::mnuTut_Click()
+{
+    AbreFicheiro(Desktop::programFolder() + "/tutORV.pdf");
+}
+
+void FrmORV::mnuAcerca_Click()
+{
+    guarded([&] { Forms::show("frmAcerca"); });
+}
+
+void FrmORV::mnuSair_Click()
+{
+    guarded([&] {
+        if (!ask("Deseja realmente fechar a sessão de trabalho?", Icon::None)) return;
+        if (cnBDP.state() == jet::Connection::Open) return frmBack().displayFor("f");
+        endProgram();
+    });
+}
+
+void FrmORV::closeEvent(QCloseEvent* event)
+{
+    endProgram();
+    event->accept();
+}
+
+bool FrmORV::event(QEvent* event)
+{
+    // The status bar keeps its text: items without a tip would blank it when the pointer passes over them.
+    if (event->type() == QEvent::StatusTip) return true;
+    return QMainWindow::event(event);
+}

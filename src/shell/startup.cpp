@@ -1,0 +1,87 @@
+#include "shell/startup.h"
+
+#include "common/globals.h"
+#include "common/SplashForm.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+#include "shell/application.h"
+#include "shell/frmAcerca.h"
+#include "shell/frmMail.h"
+#include "shell/frmORV.h"
+#include "store/frmBack.h"
+#include "store/frmIni.h"
+#include "store/session.h"
+
+#include <QFile>
+#include <QIcon>
+#include <QPointer>
+
+static void initResources() // at global scope, as the macro needs it
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace {
+
+// The text behind the program's name: one argument as it is, several joined by one blank.
+QString commandLineText(int argc, char** argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words << QFile::decodeName(argv[i]);
+    return words.join(' ');
+}
+
+} // namespace
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const jet::Error&) {
+        endProgram(EXIT_FAILURE);
+        return false;
+    }
+}
+
+void registerForms()
+{
+    Forms::add("SplashForm", [] { return new SplashForm; });
+    Forms::add("frmIni", [] { return new FrmIni; });
+    Forms::add("frmBack", [] { return new FrmBack; });
+    Forms::add("frmAcerca", [] { return new FrmAcerca; });
+    Forms::add("frmMail", [] { return new FrmMail; });
+}
+
+void prepareApplication()
+{
+    initResources();
+    installPortuguese();
+    Focus::install();
+    QApplication::setApplicationName("ORV");
+    QApplication::setDesktopFileName("orv");
+    QApplication::setWindowIcon(QIcon(":/icons/orv.svg"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    registerForms();
+}
+
+FrmORV& startProgram(const QString& commandLine)
+{
+    limpaGlobais();
+    auto* window = new FrmORV;
+    window->show();
+    window->Form_Load(commandLine);
+    return *window;
+}
+
+int runProgram(int argc, char** argv)
+{
+    Application application(argv);
+    prepareApplication();
+    const QPointer<FrmORV> window = &startProgram(commandLineText(argc, argv));
+    const int status = QApplication::exec();
+    Forms::clear();
+    delete window;
+    return status;
+}

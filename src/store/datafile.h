@@ -1,0 +1,30 @@
+// The text files of the program's folder that a BDP is made from.
+#pragma once
+
+#include "platform/jet/error.h"
+
+#include <QFile>
+#include <QString>
+
+#include <memory>
+
+// A file in code page 1252, read line by line; lines end with CR LF or LF, the last one also with the file.
+class DataFile
+{
+public:
+    // The file of that name in the program's folder. Throws Error 53 where there is none, 70 where it can't be read.
+    static DataFile inProgramFolder(const QString& name);
+    // The same by its whole path.
+    explicit DataFile(const QString& path);
+
+    bool atEnd();
+    // Without its line end. Throws Error 62 at the end of the file, 13 for a line that isn't in the code page.
+    QString readLine();
+
+    // The error, telling also the file and the line read last.
+    jet::Error located(const jet::Error& error) const;
+
+private:
+    std::unique_ptr<QFile> file_;
+    int line_ = 0;
+};

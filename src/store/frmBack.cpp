@@ -1,0 +1,74 @@
+#include "store/frmBack.h"
+
+#include "common/modGeral.h"
+#include "common/SplashForm.h"
+#include "common/vbtext.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+#include "ui_frmBack.h"
+
+FrmBack& frmBack()
+{
+    return theForm<FrmBack>();
+}
+
+FrmBack::FrmBack() : Form(Name), ui(std::make_unique<Ui::frmBack>())
+{
+    ui->setupUi(this);
+    ui->lblTipo->hide();
+    connect(ui->cmdLoc, &QPushButton::clicked, this, &FrmBack::cmdLoc_Click);
+    connect(ui->cmdB_0, &QPushButton::clicked, this, &FrmBack::cmdB_0_Click);
+    connect(ui->cmdB_1, &QPushButton::clicked, this, &FrmBack::cmdB_1_Click);
+}
+
+FrmBack::~FrmBack() = default;
+
+void FrmBack::displayFor(const QString& ocasiao)
+{
+    display();
+    ui->lblTipo->setText(ocasiao);
+}
+
+void FrmBack::Form_Load()
+{
+    const QWidget* janela = Forms::mainWindow();
+    parentWidget()->move(janela->width() / 4, janela->height() / 4);
+    const QString titulo = janela->windowTitle();
+    if (const int inicio = InStr(titulo, "BDP")) ui->Label1->setText(ui->Label1->text() + Mid(titulo, inicio));
+}
+
+void FrmBack::Form_Unload()
+{
+    if (Forms::isUnloadingAll()) return;
+    if (ui->lblTipo->text() == "a") Forms::show("frmIni");
+    if (ui->lblTipo->text() == "f") endProgram();
+}
+
+void FrmBack::cmdLoc_Click()
+{
+    guarded([&] { ui->txtLoc->setText(saveFileName(filtroBDP)); });
+}
+
+void FrmBack::cmdB_0_Click()
+{
+    guarded([&] {
+        if (Trim(ui->txtLoc->text()).isEmpty()) {
+            showMessage("Indique o local onde quer guardar a cópia de segurança da BDP!", Icon::None);
+            Focus::setTo(ui->txtLoc);
+            return;
+        }
+        {
+            Hourglass ampulheta;
+            splashForm().showStep("A efectuar a cópia de segurança da BDP. Aguarde por favor ...");
+            cnBDP.copyTo(ui->txtLoc->text());
+            splashForm().unload();
+        }
+        unload();
+    });
+}
+
+void FrmBack::cmdB_1_Click()
+{
+    unload();
+}

@@ -1,0 +1,38 @@
+// The offer of a backup copy of the BDP.
+#pragma once
+
+#include "platform/forms/form.h"
+
+#include <memory>
+
+namespace Ui {
+class frmBack;
+}
+
+class FrmBack : public Form
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmBack";
+
+    FrmBack();
+    ~FrmBack() override;
+
+    // Shows the dialog, and then notes the occasion, which decides what its unload does, copy or no copy:
+    // "a" shows frmIni, "f" ends the program, "b" nothing.
+    void displayFor(const QString& ocasiao);
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void cmdLoc_Click();
+    void cmdB_0_Click();
+    void cmdB_1_Click();
+
+    std::unique_ptr<Ui::frmBack> ui;
+};
+
+FrmBack& frmBack();

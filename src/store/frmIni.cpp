@@ -1,0 +1,128 @@
+#include "store/frmIni.h"
+
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+#include "store/modBD.h"
+#include "ui_frmIni.h"
+
+FrmIni& frmIni()
+{
+    return theForm<FrmIni>();
+}
+
+FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::frmIni>())
+{
+    ui->setupUi(this);
+    connect(ui->txtLoc, &QLineEdit::textChanged, this, &FrmIni::txtLoc_Change);
+    connect(ui->cmdLoc, &QPushButton::clicked, this, &FrmIni::cmdLoc_Click);
+    connect(ui->txtParoquia, &QLineEdit::textChanged, this, &FrmIni::txtParoquia_Change);
+    connect(ui->Command1, &QPushButton::clicked, this, &FrmIni::Command1_Click);
+    connect(ui->cmdOk, &QPushButton::clicked, this, &FrmIni::cmdOk_Click);
+    connect(ui->cmdC, &QPushButton::clicked, this, &FrmIni::cmdC_Click);
+}
+
+FrmIni::~FrmIni() = default;
+
+void FrmIni::Form_Load()
+{
+    setCaption(OperacaoBDP == "a" ? "Abrir BDP" : OperacaoBDP == "c" ? "Criar BDP" : "BDP");
+}
+
+bool FrmIni::Form_QueryUnload(UnloadMode mode)
+{
+    return mode != UnloadMode::ControlMenu;
+}
+
+void FrmIni::setParoquia(const QString& nome)
+{
+    ui->txtParoquia->setText(nome);
+}
+
+// Kept: neither change ever disables anything.
+void FrmIni::txtLoc_Change()
+{
+    if (!ui->txtLoc->text().isEmpty()) ui->Command1->setEnabled(true);
+}
+
+void FrmIni::txtParoquia_Change()
+{
+    if (!ui->txtParoquia->text().isEmpty()) ui->cmdOk->setEnabled(true);
+}
+
+void FrmIni::cmdLoc_Click()
+{
+    guarded([&] {
+        if (OperacaoBDP == "c")
+            escolheNovaBDP();
+        else
+            escolheBDP();
+    });
+}
+
+void FrmIni::escolheBDP()
+{
+    ui->txtLoc->setText(openFileName(filtroBDP));
+    if (ui->txtLoc->text().isEmpty()) return;
+
+    AbreBDP(ui->txtLoc->text());
+    jet::Recordset registos(cnBDP, "select cod, nome, pais from infopar");
+    if (registos.eof()) return;
+    CodParoquia = requiredText(registos["cod"]);
+    CodPais = registos["Pais"].isNull() ? "PT" : registos["Pais"].toString();
+    ui->txtParoquia->setText(requiredText(registos["Nome"]));
+}
+
+void FrmIni::escolheNovaBDP()
+{
+    ui->txtLoc->setText(saveFileName(filtroBDP));
+    if (ui->txtLoc->text().isEmpty()) return;
+
+    CriaBDP(ui->txtLoc->text());
+    if (!AbreBDP(ui->txtLoc->text())) {
+        showMessage("Por alguma razão não foi possível criar a BDP!", Icon::Critical);
+        unload();
+        return;
+    }
+    ui->txtParoquia->clear();
+}
+
+void FrmIni::Command1_Click()
+{
+    guarded([&] {
+        OrigemLoc = 6;
+        if (Forms::show("frmLocalizacao")) conceal();
+    });
+}
+
+void FrmIni::cmdOk_Click()
+{
+    guarded([&] {
+        if (cnBDP.state() == jet::Connection::Open) setSessionMenus(true);
+        OrigemFam = 0;
+        const QString nome = ui->txtParoquia->text();
+        Forms::mainWindow()->setWindowTitle(tituloLongo + nome);
+        cnBDP.beginTrans();
+        cnBDP.execute("delete from infopar");
+        cnBDP.execute("insert into infopar (cod, nome,pais) values ('" + CodParoquia + "','" + nome + "','" + CodPais +
+                      "')");
+        cnBDP.execute("update paroquia set prioridade = 2 where codparoquia = '" + CodParoquia + "'");
+        cnBDP.commitTrans();
+        CarregaFichaFam();
+        unload();
+    });
+}
+
+// Kept: cancelling a creation leaves the connection and the menus alone; cancelling an opening closes an open
+// connection and yet leaves the menus on.
+void FrmIni::cmdC_Click()
+{
+    guarded([&] {
+        if (OperacaoBDP != "c") {
+            setSessionMenus(cnBDP.state() == jet::Connection::Open);
+            cnBDP.close();
+        }
+        unload();
+    });
+}

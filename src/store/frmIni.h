@@ -1,0 +1,44 @@
+// The dialog that opens or creates a BDP and fixes its parish.
+#pragma once
+
+#include "platform/forms/form.h"
+
+#include <memory>
+
+namespace Ui {
+class frmIni;
+}
+
+// Serves the operation that OperacaoBDP names when it is loaded. It is left only by "OK" or "Cancelar".
+class FrmIni : public Form
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmIni";
+
+    FrmIni();
+    ~FrmIni() override;
+
+    // The parish chosen in frmLocalizacao, which has set CodParoquia and CodPais. frmIni is hidden meanwhile.
+    void setParoquia(const QString& nome);
+
+protected:
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode mode) override;
+
+private:
+    void txtLoc_Change();
+    void cmdLoc_Click();
+    void txtParoquia_Change();
+    void Command1_Click();
+    void cmdOk_Click();
+    void cmdC_Click();
+
+    void escolheBDP();
+    void escolheNovaBDP();
+
+    std::unique_ptr<Ui::frmIni> ui;
+};
+
+FrmIni& frmIni();

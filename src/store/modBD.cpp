@@ -1,0 +1,102 @@
+#include "store/modBD.h"
+
+#include "common/modGeral.h"
+#include "common/SplashForm.h"
+#include "platform/desktop/desktop.h"
+#include "platform/forms/msgbox.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+// Removes a BDP with what the engine may have left beside it, which the next BDP of that name would inherit.
+void removeDatabase(const QString& caminho)
+{
+    for (const char* sufixo : {"", "-journal", "-wal", "-shm"}) {
+        QFile ficheiro(caminho + sufixo);
+        if (ficheiro.exists() && !ficheiro.remove())
+            throw jet::Error{jet::number::permissionDenied,
+                             "Não é possível eliminar o ficheiro " + ficheiro.fileName() + "."};
+    }
+}
+
+} // namespace
+
+bool AbreBDP(const QString& caminho)
+{
+    bool aberta = false;
+    guarded([&] {
+        Hourglass ampulheta;
+        StrLigacao = ligacaoPara(caminho);
+        cnBDP.close();
+        cnBDP.open(StrLigacao);
+        aberta = true;
+        ActualizaEstrutura();
+    });
+    return aberta;
+}
+
+void CriaBDP(const QString& caminho)
+{
+    guarded([&] {
+        if (QFileInfo::exists(caminho)) {
+            if (!ask("Essa BDP já existe! Deseja substituí-la?", Icon::None)) return;
+            cnBDP.close();
+            removeDatabase(caminho);
+        }
+        Hourglass ampulheta;
+        splashForm().showStep("A criar a BDP. Aguarde por favor ...");
+        jet::createDatabase(caminho);
+        jet::Connection bdp;
+        bdp.open(ligacaoPara(caminho));
+        CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
+        CarregaDadosIniciais(bdp);
+        splashForm().unload();
+    });
+}
+
+bool ExisteTabela(const QString& tabela, jet::Connection& ligacao)
+{
+    return ligacao.tables().contains(tabela, Qt::CaseInsensitive);
+}
+
+bool ExisteColuna(const QString& tabela, const QString& coluna, jet::Connection& ligacao)
+{
+    const auto colunas = ligacao.columns();
+    return std::any_of(colunas.begin(), colunas.end(), [&](const jet::Connection::Column& existente) {
+        return existente.table.compare(tabela, Qt::CaseInsensitive) == 0 &&
+               existente.name.compare(coluna, Qt::CaseInsensitive) == 0;
+    });
+}
+
+void ActualizaEstrutura()
+{
+    guarded([&] {
+        cnBDP.beginTrans();
+        if (!ExisteColuna("InfoPar", "Pais", cnBDP)) cnBDP.execute("alter table InfoPar add column Pais char(2)");
+        if (ExisteColuna("Residencia", "idresidencia", cnBDP)) {
+            // Kept: a BDP of this oldest form can't be brought up to date; the engine refuses the first statement.
+            cnBDP.execute("alter table Residencia alter CONSTRAINT PKrs Primary Key(numero, tiporesid, dataref)");
+            cnBDP.execute("alter table Residencia drop column idresidencia");
+            cnBDP.execute("alter table InfoPar add column Pais char(2)");
+        }
+        if (!ExisteTabela("Passaporte", cnBDP))
+            cnBDP.execute("create table Passaporte(nind double not null, nPass double not null, dataref date, "
+                          "localdestino varchar(15),tipolocaldest varchar(1), obs memo, "
+                          "CONSTRAINT Pkpass Primary Key (nind, npass))");
+        if (!ExisteColuna("Individuo", "cFisicas", cnBDP))
+            cnBDP.execute("alter table Individuo add column cFisicas memo");
+        if (!ExisteColuna("Individuo", "escrit", cnBDP)) cnBDP.execute("alter table Individuo add column escrit bit");
+        if (!ExisteColuna("Individuo", "estatura", cnBDP))
+            cnBDP.execute("alter table Individuo add column estatura varchar");
+        if (!ExisteColuna("Individuo", "altura", cnBDP)) cnBDP.execute("alter table Individuo add column altura long");
+        if (!ExisteColuna("Individuo", "rpBapt", cnBDP))
+            cnBDP.execute("alter table Individuo add column rpBapt varchar(255)");
+        if (!ExisteColuna("Individuo", "rpObi", cnBDP))
+            cnBDP.execute("alter table Individuo add column rpObi varchar(255)");
+        if (!ExisteColuna("Familia", "rpCas", cnBDP))
+            cnBDP.execute("alter table Familia add column rpCas varchar(255)");
+        cnBDP.commitTrans();
+    });
+}

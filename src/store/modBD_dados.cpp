@@ -1,0 +1,156 @@
+// The reference data: how the files of the program's folder become rows.
+#include "common/modGeral.h"
+#include "common/vbtext.h"
+#include "platform/forms/msgbox.h"
+#include "store/datafile.h"
+#include "store/modBD.h"
+
+#include <array>
+
+namespace {
+
+struct Destino
+{
+    const char* ficheiro;
+    const char* abertura; // the statement up to the names of the columns
+};
+
+// By hierarchy, so that parents stand before their children.
+constexpr std::array locais{
+    Destino{"paises.dat", "insert into pais ("},        Destino{"zonas.dat", "insert into zonapais ("},
+    Destino{"distrito.dat", "insert into distrito ("},  Destino{"concelho.dat", "insert into concelho ("},
+    Destino{"freguesia.dat", "insert into paroquia ("}, Destino{"lugares.dat", "insert into lugar ("},
+    Destino{"sitio.dat", "insert into sitio ("},
+};
+constexpr std::array codigos{
+    Destino{"prof.dat", "insert into profissao ("},
+    Destino{"dados.dat", "insert into infocomplementar ("},
+};
+
+// Loads a file whose first line names the columns and whose others are rows, all with ";" between the values. The
+// values are texts, with no escaping of any kind: the engine converts them.
+void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
+{
+    DataFile dados = DataFile::inProgramFolder(destino.ficheiro);
+    if (dados.atEnd()) return;
+    const QString cabecalho = dados.readLine();
+    const QString inicio = destino.abertura + QString(cabecalho).replace(';', ',') + ") values ('";
+    while (!dados.atEnd()) {
+        const QString linha = dados.readLine();
+        try {
+            bdp.execute(inicio + QString(linha).replace(';', "','") + "')");
+        } catch (const jet::Error& erro) {
+            throw dados.located(erro);
+        }
+    }
+}
+
+// Runs a load as if it had no transaction, yet without a write to the disk for each row: what was made before an error
+// is committed too.
+template <class Load>
+void keepingAll(jet::Connection& bdp, Load&& load)
+{
+    bdp.beginTrans();
+    try {
+        load();
+    } catch (const jet::Error& first) {
+        try {
+            bdp.commitTrans();
+        } catch (const jet::Error&) { // the first failure, such as a full disk, tells more
+        }
+        throw first;
+    }
+    bdp.commitTrans();
+}
+
+} // namespace
+
+void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)
+{
+    DataFile instrucoes(ficheiro);
+    keepingAll(bdp, [&] {
+        while (!instrucoes.atEnd()) {
+            const QString linha = instrucoes.readLine();
+            try {
+                bdp.execute(linha);
+            } catch (const jet::Error& erro) {
+                throw instrucoes.located(erro);
+            }
+        }
+    });
+}
+
+void CarregaDadosIniciais(jet::Connection& bdp)
+{
+    keepingAll(bdp, [&] {
+        for (const Destino& destino : locais)
+            carregaFicheiro(bdp, destino);
+        for (const Destino& destino : codigos)
+            carregaFicheiro(bdp, destino);
+    });
+}
+
+void ActualizaLocais()
+{
+    guarded([&] {
+        cnBDP.beginTrans();
+        for (const char* instrucao :
+             {"delete from sitio", "delete from lugar", "delete from paroquia", "delete from concelho",
+              "delete from distrito", "delete from zonapais", "delete from pais"})
+            cnBDP.execute(instrucao);
+        for (const Destino& destino : locais)
+            carregaFicheiro(cnBDP, destino);
+        cnBDP.commitTrans();
+        showMessage("A actualização de locais foi concluída com êxito!", Icon::None);
+    });
+}
+
+// Reads the older form of prof.dat: no header, fields separated by ",".
+// Kept: the name's length is right only for a code of one character, the note loses its first letter, and any error
+// ends the update without a word.
+void ActualizaProfissoes()
+{
+    jet::RoutineScope scope(cnBDP);
+    try {
+        DataFile dados = DataFile::inProgramFolder("prof.dat");
+        cnBDP.beginTrans();
+        cnBDP.execute("delete from profissao");
+        while (!dados.atEnd()) {
+            const QString linha = dados.readLine();
+            if (Trim(linha).isEmpty()) continue;
+            const int virgula = InStr(linha, ",");
+            if (virgula == 0) return;
+            const QString codprof = Mid(linha, 1, virgula - 1);
+            const int comprimento = InStr(linha, ",", int(codprof.size()) + 2) - 3;
+            if (comprimento < 0) return;
+            const QString profissao = Mid(linha, int(codprof.size()) + 2, comprimento);
+            const QString obs = Mid(linha, int(codprof.size() + profissao.size()) + 4);
+            cnBDP.execute("Insert into profissao (codprof, profissao, obs) values (" + codprof + ", '" + profissao +
+                          "','" + obs + "')");
+        }
+        cnBDP.commitTrans();
+    } catch (const jet::Error&) {
+    }
+}
+
+void ActualizaCategorias()
+{
+    jet::RoutineScope scope(cnBDP);
+    DataFile dados = DataFile::inProgramFolder("dados.dat");
+    cnBDP.beginTrans();
+    dados.readLine();
+    cnBDP.execute("delete from infocomplementar");
+    while (!dados.atEnd()) {
+        const QString linha = dados.readLine();
+        const QString categoria = Mid(linha, 1, 5);
+        const QString resto = Mid(linha, 7);
+        const int separador = InStr(resto, ";");
+        if (separador == 0)
+            throw dados.located({jet::number::invalidCall, "Falta o \";\" entre o código e a descrição."});
+        const QString codigo = Mid(resto, 1, separador - 1);
+        const QString descricao = Mid(resto, separador + 1);
+        cnBDP.execute("Insert into infocomplementar(categoria,codigo,descricao) values ('" + categoria + "', '" +
+                      codigo + "','" + descricao + "')");
+    }
+    cnBDP.commitTrans();
+}
