@@ -1,0 +1,111 @@
+// The card of one person: the navigation list, the person shown, and the three modes.
+#pragma once
+
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include "ui_frmInd.h"
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+#include <utility>
+
+// Other cards read and write its controls by name, move adoInd and call ActualizaCampos(): so they show a person on it,
+// and call it up to have one chosen.
+class FrmInd : public Form, public Ui::FrmInd
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmInd";
+
+    FrmInd();
+
+    jet::DataControl adoInd{cnBDP};  // the numbers of all individuals: what the movement buttons run through
+    jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
+    jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
+
+    QString Modo; // the mode applied last: "Edi", "Cons" or "Loc"
+    QString Tipo; // the type code as the date fields have worked it out while editing
+
+    void AplicarModo(const QString& modo);
+    void LimpaCampos();
+    // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves the
+    // fields behind it cleared.
+    void ActualizaCampos(jet::Recordset& rs);
+    // Enables the family card where it is loaded and waits for this one.
+    void FrmLoaded();
+
+protected:
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode mode) override;
+    void Form_Unload() override;
+
+private:
+    // A column of `individuo` with its value, in the order in which they are set.
+    using Valores = QList<std::pair<QString, QVariant>>;
+
+    void connectEvents();
+
+    // Showing a record
+    void PreencheCombos();
+    void PreencheFamilias();
+    void EscreveLinhaFam(int linha);
+    void mostraListaVazia();
+    void cmbTipoInd_Click();
+
+    // Movement
+    void cmdPrim_Click();
+    void cmdAnt_Click();
+    void cmdSeg_Click();
+    void cmdUlt_Click();
+    void permiteRecuar(bool permite);
+    void permiteAvancar(bool permite);
+
+    // Insert and alteration
+    void cmdIns_Click();
+    void cmdAlt_Click();
+    void cmdElim_Click();
+    void iniciaInsercao();
+    void confirmaInsercao();
+    void cancelaInsercao();
+    void iniciaAlteracao();
+    void confirmaAlteracao();
+    void cancelaAlteracao();
+    void propoeIndividuo();
+    bool temObrigatorios(const QString& accao);
+    void poeListaNoNumero(const QString& numero);
+    void passaNomeAFamilia();
+    void permiteAtribuir();
+    Valores valoresDaInsercao() const;
+    Valores valoresDaAlteracao() const;
+    QString sexo() const; // "m", "f" or "d"; "" where none is chosen
+
+    // Dates and ages
+    void mskDtNasc_GotFocus();
+    void mskDtNasc_LostFocus();
+    void mskDtObito_GotFocus();
+    void mskDtObito_LostFocus();
+    void recusaData(MaskedEdit* campo, const QString& motivo);
+    void mostraIdadeCalculada();
+    void propoeTipo(const QString& tipo);
+    void VerificaIdade(TextBox* campo);
+
+    // Links and closing
+    void escolheLocal(int origem);
+    void cmdFechar_Click();
+    void devolveAoChamador();
+
+    QString DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
+    QString DataObitoAntiga;
+};
+
+// The one card, loaded at first touch.
+FrmInd& frmInd();
+
+// Brings up the card, behind the splash where it has to be loaded first.
+void FrmIndLoaded();

@@ -1,0 +1,249 @@
+// Showing one person, and moving through the list.
+#include "individuals/frmInd.h"
+
+#include "common/dates.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/places.h"
+#include "common/vbtext.h"
+#include "platform/forms/msgbox.h"
+
+void FrmInd::LimpaCampos()
+{
+    txtNind->clear();
+    txtNome->clear();
+    cmbTipoInd->setListIndex(0);
+    lblTipoInd->clear();
+    for (OptionButton* opcao : {optSexo_0, optSexo_1, optSexo_2}) opcao->setValue(false);
+    txtFamOrig->clear();
+    txtTit->clear();
+    txtAlcunha->clear();
+    mskini->clearMasked();
+    mskFim->clearMasked();
+    txtObs->clear();
+
+    mskDtNasc->clearMasked();
+    chkDtNasc->setChecked(false);
+    cmdInterv->setEnabled(false);
+    cmbLoc->setListIndex(-1); // Kept: no entry here, the blank one in cmbLocObito.
+    cmbFiliacao->setListIndex(0);
+    txtIdPai->clear();
+    txtIdMae->clear();
+    cmbECPai->setListIndex(0);
+    cmbECMae->setListIndex(0);
+
+    dtgProf->setRows(0);
+
+    mskDtObito->clearMasked();
+    chkDFixa->setChecked(false);
+    cmbLocObito->setListIndex(0);
+    cmbEC->setListIndex(0);
+    txtIdade->clear(); // Kept: lblIdCalc goes on showing the last age until a date field is left.
+    chkMenor->setChecked(false);
+    cmbSacram->setListIndex(0);
+    txtCausa->clear();
+    cmbclass->setListIndex(0);
+    optTest_0->setValue(false);
+    optTest_1->setValue(false);
+    adoRel.setRecordSource({});
+}
+
+void FrmInd::ActualizaCampos(jet::Recordset& rs)
+{
+    guarded([&] {
+        LimpaCampos();
+        if (rs.bof() && rs.eof()) return mostraListaVazia();
+
+        const QString numero = textoDoNumero(rs["Nind"]);
+        adoNind.setRecordSource("select * from individuo where nind = " + numero);
+        adoNind.refresh();
+        NindCorrente = static_cast<long>(rs["Nind"].toDouble());
+        txtNind->setText(numero);
+
+        const jet::Recordset& registo = adoNind.recordset();
+        txtNome->setText(registo["Nome"].toString());
+        const QString tipo = registo["Tipo"].toString();
+        for (int i = 0; !Trim(tipo).isEmpty() && i < cmbTipoInd->count(); ++i) {
+            if (Trim(cmbTipoInd->list(i)) != tipo) continue;
+            cmbTipoInd->setListIndex(i);
+            break;
+        }
+        const QString sexoGuardado = registo["sexo"].toString();
+        if (sexoGuardado == "m") optSexo_0->setValue(true);
+        if (sexoGuardado == "f") optSexo_1->setValue(true);
+        if (sexoGuardado == "d") optSexo_2->setValue(true);
+        txtFamOrig->setText(textoDoNumero(registo["famorig"]));
+        txtTit->setText(registo["titulo"].toString());
+        txtAlcunha->setText(registo["alcunha"].toString());
+        // Stored dates stand without their mask until the fields are cleared again.
+        mskini->showPlain(textoDaData(registo["inicioobs"]));
+        mskFim->showPlain(textoDaData(registo["fimobs"]));
+
+        const bool temNascimento = !registo["datanasc"].isNull();
+        mskDtNasc->showPlain(textoDaData(registo["datanasc"]));
+        chkDtNasc->setChecked(temNascimento && registo["DnascFixa"].toBool());
+        cmdInterv->setEnabled(temNascimento);
+        if (!registo["localnasc"].isNull())
+            SeleccionaLocal(*cmbLoc, registo["localnasc"].toString(), registo["tipolocalnasc"].toString());
+        ProcuraItemData(*cmbFiliacao, registo["filiacao"]);
+        txtIdPai->setText(textoDoNumero(registo["idadepai"]));
+        txtIdMae->setText(textoDoNumero(registo["idademae"]));
+        ProcuraItemData(*cmbECPai, registo["estadocivilpai"]);
+        ProcuraItemData(*cmbECMae, registo["estadocivilmae"]);
+
+        mskDtObito->showPlain(textoDaData(registo["dataobito"]));
+        if (!registo["dataobito"].isNull()) chkDFixa->setChecked(registo["dobitofixa"].toBool());
+        if (!registo["localobito"].isNull())
+            SeleccionaLocal(*cmbLocObito, registo["localobito"].toString(), registo["tipolocalobito"].toString());
+        ProcuraItemData(*cmbSacram, registo["sacramentos"]);
+        ProcuraItemData(*cmbEC, registo["estadoobito"]);
+        txtIdade->setText(textoDoNumero(registo["idadeobito"]));
+        chkMenor->setChecked(registo["menor"].toBool());
+        txtCausa->setText(registo["causa"].toString());
+        ProcuraItemData(*cmbclass, registo["classparoquial"]);
+        // Kept: two columns shown as one choice, the will first.
+        if (registo["testam"].toBool())
+            optTest_0->setValue(true);
+        else if (registo["escrit"].toBool())
+            optTest_1->setValue(true);
+        txtObs->setText(registo["obs"].toString());
+
+        adoRel.setRecordSource(
+            "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
+            "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
+            numero + " order by datacasam asc");
+        adoRel.refresh();
+        PreencheFamilias();
+
+        // Kept: cmdInterv and cmdConsRel end enabled, whatever the birth date and the families said before.
+        for (CommandButton* botao : {cmdDirFam_0, cmdDirFam_1, cmdProf, cmdResid, cmdAssin, cmdInterv, cmdRP_0, cmdRP_1,
+                                     cmdConsRel, cmdCerFun, cmdRMorte, cmdLegProf})
+            botao->setEnabled(true);
+        lblInd->setText(QString::number(rs.absolutePosition()));
+        lblTotal->setText(QString::number(rs.recordCount()));
+    });
+}
+
+void FrmInd::mostraListaVazia()
+{
+    for (CommandButton* botao : {cmdRMorte, cmdCerFun, cmdLegProf, cmdResid, cmdProf, cmdAssin, cmdRP_0, cmdRP_1,
+                                 cmdConsRel, cmdAlt, cmdElim, cmdLoc, cmdAnt, cmdSeg, cmdUlt, cmdPrim})
+        botao->setEnabled(false);
+    lblInd->setText("0");
+    lblTotal->setText("0");
+}
+
+void FrmInd::PreencheFamilias()
+{
+    guarded([&] {
+        const bool tem = adoRel.hasRows();
+        cmdConsRel->setEnabled(tem);
+        Command1->setEnabled(tem);
+        dtgProf->setRows(tem ? adoRel.recordset().recordCount() + 1 : 0);
+        if (!tem) return;
+
+        dtgProf->setCols(4);
+        dtgProf->setTextMatrix(0, 0, "Nº. Família");
+        dtgProf->setTextMatrix(0, 1, "Tipo");
+        dtgProf->setTextMatrix(0, 2, "Situação");
+        dtgProf->setTextMatrix(0, 3, "Data de Casamento");
+        for (int linha = 1; !adoRel.recordset().eof(); adoRel.recordset().moveNext()) EscreveLinhaFam(linha++);
+    });
+}
+
+void FrmInd::EscreveLinhaFam(int linha)
+{
+    const jet::Recordset& familia = adoRel.recordset();
+    const QString situacao = familia["sfamilia"].toString();
+    jet::Recordset descricao(
+        cnBDP, "select codigo, descricao from infocomplementar where categoria = 'SitFa' and codigo = '" + situacao + "'");
+    dtgProf->setTextMatrix(linha, 0, textoDoNumero(familia["nfamilia"]));
+    dtgProf->setTextMatrix(linha, 1, familia["tipocasal"].toString());
+    dtgProf->setTextMatrix(linha, 2, descricao.eof() ? QString() : descricao["Descricao"].toString());
+    dtgProf->setTextMatrix(linha, 3, textoDaData(familia["datacasam"]));
+}
+
+void FrmInd::cmbTipoInd_Click()
+{
+    guarded([&] {
+        lblTipoInd->clear();
+        const QString codigo = cmbTipoInd->text();
+        if (Trim(codigo).isEmpty()) return;
+        jet::Recordset tipo(cnBDP, "Select descricao from infocomplementar where categoria = 'TipIn' and codigo = '" +
+                                       codigo + "'");
+        if (!tipo.eof()) lblTipoInd->setText(tipo["Descricao"].toString());
+    });
+}
+
+void FrmInd::cmdPrim_Click()
+{
+    guarded([&] {
+        if (!adoInd.hasRows()) return;
+        adoInd.recordset().moveFirst();
+        ActualizaCampos(adoInd.recordset());
+        permiteRecuar(false);
+        permiteAvancar(true);
+    });
+}
+
+void FrmInd::cmdUlt_Click()
+{
+    guarded([&] {
+        if (!adoInd.hasRows()) return;
+        adoInd.recordset().moveLast();
+        ActualizaCampos(adoInd.recordset());
+        permiteAvancar(false);
+        permiteRecuar(true);
+    });
+}
+
+void FrmInd::cmdSeg_Click()
+{
+    guarded([&] {
+        if (!adoInd.hasRows()) return;
+        jet::Recordset& lista = adoInd.recordset();
+        lista.moveNext();
+        const bool passouOFim = lista.eof();
+        if (passouOFim) {
+            lista.movePrevious();
+            showMessage("Não é possível ir para o próximo registo!");
+        } else {
+            ActualizaCampos(lista);
+        }
+        permiteAvancar(!passouOFim);
+        permiteRecuar(true);
+    });
+}
+
+void FrmInd::cmdAnt_Click()
+try {
+    if (!adoInd.hasRows()) return;
+    jet::Recordset& lista = adoInd.recordset();
+    if (lista.eof()) lista.movePrevious();
+    if (lista.bof()) lista.moveNext();
+    lista.movePrevious();
+    const bool passouOInicio = lista.bof();
+    if (passouOInicio) {
+        lista.moveNext();
+        showMessage("Não é possível ir para o registo anterior!");
+    } else {
+        ActualizaCampos(lista);
+    }
+    permiteRecuar(!passouOInicio);
+    permiteAvancar(true);
+} catch (const jet::Error&) {
+    // Kept: alone of the four movements, this one passes over errors.
+}
+
+void FrmInd::permiteRecuar(bool permite)
+{
+    cmdPrim->setEnabled(permite);
+    cmdAnt->setEnabled(permite);
+}
+
+void FrmInd::permiteAvancar(bool permite)
+{
+    cmdSeg->setEnabled(permite);
+    cmdUlt->setEnabled(permite);
+}

@@ -1,0 +1,119 @@
+// The date fields and the ages: what is checked when one is left, and what it sets in other fields.
+#include "individuals/frmInd.h"
+
+#include "common/dates.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/places.h"
+#include "common/vbtext.h"
+#include "individuals/tipoInd.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/msgbox.h"
+
+namespace {
+
+// Kept: the box with day and month, without icon or title, at the head of both leave routines. A text that is no date
+// stands there as it is.
+void mostraDiaEMes(const QString& data)
+{
+    const bool valida = eData(data);
+    showMessage((valida ? data.mid(0, 2) : data) + " ----" + (valida ? data.mid(3, 2) : data), Icon::None, {});
+}
+
+} // namespace
+
+void FrmInd::mskDtNasc_GotFocus()
+{
+    Tipo = cmbTipoInd->text();
+    DataNascAntiga = mskDtNasc->text();
+}
+
+void FrmInd::mskDtNasc_LostFocus()
+{
+    guarded([&] {
+        const QString nascimento = mskDtNasc->text();
+        mostraDiaEMes(nascimento);
+        if (!eData(nascimento)) {
+            chkDtNasc->setChecked(false);
+            cmdInterv->setEnabled(false);
+            mskini->showPlain({});
+            return;
+        }
+        const bool temObito = eData(mskDtObito->text());
+        if (temObito && dataDoTexto(mskDtObito->text()) < dataDoTexto(nascimento)) {
+            recusaData(mskDtNasc, "Não é possível atribuir uma data de nascimento maior que uma data de óbito. Por "
+                                  "favor, reveja os seus dados.");
+            cmdInterv->setEnabled(false);
+            return;
+        }
+        if (semData(DataNascAntiga)) SeleccionaParoquiaDaBDP(*cmbLoc);
+        mskini->showPlain(nascimento);
+        chkDtNasc->setChecked(true);
+        cmdInterv->setEnabled(true);
+        mostraIdadeCalculada();
+        propoeTipo(tipoPeloNascimento(Tipo, true, temObito));
+    });
+}
+
+void FrmInd::mskDtObito_GotFocus()
+{
+    DataObitoAntiga = mskDtObito->text();
+}
+
+// Kept: not the mirror of the birth field. An invalid date leaves mskFim alone, and each leaving proposes the parish.
+void FrmInd::mskDtObito_LostFocus()
+{
+    guarded([&] {
+        const QString obito = mskDtObito->text();
+        mostraDiaEMes(obito);
+        if (!eData(obito)) {
+            chkDFixa->setChecked(false);
+            return;
+        }
+        const bool temNascimento = eData(mskDtNasc->text());
+        if (temNascimento && dataDoTexto(mskDtNasc->text()) > dataDoTexto(obito)) {
+            recusaData(mskDtObito, "Não é possível atribuir uma data de óbito menor que uma data de nascimento ou de "
+                                   "baptismo. Por favor, reveja os seus dados.");
+            return;
+        }
+        SeleccionaParoquiaDaBDP(*cmbLocObito);
+        mskFim->showPlain(obito);
+        chkDFixa->setChecked(true);
+        mostraIdadeCalculada();
+        propoeTipo(tipoPeloObito(Tipo, temNascimento, true));
+    });
+}
+
+void FrmInd::recusaData(MaskedEdit* campo, const QString& motivo)
+{
+    showMessage(motivo);
+    campo->clearMasked();
+    Focus::setTo(campo);
+}
+
+// The age by the two dates, for the eye only. Called with one of them valid; the other may be any text.
+void FrmInd::mostraIdadeCalculada()
+{
+    lblIdCalc->clear();
+    if (semData(mskDtNasc->text()) || semData(mskDtObito->text())) return;
+    lblIdCalc->setText(QString::number(CalculaIdade(dataDoTexto(mskDtNasc->text()), dataDoTexto(mskDtObito->text()))));
+}
+
+void FrmInd::propoeTipo(const QString& tipo)
+{
+    if (tipo == Tipo) return;
+    ProcuraTexto(*cmbTipoInd, tipo);
+    Tipo = tipo;
+}
+
+void FrmInd::VerificaIdade(TextBox* campo)
+{
+    guarded([&] {
+        if (Trim(campo->text()).isEmpty()) return;
+        // Kept: the conversion comes first, so that a text which is no number is told as an error and stays.
+        if (numeroDoTexto(campo->text()) >= 0) return;
+        showMessage("Deve inserir uma idade válida!");
+        campo->clear();
+        Focus::setTo(campo);
+    });
+}

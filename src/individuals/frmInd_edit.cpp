@@ -1,0 +1,180 @@
+// Insert and alteration: two-step commands, told apart by their captions.
+#include "individuals/frmInd.h"
+
+#include "common/captions.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/vbtext.h"
+#include "common/dates.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+
+void FrmInd::cmdIns_Click()
+{
+    guarded([&] {
+        if (cmdIns->text() == legenda::inserir) iniciaInsercao();
+        else if (cmdIns->text() == legenda::confirmar) confirmaInsercao();
+    });
+}
+
+void FrmInd::cmdAlt_Click()
+{
+    guarded([&] {
+        if (cmdAlt->text() == legenda::alterar) iniciaAlteracao();
+        else if (cmdAlt->text() == legenda::confirmar) confirmaAlteracao();
+        else cancelaInsercao();
+    });
+}
+
+void FrmInd::cmdElim_Click()
+{
+    guarded([&] {
+        if (cmdElim->text() == legenda::cancelar) cancelaAlteracao();
+    });
+}
+
+void FrmInd::iniciaInsercao()
+{
+    if (EmPesquisa) return;
+    LimpaCampos();
+    AplicarModo("Edi");
+    cmdIns->setText(legenda::confirmar);
+    cmdAlt->setText(legenda::cancelar);
+    cmdAlt->setEnabled(true);
+    cmdElim->setEnabled(false);
+    propoeIndividuo();
+}
+
+// A blank card for the next individual: the number behind the last one, which the user may overtype, and the type "T".
+void FrmInd::propoeIndividuo()
+{
+    if (adoInd.hasRows()) {
+        adoInd.recordset().moveLast();
+        txtNind->setText(textoDoNumero(adoInd.recordset()["Nind"].toDouble() + 1));
+    } else {
+        txtNind->setText("1");
+    }
+    ProcuraTexto(*cmbTipoInd, "T");
+    Tipo = "T";
+    Focus::setTo(txtNome);
+}
+
+void FrmInd::confirmaInsercao()
+{
+    const Hourglass ampulheta;
+    if (!temObrigatorios("proceder ao seu registo!")) return;
+
+    if (!adoInd.hasRows()) {
+        adoNind.setRecordSource("select * from individuo");
+        adoNind.refresh();
+    }
+    jet::Recordset& registo = adoNind.recordset();
+    registo.addNew();
+    for (const auto& [coluna, valor] : valoresDaInsercao())
+        if (!valor.isNull()) registo.set(coluna, valor);
+    registo.update();
+    adoNind.refresh();
+    adoInd.refresh();
+    NindCorrente = static_cast<long>(numeroDoTexto(txtNind->text()));
+
+    LimpaCampos();
+    propoeIndividuo();
+}
+
+void FrmInd::cancelaInsercao()
+{
+    cmdAlt->setText(legenda::alterar);
+    cmdIns->setText(legenda::inserir);
+    AplicarModo("Cons");
+    if (adoInd.hasRows()) poeListaNoNumero(QString::number(NindCorrente));
+    ActualizaCampos(adoInd.recordset());
+    permiteAtribuir();
+}
+
+void FrmInd::iniciaAlteracao()
+{
+    if (EmPesquisa) return;
+    // The list may stand elsewhere: on its first row after an alteration or after the menu brought the card up.
+    poeListaNoNumero(txtNind->text());
+    AplicarModo("Edi");
+    cmdAlt->setText(legenda::confirmar);
+    cmdElim->setText(legenda::cancelar);
+    cmdIns->setEnabled(false);
+    Tipo = Trim(cmbTipoInd->text());
+    for (MaskedEdit* data : {mskDtNasc, mskDtObito})
+        if (!eData(data->text())) data->setText({});
+    Focus::setTo(txtNome);
+    txtNind->setLocked(true);
+}
+
+void FrmInd::confirmaAlteracao()
+{
+    const Hourglass ampulheta;
+    if (!temObrigatorios("confirmar a alteração!")) return;
+
+    for (const auto& [coluna, valor] : valoresDaAlteracao()) adoNind.recordset().set(coluna, valor);
+    adoNind.recordset().update();
+    adoNind.refresh();
+    adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
+
+    AplicarModo("Cons");
+    cmdAlt->setText(legenda::alterar);
+    cmdElim->setText(legenda::eliminar);
+    passaNomeAFamilia();
+    permiteAtribuir();
+}
+
+void FrmInd::cancelaAlteracao()
+{
+    AplicarModo("Cons");
+    ActualizaCampos(adoInd.recordset());
+    cmdElim->setText(legenda::eliminar);
+    cmdAlt->setText(legenda::alterar);
+    permiteAtribuir();
+}
+
+// The three fields without which nobody is stored: tells of the first one missing and gives it the focus.
+bool FrmInd::temObrigatorios(const QString& accao)
+{
+    const auto falta = [&](const QString& exigencia, QWidget* campo) {
+        showMessage(exigencia + " do indivíduo antes de " + accao);
+        Focus::setTo(campo);
+        return false;
+    };
+    if (Trim(txtNome->text()).isEmpty()) return falta("Deve inserir o nome", txtNome);
+    if (sexo().isEmpty()) return falta("Deve especificar o sexo", optSexo_0);
+    if (Trim(cmbTipoInd->text()).isEmpty()) return falta("Deve especificar o tipo", cmbTipoInd);
+    return true;
+}
+
+void FrmInd::poeListaNoNumero(const QString& numero)
+{
+    adoInd.recordset().moveFirst();
+    adoInd.recordset().find("nind = " + numero);
+}
+
+// The open family card follows a changed name of the spouse for whom it called this card up.
+void FrmInd::passaNomeAFamilia()
+{
+    Form* familia = OrigemInd == 1 || OrigemInd == 2 ? Forms::find("frmFam") : nullptr;
+    if (!familia) return;
+    const QString conjuge = OrigemInd == 1 ? "txtP" : "txtS";
+    if (familia->findChild<TextBox*>(conjuge + "nind")->text() == txtNind->text())
+        familia->findChild<TextBox*>(conjuge + "nome")->setText(txtNome->text());
+}
+
+// After an edit the individual can be handed over again, where another card waits for one.
+void FrmInd::permiteAtribuir()
+{
+    cmdAtribuir->setEnabled(OrigemInd != 8 && IndChamado == 1);
+}
+
+QString FrmInd::sexo() const
+{
+    if (optSexo_0->isChecked()) return "m";
+    if (optSexo_1->isChecked()) return "f";
+    if (optSexo_2->isChecked()) return "d";
+    return {};
+}
