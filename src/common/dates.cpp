@@ -11,12 +11,6 @@
 
 namespace {
 
-QDate dataDoTexto(const QString& texto)
-{
-    if (const auto data = jet::readDate(texto)) return *data;
-    throw jet::Error{jet::number::typeMismatch, QString("\"%1\" não é uma data (dd/mm/aaaa).").arg(texto)};
-}
-
 // The first date known decides, in this order; the others aren't looked at.
 // Kept: birth and death test one side of the span of a life, bounds included; the observation tests both, without them.
 bool podeEstarPresente(const jet::Recordset& individuo, const QDate& acto)
@@ -38,6 +32,12 @@ bool podeEstarPresente(const jet::Recordset& individuo, const QDate& acto)
 bool eData(const QString& texto)
 {
     return jet::readDate(texto).has_value();
+}
+
+QDate dataDoTexto(const QString& texto)
+{
+    if (const auto data = jet::readDate(texto)) return *data;
+    throw jet::Error{jet::number::typeMismatch, QString("\"%1\" não é uma data (dd/mm/aaaa).").arg(texto)};
 }
 
 QString textoDaData(const QVariant& data)

@@ -10,6 +10,9 @@ class MaskedEdit;
 // True for exactly dd/mm/yyyy that the calendar has (1582 and before included).
 bool eData(const QString& texto);
 
+// The date of such a text: Error 13 where it is none.
+QDate dataDoTexto(const QString& texto);
+
 // dd/mm/yyyy; "" for null.
 QString textoDaData(const QVariant& data);
 

@@ -19,10 +19,9 @@ void FrmIndLoaded()
     if (Forms::isLoaded(FrmInd::Name)) {
         frmInd().display();
     } else {
-        Form* espera = Forms::show("SplashForm");
-        splashForm().lblEst->setText("A carregar fichas de indivíduo. Aguarde por favor ...");
+        splashForm().showStep("A carregar fichas de indivíduo. Aguarde por favor ...");
         frmInd().display();
-        espera->unload();
+        splashForm().unload();
     }
     if (IndChamado == 0 || IndChamado == 1) frmInd().cmdAtribuir->setEnabled(IndChamado == 1);
 }
@@ -38,11 +37,14 @@ void FrmInd::connectEvents()
 {
     connect(cmbTipoInd, &ComboBox::clicked, this, &FrmInd::cmbTipoInd_Click);
 
-    Focus::watch(mskDtNasc, [this] { mskDtNasc_GotFocus(); }, [this] { mskDtNasc_LostFocus(); });
+    Focus::watch(
+        mskDtNasc, [this] { mskDtNasc_GotFocus(); }, [this] { mskDtNasc_LostFocus(); });
     connect(cmdEncLoc, &CommandButton::clicked, this, [this] { escolheLocal(1); });
-    for (TextBox* idade : {txtIdPai, txtIdMae, txtIdade}) Focus::watch(idade, {}, [=, this] { VerificaIdade(idade); });
+    for (TextBox* idade : {txtIdPai, txtIdMae, txtIdade})
+        Focus::watch(idade, {}, [=, this] { VerificaIdade(idade); });
 
-    Focus::watch(mskDtObito, [this] { mskDtObito_GotFocus(); }, [this] { mskDtObito_LostFocus(); });
+    Focus::watch(
+        mskDtObito, [this] { mskDtObito_GotFocus(); }, [this] { mskDtObito_LostFocus(); });
     connect(cmdLocOb, &CommandButton::clicked, this, [this] { escolheLocal(3); });
 
     connect(cmdPrim, &CommandButton::clicked, this, &FrmInd::cmdPrim_Click);
@@ -79,13 +81,13 @@ void FrmInd::PreencheCombos()
             cnBDP, "Select codigo, descricao from infocomplementar where infocomplementar.categoria = 'Filia'");
         PreencheCombo(*cmbFiliacao, filiacoes, 1, 0);
 
-        jet::Recordset tipos(cnBDP,
-                             "Select codigo from infocomplementar where  infocomplementar.categoria = 'TipIn'");
+        jet::Recordset tipos(cnBDP, "Select codigo from infocomplementar where  infocomplementar.categoria = 'TipIn'");
         PreencheCombo(*cmbTipoInd, tipos, 0, 0);
 
         jet::Recordset estados(
             cnBDP, "Select codigo, descricao from infocomplementar where  infocomplementar.categoria = 'EstCi'");
-        for (ComboBox* lista : {cmbEC, cmbECPai, cmbECMae}) PreencheCombo(*lista, estados, 1, 0);
+        for (ComboBox* lista : {cmbEC, cmbECPai, cmbECMae})
+            PreencheCombo(*lista, estados, 1, 0);
 
         jet::Recordset sacramentos(
             cnBDP, "Select codigo, descricao from infocomplementar where  infocomplementar.categoria = 'Sacra'");

@@ -34,8 +34,8 @@ public:
 
     void AplicarModo(const QString& modo);
     void LimpaCampos();
-    // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves the
-    // fields behind it cleared.
+    // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves
+    // the fields behind it cleared.
     void ActualizaCampos(jet::Recordset& rs);
     // Enables the family card where it is loaded and waits for this one.
     void FrmLoaded();

@@ -15,7 +15,8 @@ void FrmInd::LimpaCampos()
     txtNome->clear();
     cmbTipoInd->setListIndex(0);
     lblTipoInd->clear();
-    for (OptionButton* opcao : {optSexo_0, optSexo_1, optSexo_2}) opcao->setValue(false);
+    for (OptionButton* opcao : {optSexo_0, optSexo_1, optSexo_2})
+        opcao->setValue(false);
     txtFamOrig->clear();
     txtTit->clear();
     txtAlcunha->clear();
@@ -148,7 +149,8 @@ void FrmInd::PreencheFamilias()
         dtgProf->setTextMatrix(0, 1, "Tipo");
         dtgProf->setTextMatrix(0, 2, "Situação");
         dtgProf->setTextMatrix(0, 3, "Data de Casamento");
-        for (int linha = 1; !adoRel.recordset().eof(); adoRel.recordset().moveNext()) EscreveLinhaFam(linha++);
+        for (int linha = 1; !adoRel.recordset().eof(); adoRel.recordset().moveNext())
+            EscreveLinhaFam(linha++);
     });
 }
 
@@ -156,8 +158,9 @@ void FrmInd::EscreveLinhaFam(int linha)
 {
     const jet::Recordset& familia = adoRel.recordset();
     const QString situacao = familia["sfamilia"].toString();
-    jet::Recordset descricao(
-        cnBDP, "select codigo, descricao from infocomplementar where categoria = 'SitFa' and codigo = '" + situacao + "'");
+    jet::Recordset descricao(cnBDP,
+                             "select codigo, descricao from infocomplementar where categoria = 'SitFa' and codigo = '" +
+                                 situacao + "'");
     dtgProf->setTextMatrix(linha, 0, textoDoNumero(familia["nfamilia"]));
     dtgProf->setTextMatrix(linha, 1, familia["tipocasal"].toString());
     dtgProf->setTextMatrix(linha, 2, descricao.eof() ? QString() : descricao["Descricao"].toString());

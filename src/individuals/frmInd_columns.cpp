@@ -101,7 +101,9 @@ FrmInd::Valores FrmInd::valoresDaAlteracao() const
         {"idademae", idadeMae.isNull() ? 0 : idadeMae},
         {"estadocivilpai", item(cmbECPai)},
         {"estadocivilmae", item(cmbECMae)},
-        {"testam", testamento ? true : escritura ? registo["testam"] : false},
+        {"testam", testamento  ? true
+                   : escritura ? registo["testam"]
+                               : false},
         {"escrit", testamento ? registo["escrit"] : escritura},
         {"dataobito", data(mskDtObito)},
         {"dobitofixa", chkDFixa->isChecked()},

@@ -2,11 +2,11 @@
 #include "individuals/frmInd.h"
 
 #include "common/captions.h"
+#include "common/dates.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
-#include "common/dates.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -14,17 +14,22 @@
 void FrmInd::cmdIns_Click()
 {
     guarded([&] {
-        if (cmdIns->text() == legenda::inserir) iniciaInsercao();
-        else if (cmdIns->text() == legenda::confirmar) confirmaInsercao();
+        if (cmdIns->text() == legenda::inserir)
+            iniciaInsercao();
+        else if (cmdIns->text() == legenda::confirmar)
+            confirmaInsercao();
     });
 }
 
 void FrmInd::cmdAlt_Click()
 {
     guarded([&] {
-        if (cmdAlt->text() == legenda::alterar) iniciaAlteracao();
-        else if (cmdAlt->text() == legenda::confirmar) confirmaAlteracao();
-        else cancelaInsercao();
+        if (cmdAlt->text() == legenda::alterar)
+            iniciaAlteracao();
+        else if (cmdAlt->text() == legenda::confirmar)
+            confirmaAlteracao();
+        else
+            cancelaInsercao();
     });
 }
 
@@ -114,7 +119,8 @@ void FrmInd::confirmaAlteracao()
     const Hourglass ampulheta;
     if (!temObrigatorios("confirmar a alteração!")) return;
 
-    for (const auto& [coluna, valor] : valoresDaAlteracao()) adoNind.recordset().set(coluna, valor);
+    for (const auto& [coluna, valor] : valoresDaAlteracao())
+        adoNind.recordset().set(coluna, valor);
     adoNind.recordset().update();
     adoNind.refresh();
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.

@@ -14,6 +14,7 @@ const QList<ModeRow>& modos()
     static const QColor blue(192, 192, 255), white(255, 255, 255), orange(255, 192, 128), deepOrange(255, 128, 0);
     static const QColor highlight = QGuiApplication::palette().color(QPalette::Highlight);
 
+    // clang-format off
     static const QList<ModeRow> tabela{
         // control          Edi                    Cons                   Loc
         {"txtNind",         {Open, blue},          {Shut, white},         {Open, orange}},
@@ -75,6 +76,7 @@ const QList<ModeRow>& modos()
         {"cmdElim",         {Keep},                {Enabled},             {Disabled}},
         {"cmdAtribuir",     {Disabled},            {Keep},                {Disabled}},
     };
+    // clang-format on
     return tabela;
 }
 
