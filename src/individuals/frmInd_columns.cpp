@@ -9,27 +9,27 @@ namespace {
 
 // The values of the fields; null where nothing stands there.
 template <class Campo>
-QVariant texto(const Campo* campo)
+QVariant textoDe(const Campo* campo)
 {
     return Trim(campo->text()).isEmpty() ? QVariant() : campo->text();
 }
 
-QVariant data(const MaskedEdit* campo)
+QVariant dataDe(const MaskedEdit* campo)
 {
     return semData(campo->text()) ? QVariant() : campo->text();
 }
 
-QVariant item(const ComboBox* lista)
+QVariant itemDe(const ComboBox* lista)
 {
     return Trim(lista->text()).isEmpty() ? QVariant() : lista->itemData(lista->listIndex());
 }
 
-QVariant codigo(const ComboBox* lista)
+QVariant codigoDe(const ComboBox* lista)
 {
     return Trim(lista->text()).isEmpty() ? QVariant() : localDoTexto(lista->text()).codigo;
 }
 
-QVariant letra(const ComboBox* lista)
+QVariant letraDe(const ComboBox* lista)
 {
     return Trim(lista->text()).isEmpty() ? QVariant() : localDoTexto(lista->text()).tipo;
 }
@@ -50,32 +50,32 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
         {"Nome", txtNome->text()},
         {"Tipo", cmbTipoInd->text().left(1)},
         {"sexo", sexo()},
-        {"titulo", texto(txtTit)},
-        {"alcunha", texto(txtAlcunha)},
-        {"datanasc", data(mskDtNasc)},
+        {"titulo", textoDe(txtTit)},
+        {"alcunha", textoDe(txtAlcunha)},
+        {"datanasc", dataDe(mskDtNasc)},
         {"DnascFixa", chkDtNasc->isChecked()},
-        {"localnasc", codigo(cmbLoc)},
-        {"tipolocalnasc", letra(cmbLoc)},
-        {"filiacao", item(cmbFiliacao)},
-        {"idadepai", texto(txtIdPai)},
-        {"idademae", texto(txtIdMae)},
-        {"estadocivilpai", item(cmbECPai)},
-        {"estadocivilmae", item(cmbECMae)},
-        {"dataobito", data(mskDtObito)},
+        {"localnasc", codigoDe(cmbLoc)},
+        {"tipolocalnasc", letraDe(cmbLoc)},
+        {"filiacao", itemDe(cmbFiliacao)},
+        {"idadepai", textoDe(txtIdPai)},
+        {"idademae", textoDe(txtIdMae)},
+        {"estadocivilpai", itemDe(cmbECPai)},
+        {"estadocivilmae", itemDe(cmbECMae)},
+        {"dataobito", dataDe(mskDtObito)},
         {"dobitofixa", chkDFixa->isChecked()},
-        {"localobito", codigo(cmbLocObito)},
-        {"tipolocalobito", letra(cmbLocObito)},
-        {"causa", texto(txtCausa)},
-        {"idadeobito", texto(txtIdade)},
+        {"localobito", codigoDe(cmbLocObito)},
+        {"tipolocalobito", letraDe(cmbLocObito)},
+        {"causa", textoDe(txtCausa)},
+        {"idadeobito", textoDe(txtIdade)},
         {"menor", seLigado(chkMenor->isChecked())},
-        {"sacramentos", item(cmbSacram)},
-        {"classparoquial", item(cmbclass)},
-        {"estadoobito", item(cmbEC)},
+        {"sacramentos", itemDe(cmbSacram)},
+        {"classparoquial", itemDe(cmbclass)},
+        {"estadoobito", itemDe(cmbEC)},
         {"testam", seLigado(optTest_0->isChecked())},
         {"escrit", seLigado(optTest_1->isChecked())},
-        {"inicioobs", data(mskini)},
-        {"fimobs", data(mskFim)},
-        {"obs", texto(txtObs)},
+        {"inicioobs", dataDe(mskini)},
+        {"fimobs", dataDe(mskFim)},
+        {"obs", textoDe(txtObs)},
     };
 }
 
@@ -85,38 +85,38 @@ FrmInd::Valores FrmInd::valoresDaAlteracao() const
 {
     const jet::Recordset& registo = const_cast<FrmInd*>(this)->adoNind.recordset();
     const bool testamento = optTest_0->isChecked(), escritura = optTest_1->isChecked();
-    const QVariant idadeMae = texto(txtIdMae);
+    const QVariant idadeMae = textoDe(txtIdMae);
     return {
         {"Nome", txtNome->text()},
         {"Tipo", Trim(cmbTipoInd->text())},
         {"sexo", sexo()},
-        {"titulo", texto(txtTit)},
-        {"alcunha", texto(txtAlcunha)},
-        {"datanasc", data(mskDtNasc)},
+        {"titulo", textoDe(txtTit)},
+        {"alcunha", textoDe(txtAlcunha)},
+        {"datanasc", dataDe(mskDtNasc)},
         {"DnascFixa", chkDtNasc->isChecked()},
-        {"localnasc", codigo(cmbLoc)},
-        {"tipolocalnasc", letra(cmbLoc)},
-        {"filiacao", item(cmbFiliacao)},
-        {"idadepai", texto(txtIdPai)},
+        {"localnasc", codigoDe(cmbLoc)},
+        {"tipolocalnasc", letraDe(cmbLoc)},
+        {"filiacao", itemDe(cmbFiliacao)},
+        {"idadepai", textoDe(txtIdPai)},
         {"idademae", idadeMae.isNull() ? 0 : idadeMae},
-        {"estadocivilpai", item(cmbECPai)},
-        {"estadocivilmae", item(cmbECMae)},
+        {"estadocivilpai", itemDe(cmbECPai)},
+        {"estadocivilmae", itemDe(cmbECMae)},
         {"testam", testamento  ? true
                    : escritura ? registo["testam"]
                                : false},
         {"escrit", testamento ? registo["escrit"] : escritura},
-        {"dataobito", data(mskDtObito)},
+        {"dataobito", dataDe(mskDtObito)},
         {"dobitofixa", chkDFixa->isChecked()},
-        {"localobito", codigo(cmbLocObito)},
-        {"tipolocalobito", letra(cmbLocObito)},
-        {"estadoobito", item(cmbEC)},
-        {"idadeobito", texto(txtIdade)},
+        {"localobito", codigoDe(cmbLocObito)},
+        {"tipolocalobito", letraDe(cmbLocObito)},
+        {"estadoobito", itemDe(cmbEC)},
+        {"idadeobito", textoDe(txtIdade)},
         {"menor", chkMenor->isChecked()},
-        {"sacramentos", item(cmbSacram)},
-        {"causa", texto(txtCausa)},
-        {"classparoquial", item(cmbclass)},
-        {"inicioobs", data(mskini)},
-        {"fimobs", data(mskFim)},
-        {"obs", texto(txtObs)},
+        {"sacramentos", itemDe(cmbSacram)},
+        {"causa", textoDe(txtCausa)},
+        {"classparoquial", itemDe(cmbclass)},
+        {"inicioobs", dataDe(mskini)},
+        {"fimobs", dataDe(mskFim)},
+        {"obs", textoDe(txtObs)},
     };
 }

@@ -108,8 +108,8 @@ void FrmInd::iniciaAlteracao()
     cmdElim->setText(legenda::cancelar);
     cmdIns->setEnabled(false);
     Tipo = Trim(cmbTipoInd->text());
-    for (MaskedEdit* data : {mskDtNasc, mskDtObito})
-        if (!eData(data->text())) data->setText({});
+    for (MaskedEdit* campo : {mskDtNasc, mskDtObito})
+        if (!eData(campo->text())) campo->setText({});
     Focus::setTo(txtNome);
     txtNind->setLocked(true);
 }

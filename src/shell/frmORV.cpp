@@ -3,6 +3,7 @@
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/SplashForm.h"
+#include "individuals/frmInd.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -123,7 +124,9 @@ void FrmORV::mudaBDP(const QString& operacao)
 void FrmORV::mnuEditInd_Click()
 {
     guarded([&] {
-        Forms::show("frmInd");
+        FrmIndLoaded();
+        frmInd().adoInd.refresh(); // kept: the list goes to its first row, and the fields stay as they are
+        frmInd().cmdAtribuir->setEnabled(false);
         OrigemInd = 8;
     });
 }

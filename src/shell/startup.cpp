@@ -2,6 +2,7 @@
 
 #include "common/globals.h"
 #include "common/SplashForm.h"
+#include "individuals/frmInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -50,6 +51,7 @@ void registerForms()
     Forms::add("SplashForm", [] { return new SplashForm; });
     Forms::add("frmIni", [] { return new FrmIni; });
     Forms::add("frmBack", [] { return new FrmBack; });
+    Forms::add("frmInd", [] { return new FrmInd; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });
 }

@@ -21,7 +21,7 @@ enum class Effect {
 struct ModeCell
 {
     Effect effect = Effect::Keep;
-    QColor color; // background given besides the effect; invalid: left as it is
+    QColor color = {}; // background given besides the effect; invalid: left as it is
 };
 
 // One line of a card's table: the control, and its cell in each mode, in the order of the modes.
