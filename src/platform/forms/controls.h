@@ -32,7 +32,7 @@ public:
     void setLocked(bool locked) { setReadOnly(locked); }
 
 protected:
-    bool event(QEvent* event) override; // leaves Ctrl+A to the menus
+    bool event(QEvent* event) override; // leaves Ctrl+A and the like to the menus
 };
 
 // Several lines of text. Line breaks are CR LF in text(); setText() takes any. Tab goes on to the next field.
@@ -55,9 +55,13 @@ public:
 protected:
     bool event(QEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    qsizetype limit() const;
+    qsizetype room() const; // for characters instead of the selected text
+
     int maxLength_ = 0;
 };
 
@@ -85,6 +89,8 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     QString mask_;
@@ -107,10 +113,10 @@ public:
     qint32 itemData(int index) const; // 0 for index -1
     void setItemData(int index, qint32 value);
     int listIndex() const { return currentIndex(); }
-    void setListIndex(int index); // beyond the last entry, or 0 of an empty list: none
+    void setListIndex(int index);                  // beyond the last entry, or 0 of an empty list: none
     QString text() const { return currentText(); } // "" where none is chosen
-    void setText(const QString& text); // chooses the first entry with that text; none where there is none
-    void clear();                      // no entries, nothing chosen, no event
+    void setText(const QString& text);             // chooses the first entry with that text; none where there is none
+    void clear();                                  // no entries, nothing chosen, no event
 
     bool isLocked() const { return locked_; }
     void setLocked(bool locked);
@@ -147,17 +153,14 @@ signals:
     void clicked();
 };
 
-// A button. Its accelerator moves the focus to it first, as a click of the mouse does; Return clicks it when it has the
-// focus.
+// A button. Its accelerator moves the focus to it first, as a click of the mouse does (see Focus); Return clicks it
+// when it has the focus.
 class CommandButton : public QPushButton
 {
     Q_OBJECT
 
 public:
     explicit CommandButton(QWidget* parent = nullptr);
-
-protected:
-    bool event(QEvent* event) override;
 };
 
 // One radio of a group. The radios of one frame are exclusive for the user; the program can switch each off.
@@ -187,9 +190,14 @@ public:
     void setTextMatrix(int row, int col, const QString& text);
     int row() const; // the row chosen; 0 where none is
     void setRow(int row);
+    void setColWidth(int col, int width); // in pixels; the last column takes what is left
 
 signals:
     void picked();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     class Model;

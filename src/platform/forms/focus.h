@@ -12,7 +12,7 @@
 // sees the click that brought it there; and that click is lost where the routine moved the focus elsewhere.
 namespace Focus {
 
-// Called once, before the first form.
+// Called before the first form, and again whenever a window of the document area was made.
 void install();
 
 // Runs `entered` when `field` gets the focus, `left` when it loses it. Either may be empty.
@@ -24,5 +24,8 @@ void setTo(QWidget* field);
 
 // Takes the focus off every control, to the form itself.
 void release();
+
+// Tells that what had the focus inside `form` was disabled or hidden under it: nothing of the form is left then.
+void drop(QWidget* form);
 
 } // namespace Focus

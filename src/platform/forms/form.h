@@ -1,13 +1,15 @@
 // A form: one window of the program, with its own .ui, one instance, reached by its name.
 #pragma once
 
-#include <QColor>
+#include <QPointer>
 #include <QWidget>
 
+class QMdiArea;
 class QMdiSubWindow;
 
-// What every form relies on. A form is loaded when it is first touched, may be hidden and shown any number of times, and
-// lives until it is unloaded. Forms are child windows of the document area; the splash and the like stand on their own.
+// What every form relies on. A form is loaded when it is first touched, may be hidden and shown any number of times,
+// and lives until it is unloaded. Forms are child windows of the document area; the splash and the like stand on their
+// own.
 //
 // A derived class sets its object name (the form's name, "frmInd") and its controls in the constructor, and does what
 // belongs to its load in Form_Load(). Names of controls are object names; members of a control array carry their index
@@ -18,8 +20,17 @@ class Form : public QWidget
 
 public:
     // Why a form is unloaded: by its own close box, by the program, or because the program ends.
-    enum class UnloadMode { ControlMenu = 0, Code = 1, Application = 2 };
-    enum class Window { Child, Own }; // a window of the document area, or one of its own above everything
+    enum class UnloadMode
+    {
+        ControlMenu = 0,
+        Code = 1,
+        Application = 2
+    };
+    enum class Window
+    {
+        Child,
+        Own
+    }; // a window of the document area, or one of its own above everything
 
     explicit Form(const QString& name, Window window = Window::Child);
     ~Form() override;
@@ -28,11 +39,12 @@ public:
     QString caption() const { return windowTitle(); }
     void setCaption(const QString& caption) { setWindowTitle(caption); }
 
-    // Shows the form, brings it to the front and makes it the active one. A disabled form is shown all the same.
+    // Shows the form, brings it to the front and makes it the active one, with the focus on the control that had it
+    // last. A disabled form is shown all the same. Where it stands and how large it is outlasts its being hidden.
     void display();
-    // Takes it off the screen; it stays loaded, with all its state.
-    void conceal();
-    bool isShown() const;
+    // Takes it off the screen; it stays loaded, with all its state. As QWidget::hide().
+    void conceal() { hide(); }
+    bool isShown() const { return isVisible(); }
     bool isActive() const;
     // Brings it to the front with the focus (of its last focused control), if it is shown and enabled.
     void setFocusToForm();
@@ -41,7 +53,10 @@ public:
     // destroys it once control is back in the event loop. Returns false where it was refused.
     bool unload(UnloadMode mode = UnloadMode::Code);
 
-    void setVisible(bool visible) override; // of the form's whole window
+    // False for a form that stands on its own: the focus doesn't count as moved when it comes and goes.
+    bool isChild() const { return window_ == Window::Child; }
+    // The control that gets the focus when the form does.
+    void setLastFocus(QWidget* control) { lastFocus_ = control; }
 
 signals:
     void unloaded();
@@ -55,13 +70,17 @@ protected:
     virtual void Form_Unload() {}
 
     bool focusNextPrevChild(bool next) override; // a control that is disabled under the focus leaves it to the form
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     friend class Forms;
-    QWidget* frame() const; // what is shown and hidden: the child window, or the form itself
+    void dress(QWidget* mainWindow, QMdiArea* area); // gives the finished form its window
+    QWidget* frame();                                // the child window, or the form itself
+    QWidget* focusTarget();
 
     Window window_;
     QMdiSubWindow* child_ = nullptr;
+    QPointer<QWidget> lastFocus_;
     bool unloading_ = false;
 };

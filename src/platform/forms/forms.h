@@ -34,9 +34,9 @@ public:
 
     static const QList<QWidget*>& loaded();
 
-    // Unloads every loaded form but the main window, in the order of their loading, until none is left. While it runs
-    // isUnloadingAll() is true: an unload then touches no other form.
-    static void unloadAll();
+    // Unloads every loaded form but the main window, in the order of their loading, until none is left that agrees.
+    // While it runs isUnloadingAll() is true: an unload then touches no other form.
+    static void unloadAll(Form::UnloadMode mode = Form::UnloadMode::Code);
     static bool isUnloadingAll();
 
     // Drops everything without any event: for the end of the process and between tests.

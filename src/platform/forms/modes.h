@@ -8,10 +8,11 @@
 class QWidget;
 
 // What one mode does to one control.
-enum class Effect {
-    Keep,     // leaves the control as it found it
-    Open,     // text and list: not locked
-    Shut,     // text and list: locked
+enum class Effect
+{
+    Keep, // leaves the control as it found it
+    Open, // not locked; a control that can't be locked: enabled
+    Shut, // locked; a control that can't be locked: disabled
     Enabled,
     Disabled,
     Visible,

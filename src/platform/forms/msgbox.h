@@ -3,13 +3,20 @@
 
 #include <QString>
 
-enum class Icon { None, Information, Question, Critical };
+enum class Icon
+{
+    None,
+    Information,
+    Question,
+    Critical
+};
 
 // The title of every box and dialog, unless the caller says otherwise.
 inline constexpr auto boxTitle = "NUBE - ORV";
 
 // A box with "OK". Waits for the user. An empty title is really empty.
-void showMessage(const QString& text, Icon icon = Icon::Information, const QString& title = QString::fromLatin1(boxTitle));
+void showMessage(const QString& text, Icon icon = Icon::Information,
+                 const QString& title = QString::fromLatin1(boxTitle));
 
 // A box with "Sim" and "Não", "Não" by Escape. True for "Sim".
 bool ask(const QString& text, Icon icon = Icon::Question, const QString& title = QString::fromLatin1(boxTitle));

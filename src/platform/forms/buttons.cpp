@@ -1,0 +1,21 @@
+#include "platform/forms/controls.h"
+
+CommandButton::CommandButton(QWidget* parent) : QPushButton(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAutoDefault(true);
+}
+
+OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void OptionButton::setValue(bool on)
+{
+    // An exclusive radio refuses to go off.
+    const bool exclusive = autoExclusive();
+    if (!on) setAutoExclusive(false);
+    setChecked(on);
+    setAutoExclusive(exclusive);
+}

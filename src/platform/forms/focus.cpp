@@ -1,0 +1,256 @@
+#include "platform/forms/focus.h"
+
+#include "platform/forms/form.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QHash>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QShortcutEvent>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace {
+
+// The form that a control belongs to; null for what stands in boxes, popups, menus and forms of their own.
+Form* formOf(QWidget* widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (auto* form = qobject_cast<Form*>(widget)) return form->isChild() ? form : nullptr;
+        if (widget->isWindow()) return nullptr;
+    }
+    return nullptr;
+}
+
+void bringToFront(QWidget* field)
+{
+    for (QWidget* page = field; page; page = page->parentWidget()) {
+        for (QWidget* above = page->parentWidget(); above; above = above->parentWidget())
+            if (auto* tabs = qobject_cast<QTabWidget*>(above); tabs && tabs->indexOf(page) >= 0)
+                tabs->setCurrentWidget(page);
+        if (auto* child = qobject_cast<QMdiSubWindow*>(page); child && child->isVisible())
+            child->mdiArea()->setActiveSubWindow(child);
+    }
+}
+
+class Tracker : public QObject
+{
+public:
+    explicit Tracker(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
+
+    // The child windows of the area listen to the focus too: hearing of it behind them, a leave routine may move it
+    // again.
+    void listenLast()
+    {
+        disconnect(qApp, &QApplication::focusChanged, this, nullptr);
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (!quiet_ && formOf(now)) take(now);
+        });
+    }
+
+    void watch(QWidget* field, std::function<void()> entered, std::function<void()> left)
+    {
+        if (!watches_.contains(field))
+            connect(field, &QObject::destroyed, this, [this, field] { watches_.remove(field); });
+        watches_.insert(field, {std::move(entered), std::move(left)});
+    }
+
+    void setTo(QWidget* field)
+    {
+        if (settling_) {
+            asked_ = field;
+            return;
+        }
+        give(field);
+        settle();
+    }
+
+    void drop(const QWidget* form)
+    {
+        const auto within = [form](const QWidget* widget) { return widget && form->isAncestorOf(widget); };
+        if (within(holder_)) holder_ = nullptr;
+        if (within(current_)) current_ = nullptr;
+    }
+
+    QWidget* holder() const { return holder_; }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        auto* widget = object->isWidgetType() ? static_cast<QWidget*>(object) : nullptr;
+        if (!widget) return false;
+        switch (event->type()) {
+        case QEvent::FocusIn:
+            if (formOf(widget)) byMouse_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+            return false;
+        case QEvent::Show:
+            if (widget->isWindow() && widget->isModal()) ++boxes_;
+            return false;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return formOf(widget) && press(widget, static_cast<QMouseEvent*>(event));
+        case QEvent::Shortcut:
+            return formOf(widget) && shortcut(widget, static_cast<QShortcutEvent*>(event));
+        case QEvent::KeyPress:
+            return formOf(widget) && turnsPage(widget, static_cast<QKeyEvent*>(event)) &&
+                   !keeps(static_cast<QTabWidget*>(widget)->tabBar(), Qt::TabFocusReason);
+        case QEvent::Wheel: // a page that turns without the focus would take a field away without its being left
+            return qobject_cast<QTabBar*>(widget) && formOf(widget);
+        default:
+            return false;
+        }
+    }
+
+private:
+    struct Watch
+    {
+        std::function<void()> entered, left;
+    };
+    enum class Click
+    {
+        Straight,
+        Late,
+        Lost
+    };
+
+    void take(QWidget* control)
+    {
+        holder_ = control;
+        formOf(control)->setLastFocus(control);
+        settle();
+    }
+
+    // The focus counts as moved even where the window waits for the desktop to make it active again, behind a box.
+    void give(QWidget* field)
+    {
+        quiet_ = true;
+        bringToFront(field);
+        field->setFocus(Qt::OtherFocusReason);
+        quiet_ = false;
+        Form* form = formOf(field);
+        if (form && field->isEnabled()) form->setLastFocus(field);
+        if (form && field->isVisible() && field->window()->focusWidget() == field) holder_ = field;
+    }
+
+    // Runs what leaving and entering bring, until the focus rests.
+    void settle()
+    {
+        if (settling_) return;
+        settling_ = true;
+        const auto rest = qScopeGuard([this] { settling_ = false; });
+        const QPointer<QWidget> target = holder_;
+        const int boxes = boxes_;
+        const bool byMouse = std::exchange(byMouse_, false);
+        while (asked_ || holder_ != current_) {
+            const QPointer<QWidget> old = current_;
+            if (old && old != holder_ && old->isEnabled() && formOf(old)->isVisible()) run(old, &Watch::left);
+            if (asked_) give(std::exchange(asked_, nullptr));
+            current_ = holder_;
+            if (current_) run(current_, &Watch::entered);
+        }
+        if (byMouse) click_ = holder_ != target ? Click::Lost : boxes_ != boxes ? Click::Late : Click::Straight;
+    }
+
+    void run(QWidget* field, std::function<void()> Watch::*routine)
+    {
+        const auto found = watches_.constFind(field);
+        if (found == watches_.constEnd()) return;
+        const std::function<void()> copy = (*found).*routine; // the routine may take the field off the list
+        if (copy) copy();
+    }
+
+    // Moves the focus to the control. False where the leave routine of another sent it elsewhere, or shut the control.
+    bool keeps(QWidget* control, Qt::FocusReason reason)
+    {
+        if (holder_ != control) control->setFocus(reason);
+        return holder_ == control && control->isEnabled();
+    }
+
+    // The focus has moved to where the mouse was pressed. True where nothing is left to be clicked.
+    bool press(QWidget* widget, QMouseEvent* event)
+    {
+        if (auto* bar = qobject_cast<QTabBar*>(widget); bar && bar->tabAt(event->position().toPoint()) >= 0)
+            keeps(bar, Qt::MouseFocusReason);
+        switch (std::exchange(click_, Click::Straight)) {
+        case Click::Straight:
+            return false;
+        case Click::Lost:
+            return true;
+        case Click::Late:
+            break;
+        }
+        if (!widget->isEnabled()) return true;
+        // The box that came up made the toolkit forget the button that is down: its release gets lost.
+        QCoreApplication::postEvent(widget, new QMouseEvent(QEvent::MouseButtonRelease, event->position(),
+                                                            event->globalPosition(), event->button(), Qt::NoButton,
+                                                            event->modifiers()));
+        return false;
+    }
+
+    bool shortcut(QWidget* widget, const QShortcutEvent* event)
+    {
+        if (auto* bar = qobject_cast<QTabBar*>(widget)) return !keeps(bar, Qt::ShortcutFocusReason);
+        auto* button = qobject_cast<QAbstractButton*>(widget);
+        if (!button || event->isAmbiguous() || event->shortcutId() == 0) return false;
+        if (keeps(button, Qt::ShortcutFocusReason)) button->click();
+        return true;
+    }
+
+    static bool turnsPage(QWidget* widget, const QKeyEvent* event)
+    {
+        return qobject_cast<QTabWidget*>(widget) && (event->modifiers() & Qt::ControlModifier) &&
+               (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab);
+    }
+
+    QHash<QObject*, Watch> watches_;
+    QPointer<QWidget> holder_;  // has the focus, as the forms count it
+    QPointer<QWidget> current_; // was entered last and not left since
+    QPointer<QWidget> asked_;   // gets the focus when the routine that runs is over
+    bool settling_ = false;
+    bool quiet_ = false;
+    bool byMouse_ = false;
+    int boxes_ = 0;
+    Click click_ = Click::Straight; // what the press that moved the focus may still do
+};
+
+Tracker& tracker()
+{
+    static QPointer<Tracker> instance;
+    if (!instance) instance = new Tracker(qApp);
+    return *instance;
+}
+
+} // namespace
+
+namespace Focus {
+
+void install()
+{
+    tracker().listenLast();
+}
+
+void watch(QWidget* field, std::function<void()> entered, std::function<void()> left)
+{
+    tracker().watch(field, std::move(entered), std::move(left));
+}
+
+void setTo(QWidget* field)
+{
+    tracker().setTo(field);
+}
+
+void release()
+{
+    if (QWidget* holder = tracker().holder()) setTo(formOf(holder));
+}
+
+void drop(QWidget* form)
+{
+    tracker().drop(form);
+}
+
+} // namespace Focus

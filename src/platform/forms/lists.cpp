@@ -1,0 +1,128 @@
+#include "platform/forms/controls.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
+{
+    setFocusPolicy(Qt::StrongFocus); // the wheel must not move the focus
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(12);
+    connect(this, &QComboBox::activated, this, &ComboBox::clicked);
+}
+
+int ComboBox::add(const QString& text, qint32 itemData)
+{
+    // The first entry of an empty list would choose itself.
+    const int chosen = currentIndex();
+    const QSignalBlocker quiet(this);
+    addItem(text, itemData);
+    setCurrentIndex(chosen);
+    return count() - 1;
+}
+
+qint32 ComboBox::itemData(int index) const
+{
+    return QComboBox::itemData(index).toInt();
+}
+
+void ComboBox::setItemData(int index, qint32 value)
+{
+    QComboBox::setItemData(index, value);
+}
+
+void ComboBox::setListIndex(int index)
+{
+    const int wanted = index >= 0 && index < count() ? index : -1;
+    if (wanted == currentIndex()) return;
+    setCurrentIndex(wanted);
+    emit clicked();
+}
+
+void ComboBox::setText(const QString& text)
+{
+    setListIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+}
+
+void ComboBox::clear()
+{
+    const QSignalBlocker quiet(this);
+    QComboBox::clear();
+    update();
+}
+
+void ComboBox::setLocked(bool locked)
+{
+    locked_ = locked;
+    if (locked) hidePopup();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event)
+{
+    if (locked_)
+        event->ignore();
+    else
+        QComboBox::keyPressEvent(event);
+}
+
+void ComboBox::mousePressEvent(QMouseEvent* event)
+{
+    if (!locked_) QComboBox::mousePressEvent(event);
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event)
+{
+    if (locked_)
+        event->ignore();
+    else
+        QComboBox::wheelEvent(event);
+}
+
+void ComboBox::showPopup()
+{
+    if (locked_) return;
+    const int entry = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+    view()->setMinimumWidth(std::max(width(), entry)); // a long name is read whole
+    QComboBox::showPopup();
+}
+
+ListBox::ListBox(QWidget* parent) : QListWidget(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QListWidget::itemClicked, this, &ListBox::clicked);
+}
+
+int ListBox::add(const QString& text, qint32 itemData)
+{
+    auto* entry = new QListWidgetItem(text);
+    entry->setData(Qt::UserRole, itemData);
+    addItem(entry);
+    return count() - 1;
+}
+
+QString ListBox::list(int index) const
+{
+    const QListWidgetItem* entry = item(index);
+    return entry ? entry->text() : QString();
+}
+
+qint32 ListBox::itemData(int index) const
+{
+    const QListWidgetItem* entry = item(index);
+    return entry ? entry->data(Qt::UserRole).toInt() : 0;
+}
+
+void ListBox::setListIndex(int index)
+{
+    const int wanted = index >= 0 && index < count() ? index : -1;
+    if (wanted == currentRow()) return;
+    setCurrentRow(wanted);
+    emit clicked();
+}
+
+void ListBox::removeItem(int index)
+{
+    delete takeItem(index);
+    setCurrentRow(-1);
+}

@@ -1,0 +1,63 @@
+#include "platform/forms/controls.h"
+#include "platform/forms/editkeys.h"
+
+#include <QMouseEvent>
+
+MaskedEdit::MaskedEdit(QWidget* parent) : QLineEdit(parent)
+{
+    setMask(QString::fromLatin1(dateMask));
+}
+
+void MaskedEdit::setMask(const QString& mask)
+{
+    mask_ = mask;
+    QString input = mask;
+    input.replace('#', '9');
+    setInputMask(input.isEmpty() ? QString() : input + QLatin1String(";_"));
+    QLineEdit::clear();
+}
+
+QString MaskedEdit::text() const
+{
+    return displayText();
+}
+
+void MaskedEdit::setText(const QString& text)
+{
+    QLineEdit::setText(mask_.isEmpty() ? text : QString());
+}
+
+bool MaskedEdit::isBlank() const
+{
+    return text().isEmpty() || text() == QLatin1String(emptyMaskedDate);
+}
+
+void MaskedEdit::clearMasked()
+{
+    setMask({});
+    setMask(QString::fromLatin1(dateMask));
+}
+
+void MaskedEdit::showPlain(const QString& text)
+{
+    setMask({});
+    setText(text);
+}
+
+bool MaskedEdit::event(QEvent* event)
+{
+    return leftToMenus(event) ? false : QLineEdit::event(event);
+}
+
+void MaskedEdit::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    if (!mask_.isEmpty() && event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+        home(false);
+}
+
+void MaskedEdit::mousePressEvent(QMouseEvent* event)
+{
+    QLineEdit::mousePressEvent(event);
+    if (!mask_.isEmpty() && isBlank()) home(false);
+}

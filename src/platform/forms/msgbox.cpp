@@ -1,0 +1,145 @@
+#include "platform/forms/msgbox.h"
+
+#include "platform/forms/forms.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QWindow>
+
+namespace {
+
+int hourglasses = 0;
+
+// While a box waits for an answer: the user has the pointer, and the window in use gets the keys back afterwards, also
+// where the desktop sees to nothing.
+class Interruption
+{
+public:
+    Interruption() : active_(QApplication::activeWindow())
+    {
+        if (hourglasses > 0) QApplication::restoreOverrideCursor();
+    }
+    ~Interruption()
+    {
+        if (hourglasses > 0) QApplication::setOverrideCursor(Qt::WaitCursor);
+        if (active_ && active_->isVisible()) active_->activateWindow();
+    }
+    Interruption(const Interruption&) = delete;
+    Interruption& operator=(const Interruption&) = delete;
+
+private:
+    QPointer<QWidget> active_;
+};
+
+QMessageBox::Icon boxIcon(Icon icon)
+{
+    switch (icon) {
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Question:
+        return QMessageBox::Question;
+    case Icon::Critical:
+        return QMessageBox::Critical;
+    case Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void fill(QMessageBox& box, const QString& text, Icon icon, const QString& title)
+{
+    QString lines = text;
+    box.setTextFormat(Qt::PlainText);
+    box.setText(lines.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    box.setIcon(boxIcon(icon));
+    box.setWindowTitle(title);
+    if (title.isEmpty()) {
+        // Some desktops show the program's name for an empty title; a blank in the frame keeps it empty.
+        box.winId();
+        box.windowHandle()->setTitle(QStringLiteral(" "));
+    }
+}
+
+struct Filter
+{
+    QStringList names; // as the dialog wants them: "BDP - ORV (*.orv)"
+    QString suffix;    // of the first: "orv"; empty for any file
+};
+
+// Pairs of description and pattern, all parted by "|".
+Filter parseFilter(const QString& filter)
+{
+    Filter result;
+    const QStringList parts = filter.split('|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns = QString(parts.at(i + 1)).replace(';', ' ');
+        const QString name = parts.at(i).section('(', 0, 0).trimmed();
+        result.names << QStringLiteral("%1 (%2)").arg(name, patterns);
+    }
+    const QString first = parts.value(1).section(';', 0, 0);
+    if (first.startsWith(QLatin1String("*.")) && !first.contains(QLatin1String(".*"))) result.suffix = first.mid(2);
+    return result;
+}
+
+QString chooseFile(QFileDialog::AcceptMode mode, const Filter& filter, const QString& title)
+{
+    const Interruption interruption;
+    QFileDialog dialog(Forms::mainWindow(), title);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setNameFilters(filter.names);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+} // namespace
+
+void showMessage(const QString& text, Icon icon, const QString& title)
+{
+    const Interruption interruption;
+    QMessageBox box(Forms::mainWindow());
+    box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+    fill(box, text, icon, title);
+    box.exec();
+}
+
+bool ask(const QString& text, Icon icon, const QString& title)
+{
+    const Interruption interruption;
+    QMessageBox box(Forms::mainWindow());
+    const auto* yes = box.addButton(QStringLiteral("&Sim"), QMessageBox::YesRole);
+    auto* no = box.addButton(QStringLiteral("&Não"), QMessageBox::NoRole);
+    box.setEscapeButton(no);
+    fill(box, text, icon, title);
+    box.exec();
+    return box.clickedButton() == yes;
+}
+
+QString openFileName(const QString& filter, const QString& title)
+{
+    return chooseFile(QFileDialog::AcceptOpen, parseFilter(filter), title);
+}
+
+QString saveFileName(const QString& filter, const QString& title)
+{
+    const Filter parsed = parseFilter(filter);
+    QString name = chooseFile(QFileDialog::AcceptSave, parsed, title);
+    const bool bare = !name.isEmpty() && !name.section('/', -1).contains('.');
+    if (bare && !parsed.suffix.isEmpty()) name += '.' + parsed.suffix;
+    return name;
+}
+
+Hourglass::Hourglass()
+{
+    if (++hourglasses == 1) QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+Hourglass::~Hourglass()
+{
+    if (--hourglasses == 0) QApplication::restoreOverrideCursor();
+}
