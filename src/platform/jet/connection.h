@@ -3,18 +3,18 @@
 
 #include "platform/jet/error.h"
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
-#include <QVariant>
 
-#include <functional>
 #include <memory>
 
 struct sqlite3;
-struct sqlite3_stmt;
 
 namespace jet {
 
+struct Database;
 class Recordset;
 
 // One open database file, spoken to in the dialect of the system (dialect.h).
@@ -24,7 +24,12 @@ class Recordset;
 class Connection
 {
 public:
-    enum State { Closed = 0, Open = 1, Executing = 4 };
+    enum State
+    {
+        Closed = 0,
+        Open = 1,
+        Executing = 4
+    };
 
     Connection();
     ~Connection(); // closes
@@ -34,8 +39,8 @@ public:
     // Opens the file named by the text behind "Data Source=" of the connection string, or by the whole string where it
     // has none. The path is taken untrimmed but for the one blank behind "=".
     // An existing, writable database file is needed: nothing is ever created by an open. An empty file counts as a
-    // database. Throws fileNotFound, pathNotFound, permissionDenied or engineFailure, naming the file; the connection is
-    // closed then. An open connection must be closed first: Error 3705.
+    // database. Throws fileNotFound, pathNotFound, permissionDenied or engineFailure, naming the file; the connection
+    // is closed then. An open connection must be closed first: Error 3705.
     void open(const QString& connectionString);
 
     // Rolls back what is pending and closes. Closing a closed connection does nothing.
@@ -61,7 +66,12 @@ public:
 
     // Names of tables, and (table, column) pairs, as the schema holds them.
     QStringList tables() const;
-    struct Column { QString table; QString name; QString type; };
+    struct Column
+    {
+        QString table;
+        QString name;
+        QString type;
+    };
     QList<Column> columns() const;
 
     // Writes a consistent copy of the committed state to `path`, over any file of that name. The target is replaced
@@ -69,16 +79,32 @@ public:
     // pathNotFound, diskFull ...; the target is then as it was.
     void copyTo(const QString& path) const;
 
-    // A statement prepared once for many rows. Values go in as they are read: texts take the type of their column.
+    // A statement prepared once for many rows.
     class Insert;
 
     // For Recordset and the benchmarks: the handle of the engine; null when closed.
     sqlite3* handle() const;
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    std::shared_ptr<Database> database_;
     friend class Recordset;
+};
+
+// One row is added by each run(), as by a statement with the values as texts: they take the types of their columns, or
+// are refused by them. It must not outlive its connection.
+class Connection::Insert
+{
+public:
+    Insert(Connection& connection, const QString& table, const QStringList& columns); // throws Error
+    ~Insert();
+
+    // As many values as there are columns, in UTF-8 or not. Throws Error; the row is not added then.
+    void run(const QList<QByteArray>& values);
+    void run(const QStringList& values);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d_;
 };
 
 // While it lives, a routine runs. Levels that the routine opened and did not end are abandoned when it is over.
@@ -98,5 +124,9 @@ private:
 // Makes an empty database file at `path`, replacing none: throws Error 58 where a file stands there, pathNotFound or
 // permissionDenied where none can be made. The file exists on return and any tool of the engine opens it.
 void createDatabase(const QString& path);
+
+// Deletes a closed database file with what a killed program may have left beside it. Throws fileNotFound or
+// permissionDenied.
+void removeDatabase(const QString& path);
 
 } // namespace jet

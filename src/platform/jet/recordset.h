@@ -36,13 +36,13 @@ public:
     bool bof() const;
     bool eof() const;
     int recordCount() const;
-    int absolutePosition() const;            // 1 for the first row; 0 where there is no current row
-    void setAbsolutePosition(int position);  // 1 to recordCount(), otherwise Error 3001
+    int absolutePosition() const;           // 1 for the first row; 0 where there is no current row
+    void setAbsolutePosition(int position); // 1 to recordCount(), otherwise Error 3001
 
-    void moveFirst();     // on an empty set: Error 3021, as the three others
+    void moveFirst(); // on an empty set: Error 3021, as the three others
     void moveLast();
-    void moveNext();      // past the last row: EOF; from EOF: Error 3021
-    void movePrevious();  // before the first row: BOF; from BOF: Error 3021
+    void moveNext();     // past the last row: EOF; from EOF: Error 3021
+    void movePrevious(); // before the first row: BOF; from BOF: Error 3021
 
     // Forward from the current row, itself included, to the first row for which "field operator value" holds
     // (operators =, <>, <, >, <=, >=, like; value a number, a quoted text or a date between # signs); EOF where there
@@ -75,8 +75,9 @@ public:
     // moveNext() on the row that followed the deleted one.
     void deleteRow();
 
+    struct Private; // recordset_p.h
+
 private:
-    struct Private;
     std::unique_ptr<Private> d;
 };
 

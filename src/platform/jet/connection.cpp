@@ -1,0 +1,162 @@
+#include "platform/jet/connection.h"
+
+#include "platform/jet/database.h"
+#include "platform/jet/dialect.h"
+#include "platform/jet/errors.h"
+#include "platform/jet/files.h"
+#include "platform/jet/statement.h"
+
+#include <QScopedValueRollback>
+
+#include <sqlite3.h>
+
+namespace jet {
+
+namespace {
+
+QString pathOf(const QString& connectionString)
+{
+    static const QString key = QStringLiteral("Data Source=");
+    const auto at = connectionString.indexOf(key, 0, Qt::CaseInsensitive);
+    if (at < 0) return connectionString;
+    const QString path = connectionString.mid(at + key.size());
+    return path.startsWith(u' ') ? path.mid(1) : path;
+}
+
+// A select gives rows and changes nothing: what an abandoned transaction holds may wait behind it.
+bool isSelect(const QString& statement)
+{
+    return statement.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
+}
+
+QStringList names(Database& database, const QString& sql)
+{
+    Statement statement(database, sql);
+    QStringList result;
+    while (statement.step())
+        result << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement.handle(), 0)));
+    return result;
+}
+
+} // namespace
+
+Connection::Connection() : database_(std::make_shared<Database>()) {}
+
+Connection::~Connection()
+{
+    close();
+}
+
+void Connection::open(const QString& connectionString)
+{
+    if (database_->handle) throw Error{number::alreadyOpen, QStringLiteral("A ligação já está aberta.")};
+    const QString path = pathOf(connectionString);
+    requireWritableFile(path);
+    database_->handle = openEngine(path, Access::ReadWrite);
+    database_->path = path;
+    ++database_->opened;
+    try {
+        installFunctions(database_->handle);
+        // One file at rest, on the disk with each commit; and the header read now, not at the first statement.
+        database_->run("pragma journal_mode = delete; pragma synchronous = full; select count(*) from sqlite_master");
+    } catch (...) {
+        close();
+        throw;
+    }
+}
+
+void Connection::close()
+{
+    database_->close();
+}
+
+int Connection::state() const
+{
+    if (!database_->handle) return Closed;
+    return database_->executing ? Executing : Open;
+}
+
+QString Connection::dataSource() const
+{
+    return database_->path;
+}
+
+int Connection::execute(const QString& statement)
+{
+    database_->requireOpen();
+    if (!isSelect(statement)) database_->dropAbandoned();
+    Statement prepared(*database_, translate(statement, database_->handle));
+    const QScopedValueRollback executing(database_->executing, true);
+    const auto before = sqlite3_total_changes64(database_->handle);
+    while (prepared.step()) {
+    }
+    return int(sqlite3_total_changes64(database_->handle) - before);
+}
+
+void Connection::beginTrans()
+{
+    database_->begin();
+}
+
+void Connection::commitTrans()
+{
+    database_->end(true);
+}
+
+void Connection::rollbackTrans()
+{
+    database_->end(false);
+}
+
+int Connection::transactionLevel() const
+{
+    return database_->level;
+}
+
+void Connection::abandonAbove(int level)
+{
+    if (database_->level > level) database_->abandoned = std::max(database_->abandoned, database_->level - level);
+}
+
+QStringList Connection::tables() const
+{
+    return names(*database_, QStringLiteral("select name from sqlite_master where type = 'table' and name not like "
+                                            "'sqlite!_%' escape '!' order by rowid"));
+}
+
+QList<Connection::Column> Connection::columns() const
+{
+    QList<Column> result;
+    for (const QString& table : tables()) {
+        Statement statement(*database_, QStringLiteral("select name, type from pragma_table_info(?)"));
+        statement.bind(1, table);
+        while (statement.step()) {
+            const auto text = [&](int column) {
+                return QString::fromUtf8(
+                    reinterpret_cast<const char*>(sqlite3_column_text(statement.handle(), column)));
+            };
+            result << Column{table, text(0), text(1)};
+        }
+    }
+    return result;
+}
+
+void Connection::copyTo(const QString& path) const
+{
+    database_->requireOpen();
+    copyDatabase(database_->path, path);
+}
+
+sqlite3* Connection::handle() const
+{
+    return database_->handle;
+}
+
+RoutineScope::RoutineScope(Connection& connection) : connection_(connection), level_(connection.transactionLevel()) {}
+
+RoutineScope::~RoutineScope()
+{
+    connection_.abandonAbove(level_);
+}
+
+} // namespace jet

@@ -1,0 +1,78 @@
+#include "platform/jet/database.h"
+
+#include "platform/jet/errors.h"
+#include "platform/jet/statement.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace jet {
+
+void Database::close()
+{
+    if (!handle) return;
+    while (!statements.empty())
+        (*statements.begin())->finalize();
+    sqlite3_close(std::exchange(handle, nullptr)); // rolls back
+    path.clear();
+    level = 0;
+    abandoned = 0;
+}
+
+void Database::requireOpen()
+{
+    if (!handle) throw connectionClosed();
+}
+
+void Database::run(const char* sql)
+{
+    requireOpen();
+    const int code = sqlite3_exec(handle, sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) fail(code);
+}
+
+void Database::fail(int code)
+{
+    const Error error = engineError(handle, code, path);
+    if (level > 0 && sqlite3_get_autocommit(handle)) {
+        level = 0;
+        abandoned = 0;
+    }
+    throw error;
+}
+
+// The outermost level is the engine's transaction, the deeper ones its savepoints, which it finds by their name from
+// the innermost one outward: so they can all have the same.
+void Database::begin()
+{
+    requireOpen();
+    dropAbandoned();
+    run(level == 0 ? "begin" : "savepoint orv");
+    ++level;
+}
+
+void Database::end(bool keep)
+{
+    requireOpen();
+    const bool dropped = abandoned > 0;
+    dropAbandoned();
+    if (level == 0 && dropped && !keep) return; // what was to be rolled back has gone already
+    if (level == 0) throw Error{number::engineFailure, QStringLiteral("Não há nenhuma transacção aberta.")};
+    if (level == 1)
+        run(keep ? "commit" : "rollback");
+    else
+        run(keep ? "release orv" : "rollback to orv; release orv");
+    --level;
+}
+
+void Database::dropAbandoned()
+{
+    for (; abandoned > 0; --abandoned) {
+        run(level == 1 ? "rollback" : "rollback to orv; release orv");
+        --level;
+    }
+}
+
+} // namespace jet

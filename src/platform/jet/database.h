@@ -1,0 +1,44 @@
+// The open file behind a Connection, shared with the recordsets and statements that read it.
+#pragma once
+
+#include <QString>
+
+#include <set>
+
+struct sqlite3;
+
+namespace jet {
+
+class Statement;
+
+struct Database
+{
+    Database() = default;
+    ~Database() { close(); }
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    sqlite3* handle = nullptr; // null: closed
+    QString path;
+    bool executing = false;
+    int opened = 0; // grows with each open: what was made before belongs to another file
+
+    int level = 0;     // open transaction levels
+    int abandoned = 0; // how many of them, the innermost ones, are left behind by their routine
+
+    std::set<Statement*> statements; // prepared and not yet finalised
+
+    void close();       // rolls back and finalises
+    void requireOpen(); // Error 3709
+
+    // Runs engine SQL of our own, of which nothing but the success is of interest. Throws Error.
+    void run(const char* sql);
+    // The error that the engine has just reported. A failure that took the transaction with it takes the levels, too.
+    [[noreturn]] void fail(int code);
+
+    void begin();
+    void end(bool keep); // the innermost level
+    void dropAbandoned();
+};
+
+} // namespace jet

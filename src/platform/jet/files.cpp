@@ -1,0 +1,154 @@
+#include "platform/jet/files.h"
+
+#include "platform/jet/connection.h"
+#include "platform/jet/errors.h"
+
+#include <QTemporaryFile>
+
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <memory>
+
+namespace jet {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int busyMilliseconds = 250;
+
+fs::path nativePath(const QString& path)
+{
+    return fs::path(path.toStdU16String());
+}
+
+bool isWritable(const fs::file_status& status)
+{
+    constexpr auto write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    return (status.permissions() & write) != fs::perms::none;
+}
+
+Error denied(const QString& path)
+{
+    return {number::permissionDenied, QStringLiteral("Não é permitido escrever no ficheiro \"%1\".").arg(path)};
+}
+
+void requireFolderOf(const QString& path)
+{
+    std::error_code ignored;
+    if (!fs::is_directory(fs::absolute(nativePath(path), ignored).parent_path(), ignored))
+        throw Error{number::pathNotFound, QStringLiteral("A pasta do ficheiro \"%1\" não existe.").arg(path)};
+}
+
+struct CloseEngine
+{
+    void operator()(sqlite3* database) const { sqlite3_close(database); }
+};
+using Engine = std::unique_ptr<sqlite3, CloseEngine>;
+
+void run(const Engine& engine, const char* sql, const QString& path)
+{
+    const int code = sqlite3_exec(engine.get(), sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) throw engineError(engine.get(), code, path);
+}
+
+// What the engine may leave beside a file when its program is killed.
+void removeCompanions(const QString& path)
+{
+    std::error_code ignored;
+    for (const char* suffix : {"-journal", "-wal", "-shm"})
+        fs::remove(nativePath(path + QLatin1String(suffix)), ignored);
+}
+
+} // namespace
+
+void requireWritableFile(const QString& path)
+{
+    std::error_code ignored;
+    const fs::file_status status = fs::status(nativePath(path), ignored);
+    if (!fs::exists(status)) {
+        requireFolderOf(path);
+        throw Error{number::fileNotFound, QStringLiteral("O ficheiro \"%1\" não existe.").arg(path)};
+    }
+    if (fs::is_directory(status))
+        throw Error{number::engineFailure, QStringLiteral("\"%1\" é uma pasta, não uma BDP.").arg(path)};
+    if (!fs::is_regular_file(status))
+        throw Error{number::engineFailure, QStringLiteral("O ficheiro \"%1\" não é uma BDP.").arg(path)};
+    if (!isWritable(status)) throw denied(path);
+}
+
+sqlite3* openEngine(const QString& path, Access access)
+{
+    int flags = SQLITE_OPEN_READWRITE;
+    if (access == Access::ReadOnly)
+        flags = SQLITE_OPEN_READONLY;
+    else if (access == Access::Create)
+        flags |= SQLITE_OPEN_CREATE;
+    // The absolute path keeps the engine from seeing more than a file in names such as ":memory:".
+    const auto absolute = fs::absolute(nativePath(path)).u8string();
+    sqlite3* database = nullptr;
+    const int code = sqlite3_open_v2(reinterpret_cast<const char*>(absolute.c_str()), &database, flags, nullptr);
+    Engine engine(database);
+    if (code != SQLITE_OK) throw engineError(nullptr, code, path);
+    // Opened read-only where read and write were asked for: the system doesn't let us write.
+    if (access != Access::ReadOnly && sqlite3_db_readonly(database, "main") == 1) throw denied(path);
+    sqlite3_extended_result_codes(database, 1);
+    sqlite3_busy_timeout(database, busyMilliseconds);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    return engine.release();
+}
+
+void createDatabase(const QString& path)
+{
+    std::error_code ignored;
+    if (fs::exists(fs::symlink_status(nativePath(path), ignored)))
+        throw Error{number::fileExists, QStringLiteral("O ficheiro \"%1\" já existe.").arg(path)};
+    requireFolderOf(path);
+    removeCompanions(path);
+    const Engine engine(openEngine(path, Access::Create));
+    run(engine, "pragma synchronous = full; pragma user_version = 0", path); // writes the header
+}
+
+void removeDatabase(const QString& path)
+{
+    std::error_code error;
+    if (!fs::remove(nativePath(path), error)) {
+        if (!error) throw Error{number::fileNotFound, QStringLiteral("O ficheiro \"%1\" não existe.").arg(path)};
+        throw Error{number::permissionDenied, QStringLiteral("Não foi possível eliminar \"%1\".").arg(path)};
+    }
+    removeCompanions(path);
+}
+
+void copyDatabase(const QString& source, const QString& target)
+{
+    const fs::path to = nativePath(target);
+    std::error_code error;
+    if (fs::equivalent(nativePath(source), to, error))
+        throw Error{number::permissionDenied,
+                    QStringLiteral("\"%1\" é a BDP aberta: não pode ser copiada sobre si própria.").arg(target)};
+    requireFolderOf(target);
+    const fs::file_status status = fs::status(to, error);
+    if (fs::exists(status) && (!fs::is_regular_file(status) || !isWritable(status))) throw denied(target);
+
+    QTemporaryFile temporary(target + QStringLiteral(".XXXXXX"));
+    if (!temporary.open()) throw denied(target);
+    {
+        const Engine from(openEngine(source, Access::ReadOnly));
+        const Engine copy(openEngine(temporary.fileName(), Access::ReadWrite));
+        run(copy, "pragma journal_mode = off; pragma synchronous = full", target);
+        sqlite3_backup* backup = sqlite3_backup_init(copy.get(), "main", from.get(), "main");
+        if (backup) sqlite3_backup_step(backup, -1);
+        const int code = backup ? sqlite3_backup_finish(backup) : sqlite3_extended_errcode(copy.get());
+        if (code != SQLITE_OK) throw engineError(copy.get(), code, (code & 0xff) == SQLITE_FULL ? target : source);
+    }
+    const fs::path made = nativePath(temporary.fileName());
+    fs::permissions(made, fs::status(nativePath(source)).permissions(), error);
+    temporary.close();
+    fs::rename(made, to, error);
+    if (error) throw denied(target);
+    temporary.setAutoRemove(false);
+}
+
+} // namespace jet

@@ -1,0 +1,27 @@
+// The files of BDPs: opening, making, removing, copying them.
+#pragma once
+
+#include <QString>
+
+struct sqlite3;
+
+namespace jet {
+
+// Throws fileNotFound, pathNotFound, engineFailure (a folder) or permissionDenied. A file that nobody may write counts
+// as read-only for the superuser, too.
+void requireWritableFile(const QString& path);
+
+enum class Access
+{
+    ReadOnly,
+    ReadWrite,
+    Create
+};
+
+// Opens the engine on the file, exactly that of the path. Throws Error; nothing is left open then.
+sqlite3* openEngine(const QString& path, Access access);
+
+// A copy of the committed state of `source`, as Connection::copyTo() promises it.
+void copyDatabase(const QString& source, const QString& target);
+
+} // namespace jet

@@ -1,0 +1,134 @@
+#include "platform/jet/functions.h"
+
+#include "platform/jet/date.h"
+#include "platform/jet/dialect.h"
+#include "platform/jet/errors.h"
+
+#include <QCollator>
+#include <QLocale>
+
+#include <sqlite3.h>
+
+#include <cfenv>
+#include <cmath>
+#include <limits>
+
+namespace jet {
+
+namespace {
+
+QString textOf(sqlite3_value* value)
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return QString::fromUtf8(text, sqlite3_value_bytes(value));
+}
+
+void giveText(sqlite3_context* context, const QString& text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    sqlite3_result_text(context, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
+}
+
+void fail(sqlite3_context* context, long number, const QString& description)
+{
+    sqlite3_result_error(context, markedMessage(number, description).toUtf8(), -1);
+}
+
+// A date written after a pattern of dd, mm and yyyy. A value that is no date stays as it is.
+void format(sqlite3_context* context, int, sqlite3_value** values)
+{
+    QString text = textOf(values[0]);
+    if (const auto date = readStoredDate(text)) {
+        const QString stored = text;
+        text = textOf(values[1]).toLower();
+        text.replace(QLatin1String("yyyy"), stored.left(4));
+        text.replace(QLatin1String("mm"), stored.mid(5, 2));
+        text.replace(QLatin1String("dd"), stored.mid(8));
+    }
+    giveText(context, text);
+}
+
+void comparedDateFunction(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+    const QString text = textOf(values[0]);
+    if (const auto date = comparedDate(text))
+        giveText(context, *date);
+    else
+        fail(context, number::typeMismatch, QStringLiteral("O texto '%1' não é uma data.").arg(text));
+}
+
+// A whole number of 16 bits, halves to the even one.
+void cint(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL)
+        return fail(context, number::invalidNull, QStringLiteral("cint() não aceita um valor nulo."));
+    const QString text = textOf(values[0]).trimmed();
+    bool ok = false;
+    const double value = QLocale::c().toDouble(text, &ok);
+    if (!ok || !std::isfinite(value))
+        return fail(context, number::typeMismatch, QStringLiteral("cint(): '%1' não é um número.").arg(text));
+    const double whole = std::nearbyint(value);
+    if (whole < std::numeric_limits<qint16>::min() || whole > std::numeric_limits<qint16>::max())
+        return fail(context, number::overflow, QStringLiteral("cint(): %1 é um número demasiado grande.").arg(text));
+    sqlite3_result_int(context, int(whole));
+}
+
+// first(): the value of the first row of its group, null included.
+void firstStep(sqlite3_context* context, int, sqlite3_value** values)
+{
+    auto** kept = static_cast<sqlite3_value**>(sqlite3_aggregate_context(context, sizeof(sqlite3_value*)));
+    if (kept && !*kept) *kept = sqlite3_value_dup(values[0]);
+}
+
+void firstFinal(sqlite3_context* context)
+{
+    auto** kept = static_cast<sqlite3_value**>(sqlite3_aggregate_context(context, 0));
+    if (!kept || !*kept) return;
+    sqlite3_result_value(context, *kept);
+    sqlite3_value_free(*kept);
+}
+
+QString collated(int bytes, const void* text)
+{
+    return QString::fromUtf8(static_cast<const char*>(text), bytes);
+}
+
+int collateCaseBlind(void*, int aBytes, const void* a, int bBytes, const void* b)
+{
+    return QString::compare(collated(aBytes, a), collated(bBytes, b), Qt::CaseInsensitive);
+}
+
+int collateAlphabetically(void*, int aBytes, const void* a, int bBytes, const void* b)
+{
+    return compareAlphabetically(collated(aBytes, a), collated(bBytes, b));
+}
+
+} // namespace
+
+int compareAlphabetically(const QString& a, const QString& b)
+{
+    static const QCollator collator = [] {
+        QCollator portuguese(QLocale(QLocale::Portuguese, QLocale::Portugal));
+        portuguese.setCaseSensitivity(Qt::CaseInsensitive);
+        return portuguese;
+    }();
+    return collator.compare(a, b);
+}
+
+void installFunctions(sqlite3* database)
+{
+    constexpr int pure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+    const auto add = [&](const char* name, int arguments, void (*function)(sqlite3_context*, int, sqlite3_value**)) {
+        sqlite3_create_function(database, name, arguments, pure, nullptr, function, nullptr, nullptr);
+    };
+    add("format", 2, format);
+    add("cint", 1, cint);
+    add("like", 2, likeFunction);
+    add(functions::comparedDate, 1, comparedDateFunction);
+    sqlite3_create_function(database, "first", 1, pure, nullptr, nullptr, firstStep, firstFinal);
+    sqlite3_create_collation(database, functions::caseBlind, SQLITE_UTF8, nullptr, collateCaseBlind);
+    sqlite3_create_collation(database, functions::alphabetical, SQLITE_UTF8, nullptr, collateAlphabetically);
+}
+
+} // namespace jet

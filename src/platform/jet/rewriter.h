@@ -1,0 +1,69 @@
+// Rewrites the words of a select, insert, update or delete for the engine.
+#pragma once
+
+#include "platform/jet/columns.h"
+#include "platform/jet/tokens.h"
+
+#include <QList>
+
+#include <optional>
+
+struct sqlite3;
+
+namespace jet {
+
+class Rewriter
+{
+public:
+    Rewriter(Tokens& tokens, sqlite3* database) : t_(tokens), database_(database) {}
+
+    // Gives each token the SQL that the engine is to read in its place. Throws Error (invalidStatement).
+    void run();
+
+private:
+    // One select, or the whole statement, with the tables that its columns can belong to.
+    struct Scope
+    {
+        struct Table
+        {
+            QString alias;
+            QString name;
+        };
+        const Scope* outer = nullptr;
+        int begin = 0;
+        int end = 0;
+        QList<Table> tables;
+    };
+
+    // Tokens [begin, end) that stand on one side of an operator.
+    struct Operand
+    {
+        int begin;
+        int end;
+    };
+
+    void rewrite(int begin, int end, const Scope* outer);
+    void collectTables(Scope& scope);
+    int readTable(Scope& scope, int at);
+    void rewriteOrder(const Scope& scope, int begin, int end);
+    void rewriteComparison(const Scope& scope, int at, bool assigns);
+    void rewriteBetween(const Scope& scope, int at);
+    void rewriteIn(const Scope& scope, int at);
+
+    Operand leftOf(int at, const Scope& scope) const;
+    Operand rightOf(int at, const Scope& scope) const;
+    Type typeOf(Operand operand, const Scope& scope) const;
+    bool isText(Operand operand) const;
+    void readAsDate(Operand operand);
+    void compareBeyondAscii(Operand operand);
+    bool opensSelect(int at) const;
+    Type columnType(const Scope& scope, int begin, int end) const;
+
+    Tokens& t_;
+    sqlite3* database_;
+};
+
+// Whether a word ends the list of tables, of conditions or of columns before it.
+bool isClause(const Token& token);
+
+} // namespace jet

@@ -1,0 +1,92 @@
+#include "platform/jet/statement.h"
+
+#include "platform/jet/errors.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+namespace jet {
+
+Statement::Statement(Database& database, const QString& sql)
+{
+    database.requireOpen();
+    const QByteArray utf8 = sql.toUtf8();
+    sqlite3_stmt* handle = nullptr;
+    const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1, 0, &handle, nullptr);
+    if (code != SQLITE_OK) database.fail(code);
+    enlist(&database, handle);
+}
+
+Statement::Statement(Statement&& other) noexcept
+{
+    *this = std::move(other);
+}
+
+Statement& Statement::operator=(Statement&& other) noexcept
+{
+    if (this == &other) return *this;
+    finalize();
+    Database* database = other.database_;
+    sqlite3_stmt* handle = std::exchange(other.handle_, nullptr);
+    if (handle) database->statements.erase(&other);
+    enlist(database, handle);
+    return *this;
+}
+
+void Statement::enlist(Database* database, sqlite3_stmt* handle)
+{
+    database_ = database;
+    handle_ = handle;
+    if (handle) database->statements.insert(this);
+}
+
+void Statement::bind(int parameter, const QVariant& value)
+{
+    if (!handle_) throw connectionClosed();
+    int code = SQLITE_OK;
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        code = sqlite3_bind_null(handle_, parameter);
+        break;
+    case QMetaType::LongLong:
+        code = sqlite3_bind_int64(handle_, parameter, value.toLongLong());
+        break;
+    case QMetaType::Double:
+        code = sqlite3_bind_double(handle_, parameter, value.toDouble());
+        break;
+    default: {
+        const QByteArray utf8 = value.toString().toUtf8();
+        code = sqlite3_bind_text(handle_, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
+    }
+    }
+    if (code != SQLITE_OK) database_->fail(code);
+}
+
+bool Statement::step()
+{
+    if (!handle_) throw connectionClosed();
+    const int code = sqlite3_step(handle_);
+    if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_DONE) return false;
+    try {
+        database_->fail(code);
+    } catch (...) {
+        reset();
+        throw;
+    }
+}
+
+void Statement::reset()
+{
+    if (handle_) sqlite3_reset(handle_);
+}
+
+void Statement::finalize()
+{
+    if (!handle_) return;
+    database_->statements.erase(this);
+    sqlite3_finalize(std::exchange(handle_, nullptr));
+}
+
+} // namespace jet

@@ -1,0 +1,39 @@
+// One prepared statement of the engine.
+#pragma once
+
+#include "platform/jet/database.h"
+
+#include <QString>
+#include <QVariant>
+
+struct sqlite3_stmt;
+
+namespace jet {
+
+// Finalised by its end of life or by the close of its connection, whichever comes first; used behind that, it throws
+// Error 3709.
+class Statement
+{
+public:
+    Statement() = default;
+    Statement(Database& database, const QString& sql); // throws Error
+    ~Statement() { finalize(); }
+    Statement(Statement&& other) noexcept;
+    Statement& operator=(Statement&& other) noexcept;
+
+    explicit operator bool() const { return handle_; }
+    sqlite3_stmt* handle() const { return handle_; }
+
+    void bind(int parameter, const QVariant& value); // null, qint64, double or QString; parameters count from 1
+    bool step();                                     // true: a row stands ready. Throws Error; then it is reset
+    void reset();
+    void finalize();
+
+private:
+    void enlist(Database* database, sqlite3_stmt* handle);
+
+    Database* database_ = nullptr;
+    sqlite3_stmt* handle_ = nullptr;
+};
+
+} // namespace jet
