@@ -3,6 +3,7 @@
 #include "common/globals.h"
 #include "common/SplashForm.h"
 #include "individuals/frmInd.h"
+#include "places/frmLocalizacao.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -52,6 +53,7 @@ void registerForms()
     Forms::add("frmIni", [] { return new FrmIni; });
     Forms::add("frmBack", [] { return new FrmBack; });
     Forms::add("frmInd", [] { return new FrmInd; });
+    Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });
 }

@@ -1,0 +1,244 @@
+#include "common/places.h"
+
+#include "common/vbtext.h"
+#include "platform/forms/controls.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include <gtest/gtest.h>
+#include <QTemporaryDir>
+
+namespace {
+
+// A BDP with the seven place tables, a place or two in each.
+class Places : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        const QString ficheiro = pasta.filePath("teste.orv");
+        jet::createDatabase(ficheiro);
+        cnBDP.open(ficheiro);
+        for (const auto& [tabela, nivel] : {std::pair{"pais", "pais"},
+                                            {"zonapais", "zona"},
+                                            {"distrito", "distrito"},
+                                            {"concelho", "concelho"},
+                                            {"paroquia", "paroquia"},
+                                            {"lugar", "lugar"},
+                                            {"sitio", "sitio"}})
+        {
+            cnBDP.execute(
+                QString("create table %1 (cod%2 varchar, nome%2 varchar(255), prioridade long)").arg(tabela, nivel));
+        }
+        cnBDP.execute("create table infocomplementar (categoria char(5), codigo varchar, descricao varchar(255))");
+        insere("pais", "'34', 'Espanha', 1");
+        insere("pais", "'PT', 'Portugal', 0");
+        insere("zonapais", "'341', '*Galiza', 1");
+        insere("distrito", "'03', 'Braga', 1");
+        insere("concelho", "'0303', 'Braga', 2");
+        insere("paroquia", "'030302', 'Adaúfe', 1");
+        insere("paroquia", "'030301', 'São Mamede', 2");
+        insere("paroquia", "'030303', '*Arentim', 0");
+        insere("paroquia", "'030304', 'Avelar', null");
+        insere("lugar", "'03030101', '*Vila-Cova', 1");
+        insere("sitio", "'0303010101', 'Fonte', 1");
+        insere("sitio", "'0303010102', 'Cruz', 0");
+    }
+    void TearDown() override
+    {
+        cnBDP.close();
+        CodParoquia.clear();
+    }
+
+    static void insere(const char* tabela, const char* valores)
+    {
+        cnBDP.execute(QString("insert into %1 values (%2)").arg(tabela, valores));
+    }
+    static QStringList entradas(const ComboBox& lista)
+    {
+        QStringList textos;
+        for (int i = 0; i < lista.count(); ++i)
+            textos += lista.list(i);
+        return textos;
+    }
+
+    QTemporaryDir pasta;
+    ComboBox lista;
+};
+
+TEST(PlaceText, IsNameTokenAndCode)
+{
+    EXPECT_EQ(textoDoLocal("Adaúfe", "F", "030302"), "Adaúfe -F- 030302");
+}
+
+TEST(PlaceText, GivesCodeAndLetterByItsFirstHyphen)
+{
+    const Local local = localDoTexto("Adaúfe -F- 030302");
+    EXPECT_EQ(local.codigo, "030302");
+    EXPECT_EQ(local.tipo, "F");
+}
+
+TEST(PlaceText, IsMisreadWhereTheNameHoldsAHyphen)
+{
+    const Local local = localDoTexto("Vila-Cova -F- 010204");
+    EXPECT_EQ(local.codigo, "va -F- 010204");
+    EXPECT_EQ(local.tipo, "C");
+}
+
+TEST(PlaceText, OfTheBlankEntryHasNeitherCodeNorLetter)
+{
+    EXPECT_EQ(localDoTexto("  ").codigo, "");
+    EXPECT_EQ(localDoTexto("  ").tipo, "");
+    EXPECT_EQ(localDoTexto("").codigo, "");
+    EXPECT_EQ(localDoTexto("").tipo, "");
+}
+
+TEST(PlaceText, KeepsTheWholeTextAsRemainderWhereThereIsNoHyphen)
+{
+    EXPECT_EQ(restoDoLocal("Braga -D- 03"), "D- 03");
+    EXPECT_EQ(restoDoLocal("Braga"), "Braga");
+}
+
+TEST(VbText, CountsFromOneAndNeverFails)
+{
+    EXPECT_EQ(InStr("abcb", "b"), 2);
+    EXPECT_EQ(InStr("abcb", "b", 3), 4);
+    EXPECT_EQ(InStr("abc", "x"), 0);
+    EXPECT_EQ(Mid("abcdef", 3), "cdef");
+    EXPECT_EQ(Mid("abcdef", 3, 2), "cd");
+    EXPECT_EQ(Mid("abc", 4), "");
+    EXPECT_EQ(Mid("abc", 9, 2), "");
+}
+
+TEST_F(Places, FillAListFromSitesToCountriesInOrderOfEntryWithoutStars)
+{
+    PreencheLocais(lista);
+    EXPECT_EQ(entradas(lista), (QStringList{"  ", "Fonte -S- 0303010101", "Vila-Cova -L- 03030101", "Adaúfe -F- 030302",
+                                            "São Mamede -F- 030301", "Braga -C- 0303", "Braga -D- 03", "Galiza -Z- 341",
+                                            "Espanha -P- 34"}));
+    EXPECT_EQ(lista.listIndex(), 0);
+}
+
+TEST_F(Places, AreAddedToWhatTheListHolds)
+{
+    lista.add("antes");
+    PreencheLocais(lista);
+    EXPECT_EQ(lista.count(), 10);
+    EXPECT_EQ(lista.list(0), "antes");
+    EXPECT_EQ(lista.list(1), "  ");
+    EXPECT_EQ(lista.listIndex(), 0);
+}
+
+TEST_F(Places, OfAnEmptyWorkingListGiveTheBlankEntryAlone)
+{
+    for (const char* tabela : {"pais", "zonapais", "distrito", "concelho", "paroquia", "lugar", "sitio"})
+        cnBDP.execute(QString("update %1 set prioridade = 0").arg(tabela));
+    PreencheLocais(lista);
+    EXPECT_EQ(entradas(lista), QStringList{"  "});
+}
+
+TEST_F(Places, OfTheWorkingListAreChosenByCodeAndLetterOfAnyCase)
+{
+    PreencheLocais(lista);
+    SeleccionaLocal(lista, "0303", "c");
+    EXPECT_EQ(lista.text(), "Braga -C- 0303");
+    EXPECT_EQ(lista.count(), 9);
+}
+
+TEST_F(Places, OutsideTheWorkingListAreAddedWithTheirStarAndChosen)
+{
+    PreencheLocais(lista);
+    SeleccionaLocal(lista, "030303", "F");
+    EXPECT_EQ(lista.text(), "*Arentim -F- 030303");
+    EXPECT_EQ(lista.listIndex(), 9);
+}
+
+TEST_F(Places, WithAHyphenInTheirNameAreAddedAtEachShowing)
+{
+    PreencheLocais(lista);
+    SeleccionaLocal(lista, "03030101", "L");
+    EXPECT_EQ(lista.text(), "*Vila-Cova -L- 03030101");
+    SeleccionaLocal(lista, "03030101", "L");
+    EXPECT_EQ(lista.count(), 11);
+    EXPECT_EQ(lista.listIndex(), 9); // the first of the two equal entries
+}
+
+TEST_F(Places, OfAllLevelsButSitesAreFoundOutsideTheList)
+{
+    const std::pair<const char*, const char*> pares[] = {{"34", "P"},   {"341", "Z"},    {"03", "D"},
+                                                         {"0303", "C"}, {"030301", "F"}, {"03030101", "L"}};
+    for (const auto& [codigo, tipo] : pares) {
+        SeleccionaLocal(lista, codigo, tipo);
+        EXPECT_TRUE(lista.text().endsWith(QString(" -%1- %2").arg(tipo, codigo))) << codigo;
+    }
+}
+
+TEST_F(Places, ThatAreSitesAreSoughtInTheWrongTable)
+{
+    PreencheLocais(lista);
+    SeleccionaLocal(lista, "0303010101", "S"); // on the list: nothing is read
+    EXPECT_EQ(lista.text(), "Fonte -S- 0303010101");
+    EXPECT_THROW(SeleccionaLocal(lista, "0303010102", "S"), jet::Error);
+    EXPECT_EQ(lista.listIndex(), -1);
+}
+
+TEST_F(Places, ThatNobodyKnowsLeaveTheListWithNoChoice)
+{
+    PreencheLocais(lista);
+    SeleccionaLocal(lista, "999999", "F");
+    EXPECT_EQ(lista.listIndex(), -1);
+    SeleccionaLocal(lista, "0303", "C");
+    SeleccionaLocal(lista, "0303", "X"); // a letter of no level
+    EXPECT_EQ(lista.listIndex(), -1);
+    SeleccionaLocal(lista, "0303", "");
+    EXPECT_EQ(lista.listIndex(), -1);
+    EXPECT_EQ(lista.count(), 9);
+}
+
+TEST_F(Places, WithABlankCodeLeaveTheChoiceAsItWas)
+{
+    PreencheLocais(lista);
+    lista.setListIndex(3);
+    SeleccionaLocal(lista, "  ", "F");
+    EXPECT_EQ(lista.listIndex(), 3);
+}
+
+TEST_F(Places, HaveTheBdpsOwnParishAsDefault)
+{
+    PreencheLocais(lista);
+    SeleccionaParoquiaDaBDP(lista);
+    EXPECT_EQ(lista.listIndex(), 0);
+    CodParoquia = "030301";
+    SeleccionaParoquiaDaBDP(lista);
+    EXPECT_EQ(lista.text(), "São Mamede -F- 030301");
+}
+
+TEST_F(Places, AreNamedAsStoredByALetterOfAnyCase)
+{
+    EXPECT_EQ(NomeLocal("34", "P"), "Espanha");
+    EXPECT_EQ(NomeLocal("341", "z"), "*Galiza");
+    EXPECT_EQ(NomeLocal("03", "D"), "Braga");
+    EXPECT_EQ(NomeLocal("0303", "C"), "Braga");
+    EXPECT_EQ(NomeLocal("030303", "F"), "*Arentim");
+    EXPECT_EQ(NomeLocal("03030101", "L"), "*Vila-Cova");
+    EXPECT_EQ(NomeLocal("0303010102", "s"), "Cruz");
+}
+
+TEST_F(Places, WithoutALetterOrARowHaveNoName)
+{
+    EXPECT_EQ(NomeLocal("0303", QVariant()), "");
+    EXPECT_EQ(NomeLocal("0303", " "), "");
+    EXPECT_EQ(NomeLocal("0303", "X"), "");
+    EXPECT_EQ(NomeLocal("9999", "C"), "");
+    EXPECT_EQ(NomeLocal(QVariant(), "C"), "");
+}
+
+TEST_F(Places, ShareTheirRulesWithTheCodedValues)
+{
+    insere("infocomplementar", "'EstCi', '1', 'Solteiro'");
+    EXPECT_EQ(DescricaoInfo("EstCi", "1"), "Solteiro");
+    EXPECT_EQ(DescricaoInfo("EstCi", "2"), "");
+    EXPECT_EQ(DescricaoInfo("SitFa", "1"), "");
+}
+
+} // namespace
