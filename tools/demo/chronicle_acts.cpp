@@ -1,0 +1,132 @@
+#include "chronicle.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace demo {
+namespace {
+
+// The burial register of these years is lost.
+const QDate lostFrom(1671, 1, 1);
+const QDate lostTo(1679, 12, 31);
+
+} // namespace
+
+void Chronicle::seekBride(int number)
+{
+    const Person& groom = person(number);
+    if (!groom.isPresent(today_) || groom.civilState == married || groom.civilState == cleric) return;
+    int bride = random_.chance(80) ? findBride(groom) : 0;
+    if (bride == 0) bride = addNewcomer(Sex::female, birthAtAge(19, 30)).number;
+    wed(number, bride);
+}
+
+// A single woman or a widow out of mourning, of fit age and of another family; 0 where there is none.
+int Chronicle::findBride(const Person& groom)
+{
+    QList<int> candidates;
+    for (const Person& woman : parish_.people) {
+        const int age = ageToday(woman);
+        const bool free =
+            woman.civilState == single || (woman.civilState == widowed && woman.widowedOn < today_.addDays(-300));
+        if (woman.sex == Sex::female && free && woman.isPresent(today_) && age >= 18 && age <= 38 &&
+            std::abs(age - ageToday(groom)) <= 15 && (woman.origin == 0 || woman.origin != groom.origin))
+            candidates.append(woman.number);
+    }
+    return candidates.isEmpty() ? 0 : random_.pick(candidates);
+}
+
+void Chronicle::wed(int groom, int bride)
+{
+    Family& family = addFamily(groom, bride);
+    family.wedding = today_;
+    family.place = {parishCode, "F"};
+    family.marriedBy = priest_;
+    if (random_.chance(5)) family.notes = "Dispensados no quarto grau de consanguinidade.";
+    for (Spouse* spouse : {&family.husband, &family.wife}) {
+        Person& person = this->person(spouse->person);
+        person.civilState = married;
+        spouse->marriage = ++person.marriages;
+    }
+    planBirth(family.number, pregnancy, 600);
+}
+
+Family& Chronicle::addFamily(int husband, int wife)
+{
+    Family family;
+    family.number = static_cast<int>(parish_.families.size()) + 1;
+    family.husband.person = husband;
+    if (husband != 0) family.husband.civilState = person(husband).civilState;
+    family.wife.person = wife;
+    family.wife.civilState = person(wife).civilState;
+    family.seenFrom = today_;
+    parish_.families.append(family);
+    return parish_.families.last();
+}
+
+void Chronicle::bearOutOfWedlock(int number)
+{
+    const Person& mother = person(number);
+    if (!mother.isPresent(today_) || mother.civilState != single || ageToday(mother) >= fertileTo) return;
+    Family& family = addFamily(0, number);
+    family.situation = fatherUnknownFamily;
+    bear(family.number);
+}
+
+void Chronicle::bury(int number)
+{
+    Person& dead = person(number);
+    if (dead.death != today_ || dead.deathKnown) return; // died earlier than first laid down
+    if (dead.left.isValid() && dead.left <= today_) return;
+    const bool lost = today_ >= lostFrom && today_ <= lostTo;
+    if (!lost) recordBurial(dead);
+    leaveWidowed(dead);
+}
+
+void Chronicle::recordBurial(Person& dead)
+{
+    const int age = ageToday(dead);
+    dead.deathKnown = true;
+    dead.seenTo = today_;
+    dead.deathExact = !random_.chance(3);
+    dead.deathPlace = inParish();
+    dead.buriedBy = priest_;
+    dead.cause = causeOfDeath(random_, age);
+    dead.parishClass = dead.civilState == cleric ? clergy : age < 7 ? innocent : age < 12 ? ofConfession : ofCommunion;
+    if (age < 7) {
+        dead.sacraments = tooYoung;
+    } else {
+        const int lot = random_.between(1, 100);
+        dead.sacraments = lot <= 75 ? allSacraments : lot <= 88 ? confessionOnly : suddenDeath;
+        dead.grave = random_.chance(70) ? "Dentro da igreja" : "No adro";
+    }
+    if (age >= 25) {
+        dead.will = random_.chance(18);
+        if (random_.chance(30)) dead.shroud = random_.chance(60) ? "Hábito de São Francisco" : "Lençol";
+    }
+    // The age told at the burial is all that is known of the birth of some newcomers.
+    if (!dead.birthKnown && dead.civilState != cleric && random_.chance(55)) {
+        dead.birthKnown = true;
+        dead.birthExact = false;
+        dead.birth = QDate(dead.birth.year(), 1, 1);
+    }
+}
+
+// The marriage of the dead ends; a widower may look for another wife.
+void Chronicle::leaveWidowed(const Person& dead)
+{
+    if (dead.civilState != married) return;
+    const auto family = std::find_if(parish_.families.rbegin(), parish_.families.rend(), [&](const Family& one) {
+        return one.situation == legitimateFamily &&
+               (one.husband.person == dead.number || one.wife.person == dead.number);
+    });
+    if (dead.deathKnown) family->seenTo = today_;
+    Person& other = person(family->husband.person == dead.number ? family->wife.person : family->husband.person);
+    if (!other.isPresent(today_)) return;
+    other.civilState = widowed;
+    other.widowedOn = today_;
+    if (other.sex == Sex::male && ageToday(other) < 55 && random_.chance(60))
+        after(150, 900, [this, number = other.number] { seekBride(number); });
+}
+
+} // namespace demo

@@ -1,0 +1,204 @@
+#include "demo.h"
+
+#include "platform/desktop/desktop.h"
+#include "platform/jet/recordset.h"
+#include "store/modBD.h"
+
+namespace demo {
+namespace {
+
+QString letter(Sex sex)
+{
+    return sex == Sex::male ? "m" : sex == Sex::female ? "f" : "d";
+}
+
+// What isn't known stays null.
+void put(jet::Recordset& row, const QString& field, const QString& value)
+{
+    if (!value.isEmpty()) row.set(field, value);
+}
+
+void put(jet::Recordset& row, const QString& field, int value)
+{
+    if (value != 0) row.set(field, value);
+}
+
+void put(jet::Recordset& row, const QString& field, QDate value)
+{
+    if (value.isValid()) row.set(field, value);
+}
+
+void put(jet::Recordset& row, const QString& code, const QString& level, const Place& place)
+{
+    put(row, code, place.code);
+    put(row, level, place.level);
+}
+
+// The parish stands in a real municipality, its localities and its neighbours on the working list.
+void writePlaces(jet::Connection& bdp)
+{
+    bdp.execute(QStringLiteral("insert into paroquia (codparoquia, nomeparoquia, codconcelho, prioridade) "
+                               "values ('%1', '%2', '%3', 2)")
+                    .arg(parishCode, parishName, municipality));
+    bdp.execute(
+        QStringLiteral("insert into infopar (cod, nome, Pais) values ('%1', '%2', 'PT')").arg(parishCode, parishName));
+    for (const QString& code : neighbours())
+        bdp.execute(QStringLiteral("update paroquia set prioridade = 1 where codparoquia = '%1'").arg(code));
+    for (int i = 0; i < localities().size(); ++i) {
+        const Locality& locality = localities()[i];
+        const QString code = parishCode + QStringLiteral("%1").arg(i + 1, 2, 10, QChar('0'));
+        bdp.execute(QStringLiteral("insert into lugar (codlugar, nomelugar, codparoquia, prioridade) "
+                                   "values ('%1', '%2', '%3', 1)")
+                        .arg(code, locality.name, parishCode));
+        for (int j = 0; j < locality.sites.size(); ++j)
+            bdp.execute(QStringLiteral("insert into sitio (codsitio, nomesitio, codlugar, prioridade) "
+                                       "values ('%1%2', '%3', '%1', 1)")
+                            .arg(code)
+                            .arg(j + 1, 2, 10, QChar('0'))
+                            .arg(locality.sites[j]));
+    }
+}
+
+void putBirth(jet::Recordset& row, const Person& person, const Parish& parish)
+{
+    if (person.birthKnown) row.set("datanasc", person.birth);
+    row.set("DnascFixa", person.birthKnown && person.birthExact);
+    put(row, "localnasc", "tipolocalnasc", person.birthPlace);
+    put(row, "filiacao", person.filiation);
+    put(row, "primpadrebapt", person.baptizedBy);
+    if (person.baptizedBy != 0) row.set("funcprimpbapt", parishPriest);
+    if (person.origin == 0) return;
+
+    const Family& family = parish.families[person.origin - 1];
+    const auto putParent = [&](const Spouse& spouse, const QString& age, const QString& state) {
+        if (spouse.person == 0) return;
+        const Person& parent = parish.person(spouse.person);
+        if (parent.birthKnown && parent.birthExact) row.set(age, completedYears(parent.birth, person.birth));
+        row.set(state, family.situation == legitimateFamily ? married : single);
+    };
+    putParent(family.husband, "idadepai", "estadocivilpai");
+    putParent(family.wife, "idademae", "estadocivilmae");
+}
+
+void putDeath(jet::Recordset& row, const Person& person)
+{
+    const int age = completedYears(person.birth, person.death);
+    row.set("dobitofixa", person.deathKnown && person.deathExact);
+    row.set("menor", person.deathKnown && age < 7);
+    row.set("testam", person.will);
+    row.set("escrit", false);
+    if (!person.deathKnown) return;
+    row.set("dataobito", person.death);
+    put(row, "localobito", "tipolocalobito", person.deathPlace);
+    put(row, "causa", person.cause);
+    if (person.birthKnown) row.set("idadeobito", age);
+    if (age >= 14) row.set("estadoobito", person.civilState);
+    put(row, "sacramentos", person.sacraments);
+    put(row, "classparoquial", person.parishClass);
+    row.set("primpadreobito", person.buriedBy);
+    row.set("funcprimpobito", parishPriest);
+    put(row, "mortalha", person.shroud);
+    put(row, "enterro", person.grave);
+}
+
+// The type of individual, by what is known of birth and death.
+QString typeOf(const Person& person)
+{
+    if (person.birthKnown) return person.deathKnown ? "4" : "1";
+    return person.deathKnown ? "2" : "3";
+}
+
+void writePeople(const Parish& parish, jet::Connection& bdp)
+{
+    jet::Recordset row(bdp, "select * from individuo");
+    for (const Person& person : parish.people) {
+        row.addNew();
+        row.set("nind", person.number);
+        row.set("nome", person.name);
+        row.set("tipo", typeOf(person));
+        row.set("sexo", letter(person.sex));
+        put(row, "famorig", person.origin);
+        put(row, "titulo", person.title);
+        put(row, "alcunha", person.nickname);
+        put(row, "inicioobs", person.seenFrom);
+        put(row, "fimobs", person.seenTo);
+        putBirth(row, person, parish);
+        putDeath(row, person);
+        put(row, "obs", person.notes);
+        row.update();
+    }
+}
+
+// The type of family, by what is known of the wife's birth, of both deaths and of the marriage; the births of all
+// children are known here.
+int typeOf(const Family& family, const Parish& parish)
+{
+    if (family.husband.person == 0 || family.wife.person == 0) return 7;
+    const Person& husband = parish.person(family.husband.person);
+    const Person& wife = parish.person(family.wife.person);
+    const bool bothDeaths = husband.deathKnown && wife.deathKnown;
+    if (family.wedding.isValid()) return bothDeaths ? (wife.birthKnown ? 1 : 2) : (wife.birthKnown ? 3 : 4);
+    return bothDeaths ? (wife.birthKnown ? 5 : 6) : 7;
+}
+
+void writeSpouse(const Spouse& spouse, const Family& family, const Parish& parish, jet::Recordset& row)
+{
+    if (spouse.person == 0) return;
+    const Person& person = parish.person(spouse.person);
+    row.addNew();
+    row.set("nfamilia", family.number);
+    row.set("nind", spouse.person);
+    if (family.wedding.isValid()) {
+        if (person.birthKnown) row.set("idade", completedYears(person.birth, family.wedding));
+        row.set("estadocivil", spouse.civilState);
+        row.set("numcasam", spouse.marriage);
+    }
+    row.update();
+}
+
+void writeFamilies(const Parish& parish, jet::Connection& bdp)
+{
+    jet::Recordset row(bdp, "select * from familia");
+    jet::Recordset spouses(bdp, "select * from familias");
+    for (const Family& family : parish.families) {
+        row.addNew();
+        row.set("nfamilia", family.number);
+        row.set("sfamilia", QString::number(family.situation));
+        row.set("tipocasal", typeOf(family, parish));
+        put(row, "datacasam", family.wedding);
+        row.set("dcasamfixa", family.wedding.isValid());
+        put(row, "localcasam", "tipolocalcasam", family.place);
+        put(row, "inicioobs", family.seenFrom);
+        put(row, "fimobs", family.seenTo);
+        put(row, "obs", family.notes);
+        put(row, "primpadrecasam", family.marriedBy);
+        if (family.marriedBy != 0) row.set("funcprimpcasam", parishPriest);
+        row.update();
+        writeSpouse(family.husband, family, parish, spouses);
+        writeSpouse(family.wife, family, parish, spouses);
+    }
+}
+
+} // namespace
+
+void write(const Parish& parish, jet::Connection& bdp)
+{
+    bdp.beginTrans();
+    writePlaces(bdp);
+    writePeople(parish, bdp);
+    writeFamilies(parish, bdp);
+    bdp.commitTrans();
+}
+
+void make(const QString& path, const QString& dataFolder)
+{
+    Desktop::setProgramFolder(dataFolder);
+    jet::createDatabase(path);
+    jet::Connection bdp;
+    bdp.open("Data Source=" + path);
+    CriaTabelas(bdp, dataFolder + "/CriarTab.dat");
+    CarregaDadosIniciais(bdp);
+    write(simulate(seed), bdp);
+}
+
+} // namespace demo
