@@ -4,9 +4,7 @@
 #include "ui_SplashForm.h"
 
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QScreen>
 
 SplashForm& splashForm()
 {
@@ -32,8 +30,6 @@ void SplashForm::Form_Load()
     ui->Label3->setText(textoDaVersao());
     readyToClose_ = false;
     Timer1.start(3 * 1000);
-    adjustSize();
-    move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
     display();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }

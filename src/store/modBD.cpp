@@ -5,23 +5,9 @@
 #include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
 
-#include <QFile>
 #include <QFileInfo>
 
-namespace {
-
-// Removes a BDP with what the engine may have left beside it, which the next BDP of that name would inherit.
-void removeDatabase(const QString& caminho)
-{
-    for (const char* sufixo : {"", "-journal", "-wal", "-shm"}) {
-        QFile ficheiro(caminho + sufixo);
-        if (ficheiro.exists() && !ficheiro.remove())
-            throw jet::Error{jet::number::permissionDenied,
-                             "Não é possível eliminar o ficheiro " + ficheiro.fileName() + "."};
-    }
-}
-
-} // namespace
+#include <algorithm>
 
 bool AbreBDP(const QString& caminho)
 {
@@ -43,7 +29,7 @@ void CriaBDP(const QString& caminho)
         if (QFileInfo::exists(caminho)) {
             if (!ask("Essa BDP já existe! Deseja substituí-la?", Icon::None)) return;
             cnBDP.close();
-            removeDatabase(caminho);
+            jet::removeDatabase(caminho);
         }
         Hourglass ampulheta;
         splashForm().showStep("A criar a BDP. Aguarde por favor ...");

@@ -6,39 +6,58 @@
 #include "store/modBD.h"
 
 #include <array>
+#include <memory>
 
 namespace {
 
 struct Destino
 {
     const char* ficheiro;
-    const char* abertura; // the statement up to the names of the columns
+    const char* tabela;
 };
 
 // By hierarchy, so that parents stand before their children.
 constexpr std::array locais{
-    Destino{"paises.dat", "insert into pais ("},        Destino{"zonas.dat", "insert into zonapais ("},
-    Destino{"distrito.dat", "insert into distrito ("},  Destino{"concelho.dat", "insert into concelho ("},
-    Destino{"freguesia.dat", "insert into paroquia ("}, Destino{"lugares.dat", "insert into lugar ("},
-    Destino{"sitio.dat", "insert into sitio ("},
+    Destino{"paises.dat", "pais"},       Destino{"zonas.dat", "zonapais"},     Destino{"distrito.dat", "distrito"},
+    Destino{"concelho.dat", "concelho"}, Destino{"freguesia.dat", "paroquia"}, Destino{"lugares.dat", "lugar"},
+    Destino{"sitio.dat", "sitio"},
 };
 constexpr std::array codigos{
-    Destino{"prof.dat", "insert into profissao ("},
-    Destino{"dados.dat", "insert into infocomplementar ("},
+    Destino{"prof.dat", "profissao"},
+    Destino{"dados.dat", "infocomplementar"},
 };
 
+using Insert = jet::Connection::Insert;
+
+// Null where the header isn't one of the table: the first row tells what is wrong.
+std::unique_ptr<Insert> preparedFor(jet::Connection& bdp, const QString& tabela, const QString& cabecalho)
+{
+    try {
+        return std::make_unique<Insert>(bdp, tabela, cabecalho.split(';'));
+    } catch (const jet::Error&) {
+        return nullptr;
+    }
+}
+
 // Loads a file whose first line names the columns and whose others are rows, all with ";" between the values. The
-// values are texts, with no escaping of any kind: the engine converts them.
+// values are texts, with no escaping of any kind: the engine converts them. A line that doesn't fit the header, or
+// holds an apostrophe, goes to the engine as the statement that it makes, so that the failure is the engine's own.
 void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
 {
     DataFile dados = DataFile::inProgramFolder(destino.ficheiro);
     if (dados.atEnd()) return;
     const QString cabecalho = dados.readLine();
-    const QString inicio = destino.abertura + QString(cabecalho).replace(';', ',') + ") values ('";
+    const QString inicio =
+        QStringLiteral("insert into %1 (%2) values ('").arg(destino.tabela, QString(cabecalho).replace(';', ','));
+    const auto prepared = preparedFor(bdp, destino.tabela, cabecalho);
+    const auto separators = cabecalho.count(';');
     while (!dados.atEnd()) {
         const QString linha = dados.readLine();
         try {
-            bdp.execute(inicio + QString(linha).replace(';', "','") + "')");
+            if (prepared && linha.count(';') == separators && !linha.contains('\''))
+                prepared->run(linha.split(';'));
+            else
+                bdp.execute(inicio + QString(linha).replace(';', "','") + "')");
         } catch (const jet::Error& erro) {
             throw dados.located(erro);
         }
