@@ -170,9 +170,9 @@ void Chronicle::bearOne(const Family& family, bool twin)
     }
     nameChild(child, family);
     if (twin)
-        child.notes = "Gémeo.";
+        child.notes = "De parto duplo.";
     else if (random_.chance(3))
-        child.notes = "Baptizado em casa por necessidade; recebeu depois os santos óleos na igreja.";
+        child.notes = "Baptismo em casa, por necessidade; santos óleos depois, na igreja.";
     planLife(child);
 }
 
