@@ -7,6 +7,8 @@
 
 #include <QFile>
 
+#include <sqlite3.h>
+
 namespace datafolder {
 namespace {
 
@@ -77,6 +79,17 @@ MadeBdp::MadeBdp()
 QStringList MadeBdp::rows(const QString& select)
 {
     return read(connection, select);
+}
+
+QString integrity(jet::Connection& bdp)
+{
+    QString answer;
+    const auto append = [](void* target, int, char** values, char**) {
+        *static_cast<QString*>(target) += QString::fromUtf8(values[0]);
+        return 0;
+    };
+    sqlite3_exec(bdp.handle(), "pragma integrity_check", append, &answer, nullptr);
+    return answer;
 }
 
 QStringList dump(jet::Connection& bdp)

@@ -50,14 +50,17 @@ public:
 
     jet::Connection connection;
 
-    // The first column of each row, as text; null is "null", columns beyond the first are joined by a bar.
+    // The rows of a select, their values joined by a bar; null is "null", a date is year-month-day.
     QStringList rows(const QString& select);
 
 private:
     QTemporaryDir folder_;
 };
 
-// Every row of every table of a file, in the order of the tables and their keys, as any tool of the engine reads them.
+// What the engine itself says of the file: "ok" where it is sound.
+QString integrity(jet::Connection& bdp);
+
+// Every row of every table, in the order of entry, a table's name before its rows.
 QStringList dump(jet::Connection& bdp);
 
 } // namespace datafolder

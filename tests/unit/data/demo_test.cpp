@@ -144,7 +144,7 @@ TEST(DemoParish, ComesOutTheSameFromTheSameSeed)
 
 TEST_F(DemoBdp, IsSoundAndKnowsItsParish)
 {
-    EXPECT_EQ(bdp_->rows("pragma integrity_check"), QStringList{"ok"});
+    EXPECT_EQ(integrity(bdp_->connection), "ok");
     EXPECT_EQ(bdp_->rows("select cod, nome, Pais from infopar"), QStringList{"030899|São Mamede da Ribeira|PT"});
     EXPECT_EQ(bdp_->rows("select codparoquia from paroquia where prioridade = 2"), QStringList{"030899"});
     EXPECT_FALSE(content("freguesia.dat").column("codparoquia").contains(parishCode));
