@@ -120,6 +120,7 @@ public:
 
     bool isLocked() const { return locked_; }
     void setLocked(bool locked);
+    void showPopup() override;
 
 signals:
     void clicked();
@@ -128,7 +129,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void showPopup() override;
 
 private:
     bool locked_ = false;

@@ -111,3 +111,329 @@ TEST_F(FocusTest, AClickIsLostWhereTheLeaveRoutineTakesTheFocusBack)
         EXPECT_FALSE(button->isDown());
     }
 }
+
+TEST_F(FocusTest, AClickIsLostWhereTheLeaveRoutineShutsTheButton)
+{
+    note(date, [this] {
+        showMessage("03 ----09");
+        button->setEnabled(false);
+    });
+    click(date);
+    log.clear();
+    Answer answer("OK");
+    clickThroughWindow(button);
+    EXPECT_EQ(log.filter("click"), QStringList());
+    EXPECT_FALSE(button->isDown());
+}
+
+TEST_F(FocusTest, ACheckBoxIsTickedAlthoughABoxCameUpOnTheWay)
+{
+    note(date, [] { showMessage("03 ----09"); });
+    click(date);
+    Answer answer("OK");
+    clickThroughWindow(check);
+    EXPECT_TRUE(check->isChecked());
+}
+
+TEST_F(FocusTest, TheKeyboardLeavesAFieldAsTheMouseDoes)
+{
+    note(date, [this] {
+        showMessage("Deve inserir uma data!");
+        Focus::setTo(date);
+    });
+    click(date);
+    log.clear();
+    Answer answer("OK");
+    QTest::keyClick(date, Qt::Key_Tab);
+    EXPECT_EQ(log, QStringList({"-mskData", "+mskData"}));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(date->hasFocus());
+    QTest::keyClicks(QApplication::focusWidget(), "09");
+    EXPECT_EQ(date->text(), "09/__/____");
+}
+
+TEST_F(FocusTest, ABoxOfTheProgramLeavesNothing)
+{
+    click(date);
+    log.clear();
+    Answer answer("OK");
+    showMessage("Deve inserir o nome!");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(log, QStringList());
+    EXPECT_TRUE(date->hasFocus());
+    Focus::setTo(first);
+    EXPECT_EQ(log, QStringList({"-mskData", "+txtPrimeiro"}));
+}
+
+TEST_F(FocusTest, TheFocusMovesAtOnceBehindABox)
+{
+    click(date);
+    log.clear();
+    Answer answer("OK");
+    showMessage("Deve inserir o nome!");
+    Focus::setTo(first); // the window isn't active again yet
+    EXPECT_EQ(log, QStringList({"-mskData", "+txtPrimeiro"}));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(log, QStringList({"-mskData", "+txtPrimeiro"}));
+    EXPECT_TRUE(first->hasFocus());
+}
+
+TEST_F(FocusTest, AnotherWindowOfTheDesktopLeavesNothing)
+{
+    click(date);
+    log.clear();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(log, QStringList());
+    EXPECT_TRUE(date->hasFocus());
+}
+
+TEST_F(FocusTest, APopupLeavesNothing)
+{
+    auto* combo = form->put<ComboBox>("cmbLoc");
+    combo->add("Sé -F- 030101");
+    note(combo, {});
+    Focus::setTo(combo);
+    log.clear();
+    combo->showPopup();
+    QCoreApplication::processEvents();
+    combo->hidePopup();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(log, QStringList());
+}
+
+TEST_F(FocusTest, AFieldDisabledUnderTheFocusIsNotLeftNorIsAnyOther)
+{
+    note(date, [] { ADD_FAILURE() << "a date field was left"; });
+    Focus::setTo(date);
+    log.clear();
+    date->setEnabled(false);
+    EXPECT_EQ(log, QStringList());
+    EXPECT_EQ(QApplication::focusWidget(), form);
+    date->setEnabled(true);
+    Focus::setTo(last);
+    EXPECT_EQ(log, QStringList("+txtFim"));
+}
+
+TEST_F(FocusTest, TheFocusPassesByADateFieldWhenTheFieldBeforeItIsDisabled)
+{
+    Focus::setTo(first);
+    log.clear();
+    first->setEnabled(false);
+    EXPECT_EQ(log, QStringList());
+    QTest::keyClick(form, Qt::Key_Tab);
+    EXPECT_EQ(log, QStringList("+mskData"));
+}
+
+TEST_F(FocusTest, AHiddenFieldIsNotLeft)
+{
+    Focus::setTo(date);
+    log.clear();
+    date->hide();
+    EXPECT_EQ(log, QStringList());
+    EXPECT_EQ(QApplication::focusWidget(), form);
+}
+
+TEST_F(FocusTest, ReleasingTheFocusLeavesTheField)
+{
+    Focus::setTo(date);
+    log.clear();
+    Focus::release();
+    EXPECT_EQ(log, QStringList("-mskData"));
+    EXPECT_EQ(QApplication::focusWidget(), form);
+}
+
+TEST_F(FocusTest, AnAcceleratorMovesTheFocusAndThenClicks)
+{
+    click(date);
+    log.clear();
+    QTest::keyClick(date, Qt::Key_I, Qt::AltModifier);
+    EXPECT_EQ(log, QStringList({"-mskData", "+cmdIns", "click"}));
+}
+
+TEST_F(FocusTest, AnAcceleratorDoesNotClickWhereTheFocusWasTakenBack)
+{
+    note(date, [this] {
+        showMessage("Deve inserir uma data!");
+        Focus::setTo(date);
+    });
+    click(date);
+    log.clear();
+    Answer answer("OK");
+    QTest::keyClick(date, Qt::Key_I, Qt::AltModifier);
+    QTest::qWait(150);
+    EXPECT_EQ(log, QStringList({"-mskData", "+mskData"}));
+}
+
+TEST_F(FocusTest, ReturnClicksTheButtonThatHasTheFocus)
+{
+    Focus::setTo(button);
+    log.clear();
+    QTest::keyClick(button, Qt::Key_Return);
+    QTest::keyClick(button, Qt::Key_Space);
+    EXPECT_EQ(log, QStringList({"click", "click"}));
+}
+
+TEST_F(FocusTest, AClickBesideTheFieldsMovesNothing)
+{
+    auto* label = form->put<QLabel>("lbl");
+    QCoreApplication::processEvents();
+    Focus::setTo(date);
+    log.clear();
+    clickThroughWindow(label);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, form->mapTo(&window, QPoint(2, 2)));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, form->parentWidget()->mapTo(&window, QPoint(60, 8)));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(log, QStringList());
+    EXPECT_TRUE(date->hasFocus());
+}
+
+TEST_F(FocusTest, MovingToAnotherFormLeavesTheField)
+{
+    TestForm* other = make("frmB", [](TestForm& made) { made.put<TextBox>("txtOutro"); });
+    Focus::setTo(date);
+    log.clear();
+    other->display();
+    EXPECT_EQ(log, QStringList("-mskData"));
+    form->display();
+    EXPECT_EQ(log, QStringList({"-mskData", "+mskData"}));
+}
+
+TEST_F(FocusTest, AFieldOfAFormThatIsDisabledIsNotLeft)
+{
+    TestForm* other = make("frmB", [](TestForm& made) { made.put<TextBox>("txtOutro"); });
+    Focus::setTo(date);
+    log.clear();
+    form->setEnabled(false);
+    other->display();
+    EXPECT_EQ(log, QStringList());
+    other->unload();
+    form->setEnabled(true);
+    form->setFocusToForm();
+    EXPECT_TRUE(date->hasFocus());
+    EXPECT_EQ(log, QStringList("+mskData"));
+}
+
+TEST_F(FocusTest, AClickInAnotherFormIsLostWhereTheFieldKeepsTheFocus)
+{
+    CommandButton* there = nullptr;
+    TestForm* other = make("frmB", [&](TestForm& made) { there = made.put<CommandButton>("cmdOutro"); });
+    other->display();
+    other->parentWidget()->move(500, 300);
+    form->display();
+    note(date, [this] {
+        showMessage("Deve inserir uma data!");
+        Focus::setTo(date);
+    });
+    QObject::connect(there, &QPushButton::clicked, [] { ADD_FAILURE() << "clicked"; });
+    Focus::setTo(date);
+    Answer answer("OK");
+    clickThroughWindow(there);
+    EXPECT_EQ(answer.given, 1);
+    EXPECT_TRUE(form->isActive());
+    EXPECT_TRUE(date->hasFocus());
+}
+
+TEST_F(FocusTest, ASplashLeavesNothing)
+{
+    Forms::add("SplashForm", [] { return new TestForm("SplashForm", Form::Window::Own); });
+    Focus::setTo(date);
+    log.clear();
+    Form* splash = Forms::show("SplashForm");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(splash));
+    splash->unload();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(log, QStringList());
+}
+
+namespace {
+
+class PagesTest : public House
+{
+protected:
+    PagesTest()
+    {
+        form = make("frmA", [this](TestForm& made) {
+            head = made.put<TextBox>("txtCabeca");
+            pages = made.put<QTabWidget>("SST");
+            for (int i = 0; i < 3; ++i) {
+                auto* page = new QWidget;
+                auto* layout = new QVBoxLayout(page);
+                field[i] = new TextBox;
+                field[i]->setObjectName(QStringLiteral("txt%1").arg(i));
+                layout->addWidget(field[i]);
+                pages->addTab(page, QStringList({"nasci&Mento", "rela&Ções", "ó&Bito"}).at(i));
+                Focus::watch(
+                    field[i], [this, i] { log << QStringLiteral("+%1").arg(i); },
+                    [this, i] {
+                        log << QStringLiteral("-%1").arg(i);
+                        if (refuse) Focus::setTo(field[i]);
+                    });
+            }
+        });
+        form->display();
+        Focus::setTo(field[0]);
+        log.clear();
+    }
+
+    void clickTab(int index)
+    {
+        QTabBar* bar = pages->tabBar();
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, bar->mapTo(&window, bar->tabRect(index).center()));
+    }
+
+    TestForm* form = nullptr;
+    TextBox* head = nullptr;
+    TextBox* field[3] = {};
+    QTabWidget* pages = nullptr;
+    bool refuse = false;
+    QStringList log;
+};
+
+} // namespace
+
+TEST_F(PagesTest, TurningThePageWithTheMouseLeavesTheField)
+{
+    clickTab(2);
+    EXPECT_EQ(log, QStringList("-0"));
+    EXPECT_EQ(pages->currentIndex(), 2);
+}
+
+TEST_F(PagesTest, TurningThePageWithItsAcceleratorLeavesTheField)
+{
+    QTest::keyClick(field[0], Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(log, QStringList("-0"));
+    EXPECT_EQ(pages->currentIndex(), 2);
+}
+
+TEST_F(PagesTest, ThePageStaysWhereTheFieldKeepsTheFocus)
+{
+    refuse = true;
+    clickTab(2);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_B, Qt::AltModifier);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(pages->currentIndex(), 0);
+    EXPECT_TRUE(field[0]->hasFocus());
+    EXPECT_EQ(log, QStringList({"-0", "+0", "-0", "+0", "-0", "+0"}));
+}
+
+TEST_F(PagesTest, SettingTheFocusTurnsToThePageOfTheField)
+{
+    Focus::setTo(field[2]);
+    EXPECT_EQ(pages->currentIndex(), 2);
+    EXPECT_TRUE(field[2]->hasFocus());
+    EXPECT_EQ(log, QStringList({"-0", "+2"}));
+}
+
+TEST_F(PagesTest, TheFocusStaysWhereAPageIsTurnedByTheProgram)
+{
+    Focus::setTo(head);
+    log.clear();
+    pages->setCurrentIndex(1);
+    EXPECT_TRUE(head->hasFocus());
+    EXPECT_EQ(log, QStringList());
+}

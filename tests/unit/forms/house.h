@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMessageBox>

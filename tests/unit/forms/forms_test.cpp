@@ -1,0 +1,283 @@
+#include "forms/house.h"
+
+#include <QMdiSubWindow>
+#include <QTabWidget>
+
+namespace {
+
+class FormsTest : public House
+{
+protected:
+    static QMdiSubWindow* frameOf(Form* form) { return qobject_cast<QMdiSubWindow*>(form->parentWidget()); }
+
+    static void oneField(TestForm& form) { form.put<TextBox>("txtNome"); }
+
+    static QStringList names()
+    {
+        QStringList result;
+        for (const QWidget* window : Forms::loaded())
+            result << window->objectName();
+        return result;
+    }
+
+    static void settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+};
+
+} // namespace
+
+TEST_F(FormsTest, FormsStandInTheOrderOfTheirLoadingBehindTheMainWindow)
+{
+    TestForm* b = make("frmB");
+    make("frmA");
+    b->display();
+    Forms::show("frmB");
+    EXPECT_EQ(names(), QStringList({"frmORV", "frmB", "frmA"}));
+    b->conceal();
+    EXPECT_EQ(names(), QStringList({"frmORV", "frmB", "frmA"}));
+    b->unload();
+    EXPECT_EQ(names(), QStringList({"frmORV", "frmA"}));
+    Forms::load("frmB");
+    EXPECT_EQ(names(), QStringList({"frmORV", "frmA", "frmB"}));
+}
+
+TEST_F(FormsTest, ANameWithoutAFormDoesNothing)
+{
+    EXPECT_EQ(Forms::show("frmFam"), nullptr);
+    EXPECT_EQ(Forms::load("frmFam"), nullptr);
+    EXPECT_FALSE(Forms::exists("frmFam"));
+    make("frmA");
+    EXPECT_EQ(Forms::find("FRMA"), nullptr);
+}
+
+TEST_F(FormsTest, LoadingDoesNotShow)
+{
+    TestForm* form = make("frmA");
+    EXPECT_FALSE(form->isShown());
+    form->display();
+    EXPECT_TRUE(form->isShown());
+    EXPECT_TRUE(form->isActive());
+}
+
+TEST_F(FormsTest, AnErrorInTheLoadUndoesItAndGoesOnToTheCaller)
+{
+    Forms::add("frmA", [] {
+        auto* form = new TestForm("frmA");
+        form->onLoad = [] { throw std::runtime_error("sem ligação"); };
+        return form;
+    });
+    EXPECT_THROW(Forms::show("frmA"), std::runtime_error);
+    EXPECT_FALSE(Forms::isLoaded("frmA"));
+    settle();
+    EXPECT_TRUE(area->subWindowList().isEmpty());
+}
+
+TEST_F(FormsTest, AHiddenFormComesBackWhereItStoodAndAsLargeAsItWas)
+{
+    TestForm* form = make("frmA", oneField);
+    form->display();
+    frameOf(form)->setGeometry(120, 90, 400, 300);
+    form->conceal();
+    EXPECT_FALSE(form->isShown());
+    EXPECT_FALSE(frameOf(form)->isVisible());
+    form->display();
+    EXPECT_EQ(frameOf(form)->geometry(), QRect(120, 90, 400, 300));
+}
+
+TEST_F(FormsTest, AFormIsFirstAsLargeAsItsContentsWant)
+{
+    TestForm* form = make("frmA", [](TestForm& made) { made.put<QLabel>("lbl")->setMinimumSize(340, 210); });
+    form->display();
+    EXPECT_EQ(form->size(), form->sizeHint());
+}
+
+TEST_F(FormsTest, TheAreaScrollsToAFormThatIsLargerThanItself)
+{
+    TestForm* form = make("frmA", [](TestForm& made) { made.put<QLabel>("lbl")->setMinimumSize(1500, 900); });
+    form->display();
+    QCoreApplication::processEvents();
+    EXPECT_GE(form->width(), 1500);
+    EXPECT_TRUE(area->findChild<QScrollBar*>() != nullptr);
+    bool scrolls = false;
+    for (const QScrollBar* bar : area->findChildren<QScrollBar*>())
+        scrolls |= bar->isVisible() && bar->maximum() > 0;
+    EXPECT_TRUE(scrolls);
+}
+
+TEST_F(FormsTest, TheCloseBoxAsksTheFormAndMayBeRefused)
+{
+    QList<Form::UnloadMode> asked;
+    bool agrees = false;
+    TestForm* form = make("frmA");
+    form->onQuery = [&](Form::UnloadMode mode) { return asked << mode, agrees; };
+    form->display();
+    frameOf(form)->close();
+    EXPECT_TRUE(Forms::isLoaded("frmA"));
+    EXPECT_TRUE(form->isShown());
+    agrees = true;
+    frameOf(form)->close();
+    EXPECT_FALSE(Forms::isLoaded("frmA"));
+    EXPECT_EQ(asked, QList({Form::UnloadMode::ControlMenu, Form::UnloadMode::ControlMenu}));
+    settle();
+    EXPECT_TRUE(area->subWindowList().isEmpty());
+}
+
+TEST_F(FormsTest, TheCloseBoxOfADisabledFormDoesNothing)
+{
+    TestForm* form = make("frmA");
+    form->display();
+    form->setEnabled(false);
+    frameOf(form)->close();
+    EXPECT_TRUE(Forms::isLoaded("frmA"));
+}
+
+TEST_F(FormsTest, AFormMayUnloadItselfInItsOwnHandler)
+{
+    CommandButton* button = nullptr;
+    TestForm* form = make("frmA", [&](TestForm& made) { button = made.put<CommandButton>("cmdFechar"); });
+    QPointer<Form> watched = form;
+    QObject::connect(button, &QPushButton::clicked, form, [form] {
+        form->unload();
+        EXPECT_FALSE(Forms::isLoaded("frmA"));
+        EXPECT_FALSE(form->isShown());
+        EXPECT_EQ(form->caption(), "");
+    });
+    form->display();
+    QTest::mouseClick(button, Qt::LeftButton);
+    settle();
+    EXPECT_TRUE(watched.isNull());
+}
+
+TEST_F(FormsTest, AFormUnloadedAndTouchedAgainIsANewOne)
+{
+    Form* form = make("frmA");
+    form->unload();
+    EXPECT_NE(Forms::load("frmA"), form);
+}
+
+TEST_F(FormsTest, UnloadingAllAsksInTheOrderOfLoadingAndTakesWhatTheUnloadsLoad)
+{
+    QStringList gone;
+    const auto leaves = [&](TestForm& form) { form.onUnload = [&gone, &form] { gone << form.name(); }; };
+    make("frmA", leaves)->onUnload = [&] {
+        gone << "frmA";
+        EXPECT_TRUE(Forms::isUnloadingAll());
+        Forms::load("frmC");
+    };
+    make("frmB", leaves);
+    make("frmC", leaves);
+    Forms::find("frmC")->unload();
+    gone.clear();
+    Forms::unloadAll();
+    EXPECT_EQ(gone, QStringList({"frmA", "frmB", "frmC"}));
+    EXPECT_EQ(names(), QStringList("frmORV"));
+    EXPECT_FALSE(Forms::isUnloadingAll());
+}
+
+TEST_F(FormsTest, UnloadingAllLeavesAFormThatRefuses)
+{
+    QList<Form::UnloadMode> asked;
+    make("frmA")->onQuery = [&](Form::UnloadMode mode) { return asked << mode, false; };
+    make("frmB");
+    Forms::unloadAll(Form::UnloadMode::Application);
+    EXPECT_EQ(names(), QStringList({"frmORV", "frmA"}));
+    EXPECT_EQ(asked, QList({Form::UnloadMode::Application}));
+}
+
+TEST_F(FormsTest, TheFormBelowBecomesActiveWhenOneIsHiddenOrUnloaded)
+{
+    for (const bool unloads : {false, true}) {
+        TestForm* below = make("frmA", oneField);
+        TestForm* above = make("frmB", oneField);
+        make("frmC")->conceal();
+        below->display();
+        above->display();
+        unloads ? static_cast<void>(above->unload()) : above->conceal();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(below->isActive()) << unloads;
+        EXPECT_TRUE(below->isAncestorOf(QApplication::focusWidget())) << unloads;
+    }
+}
+
+TEST_F(FormsTest, AFormGetsTheFocusBackOnTheControlThatHadIt)
+{
+    CommandButton* button = nullptr;
+    TestForm* caller = make("frmA", [&](TestForm& form) {
+        oneField(form);
+        button = form.put<CommandButton>("cmdLoc");
+    });
+    TestForm* called = make("frmB", oneField);
+    caller->display();
+    Focus::setTo(button);
+    caller->setEnabled(false);
+    called->display();
+    EXPECT_FALSE(button->hasFocus());
+    called->unload();
+    caller->setEnabled(true);
+    caller->setFocusToForm();
+    EXPECT_TRUE(caller->isActive());
+    EXPECT_TRUE(button->hasFocus());
+}
+
+TEST_F(FormsTest, ADisabledFormKeepsItsTitleBar)
+{
+    TestForm* form = make("frmA", oneField);
+    form->display();
+    form->setEnabled(false);
+    EXPECT_TRUE(frameOf(form)->isEnabled());
+    EXPECT_FALSE(form->findChild<QWidget*>("txtNome")->isEnabled());
+}
+
+TEST_F(FormsTest, ADisabledFormIsShownAllTheSame)
+{
+    TestForm* form = make("frmA", oneField);
+    form->setEnabled(false);
+    form->display();
+    EXPECT_TRUE(form->isShown());
+    EXPECT_FALSE(form->isEnabled());
+}
+
+TEST_F(FormsTest, AClickOnADisabledFormDoesNotBringItToTheFront)
+{
+    TestForm* caller = make("frmA", oneField);
+    TestForm* called = make("frmB", oneField);
+    caller->display();
+    frameOf(caller)->move(0, 0);
+    called->display();
+    frameOf(called)->move(300, 300);
+    caller->setEnabled(false);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, frameOf(caller)->mapTo(&window, QPoint(40, 8)));
+    EXPECT_TRUE(called->isActive());
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, caller->mapTo(&window, caller->rect().center()));
+    EXPECT_TRUE(called->isActive());
+    caller->setEnabled(true);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, frameOf(caller)->mapTo(&window, QPoint(40, 8)));
+    EXPECT_TRUE(caller->isActive());
+}
+
+TEST_F(FormsTest, TheCaptionStandsInTheTitleBar)
+{
+    TestForm* form = make("frmA");
+    form->setCaption("Localização");
+    EXPECT_EQ(frameOf(form)->windowTitle(), "Localização");
+}
+
+TEST_F(FormsTest, AFormOfItsOwnStandsInTheMiddleOfTheScreen)
+{
+    Forms::add("SplashForm", [] {
+        auto* form = new TestForm("SplashForm", Form::Window::Own);
+        form->put<QLabel>("lblEst")->setMinimumSize(300, 100);
+        return form;
+    });
+    Form* splash = Forms::show("SplashForm");
+    EXPECT_TRUE(splash->isWindow());
+    EXPECT_TRUE(splash->isShown());
+    const QPoint off = splash->geometry().center() - splash->screen()->availableGeometry().center();
+    EXPECT_LE(off.manhattanLength(), 2);
+    EXPECT_EQ(names(), QStringList({"frmORV", "SplashForm"}));
+    splash->unload();
+    EXPECT_EQ(names(), QStringList("frmORV"));
+}
