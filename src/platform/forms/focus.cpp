@@ -71,6 +71,8 @@ public:
 
     void drop(const QWidget* form)
     {
+        if (quiet_)
+            return;
         const auto within = [form](const QWidget* widget) { return widget && form->isAncestorOf(widget); };
         if (within(holder_)) holder_ = nullptr;
         if (within(current_)) current_ = nullptr;

@@ -28,6 +28,13 @@ protected:
         if (form_->isEnabled()) form_->unload(Form::UnloadMode::ControlMenu);
     }
 
+    // The window goes with the form that is hidden; one that is only rolled up into its title bar stays.
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (object == form_ && event->type() == QEvent::HideToParent && !isMinimized() && !isShaded()) hide();
+        return QMdiSubWindow::eventFilter(object, event);
+    }
+
 private:
     Form* form_;
 };

@@ -376,6 +376,7 @@ protected:
             }
         });
         form->display();
+        QCoreApplication::processEvents();
         Focus::setTo(field[0]);
         log.clear();
     }
