@@ -5,9 +5,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QHash>
-#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QShortcutEvent>
@@ -71,8 +71,7 @@ public:
 
     void drop(const QWidget* form)
     {
-        if (quiet_)
-            return;
+        if (quiet_) return;
         const auto within = [form](const QWidget* widget) { return widget && form->isAncestorOf(widget); };
         if (within(holder_)) holder_ = nullptr;
         if (within(current_)) current_ = nullptr;
@@ -97,9 +96,6 @@ protected:
             return formOf(widget) && press(widget, static_cast<QMouseEvent*>(event));
         case QEvent::Shortcut:
             return formOf(widget) && shortcut(widget, static_cast<QShortcutEvent*>(event));
-        case QEvent::KeyPress:
-            return formOf(widget) && turnsPage(widget, static_cast<QKeyEvent*>(event)) &&
-                   !keeps(static_cast<QTabWidget*>(widget)->tabBar(), Qt::TabFocusReason);
         case QEvent::Wheel: // a page that turns without the focus would take a field away without its being left
             return qobject_cast<QTabBar*>(widget) && formOf(widget);
         default:
@@ -200,12 +196,6 @@ private:
         if (!button || event->isAmbiguous() || event->shortcutId() == 0) return false;
         if (keeps(button, Qt::ShortcutFocusReason)) button->click();
         return true;
-    }
-
-    static bool turnsPage(QWidget* widget, const QKeyEvent* event)
-    {
-        return qobject_cast<QTabWidget*>(widget) && (event->modifiers() & Qt::ControlModifier) &&
-               (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab);
     }
 
     QHash<QObject*, Watch> watches_;

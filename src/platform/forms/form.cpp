@@ -31,11 +31,23 @@ protected:
     // The window goes with the form that is hidden; one that is only rolled up into its title bar stays.
     bool eventFilter(QObject* object, QEvent* event) override
     {
-        if (object == form_ && event->type() == QEvent::HideToParent && !isMinimized() && !isShaded()) hide();
+        if (object == form_ && event->type() == QEvent::HideToParent && !isMinimized() && !isShaded()) {
+            const bool active = mdiArea()->currentSubWindow() == this;
+            hide();
+            if (active && !Forms::isUnloadingAll()) activateNext();
+        }
         return QMdiSubWindow::eventFilter(object, event);
     }
 
 private:
+    // The form that was active before comes forward again.
+    void activateNext()
+    {
+        const QList<QMdiSubWindow*> history = mdiArea()->subWindowList(QMdiArea::ActivationHistoryOrder);
+        for (auto next = history.crbegin(); next != history.crend(); ++next)
+            if (auto* form = qobject_cast<Form*>((*next)->widget()); form && form->isVisible()) return form->display();
+    }
+
     Form* form_;
 };
 

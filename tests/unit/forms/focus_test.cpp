@@ -18,6 +18,7 @@ protected:
             button = made.put<CommandButton>("cmdIns");
             button->setText(QStringLiteral("&Inserir"));
             check = made.put<QCheckBox>("chk");
+            check->setText(QStringLiteral("Data Fixa?"));
             last = made.put<TextBox>("txtFim");
         });
         for (QWidget* field : {static_cast<QWidget*>(first), static_cast<QWidget*>(date), static_cast<QWidget*>(button),
@@ -25,6 +26,7 @@ protected:
             note(field, {});
         QObject::connect(button, &QPushButton::clicked, [this] { log << "click"; });
         form->display();
+        QCoreApplication::processEvents();
         log.clear();
     }
 
@@ -360,6 +362,7 @@ protected:
         form = make("frmA", [this](TestForm& made) {
             head = made.put<TextBox>("txtCabeca");
             pages = made.put<QTabWidget>("SST");
+            pages->setMinimumWidth(400);
             for (int i = 0; i < 3; ++i) {
                 auto* page = new QWidget;
                 auto* layout = new QVBoxLayout(page);
@@ -416,10 +419,9 @@ TEST_F(PagesTest, ThePageStaysWhereTheFieldKeepsTheFocus)
     refuse = true;
     clickTab(2);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_B, Qt::AltModifier);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(pages->currentIndex(), 0);
     EXPECT_TRUE(field[0]->hasFocus());
-    EXPECT_EQ(log, QStringList({"-0", "+0", "-0", "+0", "-0", "+0"}));
+    EXPECT_EQ(log, QStringList({"-0", "+0", "-0", "+0"}));
 }
 
 TEST_F(PagesTest, SettingTheFocusTurnsToThePageOfTheField)
