@@ -1,0 +1,215 @@
+#include "language.h"
+
+#include "database.h"
+#include "expectations.h"
+#include "failure.h"
+#include "hands.h"
+#include "sight.h"
+#include "text1252.h"
+
+#include "platform/forms/forms.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+void writeFile(Stage& stage, const QString& path, const QStringList& lines)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) fail(path + " can't be written: " + file.errorString());
+    for (const QString& line : lines)
+        file.write(to1252(stage.filled(line)) + "\r\n");
+    stage.touched(path);
+}
+
+void removeFile(Stage& stage, const QString& path)
+{
+    if (!QFile::remove(path)) fail(path + " can't be removed");
+    stage.touched(path);
+}
+
+void makeReadOnly(Stage& stage, const QString& path)
+{
+    constexpr auto writing = QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+    if (!QFile::setPermissions(path, QFile::permissions(path) & ~writing)) fail("there is no " + path);
+    stage.touched(path);
+}
+
+void use(Stage& stage, const QString& path)
+{
+    stage.state.bdp = path;
+    stage.save();
+}
+
+void makeBdp(Stage& stage, const QString& path, bool bare)
+{
+    stage.makeBdp(path, bare);
+    use(stage, path);
+}
+
+void answer(Stage& stage, bool yes)
+{
+    stage.state.answers.append(yes);
+    stage.save();
+}
+
+void pick(Stage& stage, const QString& path)
+{
+    stage.state.picks.append(path);
+    stage.save();
+}
+
+void open(Stage& stage, const QString& name)
+{
+    stage.needsProgram();
+    if (!Forms::exists(name)) fail(name + " is no form of the program");
+    Forms::show(name);
+    stage.settle();
+}
+
+void picture(Stage& stage, const QString& path)
+{
+    stage.needsProgram();
+    if (!Forms::mainWindow()->grab().save(path)) fail(path + " can't be written");
+}
+
+QString formCaption(Stage& stage, const QString& name)
+{
+    stage.needsProgram();
+    const QWidget* form = Lookup::form(name);
+    if (!form) fail(name + (Forms::exists(name) ? " isn't loaded" : " is no form of the program"));
+    return form->windowTitle();
+}
+
+Target seen(const Play& p)
+{
+    p.stage.needsProgram();
+    return Lookup::target(p.word(0));
+}
+
+void expectExists(const QString& path, bool exists)
+{
+    if (QFileInfo::exists(path) != exists) fail(path + (exists ? " is missing" : " exists"));
+}
+
+void expectEnded(const Stage& stage)
+{
+    if (!stage.state.ended) fail("the program has not ended");
+}
+
+} // namespace
+
+const QList<StepForm>& language()
+{
+    static const QList<StepForm> steps{
+        {"bdp TEXT", [](Play& p) { makeBdp(p.stage, p.path(0), false); }},
+        {"bdp TEXT bare", [](Play& p) { makeBdp(p.stage, p.path(0), true); }},
+        {"exec TEXT", [](Play& p) { Database::exec(p.stage.state.bdp, p.text(0)); }},
+        {"use TEXT", [](Play& p) { use(p.stage, p.path(0)); }},
+        {"file TEXT ...", [](Play& p) { writeFile(p.stage, p.path(0), p.step.body); }},
+        {"remove TEXT", [](Play& p) { removeFile(p.stage, p.path(0)); }},
+        {"readonly TEXT", [](Play& p) { makeReadOnly(p.stage, p.path(0)); }},
+
+        {"start", [](Play& p) { p.stage.start({}); }},
+        {"start TEXT", [](Play& p) { p.stage.start(p.path(0)); }},
+        {"start raw TEXT", [](Play& p) { p.stage.start(p.text(0)); }},
+        {"restart", [](Play& p) { p.stage.start({}); }},
+        {"restart TEXT", [](Play& p) { p.stage.start(p.path(0)); }},
+        {"restart raw TEXT", [](Play& p) { p.stage.start(p.text(0)); }},
+        {"menu MENU", [](Play& p) { Hands::menu(p.stage, p.word(0)); }},
+        {"click CONTROL", [](Play& p) { Hands::click(p.stage, p.word(0)); }},
+        {"enter CONTROL TEXT", [](Play& p) { Hands::enter(p.stage, p.word(0), p.text(1)); }},
+        {"type CONTROL TEXT", [](Play& p) { Hands::type(p.stage, p.word(0), p.text(1)); }},
+        {"focus CONTROL", [](Play& p) { Hands::focus(p.stage, p.word(0)); }},
+        {"key KEY", [](Play& p) { Hands::key(p.stage, p.word(0)); }},
+        {"choose CONTROL TEXT", [](Play& p) { Hands::chooseText(p.stage, p.word(0), p.text(1)); }},
+        {"choose CONTROL NUMBER", [](Play& p) { Hands::chooseIndex(p.stage, p.word(0), p.number(1)); }},
+        {"check CONTROL", [](Play& p) { Hands::setChecked(p.stage, p.word(0), true); }},
+        {"uncheck CONTROL", [](Play& p) { Hands::setChecked(p.stage, p.word(0), false); }},
+        {"row CONTROL NUMBER", [](Play& p) { Hands::row(p.stage, p.word(0), p.number(1)); }},
+        {"dblclick CONTROL NUMBER", [](Play& p) { Hands::doubleClick(p.stage, p.word(0), p.number(1)); }},
+        {"close NAME", [](Play& p) { Hands::close(p.stage, p.word(0)); }},
+        {"answer yes", [](Play& p) { answer(p.stage, true); }},
+        {"answer no", [](Play& p) { answer(p.stage, false); }},
+        {"pick TEXT", [](Play& p) { pick(p.stage, p.path(0)); }},
+        {"pick cancel", [](Play& p) { pick(p.stage, {}); }},
+        {"splash keep", [](Play& p) { p.stage.state.splashKept = true; }},
+        {"open NAME", [](Play& p) { open(p.stage, p.word(0)); }},
+        {"run MENU", [](Play& p) { Hands::runSwitchedOff(p.stage, p.word(0)); }},
+        {"shot TEXT", [](Play& p) { picture(p.stage, p.path(0)); }},
+
+        {"expect ended", [](Play& p) { expectEnded(p.stage); }},
+        {"expect error", [](Play& p) { Expect::error(p.stage, {}); }},
+        {"expect error like TEXT", [](Play& p) { Expect::error(p.stage, p.text(0)); }},
+        {"expect no message", [](Play& p) { Expect::noMessage(p.stage); }},
+        {"expect message TEXT", [](Play& p) { Expect::message(p.stage, p.text(0)); }},
+        {"expect message TEXT icon ICON", [](Play& p) { Expect::message(p.stage, p.text(0), p.word(1)); }},
+        {"expect message TEXT title TEXT", [](Play& p) { Expect::message(p.stage, p.text(0), {}, p.text(1)); }},
+        {"expect message TEXT icon ICON title TEXT",
+         [](Play& p) { Expect::message(p.stage, p.text(0), p.word(1), p.text(2)); }},
+        {"expect message TEXT title TEXT icon ICON",
+         [](Play& p) { Expect::message(p.stage, p.text(0), p.word(2), p.text(1)); }},
+        {"expect opened TEXT", [](Play& p) { Expect::opened(p.stage, p.text(0)); }},
+        {"expect nothing opened", [](Play& p) { Expect::nothingOpened(p.stage); }},
+        {"expect sql TEXT none", [](Play& p) { Expect::sql(p.stage, p.text(0), {}); }},
+        {"expect sql TEXT TEXT+", [](Play& p) { Expect::sql(p.stage, p.text(0), p.from(1)); }},
+        {"expect file TEXT exists", [](Play& p) { expectExists(p.path(0), true); }},
+        {"expect file TEXT missing", [](Play& p) { expectExists(p.path(0), false); }},
+        {"expect file TEXT has TEXT", [](Play& p) { Expect::fileHas(p.path(0), p.text(1)); }},
+
+        {"expect NAME is FORMSTATE+", [](Play& p) { Expect::formStates(p.stage, p.from(0)); }},
+        {"expect NAME caption TEXT",
+         [](Play& p) { Expect::equal("the caption of " + p.word(0), formCaption(p.stage, p.word(0)), p.text(1)); }},
+        {"expect CONTROL TEXT", [](Play& p) { Expect::equal(p.word(0), Sight::text(seen(p)), p.text(1)); }},
+        {"expect CONTROL like TEXT", [](Play& p) { Expect::like(p.word(0), Sight::text(seen(p)), p.text(1)); }},
+        {"expect CONTROL is STATE+", [](Play& p) { Expect::states(p.stage, p.from(0)); }},
+        {"expect CONTROL color NUMBER NUMBER NUMBER",
+         [](Play& p) { Expect::color(p.stage, p.word(0), p.number(1), p.number(2), p.number(3)); }},
+        {"expect CONTROL entries NUMBER",
+         [](Play& p) {
+             Expect::number("the number of entries of " + p.word(0), Sight::entries(seen(p)), p.number(1));
+         }},
+        {"expect CONTROL entry NUMBER TEXT",
+         [](Play& p) {
+             Expect::equal("entry " + p.word(1) + " of " + p.word(0), Sight::entry(seen(p), p.number(1)), p.text(2));
+         }},
+        {"expect CONTROL item NUMBER NUMBER",
+         [](Play& p) {
+             Expect::number("the item number of entry " + p.word(1) + " of " + p.word(0),
+                            Sight::itemData(seen(p), p.number(1)), p.number(2));
+         }},
+        {"expect CONTROL index NUMBER",
+         [](Play& p) { Expect::number("the index of " + p.word(0), Sight::chosen(seen(p)), p.number(1)); }},
+        {"expect CONTROL rows NUMBER",
+         [](Play& p) { Expect::number("the number of rows of " + p.word(0), Sight::rows(seen(p)), p.number(1)); }},
+        {"expect CONTROL row NUMBER CELL+", [](Play& p) { Expect::row(p.stage, p.word(0), p.number(1), p.from(2)); }},
+        {"expect CONTROL current NUMBER",
+         [](Play& p) { Expect::number("the current row of " + p.word(0), Sight::currentRow(seen(p)), p.number(1)); }},
+        {"expect CONTROL nodes ...", [](Play& p) { Expect::nodes(p.stage, p.word(0), p.step.body); }},
+    };
+    return steps;
+}
+
+QStringList forms()
+{
+    QStringList forms;
+    for (const StepForm& step : language())
+        forms.append(step.form);
+    return forms;
+}
+
+Within within(const Step& step)
+{
+    const QByteArray form = language()[step.form].form;
+    if (form.startsWith("expect")) return Within::Seen;
+    return form.startsWith("key") || form.startsWith("shot") || form.startsWith("answer") || form.startsWith("pick")
+               ? Within::Always
+               : Within::Never;
+}
+
+bool isRestart(const Step& step)
+{
+    return QByteArray(language()[step.form].form).startsWith("restart");
+}

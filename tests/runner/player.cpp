@@ -1,0 +1,103 @@
+#include "player.h"
+
+#include "expectations.h"
+#include "failure.h"
+
+#include "shell/application.h"
+
+#include <QThread>
+
+#include <cstdlib>
+
+Player::Player(Stage& stage, const Scenario& scenario)
+    : stage_(stage), scenario_(scenario), watcher_(stage, [this](const QString& reason) { endWith(reason); })
+{
+    timer_.setSingleShot(true);
+    timer_.callOnTimeout(this, &Player::tick);
+    timer_.start(0);
+}
+
+void Player::tick()
+{
+    if (playing_) {
+        if (watcher_.keptSplash() && !stage_.isSettling()) playWithin();
+        timer_.start(5);
+        return;
+    }
+    play();
+    timer_.start(0);
+}
+
+void Player::play()
+{
+    const bool over = stage_.state.next == scenario_.steps.size();
+    try {
+        if (over) {
+            Expect::nothingLeft(stage_);
+            stage_.state.finished = true;
+            end();
+        }
+        playing_ = true;
+        timer_.start(5);
+        perform(scenario_.steps[stage_.state.next]);
+        playing_ = false;
+    } catch (const Failure& failure) {
+        endWith(failure.reason);
+    }
+}
+
+// The program waits behind a splash that was left alone: goes on with what a person could do and see meanwhile.
+void Player::playWithin()
+{
+    const State before = stage_.state;
+    if (before.next == scenario_.steps.size()) return;
+    const Step& step = scenario_.steps[before.next];
+    if (within(step) == Within::Never) return;
+    try {
+        perform(step);
+    } catch (const Failure& failure) {
+        if (within(step) == Within::Always) endWith(failure.reason);
+        stage_.state = before; // not to be seen yet
+    }
+}
+
+void Player::perform(const Step& step)
+{
+    State& state = stage_.state;
+    if (isRestart(step) && !std::exchange(state.restarting, false)) {
+        state.line = step.line;
+        state.restarting = true;
+        end();
+    }
+    state.line = step.line;
+    ++state.next;
+    stage_.save();
+    Play play(stage_, step);
+    language()[step.form].play(play);
+}
+
+void Player::end()
+{
+    stage_.save();
+    std::_Exit(EXIT_SUCCESS); // as a power cut would
+}
+
+void Player::endWith(const QString& failure)
+{
+    stage_.state.failure = failure;
+    stage_.state.failedLine = stage_.state.line;
+    end();
+}
+
+int playScenario(const QStringList& arguments, char** argv)
+{
+    const Script script = readScript(arguments.value(0), forms());
+    const Scenario& scenario = script.scenarios[arguments.value(1).toInt()];
+    Application::setAttribute(Qt::AA_DontUseNativeDialogs);
+    Application application(argv);
+    Stage stage(arguments.value(2));
+    const Player player(stage, scenario);
+    Application::exec();
+    stage.takeDown();
+    return EXIT_SUCCESS;
+}

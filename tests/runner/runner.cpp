@@ -1,0 +1,204 @@
+#include "runner.h"
+
+#include "failure.h"
+#include "language.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTextStream>
+#include <QThread>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int timeLimit = 120 * 1000; // of one scenario, in milliseconds
+constexpr int sanitizerExit = 99;     // what the sanitizers end a process with
+
+// The files of the program's folder, each a copy that a scenario may alter.
+void copyFolder(const QString& from, const QString& to)
+{
+    QDir().mkpath(to);
+    const auto names = QDir(from).entryList(QDir::Files);
+    for (const QString& name : names) {
+        QFile::copy(from + '/' + name, to + '/' + name);
+        QFile::setPermissions(to + '/' + name, QFile::permissions(to + '/' + name) | QFile::WriteOwner);
+    }
+}
+
+void removeFolder(const QString& path)
+{
+    const auto writable = [](const QString& what) {
+        QFile::setPermissions(what, QFile::permissions(what) | QFile::WriteOwner | QFile::ExeOwner);
+    };
+    writable(path);
+    QDirIterator inside(path, QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden, QDirIterator::Subdirectories);
+    while (inside.hasNext())
+        writable(inside.next());
+    QDir(path).removeRecursively();
+}
+
+QProcessEnvironment environment(const QString& folder)
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    // The screen of the offscreen platform is as large as the smallest one that the program has to fit.
+    const QString platform = environment.value("QT_QPA_PLATFORM", "offscreen");
+    if (platform == "offscreen") {
+        QFile screen(folder + "/screen.json");
+        if (screen.open(QIODevice::WriteOnly))
+            screen.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1280, "height": 800,
+                             "logicalDpi": 96, "dpr": 1}]})");
+        environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName());
+    }
+    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"})
+        environment.insert(name, QStringLiteral("exitcode=%1:%2").arg(sanitizerExit).arg(environment.value(name)));
+    return environment;
+}
+
+} // namespace
+
+// One scenario on its way: the process that plays it, and a new one after each end that isn't the scenario's.
+struct Runner::Job
+{
+    QString file;
+    int index = 0;
+    Scenario scenario;
+    QString folder;
+    State state;
+    bool done = false;
+    QProcess process;
+    QTimer limit;
+
+    void fail(int line, const QString& reason)
+    {
+        state.failure = reason;
+        state.failedLine = line;
+        done = true;
+    }
+
+    void startProcess()
+    {
+        process.start(QCoreApplication::applicationFilePath(),
+                      {"--play", QFileInfo(file).absoluteFilePath(), QString::number(index), folder});
+    }
+
+    // Looks at how the process ended. False where the scenario goes on in a new one.
+    bool isOver()
+    {
+        const bool told = state.read(folder + "/state");
+        if (!limit.isActive())
+            fail(state.line, QStringLiteral("not over after %1 seconds").arg(timeLimit / 1000));
+        else if (process.error() == QProcess::FailedToStart)
+            fail(scenario.line, "the process can't be started: " + process.errorString());
+        else if (process.exitStatus() == QProcess::CrashExit || process.exitCode() == sanitizerExit || !told)
+            fail(state.line ? state.line : scenario.line, "the process crashed");
+        else
+            done = state.finished || !state.failure.isEmpty();
+        if (done) return true;
+        if (!state.restarting) {
+            state.ended = true;
+            state.write(folder + "/state");
+        }
+        return false;
+    }
+};
+
+Runner::Runner(Options options) : options_(std::move(options)) {}
+
+Runner::~Runner()
+{
+    removeFolder(folder_.path());
+}
+
+bool Runner::chosen(const QString& title) const
+{
+    return options_.only.isEmpty() || options_.only.contains(title);
+}
+
+void Runner::collect()
+{
+    const auto add = [this](const QString& file, int index, const Scenario& scenario) -> Job& {
+        jobs_.push_back(std::make_unique<Job>());
+        Job& job = *jobs_.back();
+        job.file = file;
+        job.index = index;
+        job.scenario = scenario;
+        if (!scenario.error.isEmpty()) job.fail(scenario.errorLine, scenario.error);
+        return job;
+    };
+    for (const QString& file : options_.files) {
+        const Script script = readScript(file, forms());
+        if (!script.error.isEmpty()) add(file, 0, {}).fail(script.errorLine, script.error);
+        for (int index = 0; index < script.scenarios.size(); ++index)
+            if (chosen(script.scenarios[index].title)) add(file, index, script.scenarios[index]);
+    }
+    for (const QString& title : options_.only)
+        if (std::none_of(jobs_.begin(), jobs_.end(), [&](const auto& job) { return job->scenario.title == title; }))
+            add("--only", 0, {}).fail(0, "no scenario has the title " + quoted(title));
+}
+
+void Runner::startNext()
+{
+    while (started_ < jobs_.size() && jobs_[started_]->done)
+        ++started_;
+    if (started_ == jobs_.size()) return;
+    Job& job = *jobs_[started_];
+    job.folder = QStringLiteral("%1/%2").arg(QDir(folder_.path()).canonicalPath()).arg(++started_);
+    QDir().mkpath(job.folder + "/dir");
+    copyFolder(options_.programFolder, job.folder + "/program");
+
+    job.process.setProcessEnvironment(environment(folder_.path()));
+    job.process.setWorkingDirectory(job.folder + "/dir");
+    job.limit.setSingleShot(true);
+    job.limit.callOnTimeout(&job.process, &QProcess::kill);
+    job.limit.start(timeLimit);
+    const auto over = [this, &job] {
+        if (!job.isOver()) return job.startProcess();
+        report();
+        startNext();
+    };
+    QObject::connect(&job.process, &QProcess::finished, &job.process, over);
+    QObject::connect(&job.process, &QProcess::errorOccurred, &job.process, [over](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) over();
+    });
+    job.startProcess();
+}
+
+void Runner::print(const Job& job)
+{
+    QTextStream out(stdout);
+    const bool passed = job.state.failure.isEmpty();
+    ++(passed ? passed_ : failed_);
+    const int line = passed || job.state.failedLine == 0 ? job.scenario.line : job.state.failedLine;
+    out << (passed ? "ok " : "not ok ") << job.file << ':' << line << ' ' << job.scenario.title;
+    if (!passed) out << ": " << job.state.failure;
+    out << '\n';
+    if (passed) return removeFolder(job.folder);
+    if (job.folder.isEmpty()) return;
+    out << QString::fromUtf8(job.process.readAllStandardError());
+    if (options_.keep)
+        out << "   kept: " << job.folder << '\n';
+    else
+        removeFolder(job.folder);
+}
+
+void Runner::report()
+{
+    while (reported_ < jobs_.size() && jobs_[reported_]->done)
+        print(*jobs_[reported_++]);
+    if (reported_ == jobs_.size()) QCoreApplication::exit();
+}
+
+bool Runner::run()
+{
+    collect();
+    for (int i = 0; i < std::max(1, QThread::idealThreadCount()); ++i)
+        startNext();
+    QTimer::singleShot(0, [this] { report(); });
+    QCoreApplication::exec();
+    folder_.setAutoRemove(!options_.keep || failed_ == 0);
+    QTextStream(stdout) << passed_ << " passed, " << failed_ << " failed\n";
+    return failed_ == 0 && passed_ > 0;
+}

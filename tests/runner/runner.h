@@ -1,0 +1,46 @@
+// Plays scenarios side by side, each in processes of its own, and tells what came of them in the order of the files.
+#pragma once
+
+#include "script.h"
+#include "state.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <memory>
+
+struct Options
+{
+    QStringList files;
+    QStringList only; // titles; empty: all
+    bool keep = false;
+    QString programFolder;
+};
+
+class Runner
+{
+public:
+    explicit Runner(Options options);
+    ~Runner();
+
+    // True where something was played and nothing failed.
+    bool run();
+
+private:
+    struct Job;
+
+    void collect();
+    void startNext();
+    void report();
+    void print(const Job& job);
+    bool chosen(const QString& title) const;
+
+    Options options_;
+    QTemporaryDir folder_;
+    std::vector<std::unique_ptr<Job>> jobs_;
+    size_t started_ = 0;
+    size_t reported_ = 0;
+    int passed_ = 0;
+    int failed_ = 0;
+};

@@ -1,0 +1,195 @@
+#include "script.h"
+
+#include "failure.h"
+
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+
+namespace {
+
+struct Word
+{
+    QString text;
+    bool isText = false;
+};
+
+// The words of a line. Throws Failure where it isn't well-formed.
+QList<Word> split(const QString& line)
+{
+    static const QHash<QChar, QChar> escapes{{'"', '"'}, {'\\', '\\'}, {'r', '\r'}, {'n', '\n'}, {'|', '|'}};
+    QList<Word> words;
+    for (qsizetype i = 0; i < line.size();) {
+        if (line[i].isSpace()) {
+            ++i;
+            continue;
+        }
+        Word word;
+        word.isText = line[i] == '"';
+        if (!word.isText) {
+            while (i < line.size() && !line[i].isSpace() && line[i] != '"')
+                word.text += line[i++];
+        } else {
+            for (++i; i < line.size() && line[i] != '"'; ++i) {
+                if (line[i] != '\\') {
+                    word.text += line[i];
+                    continue;
+                }
+                if (++i >= line.size() || !escapes.contains(line[i])) fail("unknown escape in a text");
+                word.text += escapes[line[i]];
+            }
+            if (i++ >= line.size()) fail("a text without its closing quote");
+        }
+        if (i < line.size() && !line[i].isSpace()) fail("a blank is missing beside a text");
+        words.append(word);
+    }
+    return words;
+}
+
+bool matches(const QString& kind, const Word& word)
+{
+    static const QHash<QString, QRegularExpression> kinds{
+        {"NUMBER", QRegularExpression(R"(^-?\d{1,9}$)")},
+        {"CONTROL", QRegularExpression(R"(^\w+\.\w+(\(\d+\))?$)")},
+        {"NAME", QRegularExpression(R"(^\w+$)")},
+        {"MENU", QRegularExpression(R"(^(frmORV\.)?\w+$)")},
+        {"CELL", QRegularExpression(R"(^\*$)")},
+        {"KEY", QRegularExpression(R"(^\S+$)")},
+        {"STATE", QRegularExpression("^(enabled|disabled|visible|hidden|locked|open|checked|unchecked|focused)$")},
+        {"FORMSTATE", QRegularExpression("^(loaded|unloaded|shown|hidden|enabled|disabled|active)$")},
+        {"ICON", QRegularExpression("^(none|information|question|critical)$")},
+    };
+    if (word.isText) return kind == "TEXT" || kind == "CELL" || kind == "KEY";
+    const auto found = kinds.constFind(kind);
+    return found != kinds.cend() && found->match(word.text).hasMatch();
+}
+
+// Whether the words of a line have this form; if so, `operands` gets what stands in its places.
+bool matches(QStringList form, const QList<Word>& words, QList<Operand>& operands)
+{
+    if (form.last() == "...") form.removeLast();
+    const bool several = form.last().endsWith('+');
+    if (several) form.last().chop(1);
+    if (several ? words.size() < form.size() : words.size() != form.size()) return false;
+
+    operands.clear();
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const QString& kind = form[qMin(i, form.size() - 1)];
+        if (kind[0].isLower()) {
+            if (words[i].isText || words[i].text != kind) return false;
+        } else {
+            if (!matches(kind, words[i])) return false;
+            operands.append({words[i].text, words[i].isText});
+        }
+    }
+    return true;
+}
+
+// The step of a line. Throws Failure where no form of the language fits.
+Step parseStep(const QString& line, const QStringList& forms)
+{
+    const QList<Word> words = split(line);
+    const QString verb = words.first().isText ? QString() : words.first().text;
+    QStringList near;
+    Step step;
+    for (int form = 0; form < forms.size(); ++form) {
+        const QStringList parts = forms[form].split(' ');
+        if (parts.first() != verb) continue;
+        if (matches(parts, words, step.operands)) {
+            step.form = form;
+            return step;
+        }
+        if (words.size() > 1 && parts.size() > 1 && parts[1] == words[1].text && parts[1][0].isLower()) near.clear();
+        near.append(forms[form]);
+        if (near.size() > 3 && verb == "expect") near.removeFirst();
+    }
+    if (near.isEmpty()) fail(QStringLiteral("unknown step %1").arg(quoted(words.first().text)));
+    fail(QStringLiteral("this step can't be read; its form is: %1").arg(near.join(" | ")));
+}
+
+class Reader
+{
+public:
+    Reader(QStringList lines, const QStringList& forms) : lines_(std::move(lines)), forms_(forms) {}
+
+    Script read()
+    {
+        while (next_ < lines_.size()) {
+            const QString line = lines_[next_++].trimmed();
+            if (line.isEmpty() || line.startsWith('#')) continue;
+            const int number = int(next_);
+            try {
+                readLine(line, number);
+            } catch (const Failure& failure) {
+                note(number, failure.reason);
+            }
+        }
+        if (script_.scenarios.isEmpty() && script_.error.isEmpty()) script_.error = "no scenario stands in this file";
+        return script_;
+    }
+
+private:
+    void readLine(const QString& line, int number)
+    {
+        if (line == "scenario" || line.startsWith("scenario ") || line.startsWith("scenario\"")) {
+            script_.scenarios.append({{}, number, {}, 0, {}});
+            const QList<Word> words = split(line);
+            if (words.size() != 2 || !words[1].isText) fail("a scenario opens with: scenario \"title\"");
+            script_.scenarios.last().title = words[1].text;
+            return;
+        }
+        Step step = parseStep(line, forms_);
+        step.line = number;
+        if (forms_[step.form].endsWith("...")) step.body = readBody();
+        if (script_.scenarios.isEmpty()) fail("a step stands before the first scenario");
+        script_.scenarios.last().steps.append(step);
+    }
+
+    QStringList readBody()
+    {
+        QStringList body;
+        while (next_ < lines_.size()) {
+            const QString& line = lines_[next_++];
+            if (line.trimmed() == "end") return body;
+            body.append(line);
+        }
+        fail("its \"end\" is missing");
+    }
+
+    void note(int line, const QString& reason)
+    {
+        const bool inside = !script_.scenarios.isEmpty();
+        QString& error = inside ? script_.scenarios.last().error : script_.error;
+        if (!error.isEmpty()) return;
+        error = reason;
+        (inside ? script_.scenarios.last().errorLine : script_.errorLine) = line;
+    }
+
+    QStringList lines_;
+    QStringList forms_;
+    qsizetype next_ = 0;
+    Script script_;
+};
+
+} // namespace
+
+QString quoted(const QString& text)
+{
+    QString out = text;
+    out.replace('\\', "\\\\").replace('"', "\\\"").replace('\r', "\\r").replace('\n', "\\n");
+    return '"' + out + '"';
+}
+
+Script readScript(const QString& path, const QStringList& forms)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        Script script;
+        script.error = "the file can't be read: " + file.errorString();
+        return script;
+    }
+    QString text = QString::fromUtf8(file.readAll());
+    if (text.startsWith(QChar::ByteOrderMark)) text.remove(0, 1);
+    text.replace("\r\n", "\n");
+    return Reader(text.split('\n'), forms).read();
+}

@@ -1,0 +1,35 @@
+#include "state.h"
+
+#include <QDataStream>
+#include <QFile>
+
+static QDataStream& operator<<(QDataStream& out, const Box& box)
+{
+    return out << box.text << box.title << box.icon << box.question;
+}
+
+static QDataStream& operator>>(QDataStream& in, Box& box)
+{
+    return in >> box.text >> box.title >> box.icon >> box.question;
+}
+
+bool State::read(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    QDataStream in(&file);
+    in >> next >> line >> finished >> restarting >> ended >> failedLine >> failure >> bdp >> splashKept >>
+        programFolderTouched >> answers >> picks >> boxes >> opened;
+    return in.status() == QDataStream::Ok;
+}
+
+void State::write(const QString& path) const
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << next << line << finished << restarting << ended << failedLine << failure << bdp << splashKept
+        << programFolderTouched << answers << picks << boxes << opened;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) qFatal("the state of the scenario can't be written");
+    file.write(bytes); // over the former one: a longer tail of that does no harm
+}

@@ -1,0 +1,39 @@
+// What is known of a scenario while it is played.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// A message box that came up.
+struct Box
+{
+    QString text;
+    QString title;
+    QString icon;          // "none", "information", "question", "warning" or "critical"
+    bool question = false; // had a choice, and an answer was ready for it
+};
+
+// It outlives the process that plays: the scenario goes on in a new one after a restart, or when the program has ended.
+struct State
+{
+    int next = 0;            // the step to play next
+    int line = 0;            // line of the step begun last
+    bool finished = false;   // all steps have been played
+    bool restarting = false; // the process ended for the restart that stands at `next`
+    bool ended = false;      // the program has ended by itself, and was not started again
+    int failedLine = 0;
+    QString failure; // why the scenario failed; empty where it didn't
+
+    QString bdp; // absolute path of the BDP that exec and expect sql use
+    bool splashKept = false;
+    bool programFolderTouched = false;
+    QList<bool> answers; // true: yes
+    QStringList picks;   // absolute paths; empty: cancel
+    QList<Box> boxes;    // not yet expected, oldest first
+    QStringList opened;  // documents and URLs not yet expected
+
+    // False where the file holds none.
+    bool read(const QString& file);
+    void write(const QString& file) const;
+};
