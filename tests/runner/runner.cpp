@@ -166,7 +166,7 @@ void Runner::startNext()
     job.startProcess();
 }
 
-void Runner::print(const Job& job)
+void Runner::print(Job& job)
 {
     QTextStream out(stdout);
     const bool passed = job.state.failure.isEmpty();

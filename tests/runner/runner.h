@@ -33,7 +33,7 @@ private:
     void collect();
     void startNext();
     void report();
-    void print(const Job& job);
+    void print(Job& job);
     bool chosen(const QString& title) const;
 
     Options options_;
