@@ -12,9 +12,9 @@ constexpr int fertileFrom = 16;
 
 Parish Chronicle::run()
 {
-    at(firstDay, [this] { appointPriest(); });
-    for (int i = 0; i < founders; ++i)
-        at(firstDay.addDays(random_.between(20, 1500)), [this, noble = i == 0] { settleFounders(noble); });
+    at(firstDay, [this] { settleFounders(true); });
+    for (int i = 1; i < founders; ++i)
+        at(firstDay.addDays(random_.between(20, 1500)), [this] { settleFounders(false); });
     for (QDate day = firstDay.addYears(8); day < lastDay; day = day.addDays(random_.between(1500, 4500)))
         at(day, [this] { findFoundling(); });
     while (!agenda_.empty() && agenda_.begin()->first <= lastDay) {
@@ -113,6 +113,7 @@ void Chronicle::settleFounders(bool noble)
     }
     Family& family = addFamily(husband, wife);
     family.notes = "Casados antes do primeiro livro de casamentos.";
+    if (priest_ == 0) appointPriest(); // who writes down the first act
     bear(family.number);
 }
 
