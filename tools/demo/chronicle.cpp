@@ -121,8 +121,8 @@ void Chronicle::findFoundling()
 {
     const Sex sex = random_.chance(50) ? Sex::male : Sex::female;
     Person& child = add(sex, today_, today_.addDays(lifespan()));
-    child.surname = sex == Sex::male ? "Exposto" : "Exposta";
-    child.name = givenName(random_, sex, today_.year()) + ' ' + child.surname;
+    child.surname = devotionalName(random_); // for children to come
+    child.name = givenName(random_, sex, today_.year()) + (sex == Sex::male ? " Exposto" : " Exposta");
     child.filiation = foundling;
     child.birthExact = false;
     child.birthPlace = {parishCode, "F"};

@@ -9,7 +9,7 @@
 
 namespace demo {
 
-inline constexpr std::uint32_t seed = 1734;
+inline constexpr std::uint32_t seed = 1896;
 
 // Makes the BDP at `path`, where no file may stand, with the reference data of `dataFolder`. Throws jet::Error.
 void make(const QString& path, const QString& dataFolder);
