@@ -19,6 +19,7 @@ protected:
         const QString ficheiro = pasta.filePath("teste.orv");
         jet::createDatabase(ficheiro);
         cnBDP.open(ficheiro);
+        cnBDP.beginTrans(); // one write to the disk
         for (const auto& [tabela, nivel] : {std::pair{"pais", "pais"},
                                             {"zonapais", "zona"},
                                             {"distrito", "distrito"},
@@ -43,6 +44,7 @@ protected:
         insere("lugar", "'03030101', '*Vila-Cova', 1");
         insere("sitio", "'0303010101', 'Fonte', 1");
         insere("sitio", "'0303010102', 'Cruz', 0");
+        cnBDP.commitTrans();
     }
     void TearDown() override
     {
@@ -233,7 +235,11 @@ TEST_F(Places, WithoutALetterOrARowHaveNoName)
     EXPECT_EQ(NomeLocal(QVariant(), "C"), "");
 }
 
-TEST_F(Places, ShareTheirRulesWithTheCodedValues)
+class CodedValues : public Places
+{
+};
+
+TEST_F(CodedValues, HaveTheDescriptionOfTheirCategoryAndCode)
 {
     insere("infocomplementar", "'EstCi', '1', 'Solteiro'");
     EXPECT_EQ(DescricaoInfo("EstCi", "1"), "Solteiro");
