@@ -53,7 +53,8 @@ QString columnDeclaration(const QString& table, const QString& column, const QSt
         return checked(QStringLiteral("%1(%2) collate nocase").arg(word, width),
                        QStringLiteral("length(@) <= %1").arg(width));
     }
-    if (word == u"date") return checked(word, QStringLiteral("@ is date(@) and @ >= '0100'"));
+    if (word == u"date") // with the sign, it is compared as the text that it is
+        return checked(word, QStringLiteral("@ is date(@) and +@ >= '0100'"));
     if (word == u"bit")
         return checked(place == Place::OldTable ? QStringLiteral("bit default 0") : word,
                        QStringLiteral("@ in (0, 1)"));

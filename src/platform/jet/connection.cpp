@@ -59,6 +59,7 @@ void Connection::open(const QString& connectionString)
         installFunctions(database_->handle);
         // One file at rest, on the disk with each commit; and the header read now, not at the first statement.
         database_->run("pragma journal_mode = delete; pragma synchronous = full; select count(*) from sqlite_master");
+        requireWhole(database_->handle, path);
     } catch (...) {
         close();
         throw;

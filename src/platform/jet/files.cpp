@@ -100,6 +100,20 @@ sqlite3* openEngine(const QString& path, Access access)
     return engine.release();
 }
 
+void requireWhole(sqlite3* database, const QString& path)
+{
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(database, "select page_count * page_size from pragma_page_count, pragma_page_size", -1,
+                       &statement, nullptr);
+    const int code = sqlite3_step(statement);
+    const auto expected = code == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : 0;
+    sqlite3_finalize(statement);
+    std::error_code ignored;
+    const auto size = sqlite3_int64(fs::file_size(nativePath(path), ignored));
+    if (code != SQLITE_ROW || size < expected || (size > 0 && expected == 0))
+        throw engineError(nullptr, SQLITE_CORRUPT, path);
+}
+
 void createDatabase(const QString& path)
 {
     std::error_code ignored;

@@ -156,6 +156,16 @@ Type Rewriter::typeOf(Operand operand, const Scope& scope) const
     return column ? columnType(scope, begin, end) : Type::Unknown;
 }
 
+// What the select list names so, where a name of the order stands for it.
+Rewriter::Operand Rewriter::aliased(Operand name, const Scope& scope) const
+{
+    if (name.end - name.begin != 1 || !t_[name.begin].isName()) return name;
+    for (int i = scope.begin + 1; i < scope.end && !t_[i].is("from"); ++i)
+        if (t_[i - 1].is("as") && t_[i].isName() && t_[i].text.compare(t_[name.begin].text, Qt::CaseInsensitive) == 0)
+            return leftOf(i - 1, scope);
+    return name;
+}
+
 bool Rewriter::isText(Operand operand) const
 {
     const auto [begin, end] = operand;
@@ -232,7 +242,7 @@ void Rewriter::rewriteOrder(const Scope& scope, int begin, int end)
         while (last < end && !t_[last].is(","))
             last = t_[last].is("(") ? t_[last].mate + 1 : last + 1;
         const int column = isAny(t_[last - 1], {"asc", "desc"}) ? last - 1 : last;
-        if (column > i) t_[column - 1].sql += orderCollation(typeOf({i, column}, scope));
+        if (column > i) t_[column - 1].sql += orderCollation(typeOf(aliased({i, column}, scope), scope));
         i = last;
     }
 }

@@ -52,6 +52,7 @@ private:
 
     Operand leftOf(int at, const Scope& scope) const;
     Operand rightOf(int at, const Scope& scope) const;
+    Operand aliased(Operand name, const Scope& scope) const;
     Type typeOf(Operand operand, const Scope& scope) const;
     bool isText(Operand operand) const;
     void readAsDate(Operand operand);

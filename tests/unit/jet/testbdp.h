@@ -13,25 +13,17 @@ namespace jet::test {
 class TestBdp : public testing::Test
 {
 protected:
-    TestBdp()
-    {
-        createDatabase(path());
-        bdp.open(path());
-    }
+    TestBdp();
 
     QString path(const QString& name = QStringLiteral("a.orv")) const { return folder_.filePath(name); }
+    QString folder() const { return folder_.path(); }
 
-    void run(const char* statement) { bdp.execute(QString::fromUtf8(statement)); }
-
+    int run(const char* statement) { return bdp.execute(QString::fromUtf8(statement)); }
     Recordset select(const char* statement) { return Recordset(bdp, QString::fromUtf8(statement)); }
 
-    // The rows as text: fields with "|" between them, rows with blanks; nulls are "-".
-    QString rows(Recordset& set) const;
-    QString rows(const char* statement)
-    {
-        Recordset set = select(statement);
-        return rows(set);
-    }
+    // The rows from the current one on: fields with "|" between them, rows with blanks; nulls are "-".
+    static std::string rows(Recordset& set);
+    std::string rows(const char* statement);
 
 private:
     QTemporaryDir folder_;
@@ -40,10 +32,35 @@ protected:
     Connection bdp;
 };
 
-// A value as rows() writes it.
-QString written(const QVariant& value);
+// A TestBdp with the tables of a new BDP and a small parish in them.
+class ParishBdp : public TestBdp
+{
+protected:
+    ParishBdp();
 
-// The number of the error that the call throws; 0 where it throws none.
+    struct Query
+    {
+        const char* statement;
+        const char* rows;
+    };
+    // Each statement gives its rows.
+    void expectRows(std::initializer_list<Query> queries);
+
+    struct Change
+    {
+        const char* statement;
+        int rows;          // how many it alters
+        const char* check; // a query, and
+        const char* then;  // what it gives afterwards
+    };
+    // Each statement alters its rows; it is rolled back before the next one.
+    void expectChanges(std::initializer_list<Change> changes);
+
+    // Each statement is refused with the number.
+    void expectErrors(long number, std::initializer_list<const char*> statements);
+};
+
+// The error that the call throws; number 0 where it throws none.
 template <typename Call>
 Error errorOf(Call call)
 {
@@ -61,6 +78,3 @@ long numberOf(Call call)
 }
 
 } // namespace jet::test
-
-// So that a failing EXPECT_EQ shows texts.
-void PrintTo(const QString& text, std::ostream* out);
