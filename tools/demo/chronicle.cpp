@@ -53,7 +53,8 @@ int Chronicle::lifespan()
 int Chronicle::adultLifespan(int age)
 {
     const int years = random_.chance(30) ? random_.between(20, 48) : random_.between(45, 86);
-    return std::max(years, age + random_.between(2, 20)) * 365 + random_.between(0, 364);
+    const int more = random_.between(2, 20);
+    return std::max(years, age + more) * 365 + random_.between(0, 364);
 }
 
 Person& Chronicle::add(Sex sex, QDate birth, QDate death)
@@ -87,7 +88,7 @@ void Chronicle::appointPriest()
     priest.title = "Padre";
     priest.civilState = cleric;
     priest.birthKnown = false;
-    priest.notes = "Pároco desta freguesia.";
+    priest.note("Pároco desta freguesia.");
     priest_ = priest.number;
     const QDate successor = std::min(priest.death.addDays(1), today_.addDays(random_.between(15 * 365, 30 * 365)));
     if (successor <= priest.death) {
@@ -108,6 +109,7 @@ void Chronicle::settleFounders(bool noble)
         if (noble) {
             spouse->title = spouse->sex == Sex::male ? "Dom" : "Dona";
             spouse->surname = "de Abreu e Lima";
+            spouse->note("Da casa do Paço.");
             spouse->name = givenName(random_, spouse->sex, 1620) + ' ' + spouse->surname;
         }
     }
@@ -128,7 +130,8 @@ void Chronicle::findFoundling()
     child.birthPlace = {parishCode, "F"};
     child.baptizedBy = priest_;
     child.seenFrom = today_;
-    child.notes = "Enjeitado à porta de " + random_.pick(localities()).name + "; a idade é a que mostrava ter.";
+    child.note((sex == Sex::male ? "Enjeitado à porta de " : "Enjeitada à porta de ") +
+               random_.pick(localities()).name + "; a idade é a que mostrava ter.");
     planLife(child);
 }
 
@@ -166,14 +169,14 @@ void Chronicle::bearOne(const Family& family, bool twin)
     child.seenFrom = today_;
     if (unnamed) {
         child.name = "Criança sem nome";
-        child.notes = "Baptizada em casa pela parteira, por perigo de vida.";
+        child.note("Baptizada em casa pela parteira, por perigo de vida.");
         return;
     }
     nameChild(child, family);
     if (twin)
-        child.notes = "De parto duplo.";
+        child.note("De parto duplo.");
     else if (random_.chance(3))
-        child.notes = "Baptismo em casa, por necessidade; santos óleos depois, na igreja.";
+        child.note("Baptismo em casa, por necessidade; santos óleos depois, na igreja.");
     planLife(child);
 }
 
@@ -242,7 +245,7 @@ void Chronicle::leave(int number, const QString& note)
     Person& person = this->person(number);
     person.left = today_;
     person.seenTo = today_;
-    person.notes += (person.notes.isEmpty() ? "" : " ") + note;
+    person.note(note);
 }
 
 } // namespace demo

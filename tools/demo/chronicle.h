@@ -33,6 +33,7 @@ private:
 
     Person& person(int number) { return parish_.person(number); }
     int ageToday(const Person& someone) const { return completedYears(someone.birth, today_); }
+
     // chronicle.cpp: who comes, who is born, what becomes of them
     Place inParish();
     QDate birthAtAge(int youngest, int oldest);
@@ -52,6 +53,7 @@ private:
     void planBirth(int family, int fewest, int most);
     void comeOfAge(int number);
     void leave(int number, const QString& note);
+
     // chronicle_acts.cpp: marriages and burials
     void seekBride(int number);
     int findBride(const Person& groom);

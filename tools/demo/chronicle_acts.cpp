@@ -109,6 +109,7 @@ void Chronicle::recordBurial(Person& dead)
         dead.birthKnown = true;
         dead.birthExact = false;
         dead.birth = QDate(dead.birth.year(), 1, 1);
+        dead.note("Nascimento calculado pela idade ao óbito.");
     }
 }
 

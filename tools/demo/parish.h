@@ -49,6 +49,7 @@ struct Person
     QDate widowedOn;
     int marriages = 0;
 
+    void note(const QString& text) { notes += notes.isEmpty() ? text : ' ' + text; }
     bool isPresent(QDate day) const { return day < death && (!left.isValid() || day < left); }
 };
 
