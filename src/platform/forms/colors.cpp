@@ -33,7 +33,13 @@ QList<Roles> rolesOf(const QWidget* control)
         return {field, button};
     if (qobject_cast<const QLineEdit*>(control) || qobject_cast<const QAbstractScrollArea*>(control)) return {field};
     if (qobject_cast<const QPushButton*>(control)) return {button};
-    return {{QPalette::Window, QPalette::WindowText}};
+    return {{control->backgroundRole(), QPalette::WindowText}}; // a radio fills itself with the colour of buttons
+}
+
+// Whether the control has to be filled to show its colour, having no field or face of its own.
+bool isPlain(const QWidget* control)
+{
+    return rolesOf(control).front().text == QPalette::WindowText;
 }
 
 } // namespace
@@ -42,8 +48,7 @@ void setBackColor(QWidget* control, const QColor& color)
 {
     control->setProperty(property, color.isValid() ? QVariant(color) : QVariant());
     const QList<Roles> roles = rolesOf(control);
-    const bool filled = color.isValid() && roles.front().back == QPalette::Window;
-    if (roles.front().back == QPalette::Window) control->setAutoFillBackground(filled);
+    if (isPlain(control)) control->setAutoFillBackground(color.isValid());
     QPalette palette;
     palette.setResolveMask(0);
     if (color.isValid()) {
