@@ -18,11 +18,7 @@ namespace {
 void createByProgram(const QString& path)
 {
     Desktop::setProgramFolder(ORV_DATA_DIR);
-    jet::createDatabase(path);
-    jet::Connection bdp;
-    bdp.open(path);
-    CriaTabelas(bdp, ORV_DATA_DIR "/CriarTab.dat");
-    CarregaDadosIniciais(bdp);
+    EscreveBDP(path);
 }
 
 struct Table

@@ -27,14 +27,15 @@ bool DataFile::atEnd()
     return file_->atEnd();
 }
 
-QString DataFile::readLine()
+QByteArray DataFile::readUtf8Line()
 {
     if (atEnd()) throw located({readPastEnd, "O ficheiro terminou antes do esperado."});
     ++line_;
     QByteArray bytes = file_->readLine();
     if (bytes.endsWith('\n')) bytes.chop(1);
     if (bytes.endsWith('\r')) bytes.chop(1);
-    if (const auto text = fromCodePage(bytes)) return *text;
+    if (isAscii(bytes)) return bytes;
+    if (const auto text = fromCodePage(bytes)) return text->toUtf8();
     throw located({jet::number::typeMismatch, "O texto não está na página de código 1252."});
 }
 

@@ -19,7 +19,8 @@ public:
 
     bool atEnd();
     // Without its line end. Throws Error 62 at the end of the file, 13 for a line that isn't in the code page.
-    QString readLine();
+    QString readLine() { return QString::fromUtf8(readUtf8Line()); }
+    QByteArray readUtf8Line();
 
     // The error, telling also the file and the line read last.
     jet::Error located(const jet::Error& error) const;

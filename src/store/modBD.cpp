@@ -2,7 +2,6 @@
 
 #include "common/modGeral.h"
 #include "common/SplashForm.h"
-#include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
 
 #include <QFileInfo>
@@ -33,11 +32,7 @@ void CriaBDP(const QString& caminho)
         }
         Hourglass ampulheta;
         splashForm().showStep("A criar a BDP. Aguarde por favor ...");
-        jet::createDatabase(caminho);
-        jet::Connection bdp;
-        bdp.open(ligacaoPara(caminho));
-        CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
-        CarregaDadosIniciais(bdp);
+        EscreveBDP(caminho);
         splashForm().unload();
     });
 }

@@ -13,7 +13,8 @@ bool AbreBDP(const QString& caminho);
 // what was made before one stays on the disk.
 void CriaBDP(const QString& caminho);
 
-// The two halves of CriaBDP, without windows. Throw jet::Error; what was made before the error is kept in the file.
+// CriaBDP without windows, and its two halves. Throw jet::Error; what was made before the error is kept in the file.
+void EscreveBDP(const QString& caminho); // no file may stand there
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro);
 void CarregaDadosIniciais(jet::Connection& bdp);
 

@@ -1,6 +1,7 @@
 // The reference data: how the files of the program's folder become rows.
 #include "common/modGeral.h"
 #include "common/vbtext.h"
+#include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
 #include "store/datafile.h"
 #include "store/modBD.h"
@@ -52,12 +53,12 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
     const auto prepared = preparedFor(bdp, destino.tabela, cabecalho);
     const auto separators = cabecalho.count(';');
     while (!dados.atEnd()) {
-        const QString linha = dados.readLine();
+        const QByteArray linha = dados.readUtf8Line();
         try {
             if (prepared && linha.count(';') == separators && !linha.contains('\''))
                 prepared->run(linha.split(';'));
             else
-                bdp.execute(inicio + QString(linha).replace(';', "','") + "')");
+                bdp.execute(inicio + QString::fromUtf8(linha).replace(';', "','") + "')");
         } catch (const jet::Error& erro) {
             throw dados.located(erro);
         }
@@ -83,6 +84,17 @@ void keepingAll(jet::Connection& bdp, Load&& load)
 }
 
 } // namespace
+
+void EscreveBDP(const QString& caminho)
+{
+    jet::createDatabase(caminho);
+    jet::Connection bdp;
+    bdp.open(ligacaoPara(caminho));
+    keepingAll(bdp, [&] {
+        CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
+        CarregaDadosIniciais(bdp);
+    });
+}
 
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)
 {

@@ -20,13 +20,18 @@ bool isUpper(char16_t code)
 
 bool readsAsUtf8(const QByteArray& bytes)
 {
-    if (std::none_of(bytes.begin(), bytes.end(), [](char byte) { return byte & 0x80; })) return false;
+    if (isAscii(bytes)) return false;
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     [[maybe_unused]] const QString text = decoder(bytes);
     return !decoder.hasError();
 }
 
 } // namespace
+
+bool isAscii(const QByteArray& bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(), [](uchar byte) { return byte != 0 && byte < 0x80; });
+}
 
 std::optional<QString> fromCodePage(const QByteArray& bytes)
 {

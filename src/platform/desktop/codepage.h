@@ -6,6 +6,9 @@
 
 #include <optional>
 
+// Whether the bytes mean the same in every encoding that the program meets.
+bool isAscii(const QByteArray& bytes);
+
 // Nothing where a byte has no character in the code page, or where the bytes beyond ASCII read as UTF-8: the text was
 // saved in another encoding then.
 std::optional<QString> fromCodePage(const QByteArray& bytes);
