@@ -19,7 +19,7 @@ int hourglasses = 0;
 class Interruption
 {
 public:
-    Interruption() : active_(QApplication::activeWindow())
+    Interruption() : active_(QApplication::activeWindow() ? QApplication::activeWindow() : Forms::mainWindow())
     {
         if (hourglasses > 0) QApplication::restoreOverrideCursor();
     }
