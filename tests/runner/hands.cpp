@@ -228,7 +228,8 @@ void Hands::key(Stage& stage, const QString& keys)
     if (!receiver && !QApplication::activeWindow()) activate(stage, Forms::mainWindow());
     if (!receiver) receiver = QApplication::focusWidget();
     if (!receiver) receiver = QApplication::activeWindow();
-    QTest::keyClick(receiver, sequence[0].key(), sequence[0].keyboardModifiers());
+    const bool backwards = sequence[0].key() == Qt::Key_Tab && sequence[0].keyboardModifiers() == Qt::ShiftModifier;
+    QTest::keyClick(receiver, backwards ? Qt::Key_Backtab : sequence[0].key(), sequence[0].keyboardModifiers());
     stage.settle();
 }
 

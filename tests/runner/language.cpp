@@ -26,7 +26,7 @@ void writeFile(Stage& stage, const QString& path, const QStringList& lines)
 
 void removeFile(Stage& stage, const QString& path)
 {
-    if (!QFile::remove(path)) fail(path + " can't be removed");
+    if (QFileInfo::exists(path) && !QFile::remove(path)) fail(path + " can't be removed");
     stage.touched(path);
 }
 

@@ -14,14 +14,13 @@
 
 namespace {
 
-constexpr int timeLimit = 120 * 1000; // of one scenario, in milliseconds
-constexpr int sanitizerExit = 99;     // what the sanitizers end a process with
+constexpr int sanitizerExit = 99; // what the sanitizers end a process with
 
 // The files of the program's folder, each a copy that a scenario may alter.
 void copyFolder(const QString& from, const QString& to)
 {
     QDir().mkpath(to);
-    const auto names = QDir(from).entryList(QDir::Files);
+    const auto names = QDir(from).entryList({"*.dat", "*.doc", "*.pdf"}, QDir::Files);
     for (const QString& name : names) {
         QFile::copy(from + '/' + name, to + '/' + name);
         QFile::setPermissions(to + '/' + name, QFile::permissions(to + '/' + name) | QFile::WriteOwner);
@@ -40,12 +39,16 @@ void removeFolder(const QString& path)
     QDir(path).removeRecursively();
 }
 
+bool isOffscreen()
+{
+    return qEnvironmentVariable("QT_QPA_PLATFORM", "offscreen") == "offscreen";
+}
+
 QProcessEnvironment environment(const QString& folder)
 {
     auto environment = QProcessEnvironment::systemEnvironment();
     // The screen of the offscreen platform is as large as the smallest one that the program has to fit.
-    const QString platform = environment.value("QT_QPA_PLATFORM", "offscreen");
-    if (platform == "offscreen") {
+    if (isOffscreen()) {
         QFile screen(folder + "/screen.json");
         if (screen.open(QIODevice::WriteOnly))
             screen.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1280, "height": 800,
@@ -69,7 +72,7 @@ struct Runner::Job
     State state;
     bool done = false;
     QProcess process;
-    QTimer limit;
+    QTimer limit; // runs out where the scenario takes too long
 
     void fail(int line, const QString& reason)
     {
@@ -89,11 +92,11 @@ struct Runner::Job
     {
         const bool told = state.read(folder + "/state");
         if (!limit.isActive())
-            fail(state.line, QStringLiteral("not over after %1 seconds").arg(timeLimit / 1000));
+            fail(state.line, QStringLiteral("not over after %1 seconds").arg(limit.interval() / 1000));
         else if (process.error() == QProcess::FailedToStart)
             fail(scenario.line, "the process can't be started: " + process.errorString());
         else if (process.exitStatus() == QProcess::CrashExit || process.exitCode() == sanitizerExit || !told)
-            fail(state.line ? state.line : scenario.line, "the process crashed");
+            fail(state.line, "the process crashed\n" + QString::fromUtf8(process.readAllStandardError()).trimmed());
         else
             done = state.finished || !state.failure.isEmpty();
         if (done) return true;
@@ -106,11 +109,6 @@ struct Runner::Job
 };
 
 Runner::Runner(Options options) : options_(std::move(options)) {}
-
-Runner::~Runner()
-{
-    removeFolder(folder_.path());
-}
 
 bool Runner::chosen(const QString& title) const
 {
@@ -153,7 +151,7 @@ void Runner::startNext()
     job.process.setWorkingDirectory(job.folder + "/dir");
     job.limit.setSingleShot(true);
     job.limit.callOnTimeout(&job.process, &QProcess::kill);
-    job.limit.start(timeLimit);
+    job.limit.start(options_.seconds * 1000);
     const auto over = [this, &job] {
         if (!job.isOver()) return job.startProcess();
         report();
@@ -166,21 +164,19 @@ void Runner::startNext()
     job.startProcess();
 }
 
-void Runner::print(Job& job)
+void Runner::print(const Job& job)
 {
     QTextStream out(stdout);
     const bool passed = job.state.failure.isEmpty();
     ++(passed ? passed_ : failed_);
     const int line = passed || job.state.failedLine == 0 ? job.scenario.line : job.state.failedLine;
-    out << (passed ? "ok " : "not ok ") << job.file << ':' << line << ' ' << job.scenario.title;
+    out << (passed ? "ok " : "not ok ") << job.file;
+    if (line > 0) out << ':' << line << ' ' << job.scenario.title;
     if (!passed) out << ": " << job.state.failure;
     out << '\n';
-    if (passed) return removeFolder(job.folder);
-    if (job.folder.isEmpty()) return;
-    out << QString::fromUtf8(job.process.readAllStandardError());
-    if (options_.keep)
+    if (!passed && options_.keep && !job.folder.isEmpty())
         out << "   kept: " << job.folder << '\n';
-    else
+    else if (!job.folder.isEmpty())
         removeFolder(job.folder);
 }
 
@@ -194,7 +190,9 @@ void Runner::report()
 bool Runner::run()
 {
     collect();
-    for (int i = 0; i < std::max(1, QThread::idealThreadCount()); ++i)
+    // A desktop has one focus: there they play one after the other.
+    const int atOnce = isOffscreen() ? std::max(1, QThread::idealThreadCount()) : 1;
+    for (int i = 0; i < atOnce; ++i)
         startNext();
     QTimer::singleShot(0, [this] { report(); });
     QCoreApplication::exec();

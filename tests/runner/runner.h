@@ -1,4 +1,5 @@
-// Plays scenarios side by side, each in processes of its own, and tells what came of them in the order of the files.
+// The command: plays scenarios side by side, each in processes of its own, and tells what came of them in the order of
+// the files.
 #pragma once
 
 #include "script.h"
@@ -16,13 +17,13 @@ struct Options
     QStringList only; // titles; empty: all
     bool keep = false;
     QString programFolder;
+    int seconds = 120; // for one scenario
 };
 
 class Runner
 {
 public:
     explicit Runner(Options options);
-    ~Runner();
 
     // True where something was played and nothing failed.
     bool run();
@@ -33,7 +34,7 @@ private:
     void collect();
     void startNext();
     void report();
-    void print(Job& job);
+    void print(const Job& job);
     bool chosen(const QString& title) const;
 
     Options options_;
@@ -44,3 +45,6 @@ private:
     int passed_ = 0;
     int failed_ = 0;
 };
+
+// The whole of orv-scenario: the command, and with hidden arguments the process of one scenario.
+int runScenarios(int argc, char** argv);

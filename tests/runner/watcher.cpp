@@ -103,19 +103,23 @@ void Watcher::attend(QFileDialog* dialog)
     if (state.picks.isEmpty()) onFailure_("an unforeseen file dialog: " + quoted(dialog->windowTitle()));
     const QString path = state.picks.takeFirst();
     stage_.save();
-    if (path.isEmpty()) {
+    if (path.isEmpty())
         QTest::keyClick(dialog, Qt::Key_Escape);
-        return;
-    }
+    else
+        pick(dialog, path);
+}
+
+void Watcher::pick(QFileDialog* dialog, const QString& path)
+{
+    const bool opens = dialog->acceptMode() == QFileDialog::AcceptOpen;
     auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-    auto* buttons = dialog->findChild<QDialogButtonBox*>("buttonBox");
-    const auto accept =
-        dialog->acceptMode() == QFileDialog::AcceptOpen ? QDialogButtonBox::Open : QDialogButtonBox::Save;
-    if (!name || !buttons || !buttons->button(accept)) onFailure_("a file dialog without its own fields");
-    name->setFocus();
+    const auto* buttons = dialog->findChild<QDialogButtonBox*>("buttonBox");
+    QWidget* accept = buttons ? buttons->button(opens ? QDialogButtonBox::Open : QDialogButtonBox::Save) : nullptr;
+    if (!name || !accept) return onFailure_("a file dialog without a field for the name, or without its button");
     name->selectAll();
     name->insert(path);
-    press(buttons->button(accept));
-    // It stays where it doesn't take the name: then it waits for the next pick.
-    QTimer::singleShot(0, dialog, [this, dialog] { attend(static_cast<QDialog*>(dialog)); });
+    press(accept);
+    QTimer::singleShot(0, dialog, [this, dialog, path] {
+        if (dialog->isVisible()) onFailure_("the file dialog doesn't take " + quoted(path));
+    });
 }

@@ -29,6 +29,7 @@ private:
     void attend(QDialog* dialog);
     void attend(QMessageBox* box);
     void attend(QFileDialog* dialog);
+    void pick(QFileDialog* dialog, const QString& path);
 
     Stage& stage_;
     std::function<void(const QString&)> onFailure_;

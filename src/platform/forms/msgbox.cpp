@@ -92,7 +92,7 @@ QString chooseFile(QFileDialog::AcceptMode mode, const Filter& filter, const QSt
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setAcceptMode(mode);
-    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setFileMode(QFileDialog::AnyFile); // opening what isn't there is told by whoever opens it
     dialog.setNameFilters(filter.names);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

@@ -1,0 +1,44 @@
+#include "player.h"
+#include "runner.h"
+
+#include "platform/desktop/desktop.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace {
+
+QString programFolder()
+{
+    return QFileInfo::exists(ORV_DATA_DIR) ? QString(ORV_DATA_DIR) : Desktop::programFolder();
+}
+
+} // namespace
+
+int runScenarios(int argc, char** argv)
+{
+    if (argc > 1 && qstrcmp(argv[1], "--play") == 0) {
+        QStringList arguments;
+        for (int i = 2; i < argc; ++i)
+            arguments.append(QString::fromLocal8Bit(argv[i]));
+        return playScenario(arguments, argv);
+    }
+
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Plays scenarios, each in a process and a folder of its own.");
+    parser.addHelpOption();
+    const QCommandLineOption only("only", "Plays only the scenarios of this title.", "TITLE");
+    const QCommandLineOption keep("keep", "Leaves the folders of failed scenarios in place.");
+    const QCommandLineOption program("program", "The program's folder.", "DIR", programFolder());
+    const QCommandLineOption limit("limit", "The time for one scenario.", "SECONDS", "120");
+    parser.addOptions({only, keep, program, limit});
+    parser.addPositionalArgument("FILE...", "The scenario files.");
+    parser.process(application);
+    if (parser.positionalArguments().isEmpty()) parser.showHelp(2);
+
+    Runner runner({parser.positionalArguments(), parser.values(only), parser.isSet(keep), parser.value(program),
+                   std::max(1, parser.value(limit).toInt())});
+    return runner.run() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
