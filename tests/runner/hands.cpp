@@ -36,7 +36,16 @@ void needsForm(Stage& stage, const QWidget* form)
     if (!form->isEnabled()) fail(form->objectName() + " is disabled");
 }
 
-// Clicks the tabs that bring the control's pages to the front, the outermost first.
+// Clicks the tab of the page. Once more where the first click went to a field that was refused, and is empty now.
+void turnTo(Stage& stage, QTabWidget* tabs, int index)
+{
+    for (int time = 0; time < 2 && index != tabs->currentIndex(); ++time) {
+        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(index).center());
+        stage.settle();
+    }
+}
+
+// Brings the pages that the control stands on to the front, the outermost first.
 void bringToFront(Stage& stage, const Target& target)
 {
     QList<QWidget*> pages;
@@ -45,9 +54,7 @@ void bringToFront(Stage& stage, const Target& target)
     for (QWidget* page : pages) {
         QTabWidget* tabs = Lookup::tabsOf(page);
         const int index = tabs->indexOf(page);
-        if (index == tabs->currentIndex() || !tabs->isTabVisible(index)) continue;
-        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(index).center());
-        stage.settle();
+        if (tabs->isTabVisible(index)) turnTo(stage, tabs, index);
         if (index != tabs->currentIndex()) fail(target.name + " is on a page that can't be brought to the front");
     }
 }
@@ -272,7 +279,9 @@ void Hands::doubleClick(Stage& stage, const QString& name, int row)
 {
     const Target target = takeFocus(stage, name);
     const QPoint spot = showItem(Sight::view(target), Sight::rowIndex(target, row));
-    QTest::mouseDClick(Sight::view(target)->viewport(), Qt::LeftButton, {}, spot);
+    const QPointer<QWidget> surface = Sight::view(target)->viewport();
+    QTest::mouseClick(surface, Qt::LeftButton, {}, spot);
+    if (surface) QTest::mouseDClick(surface, Qt::LeftButton, {}, spot);
     stage.settle();
 }
 

@@ -71,6 +71,7 @@ struct Runner::Job
     QString folder;
     State state;
     bool done = false;
+    QString lastWords; // of a process that crashed
     QProcess process;
     QTimer limit; // runs out where the scenario takes too long
 
@@ -87,6 +88,13 @@ struct Runner::Job
                       {"--play", QFileInfo(file).absoluteFilePath(), QString::number(index), folder});
     }
 
+    void crash()
+    {
+        fail(state.line, "the process crashed");
+        QString told = QString::fromUtf8(process.readAllStandardError()).trimmed();
+        lastWords = "   | " + told.replace('\n', "\n   | ");
+    }
+
     // Looks at how the process ended. False where the scenario goes on in a new one.
     bool isOver()
     {
@@ -96,7 +104,7 @@ struct Runner::Job
         else if (process.error() == QProcess::FailedToStart)
             fail(scenario.line, "the process can't be started: " + process.errorString());
         else if (process.exitStatus() == QProcess::CrashExit || process.exitCode() == sanitizerExit || !told)
-            fail(state.line, "the process crashed\n" + QString::fromUtf8(process.readAllStandardError()).trimmed());
+            crash();
         else
             done = state.finished || !state.failure.isEmpty();
         if (done) return true;
@@ -109,6 +117,8 @@ struct Runner::Job
 };
 
 Runner::Runner(Options options) : options_(std::move(options)) {}
+
+Runner::~Runner() = default;
 
 bool Runner::chosen(const QString& title) const
 {
@@ -174,6 +184,7 @@ void Runner::print(const Job& job)
     if (line > 0) out << ':' << line << ' ' << job.scenario.title;
     if (!passed) out << ": " << job.state.failure;
     out << '\n';
+    if (!job.lastWords.isEmpty()) out << job.lastWords << '\n';
     if (!passed && options_.keep && !job.folder.isEmpty())
         out << "   kept: " << job.folder << '\n';
     else if (!job.folder.isEmpty())

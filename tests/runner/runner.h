@@ -24,6 +24,7 @@ class Runner
 {
 public:
     explicit Runner(Options options);
+    ~Runner();
 
     // True where something was played and nothing failed.
     bool run();

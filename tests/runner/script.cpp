@@ -46,7 +46,7 @@ QList<Word> split(const QString& line)
     return words;
 }
 
-bool matches(const QString& kind, const Word& word)
+bool isOfKind(const Word& word, const QString& kind)
 {
     static const QHash<QString, QRegularExpression> kinds{
         {"NUMBER", QRegularExpression(R"(^-?\d{1,9}$)")},
@@ -64,47 +64,62 @@ bool matches(const QString& kind, const Word& word)
     return found != kinds.cend() && found->match(word.text).hasMatch();
 }
 
-// Whether the words of a line have this form; if so, `operands` gets what stands in its places.
-bool matches(QStringList form, const QList<Word>& words, QList<Operand>& operands)
+// A form of the language, taken to pieces.
+struct Form
 {
-    if (form.last() == "...") form.removeLast();
-    const bool several = form.last().endsWith('+');
-    if (several) form.last().chop(1);
-    if (several ? words.size() < form.size() : words.size() != form.size()) return false;
-
-    operands.clear();
-    for (qsizetype i = 0; i < words.size(); ++i) {
-        const QString& kind = form[qMin(i, form.size() - 1)];
-        if (kind[0].isLower()) {
-            if (words[i].isText || words[i].text != kind) return false;
-        } else {
-            if (!matches(kind, words[i])) return false;
-            operands.append({words[i].text, words[i].isText});
-        }
+    explicit Form(const QString& text) : parts(text.split(' '))
+    {
+        hasBody = parts.last() == "...";
+        if (hasBody) parts.removeLast();
+        several = parts.last().endsWith('+');
+        if (several) parts.last().chop(1);
     }
-    return true;
-}
 
-// The step of a line. Throws Failure where no form of the language fits.
+    bool fits(const Word& word, qsizetype place) const
+    {
+        if (place >= parts.size() && !several) return false;
+        const QString& part = parts[qMin(place, parts.size() - 1)];
+        return part[0].isLower() ? !word.isText && word.text == part : isOfKind(word, part);
+    }
+
+    // How many words from the first on fit.
+    qsizetype fitting(const QList<Word>& words) const
+    {
+        qsizetype count = 0;
+        while (count < words.size() && fits(words[count], count))
+            ++count;
+        return count;
+    }
+
+    QList<Operand> operands(const QList<Word>& words) const
+    {
+        QList<Operand> operands;
+        for (qsizetype i = 0; i < words.size(); ++i)
+            if (!parts[qMin(i, parts.size() - 1)][0].isLower()) operands.append({words[i].text, words[i].isText});
+        return operands;
+    }
+
+    QStringList parts;
+    bool several = false;
+    bool hasBody = false;
+};
+
+// The step of a line. Throws Failure where no form of the language fits, with those that come nearest.
 Step parseStep(const QString& line, const QStringList& forms)
 {
     const QList<Word> words = split(line);
-    const QString verb = words.first().isText ? QString() : words.first().text;
-    QStringList near;
-    Step step;
-    for (int form = 0; form < forms.size(); ++form) {
-        const QStringList parts = forms[form].split(' ');
-        if (parts.first() != verb) continue;
-        if (matches(parts, words, step.operands)) {
-            step.form = form;
-            return step;
-        }
-        if (words.size() > 1 && parts.size() > 1 && parts[1] == words[1].text && parts[1][0].isLower()) near.clear();
-        near.append(forms[form]);
-        if (near.size() > 3 && verb == "expect") near.removeFirst();
+    QStringList nearest;
+    qsizetype most = 0;
+    for (int i = 0; i < forms.size(); ++i) {
+        const Form form(forms[i]);
+        const qsizetype fitting = form.fitting(words);
+        if (fitting == words.size() && fitting >= form.parts.size()) return {0, i, form.operands(words), {}};
+        if (fitting > most) nearest.clear();
+        most = qMax(most, fitting);
+        if (fitting == most && most > 0) nearest.append(forms[i]);
     }
-    if (near.isEmpty()) fail(QStringLiteral("unknown step %1").arg(quoted(words.first().text)));
-    fail(QStringLiteral("this step can't be read; its form is: %1").arg(near.join(" | ")));
+    if (nearest.isEmpty()) fail("unknown step " + quoted(words.first().text));
+    fail("this step can't be read; its form is: " + nearest.join(" | "));
 }
 
 class Reader
@@ -140,7 +155,7 @@ private:
         }
         Step step = parseStep(line, forms_);
         step.line = number;
-        if (forms_[step.form].endsWith("...")) step.body = readBody();
+        if (Form(forms_[step.form]).hasBody) step.body = readBody();
         if (script_.scenarios.isEmpty()) fail("a step stands before the first scenario");
         script_.scenarios.last().steps.append(step);
     }

@@ -56,8 +56,8 @@ void playEach(const QList<Case>& cases)
     expected << QStringLiteral("%1 passed, %2 failed").arg(cases.size() - failed).arg(failed);
     Outcome outcome = play(text);
     const QRegularExpression folders("/[^ \"]*/(dir|program)\\b"); // temporary ones
-    for (QString& line : outcome.lines)
-        line.replace(folders, "{\\1}");
+    outcome.lines.replaceInStrings(folders, "{\\1}");
+    outcome.lines.removeIf([](const QString& line) { return line.startsWith("   | "); }); // last words of a crash
     for (qsizetype i = 0; i < std::max(expected.size(), outcome.lines.size()); ++i)
         EXPECT_EQ(outcome.lines.value(i).toStdString(), expected.value(i).toStdString());
     EXPECT_EQ(outcome.status, failed == 0 ? 0 : 1);
@@ -297,7 +297,6 @@ TEST(ScenarioRunner, TheBdpIsMadeAndReadBesideTheProgram)
          "é\"\n"
          "remove \"a.txt\"\nexpect file \"a.txt\" missing",
          ""},
-        {"file \"a.txt\"\n→\nend", "no place in code page 1252 for the character \"→\""},
     });
 }
 
@@ -330,6 +329,12 @@ TEST(ScenarioRunner, MistakesInTheTextAreToldWithTheirLine)
               "not ok prova.txt:16 g: its \"end\" is missing\n"
               "1 passed, 6 failed");
     EXPECT_EQ(outcome.status, 1);
+}
+
+TEST(ScenarioRunner, AFileHoldsOnlyWhatCodePage1252Has)
+{
+    EXPECT_EQ(play("scenario \"a\"\nfile \"a.txt\"\n→\nend\n").lines.value(0).toStdString(),
+              "not ok prova.txt:2 a: no place in code page 1252 for the character \"→\"");
 }
 
 TEST(ScenarioRunner, OneScenarioIsPlayedByItsTitle)
