@@ -116,7 +116,7 @@ struct Runner::Job
     }
 };
 
-Runner::Runner(Options options) : options_(std::move(options)) {}
+Runner::Runner(Options options) : options_(std::move(options)), environment_(environment(folder_.path())) {}
 
 Runner::~Runner() = default;
 
@@ -157,7 +157,7 @@ void Runner::startNext()
     QDir().mkpath(job.folder + "/dir");
     copyFolder(options_.programFolder, job.folder + "/program");
 
-    job.process.setProcessEnvironment(environment(folder_.path()));
+    job.process.setProcessEnvironment(environment_);
     job.process.setWorkingDirectory(job.folder + "/dir");
     job.limit.setSingleShot(true);
     job.limit.callOnTimeout(&job.process, &QProcess::kill);

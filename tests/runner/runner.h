@@ -40,6 +40,7 @@ private:
 
     Options options_;
     QTemporaryDir folder_;
+    QProcessEnvironment environment_;
     std::vector<std::unique_ptr<Job>> jobs_;
     size_t started_ = 0;
     size_t reported_ = 0;
