@@ -101,6 +101,7 @@ bool Sight::holds(const Target& target, const QString& state)
     if (state == "locked") return isLocked(widget);
     if (state == "open") return enabled && !isLocked(widget);
     const QWidget* focused = QApplication::focusWidget();
+    if (!focused) focused = widget->window()->focusWidget(); // no window is the active one, behind a box that went
     return focused && (focused == widget || focused == widget->focusProxy() || widget->isAncestorOf(focused));
 }
 

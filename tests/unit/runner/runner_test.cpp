@@ -365,6 +365,6 @@ TEST(ScenarioRunner, FoldersOfFailedScenariosAreKept)
 {
     const Outcome outcome = play("scenario \"a\"\nstart\nshot \"a.png\"\nanswer yes\n", {"--keep"});
     const QString folder = outcome.lines.value(1).section("kept: ", 1);
-    EXPECT_TRUE(QFile::exists(folder + "/dir/a.png")) << outcome.lines.join('\n').toStdString();
+    ASSERT_TRUE(QFile::exists(folder + "/dir/a.png")) << outcome.lines.join('\n').toStdString();
     QDir(QFileInfo(folder).path()).removeRecursively();
 }
