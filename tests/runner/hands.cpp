@@ -107,7 +107,9 @@ void press(QWidget* widget)
 {
     QPoint spot = widget->rect().center();
     if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
-        const QRect row = view->visualRect(view->currentIndex()) & view->viewport()->rect();
+        const QModelIndex first = view->model()->index(0, 0, view->rootIndex());
+        const QModelIndex index = view->currentIndex().isValid() ? view->currentIndex() : first;
+        const QRect row = view->visualRect(index) & view->viewport()->rect();
         widget = view->viewport();
         spot = row.isEmpty() ? widget->rect().center() : row.center();
     } else if (qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget)) {

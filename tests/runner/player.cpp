@@ -58,6 +58,7 @@ void Player::playWithin()
     } catch (const Failure& failure) {
         if (within(step) == Within::Always) endWith(failure.reason);
         stage_.state = before; // not to be seen yet
+        stage_.save();
     }
 }
 

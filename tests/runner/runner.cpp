@@ -157,7 +157,9 @@ void Runner::startNext()
     QDir().mkpath(job.folder + "/dir");
     copyFolder(options_.programFolder, job.folder + "/program");
 
-    job.process.setProcessEnvironment(environment_);
+    QProcessEnvironment own = environment_;
+    own.insert("XDG_CONFIG_HOME", job.folder); // where the file dialogs remember folders
+    job.process.setProcessEnvironment(own);
     job.process.setWorkingDirectory(job.folder + "/dir");
     job.limit.setSingleShot(true);
     job.limit.callOnTimeout(&job.process, &QProcess::kill);
