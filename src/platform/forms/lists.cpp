@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStylePainter>
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
@@ -77,6 +78,22 @@ void ComboBox::wheelEvent(QWheelEvent* event)
         event->ignore();
     else
         QComboBox::wheelEvent(event);
+}
+
+// A list that is closed looks like a field, in the field's colour, with a button beside it.
+void ComboBox::paintEvent(QPaintEvent*)
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    QStylePainter painter(this);
+    option.editable = true;
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    painter.fillRect(field, option.palette.base());
+    option.editable = false;
+    option.palette.setBrush(QPalette::ButtonText, option.palette.text());
+    painter.setPen(option.palette.color(QPalette::Text));
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 void ComboBox::showPopup()

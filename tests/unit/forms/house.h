@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 // A form whose events can be told by a test.
 class TestForm : public Form
@@ -55,6 +56,7 @@ protected:
         Focus::install();
         Forms::setMainWindow(&window, area);
         window.show();
+        window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
@@ -82,18 +84,21 @@ protected:
 class Answer : public QObject
 {
 public:
-    explicit Answer(QString button) : button_(std::move(button))
+    explicit Answer(QString answer) : answer_(std::move(answer))
     {
         connect(&timer_, &QTimer::timeout, this, [this] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (!box) return;
             for (QAbstractButton* candidate : box->buttons()) {
-                if (candidate->text() != button_) continue;
+                if (candidate->text() != answer_) continue;
                 timer_.stop();
                 text = box->text();
                 title = box->windowTitle();
                 icon = box->icon();
                 format = box->textFormat();
+                frameTitle = box->windowHandle()->title();
+                for (const QAbstractButton* button : box->buttons())
+                    buttons << button->text();
                 ++given;
                 candidate->click();
                 return;
@@ -102,12 +107,13 @@ public:
         timer_.start(0);
     }
 
-    QString text, title;
+    QString text, title, frameTitle;
+    QStringList buttons;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     Qt::TextFormat format = Qt::AutoText;
     int given = 0;
 
 private:
-    QString button_;
+    QString answer_;
     QTimer timer_;
 };

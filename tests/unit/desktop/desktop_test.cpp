@@ -1,0 +1,75 @@
+#include "platform/desktop/desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+
+class DesktopTest : public testing::Test
+{
+protected:
+    DesktopTest()
+    {
+        Desktop::setOpener([this](const QString& text) {
+            opened << text;
+            return Desktop::success;
+        });
+    }
+    ~DesktopTest() override
+    {
+        Desktop::setOpener({});
+        Desktop::setProgramFolder({});
+    }
+
+    QStringList opened;
+};
+
+} // namespace
+
+TEST_F(DesktopTest, ADocumentThatIsNotThereIsNotOpened)
+{
+    EXPECT_EQ(Desktop::openDocument("/nada/mnlORV.pdf"), Desktop::fileNotFound);
+    EXPECT_EQ(opened, QStringList());
+}
+
+TEST_F(DesktopTest, ADocumentIsOpenedByItsPath)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("manual com brancos.pdf");
+    ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
+    EXPECT_EQ(Desktop::openDocument(path), Desktop::success);
+    EXPECT_EQ(opened, QStringList(path));
+}
+
+TEST_F(DesktopTest, AUrlIsHandedOverToTheLetter)
+{
+    const QString url = "mailto:a@b.pt?Subject=100% #1 a b&Body=%E7";
+    EXPECT_EQ(Desktop::openUrl(url), Desktop::success);
+    EXPECT_EQ(opened, QStringList(url));
+}
+
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+TEST_F(DesktopTest, ADesktopWithoutAnOpenerSaysSo)
+{
+    Desktop::setOpener({});
+    const QByteArray path = qgetenv("PATH");
+    const QTemporaryDir empty;
+    qputenv("PATH", empty.path().toLocal8Bit());
+    EXPECT_EQ(Desktop::openUrl("mailto:a@b.pt"), Desktop::noProgram);
+    EXPECT_EQ(Desktop::openDocument(empty.path()), Desktop::noProgram);
+    qputenv("PATH", path);
+}
+#endif
+
+TEST_F(DesktopTest, TheProgramsFolderIsItsOwnOrTheSharedOne)
+{
+    const QDir own(QCoreApplication::applicationDirPath());
+    EXPECT_EQ(Desktop::programFolder(),
+              own.exists("CriarTab.dat") ? own.absolutePath() : QDir::cleanPath(own.filePath("../share/orv")));
+    Desktop::setProgramFolder("/tmp/programa");
+    EXPECT_EQ(Desktop::programFolder(), "/tmp/programa");
+}

@@ -1,0 +1,109 @@
+#include "platform/forms/controls.h"
+
+#include <gtest/gtest.h>
+
+#include <QGroupBox>
+
+namespace {
+
+const QColor editing(192, 192, 255), consulting(Qt::white), searching(255, 192, 128), orange(255, 128, 0),
+    night(0, 0, 140);
+
+// The colour that most of the control is painted in.
+QColor painted(QWidget& control)
+{
+    const QImage image = control.grab().toImage();
+    QHash<QRgb, int> count;
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            ++count[image.pixel(x, y)];
+    QRgb most = 0;
+    for (auto it = count.cbegin(); it != count.cend(); ++it)
+        if (it.value() > count.value(most)) most = it.key();
+    return QColor(most);
+}
+
+// A frame may be shaded by the style of the desktop.
+bool isNear(const QColor& a, const QColor& b)
+{
+    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue()) <= 6;
+}
+
+template <class Control>
+void expectPainted(std::initializer_list<QColor> colors)
+{
+    Control control;
+    control.resize(160, 60);
+    const QColor before = backColor(&control);
+    const QColor own = painted(control);
+    for (const QColor& color : colors) {
+        for (const bool enabled : {true, false}) {
+            control.setEnabled(enabled);
+            setBackColor(&control, color);
+            EXPECT_EQ(backColor(&control), color);
+            EXPECT_TRUE(isNear(painted(control), color)) << control.metaObject()->className() << enabled;
+        }
+    }
+    control.setEnabled(true);
+    setBackColor(&control, {});
+    EXPECT_EQ(backColor(&control), before);
+    EXPECT_EQ(painted(control), own);
+}
+
+double light(const QColor& color)
+{
+    return 0.299 * color.red() + 0.587 * color.green() + 0.114 * color.blue();
+}
+
+} // namespace
+
+TEST(BackColor, AFieldIsReallyPaintedInItsColour)
+{
+    expectPainted<TextBox>({editing, consulting, searching});
+    expectPainted<MaskedEdit>({editing, consulting, searching});
+    expectPainted<MemoBox>({editing, consulting, searching});
+    expectPainted<ComboBox>({editing, consulting, searching});
+    expectPainted<ListBox>({editing, consulting, searching});
+    expectPainted<Grid>({editing, consulting, searching});
+}
+
+TEST(BackColor, SoAreRadiosAndFrames)
+{
+    expectPainted<OptionButton>({orange, night});
+    expectPainted<QCheckBox>({orange, night});
+    expectPainted<QGroupBox>({orange, night});
+    expectPainted<QLabel>({orange, night});
+}
+
+TEST(BackColor, TheTextCanBeReadOnIt)
+{
+    TextBox field;
+    OptionButton radio;
+    for (const QColor& color : {editing, consulting, searching, orange, night}) {
+        setBackColor(&field, color);
+        setBackColor(&radio, color);
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            EXPECT_GT(std::abs(light(field.palette().color(group, QPalette::Text)) - light(color)), 60);
+            EXPECT_GT(std::abs(light(radio.palette().color(group, QPalette::WindowText)) - light(color)), 60);
+        }
+    }
+}
+
+TEST(BackColor, ALockedFieldKeepsItsColour)
+{
+    TextBox field;
+    field.resize(160, 30);
+    setBackColor(&field, editing);
+    field.setLocked(true);
+    EXPECT_EQ(painted(field), editing);
+}
+
+TEST(BackColor, FieldsInsideAColouredFrameKeepTheirOwn)
+{
+    QGroupBox frame;
+    TextBox field(&frame);
+    field.resize(100, 30);
+    const QColor before = painted(field);
+    setBackColor(&frame, night);
+    EXPECT_EQ(painted(field), before);
+}

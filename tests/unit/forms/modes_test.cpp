@@ -1,0 +1,89 @@
+#include "platform/forms/modes.h"
+
+#include "forms/house.h"
+
+namespace {
+
+const QColor blue(192, 192, 255), white(Qt::white), peach(255, 192, 128);
+
+const QList<ModeRow> table{
+    {"txtNome", {Effect::Open, blue}, {Effect::Shut, white}, {Effect::Open, peach}},
+    {"cmbEC", {Effect::Open, blue}, {Effect::Shut, white}, {}},
+    {"optSexo_0", {Effect::Open}, {Effect::Shut}, {Effect::Keep, peach}},
+    {"mskData", {Effect::Enabled}, {Effect::Disabled}, {Effect::Disabled}},
+    {"cmdLocDat", {Effect::Hidden}, {Effect::Hidden}, {Effect::Visible}},
+};
+
+class ModesTest : public House
+{
+protected:
+    ModesTest()
+    {
+        form = make("frmA", [this](TestForm& made) {
+            name = made.put<TextBox>("txtNome");
+            list = made.put<ComboBox>("cmbEC");
+            radio = made.put<OptionButton>("optSexo_0");
+            date = made.put<MaskedEdit>("mskData");
+            button = made.put<CommandButton>("cmdLocDat");
+        });
+        form->display();
+    }
+
+    TestForm* form = nullptr;
+    TextBox* name = nullptr;
+    ComboBox* list = nullptr;
+    OptionButton* radio = nullptr;
+    MaskedEdit* date = nullptr;
+    CommandButton* button = nullptr;
+};
+
+} // namespace
+
+TEST_F(ModesTest, EachModeAppliesItsColumn)
+{
+    applyMode(form, table, "Cons");
+    EXPECT_TRUE(name->isLocked());
+    EXPECT_TRUE(name->isEnabled());
+    EXPECT_TRUE(list->isLocked());
+    EXPECT_FALSE(radio->isEnabled());
+    EXPECT_FALSE(date->isEnabled());
+    EXPECT_TRUE(button->isHidden());
+    EXPECT_EQ(backColor(name), white);
+
+    applyMode(form, table, "Edi");
+    EXPECT_FALSE(name->isLocked());
+    EXPECT_FALSE(list->isLocked());
+    EXPECT_TRUE(radio->isEnabled());
+    EXPECT_TRUE(date->isEnabled());
+    EXPECT_EQ(backColor(list), blue);
+
+    applyMode(form, table, "Loc");
+    EXPECT_FALSE(date->isEnabled());
+    EXPECT_FALSE(button->isHidden());
+    EXPECT_EQ(backColor(name), peach);
+}
+
+TEST_F(ModesTest, ACellThatKeepsLeavesTheControlAsItWas)
+{
+    applyMode(form, table, "Cons");
+    applyMode(form, table, "Loc");
+    EXPECT_TRUE(list->isLocked());
+    EXPECT_EQ(backColor(list), white);
+    EXPECT_FALSE(radio->isEnabled());
+    EXPECT_EQ(backColor(radio), peach);
+}
+
+TEST_F(ModesTest, ADateShutUnderTheFocusIsNotLeft)
+{
+    applyMode(form, table, "Edi");
+    Focus::watch(date, {}, [] { ADD_FAILURE() << "left"; });
+    Focus::setTo(date);
+    applyMode(form, table, "Cons");
+    EXPECT_FALSE(date->hasFocus());
+    Focus::setTo(name);
+}
+
+TEST_F(ModesTest, AControlThatTheFormLacksStopsTheProgram)
+{
+    EXPECT_DEATH(applyMode(form, {{"txtNada", {}, {}, {}}}, "Edi"), "frmA has no control txtNada");
+}
