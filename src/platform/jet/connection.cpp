@@ -145,6 +145,7 @@ QList<Connection::Column> Connection::columns() const
 void Connection::copyTo(const QString& path) const
 {
     database_->requireOpen();
+    database_->dropAbandoned(); // it may lock the file
     copyDatabase(database_->path, path);
 }
 

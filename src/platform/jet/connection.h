@@ -61,7 +61,7 @@ public:
     int transactionLevel() const; // open levels, abandoned ones included
 
     // Marks the levels above `level` as left behind by their routine. They are rolled back before the next statement
-    // that writes, or the next beginTrans(), whoever sends it; so nothing done later is lost with them.
+    // that writes, the next beginTrans() or copyTo(), whoever sends it; so nothing done later is lost with them.
     void abandonAbove(int level);
 
     // Names of tables, and (table, column) pairs, as the schema holds them.

@@ -165,7 +165,6 @@ Recordset::Private::Keys Recordset::Private::readKeys(const QString& sql) const
     Keys keys;
     while (statement.step())
         keys.push_back(sqlite3_column_int64(statement.handle(), 0));
-    keys.shrink_to_fit();
     return keys;
 }
 

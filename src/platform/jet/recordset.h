@@ -30,7 +30,7 @@ public:
     void open(const QString& select); // throws Error; the connection stays usable, the recordset is closed
     void close();
     bool isOpen() const;
-    void requery();
+    void requery(); // keeps the order and the filter
     QString source() const;
 
     bool bof() const;
@@ -63,9 +63,9 @@ public:
 
     // Starts a new row; set() then gives it values, update() writes it and makes it the current, last row.
     void addNew();
-    // Changes the current or the new row in memory. A text for a date column is read day first, and where it is no date
-    // that way it is refused by update(); a text for a number column must be a number; Error 13 from update().
-    // Line breaks of texts are kept as they come.
+    // Changes the current or the new row in memory; a movement without update() drops the changes. A text for a date
+    // column is read day first, and where that is no date, month first; a text for a number column must be a plain
+    // number. Others are refused by update() with Error 13. Line breaks of texts are kept as they come.
     void set(const QString& field, const QVariant& value);
     // Writes what set() has changed. On failure nothing is written, the pending row or changes are dropped, and the
     // cursor stands where it stood before.

@@ -14,17 +14,19 @@ namespace jet {
 
 namespace {
 
-using Keys = std::vector<qint64>;
+using Keys = Recordset::Private::Keys;
+using SortedKeys = Recordset::Private::SortedKeys;
 
-bool contains(const Keys& sorted, qint64 key)
+bool contains(const SortedKeys& sorted, qint64 key)
 {
     return std::binary_search(sorted.begin(), sorted.end(), key);
 }
 
-Keys sortedCopy(Keys keys)
+SortedKeys sortedCopy(const Keys& keys)
 {
-    std::sort(keys.begin(), keys.end());
-    return keys;
+    SortedKeys sorted(keys.begin(), keys.end());
+    std::sort(sorted.begin(), sorted.end());
+    return sorted;
 }
 
 // "field", "field asc" or "field desc".
@@ -68,7 +70,7 @@ void Recordset::find(const QString& criterion)
     d->requireOpen();
     if (d->count() == 0) return;
     if (d->position < 0 || d->position >= d->count()) throw noCurrentRow();
-    const Keys matches = d->matches(criterion);
+    const SortedKeys matches = d->matches(criterion);
     const Keys& rows = d->rows();
     const auto from = rows.begin() + d->position;
     const auto found = matches.size() == 1
@@ -106,7 +108,7 @@ QString Recordset::Private::columnSql(int field) const
     return quoted(select.alias) + u'.' + quoted(fields[field].column);
 }
 
-Recordset::Private::Keys Recordset::Private::matches(const QString& criterion)
+Recordset::Private::SortedKeys Recordset::Private::matches(const QString& criterion)
 {
     const Criterion wanted(criterion);
     const int field = fieldIndex(wanted.field());
@@ -122,7 +124,7 @@ Recordset::Private::Keys Recordset::Private::matches(const QString& criterion)
         if (test.step() && sqlite3_column_int(test.handle(), 0)) result.push_back(key);
         test.reset();
     }
-    return sortedCopy(std::move(result));
+    return sortedCopy(result);
 }
 
 void Recordset::Private::choose()
@@ -135,14 +137,14 @@ void Recordset::Private::choose()
         if (isColumn(field)) {
             keys = readKeys(keysSql({}, columnSql(field) + orderCollation(fields[field].type) +
                                             QLatin1String(order.descending ? " desc" : "")));
-            const Keys known = sortedCopy(all);
+            const SortedKeys known = sortedCopy(all);
             std::erase_if(*keys, [&](qint64 key) { return !contains(known, key); });
         } else {
             sortByValues(*keys, field, order.descending);
         }
     }
     if (!filter.isEmpty()) {
-        const Keys wanted = matches(filter);
+        const SortedKeys wanted = matches(filter);
         if (!keys) keys = all;
         std::erase_if(*keys, [&](qint64 key) { return !contains(wanted, key); });
     }

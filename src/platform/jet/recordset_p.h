@@ -6,6 +6,7 @@
 #include "platform/jet/select.h"
 #include "platform/jet/statement.h"
 
+#include <deque>
 #include <map>
 #include <optional>
 #include <vector>
@@ -23,7 +24,9 @@ struct Recordset::Private
     };
 
     // A row is known by a number: the rowid where the select is simple, else its place among `cells`.
-    using Keys = std::vector<qint64>;
+    // In pieces: a million keys are never copied, nor twice in memory, while they are read.
+    using Keys = std::deque<qint64>;
+    using SortedKeys = std::vector<qint64>;
 
     explicit Private(std::shared_ptr<Database> shared) : database(std::move(shared)) {}
 
@@ -72,7 +75,7 @@ struct Recordset::Private
     // Looking for rows.
     bool isColumn(int field) const { return select.simple && !fields[field].column.isEmpty(); }
     QString columnSql(int field) const;
-    Keys matches(const QString& criterion); // sorted
+    SortedKeys matches(const QString& criterion);
     void choose();
     void sortByValues(Keys& keys, int field, bool descending);
 
