@@ -14,6 +14,7 @@ FrmLocalizacao& frmLocalizacao()
 FrmLocalizacao::FrmLocalizacao() : Form(Name)
 {
     setupUi(this);
+    fraLista->setVisible(OrigemLoc != 6); // a BDP's parish is no matter of the list
     connect(cmbPais, &ComboBox::clicked, this, &FrmLocalizacao::cmbPais_Click);
     connect(cmbZona, &ComboBox::clicked, this, &FrmLocalizacao::cmbZona_Click);
     connect(cmdZ, &QPushButton::clicked, this, &FrmLocalizacao::cmdZ_Click);
@@ -36,12 +37,10 @@ void FrmLocalizacao::Form_Load()
     guarded([&] {
         preenchePaises();
         escolheParoquiaDaBDP();
-        if (OrigemLoc == 6) {
+        if (OrigemLoc == 6)
             cmdGuardar->setEnabled(false);
-            fraLista->hide();
-        } else {
+        else
             preencheLista();
-        }
         cmdRem->setEnabled(lstLocal->listCount() > 0);
     });
 }

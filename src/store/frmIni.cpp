@@ -91,6 +91,8 @@ void FrmIni::escolheNovaBDP()
 void FrmIni::Command1_Click()
 {
     guarded([&] {
+        // A picker that stands open for the cards offers more than parishes.
+        if (Form* aberta = Forms::find("frmLocalizacao")) aberta->unload();
         OrigemLoc = 6;
         if (Forms::show("frmLocalizacao")) conceal();
     });

@@ -1,6 +1,7 @@
 #include "common/dates.h"
 
 #include "common/globals.h"
+#include "forms/house.h"
 #include "platform/jet/error.h"
 #include "store/session.h"
 
@@ -40,6 +41,41 @@ TEST(DateText, GoesIntoStatementsMonthFirst)
     EXPECT_THROW(literalDaData(""), jet::Error);
 }
 
+class DateField : public House
+{
+protected:
+    TestForm* form = make("frmProf", [](TestForm& f) {
+        f.put<MaskedEdit>("mskData");
+        f.put<QPushButton>("cmdOk");
+    });
+    MaskedEdit* data = form->findChild<MaskedEdit*>("mskData");
+};
+
+TEST_F(DateField, MayHoldADateOrNothing)
+{
+    EXPECT_TRUE(VerificaData(*data)); // with its mask
+    data->showPlain("");
+    EXPECT_TRUE(VerificaData(*data));
+    data->showPlain("09/03/1750");
+    EXPECT_TRUE(VerificaData(*data));
+    EXPECT_EQ(data->text(), "09/03/1750");
+}
+
+TEST_F(DateField, IsClearedAndGetsTheFocusWhereItHoldsNoDate)
+{
+    form->display();
+    form->findChild<QPushButton*>("cmdOk")->setFocus();
+    data->showPlain("31/02/1750");
+    Answer ok("OK");
+    EXPECT_FALSE(VerificaData(*data));
+    EXPECT_EQ(ok.text.remove('\r'), "Deve inserir uma data válida!\nUtilize o formato 'DD/MM/YYYY'");
+    EXPECT_EQ(ok.title, "NUBE - ORV");
+    EXPECT_EQ(ok.icon, QMessageBox::Information);
+    EXPECT_EQ(data->text(), "__/__/____");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(data->hasFocus());
+}
+
 TEST(Age, IsCountedInYearsOf365DaysRoundedToTheNearest)
 {
     const QDate nasc(1750, 1, 1);
@@ -58,6 +94,7 @@ protected:
         const QString ficheiro = pasta.filePath("teste.orv");
         jet::createDatabase(ficheiro);
         cnBDP.open(ficheiro);
+        cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
         cnBDP.execute("create table individuo (nind double not null, datanasc date, dataobito date, inicioobs date, "
                       "fimobs date)");
         DataActo = "09/03/1800";
@@ -111,6 +148,15 @@ TEST_F(ObservationWindow, IsDecidedByTheFirstDateKnown)
     EXPECT_FALSE(dentro("datanasc = #01/01/1650#, inicioobs = #01/01/1780#"));
     EXPECT_TRUE(dentro("inicioobs = #01/01/1780#, dataobito = #01/01/1790#"));
     EXPECT_FALSE(dentro("dataobito = #01/01/1790#, fimobs = #01/01/1800#"));
+}
+
+TEST_F(ObservationWindow, IsOpenWhereItCantBeTested)
+{
+    DataActo = "31/02/1800";
+    Answer ok("OK");
+    EXPECT_TRUE(dentro("datanasc = #01/01/1600#"));
+    EXPECT_EQ(ok.given, 1);
+    EXPECT_TRUE(ok.text.startsWith("Ocorreu o erro 13"));
 }
 
 TEST_F(ObservationWindow, IsOpenForThoseOfWhomNothingIsKnown)

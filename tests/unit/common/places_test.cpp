@@ -19,7 +19,7 @@ protected:
         const QString ficheiro = pasta.filePath("teste.orv");
         jet::createDatabase(ficheiro);
         cnBDP.open(ficheiro);
-        cnBDP.beginTrans(); // one write to the disk
+        cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
         for (const auto& [tabela, nivel] : {std::pair{"pais", "pais"},
                                             {"zonapais", "zona"},
                                             {"distrito", "distrito"},
@@ -44,7 +44,6 @@ protected:
         insere("lugar", "'03030101', '*Vila-Cova', 1");
         insere("sitio", "'0303010101', 'Fonte', 1");
         insere("sitio", "'0303010102', 'Cruz', 0");
-        cnBDP.commitTrans();
     }
     void TearDown() override
     {

@@ -1,0 +1,184 @@
+#include "places/frmLocalizacao.h"
+
+#include "common/globals.h"
+#include "forms/house.h"
+#include "store/session.h"
+
+#include <QTemporaryDir>
+
+namespace {
+
+// The picker over a small BDP, with stand-ins for the cards that call it.
+class Picker : public House
+{
+protected:
+    Picker()
+    {
+        const QString ficheiro = pasta.filePath("teste.orv");
+        jet::createDatabase(ficheiro);
+        cnBDP.open(ficheiro);
+        cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
+        for (const char* instrucao :
+             {"create table pais (codpais varchar, nomepais varchar(255), prioridade long)",
+              "create table zonapais (codzona varchar, nomezona varchar(255), codpais varchar, prioridade long)",
+              "create table distrito (coddistrito varchar, nomedistrito varchar(255), prioridade long)",
+              "create table concelho (codconcelho varchar, nomeconcelho varchar(255), coddistrito varchar, prioridade "
+              "long)",
+              "create table paroquia (codparoquia varchar, nomeparoquia varchar(255), codconcelho varchar, prioridade "
+              "long)",
+              "create table lugar (codlugar varchar, nomelugar varchar(255), codparoquia varchar, prioridade long)",
+              "create table sitio (codsitio varchar, nomesitio varchar(255), codlugar varchar, prioridade long)",
+              "insert into pais values ('01', 'Espanha', 0)", "insert into pais values ('PT', 'Portugal', 0)",
+              "insert into zonapais values ('011', 'Galiza', '01', 0)",
+              "insert into distrito values ('03', 'Braga', 0)",
+              "insert into concelho values ('0303', 'Braga', '03', 1)",
+              "insert into paroquia values ('030303', 'São Mamede', '0303', 2)",
+              "insert into lugar values ('03030301', 'Outeiro', '030303', 0)",
+              "insert into sitio values ('0303030101', 'Fonte', '03030301', 0)"})
+            cnBDP.execute(instrucao);
+        CodParoquia = "030303";
+        Forms::add(FrmLocalizacao::Name, [] { return new FrmLocalizacao; });
+    }
+    ~Picker() override
+    {
+        cnBDP.close();
+        CodParoquia.clear();
+        limpaGlobais();
+    }
+
+    Form* card(const QString& nome, const QList<const char*>& combos)
+    {
+        return make(nome, [combos](TestForm& form) {
+            for (const char* combo : combos)
+                form.put<ComboBox>(combo);
+        });
+    }
+    static ComboBox& combo(const Form* form, const QString& nome) { return *form->findChild<ComboBox*>(nome); }
+
+    static void ask(int origem, Form* caller)
+    {
+        OrigemLoc = origem;
+        caller->setEnabled(false);
+        Forms::show("frmLocalizacao");
+    }
+
+    QTemporaryDir pasta;
+};
+
+TEST_F(Picker, HandsThePlaceToTheListOfItsCaller)
+{
+    const struct
+    {
+        int origem;
+        const char* cartao;
+        const char* combo;
+    } pedidos[] = {{1, "frmInd", "cmbLoc"},
+                   {3, "frmInd", "cmbLocObito"},
+                   {4, "frmFam", "cmbLoc"},
+                   {5, "frmResid", "cmbLoc"},
+                   {7, "frmPass", "cmbDados_1"}};
+    card("frmInd", {"cmbLoc", "cmbLocObito"});
+    card("frmFam", {"cmbLoc"});
+    card("frmResid", {"cmbLoc"});
+    card("frmPass", {"cmbDados_1"});
+    for (const auto& pedido : pedidos) {
+        Form* cartao = Forms::find(pedido.cartao);
+        ask(pedido.origem, cartao);
+        frmLocalizacao().cmdAtribuir->click();
+        EXPECT_EQ(combo(cartao, pedido.combo).text(), "São Mamede -F- 030303");
+        EXPECT_EQ(combo(cartao, pedido.combo).count(), 3);
+        EXPECT_TRUE(cartao->isEnabled());
+        EXPECT_FALSE(Forms::isLoaded("frmLocalizacao"));
+    }
+}
+
+TEST_F(Picker, RefillsOnlyItsCallerWithAPlaceAndAllCardsOnClosing)
+{
+    Form* familia = card("frmFam", {"cmbLoc"});
+    Form* residencias = card("frmResid", {"cmbLoc"});
+    combo(familia, "cmbLoc").add("antes");
+    ask(5, residencias);
+    frmLocalizacao().cmdAtribuir->click();
+    EXPECT_EQ(combo(familia, "cmbLoc").count(), 1);
+    ask(5, residencias);
+    frmLocalizacao().cmdSair->click();
+    EXPECT_EQ(combo(familia, "cmbLoc").count(), 3);
+    EXPECT_EQ(combo(familia, "cmbLoc").list(0), " ");
+    EXPECT_EQ(combo(residencias, "cmbLoc").listIndex(), -1);
+}
+
+TEST_F(Picker, EnablesNobodyButThoseWhoAsked)
+{
+    Form* familia = card("frmFam", {"cmbLoc"});
+    Form* residencias = card("frmResid", {"cmbLoc"});
+    familia->setEnabled(false); // it waits for frmResid
+    ask(5, residencias);
+    OrigemLoc = 0; // the menu asks as well
+    Forms::show("frmLocalizacao");
+    frmLocalizacao().cmdSair->click();
+    EXPECT_TRUE(residencias->isEnabled());
+    EXPECT_FALSE(familia->isEnabled());
+}
+
+TEST_F(Picker, TouchesNoOtherFormWhenAllAreUnloaded)
+{
+    Form* familia = card("frmFam", {"cmbLoc"});
+    ask(4, familia);
+    static_cast<TestForm*>(familia)->onQuery = [](Form::UnloadMode) { return false; };
+    Forms::unloadAll();
+    EXPECT_FALSE(Forms::isLoaded("frmLocalizacao"));
+    EXPECT_FALSE(familia->isEnabled());
+}
+
+TEST_F(Picker, LeavesLocalitiesAndSitesOutForTheFuneralsPriest)
+{
+    OrigemLoc = 0;
+    Forms::show("frmLocalizacao");
+    frmLocalizacao().cmbLugar->setText("Outeiro");
+    frmLocalizacao().cmbS->setText("Fonte");
+    OrigemInd = 6;
+    frmLocalizacao().cmdGuardar->click();
+    EXPECT_EQ(frmLocalizacao().lstLocal->list(2), "São Mamede -F- 0303030101"); // the code stays the deeper one
+    OrigemInd = 8;
+    frmLocalizacao().cmdGuardar->click(); // the same code under its own letter
+    EXPECT_EQ(frmLocalizacao().lstLocal->list(3), "Fonte -S- 0303030101");
+}
+
+TEST_F(Picker, OpensAnEditorUnderTheNameOfItsPlaceAndWaitsForIt)
+{
+    OrigemLoc = 0;
+    Forms::show("frmLocalizacao");
+    frmLocalizacao().cmdLug->click();
+    frmLocalizacao().cmdLoc->click();
+    EXPECT_TRUE(frmLocalizacao().isEnabled()); // there is no such form
+
+    const auto caption = [](const QString& editor) {
+        EXPECT_FALSE(frmLocalizacao().isEnabled());
+        frmLocalizacao().setEnabled(true);
+        return Forms::find(editor)->caption();
+    };
+    for (const char* editor : {"frmZona", "frmLugares", "frmSitios", "frmPesq"})
+        make(editor);
+    frmLocalizacao().cmdLug->click();
+    EXPECT_EQ(caption("frmLugares"), "Localidades de São Mamede");
+    frmLocalizacao().cmbLugar->setText("Outeiro");
+    frmLocalizacao().cmdSit->click();
+    EXPECT_EQ(caption("frmSitios"), "Sítios de Outeiro");
+    frmLocalizacao().cmbPais->setText("01 - Espanha");
+    frmLocalizacao().cmdZ->click();
+    EXPECT_EQ(caption("frmZona"), "Zonas de 01 - Espanha");
+    frmLocalizacao().cmdLoc->click();
+    EXPECT_FALSE(frmLocalizacao().isEnabled());
+}
+
+TEST_F(Picker, CanBeSetByTheProgramWhileItIsDisabled)
+{
+    OrigemLoc = 0;
+    Forms::show("frmLocalizacao");
+    frmLocalizacao().setEnabled(false);
+    frmLocalizacao().cmbPais->setText("01 - Espanha");
+    EXPECT_EQ(frmLocalizacao().cmbZona->count(), 2);
+    EXPECT_EQ(frmLocalizacao().cmbDistrito->count(), 0);
+}
+
+} // namespace
