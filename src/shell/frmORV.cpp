@@ -5,6 +5,7 @@
 #include "common/SplashForm.h"
 #include "individuals/frmInd.h"
 #include "platform/desktop/desktop.h"
+#include "platform/forms/controls.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "store/frmBack.h"
@@ -144,7 +145,15 @@ void FrmORV::mnuPass_Click()
     guarded([&] {
         // Kept: the form loaded last decides, which needn't be the active one.
         const QWidget* ultima = Forms::loaded().last();
-        if (ultima->windowTitle() == "Indivíduo" && ultima->isEnabled() && ultima->isVisible()) Forms::show("frmPass");
+        if (ultima->windowTitle() == "Indivíduo") {
+            if (ultima->isEnabled() && ultima->isVisible()) Forms::show("frmPass");
+        } else if (ultima->windowTitle() == "Residências do indivíduo") {
+            Form* passaportes = Forms::show("frmPass");
+            if (!passaportes) return;
+            const QString local = ultima->findChild<ComboBox*>("cmbLoc")->text();
+            // Kept: it is added also where the list holds it already.
+            if (!local.isEmpty()) passaportes->findChild<ComboBox*>("cmbDados_1")->add(local);
+        }
     });
 }
 

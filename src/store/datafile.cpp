@@ -14,24 +14,24 @@ DataFile DataFile::inProgramFolder(const QString& name)
     return DataFile(Desktop::programFolder() + '/' + name);
 }
 
-DataFile::DataFile(const QString& path) : file_(std::make_unique<QFile>(path))
+DataFile::DataFile(const QString& path) : file_(path)
 {
     if (!QFileInfo::exists(path))
         throw jet::Error{jet::number::fileNotFound, "Não foi encontrado o ficheiro " + path + "."};
-    if (!file_->open(QIODevice::ReadOnly))
+    if (!file_.open(QIODevice::ReadOnly))
         throw jet::Error{jet::number::permissionDenied, "Não é possível ler o ficheiro " + path + "."};
 }
 
 bool DataFile::atEnd()
 {
-    return file_->atEnd();
+    return file_.atEnd();
 }
 
 QByteArray DataFile::readUtf8Line()
 {
     if (atEnd()) throw located({readPastEnd, "O ficheiro terminou antes do esperado."});
     ++line_;
-    QByteArray bytes = file_->readLine();
+    QByteArray bytes = file_.readLine();
     if (bytes.endsWith('\n')) bytes.chop(1);
     if (bytes.endsWith('\r')) bytes.chop(1);
     if (isAscii(bytes)) return bytes;
@@ -42,5 +42,5 @@ QByteArray DataFile::readUtf8Line()
 jet::Error DataFile::located(const jet::Error& error) const
 {
     return {error.number,
-            QStringLiteral("%1\r\nFicheiro %2, linha %3.").arg(error.description, file_->fileName()).arg(line_)};
+            QStringLiteral("%1\r\nFicheiro %2, linha %3.").arg(error.description, file_.fileName()).arg(line_)};
 }

@@ -6,8 +6,6 @@
 #include <QFile>
 #include <QString>
 
-#include <memory>
-
 // A file in code page 1252, read line by line; lines end with CR LF or LF, the last one also with the file.
 class DataFile
 {
@@ -26,6 +24,6 @@ public:
     jet::Error located(const jet::Error& error) const;
 
 private:
-    std::unique_ptr<QFile> file_;
+    QFile file_;
     int line_ = 0;
 };
