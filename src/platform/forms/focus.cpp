@@ -28,11 +28,9 @@ Form* formOf(QWidget* widget)
 
 void bringToFront(QWidget* field)
 {
-    for (QWidget* page = field; page; page = page->parentWidget()) {
-        for (QWidget* above = page->parentWidget(); above; above = above->parentWidget())
-            if (auto* tabs = qobject_cast<QTabWidget*>(above); tabs && tabs->indexOf(page) >= 0)
-                tabs->setCurrentWidget(page);
-        if (auto* child = qobject_cast<QMdiSubWindow*>(page); child && child->isVisible())
+    for (QWidget* widget = field; QWidget* parent = widget->parentWidget(); widget = parent) {
+        if (auto* tabs = qobject_cast<QTabWidget*>(parent->parentWidget())) tabs->setCurrentWidget(widget);
+        if (auto* child = qobject_cast<QMdiSubWindow*>(parent); child && child->isVisible())
             child->mdiArea()->setActiveSubWindow(child);
     }
 }

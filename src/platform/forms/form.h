@@ -28,9 +28,9 @@ public:
     };
     enum class Window
     {
-        Child,
-        Own
-    }; // a window of the document area, or one of its own above everything
+        Child, // of the document area
+        Own    // one of its own, in the middle of the screen above everything
+    };
 
     explicit Form(const QString& name, Window window = Window::Child);
     ~Form() override;
@@ -56,7 +56,7 @@ public:
     // False for a form that stands on its own: the focus doesn't count as moved when it comes and goes.
     bool isChild() const { return window_ == Window::Child; }
     // The control that gets the focus when the form does.
-    void setLastFocus(QWidget* control) { lastFocus_ = control; }
+    void setLastFocus(QWidget* control) { lastFocus_ = control == this ? nullptr : control; }
 
 signals:
     void unloaded();

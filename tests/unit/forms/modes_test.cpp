@@ -85,5 +85,6 @@ TEST_F(ModesTest, ADateShutUnderTheFocusIsNotLeft)
 
 TEST_F(ModesTest, AControlThatTheFormLacksStopsTheProgram)
 {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(applyMode(form, {{"txtNada", {}, {}, {}}}, "Edi"), "frmA has no control txtNada");
 }

@@ -1,0 +1,119 @@
+#include "forms/house.h"
+
+#include <QElapsedTimer>
+#include <QHeaderView>
+
+namespace {
+
+class GridTest : public House
+{
+protected:
+    GridTest()
+    {
+        make("frmA", [this](TestForm& form) {
+            grid = form.put<Grid>("dtgProf");
+            form.put<TextBox>("txtNome");
+        })->display();
+        QObject::connect(grid, &Grid::picked, [this] { ++picks; });
+    }
+
+    void fill(int rows)
+    {
+        grid->setCols(2);
+        grid->setRows(rows);
+        for (int row = 0; row < rows; ++row)
+            for (int col = 0; col < 2; ++col)
+                grid->setTextMatrix(row, col, QStringLiteral("%1,%2").arg(row).arg(col));
+        QCoreApplication::processEvents();
+    }
+
+    QPoint at(int row) const { return grid->visualRect(grid->model()->index(row - 1, 0)).center(); }
+
+    Grid* grid = nullptr;
+    int picks = 0;
+};
+
+} // namespace
+
+TEST_F(GridTest, RowZeroIsTheHeading)
+{
+    fill(3);
+    EXPECT_EQ(grid->rows(), 3);
+    EXPECT_EQ(grid->cols(), 2);
+    EXPECT_EQ(grid->textMatrix(0, 1), "0,1");
+    EXPECT_EQ(grid->textMatrix(2, 0), "2,0");
+    EXPECT_EQ(grid->model()->rowCount(), 2);
+    EXPECT_EQ(grid->model()->headerData(1, Qt::Horizontal), "0,1");
+    EXPECT_EQ(grid->model()->index(1, 0).data(), "2,0");
+    EXPECT_TRUE(grid->horizontalHeader()->isVisible());
+}
+
+TEST_F(GridTest, NoRowsIsAnEmptyGrid)
+{
+    fill(3);
+    grid->setRows(0);
+    EXPECT_EQ(grid->rows(), 0);
+    EXPECT_EQ(grid->row(), 0);
+    EXPECT_FALSE(grid->horizontalHeader()->isVisible());
+    grid->setRows(2);
+    EXPECT_EQ(grid->textMatrix(0, 0), "");
+    EXPECT_EQ(grid->textMatrix(1, 0), "");
+}
+
+TEST_F(GridTest, CellsThatDoNotExistAreEmpty)
+{
+    fill(2);
+    EXPECT_EQ(grid->textMatrix(2, 0), "");
+    EXPECT_EQ(grid->textMatrix(0, -1), "");
+    grid->setTextMatrix(9, 9, "x");
+    EXPECT_EQ(grid->rows(), 2);
+}
+
+TEST_F(GridTest, MoreRowsKeepTheTextsOfTheFirst)
+{
+    fill(2);
+    grid->setRows(4);
+    EXPECT_EQ(grid->textMatrix(1, 1), "1,1");
+    EXPECT_EQ(grid->textMatrix(3, 1), "");
+    grid->setCols(3);
+    EXPECT_EQ(grid->textMatrix(1, 1), "1,1");
+    EXPECT_EQ(grid->textMatrix(1, 2), "");
+}
+
+TEST_F(GridTest, OnlyTheUserPicks)
+{
+    fill(5);
+    grid->setRow(2);
+    EXPECT_EQ(grid->row(), 2);
+    EXPECT_EQ(picks, 0);
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, at(3));
+    EXPECT_EQ(grid->row(), 3);
+    EXPECT_EQ(picks, 1);
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, at(3));
+    EXPECT_EQ(picks, 2);
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_EQ(grid->row(), 4);
+    EXPECT_EQ(picks, 3);
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_EQ(picks, 3);
+    grid->setRow(0);
+    EXPECT_EQ(grid->row(), 0);
+    EXPECT_EQ(picks, 3);
+}
+
+TEST_F(GridTest, TabGoesOnToTheNextField)
+{
+    fill(3);
+    Focus::setTo(grid);
+    QTest::keyClick(grid, Qt::Key_Tab);
+    EXPECT_FALSE(grid->hasFocus());
+}
+
+TEST_F(GridTest, AHundredThousandRowsStandAtOnce)
+{
+    QElapsedTimer timer;
+    timer.start();
+    fill(100001);
+    EXPECT_EQ(grid->textMatrix(100000, 1), "100000,1");
+    EXPECT_LT(timer.elapsed(), 5000);
+}
