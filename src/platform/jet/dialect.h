@@ -17,7 +17,7 @@ namespace jet {
 // calendar. Nothing else is a date.
 std::optional<QDate> readDate(const QString& text);
 
-// The same where a statement or a column takes a text: day first, and where that is no date, month first.
+// The same where a statement takes a text: day first, and where that is no date, month first.
 std::optional<QDate> readDateEitherWay(const QString& text);
 
 // One statement of the dialect in the engine's own. Throws Error (invalidStatement) for a date literal that is no date,

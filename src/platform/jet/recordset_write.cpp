@@ -56,7 +56,7 @@ QVariant stored(const Recordset::Private::Field& field, const QVariant& value)
     switch (field.type) {
     case Type::Date: {
         const auto date =
-            value.typeId() == QMetaType::QDate ? std::optional(value.toDate()) : readDateEitherWay(value.toString());
+            value.typeId() == QMetaType::QDate ? std::optional(value.toDate()) : readDate(value.toString());
         if (!date) throw mismatch(field, value.toString(), "uma data");
         return storedDate(*date);
     }
