@@ -1,6 +1,7 @@
 #include "common/modGeral.h"
 
 #include "common/dates.h"
+#include "common/numbers.h"
 #include "common/SplashForm.h"
 #include "common/vbtext.h"
 #include "platform/desktop/desktop.h"
@@ -23,9 +24,7 @@ int ProcuraItemData(ComboBox& lista, const QVariant& valor)
     const QString texto = Trim(valor.toString());
     if (texto.isEmpty()) return -1;
 
-    bool numero = false;
-    const double procurado = texto.toDouble(&numero);
-    if (!numero) throw jet::Error{jet::number::typeMismatch, "O valor \"" + texto + "\" não é um número."};
+    const double procurado = numeroDoTexto(texto);
     if (procurado < std::numeric_limits<qint16>::min() || procurado > std::numeric_limits<qint16>::max())
         throw jet::Error{jet::number::overflow, "O número " + texto + " é demasiado grande."};
 

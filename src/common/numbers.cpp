@@ -15,7 +15,7 @@ QString textoDoNumero(const QVariant& numero)
 double numeroDoTexto(const QString& texto)
 {
     bool valido = false;
-    const double numero = QLocale::c().toDouble(texto.trimmed(), &valido);
+    const double numero = texto.trimmed().toDouble(&valido);
     if (valido && std::isfinite(numero)) return numero;
     throw jet::Error{jet::number::typeMismatch, "\"" + texto + "\" não é um número."};
 }
