@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopeGuard>
@@ -93,7 +94,8 @@ protected:
         case QEvent::MouseButtonDblClick:
             return formOf(widget) && press(widget, static_cast<QMouseEvent*>(event));
         case QEvent::Shortcut:
-            return formOf(widget) && shortcut(widget, static_cast<QShortcutEvent*>(event));
+            return formOf(widget) ? shortcut(widget, static_cast<QShortcutEvent*>(event))
+                                  : yields(widget, static_cast<QShortcutEvent*>(event));
         case QEvent::Wheel: // a page that turns without the focus would take a field away without its being left
             return qobject_cast<QTabBar*>(widget) && formOf(widget);
         default:
@@ -191,9 +193,26 @@ private:
     {
         if (auto* bar = qobject_cast<QTabBar*>(widget)) return !keeps(bar, Qt::ShortcutFocusReason);
         auto* button = qobject_cast<QAbstractButton*>(widget);
-        if (!button || event->isAmbiguous() || event->shortcutId() == 0) return false;
+        if (!button || event->shortcutId() == 0) return false;
         if (keeps(button, Qt::ShortcutFocusReason)) button->click();
         return true;
+    }
+
+    // A letter that a menu shares with a button or a page of the form in use belongs to the form.
+    bool yields(QWidget* widget, const QShortcutEvent* event)
+    {
+        const Form* form = formOf(holder_);
+        if (!form || !event->isAmbiguous() || !qobject_cast<QMenuBar*>(widget)) return false;
+        for (auto* button : form->findChildren<QAbstractButton*>())
+            if (button->shortcut() == event->key() && button->isEnabled() && button->isVisible())
+                return shortcut(button, event);
+        for (auto* tabs : form->findChildren<QTabWidget*>())
+            for (int page = 0; page < tabs->count(); ++page)
+                if (QKeySequence::mnemonic(tabs->tabText(page)) == event->key()) {
+                    if (keeps(tabs->tabBar(), Qt::ShortcutFocusReason)) tabs->setCurrentIndex(page);
+                    return true;
+                }
+        return false;
     }
 
     QHash<QObject*, Watch> watches_;
