@@ -82,7 +82,7 @@ private:
     void passaNomeAFamilia();
     void permiteAtribuir();
     Valores valoresDaInsercao() const;
-    Valores valoresDaAlteracao() const;
+    Valores valoresDaAlteracao();
     QString sexo() const; // "m", "f" or "d"; "" where none is chosen
 
     // Dates and ages

@@ -145,7 +145,8 @@ void FrmInd::PreencheFamilias()
         if (!tem) return;
 
         dtgProf->setCols(4);
-        for (int coluna : {0, 1, 2}) dtgProf->setColWidth(coluna, 80);
+        for (int coluna : {0, 1, 2})
+            dtgProf->setColWidth(coluna, 80);
         dtgProf->setTextMatrix(0, 0, "Nº. Família");
         dtgProf->setTextMatrix(0, 1, "Tipo");
         dtgProf->setTextMatrix(0, 2, "Situação");

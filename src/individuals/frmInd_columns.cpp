@@ -81,9 +81,9 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
 
 // Every column is written, null where the field is empty. Kept: the mother's age goes in as 0 then, and the radio that
 // is on leaves the other's column as it was.
-FrmInd::Valores FrmInd::valoresDaAlteracao() const
+FrmInd::Valores FrmInd::valoresDaAlteracao()
 {
-    const jet::Recordset& registo = const_cast<FrmInd*>(this)->adoNind.recordset();
+    const jet::Recordset& registo = adoNind.recordset();
     const bool testamento = optTest_0->isChecked(), escritura = optTest_1->isChecked();
     const QVariant idadeMae = textoDe(txtIdMae);
     return {

@@ -71,7 +71,7 @@ void FrmInd::confirmaInsercao()
     const Hourglass ampulheta;
     if (!temObrigatorios("proceder ao seu registo!")) return;
 
-    if (!adoInd.hasRows()) {
+    if (!adoInd.hasRows() || !adoNind.recordset().isOpen()) { // nobody was shown yet
         adoNind.setRecordSource("select * from individuo");
         adoNind.refresh();
     }
@@ -135,6 +135,7 @@ void FrmInd::confirmaAlteracao()
 void FrmInd::cancelaAlteracao()
 {
     AplicarModo("Cons");
+    poeListaNoNumero(txtNind->text()); // the menu may have moved the list meanwhile
     ActualizaCampos(adoInd.recordset());
     cmdElim->setText(legenda::eliminar);
     cmdAlt->setText(legenda::alterar);

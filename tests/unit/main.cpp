@@ -7,6 +7,7 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
+    Q_INIT_RESOURCE(icons);
     QApplication::setStyle(QStringLiteral("Fusion"));
     return RUN_ALL_TESTS();
 }
