@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 namespace {
+constexpr long deviceError = 57;
 constexpr long readPastEnd = 62;
 } // namespace
 
@@ -32,6 +33,7 @@ QByteArray DataFile::readUtf8Line()
     if (atEnd()) throw located({readPastEnd, "O ficheiro terminou antes do esperado."});
     ++line_;
     QByteArray bytes = file_.readLine();
+    if (bytes.isEmpty()) throw located({deviceError, "Não foi possível ler o ficheiro."});
     if (bytes.endsWith('\n')) bytes.chop(1);
     if (bytes.endsWith('\r')) bytes.chop(1);
     if (isAscii(bytes)) return bytes;
@@ -41,6 +43,6 @@ QByteArray DataFile::readUtf8Line()
 
 jet::Error DataFile::located(const jet::Error& error) const
 {
-    return {error.number,
-            QStringLiteral("%1\r\nFicheiro %2, linha %3.").arg(error.description, file_.fileName()).arg(line_)};
+    return {error.number, QStringLiteral("%1\r\nFicheiro %2, linha %3.")
+                              .arg(error.description, file_.fileName(), QString::number(line_))};
 }

@@ -16,7 +16,8 @@ public:
     explicit DataFile(const QString& path);
 
     bool atEnd();
-    // Without its line end. Throws Error 62 at the end of the file, 13 for a line that isn't in the code page.
+    // Without its line end. Throws Error 62 at the end of the file, 57 where the disk fails, 13 for a line that isn't
+    // in the code page.
     QString readLine() { return QString::fromUtf8(readUtf8Line()); }
     QByteArray readUtf8Line();
 

@@ -25,7 +25,7 @@ bool AbreBDP(const QString& caminho)
 void CriaBDP(const QString& caminho)
 {
     guarded([&] {
-        if (QFileInfo::exists(caminho)) {
+        if (QFileInfo(caminho).isFile()) {
             if (!ask("Essa BDP já existe! Deseja substituí-la?", Icon::None)) return;
             cnBDP.close();
             jet::removeDatabase(caminho);

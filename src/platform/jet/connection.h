@@ -75,8 +75,8 @@ public:
     QList<Column> columns() const;
 
     // Writes a consistent copy of the committed state to `path`, over any file of that name. The target is replaced
-    // only when the copy is whole. Throws permissionDenied where `path` is the open file itself (also through a link),
-    // pathNotFound, diskFull ...; the target is then as it was.
+    // only when the copy is whole. Abandoned levels are rolled back first. Throws permissionDenied where `path` is the
+    // open file itself (also through a link), pathNotFound, diskFull ...; the target is then as it was.
     void copyTo(const QString& path) const;
 
     // A statement prepared once for many rows.
@@ -125,8 +125,9 @@ private:
 // permissionDenied where none can be made. The file exists on return and any tool of the engine opens it.
 void createDatabase(const QString& path);
 
-// Deletes a closed database file with what a killed program may have left beside it. Throws fileNotFound or
-// permissionDenied.
+// Deletes a closed database file with what a killed program may have left beside it. Throws fileNotFound,
+// permissionDenied (also for a read-only file) or engineFailure (a folder, or a file that another program is using);
+// the file is then as it was.
 void removeDatabase(const QString& path);
 
 } // namespace jet

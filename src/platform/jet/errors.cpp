@@ -14,13 +14,13 @@ constexpr auto mark = "jet:";
 
 struct Wording
 {
-    const char* engine; // the engine's message; its groups fill the places of the description
+    const char* engine; // the engine's message; its groups, and then the file, fill the places of the description
     const char* description;
 };
 
 // The engine's messages about a statement.
 constexpr Wording wordings[]{
-    {"^no such table: (.+)$", "A tabela \"%1\" não existe na BDP."},
+    {"^no such table: (.+)$", "A tabela \"%1\" não existe na BDP \"%2\"."},
     {"^no such column: (.+)$", "A coluna \"%1\" não existe nas tabelas da instrução."},
     {"^table (.+) has no column named (.+)$", "A coluna \"%2\" não existe na tabela \"%1\"."},
     {"^ambiguous column name: (.+)$", "A coluna \"%1\" existe em mais de uma das tabelas da instrução."},
@@ -41,14 +41,15 @@ constexpr Wording wordings[]{
     {"^cannot drop .*column: \"(.+)\"$", "A coluna \"%1\" não pode ser retirada da tabela."},
 };
 
-QString statementDescription(const QString& message)
+QString statementDescription(const QString& message, const QString& file)
 {
     for (const Wording& wording : wordings) {
         const auto match = QRegularExpression(QString::fromUtf8(wording.engine)).match(message);
         if (!match.hasMatch()) continue;
         QString description = QString::fromUtf8(wording.description);
-        for (int group = 1; group <= match.lastCapturedIndex(); ++group)
-            description.replace(QStringLiteral("%%1").arg(group), match.captured(group));
+        const QStringList subjects = match.capturedTexts().mid(1) << file;
+        for (qsizetype i = 0; i < subjects.size(); ++i)
+            description.replace(QStringLiteral("%%1").arg(i + 1), subjects[i]);
         return description;
     }
     return QStringLiteral("O motor da base de dados recusou a instrução: %1.").arg(message);
@@ -117,7 +118,7 @@ Error engineError(sqlite3* database, int code, const QString& file)
     if (Error own; readMarked(message, own)) return own;
     switch (code & 0xff) {
     case SQLITE_ERROR:
-        return {number::invalidStatement, statementDescription(message)};
+        return {number::invalidStatement, statementDescription(message, file)};
     case SQLITE_CONSTRAINT:
         return constraintError(database, code, message);
     case SQLITE_MISMATCH:
@@ -145,7 +146,9 @@ Error engineError(sqlite3* database, int code, const QString& file)
         return {number::outOfMemory, QStringLiteral("Não há memória suficiente.")};
     default:
         return {number::engineFailure,
-                QStringLiteral("Não foi possível ler ou escrever o ficheiro \"%1\" (%2).").arg(file, message)};
+                QStringLiteral("Não foi possível ler ou escrever o ficheiro \"%1\": o disco falhou, ou não deixa "
+                               "guardar mais nada.")
+                    .arg(file)};
     }
 }
 

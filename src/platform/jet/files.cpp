@@ -20,7 +20,8 @@ constexpr int busyMilliseconds = 250;
 
 fs::path nativePath(const QString& path)
 {
-    return fs::path(path.toStdU16String());
+    const QByteArray utf8 = path.toUtf8(); // which has a place holder for what is no character
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
 bool isWritable(const fs::file_status& status)
@@ -34,11 +35,24 @@ Error denied(const QString& path)
     return {number::permissionDenied, QStringLiteral("Não é permitido escrever no ficheiro \"%1\".").arg(path)};
 }
 
-void requireFolderOf(const QString& path)
+// The folder that the file stands or would stand in.
+fs::file_status requireFolderOf(const QString& path)
 {
     std::error_code ignored;
-    if (!fs::is_directory(fs::absolute(nativePath(path), ignored).parent_path(), ignored))
+    const fs::file_status status = fs::status(fs::absolute(nativePath(path), ignored).parent_path(), ignored);
+    if (!fs::is_directory(status))
         throw Error{number::pathNotFound, QStringLiteral("A pasta do ficheiro \"%1\" não existe.").arg(path)};
+    return status;
+}
+
+void requireWritableFolderOf(const QString& path)
+{
+    [[maybe_unused]] const fs::file_status status = requireFolderOf(path);
+#ifdef Q_OS_UNIX // elsewhere the mark says nothing about a folder
+    if (!isWritable(status))
+        throw Error{number::permissionDenied,
+                    QStringLiteral("Não é permitido escrever na pasta do ficheiro \"%1\".").arg(path)};
+#endif
 }
 
 struct CloseEngine
@@ -51,6 +65,22 @@ void run(const Engine& engine, const char* sql, const QString& path)
 {
     const int code = sqlite3_exec(engine.get(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) throw engineError(engine.get(), code, path);
+}
+
+// Throws engineFailure where another program is at work on the file, which is to be replaced. What is no database is
+// in nobody's hands.
+void requireUnlocked(const QString& path)
+{
+    const Engine engine(openEngine(path, Access::ReadWrite));
+    const int code = sqlite3_exec(engine.get(), "begin exclusive", nullptr, nullptr, nullptr);
+    if ((code & 0xff) == SQLITE_BUSY) throw engineError(engine.get(), code, path);
+}
+
+// Of a copy: whether it is the new file that failed.
+bool failedInWriting(int code)
+{
+    const bool reading = code == SQLITE_IOERR_READ || code == SQLITE_IOERR_SHORT_READ;
+    return (code & 0xff) == SQLITE_FULL || ((code & 0xff) == SQLITE_IOERR && !reading);
 }
 
 // What the engine may leave beside a file when its program is killed.
@@ -119,7 +149,7 @@ void createDatabase(const QString& path)
     std::error_code ignored;
     if (fs::exists(fs::symlink_status(nativePath(path), ignored)))
         throw Error{number::fileExists, QStringLiteral("O ficheiro \"%1\" já existe.").arg(path)};
-    requireFolderOf(path);
+    requireWritableFolderOf(path);
     removeCompanions(path);
     const Engine engine(openEngine(path, Access::Create));
     // Writes the header. Nothing can be lost with it yet: a file that a power cut leaves empty is a database too.
@@ -128,11 +158,12 @@ void createDatabase(const QString& path)
 
 void removeDatabase(const QString& path)
 {
+    requireWritableFile(path);
+    requireWritableFolderOf(path);
+    requireUnlocked(path);
     std::error_code error;
-    if (!fs::remove(nativePath(path), error)) {
-        if (!error) throw Error{number::fileNotFound, QStringLiteral("O ficheiro \"%1\" não existe.").arg(path)};
+    if (!fs::remove(nativePath(path), error))
         throw Error{number::permissionDenied, QStringLiteral("Não foi possível eliminar \"%1\".").arg(path)};
-    }
     removeCompanions(path);
 }
 
@@ -143,9 +174,12 @@ void copyDatabase(const QString& source, const QString& target)
     if (fs::equivalent(nativePath(source), to, error))
         throw Error{number::permissionDenied,
                     QStringLiteral("\"%1\" é a BDP aberta: não pode ser copiada sobre si própria.").arg(target)};
-    requireFolderOf(target);
+    requireWritableFolderOf(target);
     const fs::file_status status = fs::status(to, error);
-    if (fs::exists(status) && (!fs::is_regular_file(status) || !isWritable(status))) throw denied(target);
+    if (fs::exists(status)) {
+        if (!fs::is_regular_file(status) || !isWritable(status)) throw denied(target);
+        requireUnlocked(target);
+    }
 
     QTemporaryFile temporary(target + QStringLiteral(".XXXXXX"));
     if (!temporary.open()) throw denied(target);
@@ -156,11 +190,12 @@ void copyDatabase(const QString& source, const QString& target)
         sqlite3_backup* backup = sqlite3_backup_init(copy.get(), "main", from.get(), "main");
         if (backup) sqlite3_backup_step(backup, -1);
         const int code = backup ? sqlite3_backup_finish(backup) : sqlite3_extended_errcode(copy.get());
-        if (code != SQLITE_OK) throw engineError(copy.get(), code, (code & 0xff) == SQLITE_FULL ? target : source);
+        if (code != SQLITE_OK) throw engineError(copy.get(), code, failedInWriting(code) ? target : source);
     }
     const fs::path made = nativePath(temporary.fileName());
     fs::permissions(made, fs::status(nativePath(source)).permissions(), error);
     temporary.close();
+    removeCompanions(target); // they belong to the file that goes: the engine would play them back into the new one
     fs::rename(made, to, error);
     if (error) throw denied(target);
     temporary.setAutoRemove(false);

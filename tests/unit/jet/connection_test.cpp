@@ -1,11 +1,6 @@
 #include "jet/testbdp.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 #include <sqlite3.h>
-
-#include <filesystem>
 
 namespace jet::test {
 
@@ -13,31 +8,8 @@ class AConnection : public TestBdp
 {
 protected:
     AConnection() { run("create table t (a long, b varchar(10))"); }
-
-    Error refusalOf(const QString& file)
-    {
-        Connection other;
-        const Error error = errorOf([&] { other.open(file); });
-        EXPECT_EQ(other.state() == Connection::Closed, error.number != 0);
-        EXPECT_TRUE(error.number == 0 || error.description.contains(file)) << error.description.toStdString();
-        return error;
-    }
-    QString makeFile(const char* name, const QByteArray& content)
-    {
-        QFile file(path(QString::fromUtf8(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return file.fileName();
-    }
-    QByteArray contentOf(const QString& file)
-    {
-        QFile source(file);
-        EXPECT_TRUE(source.open(QIODevice::ReadOnly));
-        return source.readAll();
-    }
 };
 
-using FilesOfBdps = AConnection;
 using Transactions = AConnection;
 
 TEST_F(AConnection, TellsItsStateAndItsFile)
@@ -59,18 +31,6 @@ TEST_F(AConnection, OpensThePathOfAConnectionString)
     EXPECT_EQ(numberOf([&] { bdp.open(path()); }), number::alreadyOpen);
 }
 
-TEST_F(AConnection, TakesThePathAsItStands)
-{
-    const QString odd = path(QStringLiteral(" a b 'c' ;d [é] %20.orv "));
-    createDatabase(odd);
-    EXPECT_EQ(refusalOf(odd).number, 0);
-    EXPECT_EQ(refusalOf(path() + u' ').number, number::fileNotFound);
-    EXPECT_EQ(refusalOf(u'"' + path() + u'"').number, number::pathNotFound);
-    EXPECT_EQ(refusalOf(QStringLiteral(":memory:")).number, number::fileNotFound);
-    EXPECT_EQ(refusalOf(QStringLiteral("file:") + path()).number, number::pathNotFound);
-    EXPECT_FALSE(QFile::exists(path() + u' '));
-}
-
 TEST_F(AConnection, RefusesEveryCallWhenClosed)
 {
     bdp.close();
@@ -90,7 +50,7 @@ TEST_F(AConnection, StaysUsableAfterAnError)
 {
     const Error table = errorOf([&] { run("delete from nada"); });
     EXPECT_EQ(table.number, number::invalidStatement);
-    EXPECT_EQ(table.description.toStdString(), "A tabela \"nada\" não existe na BDP.");
+    EXPECT_EQ(table.description, QStringLiteral("A tabela \"nada\" não existe na BDP \"%1\".").arg(path()));
     const auto description = [&](const char* statement) {
         return errorOf([&] { run(statement); }).description.toStdString();
     };
@@ -136,128 +96,6 @@ TEST_F(AConnection, InsertsManyRowsThroughOneStatement)
               number::invalidStatement);
     EXPECT_EQ(numberOf([&] { Connection::Insert(bdp, QStringLiteral("q"), {QStringLiteral("n")}); }),
               number::invalidStatement);
-}
-
-TEST_F(FilesOfBdps, OpenOnlyWhereAWritableDatabaseStands)
-{
-    EXPECT_EQ(refusalOf(path(QStringLiteral("nada.orv"))).number, number::fileNotFound);
-    EXPECT_FALSE(QFile::exists(path(QStringLiteral("nada.orv"))));
-    EXPECT_EQ(refusalOf(path(QStringLiteral("nada/nada.orv"))).number, number::pathNotFound);
-    EXPECT_EQ(refusalOf(folder()).number, number::engineFailure);
-    EXPECT_EQ(refusalOf(QStringLiteral("/dev/null")).number, number::engineFailure);
-    EXPECT_EQ(refusalOf(makeFile("empty.orv", {})).number, 0);
-    const QString text = makeFile("text.orv", QByteArray(5000, 'x'));
-    EXPECT_EQ(refusalOf(text).number, number::engineFailure);
-    EXPECT_EQ(contentOf(text), QByteArray(5000, 'x'));
-}
-
-TEST_F(FilesOfBdps, AreRefusedWhenCutShort)
-{
-    bdp.close();
-    const QByteArray whole = contentOf(path());
-    ASSERT_GE(whole.size(), 8192);
-    for (const qsizetype size : {qsizetype(1), qsizetype(50), qsizetype(1000), qsizetype(4096), whole.size() - 1}) {
-        const QString cut = makeFile("cut.orv", whole.left(size));
-        EXPECT_EQ(refusalOf(cut).number, number::engineFailure) << size;
-        EXPECT_EQ(contentOf(cut), whole.left(size));
-    }
-}
-
-TEST_F(FilesOfBdps, AreRefusedWhenNobodyMayWriteThem)
-{
-    bdp.close();
-    QFile::setPermissions(path(), QFile::ReadOwner | QFile::ReadGroup);
-    EXPECT_EQ(refusalOf(path()).number, number::permissionDenied);
-    QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner);
-    EXPECT_EQ(refusalOf(path()).number, 0);
-}
-
-TEST_F(FilesOfBdps, AreRefusedWhileAnotherProgramHoldsThem)
-{
-    bdp.close();
-    sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(path().toUtf8(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
-    EXPECT_EQ(refusalOf(path()).number, number::engineFailure);
-    ASSERT_EQ(sqlite3_exec(other, "commit", nullptr, nullptr, nullptr), SQLITE_OK);
-    bdp.open(path());
-    ASSERT_EQ(sqlite3_exec(other, "begin immediate", nullptr, nullptr, nullptr), SQLITE_OK);
-    const Error error = errorOf([&] { run("insert into t (a) values (1)"); });
-    EXPECT_EQ(error.number, number::engineFailure);
-    EXPECT_TRUE(error.description.contains(path()));
-    sqlite3_close(other);
-    EXPECT_EQ(run("insert into t (a) values (1)"), 1);
-}
-
-TEST_F(FilesOfBdps, AreMadeEmptyAndReplaceNothing)
-{
-    EXPECT_EQ(numberOf([&] { createDatabase(path()); }), number::fileExists);
-    EXPECT_EQ(numberOf([&] { createDatabase(folder()); }), number::fileExists);
-    EXPECT_EQ(numberOf([&] { createDatabase(path(QStringLiteral("x/y.orv"))); }), number::pathNotFound);
-    const QString made = path(QStringLiteral("new.orv"));
-    createDatabase(made);
-    EXPECT_TRUE(contentOf(made).startsWith("SQLite format 3"));
-    EXPECT_FALSE(QFile::exists(made + QStringLiteral("-journal")));
-}
-
-TEST_F(FilesOfBdps, AreRemovedWithWhatLiesBesideThem)
-{
-    bdp.close();
-    for (const char* suffix : {"-journal", "-wal", "-shm"})
-        makeFile((std::string("a.orv") + suffix).c_str(), "x");
-    removeDatabase(path());
-    for (const char* suffix : {"", "-journal", "-wal", "-shm"})
-        EXPECT_FALSE(QFile::exists(path() + QLatin1String(suffix)));
-    EXPECT_EQ(numberOf([&] { removeDatabase(path()); }), number::fileNotFound);
-}
-
-TEST_F(FilesOfBdps, AreCopiedWithTheirCommittedState)
-{
-    run("insert into t (a) values (1)");
-    bdp.beginTrans();
-    run("insert into t (a) values (2)");
-    const QString copy = makeFile("copy.orv", "old");
-    bdp.copyTo(copy);
-    bdp.rollbackTrans();
-    Connection other;
-    other.open(copy);
-    EXPECT_EQ(Recordset(other, QStringLiteral("select * from t")).recordCount(), 1);
-    EXPECT_EQ(QFileInfo(copy).permissions(), QFileInfo(path()).permissions());
-    EXPECT_EQ(QDir(folder()).entryList(QDir::Files),
-              (QStringList{QStringLiteral("a.orv"), QStringLiteral("copy.orv")}));
-}
-
-TEST_F(FilesOfBdps, AreNotCopiedOntoThemselves)
-{
-    const QByteArray before = contentOf(path());
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(path()); }), number::permissionDenied);
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(folder() + QStringLiteral("/./a.orv")); }), number::permissionDenied);
-    const QString link = path(QStringLiteral("link.orv"));
-    ASSERT_TRUE(QFile::link(path(), link));
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(link); }), number::permissionDenied);
-    const QString hardLink = path(QStringLiteral("hard.orv"));
-    std::filesystem::create_hard_link(path().toStdString(), hardLink.toStdString());
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(hardLink); }), number::permissionDenied);
-    EXPECT_EQ(contentOf(path()), before);
-}
-
-TEST_F(FilesOfBdps, LeaveTheTargetAsItWasWhereTheyCannotBeCopied)
-{
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(path(QStringLiteral("x/y.orv"))); }), number::pathNotFound);
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(folder()); }), number::permissionDenied);
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(QStringLiteral("/dev/full")); }), number::permissionDenied);
-    const QString old = makeFile("old.orv", "old");
-    QFile::setPermissions(old, QFile::ReadOwner);
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(old); }), number::permissionDenied);
-    EXPECT_EQ(contentOf(old), "old");
-    QFile::setPermissions(old, QFile::ReadOwner | QFile::WriteOwner);
-    sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(path().toUtf8(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
-    EXPECT_EQ(numberOf([&] { bdp.copyTo(old); }), number::engineFailure);
-    sqlite3_close(other);
-    EXPECT_EQ(contentOf(old), "old");
-    EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 2);
 }
 
 TEST_F(Transactions, NestAndReachTheDiskWithTheOutermostCommit)

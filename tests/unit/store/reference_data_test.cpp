@@ -1,3 +1,4 @@
+#include "jet/fulldisk.h"
 #include "store/modBD.h"
 #include "store/programfolder.h"
 
@@ -108,4 +109,18 @@ TEST_F(ReferenceData, TablesAndColumnsAreFoundCaseBlind)
     EXPECT_TRUE(ExisteColuna("PAIS", "NomePais", bdp));
     EXPECT_FALSE(ExisteColuna("pais", "nome", bdp));
     EXPECT_FALSE(ExisteColuna("zona", "nomepais", bdp));
+}
+
+TEST_F(ProgramFolder, AFullDiskEndsTheCreationAndNamesTheFile)
+{
+    Desktop::setProgramFolder(QStringLiteral(ORV_DATA_DIR));
+    jet::Error error;
+    {
+        const jet::test::FullDisk full(200000);
+        error = errorOf([&] { EscreveBDP(path("nova.orv")); });
+    }
+    EXPECT_NE(error.number, 0);
+    EXPECT_TRUE(error.description.contains(path("nova.orv"))) << error.description.toStdString();
+    jet::Connection bdp;
+    EXPECT_EQ(errorOf([&] { bdp.open(path("nova.orv")); }).number, 0);
 }
