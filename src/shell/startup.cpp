@@ -24,9 +24,6 @@ static void initResources() // at global scope, as the macro needs it
     Q_INIT_RESOURCE(icons);
 }
 
-namespace {
-
-// The text behind the program's name: one argument as it is, several joined by one blank.
 QString commandLineText(int argc, char** argv)
 {
     QStringList words;
@@ -34,8 +31,6 @@ QString commandLineText(int argc, char** argv)
         words << QFile::decodeName(argv[i]);
     return words.join(' ');
 }
-
-} // namespace
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {

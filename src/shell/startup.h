@@ -8,6 +8,9 @@ class FrmORV;
 // Runs the program on the command line given, to its end. Returns the exit status.
 int runProgram(int argc, char** argv);
 
+// The text behind the program's name: one argument as it is, several joined by one blank.
+QString commandLineText(int argc, char** argv);
+
 // Makes every form known by its name.
 void registerForms();
 

@@ -1,0 +1,30 @@
+#include "shell/startup.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+QString textOf(std::vector<QByteArray> words)
+{
+    std::vector<char*> argv{const_cast<char*>("orv")};
+    for (QByteArray& word : words)
+        argv.push_back(word.data());
+    return commandLineText(int(argv.size()), argv.data());
+}
+
+} // namespace
+
+TEST(CommandLine, OneArgumentIsTakenAsItIs)
+{
+    EXPECT_EQ(textOf({}), "");
+    EXPECT_EQ(textOf({" São Mamede.orv "}), " São Mamede.orv ");
+    EXPECT_EQ(textOf({"\"a b.orv\""}), "\"a b.orv\"");
+}
+
+TEST(CommandLine, SeveralAreJoinedByOneBlank)
+{
+    EXPECT_EQ(textOf({"São", "Mamede.orv"}), "São Mamede.orv");
+    EXPECT_EQ(textOf({"-style", "fusion"}), "-style fusion");
+}
