@@ -23,7 +23,7 @@ void activate(Stage& stage, QWidget* window)
 {
     if (QApplication::activeWindow() == window) return;
     window->activateWindow();
-    if (!QTest::qWaitForWindowActive(window, 2000)) fail(window->objectName() + " can't be made the active window");
+    if (!QTest::qWaitForWindowActive(window, 10000)) fail(window->objectName() + " can't be made the active window");
     stage.settle();
 }
 

@@ -78,7 +78,7 @@ void Stage::start(const QString& commandLine)
     settle();
     if (!runs() || !window->isVisible()) return;
     window->activateWindow();
-    if (!QTest::qWaitForWindowActive(window, 2000)) fail("the main window doesn't become active");
+    if (!QTest::qWaitForWindowActive(window, 10000)) fail("the main window doesn't become active");
     settle();
 }
 
