@@ -3,6 +3,7 @@
 
 #include "common/captions.h"
 #include "common/globals.h"
+#include "common/SplashForm.h"
 #include "forms/house.h"
 #include "store/modBD.h"
 
@@ -202,4 +203,40 @@ TEST_F(IndividualCard, ASearchInProgressBarsEveryFirstStep)
     EXPECT_EQ(frmInd().cmdAlt->text(), legenda::alterar);
     EXPECT_EQ(frmInd().cmdElim->text(), legenda::eliminar);
     EXPECT_EQ(frmInd().txtNome->text(), "Ana");
+}
+
+TEST_F(IndividualCard, TheSexStandsInTheHighlightColourOutsideASearch)
+{
+    const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+    for (const char* mode : {"Cons", "Edi"}) {
+        frmInd().AplicarModo("Loc");
+        frmInd().AplicarModo(mode);
+        for (const QWidget* radio : {frmInd().optSexo_0, frmInd().optSexo_1, frmInd().optSexo_2})
+            EXPECT_EQ(backColor(radio), highlight) << mode;
+    }
+}
+
+TEST_F(IndividualCard, OnlyItsCloseBoxIsRefused)
+{
+    const TestForm* family = caller("frmFam");
+    EXPECT_FALSE(frmInd().unload(Form::UnloadMode::ControlMenu));
+    EXPECT_TRUE(frmInd().isShown());
+    OrigemInd = 1;
+    EXPECT_TRUE(frmInd().unload());
+    EXPECT_FALSE(Forms::isLoaded(FrmInd::Name));
+    EXPECT_TRUE(family->isEnabled());
+    EXPECT_EQ(OrigemInd, 8);
+}
+
+TEST_F(IndividualCard, ItComesUpReadyToHandAPersonOverWhereOneWasAskedFor)
+{
+    Forms::add(SplashForm::Name, [] { return new SplashForm; });
+    frmInd().unload();
+    for (const int called : {1, 0, 1}) { // the first one loads the card, behind the splash
+        IndChamado = called;
+        FrmIndLoaded();
+        EXPECT_TRUE(frmInd().isShown());
+        EXPECT_EQ(frmInd().cmdAtribuir->isEnabled(), called == 1);
+        EXPECT_FALSE(Forms::isLoaded(SplashForm::Name));
+    }
 }

@@ -1,0 +1,117 @@
+// The list of individuals and the card, on a thousand and on a million people, beside the bare engine running the same
+// statements on the same file.
+#include "common/globals.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "store/modBD.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QTemporaryDir>
+
+#include <sqlite3.h>
+
+namespace {
+
+// A BDP with so many people, open, and its card.
+class Parish
+{
+public:
+    explicit Parish(qint64 people)
+    {
+        const QString path = folder_.filePath("a.orv");
+        jet::createDatabase(path);
+        cnBDP.open("Data Source=" + path);
+        CriaTabelas(cnBDP, ORV_DATA_DIR "/CriarTab.dat");
+        run("insert into infocomplementar values ('TipIn', 'T', 'Por definir'), ('Filia', '1', 'Legítima')");
+        run("with recursive n(i) as (select 1 union all select i + 1 from n where i < " + QByteArray::number(people) +
+            ") insert into individuo (nind, nome, tipo, sexo, datanasc, DnascFixa, filiacao, obs) "
+            "select i, 'Maria de São José ' || i, 'T', 'f', '1750-03-09', 1, 1, 'Sem notas' from n");
+        run("insert into familia (nfamilia, tipocasal) select nind, 7 from individuo where nind <= 1000");
+        run("insert into familias (nfamilia, nind) select nfamilia, nfamilia from familia");
+
+        Focus::install();
+        auto* area = new QMdiArea;
+        window_.setObjectName("frmORV");
+        window_.setCentralWidget(area);
+        Forms::setMainWindow(&window_, area);
+        Forms::add(FrmInd::Name, [] { return new FrmInd; });
+        window_.show();
+        frmInd().display();
+    }
+
+    ~Parish()
+    {
+        Forms::clear();
+        cnBDP.close();
+        limpaGlobais();
+    }
+
+private:
+    static void run(const QByteArray& statement) { sqlite3_exec(cnBDP.handle(), statement, nullptr, nullptr, nullptr); }
+
+    QTemporaryDir folder_;
+    QMainWindow window_;
+};
+
+// Reads all rows of a statement, column by column, as a reader of the rows would.
+int readAll(const QByteArray& select)
+{
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(cnBDP.handle(), select, -1, &statement, nullptr);
+    int rows = 0;
+    for (; sqlite3_step(statement) == SQLITE_ROW; ++rows)
+        for (int i = 0; i < sqlite3_column_count(statement); ++i)
+            benchmark::DoNotOptimize(sqlite3_column_text(statement, i));
+    sqlite3_finalize(statement);
+    return rows;
+}
+
+void ShowingTheNextIndividual(benchmark::State& state)
+{
+    const Parish parish(state.range(0));
+    FrmInd& card = frmInd();
+    for ([[maybe_unused]] auto turn : state) {
+        card.cmdSeg->click();
+        if (card.adoInd.recordset().absolutePosition() == card.adoInd.recordset().recordCount())
+            card.adoInd.recordset().moveFirst();
+    }
+}
+
+void RunningItsStatementsBare(benchmark::State& state)
+{
+    const Parish parish(state.range(0));
+    qint64 nind = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        const QByteArray number = QByteArray::number(nind++ % state.range(0) + 1);
+        readAll("select * from individuo where nind = " + number);
+        readAll("Select descricao from infocomplementar where categoria = 'TipIn' and codigo = 'T'");
+        readAll("SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
+                "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
+                number + " order by datacasam asc");
+    }
+}
+
+void OpeningTheListOfTheCard(benchmark::State& state)
+{
+    const Parish parish(state.range(0));
+    for ([[maybe_unused]] auto turn : state)
+        frmInd().adoInd.refresh();
+}
+
+void ScanningTheKeysBare(benchmark::State& state)
+{
+    const Parish parish(state.range(0));
+    for ([[maybe_unused]] auto turn : state)
+        readAll("select nind from individuo order by nind");
+}
+
+BENCHMARK(RunningItsStatementsBare)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ShowingTheNextIndividual)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ScanningTheKeysBare)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpeningTheListOfTheCard)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+} // namespace
