@@ -1,5 +1,5 @@
-// The list of individuals and the card, on a thousand and on a million people, beside the bare engine running the same
-// statements on the same file.
+// Showing the next individual on the card, on a thousand and on a million people, beside the bare engine running the
+// same statements on the same file.
 #include "common/globals.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/focus.h"
@@ -57,17 +57,15 @@ private:
     QMainWindow window_;
 };
 
-// Reads all rows of a statement, column by column, as a reader of the rows would.
-int readAll(const QByteArray& select)
+// Reads all rows of a statement, column by column.
+void readAll(const QByteArray& select)
 {
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v2(cnBDP.handle(), select, -1, &statement, nullptr);
-    int rows = 0;
-    for (; sqlite3_step(statement) == SQLITE_ROW; ++rows)
+    while (sqlite3_step(statement) == SQLITE_ROW)
         for (int i = 0; i < sqlite3_column_count(statement); ++i)
             benchmark::DoNotOptimize(sqlite3_column_text(statement, i));
     sqlite3_finalize(statement);
-    return rows;
 }
 
 void ShowingTheNextIndividual(benchmark::State& state)
@@ -95,23 +93,7 @@ void RunningItsStatementsBare(benchmark::State& state)
     }
 }
 
-void OpeningTheListOfTheCard(benchmark::State& state)
-{
-    const Parish parish(state.range(0));
-    for ([[maybe_unused]] auto turn : state)
-        frmInd().adoInd.refresh();
-}
-
-void ScanningTheKeysBare(benchmark::State& state)
-{
-    const Parish parish(state.range(0));
-    for ([[maybe_unused]] auto turn : state)
-        readAll("select nind from individuo order by nind");
-}
-
 BENCHMARK(RunningItsStatementsBare)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ShowingTheNextIndividual)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(ScanningTheKeysBare)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(OpeningTheListOfTheCard)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 } // namespace
