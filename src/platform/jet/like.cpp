@@ -2,6 +2,7 @@
 // letters are folded to one byte a letter and searched there; only other texts are decoded whole.
 #include "platform/jet/functions.h"
 
+#include <QList>
 #include <QString>
 
 #include <sqlite3.h>

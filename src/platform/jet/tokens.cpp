@@ -94,7 +94,7 @@ private:
         if (end < 0)
             throw invalidStatement(
                 QStringLiteral("Falta \"%1\" na instrução, junto de \"%2\".").arg(closing).arg(s_.mid(at_)));
-        const QString text = s_.mid(at_ + 1, end - at_ - 1);
+        QString text = s_.mid(at_ + 1, end - at_ - 1);
         at_ = end + 1;
         return text;
     }
