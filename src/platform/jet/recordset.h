@@ -64,8 +64,8 @@ public:
     // Starts a new row; set() then gives it values, update() writes it and makes it the current, last row.
     void addNew();
     // Changes the current or the new row in memory; a movement without update() drops the changes. A text for a date
-    // column is read day first, and where that is no date, month first; a text for a number column must be a plain
-    // number. Others are refused by update() with Error 13. Line breaks of texts are kept as they come.
+    // column must be a date as the user types it (readDate), a text for a number column a plain number: update()
+    // refuses others with Error 13. Line breaks of texts are kept as they come.
     void set(const QString& field, const QVariant& value);
     // Writes what set() has changed. On failure nothing is written, the pending row or changes are dropped, and the
     // cursor stands where it stood before.
