@@ -135,7 +135,7 @@ private:
     bool locked_ = false;
 };
 
-// A list box with the same entries.
+// A list box with the same entries. The entry chosen is the one that is seen chosen: the focus alone chooses none.
 class ListBox : public QListWidget
 {
     Q_OBJECT
@@ -152,6 +152,9 @@ public:
 
 signals:
     void clicked();
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
 };
 
 // A button. Its accelerator moves the focus to it first, as a click of the mouse does (see Focus); Return clicks it

@@ -108,6 +108,17 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QListWidget::itemClicked, this, &ListBox::clicked);
+    connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+        if (selectedItems().isEmpty()) setCurrentRow(-1);
+    });
+}
+
+// The toolkit would make the first entry the current one.
+void ListBox::focusInEvent(QFocusEvent* event)
+{
+    const bool nothingChosen = listIndex() < 0;
+    QListWidget::focusInEvent(event);
+    if (nothingChosen) setCurrentRow(-1);
 }
 
 int ListBox::add(const QString& text, qint32 itemData)
