@@ -3,6 +3,7 @@
 #include "platform/desktop/codepage.h"
 #include "platform/desktop/desktop.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -15,34 +16,35 @@ DataFile DataFile::inProgramFolder(const QString& name)
     return DataFile(Desktop::programFolder() + '/' + name);
 }
 
-DataFile::DataFile(const QString& path) : file_(path)
+DataFile::DataFile(const QString& path) : path_(path)
 {
     if (!QFileInfo::exists(path))
         throw jet::Error{jet::number::fileNotFound, "Não foi encontrado o ficheiro " + path + "."};
-    if (!file_.open(QIODevice::ReadOnly))
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
         throw jet::Error{jet::number::permissionDenied, "Não é possível ler o ficheiro " + path + "."};
-}
-
-bool DataFile::atEnd()
-{
-    return file_.atEnd();
+    bytes_ = file.readAll();
+    if (file.error() != QFile::NoError || bytes_.size() < file.size())
+        throw located({deviceError, "Não foi possível ler o ficheiro."});
 }
 
 QByteArray DataFile::readUtf8Line()
 {
     if (atEnd()) throw located({readPastEnd, "O ficheiro terminou antes do esperado."});
     ++line_;
-    QByteArray bytes = file_.readLine();
-    if (bytes.isEmpty()) throw located({deviceError, "Não foi possível ler o ficheiro."});
-    if (bytes.endsWith('\n')) bytes.chop(1);
-    if (bytes.endsWith('\r')) bytes.chop(1);
-    if (isAscii(bytes)) return bytes;
-    if (const auto text = fromCodePage(bytes)) return text->toUtf8();
+    const auto found = bytes_.indexOf('\n', at_);
+    const auto next = found < 0 ? bytes_.size() : found + 1;
+    auto end = found < 0 ? next : found;
+    if (end > at_ && bytes_[end - 1] == '\r') --end;
+    const QByteArray line = bytes_.mid(at_, end - at_);
+    at_ = next;
+    if (isAscii(line)) return line;
+    if (const auto text = fromCodePage(line)) return text->toUtf8();
     throw located({jet::number::typeMismatch, "O texto não está na página de código 1252."});
 }
 
 jet::Error DataFile::located(const jet::Error& error) const
 {
-    return {error.number, QStringLiteral("%1\r\nFicheiro %2, linha %3.")
-                              .arg(error.description, file_.fileName(), QString::number(line_))};
+    return {error.number,
+            QStringLiteral("%1\r\nFicheiro %2, linha %3.").arg(error.description, path_, QString::number(line_))};
 }

@@ -3,21 +3,21 @@
 
 #include "platform/jet/error.h"
 
-#include <QFile>
+#include <QByteArray>
 #include <QString>
 
-// A file in code page 1252, read line by line; lines end with CR LF or LF, the last one also with the file.
+// A file in code page 1252, read at once and taken line by line; lines end with CR LF or LF, the last one also with the
+// file.
 class DataFile
 {
 public:
     // The file of that name in the program's folder. Throws Error 53 where there is none, 70 where it can't be read.
     static DataFile inProgramFolder(const QString& name);
-    // The same by its whole path.
+    // The same by its whole path. Throws Error 57 where the disk fails.
     explicit DataFile(const QString& path);
 
-    bool atEnd();
-    // Without its line end. Throws Error 62 at the end of the file, 57 where the disk fails, 13 for a line that isn't
-    // in the code page.
+    bool atEnd() const { return at_ >= bytes_.size(); }
+    // Without its line end. Throws Error 62 at the end of the file, 13 for a line that isn't in the code page.
     QString readLine() { return QString::fromUtf8(readUtf8Line()); }
     QByteArray readUtf8Line();
 
@@ -25,6 +25,8 @@ public:
     jet::Error located(const jet::Error& error) const;
 
 private:
-    QFile file_;
+    QString path_;
+    QByteArray bytes_;
+    qsizetype at_ = 0;
     int line_ = 0;
 };

@@ -40,6 +40,18 @@ std::unique_ptr<Insert> preparedFor(jet::Connection& bdp, const QString& tabela,
     }
 }
 
+// The values of a line, as slices of it.
+void slice(const QByteArray& line, QList<QByteArray>& values)
+{
+    values.clear();
+    for (qsizetype begin = 0; begin <= line.size();) {
+        const auto separator = line.indexOf(';', begin);
+        const auto end = separator < 0 ? line.size() : separator;
+        values << QByteArray::fromRawData(line.constData() + begin, end - begin);
+        begin = end + 1;
+    }
+}
+
 // Loads a file whose first line names the columns and whose others are rows, all with ";" between the values. The
 // values are texts, with no escaping of any kind: the engine converts them. A line that doesn't fit the header, or
 // holds an apostrophe, goes to the engine as the statement that it makes, so that the failure is the engine's own.
@@ -51,12 +63,14 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
     const QString inicio =
         QStringLiteral("insert into %1 (%2) values ('").arg(destino.tabela, QString(cabecalho).replace(';', ','));
     const auto prepared = preparedFor(bdp, destino.tabela, cabecalho);
-    const auto separators = cabecalho.count(';');
+    const auto colunas = cabecalho.count(';') + 1;
+    QList<QByteArray> valores;
     while (!dados.atEnd()) {
         const QByteArray linha = dados.readUtf8Line();
+        slice(linha, valores);
         try {
-            if (prepared && linha.count(';') == separators && !linha.contains('\''))
-                prepared->run(linha.split(';'));
+            if (prepared && valores.size() == colunas && !linha.contains('\''))
+                prepared->run(valores);
             else
                 bdp.execute(inicio + QString::fromUtf8(linha).replace(';', "','") + "')");
         } catch (const jet::Error& erro) {

@@ -1,6 +1,6 @@
 #include "platform/desktop/codepage.h"
 
-#include <QStringDecoder>
+#include <QUtf8StringView>
 
 #include <algorithm>
 #include <array>
@@ -20,10 +20,7 @@ bool isUpper(char16_t code)
 
 bool readsAsUtf8(const QByteArray& bytes)
 {
-    if (isAscii(bytes)) return false;
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    [[maybe_unused]] const QString text = decoder(bytes);
-    return !decoder.hasError();
+    return !isAscii(bytes) && QUtf8StringView(bytes).isValidUtf8();
 }
 
 } // namespace
