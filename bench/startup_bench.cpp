@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QProcess>
+#include <QStatusBar>
 #include <QWindow>
 
 #include <cstdlib>
@@ -18,6 +19,7 @@ namespace {
 
 constexpr auto startProgramOption = "--start-program";
 constexpr auto startBareOption = "--start-bare";
+constexpr auto startTextOption = "--start-text";
 
 void untilShown(const QWidget& window)
 {
@@ -45,14 +47,22 @@ void StartingABareWindow(benchmark::State& state)
     start(state, startBareOption);
 }
 
+// With one line in its status bar: the first text that a process draws brings up the fonts.
+void StartingABareWindowWithText(benchmark::State& state)
+{
+    start(state, startTextOption);
+}
+
 BENCHMARK(StartingABareWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(StartingABareWindowWithText)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(StartingTheProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 
 bool isStartedOnly(int argc, char** argv)
 {
-    return argc == 2 && (!std::strcmp(argv[1], startProgramOption) || !std::strcmp(argv[1], startBareOption));
+    const auto is = [&](const char* option) { return std::strcmp(argv[1], option) == 0; };
+    return argc == 2 && (is(startProgramOption) || is(startBareOption) || is(startTextOption));
 }
 
 int startOnly(int argc, char** argv)
@@ -67,6 +77,7 @@ int startOnly(int argc, char** argv)
     QMainWindow window;
     window.setCentralWidget(new QMdiArea);
     window.resize(1280, 800);
+    if (!std::strcmp(argv[1], startTextOption)) window.statusBar()->showMessage("ORV");
     window.show();
     untilShown(window);
     std::quick_exit(EXIT_SUCCESS);
