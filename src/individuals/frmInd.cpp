@@ -26,10 +26,10 @@ void FrmIndLoaded()
     if (IndChamado == 0 || IndChamado == 1) frmInd().cmdAtribuir->setEnabled(IndChamado == 1);
 }
 
-FrmInd::FrmInd() : Form(Name)
+FrmInd::FrmInd() : Ficha(Name)
 {
     setupUi(this);
-    setBackColor(fraFiltro, QColor(0, 0, 140));
+    usaComandos(*this);
     connectEvents();
 }
 
@@ -47,10 +47,8 @@ void FrmInd::connectEvents()
         mskDtObito, [this] { mskDtObito_GotFocus(); }, [this] { mskDtObito_LostFocus(); });
     connect(cmdLocOb, &CommandButton::clicked, this, [this] { escolheLocal(3); });
 
-    connect(cmdPrim, &CommandButton::clicked, this, &FrmInd::cmdPrim_Click);
     connect(cmdAnt, &CommandButton::clicked, this, &FrmInd::cmdAnt_Click);
     connect(cmdSeg, &CommandButton::clicked, this, &FrmInd::cmdSeg_Click);
-    connect(cmdUlt, &CommandButton::clicked, this, &FrmInd::cmdUlt_Click);
 
     connect(cmdIns, &CommandButton::clicked, this, &FrmInd::cmdIns_Click);
     connect(cmdAlt, &CommandButton::clicked, this, &FrmInd::cmdAlt_Click);

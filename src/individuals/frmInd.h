@@ -1,10 +1,7 @@
 // The card of one person: the navigation list, the person shown, and the three modes.
 #pragma once
 
-#include "platform/forms/controls.h"
-#include "platform/forms/form.h"
-#include "platform/jet/recordset.h"
-#include "store/session.h"
+#include "common/ficha.h"
 
 #include "ui_frmInd.h"
 
@@ -16,7 +13,7 @@
 
 // Other cards read and write its controls by name, move adoInd and call ActualizaCampos(): so they show a person on it,
 // and call it up to have one chosen.
-class FrmInd : public Form, public Ui::FrmInd
+class FrmInd : public Ficha, public Ui::FrmInd
 {
     Q_OBJECT
 
@@ -29,11 +26,9 @@ public:
     jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
     jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
 
-    QString Modo; // the mode applied last: "Edi", "Cons" or "Loc"
     QString Tipo; // the type code as the date fields have worked it out while editing
 
-    void AplicarModo(const QString& modo);
-    void LimpaCampos();
+    void LimpaCampos() override;
     // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves
     // the fields behind it cleared.
     void ActualizaCampos(jet::Recordset& rs);
@@ -41,6 +36,9 @@ public:
     void FrmLoaded();
 
 protected:
+    const QList<ModeRow>& modos() const override;
+    jet::DataControl& ficheiro() override { return adoInd; }
+    void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
@@ -59,12 +57,8 @@ private:
     void cmbTipoInd_Click();
 
     // Movement
-    void cmdPrim_Click();
     void cmdAnt_Click();
     void cmdSeg_Click();
-    void cmdUlt_Click();
-    void permiteRecuar(bool permite);
-    void permiteAvancar(bool permite);
 
     // Insert and alteration
     void cmdIns_Click();

@@ -181,28 +181,6 @@ void FrmInd::cmbTipoInd_Click()
     });
 }
 
-void FrmInd::cmdPrim_Click()
-{
-    guarded([&] {
-        if (!adoInd.hasRows()) return;
-        adoInd.recordset().moveFirst();
-        ActualizaCampos(adoInd.recordset());
-        permiteRecuar(false);
-        permiteAvancar(true);
-    });
-}
-
-void FrmInd::cmdUlt_Click()
-{
-    guarded([&] {
-        if (!adoInd.hasRows()) return;
-        adoInd.recordset().moveLast();
-        ActualizaCampos(adoInd.recordset());
-        permiteAvancar(false);
-        permiteRecuar(true);
-    });
-}
-
 void FrmInd::cmdSeg_Click()
 {
     guarded([&] {
@@ -239,16 +217,4 @@ try {
     permiteAvancar(true);
 } catch (const jet::Error&) {
     // Kept: alone of the four movements, this one passes over errors.
-}
-
-void FrmInd::permiteRecuar(bool permite)
-{
-    cmdPrim->setEnabled(permite);
-    cmdAnt->setEnabled(permite);
-}
-
-void FrmInd::permiteAvancar(bool permite)
-{
-    cmdSeg->setEnabled(permite);
-    cmdUlt->setEnabled(permite);
 }

@@ -1,17 +1,13 @@
 // The three modes of the card: blue for editing, white for consulting, orange for searching.
 #include "individuals/frmInd.h"
 
-#include "platform/forms/modes.h"
-
 #include <QGuiApplication>
 #include <QPalette>
 
-namespace {
-
-const QList<ModeRow>& modos()
+const QList<ModeRow>& FrmInd::modos() const
 {
     using enum Effect;
-    static const QColor blue(192, 192, 255), white(255, 255, 255), orange(255, 192, 128), deepOrange(255, 128, 0);
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons, orange = corDoModo::loc, deepOrange(255, 128, 0);
     static const QColor highlight = QGuiApplication::palette().color(QPalette::Highlight);
 
     // clang-format off
@@ -78,12 +74,4 @@ const QList<ModeRow>& modos()
     };
     // clang-format on
     return tabela;
-}
-
-} // namespace
-
-void FrmInd::AplicarModo(const QString& modo)
-{
-    Modo = modo;
-    applyMode(this, modos(), modo);
 }

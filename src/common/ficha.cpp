@@ -1,0 +1,89 @@
+#include "common/ficha.h"
+
+#include "common/captions.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+
+void Ficha::ligaComandos()
+{
+    connect(prim_, &CommandButton::clicked, this, &Ficha::cmdPrim_Click);
+    connect(ult_, &CommandButton::clicked, this, &Ficha::cmdUlt_Click);
+    marcaFiltro(false);
+}
+
+void Ficha::AplicarModo(const QString& modo)
+{
+    Modo = modo;
+    applyMode(this, modos(), modo);
+}
+
+void Ficha::cmdPrim_Click()
+{
+    guarded([&] {
+        if (!ficheiro().hasRows()) return;
+        ficheiro().recordset().moveFirst();
+        mostraRegistoDoFicheiro();
+        permiteRecuar(false);
+        permiteAvancar(true);
+    });
+}
+
+void Ficha::cmdUlt_Click()
+{
+    guarded([&] {
+        if (!ficheiro().hasRows()) return;
+        ficheiro().recordset().moveLast();
+        mostraRegistoDoFicheiro();
+        permiteAvancar(false);
+        permiteRecuar(true);
+    });
+}
+
+void Ficha::permiteRecuar(bool permite)
+{
+    prim_->setEnabled(permite);
+    ant_->setEnabled(permite);
+}
+
+void Ficha::permiteAvancar(bool permite)
+{
+    seg_->setEnabled(permite);
+    ult_->setEnabled(permite);
+}
+
+void Ficha::abrePesquisa()
+{
+    LimpaCampos();
+    AplicarModo("Loc");
+    loc_->setText(legenda::confirmar);
+    ins_->setText(legenda::cancelar);
+}
+
+void Ficha::entregaAosResultados()
+{
+    marcaFiltro(true);
+    for (CommandButton* comando : {ins_, loc_, alt_, elim_, fechar_, prim_, ant_, seg_, ult_})
+        comando->setEnabled(false);
+}
+
+void Ficha::retomaFicheiro()
+{
+    marcaFiltro(false);
+    loc_->setText(legenda::localizar);
+    ins_->setText(legenda::inserir);
+    EmPesquisa = false;
+}
+
+void Ficha::retomaPesquisa()
+{
+    adoFiltro.recordset().close();
+    LimpaCampos();
+    AplicarModo("Loc");
+    loc_->setEnabled(true);
+    ins_->setEnabled(true);
+}
+
+void Ficha::marcaFiltro(bool resultados)
+{
+    setBackColor(filtro_, resultados ? QColor(140, 0, 0) : QColor(0, 0, 140));
+}

@@ -1,0 +1,69 @@
+// What the card of a person and the card of a family share: the modes, the ends of the file, and the search.
+#pragma once
+
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+#include "platform/forms/modes.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include <QColor>
+#include <QList>
+#include <QString>
+
+// The background of the fields tells the mode.
+namespace corDoModo {
+inline constexpr QColor edi(192, 192, 255), cons(255, 255, 255), loc(255, 192, 128);
+}
+
+// A card stands on one row of a file of records (its file). A search leaves its rows in adoFiltro, and frmResult then
+// drives the card by them until one of its three buttons takes the card out again.
+class Ficha : public Form
+{
+    Q_OBJECT
+
+public:
+    explicit Ficha(const QString& name) : Form(name) {}
+
+    QString Modo;                      // the mode applied last: "Edi", "Cons" or "Loc"
+    jet::DataControl adoFiltro{cnBDP}; // the rows of the last search
+
+    virtual void AplicarModo(const QString& modo);
+    virtual void LimpaCampos() = 0;
+
+    // A list of results is up: the frame of the movement is red, and the commands are off but for those of the list.
+    void entregaAosResultados();
+    // The search is over: the frame is blue, the commands have their captions, and EmPesquisa is off.
+    void retomaFicheiro();
+    // The results are dropped: an empty form to search anew.
+    void retomaPesquisa();
+
+protected:
+    // Takes the commands out of the card's own controls, once, after setupUi().
+    template <class Controls>
+    void usaComandos(const Controls& ui)
+    {
+        filtro_ = ui.fraFiltro;
+        ins_ = ui.cmdIns, alt_ = ui.cmdAlt, elim_ = ui.cmdElim, loc_ = ui.cmdLoc, fechar_ = ui.cmdFechar;
+        prim_ = ui.cmdPrim, ant_ = ui.cmdAnt, seg_ = ui.cmdSeg, ult_ = ui.cmdUlt;
+        ligaComandos();
+    }
+
+    virtual const QList<ModeRow>& modos() const = 0;
+    virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement
+    virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
+
+    void abrePesquisa(); // the card becomes a form to search by
+    void permiteRecuar(bool permite);
+    void permiteAvancar(bool permite);
+
+private:
+    void ligaComandos();
+    void cmdPrim_Click();
+    void cmdUlt_Click();
+    void marcaFiltro(bool resultados);
+
+    QWidget* filtro_ = nullptr;
+    CommandButton *ins_ = nullptr, *alt_ = nullptr, *elim_ = nullptr, *loc_ = nullptr, *fechar_ = nullptr;
+    CommandButton *prim_ = nullptr, *ant_ = nullptr, *seg_ = nullptr, *ult_ = nullptr;
+};
