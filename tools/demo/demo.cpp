@@ -1,5 +1,7 @@
 #include "demo.h"
 
+#include "households.h"
+
 #include "platform/desktop/desktop.h"
 #include "platform/jet/recordset.h"
 #include "store/modBD.h"
@@ -91,12 +93,12 @@ void putDeath(jet::Recordset& row, const Person& person)
     row.set("dataobito", person.death);
     put(row, "localobito", "tipolocalobito", person.deathPlace);
     put(row, "causa", person.cause);
-    if (person.birthKnown) row.set("idadeobito", age);
+    if (person.birthKnown) row.set("idadeobito", person.ageToldAtDeath != 0 ? person.ageToldAtDeath : age);
     if (age >= 14) row.set("estadoobito", person.civilState);
     put(row, "sacramentos", person.sacraments);
     put(row, "classparoquial", person.parishClass);
-    row.set("primpadreobito", person.buriedBy);
-    row.set("funcprimpobito", parishPriest);
+    put(row, "primpadreobito", person.buriedBy);
+    if (person.buriedBy != 0) row.set("funcprimpobito", parishPriest);
     put(row, "mortalha", person.shroud);
     put(row, "enterro", person.grave);
 }
@@ -149,7 +151,10 @@ void writeSpouse(const Spouse& spouse, const Family& family, const Parish& paris
     row.set("nfamilia", family.number);
     row.set("nind", spouse.person);
     if (family.wedding.isValid()) {
-        if (person.birthKnown) row.set("idade", completedYears(person.birth, family.wedding));
+        if (spouse.ageTold != 0)
+            row.set("idade", spouse.ageTold);
+        else if (person.birthKnown)
+            row.set("idade", completedYears(person.birth, family.wedding));
         row.set("estadocivil", spouse.civilState);
         row.set("numcasam", spouse.marriage);
     }
@@ -198,7 +203,9 @@ void make(const QString& path, const QString& dataFolder)
     bdp.open("Data Source=" + path);
     CriaTabelas(bdp, dataFolder + "/CriarTab.dat");
     CarregaDadosIniciais(bdp);
-    write(simulate(seed), bdp);
+    Parish parish = simulate(seed);
+    addHouseholds(parish);
+    write(parish, bdp);
 }
 
 } // namespace demo

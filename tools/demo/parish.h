@@ -36,6 +36,7 @@ struct Person
     QDate death;
     bool deathKnown = false;
     bool deathExact = true;
+    int ageToldAtDeath = 0; // where the act has another one than the dates; else 0
     Place deathPlace;
     QString cause, shroud, grave;
     int sacraments = 0;
@@ -58,6 +59,7 @@ struct Spouse
     int person = 0; // 0: no such spouse
     int civilState = single;
     int marriage = 1; // number of this marriage for that person
+    int ageTold = 0;  // where the act has another one than the dates; else 0
 };
 
 struct Family
@@ -72,7 +74,8 @@ struct Family
     QString notes;
 };
 
-// Numbers are positions: person n stands at n - 1. People and families stand in the order of their first act.
+// Numbers are positions: person n stands at n - 1. A chronicle's people and families stand in the order of their first
+// act.
 struct Parish
 {
     QList<Person> people;
