@@ -6,21 +6,10 @@
 #include "common/numbers.h"
 #include "common/places.h"
 #include "common/vbtext.h"
+#include "individuals/diaEMes.h"
 #include "individuals/tipoInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
-
-namespace {
-
-// Kept: the box with day and month, without icon or title, at the head of both leave routines. A text that is no date
-// stands there as it is.
-void mostraDiaEMes(const QString& data)
-{
-    const bool valida = eData(data);
-    showMessage((valida ? data.mid(0, 2) : data) + " ----" + (valida ? data.mid(3, 2) : data), Icon::None, {});
-}
-
-} // namespace
 
 void FrmInd::mskDtNasc_GotFocus()
 {

@@ -2,6 +2,7 @@
 
 #include "common/globals.h"
 #include "common/SplashForm.h"
+#include "individuals/frmDatas.h"
 #include "individuals/frmInd.h"
 #include "places/frmLocalizacao.h"
 #include "platform/forms/focus.h"
@@ -48,6 +49,7 @@ void registerForms()
     Forms::add("frmIni", [] { return new FrmIni; });
     Forms::add("frmBack", [] { return new FrmBack; });
     Forms::add("frmInd", [] { return new FrmInd; });
+    Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });

@@ -1,0 +1,10 @@
+#include "individuals/diaEMes.h"
+
+#include "common/dates.h"
+#include "platform/forms/msgbox.h"
+
+void mostraDiaEMes(const QString& data)
+{
+    const bool valida = eData(data);
+    showMessage((valida ? data.mid(0, 2) : data) + " ----" + (valida ? data.mid(3, 2) : data), Icon::None, {});
+}

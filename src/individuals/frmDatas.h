@@ -1,0 +1,57 @@
+// The date criterion of a search, for the card of a person and the card of a family.
+#pragma once
+
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+
+#include "ui_frmDatas.h"
+
+#include <QString>
+
+#include <optional>
+
+// What frmDatas says: one date, or where that stands empty, an interval. The texts are as the fields hold them, dates
+// or not.
+struct CriterioDeDatas
+{
+    int data = -1; // index of the option that is on, disabled or not; -1 where none is
+    QString fixa;  // empty: the interval counts
+    QString inicio, fim;
+};
+
+// The card that shows it is disabled until it is accepted or unloaded. A family's card disables optData(0), and that is
+// how the form tells the two cards apart.
+class FrmDatas : public Form, public Ui::FrmDatas
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmDatas";
+
+    FrmDatas();
+
+    CriterioDeDatas criterio() const;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void optTData_Click(int indice);
+    void cmdOk_Click();
+    void cmdC_Click();
+    Form* cartaoQueChamou() const; // null where it isn't loaded
+};
+
+// The one form, loaded at first touch.
+FrmDatas& frmDatas();
+
+// Where frmDatas has to stand in the order of the loaded forms to be read.
+enum class Onde
+{
+    UltimaFicha, // the last one
+    QualquerFicha
+};
+
+// Reads a frmDatas that was left loaded, and unloads it: so it is used once. Nothing where there is none.
+std::optional<CriterioDeDatas> recolheDatas(Onde onde);
