@@ -83,18 +83,13 @@ void AbreFicheiro(const QString& caminho)
     }
 }
 
-QString fichaDaSessao()
-{
-    return Forms::exists("frmFam") ? "frmFam" : "frmInd";
-}
-
 void CarregaFichaFam()
 {
     splashForm().showStep("A carregar fichas de família. Aguarde por favor ...");
-    Forms::load(fichaDaSessao());
+    Forms::load("frmFam");
     splashForm().waitUntilReady();
     if (programEnding()) return;
-    Forms::show(fichaDaSessao());
+    Forms::show("frmFam");
     splashForm().unload();
 }
 

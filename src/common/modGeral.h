@@ -42,10 +42,7 @@ void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, i
 // Opens a document in the program of its type; a failure is told in a box. An empty path does nothing.
 void AbreFicheiro(const QString& caminho);
 
-// The card that a session opens on.
-QString fichaDaSessao();
-
-// Brings up that card behind the splash, which stays for three seconds or until Escape.
+// Brings up the family card behind the splash, which stays for three seconds or until Escape.
 void CarregaFichaFam();
 
 // The dates of a person as a tree shows them: "  DN: " or else "  IO: ", then "  DO: " or else "  FO: ".

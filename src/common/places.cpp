@@ -21,8 +21,7 @@ struct Nivel
 // The narrow levels come first, which keeps the places of everyday use at the top of the lists.
 const Nivel niveis[] = {
     {"S", "Select codsitio, nomesitio from sitio  where prioridade <> 0",
-     // Kept: sites are sought among the localities, which have no such column.
-     "select nomesitio from lugar where codsitio ='", "select nomesitio from sitio where codsitio = '"},
+     "select nomesitio from sitio where codsitio ='", "select nomesitio from sitio where codsitio = '"},
     {"L", "Select codlugar, nomelugar from lugar where prioridade <> 0",
      "select nomelugar from lugar where codlugar ='", "select nomelugar from lugar where codlugar = '"},
     {"F", "Select codparoquia, nomeparoquia from paroquia where prioridade <> 0",
@@ -39,6 +38,8 @@ const Nivel niveis[] = {
     {"P", "select codpais, nomepais from pais where prioridade <> 0", "select nomepais from pais where codpais ='",
      "select nomepais from pais where codpais = '"},
 };
+
+constexpr auto sitioEntreLugares = "select nomesitio from lugar where codsitio ='";
 
 const Nivel* nivelDoTipo(const QString& tipo)
 {
@@ -85,7 +86,7 @@ void PreencheLocais(ComboBox& lista)
     }
 }
 
-void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo)
+void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo, TabelaDosSitios sitios)
 {
     if (Trim(codigo).isEmpty()) return;
     const QString letra = tipo.toUpper();
@@ -94,7 +95,8 @@ void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo
 
     const Nivel* nivel = nivelDoTipo(letra);
     if (!nivel) return;
-    const jet::Recordset local(cnBDP, nivel->paraEscolher + codigo + "'");
+    const bool entreLugares = letra == "S" && sitios == TabelaDosSitios::lugar;
+    const jet::Recordset local(cnBDP, (entreLugares ? sitioEntreLugares : nivel->paraEscolher) + codigo + "'");
     if (local.eof()) return;
     const QString texto = textoDoLocal(local[0].toString(), letra, codigo); // kept: any "*" stays in the name
     lista.add(texto);

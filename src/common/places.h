@@ -25,9 +25,16 @@ QString restoDoLocal(const QString& texto);
 // Adds the blank entry and the places of the working list, from sites to countries, and chooses the blank one.
 void PreencheLocais(ComboBox& lista);
 
+// Where the name of a site stands. Kept: the card of a person looks among the localities, which have no such column.
+enum class TabelaDosSitios
+{
+    sitio,
+    lugar
+};
+
 // Shows a stored pair in a list, adding the place where it isn't on the working list.
-// Kept: a site that isn't on the list is looked up in the wrong table, and raises the engine's error.
-void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo);
+void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo,
+                     TabelaDosSitios sitios = TabelaDosSitios::sitio);
 
 // Chooses the BDP's own parish, where the list has it.
 void SeleccionaParoquiaDaBDP(ComboBox& lista);

@@ -86,7 +86,8 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
         chkDtNasc->setChecked(temNascimento && registo["DnascFixa"].toBool());
         cmdInterv->setEnabled(temNascimento);
         if (!registo["localnasc"].isNull())
-            SeleccionaLocal(*cmbLoc, registo["localnasc"].toString(), registo["tipolocalnasc"].toString());
+            SeleccionaLocal(*cmbLoc, registo["localnasc"].toString(), registo["tipolocalnasc"].toString(),
+                            TabelaDosSitios::lugar);
         ProcuraItemData(*cmbFiliacao, registo["filiacao"]);
         txtIdPai->setText(textoDoNumero(registo["idadepai"]));
         txtIdMae->setText(textoDoNumero(registo["idademae"]));
@@ -96,7 +97,8 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
         mskDtObito->showPlain(textoDaData(registo["dataobito"]));
         if (!registo["dataobito"].isNull()) chkDFixa->setChecked(registo["dobitofixa"].toBool());
         if (!registo["localobito"].isNull())
-            SeleccionaLocal(*cmbLocObito, registo["localobito"].toString(), registo["tipolocalobito"].toString());
+            SeleccionaLocal(*cmbLocObito, registo["localobito"].toString(), registo["tipolocalobito"].toString(),
+                            TabelaDosSitios::lugar);
         ProcuraItemData(*cmbSacram, registo["sacramentos"]);
         ProcuraItemData(*cmbEC, registo["estadoobito"]);
         txtIdade->setText(textoDoNumero(registo["idadeobito"]));

@@ -3,6 +3,7 @@
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/SplashForm.h"
+#include "families/frmFam.h"
 #include "individuals/frmInd.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/controls.h"
@@ -85,7 +86,7 @@ void FrmORV::Form_Load(const QString& commandLine)
         CodParoquia = requiredText(registos["cod"]);
         setWindowTitle(tituloLongo + requiredText(registos["Nome"]));
         registos.close();
-        Forms::show(fichaDaSessao());
+        frmFam().display();
     });
 }
 
@@ -136,7 +137,9 @@ void FrmORV::mnuEditFam_Click()
 {
     guarded([&] {
         OrigemFam = 0;
-        Forms::show("frmFam");
+        frmFam().display();
+        frmFam().adoFam.refresh(); // kept: the file goes to its first row, and the fields stay as they are
+        frmFam().setEnabled(true);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "common/globals.h"
 #include "common/SplashForm.h"
+#include "families/frmFam.h"
 #include "individuals/frmDatas.h"
 #include "individuals/frmInd.h"
 #include "places/frmLocalizacao.h"
@@ -49,6 +50,7 @@ void registerForms()
     Forms::add("frmIni", [] { return new FrmIni; });
     Forms::add("frmBack", [] { return new FrmBack; });
     Forms::add("frmInd", [] { return new FrmInd; });
+    Forms::add("frmFam", [] { return new FrmFam; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });

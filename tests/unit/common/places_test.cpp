@@ -164,22 +164,22 @@ TEST_F(Places, WithAHyphenInTheirNameAreAddedAtEachShowing)
     EXPECT_EQ(lista.listIndex(), 9); // the first of the two equal entries
 }
 
-TEST_F(Places, OfAllLevelsButSitesAreFoundOutsideTheList)
+TEST_F(Places, OfAllLevelsAreFoundOutsideTheList)
 {
-    const std::pair<const char*, const char*> pares[] = {{"34", "P"},   {"341", "Z"},    {"03", "D"},
-                                                         {"0303", "C"}, {"030301", "F"}, {"03030101", "L"}};
+    const std::pair<const char*, const char*> pares[] = {
+        {"34", "P"}, {"341", "Z"}, {"03", "D"}, {"0303", "C"}, {"030301", "F"}, {"03030101", "L"}, {"0303010102", "S"}};
     for (const auto& [codigo, tipo] : pares) {
         SeleccionaLocal(lista, codigo, tipo);
         EXPECT_TRUE(lista.text().endsWith(QString(" -%1- %2").arg(tipo, codigo))) << codigo;
     }
 }
 
-TEST_F(Places, ThatAreSitesAreSoughtInTheWrongTable)
+TEST_F(Places, ThatAreSitesAreSoughtInTheWrongTableForAPerson)
 {
     PreencheLocais(lista);
-    SeleccionaLocal(lista, "0303010101", "S"); // on the list: nothing is read
+    SeleccionaLocal(lista, "0303010101", "S", TabelaDosSitios::lugar); // on the list: nothing is read
     EXPECT_EQ(lista.text(), "Fonte -S- 0303010101");
-    EXPECT_THROW(SeleccionaLocal(lista, "0303010102", "S"), jet::Error);
+    EXPECT_THROW(SeleccionaLocal(lista, "0303010102", "S", TabelaDosSitios::lugar), jet::Error);
     EXPECT_EQ(lista.listIndex(), -1);
 }
 

@@ -1,0 +1,106 @@
+// The card of one family: the couple, the marriage, the children, and the movement through all families.
+#pragma once
+
+#include "common/ficha.h"
+#include "platform/forms/controls.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include "ui_frmFam.h"
+
+#include <QString>
+
+// Other cards read and write its controls by name, move adoFam and call ActualizaCampos(): so they show a family on it.
+class FrmFam : public Ficha, public Ui::FrmFam
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmFam";
+
+    FrmFam();
+
+    jet::DataControl adoFam{cnBDP};    // all families: what the movement buttons run through
+    jet::DataControl adonFam{cnBDP};   // the members of the family shown
+    jet::DataControl adoFilhos{cnBDP}; // its children
+
+    // Editing calls people up: IndChamado follows the mode.
+    void AplicarModo(const QString& modo) override;
+    void LimpaCampos() override;
+    // Shows the family with the number nf, or for 0 the one of the current row of rs, and puts adoFam on it. An error
+    // is shown, and leaves the fields behind it cleared.
+    void ActualizaCampos(jet::Recordset& rs, double nf);
+    void ActualizaFilhos();
+    void PreencheFG();
+
+    // The seven types of a family, by what is known of its people; an error is shown and answers "7". No command calls
+    // it: the type is the user's choice.
+    QString CalculaTipoFamilia(double nfamilia);
+
+protected:
+    const QList<ModeRow>& modos() const override;
+    jet::DataControl& ficheiro() override { return adoFam; }
+    void mostraRegistoDoFicheiro() override;
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode mode) override;
+
+private:
+    // One of the two halves of the card.
+    struct Metade
+    {
+        TextBox *nind, *nome, *idade, *numCasam;
+        ComboBox* estadoCivil;
+        QLabel* idCalc;
+    };
+    const Metade& metade(int indice) const { return metades_[indice]; } // 0 the father's, 1 the mother's
+
+    void connectEvents();
+
+    // frmFam_card.cpp: showing a family, and moving
+    void PreencheListas();
+    void cmbTipoFam_Click();
+    void mostraFicheiroVazio();
+    void mostraMembro(const jet::Recordset& membro);
+    void mostraFamilia();
+    void cmdAnt_Click();
+    void cmdSeg_Click();
+    // Puts adoFam on the family of the card, where a refresh has moved it away.
+    void poeFicheiroNaFicha();
+
+    // frmFam_children.cpp
+    void PreencheLinhaFilho(int linha);
+    void cmdConsultar_Click();
+    void cmdInsF_Click();
+    void cmdElimF_Click();
+
+    // frmFam_links.cpp: the ways out
+    void cmdDirInd_Click(int indice);
+    void cmdEncLoc_Click();
+    void cmdRP_Click();
+    void cmdInt_Click();
+    void cmdResid_Click();
+    void cmdFechar_Click();
+
+    // frmFam_edit.cpp: insert and alteration
+    void cmdIns_Click();
+    void cmdAlt_Click();
+    void cmdElim_Click();
+
+    // frmFam_people.cpp: the two members, and what follows from their dates
+    void txtNind_Change(int indice);
+    void mskData_GotFocus();
+    void mskData_Change();
+    void mskData_LostFocus();
+    void txtIdade_Validate(int indice);
+    void txtNC_Validate(int indice);
+
+    // frmFam_search.cpp
+    void cmdLoc_Click();
+    void cmdLocDat_Click();
+
+    Metade metades_[2];
+    QString dtCasamAnterior; // what mskData held when it was entered
+};
+
+// The one card, loaded at first touch.
+FrmFam& frmFam();

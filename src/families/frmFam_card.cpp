@@ -1,0 +1,194 @@
+// Showing one family, and moving through all of them.
+#include "families/frmFam.h"
+
+#include "common/dates.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/places.h"
+#include "common/vbtext.h"
+#include "platform/forms/msgbox.h"
+
+namespace {
+
+// Kept: a movement that fails is passed over; where the cursor stands afterwards tells the edges.
+template <class Passo>
+void semErros(Passo passo)
+{
+    try {
+        passo();
+    } catch (const jet::Error&) {
+    }
+}
+
+} // namespace
+
+void FrmFam::LimpaCampos()
+{
+    txtNFam->clear();
+    for (MaskedEdit* campo : {mskini, mskFim, mskData})
+        campo->clearMasked();
+    chkDF->setChecked(true);
+    txtPnind->clear();
+    txtPnome->clear();
+    txtIdade1->clear();
+    txtNC1->clear();
+    txtObs->clear();
+    txtSnind->clear();
+    txtSnome->clear();
+    txtIdade2->clear();
+    txtNC2->clear(); // Kept: lblIdCalc_0 and lblIdCalc_1 go on showing the last ages.
+    for (ComboBox* lista : {cmbEC1, cmbEC2, cmbTipoFam, cmbLoc})
+        lista->setListIndex(-1);
+    cmbSit->setListIndex(0); // Kept: the blank entry here, no entry in the others.
+    dtgFilho->setRows(0);
+}
+
+void FrmFam::ActualizaCampos(jet::Recordset& rs, double nf)
+{
+    guarded([&] {
+        LimpaCampos();
+        if (rs.bof() && rs.eof()) return mostraFicheiroVazio();
+
+        // Read before the file moves, as rs may be the file itself.
+        const QString numero = textoDoNumero(nf == 0 ? rs["nfamilia"] : QVariant(nf));
+        adoFam.recordset().moveFirst();
+        adoFam.recordset().find("nfamilia = " + numero);
+        adonFam.setRecordSource("Select * from  familias where nfamilia = " + numero);
+        adonFam.refresh();
+        txtNFam->setText(numero);
+
+        jet::Recordset& membros = adonFam.recordset();
+        if (!membros.eof()) mostraMembro(membros);
+        if (membros.recordCount() == 2) { // Kept: of three or more, the first alone is shown.
+            membros.moveNext();
+            mostraMembro(membros);
+        }
+        mostraFamilia();
+
+        adoFilhos.setRecordSource(
+            "SELECT [individuo].[FAMORIG], [individuo].[FimObs], [individuo].[NIND], [individuo].[NOME], "
+            "[individuo].[Datanasc], [individuo].[DataObito],  MIN([Familia].[DaTacASAM]) as dataCasam  From individuo "
+            " LEFT JOIN ( familia RIGHT JOIN familias  ON [familia].[nfamilia] =[familias].[nfamilia]) ON "
+            "[individuo].[nind]=[familias].[nind] where famorig = " +
+            numero +
+            " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
+        adoFilhos.refresh();
+        ActualizaFilhos();
+
+        cmdResid->setEnabled(true);
+        cmdRP->setEnabled(true);
+        lblFam->setText(QString::number(adoFam.recordset().absolutePosition()));
+        lblTotal->setText(QString::number(adoFam.recordset().recordCount()));
+    });
+}
+
+void FrmFam::mostraFicheiroVazio()
+{
+    for (CommandButton* botao : {cmdAnt, cmdPrim, cmdSeg, cmdUlt, cmdAlt, cmdElim, cmdResid, cmdInt, cmdRP, cmdLoc,
+                                 cmdConsultar, cmdElimF, cmdInsF})
+        botao->setEnabled(false);
+    lblFam->setText("0");
+    lblTotal->setText("0");
+}
+
+// The sex alone chooses the half. Kept: a second member of one sex overwrites the first, but not with nulls.
+void FrmFam::mostraMembro(const jet::Recordset& membro)
+{
+    const QString nind = textoDoNumero(membro["nind"]);
+    const jet::Recordset individuo(cnBDP, "select sexo from individuo where nind = " + nind);
+    const QString sexo = individuo.eof() ? QString() : individuo["sexo"].toString();
+    if (sexo.isEmpty()) return;
+
+    const Metade& lado = metade(sexo == "m" ? 0 : 1);
+    lado.nind->setText(nind);
+    if (!membro["idade"].isNull()) lado.idade->setText(textoDoNumero(membro["idade"]));
+    if (!membro["numcasam"].isNull()) lado.numCasam->setText(textoDoNumero(membro["numcasam"]));
+    ProcuraItemData(*lado.estadoCivil, membro["estadocivil"]);
+}
+
+// What stands in the row of the family itself.
+void FrmFam::mostraFamilia()
+{
+    const jet::Recordset& familia = adoFam.recordset();
+    ProcuraItemData(*cmbSit, familia["sfamilia"]);
+    ProcuraTexto(*cmbTipoFam, familia["tipocasal"]);
+
+    // Stored dates stand without their mask until the fields are cleared again.
+    const auto mostraData = [&](MaskedEdit* campo, const char* coluna) {
+        const QVariant valor = familia[coluna];
+        if (!valor.isNull()) campo->showPlain(textoDaData(valor));
+    };
+    mostraData(mskini, "inicioobs");
+    mostraData(mskFim, "fimobs");
+    mostraData(mskData, "datacasam");
+    cmdInt->setEnabled(!familia["datacasam"].isNull());
+    const QVariant dataFixa = familia["dcasamfixa"];
+    if (!dataFixa.isNull() && !dataFixa.toBool()) chkDF->setChecked(false); // Kept: a null leaves it ticked.
+
+    txtObs->setText(familia["obs"].toString());
+    SeleccionaLocal(*cmbLoc, familia["localcasam"].toString(), familia["tipolocalcasam"].toString(),
+                    TabelaDosSitios::sitio);
+}
+
+void FrmFam::mostraRegistoDoFicheiro()
+{
+    ActualizaCampos(adoFam.recordset(), adoFam.recordset()["nfamilia"].toDouble());
+}
+
+void FrmFam::cmbTipoFam_Click()
+{
+    guarded([&] {
+        lblTipoFam->clear();
+        const QString codigo = cmbTipoFam->text();
+        if (codigo.isEmpty()) return;
+        const jet::Recordset tipo(
+            cnBDP, "Select descricao from infocomplementar where  categoria= 'TipFa' and codigo = '" + codigo + "'");
+        if (!tipo.eof()) lblTipoFam->setText(tipo["Descricao"].toString());
+    });
+}
+
+void FrmFam::poeFicheiroNaFicha()
+{
+    adoFam.recordset().moveFirst();
+    adoFam.recordset().find("nfamilia = " + txtNFam->text());
+}
+
+void FrmFam::cmdAnt_Click()
+{
+    guarded([&] {
+        if (!adoFam.hasRows()) return;
+        jet::Recordset& familias = adoFam.recordset();
+        semErros([&] { familias.movePrevious(); });
+        const bool passouOInicio = familias.bof();
+        if (passouOInicio) {
+            familias.moveNext();
+            showMessage("Não é possível ir para o registo anterior!");
+        } else {
+            mostraRegistoDoFicheiro();
+            permiteAvancar(true);
+        }
+        permiteRecuar(!passouOInicio);
+    });
+}
+
+// Kept: it starts from the number on the card and not from the cursor, which a refresh may have moved away.
+void FrmFam::cmdSeg_Click()
+{
+    guarded([&] {
+        if (!adoFam.hasRows()) return;
+        jet::Recordset& familias = adoFam.recordset();
+        if (familias.eof()) familias.movePrevious();
+        if (familias.bof()) familias.moveNext();
+        semErros([&] { familias.find("nfamilia = " + txtNFam->text()); });
+        semErros([&] { familias.moveNext(); });
+        const bool passouOFim = familias.eof();
+        if (passouOFim) {
+            familias.movePrevious();
+            showMessage("Não é possível ir para o próximo registo!");
+        } else {
+            mostraRegistoDoFicheiro();
+            permiteRecuar(true);
+        }
+        permiteAvancar(!passouOFim);
+    });
+}

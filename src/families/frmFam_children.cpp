@@ -1,0 +1,105 @@
+// The children of the family: their grid and its three commands.
+#include "families/frmFam.h"
+
+#include "common/dates.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/msgbox.h"
+
+void FrmFam::ActualizaFilhos()
+{
+    guarded([&] {
+        PreencheFG();
+        cmdInsF->setEnabled(true);
+        const int filhos = adoFilhos.hasRows() ? adoFilhos.recordset().recordCount() : 0;
+        fraFilhos->setTitle(filhos == 0   ? QStringLiteral("Nenhum filho")
+                            : filhos == 1 ? QStringLiteral("1 filho")
+                                          : QString::number(filhos) + " filhos");
+        cmdConsultar->setEnabled(filhos > 0);
+        cmdElimF->setEnabled(filhos > 0);
+    });
+}
+
+void FrmFam::PreencheFG()
+{
+    guarded([&] {
+        dtgFilho->setRows(0);
+        if (!adoFilhos.hasRows()) {
+            cmdConsultar->setEnabled(false);
+            cmdElimF->setEnabled(false);
+            return;
+        }
+        dtgFilho->setRows(adoFilhos.recordset().recordCount() + 1);
+        dtgFilho->setCols(6);
+        const struct
+        {
+            const char* titulo;
+            int largura;
+        } colunas[] = {{"Nind", 70},    {"Nome", 300},    {"D. Nasc.", 90},
+                       {"D. Cas.", 90}, {"Fim Obs.", 90}, {"D. Obito", 90}};
+        for (int coluna = 0; coluna < 6; ++coluna) {
+            dtgFilho->setColWidth(coluna, colunas[coluna].largura);
+            dtgFilho->setTextMatrix(0, coluna, colunas[coluna].titulo);
+        }
+        adoFilhos.recordset().moveFirst();
+        for (int linha = 1; !adoFilhos.recordset().eof(); adoFilhos.recordset().moveNext())
+            PreencheLinhaFilho(linha++);
+        dtgFilho->setRow(1);
+    });
+}
+
+void FrmFam::PreencheLinhaFilho(int linha)
+{
+    const jet::Recordset& filho = adoFilhos.recordset();
+    dtgFilho->setTextMatrix(linha, 0, textoDoNumero(filho["nind"]));
+    dtgFilho->setTextMatrix(linha, 1, filho["nome"].toString());
+    dtgFilho->setTextMatrix(linha, 2, textoDaData(filho["datanasc"]));
+    dtgFilho->setTextMatrix(linha, 3, textoDaData(filho["datacasam"]));
+    dtgFilho->setTextMatrix(linha, 4, textoDaData(filho["fimobs"]));
+    dtgFilho->setTextMatrix(linha, 5, textoDaData(filho["dataobito"]));
+}
+
+void FrmFam::cmdConsultar_Click()
+{
+    guarded([&] {
+        if (dtgFilho->row() == 0) return;
+        OrigemInd = 8;
+        setEnabled(false);
+        FrmIndLoaded();
+        jet::Recordset& individuos = frmInd().adoInd.recordset();
+        individuos.moveFirst();
+        individuos.find("nind = " + dtgFilho->textMatrix(dtgFilho->row(), 0));
+        frmInd().ActualizaCampos(individuos);
+        frmInd().cmdAtribuir->setEnabled(false);
+        frmInd().setFocusToForm();
+    });
+}
+
+// The card stays enabled behind the choice: the child goes to the family that is shown when it is made.
+void FrmFam::cmdInsF_Click()
+{
+    guarded([&] {
+        if (EmPesquisa) return;
+        OrigemInd = 0;
+        IndChamado = 1;
+        FrmIndLoaded();
+        jet::Recordset& individuos = frmInd().adoInd.recordset();
+        if (frmInd().adoInd.hasRows()) individuos.moveFirst();
+        frmInd().ActualizaCampos(individuos);
+        frmInd().cmdAtribuir->setEnabled(true);
+    });
+}
+
+// The person stays, the link to the family goes.
+void FrmFam::cmdElimF_Click()
+{
+    guarded([&] {
+        if (EmPesquisa || !adoFilhos.hasRows() || dtgFilho->row() == 0) return;
+        if (!ask("Tem a certeza que deseja eliminar este registo?")) return;
+        cnBDP.execute("update individuo set famorig = null where nind = " + dtgFilho->textMatrix(dtgFilho->row(), 0));
+        adoFilhos.refresh();
+        ActualizaFilhos();
+    });
+}

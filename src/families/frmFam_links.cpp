@@ -1,0 +1,86 @@
+// The ways out of the card: to a person, to the forms of the family, and back to whoever called it.
+#include "families/frmFam.h"
+
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/vbtext.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/forms.h"
+
+// On an empty half nobody is sought, and the first individual is shown.
+void FrmFam::cmdDirInd_Click(int indice)
+{
+    guarded([&] {
+        FrmIndLoaded();
+        frmInd().setFocusToForm();
+        OrigemInd = indice + 1;
+        jet::Recordset& individuos = frmInd().adoInd.recordset();
+        if (frmInd().adoInd.hasRows()) {
+            individuos.moveFirst();
+            const QString numero = metade(indice).nind->text();
+            const bool vazio = indice == 0 ? Trim(numero).isEmpty() : numero.isEmpty(); // Kept: one of them trimmed.
+            if (!vazio) individuos.find("nind = " + numero);
+            frmInd().ActualizaCampos(individuos);
+        }
+        setEnabled(false);
+    });
+}
+
+// The picker enables the card again when it goes.
+void FrmFam::cmdEncLoc_Click()
+{
+    guarded([&] {
+        OrigemLoc = 4;
+        setEnabled(false);
+        Forms::show("frmLocalizacao");
+    });
+}
+
+// Errors are passed over: with no row to read, the path stays as the form has it.
+void FrmFam::cmdRP_Click()
+{
+    guarded([&] {
+        Form* registo = Forms::show("frmRP");
+        if (!registo) return;
+        registo->findChild<QLabel*>("lblTipo")->setText("c");
+        conceal();
+        poeFicheiroNaFicha();
+        registo->findChild<TextBox*>("txtLoc")->setText(adoFam.recordset()["rpCas"].toString());
+    });
+}
+
+// Kept: the caption grows at each click while that form stays loaded.
+void FrmFam::cmdInt_Click()
+{
+    guarded([&] {
+        OrigemInterv = 1;
+        poeFicheiroNaFicha();
+        if (Form* intervenientes = Forms::show("frmIntervenientes"))
+            intervenientes->setCaption(intervenientes->caption() + " do casamento");
+    });
+}
+
+// The form of the residences enables the card again when it goes.
+void FrmFam::cmdResid_Click()
+{
+    guarded([&] {
+        OrigemResid = 1;
+        Form* residencias = Forms::load("frmResid");
+        if (!residencias) return;
+        setEnabled(false);
+        residencias->findChild<QLabel*>("Label2")->setText("Família");
+        residencias->display();
+    });
+}
+
+// Kept: back on the individual's card, this one is left standing as it is.
+void FrmFam::cmdFechar_Click()
+{
+    guarded([&] {
+        if ((OrigemFam != 1 && OrigemFam != 2) || OrigemInd == 8) return conceal();
+        frmInd().display();
+        frmInd().setEnabled(true);
+        frmInd().setFocusToForm();
+        OrigemFam = 0;
+    });
+}
