@@ -1,7 +1,7 @@
 #include "common/modGeral.h"
 
-#include "common/dates.h"
 #include "common/numbers.h"
+#include "common/resumo.h"
 #include "common/SplashForm.h"
 #include "common/vbtext.h"
 #include "platform/desktop/desktop.h"
@@ -95,10 +95,5 @@ void CarregaFichaFam()
 
 QString DatasResumo(const jet::Recordset& registos)
 {
-    const auto primeira = [&](const char* campo, const char* rotulo, const char* outroCampo, const char* outroRotulo) {
-        if (const QVariant data = registos[campo]; !data.isNull()) return rotulo + textoDaData(data);
-        if (const QVariant data = registos[outroCampo]; !data.isNull()) return outroRotulo + textoDaData(data);
-        return QString();
-    };
-    return primeira("datanasc", "  DN: ", "inicioobs", "  IO: ") + primeira("dataobito", "  DO: ", "fimobs", "  FO: ");
+    return InicioDaVida(registos) + FimDaVida(registos);
 }

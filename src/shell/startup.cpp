@@ -16,6 +16,8 @@
 #include "store/frmBack.h"
 #include "store/frmIni.h"
 #include "store/session.h"
+#include "views/frmArv.h"
+#include "views/frmResult.h"
 
 #include <QFile>
 #include <QIcon>
@@ -53,6 +55,8 @@ void registerForms()
     Forms::add("frmFam", [] { return new FrmFam; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
+    Forms::add("frmResult", [] { return new FrmResult; });
+    Forms::add("frmArv", [] { return new FrmArv; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });
 }

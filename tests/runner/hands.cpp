@@ -122,8 +122,11 @@ void press(QWidget* widget)
     QTest::mouseClick(widget, Qt::LeftButton, {}, spot);
 }
 
-QPoint showItem(QAbstractItemView* view, const QModelIndex& index)
+QPoint showItem(QAbstractItemView* view, QModelIndex index)
 {
+    const auto* table = qobject_cast<QTableView*>(view);
+    while (table && table->isColumnHidden(index.column()) && index.siblingAtColumn(index.column() + 1).isValid())
+        index = index.siblingAtColumn(index.column() + 1);
     view->scrollTo(index);
     return (view->visualRect(index) & view->viewport()->rect()).center();
 }

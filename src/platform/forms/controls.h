@@ -10,6 +10,8 @@
 #include <QRadioButton>
 #include <QTableView>
 
+#include <functional>
+
 // Sets the background colour of a field, frame or button, and a text colour that can be read on it. An invalid colour
 // gives back the colour of the desktop. backColor() is what was set last, else the one on the screen.
 void setBackColor(QWidget* control, const QColor& color);
@@ -178,7 +180,8 @@ public:
 };
 
 // A grid as the program counts it: row 0 is the heading, and 0 rows is an empty grid. Cells are texts.
-// picked comes only when the user picks a row. Rows come from a model, so that a hundred thousand show at once.
+// A grid with rows behind its heading has one of them chosen: the first, until setRow() or the user chooses another.
+// picked comes only when the user picks a row, also the one that was chosen already.
 class Grid : public QTableView
 {
     Q_OBJECT
@@ -192,9 +195,12 @@ public:
     void setCols(int cols);
     QString textMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString& text);
+    // Rows whose cells the source gives, for a row from 1 on. Each is read when it is first shown or asked for, so that
+    // a hundred thousand stand at once. The heading stays. The source doesn't throw.
+    void fill(int rows, std::function<QStringList(int row)> source);
     int row() const; // the row chosen; 0 where none is
     void setRow(int row);
-    void setColWidth(int col, int width); // in pixels; the last column takes what is left
+    void setColWidth(int col, int width); // in pixels, 0 hides it; the last column takes what is left
 
 signals:
     void picked();
@@ -204,6 +210,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void chooseFirstRow(); // where none is chosen
+
     class Model;
     Model* model_;
 };

@@ -1,6 +1,7 @@
 #include "platform/forms/controls.h"
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -38,7 +39,8 @@ public:
         else if (after < before)
             beginRemoveRows({}, after, before - 1);
         rows_ = rows;
-        cells_.resize(static_cast<size_t>(rows_) * static_cast<size_t>(cols_));
+        source_ = {};
+        texts_.removeIf([=](auto row) { return row.key() >= rows; });
         if (after > before)
             endInsertRows();
         else if (after < before)
@@ -49,21 +51,29 @@ public:
     void setCols(int cols)
     {
         beginResetModel();
-        std::vector<QString> cells(static_cast<size_t>(rows_) * static_cast<size_t>(cols));
-        for (int row = 0; row < rows_; ++row)
-            for (int col = 0; col < std::min(cols_, cols); ++col)
-                cells[static_cast<size_t>(row) * static_cast<size_t>(cols) + static_cast<size_t>(col)] = text(row, col);
-        cells_ = std::move(cells);
         cols_ = cols;
+        for (QStringList& row : texts_)
+            row.resize(std::min(row.size(), qsizetype(cols)));
         endResetModel();
     }
 
-    QString text(int row, int col) const { return holds(row, col) ? cells_[at(row, col)] : QString(); }
+    void fill(int rows, std::function<QStringList(int)> source)
+    {
+        beginResetModel();
+        rows_ = rows;
+        source_ = std::move(source);
+        texts_.removeIf([](auto row) { return row.key() > 0; });
+        endResetModel();
+    }
+
+    QString text(int row, int col) const { return holds(row, col) ? texts(row).value(col) : QString(); }
 
     void setText(int row, int col, const QString& text)
     {
         if (!holds(row, col)) return;
-        cells_[at(row, col)] = text;
+        QStringList& cells = texts(row);
+        cells.resize(std::max(cells.size(), qsizetype(col) + 1));
+        cells[col] = text;
         if (row == 0)
             emit headerDataChanged(Qt::Horizontal, col, col);
         else
@@ -72,14 +82,18 @@ public:
 
 private:
     bool holds(int row, int col) const { return row >= 0 && row < rows_ && col >= 0 && col < cols_; }
-    size_t at(int row, int col) const
+
+    QStringList& texts(int row) const
     {
-        return static_cast<size_t>(row) * static_cast<size_t>(cols_) + static_cast<size_t>(col);
+        const auto known = texts_.find(row);
+        if (known != texts_.end()) return *known;
+        return *texts_.insert(row, row > 0 && source_ ? source_(row) : QStringList());
     }
 
     int rows_ = 0;
     int cols_ = 0;
-    std::vector<QString> cells_;
+    std::function<QStringList(int)> source_;
+    mutable QHash<int, QStringList> texts_; // of the rows that were written or read; a short row ends in empty cells
 };
 
 Grid::Grid(QWidget* parent) : QTableView(parent), model_(new Model(this))
@@ -109,6 +123,7 @@ void Grid::setRows(int rows)
 {
     model_->setRows(std::max(rows, 0));
     horizontalHeader()->setVisible(rows > 0);
+    chooseFirstRow();
 }
 
 int Grid::cols() const
@@ -119,6 +134,7 @@ int Grid::cols() const
 void Grid::setCols(int cols)
 {
     model_->setCols(std::max(cols, 0));
+    chooseFirstRow();
 }
 
 QString Grid::textMatrix(int row, int col) const
@@ -131,6 +147,13 @@ void Grid::setTextMatrix(int row, int col, const QString& text)
     model_->setText(row, col, text);
 }
 
+void Grid::fill(int rows, std::function<QStringList(int)> source)
+{
+    model_->fill(std::max(rows, 0), std::move(source));
+    horizontalHeader()->setVisible(rows > 0);
+    chooseFirstRow();
+}
+
 int Grid::row() const
 {
     return currentIndex().row() + 1;
@@ -138,17 +161,28 @@ int Grid::row() const
 
 void Grid::setRow(int row)
 {
-    if (row >= 1 && row < rows())
-        setCurrentIndex(model_->index(row - 1, 0));
-    else {
+    if (row >= 1 && row < rows()) {
+        int col = 0;
+        while (isColumnHidden(col) && col < cols() - 1) // the view doesn't scroll to a hidden cell
+            ++col;
+        setCurrentIndex(model_->index(row - 1, col));
+    } else {
         clearSelection();
         setCurrentIndex({});
     }
 }
 
+void Grid::chooseFirstRow()
+{
+    if (row() == 0) setRow(1);
+}
+
 void Grid::setColWidth(int col, int width)
 {
-    setColumnWidth(col, width);
+    const int chosen = row();
+    setColumnHidden(col, width == 0);
+    if (width > 0) setColumnWidth(col, width);
+    setRow(chosen);
 }
 
 void Grid::keyPressEvent(QKeyEvent* event)

@@ -1,0 +1,44 @@
+// A tree of ancestors, as the windows that show one draw it.
+#pragma once
+
+#include "platform/jet/recordset.h"
+
+#include <QString>
+#include <QTreeWidget>
+
+// Draws upward only: a node stands for a person, the nodes under it for the members of that person's family of origin.
+// A node is a text: the name, and what `resumo` says of the person's record. The depth is that of the calls, so a
+// person who is his own ancestor is merely drawn twice.
+class Arvore
+{
+public:
+    using No = QTreeWidgetItem*;
+    using Instrucao = QString (*)(const QString& familia); // the select of the members of a family, with their famorig
+    using Resumo = QString (*)(const jet::Recordset& pessoa);
+
+    // Starts with no nodes.
+    Arvore(QTreeWidget& tvw, Instrucao membros, Resumo resumo);
+
+    // A root.
+    No junta(const QString& texto);
+    // The members of a family under a node; none for 0 or null.
+    void juntaMembros(No no, const QVariant& familia);
+    // Two generations under a node: the parents and, under each, theirs. Of two members both are drawn; of any other
+    // number the first one alone.
+    void juntaPaisEAvos(No no, const QString& familia);
+    // Opens the branch that the last added node is in, and shows that node.
+    void mostraUltimo();
+    void mostra(No no);
+
+private:
+    No junta(No pai, const jet::Recordset& pessoa);
+    void juntaComPais(No filho, const jet::Recordset& pessoa);
+
+    QTreeWidget& tvw_;
+    Instrucao membros_;
+    Resumo resumo_;
+    No ultimo_ = nullptr;
+};
+
+// A name as the nodes show it: every run of four blanks is gone.
+QString nomeNaArvore(QString nome);
