@@ -34,6 +34,8 @@ public:
     void ActualizaCampos(jet::Recordset& rs);
     // Enables the family card where it is loaded and waits for this one.
     void FrmLoaded();
+    // After an edit or a search the individual can be handed over again, where another card waits for one.
+    void permiteAtribuir();
 
 protected:
     const QList<ModeRow>& modos() const override;
@@ -74,7 +76,6 @@ private:
     bool temObrigatorios(const QString& accao);
     void poeListaNoNumero(const QString& numero);
     void passaNomeAFamilia();
-    void permiteAtribuir();
     Valores valoresDaInsercao() const;
     Valores valoresDaAlteracao();
     QString sexo() const; // "m", "f" or "d"; "" where none is chosen

@@ -172,7 +172,6 @@ void FrmInd::passaNomeAFamilia()
         familia->findChild<TextBox*>(conjuge + "nome")->setText(txtNome->text());
 }
 
-// After an edit the individual can be handed over again, where another card waits for one.
 void FrmInd::permiteAtribuir()
 {
     cmdAtribuir->setEnabled(OrigemInd != 8 && IndChamado == 1);
