@@ -37,7 +37,7 @@ void FrmFam::PreencheFG()
         {
             const char* titulo;
             int largura;
-        } colunas[] = {{"Nind", 70},    {"Nome", 300},    {"D. Nasc.", 90},
+        } colunas[] = {{"Nind", 70},    {"Nome", 240},    {"D. Nasc.", 90},
                        {"D. Cas.", 90}, {"Fim Obs.", 90}, {"D. Obito", 90}};
         for (int coluna = 0; coluna < 6; ++coluna) {
             dtgFilho->setColWidth(coluna, colunas[coluna].largura);
