@@ -1,6 +1,10 @@
 #include "common/numbers.h"
 
-#include "platform/jet/error.h"
+#include "common/modGeral.h"
+#include "common/vbtext.h"
+#include "platform/forms/controls.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/msgbox.h"
 
 #include <QLocale>
 
@@ -15,7 +19,19 @@ QString textoDoNumero(const QVariant& numero)
 double numeroDoTexto(const QString& texto)
 {
     bool valido = false;
-    const double numero = texto.trimmed().toDouble(&valido);
+    const double numero = texto.trimmed().replace(u',', u'.').toDouble(&valido);
     if (valido && std::isfinite(numero)) return numero;
     throw jet::Error{jet::number::typeMismatch, "\"" + texto + "\" não é um número."};
+}
+
+void VerificaNumero(TextBox& campo, const QString& recusa, double minimo, double maximo)
+{
+    guarded([&] {
+        if (Trim(campo.text()).isEmpty()) return;
+        const double numero = numeroDoTexto(campo.text());
+        if (numero >= minimo && numero <= maximo) return;
+        showMessage(recusa);
+        campo.clear();
+        Focus::setTo(&campo);
+    });
 }

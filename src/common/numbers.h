@@ -4,8 +4,18 @@
 #include <QString>
 #include <QVariant>
 
+#include <limits>
+
+class TextBox;
+
 // Without a point where it is whole; "" for null. A text comes back as it is.
 QString textoDoNumero(const QVariant& numero);
 
-// Throws Error 13 for a text that is no number, an empty one included.
+// The decimal sign is a comma or a point. Throws Error 13 for a text that is no number, an empty one included.
 double numeroDoTexto(const QString& texto);
+
+// The check of a number field that is left: it is blank, or holds a number within the bounds. Otherwise the user is
+// told `recusa`, and the field is cleared and gets the focus again.
+// Kept: the conversion comes first, so that a text which is no number is told as an error and stays.
+void VerificaNumero(TextBox& campo, const QString& recusa, double minimo,
+                    double maximo = std::numeric_limits<double>::max());

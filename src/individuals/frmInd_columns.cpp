@@ -1,37 +1,13 @@
 // What the card writes: the columns of an insert and of an alteration, each with its value.
 #include "individuals/frmInd.h"
 
-#include "common/dates.h"
-#include "common/places.h"
-#include "common/vbtext.h"
+#include "common/campos.h"
 
 namespace {
-
-// The values of the fields; null where nothing stands there.
-template <class Campo>
-QVariant textoDe(const Campo* campo)
-{
-    return Trim(campo->text()).isEmpty() ? QVariant() : campo->text();
-}
 
 QVariant dataDe(const MaskedEdit* campo)
 {
     return semData(campo->text()) ? QVariant() : campo->text();
-}
-
-QVariant itemDe(const ComboBox* lista)
-{
-    return Trim(lista->text()).isEmpty() ? QVariant() : lista->itemData(lista->listIndex());
-}
-
-QVariant codigoDe(const ComboBox* lista)
-{
-    return Trim(lista->text()).isEmpty() ? QVariant() : localDoTexto(lista->text()).codigo;
-}
-
-QVariant letraDe(const ComboBox* lista)
-{
-    return Trim(lista->text()).isEmpty() ? QVariant() : localDoTexto(lista->text()).tipo;
 }
 
 // True, or nothing at all.

@@ -97,12 +97,5 @@ void FrmInd::propoeTipo(const QString& tipo)
 
 void FrmInd::VerificaIdade(TextBox* campo)
 {
-    guarded([&] {
-        if (Trim(campo->text()).isEmpty()) return;
-        // Kept: the conversion comes first, so that a text which is no number is told as an error and stays.
-        if (numeroDoTexto(campo->text()) >= 0) return;
-        showMessage("Deve inserir uma idade válida!");
-        campo->clear();
-        Focus::setTo(campo);
-    });
+    VerificaNumero(*campo, "Deve inserir uma idade válida!", 0);
 }

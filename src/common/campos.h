@@ -1,0 +1,43 @@
+// What stands in a field, as the store takes it.
+#pragma once
+
+#include "common/dates.h"
+#include "common/places.h"
+#include "common/vbtext.h"
+#include "platform/forms/controls.h"
+
+#include <QVariant>
+
+// False for nothing but blanks, and for both empty forms of a date.
+template <class Campo>
+bool preenchido(const Campo* campo)
+{
+    return !Trim(campo->text()).isEmpty();
+}
+
+inline bool preenchido(const MaskedEdit* campo)
+{
+    return !semData(Trim(campo->text()));
+}
+
+// The values; null where the field isn't filled.
+template <class Campo>
+QVariant textoDe(const Campo* campo)
+{
+    return preenchido(campo) ? campo->text() : QVariant();
+}
+
+inline QVariant itemDe(const ComboBox* lista)
+{
+    return preenchido(lista) ? lista->itemData(lista->listIndex()) : QVariant();
+}
+
+inline QVariant codigoDe(const ComboBox* lista)
+{
+    return preenchido(lista) ? localDoTexto(lista->text()).codigo : QVariant();
+}
+
+inline QVariant letraDe(const ComboBox* lista)
+{
+    return preenchido(lista) ? localDoTexto(lista->text()).tipo : QVariant();
+}
