@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/ficha.h"
+#include "common/filtro.h"
 #include "platform/forms/controls.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
@@ -85,18 +86,34 @@ private:
     void cmdIns_Click();
     void cmdAlt_Click();
     void cmdElim_Click();
+    void iniciaInsercao();
+    void confirmaInsercao();
+    void cancelaInsercao();
+    void iniciaAlteracao();
+    void confirmaAlteracao();
+    void cancelaAlteracao();
+    bool temObrigatorios();
+    void insereMembro(const Metade& membro);
+    void alteraFamilia();
+    void reescreveMembro(const Metade& membro, bool temNumCasam);
 
     // frmFam_people.cpp: the two members, and what follows from their dates
     void txtNind_Change(int indice);
     void mskData_GotFocus();
     void mskData_Change();
     void mskData_LostFocus();
+    void mostraIdades();
     void txtIdade_Validate(int indice);
     void txtNC_Validate(int indice);
 
     // frmFam_search.cpp
     void cmdLoc_Click();
     void cmdLocDat_Click();
+    void iniciaPesquisa();
+    void confirmaPesquisa();
+    void desistePorFaltaDeCriterio();
+    void cancelaPesquisa();
+    Filtro filtroDosCampos() const;
 
     Metade metades_[2];
     QString dtCasamAnterior; // what mskData held when it was entered

@@ -1,19 +1,126 @@
-// The two members, and what follows from their dates.
+// The two members, and what follows from the date of their marriage.
 #include "families/frmFam.h"
 
-void FrmFam::txtNind_Change(int) {}
+#include "common/dates.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/places.h"
+#include "families/tipoFam.h"
 
-void FrmFam::mskData_GotFocus() {}
+namespace {
 
-void FrmFam::mskData_Change() {}
-
-void FrmFam::mskData_LostFocus() {}
-
-void FrmFam::txtIdade_Validate(int) {}
-
-void FrmFam::txtNC_Validate(int) {}
-
-QString FrmFam::CalculaTipoFamilia(double)
+QString dataOuDuvida(const QVariant& data)
 {
-    return {};
+    return data.isNull() ? "????" : textoDaData(data);
+}
+
+// "DN: 01/02/1730 (São Mamede)  -  DO: ????"
+QString resumoDaVida(const jet::Recordset& pessoa)
+{
+    const QVariant local = pessoa["localnasc"];
+    const QString nome = local.isNull() ? QString() : NomeLocal(local, pessoa["tipolocalnasc"]);
+    return "DN: " + dataOuDuvida(pessoa["datanasc"]) + (nome.isEmpty() ? nome : " (" + nome + ")") +
+           "  -  DO: " + dataOuDuvida(pessoa["dataobito"]);
+}
+
+void mostraIdade(QLabel* rotulo, const QVariant& nascimento, const QString& casamento)
+{
+    rotulo->clear();
+    if (!nascimento.isNull() && eData(casamento))
+        rotulo->setText(QString::number(CalculaIdade(nascimento.toDate(), dataDoTexto(casamento))));
+}
+
+} // namespace
+
+// Runs while a family is being put on the card too: mskData is still empty then, and no age comes out.
+void FrmFam::txtNind_Change(int indice)
+{
+    guarded([&] {
+        const Metade& membro = metade(indice);
+        const auto descreve = [&](const QString& nome, const QString& vida) {
+            membro.nome->setText(nome + vida);
+            membro.nome->setToolTip(vida);
+        };
+        const QString nind = membro.nind->text();
+        if (nind.isEmpty()) return descreve({}, {});
+        const jet::Recordset pessoa(cnBDP, "select nome, sexo, datanasc, localnasc,  tipolocalnasc, dataobito from "
+                                           "individuo where nind = " +
+                                               nind);
+        if (pessoa.eof()) return descreve({}, {});
+        descreve(pessoa["nome"].toString() + "  -  ", resumoDaVida(pessoa));
+        mostraIdade(membro.idCalc, pessoa["datanasc"], mskData->text());
+    });
+}
+
+// The age of each member whose birth is known, where the marriage has a date.
+void FrmFam::mostraIdades()
+{
+    for (const Metade& membro : metades_)
+        membro.idCalc->clear();
+    for (const Metade& membro : metades_) {
+        if (membro.nind->text().isEmpty() || !eData(mskData->text())) continue;
+        const jet::Recordset pessoa(cnBDP, "select datanasc from individuo where nind = " + membro.nind->text());
+        if (!pessoa.eof()) mostraIdade(membro.idCalc, pessoa["datanasc"], mskData->text());
+    }
+}
+
+void FrmFam::mskData_GotFocus()
+{
+    guarded([&] {
+        if (mskData->text() == emptyMaskedDate) mskData->clearMasked();
+        dtCasamAnterior = mskData->text();
+        mostraIdades();
+    });
+}
+
+// Kept: turns cmdInt on while a family is being edited, though the mode has turned it off.
+void FrmFam::mskData_Change()
+{
+    cmdInt->setEnabled(eData(mskData->text()));
+}
+
+void FrmFam::mskData_LostFocus()
+{
+    guarded([&] {
+        if (semData(mskData->text())) {
+            chkDF->setChecked(false);
+            cmdInt->setEnabled(false);
+            return;
+        }
+        if (!VerificaData(*mskData)) return;
+        // The first date proposes the parish of the BDP; a corrected one leaves the place alone.
+        if (semData(dtCasamAnterior)) SeleccionaParoquiaDaBDP(*cmbLoc);
+        mskini->showPlain(mskData->text());
+        chkDF->setChecked(true);
+        mostraIdades();
+    });
+}
+
+void FrmFam::txtIdade_Validate(int indice)
+{
+    VerificaNumero(*metade(indice).idade, "Deve inserir uma idade válida!", 13, 120);
+}
+
+void FrmFam::txtNC_Validate(int indice)
+{
+    VerificaNumero(*metade(indice).numCasam, "Deve inserir um número maior ou igual a 0!", 0);
+}
+
+QString FrmFam::CalculaTipoFamilia(double nfamilia)
+{
+    QString tipo = "7";
+    guarded([&] {
+        const jet::Recordset mae(cnBDP, "select datanasc, dataobito from individuo where nind = " + txtSnind->text());
+        const jet::Recordset pai(cnBDP, "select dataobito from individuo where nind = " + txtPnind->text());
+        const jet::Recordset filhos(cnBDP, "select count(datanasc) as Datas, count(nind) as  Filhos from individuo "
+                                           "where  famorig = " +
+                                               textoDoNumero(nfamilia));
+        tipo = tipoDaFamilia({
+            .nascimentoDaMae = !mae["datanasc"].isNull(),
+            .obitos = !pai["dataobito"].isNull() && !mae["dataobito"].isNull(),
+            .casamento = true, // Kept: any text of the date counts, an empty one too, so "5" and "6" never come out.
+            .nascimentosDosFilhos = filhos["Datas"] == filhos["Filhos"],
+        });
+    });
+    return tipo;
 }

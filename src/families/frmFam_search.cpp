@@ -1,6 +1,145 @@
-// The search: by example and by dates.
+// The search: by example on the card, and by the dates of frmDatas. The two names may hold wildcards.
 #include "families/frmFam.h"
 
-void FrmFam::cmdLoc_Click() {}
+#include "common/campos.h"
+#include "common/captions.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "individuals/frmDatas.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/msgbox.h"
+#include "views/frmResult.h"
 
-void FrmFam::cmdLocDat_Click() {}
+namespace {
+
+// The dates stand between the signs as they were typed. Kept: the store reads them month first.
+QString condicaoDasDatas(const CriterioDeDatas& datas)
+{
+    if (datas.fixa.isEmpty()) return " between #" + datas.inicio + "# and #" + datas.fim + "#";
+    return " = #" + datas.fixa + "#";
+}
+
+} // namespace
+
+void FrmFam::cmdLoc_Click()
+{
+    guarded([&] {
+        if (cmdLoc->text() == legenda::localizar)
+            iniciaPesquisa();
+        else if (cmdLoc->text() == legenda::confirmar)
+            confirmaPesquisa();
+    });
+}
+
+// A family offers the date of its marriage and the birth of its first child.
+void FrmFam::cmdLocDat_Click()
+{
+    guarded([&] {
+        frmDatas().display();
+        frmDatas().setEnabled(true); // it may stand there as an earlier "OK" left it
+        frmDatas().optData_0->setEnabled(false);
+        frmDatas().optData_2->setEnabled(false);
+        frmDatas().setFocusToForm();
+        setEnabled(false);
+    });
+}
+
+void FrmFam::iniciaPesquisa()
+{
+    if (EmPesquisa) return;
+    abrePesquisa();
+    Focus::setTo(txtNFam);
+    EmPesquisa = true;
+}
+
+void FrmFam::confirmaPesquisa()
+{
+    const Hourglass ampulheta;
+    const Filtro filtro = filtroDosCampos();
+    const std::optional<CriterioDeDatas> datas = recolheDatas(Onde::QualquerFicha);
+    const bool casamento = datas && datas->data == 1, primeiroFilho = datas && datas->data == 3;
+    if (filtro.vazio() && !casamento && !primeiroFilho) return desistePorFaltaDeCriterio();
+
+    if (casamento)
+        adoFiltro.setRecordSource("select nfamilia , tipocasal,datacasam  from familia where " + filtro.texto() +
+                                  (filtro.vazio() ? "" : " and ") + " datacasam " + condicaoDasDatas(*datas) +
+                                  " order by datacasam");
+    else if (primeiroFilho)
+        // Kept: a number or a name among the conditions is ambiguous here, and the store refuses it.
+        adoFiltro.setRecordSource(
+            "select familia.nfamilia as nfamilia, tipocasal,  datacasam,  min(filho.datanasc) from individuo, "
+            "individuo as filho, familias, familia where familia.nfamilia =  familias.nfamilia and  individuo.nind = "
+            "familias.nind and  filho.famorig = familias.nfamilia " +
+            (filtro.vazio() ? QString() : "and " + filtro.texto()) +
+            " group by familia.nfamilia , tipocasal, datacasam  having min(filho.datanasc) " +
+            condicaoDasDatas(*datas) + " order by familia.nfamilia");
+    else
+        adoFiltro.setRecordSource("select nfamilia , tipocasal, datacasam  from familia where " + filtro.texto() +
+                                  " order by datacasam");
+    adoFiltro.refresh();
+
+    if (!adoFiltro.hasRows()) {
+        showMessage("Não existem registos que cumprem os requisitos especificados.");
+        Focus::setTo(txtNFam);
+        adoFiltro.recordset().close();
+        return;
+    }
+    ActualizaCampos(adoFiltro.recordset(), 0);
+    AplicarModo("Cons");
+    entregaAosResultados();
+    cmdInsF->setEnabled(false);
+    cmdElimF->setEnabled(false);
+    frmResult().mostraResultados(FrmResult::deFamilias);
+}
+
+// Kept: the search stays in progress, and bars the commands that would clear it.
+void FrmFam::desistePorFaltaDeCriterio()
+{
+    ActualizaCampos(adoFam.recordset(), 0);
+    AplicarModo("Cons");
+    cmdLoc->setText(legenda::localizar);
+    cmdIns->setText(legenda::inserir);
+}
+
+// Back to the family in hand. Kept: the opening of the search doesn't take that from the card.
+void FrmFam::cancelaPesquisa()
+{
+    AplicarModo("Cons");
+    ActualizaCampos(adoFam.recordset(), NfamCorrente);
+    retomaFicheiro();
+}
+
+Filtro FrmFam::filtroDosCampos() const
+{
+    Filtro filtro;
+    if (!txtNFam->text().isEmpty()) filtro.junta("nfamilia=" + txtNFam->text());
+    if (preenchido(cmbSit)) filtro.junta("sfamilia= '" + itemDe(cmbSit).toString() + "'");
+    if (preenchido(cmbTipoFam)) filtro.junta("tipocasal = " + cmbTipoFam->text());
+
+    const QString pai = txtPnome->text(), mae = txtSnome->text();
+    if (!pai.isEmpty() && !mae.isEmpty())
+        // Kept: the aliases are crossed, and the couple must be of opposite sex.
+        filtro.junta(" nfamilia in (SELECT famPai.nfamilia as nfamilia FROM individuo as mae INNER JOIN Familias as "
+                     "famPai ON mae.nind = famPai.nind, Individuo AS pai INNER JOIN Familias AS famMae ON pai.nind = "
+                     "famMae.nind where famPai.nfamilia =famMae.nfamilia and pai.nind<> mae.nind and pai.sexo ='m' "
+                     "and mae.sexo = 'f' and pai.nome like '" +
+                     pai + "' and mae.nome like '" + mae + "')");
+    else if (!pai.isEmpty())
+        filtro.junta(" nfamilia in (select familia.nfamilia from familia, individuo, familias where "
+                     "familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = familias.nind and "
+                     "nome like '" +
+                     pai + "')");
+    else if (!mae.isEmpty())
+        filtro.junta(" nfamilia in (select familia.nfamilia from familia,individuo, familias where  "
+                     "familia.nfamilia = familias.nfamilia and  sexo = 'f' and individuo.nind = familias.nind and "
+                     "nome like '" +
+                     mae + "')");
+
+    if (preenchido(cmbLoc)) {
+        const Local local = localDoTexto(cmbLoc->text());
+        filtro.junta("localcasam = '" + local.codigo + "' and tipolocalcasam = '" + local.tipo + "'");
+    }
+    // Kept: the notes stay locked and empty in a search, so this never counts.
+    if (preenchido(txtObs)) filtro.junta(" obs like '" + txtObs->text() + "'");
+    return filtro;
+}
