@@ -93,6 +93,7 @@ private:
     void confirmaAlteracao();
     void cancelaAlteracao();
     bool temObrigatorios();
+    void insereFamilia();
     void insereMembro(const Metade& membro);
     void alteraFamilia();
     void reescreveMembro(const Metade& membro, bool temNumCasam);

@@ -88,13 +88,27 @@ bool FrmFam::temObrigatorios()
     return true;
 }
 
-// Kept: no text is escaped. An apostrophe in a note fails its statement, and the family isn't inserted.
 void FrmFam::confirmaInsercao()
 {
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
-    const QString n = txtNFam->text();
     jet::Transaction transaccao(cnBDP);
+    insereFamilia();
+    for (const Metade& membro : metades_)
+        insereMembro(membro);
+    transaccao.commit();
+
+    adoFam.refresh();
+    AplicarModo("Cons");
+    cmdAlt->setText(legenda::alterar);
+    cmdIns->setText(legenda::inserir);
+    ActualizaCampos(adoFam.recordset(), numeroDoTexto(txtNFam->text()));
+}
+
+// Kept: no text is escaped. An apostrophe in the notes fails its statement, and the family isn't inserted.
+void FrmFam::insereFamilia()
+{
+    const QString n = txtNFam->text();
     cnBDP.execute("insert into familia (nfamilia, sfamilia, tipocasal) values (" + n + "," + itemDe(cmbSit).toString() +
                   ",'" + Trim(cmbTipoFam->text()) + "')");
     if (preenchido(mskData)) {
@@ -116,15 +130,6 @@ void FrmFam::confirmaInsercao()
     if (preenchido(mskFim))
         cnBDP.execute("update familia set fimobs = " + literalDaData(mskFim->text()) + " where nfamilia = " + n);
     if (preenchido(txtObs)) cnBDP.execute("update familia set obs = '" + txtObs->text() + "' where nfamilia = " + n);
-    for (const Metade& membro : metades_)
-        insereMembro(membro);
-    transaccao.commit();
-
-    adoFam.refresh();
-    AplicarModo("Cons");
-    cmdAlt->setText(legenda::alterar);
-    cmdIns->setText(legenda::inserir);
-    ActualizaCampos(adoFam.recordset(), numeroDoTexto(n));
 }
 
 void FrmFam::insereMembro(const Metade& membro)
