@@ -31,17 +31,9 @@ void FrmFam::cmdLoc_Click()
     });
 }
 
-// A family offers the date of its marriage and the birth of its first child.
 void FrmFam::cmdLocDat_Click()
 {
-    guarded([&] {
-        frmDatas().display();
-        frmDatas().setEnabled(true); // it may stand there as an earlier "OK" left it
-        frmDatas().optData_0->setEnabled(false);
-        frmDatas().optData_2->setEnabled(false);
-        frmDatas().setFocusToForm();
-        setEnabled(false);
-    });
+    guarded([&] { frmDatas().mostraPara(*this); });
 }
 
 void FrmFam::iniciaPesquisa()

@@ -38,6 +38,17 @@ void FrmDatas::Form_Load()
     fraD_0->hide();
 }
 
+void FrmDatas::mostraPara(Form& cartao)
+{
+    const bool individuo = cartao.name() == "frmInd";
+    display();
+    setEnabled(true); // it may stand there as an earlier "Ok" left it, also for the other card
+    optData_0->setEnabled(individuo);
+    optData_2->setEnabled(individuo);
+    setFocusToForm();
+    cartao.setEnabled(false);
+}
+
 CriterioDeDatas FrmDatas::criterio() const
 {
     CriterioDeDatas criterio;

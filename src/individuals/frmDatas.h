@@ -19,7 +19,7 @@ struct CriterioDeDatas
     QString inicio, fim;
 };
 
-// The card that shows it is disabled until it is accepted or unloaded. A family's card disables optData(0), and that is
+// The card that shows it is disabled until it is accepted or unloaded. optData(0) is disabled for a family, and that is
 // how the form tells the two cards apart.
 class FrmDatas : public Form, public Ui::FrmDatas
 {
@@ -30,6 +30,8 @@ public:
 
     FrmDatas();
 
+    // Brings it up for a card, which is disabled. A family offers the marriage and the first child alone.
+    void mostraPara(Form& cartao);
     CriterioDeDatas criterio() const;
 
 protected:

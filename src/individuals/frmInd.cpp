@@ -36,20 +36,40 @@ FrmInd::FrmInd() : Ficha(Name)
 void FrmInd::connectEvents()
 {
     connect(cmbTipoInd, &ComboBox::clicked, this, &FrmInd::cmbTipoInd_Click);
+    connect(cmdDirFam_0, &CommandButton::clicked, this, [this] { cmdDirFam_Click(0); });
+    connect(cmdDirFam_1, &CommandButton::clicked, this, [this] { cmdDirFam_Click(1); });
 
     Focus::watch(
         mskDtNasc, [this] { mskDtNasc_GotFocus(); }, [this] { mskDtNasc_LostFocus(); });
     connect(cmdEncLoc, &CommandButton::clicked, this, [this] { escolheLocal(1); });
+    connect(cmdRP_0, &CommandButton::clicked, this, [this] { cmdRP_Click(0); });
+    connect(cmdInterv, &CommandButton::clicked, this, &FrmInd::cmdInterv_Click);
     for (TextBox* idade : {txtIdPai, txtIdMae, txtIdade})
         Focus::watch(idade, {}, [=, this] { VerificaIdade(idade); });
+
+    connect(cmdConsRel, &CommandButton::clicked, this, &FrmInd::cmdConsRel_Click);
+    connect(Command1, &CommandButton::clicked, this, &FrmInd::Command1_Click);
 
     Focus::watch(
         mskDtObito, [this] { mskDtObito_GotFocus(); }, [this] { mskDtObito_LostFocus(); });
     connect(cmdLocOb, &CommandButton::clicked, this, [this] { escolheLocal(3); });
+    connect(cmdTest, &CommandButton::clicked, this, &FrmInd::cmdTest_Click);
+    connect(cmdRP_1, &CommandButton::clicked, this, [this] { cmdRP_Click(1); });
+    connect(cmdCerFun, &CommandButton::clicked, this, [this] { abre("frmFuneral"); });
+    connect(cmdRMorte, &CommandButton::clicked, this, [this] { abre("frmRituais"); });
+    connect(cmdLegProf, &CommandButton::clicked, this, [this] { abre("frmLegados"); });
+
+    connect(cmdProf, &CommandButton::clicked, this, [this] { abreComIndividuo("frmProf"); });
+    connect(cmdResid, &CommandButton::clicked, this, &FrmInd::cmdResid_Click);
+    connect(cmdAssin, &CommandButton::clicked, this, [this] { abreComIndividuo("frmAssinatura"); });
+    connect(cmdApadrinha, &CommandButton::clicked, this, [this] { abreComIndividuo("frmApadrinha"); });
 
     connect(cmdAnt, &CommandButton::clicked, this, &FrmInd::cmdAnt_Click);
     connect(cmdSeg, &CommandButton::clicked, this, &FrmInd::cmdSeg_Click);
+    connect(cmdLocDat, &CommandButton::clicked, this, &FrmInd::cmdLocDat_Click);
 
+    connect(cmdAtribuir, &CommandButton::clicked, this, &FrmInd::cmdAtribuir_Click);
+    connect(cmdLoc, &CommandButton::clicked, this, &FrmInd::cmdLoc_Click);
     connect(cmdIns, &CommandButton::clicked, this, &FrmInd::cmdIns_Click);
     connect(cmdAlt, &CommandButton::clicked, this, &FrmInd::cmdAlt_Click);
     connect(cmdElim, &CommandButton::clicked, this, &FrmInd::cmdElim_Click);

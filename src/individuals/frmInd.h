@@ -11,6 +11,8 @@
 
 #include <utility>
 
+class Filtro;
+
 // Other cards read and write its controls by name, move adoInd and call ActualizaCampos(): so they show a person on it,
 // and call it up to have one chosen.
 class FrmInd : public Ficha, public Ui::FrmInd
@@ -90,11 +92,40 @@ private:
     void propoeTipo(const QString& tipo);
     void VerificaIdade(TextBox* campo);
 
-    // Links and closing
-    void escolheLocal(int origem);
+    // Search
+    void cmdLoc_Click();
+    void cmdLocDat_Click();
+    void confirmaPesquisa();
+    void cancelaPesquisa();
+    QString instrucaoDaPesquisa() const; // "" where nothing is sought
+    Filtro condicoesDosCampos() const;
+
+    // Handing an individual over, and closing
+    void cmdAtribuir_Click();
+    void atribuiFilho();
+    void atribuiConjuge();
+    void atribuiAoActo();
+    bool podeEstarNoActo(const Form& acto) const;
+    void cmdTest_Click();
+    void atribuiTestamenteiro();
     void cmdFechar_Click();
     void devolveAoChamador();
+    void voltaAFamilia();
+    void voltaA(Form& chamador);
 
+    // Links
+    void cmdDirFam_Click(int indice);
+    void cmdConsRel_Click();
+    void Command1_Click();
+    void cmdResid_Click();
+    void cmdInterv_Click();
+    void cmdRP_Click(int indice);
+    void escolheLocal(int origem);
+    Form* abre(const QString& nome);
+    void abreComIndividuo(const QString& nome);
+    void mostraArvore(const QString& tipo, const QString& nind, const QString& nome);
+
+    long testador = 0;      // whose executor is being chosen
     QString DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
     QString DataObitoAntiga;
 };

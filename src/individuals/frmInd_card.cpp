@@ -155,6 +155,7 @@ void FrmInd::PreencheFamilias()
         dtgProf->setTextMatrix(0, 3, "Data de Casamento");
         for (int linha = 1; !adoRel.recordset().eof(); adoRel.recordset().moveNext())
             EscreveLinhaFam(linha++);
+        dtgProf->setRow(1);
     });
 }
 

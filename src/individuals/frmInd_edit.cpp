@@ -7,6 +7,7 @@
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
+#include "families/frmFam.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -18,6 +19,8 @@ void FrmInd::cmdIns_Click()
             iniciaInsercao();
         else if (cmdIns->text() == legenda::confirmar)
             confirmaInsercao();
+        else
+            cancelaPesquisa();
     });
 }
 
@@ -165,11 +168,10 @@ void FrmInd::poeListaNoNumero(const QString& numero)
 // The open family card follows a changed name of the spouse for whom it called this card up.
 void FrmInd::passaNomeAFamilia()
 {
-    Form* familia = OrigemInd == 1 || OrigemInd == 2 ? Forms::find("frmFam") : nullptr;
-    if (!familia) return;
-    const QString conjuge = OrigemInd == 1 ? "txtP" : "txtS";
-    if (familia->findChild<TextBox*>(conjuge + "nind")->text() == txtNind->text())
-        familia->findChild<TextBox*>(conjuge + "nome")->setText(txtNome->text());
+    if (!Forms::isLoaded(FrmFam::Name)) return;
+    const FrmFam& familia = frmFam();
+    if (OrigemInd == 1 && familia.txtPnind->text() == txtNind->text()) familia.txtPnome->setText(txtNome->text());
+    if (OrigemInd == 2 && familia.txtSnind->text() == txtNind->text()) familia.txtSnome->setText(txtNome->text());
 }
 
 void FrmInd::permiteAtribuir()
