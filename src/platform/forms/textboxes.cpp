@@ -29,7 +29,13 @@ static QString asLines(QString text, qsizetype length)
     return text;
 }
 
-TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {}
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
+{
+    // What the program writes is shown from its beginning, where it is longer than the field.
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (!hasFocus()) setCursorPosition(0);
+    });
+}
 
 bool TextBox::event(QEvent* event)
 {

@@ -54,6 +54,17 @@ TEST_F(TextBoxTest, TheProgramsOwnChangesAreChanges)
     EXPECT_EQ(changes.count(), 1);
 }
 
+TEST_F(TextBoxTest, ALongTextOfTheProgramIsShownFromItsBeginning)
+{
+    auto* field = shown<TextBox>();
+    Focus::release();
+    field->setText("Maria Joaquina da Conceição Rodrigues  -  DN: 04/03/1730  -  DO: ????");
+    EXPECT_EQ(field->cursorPosition(), 0);
+    Focus::setTo(field);
+    field->setText("Ana");
+    EXPECT_EQ(field->cursorPosition(), 3);
+}
+
 TEST_F(TextBoxTest, TheMenusGetTheirShortcutsInEveryField)
 {
     QAction open;
