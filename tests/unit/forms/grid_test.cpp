@@ -101,6 +101,63 @@ TEST_F(GridTest, OnlyTheUserPicks)
     EXPECT_EQ(picks, 3);
 }
 
+TEST_F(GridTest, TheFirstRowIsChosenOnceThereIsOne)
+{
+    EXPECT_EQ(grid->row(), 0);
+    fill(1);
+    EXPECT_EQ(grid->row(), 0);
+    fill(4);
+    EXPECT_EQ(grid->row(), 1);
+    grid->setRow(3);
+    grid->setCols(3);
+    EXPECT_EQ(grid->row(), 1);
+    EXPECT_EQ(picks, 0);
+}
+
+TEST_F(GridTest, AHiddenColumnHoldsItsTexts)
+{
+    fill(40);
+    grid->setRow(2);
+    grid->setColWidth(0, 0);
+    EXPECT_TRUE(grid->isColumnHidden(0));
+    EXPECT_EQ(grid->row(), 2);
+    EXPECT_EQ(grid->textMatrix(2, 0), "2,0");
+    Focus::setTo(grid);
+    QTest::keyClick(grid, Qt::Key_Down);
+    EXPECT_EQ(grid->row(), 3);
+    grid->setRow(39);
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex()).center()));
+    grid->setColWidth(0, 50);
+    EXPECT_FALSE(grid->isColumnHidden(0));
+}
+
+TEST_F(GridTest, ASourceIsAskedForTheRowsThatAreSeen)
+{
+    grid->setCols(2);
+    QList<int> asked;
+    grid->fill(1000001, [&](int row) {
+        asked << row;
+        return QStringList{QString::number(row), "x"};
+    });
+    grid->setTextMatrix(0, 0, "Nº");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid->rows(), 1000001);
+    EXPECT_EQ(grid->row(), 1);
+    EXPECT_EQ(picks, 0);
+    EXPECT_LT(asked.size(), 200);
+    EXPECT_FALSE(asked.contains(0));
+
+    EXPECT_EQ(grid->textMatrix(1000000, 0), "1000000");
+    EXPECT_EQ(grid->textMatrix(1000000, 1), "x");
+    EXPECT_EQ(asked.count(1000000), 1);
+    EXPECT_EQ(grid->textMatrix(0, 0), "Nº");
+
+    grid->fill(2, [](int) { return QStringList{"y"}; });
+    EXPECT_EQ(grid->textMatrix(1, 0), "y");
+    EXPECT_EQ(grid->textMatrix(1, 1), "");
+    EXPECT_EQ(grid->textMatrix(0, 0), "Nº");
+}
+
 TEST_F(GridTest, TabGoesOnToTheNextField)
 {
     fill(3);
