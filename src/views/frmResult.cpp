@@ -32,7 +32,7 @@ try {
 
 const FrmResult::Uso FrmResult::individuos{
     {"nind", "nome", "famorig"},
-    {0, 2. / 3, 1. / 3}, // the name has what the others leave
+    {0, 2. / 3},
     "Lista de Profissões Conhecidas",
     "Profissão",
     "i",
@@ -49,7 +49,7 @@ const FrmResult::Uso FrmResult::individuos{
 
 const FrmResult::Uso FrmResult::familias{
     {"Nfamilia", "TipoFamilia", "Data Casam"},
-    {1. / 4, 1. / 4, 1. / 3},
+    {1. / 4, 1. / 4},
     "Lista de Residências Conhecidas",
     "Residência",
     "f",
@@ -102,7 +102,7 @@ void FrmResult::resizeEvent(QResizeEvent* event)
 
 void FrmResult::ajustaColunas()
 {
-    for (int coluna = 0; coluna < dtgProf->cols(); ++coluna)
+    for (int coluna : {0, 1})
         dtgProf->setColWidth(coluna, qRound(dtgProf->width() * uso().larguras[coluna]));
     lvInfo->header()->resizeSection(0, lvInfo->width() / 3);
 }

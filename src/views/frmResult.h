@@ -45,7 +45,7 @@ private:
     struct Uso
     {
         const char* titulos[3];   // of the grid
-        double larguras[3];       // parts of the grid's width; 0 hides the column
+        double larguras[2];       // parts of the grid's width, 0 hides the column; the last column takes the rest
         const char *info, *facto; // the heading and the second column of the small list
         const char* tipo;         // for Dados()
         Ficha& (*ficha)();
