@@ -1,10 +1,10 @@
 #include "platform/jet/functions.h"
 
+#include "platform/jet/alphabet.h"
 #include "platform/jet/date.h"
 #include "platform/jet/dialect.h"
 #include "platform/jet/errors.h"
 
-#include <QCollator>
 #include <QLocale>
 
 #include <sqlite3.h>
@@ -12,6 +12,7 @@
 #include <cfenv>
 #include <cmath>
 #include <limits>
+#include <string_view>
 
 namespace jet {
 
@@ -101,20 +102,11 @@ int collateCaseBlind(void*, int aBytes, const void* a, int bBytes, const void* b
 
 int collateAlphabetically(void*, int aBytes, const void* a, int bBytes, const void* b)
 {
-    return compareAlphabetically(collated(aBytes, a), collated(bBytes, b));
+    return compareAlphabetically(std::string_view(static_cast<const char*>(a), size_t(aBytes)),
+                                 std::string_view(static_cast<const char*>(b), size_t(bBytes)));
 }
 
 } // namespace
-
-int compareAlphabetically(const QString& a, const QString& b)
-{
-    static const QCollator collator = [] {
-        QCollator portuguese(QLocale(QLocale::Portuguese, QLocale::Portugal));
-        portuguese.setCaseSensitivity(Qt::CaseInsensitive);
-        return portuguese;
-    }();
-    return collator.compare(a, b);
-}
 
 void installFunctions(sqlite3* database)
 {

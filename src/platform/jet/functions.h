@@ -1,8 +1,6 @@
 // The functions and collations of the connection.
 #pragma once
 
-#include <QString>
-
 struct sqlite3;
 struct sqlite3_context;
 struct sqlite3_value;
@@ -14,9 +12,6 @@ inline constexpr auto comparedDate = "orv_date";         // a text that meets a 
 inline constexpr auto caseBlind = "orv_nocase";          // equality of texts, whatever the case of any letter
 inline constexpr auto alphabetical = "orv_alphabetical"; // the order of a Portuguese dictionary
 } // namespace functions
-
-// Below, at or above zero, as a stands before, beside or behind b in a Portuguese dictionary.
-int compareAlphabetically(const QString& a, const QString& b);
 
 // The operator like: % and _ are the only wildcards; case-blind for every letter; accents count.
 void likeFunction(sqlite3_context* context, int count, sqlite3_value** values);

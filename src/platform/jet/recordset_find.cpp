@@ -1,5 +1,6 @@
 #include "platform/jet/recordset.h"
 
+#include "platform/jet/alphabet.h"
 #include "platform/jet/date.h"
 #include "platform/jet/errors.h"
 #include "platform/jet/functions.h"
