@@ -36,6 +36,7 @@ bool isClause(const Token& token)
 void Rewriter::run()
 {
     rewrite(0, int(t_.size()), nullptr);
+    flattenRightJoins();
 }
 
 bool Rewriter::opensSelect(int at) const

@@ -5,6 +5,7 @@
 #include "platform/jet/tokens.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <optional>
 
@@ -42,6 +43,8 @@ private:
         int end;
     };
 
+    void flattenRightJoins();
+    QStringList comparedTables(int at) const;
     void rewrite(int begin, int end, const Scope* outer);
     void collectTables(Scope& scope);
     int readTable(Scope& scope, int at);

@@ -47,6 +47,27 @@ TEST_F(TheDialect, RunsNothingWithADateLiteralThatIsNoDate)
     EXPECT_EQ(rows("select datacasam from familia where nfamilia = 1"), "01/02/1745");
 }
 
+TEST_F(TheDialect, ReadsAJoinWithinAJoinWithoutATemporaryTable)
+{
+    run("insert into familias (nfamilia, nind) values (99, 4)"); // of a family that has no row
+    const auto sql = [&](const QString& within, const QString& on) {
+        return translate("select individuo.nind, familias.nfamilia, sfamilia from individuo left join (" + within +
+                             ") on " + on + " order by individuo.nind",
+                         bdp.handle());
+    };
+    const QString onFamily = "familia right join familias on [familia].[nfamilia] =[familias].[nfamilia]";
+    const QString onPerson = "individuo.nind = familias.nind";
+    EXPECT_FALSE(sql(onFamily, onPerson).contains('('));
+    const QString select = "select individuo.nind, familias.nfamilia, sfamilia from individuo left join (" + onFamily +
+                           ") on " + onPerson + " order by individuo.nind";
+    EXPECT_EQ(rows(select.toUtf8()), "1|1|1 2|1|1 3|2|2 4|99|- 5|2|2 6|3|1");
+    // Others mean something else.
+    EXPECT_TRUE(sql("familia inner join familias on familia.nfamilia = familias.nfamilia", onPerson).contains('('));
+    EXPECT_TRUE(sql(onFamily, "individuo.famorig = familia.nfamilia").contains('('));
+    EXPECT_TRUE(sql(onFamily, onPerson + " and sfamilia is null").contains('('));
+    EXPECT_TRUE(sql("familia right join familias on familias.nfamilia = familias.nfamilia", onPerson).contains('('));
+}
+
 TEST_F(TheDialect, LeavesWhatStandsInATextAlone)
 {
     EXPECT_EQ(value("'#01/02/1750# [a] \"b\" ; -- true'"), "#01/02/1750# [a] \"b\" ; -- true");
