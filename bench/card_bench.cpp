@@ -1,12 +1,12 @@
 // Showing the next individual on the card, on a thousand and on a million people, beside the bare engine running the
 // same statements on the same file.
+#include "beside.h"
+
 #include "common/globals.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "store/modBD.h"
-
-#include <benchmark/benchmark.h>
 
 #include <QMainWindow>
 #include <QMdiArea>
@@ -57,17 +57,6 @@ private:
     QMainWindow window_;
 };
 
-// Reads all rows of a statement, column by column.
-void readAll(const QByteArray& select)
-{
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(cnBDP.handle(), select, -1, &statement, nullptr);
-    while (sqlite3_step(statement) == SQLITE_ROW)
-        for (int i = 0; i < sqlite3_column_count(statement); ++i)
-            benchmark::DoNotOptimize(sqlite3_column_text(statement, i));
-    sqlite3_finalize(statement);
-}
-
 void ShowingTheNextIndividual(benchmark::State& state)
 {
     const Parish parish(state.range(0));
@@ -85,11 +74,12 @@ void RunningItsStatementsBare(benchmark::State& state)
     qint64 nind = 0;
     for ([[maybe_unused]] auto turn : state) {
         const QByteArray number = QByteArray::number(nind++ % state.range(0) + 1);
-        readAll("select * from individuo where nind = " + number);
-        readAll("Select descricao from infocomplementar where categoria = 'TipIn' and codigo = 'T'");
-        readAll("SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
+        readAll(cnBDP.handle(), "select * from individuo where nind = " + number);
+        readAll(cnBDP.handle(), "Select descricao from infocomplementar where categoria = 'TipIn' and codigo = 'T'");
+        readAll(cnBDP.handle(),
+                "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
                 "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
-                number + " order by datacasam asc");
+                    number + " order by datacasam asc");
     }
 }
 

@@ -1,44 +1,20 @@
 // The engine on a BDP with a million people, each measure beside the bare engine doing the same work.
+#include "beside.h"
+
 #include "platform/jet/connection.h"
 #include "platform/jet/recordset.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <sqlite3.h>
 
-#include <ctime>
 #include <functional>
 #include <map>
 #include <memory>
 
 namespace {
-
-// Time of the processor, as other programs of the machine would count as ours in any other.
-double secondsOf(const std::function<void()>& work)
-{
-    const std::clock_t start = std::clock();
-    work();
-    return double(std::clock() - start) / CLOCKS_PER_SEC;
-}
-
-// Does both works in turn, counts the time of the first one, and tells how many times that of the second one it takes.
-void compare(benchmark::State& state, const std::function<void()>& ours, const std::function<void()>& bare)
-{
-    ours(); // both start with a warm cache
-    bare();
-    double ourTime = 0;
-    double bareTime = 0;
-    for (auto _ : state) {
-        const double time = secondsOf(ours);
-        bareTime += secondsOf(bare);
-        ourTime += time;
-        state.SetIterationTime(time);
-    }
-    state.counters["ratio"] = ourTime / bareTime;
-}
 
 // A BDP with so many people, entered in an order that is not that of their numbers.
 struct Parish
