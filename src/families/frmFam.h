@@ -33,6 +33,9 @@ public:
     void ActualizaCampos(jet::Recordset& rs, double nf);
     void ActualizaFilhos();
     void PreencheFG();
+    // Puts adoFam on the family of the card, where a refresh has moved it away; on EOF for a family that has no row
+    // yet. Whoever writes to the row of adoFam calls it first.
+    void poeFicheiroNaFicha();
 
     // The seven types of a family, by what is known of its people; an error is shown and answers "7". No command calls
     // it: the type is the user's choice.
@@ -65,8 +68,6 @@ private:
     void mostraFamilia();
     void cmdAnt_Click();
     void cmdSeg_Click();
-    // Puts adoFam on the family of the card, where a refresh has moved it away.
-    void poeFicheiroNaFicha();
 
     // frmFam_children.cpp
     void PreencheLinhaFilho(int linha);
@@ -81,6 +82,7 @@ private:
     void cmdInt_Click();
     void cmdResid_Click();
     void cmdFechar_Click();
+    bool emInsercao() const;
 
     // frmFam_edit.cpp: insert and alteration
     void cmdIns_Click();

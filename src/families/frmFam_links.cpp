@@ -1,6 +1,7 @@
 // The ways out of the card: to a person, to the forms of the family, and back to whoever called it.
 #include "families/frmFam.h"
 
+#include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
@@ -36,7 +37,7 @@ void FrmFam::cmdEncLoc_Click()
     });
 }
 
-// Errors are passed over: with no row to read, the path stays as the form has it.
+// The form of the register shows this card again when it goes. A family without a row leaves the path as it was.
 void FrmFam::cmdRP_Click()
 {
     guarded([&] {
@@ -44,6 +45,7 @@ void FrmFam::cmdRP_Click()
         if (!registo) return;
         registo->findChild<QLabel*>("lblTipo")->setText("c");
         conceal();
+        if (emInsercao()) return;
         poeFicheiroNaFicha();
         registo->findChild<TextBox*>("txtLoc")->setText(adoFam.recordset()["rpCas"].toString());
     });
@@ -54,7 +56,7 @@ void FrmFam::cmdInt_Click()
 {
     guarded([&] {
         OrigemInterv = 1;
-        poeFicheiroNaFicha();
+        if (!emInsercao()) poeFicheiroNaFicha();
         if (Form* intervenientes = Forms::show("frmIntervenientes"))
             intervenientes->setCaption(intervenientes->caption() + " do casamento");
     });
@@ -83,4 +85,10 @@ void FrmFam::cmdFechar_Click()
         frmInd().setFocusToForm();
         OrigemFam = 0;
     });
+}
+
+// The family has no row yet, and the file stands on the last one, where its number came from.
+bool FrmFam::emInsercao() const
+{
+    return cmdIns->text() == legenda::confirmar;
 }

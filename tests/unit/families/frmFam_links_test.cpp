@@ -1,0 +1,129 @@
+// The ways out of the card of a family to forms that another room holds.
+#include "families/frmFam.h"
+
+#include "common/globals.h"
+#include "forms/house.h"
+#include "individuals/frmInd.h"
+#include "store/modBD.h"
+
+#include <QTemporaryDir>
+
+namespace {
+
+class FamilyLinks : public House
+{
+protected:
+    FamilyLinks()
+    {
+        jet::createDatabase(folder.filePath("a.orv"));
+        cnBDP.open(folder.filePath("a.orv"));
+        CriaTabelas(cnBDP, ORV_DATA_DIR "/CriarTab.dat");
+        cnBDP.execute("insert into familia (nfamilia) values (1)");
+        cnBDP.execute("insert into familia (nfamilia, datacasam, rpCas) values (2, #03/09/1750#, '/rp/2.png')");
+        Forms::add(FrmInd::Name, [] { return new FrmInd; });
+        Forms::add(FrmFam::Name, [] { return new FrmFam; });
+        Forms::show(FrmFam::Name);
+        frmFam().cmdUlt->click();
+    }
+    ~FamilyLinks() override
+    {
+        Forms::clear();
+        cnBDP.close();
+        limpaGlobais();
+    }
+
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST_F(FamilyLinks, TheResidencesHoldTheCardAndNameTheFamilyAsTheirOwner)
+{
+    const TestForm* residences = make("frmResid", [](TestForm& form) { form.put<QLabel>("Label2"); });
+    frmFam().cmdResid->click();
+    EXPECT_EQ(OrigemResid, 1);
+    EXPECT_FALSE(frmFam().isEnabled());
+    EXPECT_TRUE(residences->isShown());
+    EXPECT_EQ(residences->findChild<QLabel*>("Label2")->text(), "Família");
+}
+
+TEST_F(FamilyLinks, TheParticipantsBearTheMarriageInTheirCaptionAtEachClick)
+{
+    TestForm* participants = make("frmIntervenientes");
+    participants->setCaption("Intervenientes");
+    frmFam().cmdInt->click();
+    EXPECT_EQ(OrigemInterv, 1);
+    EXPECT_TRUE(frmFam().isEnabled());
+    EXPECT_EQ(participants->caption(), "Intervenientes do casamento");
+    frmFam().cmdInt->click();
+    EXPECT_EQ(participants->caption(), "Intervenientes do casamento do casamento");
+}
+
+TEST_F(FamilyLinks, TheRegisterIsThatOfTheFamilyShownAndNotOfTheFirstRow)
+{
+    const TestForm* entry = make("frmRP", [](TestForm& form) {
+        form.put<QLabel>("lblTipo");
+        form.put<TextBox>("txtLoc");
+    });
+    frmFam().adoFam.refresh();
+    frmFam().cmdRP->click();
+    EXPECT_TRUE(entry->isShown());
+    EXPECT_FALSE(frmFam().isShown());
+    EXPECT_EQ(entry->findChild<QLabel*>("lblTipo")->text(), "c");
+    EXPECT_EQ(entry->findChild<TextBox*>("txtLoc")->text(), "/rp/2.png");
+    EXPECT_EQ(frmFam().adoFam.recordset().absolutePosition(), 2);
+}
+
+TEST_F(FamilyLinks, WithoutThoseFormsTheCardStaysAsItIs)
+{
+    for (CommandButton* command : {frmFam().cmdResid, frmFam().cmdInt, frmFam().cmdRP}) {
+        command->click();
+        EXPECT_TRUE(frmFam().isShown());
+        EXPECT_TRUE(frmFam().isEnabled());
+    }
+}
+
+TEST_F(FamilyLinks, ClosingGoesBackToAPersonWhoWaitsToBeHandedOver)
+{
+    Forms::show(FrmInd::Name)->conceal();
+    for (const int origin : {1, 2}) {
+        OrigemFam = origin;
+        OrigemInd = 3;
+        frmInd().conceal();
+        frmInd().setEnabled(false);
+        frmFam().cmdFechar->click();
+        EXPECT_TRUE(frmInd().isShown());
+        EXPECT_TRUE(frmInd().isEnabled());
+        EXPECT_TRUE(frmFam().isShown());
+        EXPECT_EQ(OrigemFam, 0);
+        EXPECT_EQ(OrigemInd, 3);
+    }
+    frmFam().cmdFechar->click(); // by the menu
+    EXPECT_FALSE(frmFam().isShown());
+    Forms::show(FrmFam::Name);
+    OrigemFam = 1;
+    OrigemInd = 8;
+    frmFam().cmdFechar->click();
+    EXPECT_FALSE(frmFam().isShown());
+}
+
+TEST_F(FamilyLinks, OnlyItsCloseBoxIsRefused)
+{
+    EXPECT_FALSE(frmFam().unload(Form::UnloadMode::ControlMenu));
+    EXPECT_TRUE(frmFam().isShown());
+    EXPECT_TRUE(frmFam().unload());
+    EXPECT_FALSE(Forms::isLoaded(FrmFam::Name));
+}
+
+TEST_F(FamilyLinks, ASearchInProgressBarsTheChangesOfTheChildren)
+{
+    cnBDP.execute("insert into individuo (nind, nome, famorig) values (7, 'Ana', 2)");
+    frmFam().ActualizaCampos(frmFam().adoFam.recordset(), 2);
+    EXPECT_EQ(frmFam().dtgFilho->rows(), 2);
+    EmPesquisa = true;
+    frmFam().cmdElimF->click();
+    frmFam().cmdInsF->click();
+    EXPECT_FALSE(Forms::isLoaded(FrmInd::Name));
+    EXPECT_EQ(frmFam().dtgFilho->rows(), 2);
+    EXPECT_EQ(IndChamado, 0);
+}
