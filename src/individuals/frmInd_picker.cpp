@@ -74,7 +74,6 @@ void FrmInd::atribuiFilho()
     frmFam().adoFilhos.refresh();
     frmFam().ActualizaFilhos();
     voltaAFamilia();
-    OrigemInd = 8;
 }
 
 void FrmInd::atribuiConjuge()
@@ -88,7 +87,6 @@ void FrmInd::atribuiConjuge()
     // Kept: the bare name replaces the description that the change of the number has just brought.
     (homem ? familia.txtPnome : familia.txtSnome)->setText(txtNome->text());
     voltaAFamilia();
-    OrigemInd = 8;
 }
 
 void FrmInd::atribuiAoActo()
@@ -185,6 +183,7 @@ void FrmInd::voltaAFamilia()
 {
     conceal();
     FrmLoaded();
+    OrigemInd = 8;
     IndChamado = Forms::isLoaded(FrmFam::Name) && frmFam().Modo == "Edi" ? 1 : 0;
 }
 
