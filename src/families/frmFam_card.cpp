@@ -65,12 +65,11 @@ void FrmFam::ActualizaCampos(jet::Recordset& rs, double nf)
         }
         mostraFamilia();
 
-        // The joins stand one behind the other, not nested: so each row is found by its key, however large the BDP is.
         adoFilhos.setRecordSource(
             "SELECT [individuo].[FAMORIG], [individuo].[FimObs], [individuo].[NIND], [individuo].[NOME], "
             "[individuo].[Datanasc], [individuo].[DataObito],  MIN([Familia].[DaTacASAM]) as dataCasam  From individuo "
-            " LEFT JOIN familias ON [individuo].[nind]=[familias].[nind] LEFT JOIN familia ON "
-            "[familia].[nfamilia] =[familias].[nfamilia] where famorig = " +
+            " LEFT JOIN ( familia RIGHT JOIN familias  ON [familia].[nfamilia] =[familias].[nfamilia]) ON "
+            "[individuo].[nind]=[familias].[nind] where famorig = " +
             numero +
             " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
         adoFilhos.refresh();
