@@ -175,7 +175,9 @@ private:
 
 bool Token::is(const char* word) const
 {
-    return (kind == Word || kind == Symbol) && text.compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
+    const QLatin1String wanted(word); // most words differ by their length already
+    return (kind == Word || kind == Symbol) && text.size() == wanted.size() &&
+           text.compare(wanted, Qt::CaseInsensitive) == 0;
 }
 
 Tokens tokenize(const QString& statement)
