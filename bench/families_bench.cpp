@@ -206,6 +206,7 @@ void DrawingTheTreeOfARow(benchmark::State& state)
         },
         [&] {
             stage.readTree(frmInd().txtNind->text().toInt());
+            results.tvw->doItemsLayout(); // new texts are measured before they are painted
             results.tvw->viewport()->repaint();
         });
 }

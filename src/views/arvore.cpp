@@ -23,7 +23,9 @@ Arvore::No Arvore::junta(const QString& texto)
 
 Arvore::No Arvore::junta(No pai, const jet::Recordset& pessoa)
 {
-    return ultimo_ = new QTreeWidgetItem(pai, {nomeNaArvore(pessoa["nome"].toString()) + resumo_(pessoa)});
+    ultimo_ = new QTreeWidgetItem(pai, {nomeNaArvore(pessoa["nome"].toString()) + resumo_(pessoa)});
+    pai->setExpanded(true); // laid out only when a node is shown in the end
+    return ultimo_;
 }
 
 void Arvore::juntaMembros(No no, const QVariant& familia)
@@ -31,7 +33,6 @@ void Arvore::juntaMembros(No no, const QVariant& familia)
     if (familia.toDouble() == 0) return;
     for (jet::Recordset membro(cnBDP, membros_(textoDoNumero(familia))); !membro.eof(); membro.moveNext())
         junta(no, membro);
-    mostraUltimo();
 }
 
 void Arvore::juntaPaisEAvos(No no, const QString& familia)
@@ -50,7 +51,6 @@ void Arvore::juntaComPais(No filho, const jet::Recordset& pessoa)
 {
     const No no = junta(filho, pessoa);
     juntaMembros(no, pessoa["famorig"]);
-    mostraUltimo();
 }
 
 void Arvore::mostraUltimo()

@@ -26,7 +26,7 @@ public:
     // Two generations under a node: the parents and, under each, theirs. Of two members both are drawn; of any other
     // number the first one alone.
     void juntaPaisEAvos(No no, const QString& familia);
-    // Opens the branch that the last added node is in, and shows that node.
+    // The end of the drawing: brings a node into sight.
     void mostraUltimo();
     void mostra(No no);
 
