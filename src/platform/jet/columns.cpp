@@ -58,10 +58,11 @@ QString columnDeclaration(const QString& table, const QString& column, const QSt
     if (word == u"bit")
         return checked(place == Place::OldTable ? QStringLiteral("bit default 0") : word,
                        QStringLiteral("@ in (0, 1)"));
+    if (word == u"long") // a text stands behind every number, and so beyond the range
+        return checked(word, QStringLiteral("@ between %1 and %2").arg(smallestLong).arg(largestLong));
     // "numeric" keeps whole numbers whole, where the engine's "double" would show 5 as 5.0 in other tools.
-    if (word == u"long" || word == u"double")
-        return checked(word == u"long" ? word : QStringLiteral("numeric"),
-                       QStringLiteral("@ is null or typeof(@) in ('integer', 'real')"));
+    if (word == u"double")
+        return checked(QStringLiteral("numeric"), QStringLiteral("@ is null or typeof(@) in ('integer', 'real')"));
     throw invalidStatement(QStringLiteral("O tipo \"%1\" da coluna \"%2\" não existe.").arg(type, column));
 }
 

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <limits>
+
 struct sqlite3;
 
 namespace jet {
@@ -15,6 +17,10 @@ enum class Type
     Date,
     Bit
 };
+
+// The range of a "long".
+inline constexpr auto smallestLong = std::numeric_limits<qint32>::min(),
+                      largestLong = std::numeric_limits<qint32>::max();
 
 Type typeOf(const QString& declared);
 

@@ -32,7 +32,9 @@ constexpr Wording wordings[]{
     {"^incomplete input$", "A instrução está incompleta."},
     {"^no such function: (.+)$", "A função \"%1\" não existe."},
     {"^wrong number of arguments to function (.+)$", "A função %1 não leva esse número de argumentos."},
-    {"^misuse of aggregate:? ?(.*)$", "A função de agregação %1 não pode estar nesse lugar da instrução."},
+    {"^misuse of (?:aliased )?(?:aggregate|window)(?: function|:)? (.+)$",
+     "A função %1 não pode estar nesse lugar da instrução."},
+    {"^row value misused$", "Há vários valores onde a instrução leva um só."},
     {"^(\\d+) values for (\\d+) columns$", "A instrução dá %1 valores para %2 colunas."},
     {"^table (.+) has (\\d+) columns but (\\d+) values were supplied$",
      "A tabela \"%1\" tem %2 colunas, mas a instrução dá %3 valores."},
@@ -76,7 +78,12 @@ QString checkDescription(sqlite3* database, const QString& message)
     case Type::Bit:
         return QStringLiteral("O valor %1 só pode ser verdadeiro ou falso.").arg(where);
     case Type::Number:
-        return QStringLiteral("O valor %1 não é um número.").arg(where);
+        if (declared.compare(u"long", Qt::CaseInsensitive) != 0)
+            return QStringLiteral("O valor %1 não é um número.").arg(where);
+        return QStringLiteral("O valor %1 não é um número entre %2 e %3.")
+            .arg(where)
+            .arg(smallestLong)
+            .arg(largestLong);
     case Type::Unknown:
         break;
     }

@@ -60,6 +60,10 @@ TEST_F(AConnection, StaysUsableAfterAnError)
     EXPECT_EQ(description("insert into t (a, b) values (1)"), "A instrução dá 1 valores para 2 colunas.");
     EXPECT_EQ(description("insert into t (a, b, c) values (1, 2, 3)"), "A coluna \"c\" não existe na tabela \"t\".");
     EXPECT_EQ(description("update t set a = nada(1)"), "A função \"nada\" não existe.");
+    EXPECT_EQ(description("delete from t where a = count(*)"),
+              "A função count() não pode estar nesse lugar da instrução.");
+    EXPECT_EQ(description("update t set a = max(a)"), "A função max() não pode estar nesse lugar da instrução.");
+    EXPECT_EQ(description("delete from t where a = (1, 2)"), "Há vários valores onde a instrução leva um só.");
     EXPECT_EQ(description("create table t (x long)"), "A tabela \"t\" já existe na BDP.");
     EXPECT_EQ(description("alter table t add column A long"), "A coluna \"A\" já existe na tabela.");
     EXPECT_EQ(run("insert into t (a) values (1)"), 1);
@@ -88,6 +92,7 @@ TEST_F(AConnection, InsertsManyRowsThroughOneStatement)
     EXPECT_EQ(numberOf([&] { insert.run(QStringList{QStringLiteral("3")}); }), number::invalidStatement);
     EXPECT_EQ(numberOf([&] { insert.run(QList<QByteArray>{"x", "1750-12-30", ""}); }), number::invalidStatement);
     EXPECT_EQ(numberOf([&] { insert.run(QList<QByteArray>{"", "1750-12-30", ""}); }), number::invalidStatement);
+    EXPECT_EQ(numberOf([&] { insert.run(QList<QByteArray>{"3e9", "1750-12-30", ""}); }), number::invalidStatement);
     EXPECT_EQ(numberOf([&] { insert.run(QList<QByteArray>{"4", "", ""}); }), number::invalidStatement);
     EXPECT_EQ(numberOf([&] { insert.run(QList<QByteArray>{"4", "1750-12-30", "abcd"}); }), number::invalidStatement);
     insert.run(QList<QByteArray>{"5", "12/31/1750", ""});

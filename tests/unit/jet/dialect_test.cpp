@@ -246,6 +246,29 @@ TEST_F(TheDialect, MakesColumnsThatRefuseWrongValues)
               "1|007|sim|12|1.5|31/12/0100|áéíóú|longo longo longo|PT|1|0 -|-|-|-|-|-|-|-|-|-|0");
 }
 
+TEST_F(TheDialect, KeepsALongWithinThirtyTwoBits)
+{
+    run("create table t (l long, x double)");
+    run("insert into t (l) values (-2147483648)");
+    run("insert into t (l) values ('2147483647')");
+    run("insert into t (l, x) values (null, 99999999999)");
+    for (const char* beyond : {"-2147483649", "2147483648", "99999999999", "'2147483648'", "1e300"})
+        EXPECT_EQ(refusal(QStringLiteral("insert into t (l) values (%1)").arg(QLatin1String(beyond)).toUtf8()),
+                  number::invalidStatement)
+            << beyond;
+    EXPECT_EQ(
+        errorOf([&] { run("update t set l = 99999999999"); }).description,
+        QStringLiteral("O valor da coluna \"l\" da tabela \"t\" não é um número entre -2147483648 e 2147483647."));
+    EXPECT_EQ(errorOf([&] { run("update t set x = 'abc'"); }).description,
+              QStringLiteral("O valor da coluna \"x\" da tabela \"t\" não é um número."));
+    EXPECT_EQ(rows("select l, x from t"), "-2147483648|- 2147483647|- -|99999999999");
+
+    Recordset set(bdp, QStringLiteral("select l from t"));
+    set.set(QStringLiteral("l"), QStringLiteral("99999999999"));
+    EXPECT_EQ(numberOf([&] { set.update(); }), number::invalidStatement);
+    EXPECT_EQ(set["l"], QVariant(-2147483648.0));
+}
+
 TEST_F(TheDialect, GivesZeroToOldRowsOfANewBit)
 {
     run("alter table familia add column extra bit");
