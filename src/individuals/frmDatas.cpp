@@ -41,6 +41,7 @@ void FrmDatas::Form_Load()
 void FrmDatas::mostraPara(Form& cartao)
 {
     const bool individuo = cartao.name() == "frmInd";
+    if (isVisible() && isEnabled()) largaCartao(); // the other card would wait for good
     display();
     setEnabled(true); // it may stand there as an earlier "Ok" left it, also for the other card
     optData_0->setEnabled(individuo);
@@ -77,8 +78,7 @@ void FrmDatas::optTData_Click(int indice)
 void FrmDatas::cmdOk_Click()
 {
     guarded([&] {
-        Form* cartao = cartaoQueChamou();
-        if (cartao) cartao->setEnabled(true);
+        Form* cartao = largaCartao();
         setEnabled(false);
         if (cartao) cartao->setFocusToForm();
     });
@@ -91,11 +91,17 @@ void FrmDatas::cmdC_Click()
 
 void FrmDatas::Form_Unload()
 {
-    if (Forms::isUnloadingAll()) return;
-    if (Form* cartao = cartaoQueChamou()) cartao->setEnabled(true);
+    if (!Forms::isUnloadingAll()) largaCartao();
 }
 
 Form* FrmDatas::cartaoQueChamou() const
 {
     return Forms::find(optData_0->isEnabledTo(this) ? "frmInd" : "frmFam");
+}
+
+Form* FrmDatas::largaCartao()
+{
+    Form* cartao = cartaoQueChamou();
+    if (cartao) cartao->setEnabled(true);
+    return cartao;
 }

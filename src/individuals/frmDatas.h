@@ -43,6 +43,7 @@ private:
     void cmdOk_Click();
     void cmdC_Click();
     Form* cartaoQueChamou() const; // null where it isn't loaded
+    Form* largaCartao();           // the same card, enabled again
 };
 
 // The one form, loaded at first touch.

@@ -195,5 +195,7 @@ void Grid::keyPressEvent(QKeyEvent* event)
 void Grid::mouseReleaseEvent(QMouseEvent* event)
 {
     QTableView::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid() && row() > 0) emit picked();
+    // Any button chooses a row where it goes down, and it may come up outside the grid.
+    const QPoint where = event->position().toPoint();
+    if (row() > 0 && (indexAt(where).isValid() || !viewport()->rect().contains(where))) emit picked();
 }

@@ -101,6 +101,21 @@ TEST_F(GridTest, OnlyTheUserPicks)
     EXPECT_EQ(picks, 3);
 }
 
+TEST_F(GridTest, ARowThatChangedUnderTheMouseIsPicked)
+{
+    fill(5);
+    QTest::mouseClick(grid->viewport(), Qt::RightButton, {}, at(3));
+    EXPECT_EQ(grid->row(), 3);
+    EXPECT_EQ(picks, 1);
+    QTest::mousePress(grid->viewport(), Qt::LeftButton, {}, at(2));
+    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, {-20, 5});
+    EXPECT_EQ(grid->row(), 2);
+    EXPECT_EQ(picks, 2);
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, at(4) + QPoint(0, 60)); // below the last row
+    EXPECT_EQ(grid->row(), 2);
+    EXPECT_EQ(picks, 2);
+}
+
 TEST_F(GridTest, TheFirstRowIsChosenOnceThereIsOne)
 {
     EXPECT_EQ(grid->row(), 0);
