@@ -58,7 +58,7 @@ void FrmInd::cmdConsRel_Click()
         if (IndChamado == 1)
             return showMessage(
                 "No estado em que a aplicação se encontra não é possível consultar a família constituída.");
-        if (!adoRel.hasRows()) return;
+        if (!adoRel.hasRows() || dtgProf->row() == 0) return;
         abreFamilia(2);
         const QString numero = dtgProf->textMatrix(dtgProf->row(), 0);
         NfamCorrente = numeroDoTexto(numero);

@@ -2,6 +2,8 @@
 #include "families/frmFam.h"
 
 #include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/SplashForm.h"
 #include "forms/house.h"
 #include "individuals/frmInd.h"
 #include "store/modBD.h"
@@ -126,4 +128,24 @@ TEST_F(FamilyLinks, ASearchInProgressBarsTheChangesOfTheChildren)
     EXPECT_FALSE(Forms::isLoaded(FrmInd::Name));
     EXPECT_EQ(frmFam().dtgFilho->rows(), 2);
     EXPECT_EQ(IndChamado, 0);
+}
+
+TEST_F(FamilyLinks, TheSplashStandsBeforeTheCardUntilEscape)
+{
+    frmFam().unload();
+    Forms::add(SplashForm::Name, [] { return new SplashForm; });
+    QString step;
+    Forms::add(FrmFam::Name, [&] {
+        step = splashForm().findChild<QLabel*>("lblEst")->text();
+        return new FrmFam;
+    });
+    QTimer::singleShot(20, &window, [] {
+        EXPECT_TRUE(Forms::isLoaded(FrmFam::Name));
+        EXPECT_FALSE(frmFam().isShown());
+        QTest::keyClick(&splashForm(), Qt::Key_Escape);
+    });
+    CarregaFichaFam();
+    EXPECT_EQ(step, "A carregar fichas de família. Aguarde por favor ...");
+    EXPECT_TRUE(frmFam().isShown());
+    EXPECT_FALSE(Forms::isLoaded(SplashForm::Name));
 }

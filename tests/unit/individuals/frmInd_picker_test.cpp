@@ -252,3 +252,16 @@ TEST_F(IndividualCard, ItComesUpReadyToHandAPersonOverWhereOneWasAskedFor)
         EXPECT_FALSE(Forms::isLoaded(SplashForm::Name));
     }
 }
+
+TEST_F(IndividualCard, TheSplashTellsThatThePeopleAreBeingLoaded)
+{
+    Forms::add(SplashForm::Name, [] { return new SplashForm; });
+    frmInd().unload();
+    QString step;
+    Forms::add(FrmInd::Name, [&] {
+        step = splashForm().findChild<QLabel*>("lblEst")->text();
+        return new FrmInd;
+    });
+    FrmIndLoaded();
+    EXPECT_EQ(step, "A carregar fichas de indivíduo. Aguarde por favor ...");
+}
