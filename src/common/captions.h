@@ -3,6 +3,7 @@
 
 namespace legenda {
 inline constexpr auto inserir = "&Inserir";
+inline constexpr auto adicionar = "a&Dicionar";
 inline constexpr auto alterar = "&Alterar";
 inline constexpr auto eliminar = "&Eliminar";
 inline constexpr auto localizar = "&Localizar";

@@ -62,10 +62,12 @@ void FrmFam::cmdInt_Click()
     });
 }
 
-// The form of the residences enables the card again when it goes.
+// The form of the residences enables the card again when it goes. One that is open already stays with whoever opened
+// it, and only comes forward.
 void FrmFam::cmdResid_Click()
 {
     guarded([&] {
+        if (Form* aberto = Forms::find("frmResid")) return aberto->display();
         OrigemResid = 1;
         Form* residencias = Forms::load("frmResid");
         if (!residencias) return;

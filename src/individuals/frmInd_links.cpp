@@ -91,14 +91,17 @@ void FrmInd::mostraArvore(const QString& tipo, const QString& nind, const QStrin
     arvore.PreencheArv();
 }
 
-// Shows the form, which enables the card again when it goes. Null, and nothing done, where there is no such form.
+// Shows the form, which enables the card again when it goes. Null where there is no such form, or where it was open: it
+// stays with the individual for whom it was opened.
 Form* FrmInd::abre(const QString& nome)
 {
     Form* form = nullptr;
     guarded([&] {
         if (!Forms::exists(nome)) return;
+        const bool aberto = Forms::isLoaded(nome);
         setEnabled(false);
         form = Forms::show(nome);
+        if (aberto) form = nullptr;
     });
     return form;
 }
@@ -113,6 +116,7 @@ void FrmInd::abreComIndividuo(const QString& nome)
 
 void FrmInd::cmdResid_Click()
 {
+    if (Form* aberto = Forms::find("frmResid")) return aberto->display(); // perhaps for a family
     OrigemResid = 2;
     const Form* form = abre("frmResid");
     if (!form) return;

@@ -1,5 +1,6 @@
 #include "shell/startup.h"
 
+#include "attributes/frmResid.h"
 #include "common/globals.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
@@ -53,6 +54,7 @@ void registerForms()
     Forms::add("frmBack", [] { return new FrmBack; });
     Forms::add("frmInd", [] { return new FrmInd; });
     Forms::add("frmFam", [] { return new FrmFam; });
+    Forms::add("frmResid", [] { return new FrmResid; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
     Forms::add("frmResult", [] { return new FrmResult; });

@@ -78,7 +78,7 @@ public:
     explicit MaskedEdit(QWidget* parent = nullptr);
 
     QString mask() const { return mask_; }
-    void setMask(const QString& mask); // dateMask or ""; the text is dropped, as neither state can hold the other's
+    void setMask(const QString& mask); // dateMask or ""; the text stays as far as it fits
     QString text() const;
     void setText(const QString& text); // without the mask; under it, only an empty text
 

@@ -10,11 +10,12 @@ MaskedEdit::MaskedEdit(QWidget* parent) : QLineEdit(parent)
 
 void MaskedEdit::setMask(const QString& mask)
 {
+    const QString before = isBlank() ? QString() : text();
     mask_ = mask;
     QString input = mask;
     input.replace('#', '9');
     setInputMask(input.isEmpty() ? QString() : input + QLatin1String(";_"));
-    QLineEdit::clear();
+    QLineEdit::setText(before);
 }
 
 QString MaskedEdit::text() const
@@ -34,12 +35,14 @@ bool MaskedEdit::isBlank() const
 
 void MaskedEdit::clearMasked()
 {
+    QLineEdit::clear();
     setMask({});
     setMask(QString::fromLatin1(dateMask));
 }
 
 void MaskedEdit::showPlain(const QString& text)
 {
+    QLineEdit::clear();
     setMask({});
     setText(text);
 }

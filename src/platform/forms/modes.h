@@ -29,7 +29,7 @@ struct ModeCell
 struct ModeRow
 {
     const char* control; // object name
-    ModeCell edi, cons, loc;
+    ModeCell edi, cons, loc = {};
 };
 
 // Applies the column of `mode` ("Edi", "Cons" or "Loc") to the controls of `form`, in the order of the rows. An unknown

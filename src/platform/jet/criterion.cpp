@@ -19,7 +19,11 @@ QString literal(const Token& value, Type type)
                      QStringLiteral("O texto '%1' não é %2.").arg(value.text, QString::fromUtf8(wanted))};
     };
     if (value.is("true") || value.is("false")) return value.is("true") ? QStringLiteral("1") : QStringLiteral("0");
-    if (value.kind == Token::Date || value.kind == Token::Number) return value.sql;
+    if (value.kind == Token::Number) return value.sql;
+    if (value.kind == Token::Date) {
+        const auto date = comparedDate(value.text);
+        return date ? textLiteral(*date) : value.sql;
+    }
     if (value.kind != Token::Text)
         throw invalidStatement(QStringLiteral("Erro de sintaxe no critério, junto de \"%1\".").arg(value.text));
     if (type == Type::Date) {

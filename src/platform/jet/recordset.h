@@ -45,8 +45,8 @@ public:
     void movePrevious(); // before the first row: BOF; from BOF: Error 3021
 
     // Forward from the current row, itself included, to the first row for which "field operator value" holds
-    // (operators =, <>, <, >, <=, >=, like; value a number, a quoted text or a date between # signs); EOF where there
-    // is none. On an empty set it does nothing; at BOF or EOF it is Error 3021.
+    // (operators =, <>, <, >, <=, >=, like; value a number, a quoted text or a date between # signs, here read day
+    // first); EOF where there is none. On an empty set it does nothing; at BOF or EOF it is Error 3021.
     void find(const QString& criterion);
 
     // The rows in the order of one field ("nome", "nome desc"), or those for which a criterion of find() holds.

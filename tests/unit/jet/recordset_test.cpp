@@ -212,7 +212,7 @@ TEST_F(ARecordset, FindsByEveryOperatorAndType)
         EXPECT_EQ(position(query, "nome = 'ZULMIRA'"), 3) << query;
         EXPECT_EQ(position(query, "nome like 'z%'"), 3) << query;
         EXPECT_EQ(position(query, "nome = 'D''Ávila'"), 0) << query;
-        EXPECT_EQ(position(query, "datanasc =#03/12/1750#"), 3) << query;
+        EXPECT_EQ(position(query, "datanasc =#12/03/1750#"), 3) << query;
         EXPECT_EQ(position(query, "[datanasc] = #1750-03-12#"), 3) << query;
         EXPECT_EQ(position(query, "viva = true"), 3) << query;
     }

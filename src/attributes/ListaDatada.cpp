@@ -1,0 +1,292 @@
+#include "attributes/ListaDatada.h"
+
+#include "common/captions.h"
+#include "common/dates.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+
+#include <algorithm>
+
+void ListaDatada::usa(const Comandos& comandos, Grid* grelha, QList<Coluna> colunas, Regras regras)
+{
+    cmd_ = comandos;
+    grelha_ = grelha;
+    colunas_ = std::move(colunas);
+    regras_ = std::move(regras);
+    connect(grelha_, &Grid::picked, this, &ListaDatada::grelha_Click);
+    connect(cmd_.ins, &CommandButton::clicked, this, &ListaDatada::cmdIns_Click);
+    connect(cmd_.alt, &CommandButton::clicked, this, &ListaDatada::cmdAlt_Click);
+    connect(cmd_.elim, &CommandButton::clicked, this, &ListaDatada::cmdElim_Click);
+    connect(cmd_.sair, &CommandButton::clicked, this, &ListaDatada::cmdSair_Click);
+}
+
+void ListaDatada::vigiaData(MaskedEdit* campo, QCheckBox* fixa)
+{
+    Focus::watch(campo, {}, [=] {
+        guarded([=] {
+            if (VerificaData(*campo) && fixa) fixa->setChecked(!semData(campo->text()));
+        });
+    });
+}
+
+void ListaDatada::abreLista(const QString& instrucao)
+{
+    AplicarModo("Cons");
+    registos().setRecordSource(instrucao);
+    registos().refresh();
+    PreencheFG();
+}
+
+void ListaDatada::mostraPrimeira()
+{
+    Chave = grelha_->textMatrix(1, 0);
+    ActualizaCampos();
+}
+
+void ListaDatada::AplicarModo(const QString& modo)
+{
+    applyMode(this, modos(), modo);
+}
+
+void ListaDatada::PreencheFG()
+{
+    jet::Recordset& linhas = registos().recordset();
+    const int total = registos().hasRows() ? linhas.recordCount() : 0;
+    if (regras_.fechaSemLinhas) {
+        cmd_.elim->setEnabled(total > 0);
+        cmd_.alt->setEnabled(total > 0);
+    }
+    const int actual = grelha_->row();
+    grelha_->setRows(total > 0 ? total + 1 : 0);
+    if (total == 0) return;
+
+    const int colunas = static_cast<int>(colunas_.size());
+    grelha_->setCols(colunas);
+    for (int coluna = 0; coluna < colunas; ++coluna) {
+        grelha_->setTextMatrix(0, coluna, colunas_[coluna].titulo);
+        grelha_->setColWidth(coluna, colunas_[coluna].largura);
+    }
+    linhas.moveFirst();
+    for (int linha = 1; !linhas.eof(); ++linha, linhas.moveNext()) {
+        const QStringList celulas = PreencheLinha(linhas);
+        for (int coluna = 0; coluna < colunas; ++coluna)
+            grelha_->setTextMatrix(linha, coluna, celulas[coluna]);
+    }
+    grelha_->setRow(std::clamp(actual, 1, total));
+}
+
+void ListaDatada::ActualizaCampos()
+{
+    if (regras_.limpaAoMostrar) LimpaCampos();
+    if (regras_.preencheAoMostrar) {
+        registos().refresh();
+        PreencheFG();
+    }
+    if (!registos().hasRows()) return;
+    jet::Recordset& linhas = registos().recordset();
+    if (Chave.isEmpty()) {
+        if (linhas.eof()) linhas.movePrevious();
+        if (linhas.bof()) linhas.moveNext();
+    } else {
+        linhas.moveFirst();
+        linhas.find(regras_.procura.arg(Chave));
+        if (linhas.eof()) return LimpaCampos();
+        grelha_->setRow(linhas.absolutePosition());
+    }
+    mostraLinha(linhas);
+}
+
+void ListaDatada::grelha_Click()
+{
+    guarded([&] {
+        Chave = grelha_->textMatrix(grelha_->row(), 0);
+        ActualizaCampos();
+    });
+}
+
+void ListaDatada::cmdIns_Click()
+{
+    guarded([&] {
+        if (cmd_.ins->text() == legenda::adicionar)
+            iniciaInsercao();
+        else
+            confirmaInsercao();
+    });
+}
+
+void ListaDatada::cmdAlt_Click()
+{
+    guarded([&] {
+        if (cmd_.alt->text() == legenda::alterar)
+            iniciaAlteracao();
+        else if (cmd_.alt->text() == legenda::confirmar)
+            confirmaAlteracao();
+        else
+            cancelaInsercao();
+    });
+}
+
+void ListaDatada::cmdElim_Click()
+{
+    guarded([&] {
+        if (cmd_.elim->text() == legenda::cancelar)
+            cancelaAlteracao();
+        else
+            eliminaRegisto();
+    });
+}
+
+void ListaDatada::cmdSair_Click()
+{
+    guarded([&] { unload(); });
+}
+
+void ListaDatada::iniciaInsercao()
+{
+    if (EmPesquisa) return;
+    cmd_.ins->setText(legenda::confirmar);
+    cmd_.alt->setText(legenda::cancelar);
+    cmd_.alt->setEnabled(true);
+    cmd_.elim->setEnabled(false);
+    cmd_.sair->setEnabled(false);
+    LimpaCampos();
+    AplicarModo("Edi");
+    if (regras_.focoAoInserir) Focus::setTo(regras_.focoAoInserir);
+}
+
+void ListaDatada::confirmaInsercao()
+{
+    if (!VerificaCampos(Passo::Insercao)) return;
+    if (const QString nova = acrescenta(); !nova.isEmpty()) Chave = nova;
+    registos().refresh();
+    PreencheFG();
+    AplicarModo("Cons");
+    ActualizaCampos();
+    terminaInsercao();
+}
+
+void ListaDatada::cancelaInsercao()
+{
+    terminaInsercao();
+    if (regras_.preencheAoCancelar) PreencheFG();
+    AplicarModo("Cons");
+    ActualizaCampos();
+}
+
+void ListaDatada::terminaInsercao()
+{
+    cmd_.ins->setText(legenda::adicionar);
+    cmd_.alt->setText(legenda::alterar);
+    cmd_.elim->setEnabled(true);
+    cmd_.sair->setEnabled(true);
+}
+
+void ListaDatada::iniciaAlteracao()
+{
+    if (EmPesquisa || !temLinhas() || linhaPerdida()) return;
+    cmd_.alt->setText(legenda::confirmar);
+    cmd_.elim->setText(legenda::cancelar);
+    cmd_.ins->setEnabled(false);
+    cmd_.sair->setEnabled(false);
+    AplicarModo("Edi");
+    if (regras_.focoAoAlterar) Focus::setTo(regras_.focoAoAlterar);
+}
+
+void ListaDatada::confirmaAlteracao()
+{
+    if (!VerificaCampos(Passo::Alteracao)) return;
+    const QString alterada = altera();
+    if (regras_.releAoAlterar) registos().refresh();
+    AplicarModo("Cons");
+    PreencheFG();
+    Chave = alterada.isEmpty() ? grelha_->textMatrix(grelha_->row(), 0) : alterada;
+    ActualizaCampos();
+    terminaAlteracao();
+}
+
+void ListaDatada::cancelaAlteracao()
+{
+    terminaAlteracao();
+    AplicarModo("Cons");
+    ActualizaCampos();
+}
+
+void ListaDatada::terminaAlteracao()
+{
+    cmd_.elim->setText(legenda::eliminar);
+    cmd_.alt->setText(legenda::alterar);
+    cmd_.ins->setEnabled(true);
+    cmd_.sair->setEnabled(true);
+}
+
+void ListaDatada::eliminaRegisto()
+{
+    const bool impedido = EmPesquisa || !temLinhas() || linhaPerdida();
+    if (impedido && !regras_.perguntaPrimeiro) return;
+    if (!ask(regras_.pergunta) || impedido) return;
+
+    const QString vizinha = chaveVizinha();
+    elimina();
+    registos().refresh();
+    if (!registos().hasRows()) {
+        Chave.clear();
+        LimpaCampos();
+        if (!regras_.guardaUltimaNaGrelha) PreencheFG();
+        return;
+    }
+    PreencheFG();
+    Chave = regras_.eliminarVaiAPrimeira ? grelha_->textMatrix(1, 0) : vizinha;
+    ActualizaCampos();
+}
+
+// The row of Chave has gone from the store, so that none is shown.
+bool ListaDatada::linhaPerdida()
+{
+    return registos().hasRows() && registos().recordset().eof();
+}
+
+// Of the row above the one shown, or of the one below the first.
+QString ListaDatada::chaveVizinha()
+{
+    const int linha = registos().recordset().absolutePosition();
+    return grelha_->textMatrix(linha > 1 ? linha - 1 : linha + 1, 0);
+}
+
+void ListaDatada::Form_Unload()
+{
+    if (Forms::isUnloadingAll()) return;
+    Form* ficha = Forms::find(cartao());
+    if (!ficha) return;
+    ficha->display();
+    ficha->setEnabled(true);
+}
+
+void ListaDatada::acrescentaLinha(const Valores& valores)
+{
+    jet::Recordset& linhas = registos().recordset();
+    linhas.addNew();
+    for (const auto& [coluna, valor] : valores)
+        if (!valor.isNull()) linhas.set(coluna, valor);
+    linhas.update();
+}
+
+void ListaDatada::alteraLinha(const Valores& valores)
+{
+    jet::Recordset& linhas = registos().recordset();
+    for (const auto& [coluna, valor] : valores)
+        linhas.set(coluna, valor);
+    linhas.update();
+}
+
+QString ListaDatada::proximoNumero(const QString& coluna)
+{
+    if (!registos().hasRows()) return "1";
+    jet::Recordset& linhas = registos().recordset();
+    linhas.setSort(coluna + " Desc");
+    const QVariant ultimo = linhas[coluna];
+    linhas.setSort({}); // back to the order of the grid
+    return textoDoNumero(ultimo.toDouble() + 1);
+}

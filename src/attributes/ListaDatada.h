@@ -1,0 +1,143 @@
+// The rows that hang on a person or a family, in a window of their own: a grid of all, fields that show the one chosen,
+// and commands that add, alter and delete.
+#pragma once
+
+#include "common/numbers.h"
+#include "common/vbtext.h"
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+#include "platform/forms/modes.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+#include <utility>
+
+// The base keeps the protocol: what each click means (the captions say it), what is shown after it, and which commands
+// are open. A window gives its rows, columns, checks and modes, and its differences as Regras. What else is shut while
+// an edit runs stands in its table of modes.
+class ListaDatada : public Form
+{
+    Q_OBJECT
+
+public:
+    // The key of the row chosen last, as column 0 of the grid shows it; empty: none.
+    QString Chave;
+
+    void AplicarModo(const QString& modo);
+    virtual void LimpaCampos() = 0;
+    // Fills the grid, which keeps its row. The cursor is left behind the last row.
+    void PreencheFG();
+    // Shows the row of Chave, on which the grid's current row follows; with no Chave the row where the cursor stands,
+    // or the last one from behind it. A row that has gone from the store clears the fields.
+    void ActualizaCampos();
+
+protected:
+    enum class Passo
+    {
+        Insercao,
+        Alteracao
+    };
+
+    struct Comandos
+    {
+        CommandButton *ins, *alt, *elim, *sair;
+    };
+
+    struct Coluna
+    {
+        QString titulo;
+        int largura; // in pixels; 0 hides the column, and the last one takes what is left
+    };
+
+    struct Regras
+    {
+        QString procura; // the criterion by which a key finds its row, %1 in place of the key
+        QWidget* focoAoInserir = nullptr;
+        QWidget* focoAoAlterar = nullptr; // null: it stays where it is
+        QString pergunta = "Tem a certeza que deseja eliminar este registo?";
+        bool perguntaPrimeiro = false;   // a deletion asks before it looks at EmPesquisa
+        bool limpaAoMostrar = true;      // the fields are cleared before a row is shown
+        bool preencheAoMostrar = false;  // the rows are read and the grid is filled whenever a row is shown
+        bool preencheAoCancelar = false; // the grid is filled when an addition is cancelled
+        bool fechaSemLinhas = false;     // an empty grid shuts the commands that alter and delete
+        bool releAoAlterar = true;       // the rows are read again after an alteration, so that they stand in order
+        bool eliminarVaiAPrimeira =
+            false; // a deletion shows the first row; otherwise the one above, or below the first
+        bool guardaUltimaNaGrelha = false; // the last row of all stays on the grid when it is deleted
+    };
+
+    // Columns of a row with their values, in the order in which they are set.
+    using Valores = QList<std::pair<QString, QVariant>>;
+
+    using Form::Form;
+
+    // Once, after setupUi().
+    void usa(const Comandos& comandos, Grid* grelha, QList<Coluna> colunas, Regras regras);
+    // The date field is checked when it is left; a date or none there sets or takes off the flag beside it.
+    void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
+
+    // For Form_Load(): the rows, the grid and mode "Cons". No row is shown yet.
+    void abreLista(const QString& instrucao);
+    void mostraPrimeira();
+
+    virtual jet::DataControl& registos() = 0;
+    virtual const QList<ModeRow>& modos() const = 0;
+    // The cells of the row.
+    virtual QStringList PreencheLinha(const jet::Recordset& linha) const = 0;
+    // The columns of the row into the fields.
+    virtual void mostraLinha(const jet::Recordset& linha) = 0;
+    // Whether the fields may be stored; tells the user why not.
+    virtual bool VerificaCampos(Passo) { return true; }
+    // Stores the fields as a new row. Returns the key of the row to show, empty for the one that was chosen before.
+    virtual QString acrescenta() = 0;
+    // Stores the fields in the current row. Returns the key of the row to show, empty for the grid's current one.
+    virtual QString altera() = 0;
+    virtual void elimina() { registos().recordset().deleteRow(); }
+    // The card that waits for this window; "" where none does.
+    virtual QString cartao() const { return "frmInd"; }
+
+    void Form_Unload() override;
+
+    // Collected first and written in one go, so that a value refused leaves nothing pending.
+    void acrescentaLinha(const Valores& valores); // nulls are left out
+    void alteraLinha(const Valores& valores);
+    // The number behind the highest of this list.
+    QString proximoNumero(const QString& coluna);
+
+    // Writes the value into the field, unless it is blank.
+    template <class Campo>
+    static void mostraSeHouver(Campo* campo, const QVariant& valor)
+    {
+        if (const QString texto = textoDoNumero(valor); !Trim(texto).isEmpty()) campo->setText(texto);
+    }
+
+private:
+    void cmdIns_Click();
+    void cmdAlt_Click();
+    void cmdElim_Click();
+    void cmdSair_Click();
+    void grelha_Click();
+
+    void iniciaInsercao();
+    void confirmaInsercao();
+    void cancelaInsercao();
+    void terminaInsercao();
+    void iniciaAlteracao();
+    void confirmaAlteracao();
+    void cancelaAlteracao();
+    void terminaAlteracao();
+    void eliminaRegisto();
+
+    bool temLinhas() const { return grelha_->rows() > 0; }
+    bool linhaPerdida();
+    QString chaveVizinha();
+
+    Comandos cmd_{};
+    Grid* grelha_ = nullptr;
+    QList<Coluna> colunas_;
+    Regras regras_;
+};

@@ -1,0 +1,161 @@
+#include "attributes/frmResid.h"
+
+#include "common/campos.h"
+#include "common/ficha.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "families/frmFam.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+
+namespace {
+
+bool daFamilia()
+{
+    return OrigemResid == 1;
+}
+
+} // namespace
+
+FrmResid& frmResid()
+{
+    return theForm<FrmResid>();
+}
+
+FrmResid::FrmResid() : ListaDatada(Name)
+{
+    setupUi(this);
+    Regras regras;
+    regras.procura = "dataref =#%1#";
+    regras.focoAoInserir = mskData;
+    regras.focoAoAlterar = mskData;
+    regras.perguntaPrimeiro = true;
+    regras.preencheAoCancelar = true;
+    regras.fechaSemLinhas = true;
+    usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgResid, {{"Data de Referência", 140}, {"Residência", 300}}, regras);
+    vigiaData(mskData, chkDF);
+    connect(cmdLoc, &CommandButton::clicked, this, &FrmResid::cmdLoc_Click);
+}
+
+void FrmResid::Form_Load()
+{
+    guarded([&] {
+        setCaption(OrigemResid == 2 ? "Residências do indivíduo" : "Residências da família");
+        txtNum->setText(daFamilia() ? frmFam().txtNFam->text() : frmInd().txtNind->text());
+        if (!daFamilia()) txtNome->setText(frmInd().txtNome->text());
+        txtNome->setVisible(!daFamilia());
+        PreencheLocais(*cmbLoc);
+        abreLista(instrucao());
+        if (adoResid.hasRows()) mostraPrimeira();
+    });
+}
+
+QString FrmResid::instrucao() const
+{
+    if (daFamilia())
+        return "select numero,  dataref, datafixa, tiporesid, localresid, tipolocal, fonte, obs from residencia where "
+               "numero = " +
+               txtNum->text() + " and tiporesid = 'f' order by dataref";
+    return "select numero, dataref, datafixa,tiporesid, localresid, tipolocal,fonte, obs from residencia where "
+           "numero = " +
+           txtNum->text() + " and tiporesid = 'i' order by dataref";
+}
+
+const QList<ModeRow>& FrmResid::modos() const
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control    Edi              Cons
+        {"mskData",   {Enabled, blue}, {Disabled, white}},
+        {"chkDF",     {Enabled},       {Disabled}},
+        {"cmbLoc",    {Open, blue},    {Shut, white}},
+        {"txtFonte",  {Open, blue},    {Shut, white}},
+        {"txtObs",    {Open, blue},    {Shut, white}},
+        {"cmdLoc",    {Enabled},       {Disabled}},
+        {"dtgResid",  {Disabled},      {Enabled}},
+    };
+    // clang-format on
+    return tabela;
+}
+
+void FrmResid::LimpaCampos()
+{
+    mskData->clearMasked();
+    chkDF->setChecked(false);
+    cmbLoc->setListIndex(-1);
+    txtFonte->clear();
+    txtObs->clear();
+}
+
+QStringList FrmResid::PreencheLinha(const jet::Recordset& linha) const
+{
+    return {textoDaData(linha["dataref"]), NomeLocal(linha["localresid"], linha["tipolocal"]).remove('*')};
+}
+
+void FrmResid::mostraLinha(const jet::Recordset& linha)
+{
+    mskData->showPlain(textoDaData(linha["dataref"]));
+    mskData->setMask(dateMask);
+    chkDF->setChecked(linha["datafixa"].toBool());
+    SeleccionaLocal(*cmbLoc, Trim(linha["localresid"].toString()), Trim(linha["tipolocal"].toString()));
+    mostraSeHouver(txtFonte, linha["fonte"]);
+    mostraSeHouver(txtObs, linha["obs"]);
+}
+
+// Kept: the row under alteration counts too, so that its date has to change. The text stands in the count as it was
+// typed, and is read month first where that makes a date: a second row of such a date is refused by the key alone.
+bool FrmResid::VerificaCampos(Passo)
+{
+    const auto recusa = [](const char* motivo, QWidget* campo) {
+        showMessage(motivo);
+        Focus::setTo(campo);
+        return false;
+    };
+    if (!preenchido(cmbLoc)) return recusa("Deve indicar o local da residência!", cmbLoc);
+    if (mskData->text() == emptyMaskedDate) return recusa("Deve indicar uma data de referência!", mskData);
+    if (!adoResid.hasRows()) return true;
+    const jet::Recordset mesmaData(
+        cnBDP, "select count(*) from residencia where numero =" + txtNum->text() +
+                   (daFamilia() ? " and tiporesid = 'f' and dataref = #" : " and tiporesid = 'i' and dataref = #") +
+                   mskData->text() + "#");
+    if (mesmaData.eof() || mesmaData[0].toInt() == 0) return true;
+    return recusa("Não pode indicar duas residências para uma mesma data de referência!", mskData);
+}
+
+// Kept: the row chosen before is shown, and not the new one.
+QString FrmResid::acrescenta()
+{
+    acrescentaLinha(Valores{{"numero", txtNum->text()}, {"tiporesid", daFamilia() ? "f" : "i"}} + valores());
+    return {};
+}
+
+QString FrmResid::altera()
+{
+    alteraLinha(valores());
+    return {};
+}
+
+ListaDatada::Valores FrmResid::valores() const
+{
+    return {{"dataref", mskData->text()},   {"datafixa", chkDF->isChecked()}, {"localresid", codigoDe(cmbLoc)},
+            {"tipolocal", letraDe(cmbLoc)}, {"fonte", textoDe(txtFonte)},     {"obs", textoDe(txtObs)}};
+}
+
+// The picker puts the place into cmbLoc and enables this window again.
+void FrmResid::cmdLoc_Click()
+{
+    guarded([&] {
+        OrigemLoc = 5;
+        setEnabled(false);
+        Forms::show("frmLocalizacao");
+    });
+}
+
+QString FrmResid::cartao() const
+{
+    return daFamilia() ? FrmFam::Name : FrmInd::Name;
+}
