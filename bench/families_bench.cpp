@@ -48,7 +48,8 @@ public:
 
     void read(const QByteArray& select) { readAll(people_.bare(), select); }
 
-    // The statements by which a card shows a family, its members and its children.
+    // The statements by which a card shows a family, its members and its children, that of the children in the wording
+    // that suits the engine best.
     void readFamily(const QByteArray& number)
     {
         read("select rowid from familia where nfamilia = " + number);
@@ -62,8 +63,8 @@ public:
                  nind);
         }
         read("select famorig, individuo.fimobs, individuo.nind, nome, datanasc, dataobito, min(datacasam) from "
-             "individuo left join (familia right join familias on familia.nfamilia = familias.nfamilia) on "
-             "individuo.nind = familias.nind where famorig = " +
+             "individuo left join familias on individuo.nind = familias.nind left join familia on familia.nfamilia = "
+             "familias.nfamilia where famorig = " +
              number +
              " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito order by datanasc");
     }
