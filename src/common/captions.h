@@ -9,4 +9,5 @@ inline constexpr auto eliminar = "&Eliminar";
 inline constexpr auto localizar = "&Localizar";
 inline constexpr auto confirmar = "conf&Irmar";
 inline constexpr auto cancelar = "cance&Lar";
+inline constexpr auto fechar = "&Fechar";
 } // namespace legenda

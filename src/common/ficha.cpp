@@ -17,6 +17,16 @@ void Ficha::AplicarModo(const QString& modo)
     applyMode(this, modos(), modo);
 }
 
+void Ficha::procuraRegisto(const QString& criterio)
+{
+    if (Modo != "Cons" || !ficheiro().hasRows()) return;
+    jet::Recordset& registos = ficheiro().recordset();
+    registos.moveFirst();
+    if (!criterio.isEmpty()) registos.find(criterio);
+    if (registos.eof()) registos.moveFirst();
+    mostraRegistoDoFicheiro();
+}
+
 void Ficha::cmdPrim_Click()
 {
     guarded([&] {

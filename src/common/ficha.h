@@ -31,6 +31,10 @@ public:
     virtual void AplicarModo(const QString& modo);
     virtual void LimpaCampos() = 0;
 
+    // Shows the record of the file for which the criterion of a find() holds, else the first one, as for an empty
+    // criterion. A card that is being edited or searched by stays as it is.
+    void procuraRegisto(const QString& criterio);
+
     // A list of results is up: the frame of the movement is red, and the commands are off but for those of the list.
     void entregaAosResultados();
     // The search is over: the frame is blue, the commands have their captions, and EmPesquisa is off.

@@ -124,3 +124,7 @@ private:
 
 // The one card, loaded at first touch.
 FrmFam& frmFam();
+
+// Nobody has the card of a person called up any more, but for a family card in "Edi": there the other spouse may be
+// chosen next.
+void terminaChamada();

@@ -1,6 +1,7 @@
 // The ways out of the card: to a person, to the forms of the family, and back to whoever called it.
 #include "families/frmFam.h"
 
+#include "acts/frmIntervenientes.h"
 #include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -51,14 +52,11 @@ void FrmFam::cmdRP_Click()
     });
 }
 
-// Kept: the caption grows at each click while that form stays loaded.
 void FrmFam::cmdInt_Click()
 {
     guarded([&] {
-        OrigemInterv = 1;
         if (!emInsercao()) poeFicheiroNaFicha();
-        if (Form* intervenientes = Forms::show("frmIntervenientes"))
-            intervenientes->setCaption(intervenientes->caption() + " do casamento");
+        abreIntervenientes(1);
     });
 }
 
@@ -93,4 +91,9 @@ void FrmFam::cmdFechar_Click()
 bool FrmFam::emInsercao() const
 {
     return cmdIns->text() == legenda::confirmar;
+}
+
+void terminaChamada()
+{
+    IndChamado = Forms::isLoaded(FrmFam::Name) && frmFam().Modo == "Edi" ? 1 : 0;
 }

@@ -1,6 +1,7 @@
 // From the card of a person to families, trees, and the forms of the person's acts and dated attributes.
 #include "individuals/frmInd.h"
 
+#include "acts/frmIntervenientes.h"
 #include "common/dates.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -128,10 +129,7 @@ void FrmInd::cmdResid_Click()
 void FrmInd::cmdInterv_Click()
 {
     guarded([&] {
-        if (!eData(mskDtNasc->text())) return;
-        OrigemInterv = 2;
-        Form* form = Forms::show("frmIntervenientes");
-        if (form) form->setCaption(form->caption() + " do baptismo");
+        if (eData(mskDtNasc->text())) abreIntervenientes(2);
     });
 }
 

@@ -178,13 +178,12 @@ void FrmInd::devolveAoChamador()
     OrigemInd = 8;
 }
 
-// While the family is being edited, the other spouse may be chosen next.
 void FrmInd::voltaAFamilia()
 {
     conceal();
     FrmLoaded();
     OrigemInd = 8;
-    IndChamado = Forms::isLoaded(FrmFam::Name) && frmFam().Modo == "Edi" ? 1 : 0;
+    terminaChamada();
 }
 
 void FrmInd::voltaA(Form& chamador)
@@ -197,7 +196,10 @@ void FrmInd::voltaA(Form& chamador)
 
 void FrmInd::FrmLoaded()
 {
-    if (Form* familia = Forms::find(FrmFam::Name); familia && !familia->isEnabled()) familia->setEnabled(true);
+    if (Form* familia = Forms::find(FrmFam::Name)) familia->setEnabled(true);
+    // An act that asked for a person, too, where the card was called up again meanwhile for something else.
+    for (const Pedido& pedido : pedidos)
+        if (Form* acto = Forms::find(pedido.form)) acto->setEnabled(true);
 }
 
 bool FrmInd::Form_QueryUnload(UnloadMode mode)

@@ -1,5 +1,8 @@
 #include "shell/startup.h"
 
+#include "acts/frmApadrinha.h"
+#include "acts/frmFuneral.h"
+#include "acts/frmIntervenientes.h"
 #include "attributes/frmResid.h"
 #include "common/globals.h"
 #include "common/SplashForm.h"
@@ -54,6 +57,9 @@ void registerForms()
     Forms::add("frmBack", [] { return new FrmBack; });
     Forms::add("frmInd", [] { return new FrmInd; });
     Forms::add("frmFam", [] { return new FrmFam; });
+    Forms::add("frmIntervenientes", [] { return new FrmIntervenientes; });
+    Forms::add("frmFuneral", [] { return new FrmFuneral; });
+    Forms::add("frmApadrinha", [] { return new FrmApadrinha; });
     Forms::add("frmResid", [] { return new FrmResid; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });

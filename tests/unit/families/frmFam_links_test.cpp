@@ -49,18 +49,6 @@ TEST_F(FamilyLinks, TheResidencesHoldTheCardAndNameTheFamilyAsTheirOwner)
     EXPECT_EQ(residences->findChild<QLabel*>("Label2")->text(), "Família");
 }
 
-TEST_F(FamilyLinks, TheParticipantsBearTheMarriageInTheirCaptionAtEachClick)
-{
-    TestForm* participants = make("frmIntervenientes");
-    participants->setCaption("Intervenientes");
-    frmFam().cmdInt->click();
-    EXPECT_EQ(OrigemInterv, 1);
-    EXPECT_TRUE(frmFam().isEnabled());
-    EXPECT_EQ(participants->caption(), "Intervenientes do casamento");
-    frmFam().cmdInt->click();
-    EXPECT_EQ(participants->caption(), "Intervenientes do casamento do casamento");
-}
-
 TEST_F(FamilyLinks, TheRegisterIsThatOfTheFamilyShownAndNotOfTheFirstRow)
 {
     const TestForm* entry = make("frmRP", [](TestForm& form) {
@@ -78,7 +66,7 @@ TEST_F(FamilyLinks, TheRegisterIsThatOfTheFamilyShownAndNotOfTheFirstRow)
 
 TEST_F(FamilyLinks, WithoutThoseFormsTheCardStaysAsItIs)
 {
-    for (CommandButton* command : {frmFam().cmdResid, frmFam().cmdInt, frmFam().cmdRP}) {
+    for (CommandButton* command : {frmFam().cmdResid, frmFam().cmdRP}) {
         command->click();
         EXPECT_TRUE(frmFam().isShown());
         EXPECT_TRUE(frmFam().isEnabled());

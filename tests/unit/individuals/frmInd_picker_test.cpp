@@ -181,20 +181,6 @@ TEST_F(IndividualCard, TheFormsOfAPersonGetNumberAndName)
     EXPECT_EQ(OrigemResid, 2);
 }
 
-TEST_F(IndividualCard, TheBaptismNeedsADateOfBirth)
-{
-    TestForm* act = make("frmIntervenientes");
-    act->setCaption("Intervenientes");
-    frmInd().cmdInterv->click();
-    EXPECT_FALSE(act->isShown());
-    frmInd().mskDtNasc->showPlain("09/03/1750");
-    frmInd().cmdInterv->click();
-    EXPECT_TRUE(act->isShown());
-    EXPECT_EQ(act->caption(), "Intervenientes do baptismo");
-    EXPECT_EQ(OrigemInterv, 2);
-    EXPECT_TRUE(frmInd().isEnabled());
-}
-
 TEST_F(IndividualCard, TheParishRecordTakesTheCardsPlace)
 {
     cnBDP.execute("update individuo set rpObi = 'c:\\obitos.jpg' where nind = 7");

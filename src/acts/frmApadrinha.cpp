@@ -1,0 +1,114 @@
+#include "acts/frmApadrinha.h"
+
+#include "common/dates.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/forms.h"
+
+FrmApadrinha::FrmApadrinha() : Form(Name)
+{
+    setupUi(this);
+    assistente->AplicarModo("Cons");
+    assistente->mostraParentescos(false);
+    connect(dtgAp, &Grid::picked, this, &FrmApadrinha::dtgAp_Click);
+    connect(cmdSair, &CommandButton::clicked, this, &FrmApadrinha::cmdSair_Click);
+}
+
+void FrmApadrinha::Form_Load()
+{
+    guarded([&] {
+        adoAp.setRecordSource("select * from assistente where nind = " + frmInd().txtNind->text() +
+                              " order by dataref");
+        adoAp.refresh();
+        assistente->preencheListas();
+        PreencheFG();
+        ActualizaCampos(adoAp.recordset());
+    });
+}
+
+void FrmApadrinha::PreencheFG()
+{
+    if (!adoAp.hasRows()) return dtgAp->setRows(0);
+    jet::Recordset& actos = adoAp.recordset();
+    dtgAp->setRows(actos.recordCount() + 1);
+    dtgAp->setCols(3);
+    dtgAp->setColWidth(0, 67);
+    dtgAp->setColWidth(1, 130);
+    dtgAp->setTextMatrix(0, 1, "Data de Referência");
+    dtgAp->setTextMatrix(0, 2, "Tipo Acto");
+    for (int linha = 1; !actos.eof(); actos.moveNext())
+        PreencheLinha(linha++);
+    dtgAp->setRow(1);
+}
+
+void FrmApadrinha::PreencheLinha(int linha)
+{
+    const jet::Recordset& acto = adoAp.recordset();
+    dtgAp->setTextMatrix(linha, 0, textoDoNumero(acto["entidade"]));
+    dtgAp->setTextMatrix(linha, 1, textoDaData(acto["dataref"]));
+    dtgAp->setTextMatrix(linha, 2, acto["tipoacto"].toString() == "c" ? "Casamento" : "Baptismo");
+}
+
+void FrmApadrinha::LimpaCampos()
+{
+    lblActo->clear();
+    txtNum->clear();
+    txtEnt->clear();
+    mskData->clearMasked();
+    assistente->limpa();
+}
+
+// Kept: the number alone is sought, so of a baptism and a marriage with one number both rows show the earlier act.
+void FrmApadrinha::ActualizaCampos(jet::Recordset& actos)
+{
+    LimpaCampos();
+    if (!adoAp.hasRows()) return;
+    actos.moveFirst();
+    actos.find("entidade = " + dtgAp->textMatrix(dtgAp->row(), 0));
+    txtNum->setText(textoDoNumero(actos["entidade"]));
+    actos["tipoacto"].toString() == "c" ? mostraCasamento(actos) : mostraBaptismo(actos);
+    if (!actos["dataref"].isNull()) mskData->showPlain(textoDaData(actos["dataref"]));
+    assistente->mostra(actos);
+}
+
+void FrmApadrinha::mostraBaptismo(const jet::Recordset& acto)
+{
+    lblActo->setText("Baptismo");
+    const jet::Recordset baptizado(cnBDP, "select nome from individuo where individuo.nind= " + txtNum->text());
+    if (!baptizado.eof()) txtEnt->setText(baptizado["nome"].toString());
+    ProcuraItemData(*assistente->cmbPar1, acto["parentbapt"]);
+    assistente->mostraParentescos(false);
+}
+
+void FrmApadrinha::mostraCasamento(const jet::Recordset& acto)
+{
+    lblActo->setText("Casamento");
+    jet::Recordset esposos(cnBDP, "select nome from individuo, familia, familias  where familia.nfamilia = "
+                                  "familias.nfamilia  and familia.nfamilia = " +
+                                      txtNum->text() + " and  familias.nind = individuo.nind");
+    QStringList nomes;
+    for (; !esposos.eof() && nomes.size() < 2; esposos.moveNext())
+        nomes << esposos["nome"].toString();
+    txtEnt->setText(nomes.join(" + "));
+    ProcuraItemData(*assistente->cmbPar1, acto["parentnoivo"]);
+    ProcuraItemData(*assistente->cmbPar2, acto["parentnoiva"]);
+    assistente->mostraParentescos(true);
+}
+
+void FrmApadrinha::dtgAp_Click()
+{
+    guarded([&] { ActualizaCampos(adoAp.recordset()); });
+}
+
+void FrmApadrinha::cmdSair_Click()
+{
+    guarded([&] { unload(); });
+}
+
+void FrmApadrinha::Form_Unload()
+{
+    if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
+    frmInd().setEnabled(true);
+    frmInd().display();
+}

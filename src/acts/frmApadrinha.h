@@ -1,0 +1,39 @@
+// At which acts the person on frmInd assisted, as godparent or witness. The form only reads.
+#pragma once
+
+#include "acts/FichaDoAssistente.h"
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include "ui_frmApadrinha.h"
+
+#include <QString>
+
+// frmInd is disabled while it is open, and enabled again when it goes.
+class FrmApadrinha : public Form, public Ui::FrmApadrinha
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmApadrinha";
+
+    FrmApadrinha();
+
+    jet::DataControl adoAp{cnBDP}; // the acts, by their dates
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void LimpaCampos();
+    void ActualizaCampos(jet::Recordset& actos);
+    void mostraBaptismo(const jet::Recordset& acto);
+    void mostraCasamento(const jet::Recordset& acto);
+    void PreencheFG();
+    void PreencheLinha(int linha);
+    void dtgAp_Click();
+    void cmdSair_Click();
+};

@@ -1,0 +1,170 @@
+#include "acts/frmFuneral.h"
+
+#include "common/campos.h"
+#include "common/captions.h"
+#include "common/ficha.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "families/frmFam.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/modes.h"
+
+namespace {
+
+constexpr auto editar = "&Editar";
+
+} // namespace
+
+FrmFuneral::FrmFuneral() : Form(Name)
+{
+    setupUi(this);
+    connect(cmdIrpara, &CommandButton::clicked, this, &FrmFuneral::cmdIrpara_Click);
+    connect(cmdE, &CommandButton::clicked, this, &FrmFuneral::cmdE_Click);
+    connect(cmdF, &CommandButton::clicked, this, &FrmFuneral::cmdF_Click);
+}
+
+void FrmFuneral::Form_Load()
+{
+    guarded([&] {
+        txtNind->setText(frmInd().txtNind->text());
+        txtNome->setText(frmInd().txtNome->text());
+        jet::Recordset funcoes(cnBDP, "Select * from infocomplementar where categoria = 'FunPa' ");
+        PreencheCombo(*cmbFuncao, funcoes, 2, 1);
+        if (cmbFuncao->count() == 0) cmbFuncao->add("  ");
+        AplicarModo("Cons");
+        ActualizaCampos(frmInd().adoNind.recordset());
+    });
+}
+
+void FrmFuneral::AplicarModo(const QString& modo)
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control      Edi            Cons
+        {"txtNindP",    {Shut, blue},  {Shut, white},  {}},
+        {"cmdIrpara",   {Enabled},     {Disabled},     {}},
+        {"cmbFuncao",   {Open, blue},  {Shut, white},  {}},
+        {"txtMort",     {Open, blue},  {Shut, white},  {}},
+        {"txtIgreja",   {Open, blue},  {Shut, white},  {}},
+        {"txtEnterro",  {Open, blue},  {Shut, white},  {}},
+    };
+    // clang-format on
+    applyMode(this, tabela, modo);
+}
+
+void FrmFuneral::LimpaCampos()
+{
+    for (TextBox* campo : {txtNindP, txtMort, txtIgreja, txtEnterro})
+        campo->clear();
+    cmbFuncao->setListIndex(-1);
+}
+
+void FrmFuneral::ActualizaCampos(const jet::Recordset& individuo)
+{
+    LimpaCampos();
+    if (individuo.eof()) return;
+    txtNindP->setText(textoDoNumero(individuo["primpadreobito"]));
+    ProcuraItemData(*cmbFuncao, individuo["funcprimpobito"]);
+    txtMort->setText(individuo["mortalha"].toString());
+    txtIgreja->setText(individuo["igreja"].toString());
+    txtEnterro->setText(individuo["enterro"].toString());
+}
+
+// The priest must have been observable at the funeral. Kept: its date is that of the birth on the card, and that of the
+// death only where there is no birth; it is read before the card moves away.
+void FrmFuneral::cmdIrpara_Click()
+{
+    guarded([&] {
+        setEnabled(false);
+        DataActo.clear();
+        for (const MaskedEdit* nascimentoOuObito : {frmInd().mskDtNasc, frmInd().mskDtObito})
+            if (DataActo.isEmpty() && eData(nascimentoOuObito->text())) DataActo = nascimentoOuObito->text();
+        frmInd().setEnabled(true);
+        frmInd().display();
+        OrigemInd = 6;
+        IndChamado = 1;
+        frmInd().procuraRegisto(txtNindP->text().isEmpty() ? QString() : "nind = " + txtNindP->text());
+        frmInd().cmdAtribuir->setEnabled(true);
+    });
+}
+
+void FrmFuneral::cmdE_Click()
+{
+    guarded([&] {
+        if (cmdE->text() != editar) {
+            grava();
+            return terminaEdicao();
+        }
+        if (EmPesquisa) return;
+        AplicarModo("Edi");
+        cmdE->setText(legenda::confirmar);
+        cmdF->setText(legenda::cancelar);
+    });
+}
+
+// Kept: one statement a column and no transaction; a quote in a text breaks its statement, and the columns before it
+// stay written.
+void FrmFuneral::grava()
+{
+    const QString onde = " where nind = " + txtNind->text();
+    if (preenchido(txtNindP))
+        cnBDP.execute("update individuo set primpadreobito =" + Trim(txtNindP->text()) + onde);
+    else
+        cnBDP.execute("update individuo set primpadreobito = null" + onde);
+
+    if (preenchido(cmbFuncao))
+        cnBDP.execute("update individuo set funcprimpobito =" +
+                      QString::number(cmbFuncao->itemData(cmbFuncao->listIndex())) + onde);
+    else
+        cnBDP.execute("update individuo set funcprimpobito = null" + onde);
+
+    const auto gravaTexto = [&](const char* coluna, const TextBox* campo) {
+        const QString texto = campo->text().isEmpty() ? "null" : "'" + campo->text() + "'";
+        cnBDP.execute(QStringLiteral("update individuo set ") + coluna + " = " + texto + onde);
+    };
+    gravaTexto("mortalha", txtMort);
+    gravaTexto("igreja", txtIgreja);
+    gravaTexto("enterro", txtEnterro);
+}
+
+// A cancel reads the row anew: the card may stand on the candidate, with a row from before the last confirmation.
+void FrmFuneral::cmdF_Click()
+{
+    guarded([&] {
+        if (cmdF->text() == legenda::fechar) {
+            unload();
+            return;
+        }
+        terminaEdicao();
+        ActualizaCampos(jet::Recordset(cnBDP, "select * from individuo where nind = " + txtNind->text()));
+    });
+}
+
+void FrmFuneral::terminaEdicao()
+{
+    AplicarModo("Cons");
+    cmdE->setText(editar);
+    cmdF->setText(legenda::fechar);
+}
+
+bool FrmFuneral::Form_QueryUnload(UnloadMode mode)
+{
+    return mode != UnloadMode::ControlMenu || cmdF->text() == legenda::fechar; // what is being typed isn't lost
+}
+
+void FrmFuneral::Form_Unload()
+{
+    if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
+    guarded([&] {
+        frmInd().setEnabled(true);
+        terminaChamada();
+        if (OrigemInd == 6) OrigemInd = 8;
+        if (OrigemInd == 8) frmInd().cmdAtribuir->setEnabled(false);
+        frmInd().procuraRegisto("nind = " + txtNind->text());
+    });
+}

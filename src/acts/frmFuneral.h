@@ -1,0 +1,37 @@
+// The funeral of the person on frmInd: the priest and his function, the shroud, the church, the grave.
+#pragma once
+
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+#include "platform/jet/recordset.h"
+
+#include "ui_frmFuneral.h"
+
+#include <QString>
+
+// All of it are columns of the person's own row. frmInd is disabled while the form is open, but for the choice of the
+// priest, and shows the person again when it goes.
+class FrmFuneral : public Form, public Ui::FrmFuneral
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmFuneral";
+
+    FrmFuneral();
+
+protected:
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode mode) override;
+    void Form_Unload() override;
+
+private:
+    void AplicarModo(const QString& modo);
+    void LimpaCampos();
+    void ActualizaCampos(const jet::Recordset& individuo);
+    void cmdIrpara_Click();
+    void cmdE_Click();
+    void cmdF_Click();
+    void grava();
+    void terminaEdicao();
+};

@@ -1,0 +1,98 @@
+// Who took part in one act, a baptism or a marriage: its two priests, which stand in the act's own row, and its
+// assistants, godparents and witnesses, each a row of `assistente`.
+#pragma once
+
+#include "acts/FichaDoAssistente.h"
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include "ui_frmIntervenientes.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <utility>
+
+// The cards stay enabled beside it: number and date of the act are copies, taken from the card at the load.
+// OrigemInterv tells the act for as long as the form is loaded.
+class FrmIntervenientes : public Form, public Ui::FrmIntervenientes
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmIntervenientes";
+
+    FrmIntervenientes();
+
+    jet::DataControl adoInterv{cnBDP}; // the assistants of the act
+    QString Chave;                     // `nind` of the row of the grid chosen last; "" for none
+
+protected:
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode mode) override;
+    void Form_Unload() override;
+
+private:
+    // One of the two places for a priest.
+    struct LugarDoPadre
+    {
+        TextBox* numero;
+        ComboBox* funcao;
+        CommandButton *escolher, *retirar;
+    };
+    // The columns of a row of `assistente` with their values, in the order in which they are set.
+    using Valores = QList<std::pair<QString, QVariant>>;
+
+    void connectEvents();
+
+    // The act, and the way back to its card
+    bool casamento() const;
+    void preencheListas();
+    void abreCasamento();
+    void abreBaptismo();
+    void voltaAoIndividuo();
+    void voltaAFamilia();
+    void chamaIndividuo(int origem, const TextBox* campo);
+    void cmdSair_Click();
+
+    // frmIntervenientes_priests.cpp
+    void mostraPadres(const jet::Recordset& acto);
+    void txtIndP_Change(int indice);
+    void cmdX_Click(int indice);
+    void cmdE_Click();
+    void iniciaPadres();
+    void confirmaPadres();
+    void gravaPadres();
+    void relePadres();
+    void pintaPadres(const QColor& cor);
+
+    // frmIntervenientes_assistants.cpp
+    void AplicarModo(const QString& modo);
+    void LimpaCampos();
+    void ActualizaCampos();
+    void PreencheFG();
+    void PreencheLinha(int linha);
+    void dtInterv_Click();
+    void cmdIns_Click();
+    void cmdAlt_Click();
+    void cmdElim_Click();
+    void confirmaAdicao();
+    void confirmaAlteracao();
+    void terminaEdicao();
+    void eliminaAssistente();
+    bool temObrigatorios();
+    Valores valoresDoParentesco() const;
+    Valores valoresDoAssistente() const;
+    void gravaLinha(const Valores& valores);
+
+    LugarDoPadre lugares_[2];
+};
+
+// The one form, loaded at first touch.
+FrmIntervenientes& frmIntervenientes();
+
+// Opens the form for the act of its card (1 the marriage on frmFam, 2 the baptism on frmInd). A form that is open
+// already serves its own act, and only comes to the front.
+void abreIntervenientes(int origem);

@@ -1,0 +1,231 @@
+// The assistants of the act: the list, and its rows added, altered and deleted.
+#include "acts/frmIntervenientes.h"
+
+#include "common/campos.h"
+#include "common/captions.h"
+#include "common/ficha.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "families/frmFam.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/modes.h"
+#include "platform/forms/msgbox.h"
+
+#include <algorithm>
+
+void FrmIntervenientes::AplicarModo(const QString& modo)
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control      Edi            Cons
+        {"dtInterv",    {Disabled},    {Enabled},      {}},
+        {"txtIndAss",   {Shut, blue},  {Shut, white},  {}},
+        {"cmdIndAss",   {Enabled},     {Disabled},     {}},
+        {"cmdIns",      {Enabled},     {Enabled},      {}},
+        {"cmdAlt",      {Enabled},     {Enabled},      {}},
+        {"cmdElim",     {Enabled},     {Enabled},      {}},
+        {"cmdSair",     {Disabled},    {Enabled},      {}},
+    };
+    // clang-format on
+    applyMode(this, tabela, modo);
+    assistente->AplicarModo(modo);
+}
+
+void FrmIntervenientes::LimpaCampos()
+{
+    assistente->limpa();
+    txtIndAss->clear();
+}
+
+// Of two rows of one person the first is shown. Where none was chosen, it is the last of the list: there the filling of
+// the grid has left the cursor.
+void FrmIntervenientes::ActualizaCampos()
+{
+    LimpaCampos();
+    if (!adoInterv.hasRows()) return;
+    jet::Recordset& linha = adoInterv.recordset();
+    if (!Chave.isEmpty()) {
+        linha.moveFirst();
+        linha.find("nind =" + Chave);
+        if (linha.eof()) return; // another card has deleted it
+    } else {
+        if (linha.eof()) linha.movePrevious();
+        if (linha.bof()) linha.moveNext();
+    }
+    txtIndAss->setText(textoDoNumero(linha["nind"]));
+    assistente->mostra(linha);
+    // Kept: the columns decide and not the act.
+    if (!linha["parentbapt"].isNull()) {
+        ProcuraItemData(*assistente->cmbPar1, linha["parentbapt"]);
+    } else {
+        ProcuraItemData(*assistente->cmbPar1, linha["parentnoivo"]);
+        ProcuraItemData(*assistente->cmbPar2, linha["parentnoiva"]);
+    }
+}
+
+void FrmIntervenientes::PreencheFG()
+{
+    if (!adoInterv.hasRows()) {
+        dtInterv->setRows(0);
+        cmdAlt->setEnabled(false);
+        cmdElim->setEnabled(false);
+        return;
+    }
+    const int escolhida = dtInterv->row();
+    jet::Recordset& linhas = adoInterv.recordset();
+    linhas.moveFirst();
+    dtInterv->setRows(linhas.recordCount() + 1);
+    dtInterv->setCols(2);
+    dtInterv->setColWidth(0, 67);
+    dtInterv->setTextMatrix(0, 0, "Nind");
+    dtInterv->setTextMatrix(0, 1, "Tipo Assistente");
+    for (int linha = 1; !linhas.eof(); linhas.moveNext())
+        PreencheLinha(linha++);
+    dtInterv->setRow(std::clamp(escolhida, 1, linhas.recordCount()));
+}
+
+void FrmIntervenientes::PreencheLinha(int linha)
+{
+    const jet::Recordset& registo = adoInterv.recordset();
+    dtInterv->setTextMatrix(linha, 0, textoDoNumero(registo["nind"]));
+    dtInterv->setTextMatrix(linha, 1, registo["tipoassistente"].toString() == "p" ? "Padrinho" : "Testemunha");
+}
+
+void FrmIntervenientes::dtInterv_Click()
+{
+    guarded([&] {
+        Chave = dtInterv->textMatrix(dtInterv->row(), 0);
+        ActualizaCampos();
+    });
+}
+
+void FrmIntervenientes::cmdIns_Click()
+{
+    guarded([&] {
+        if (cmdIns->text() != legenda::adicionar) return confirmaAdicao();
+        if (EmPesquisa) return;
+        LimpaCampos();
+        AplicarModo("Edi");
+        cmdIns->setText(legenda::confirmar);
+        cmdAlt->setText(legenda::cancelar);
+        cmdElim->setEnabled(false);
+        Focus::setTo(assistente->optassistente_0);
+    });
+}
+
+// "&Alterar", or the end of an edit: the confirmation of an alteration, the cancel of an addition.
+void FrmIntervenientes::cmdAlt_Click()
+{
+    guarded([&] {
+        if (cmdAlt->text() == legenda::confirmar) return confirmaAlteracao();
+        if (cmdAlt->text() == legenda::cancelar) return terminaEdicao();
+        if (EmPesquisa) return;
+        AplicarModo("Edi");
+        IndChamado = 1;
+        cmdAlt->setText(legenda::confirmar);
+        cmdElim->setText(legenda::cancelar);
+        cmdIns->setEnabled(false);
+        Focus::setTo(assistente->optassistente_0);
+    });
+}
+
+void FrmIntervenientes::cmdElim_Click()
+{
+    guarded([&] {
+        if (cmdElim->text() == legenda::cancelar) return terminaEdicao();
+        if (EmPesquisa) return;
+        if (ask(" Tem a certeza que deseja eliminar este registo?")) eliminaAssistente();
+    });
+}
+
+// The date of the act is copied here, and never written again.
+void FrmIntervenientes::confirmaAdicao()
+{
+    if (!temObrigatorios()) return;
+    Valores valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
+    valores += valoresDoParentesco() + valoresDoAssistente();
+    adoInterv.recordset().addNew();
+    gravaLinha(valores);
+}
+
+void FrmIntervenientes::confirmaAlteracao()
+{
+    if (temObrigatorios()) gravaLinha(valoresDoParentesco() + valoresDoAssistente());
+}
+
+bool FrmIntervenientes::temObrigatorios()
+{
+    const auto falta = [](const QString& exigencia, QWidget* campo) {
+        showMessage(exigencia);
+        Focus::setTo(campo);
+        return false;
+    };
+    if (!preenchido(txtIndAss)) return falta("Deve identificar o assistente!", txtIndAss);
+    if (!assistente->optassistente_0->isChecked() && !assistente->optassistente_1->isChecked())
+        return falta("Deve indicar o tipo de assistente!", assistente->optassistente_0);
+    return true;
+}
+
+FrmIntervenientes::Valores FrmIntervenientes::valoresDoParentesco() const
+{
+    const QVariant primeiro = itemDe(assistente->cmbPar1);
+    if (!casamento()) return {{"parentbapt", primeiro}};
+    return {{"parentnoivo", primeiro}, {"parentnoiva", itemDe(assistente->cmbPar2)}};
+}
+
+FrmIntervenientes::Valores FrmIntervenientes::valoresDoAssistente() const
+{
+    return {{"Nind", txtIndAss->text()},
+            {"tipoassistente", assistente->optassistente_0->isChecked() ? "p" : "t"},
+            {"estadocivil", itemDe(assistente->cmbEC)},
+            {"falecidopai", assistente->chkFalPai->isChecked()},
+            {"falecidomae", assistente->chkFalMae->isChecked()},
+            {"obs", textoDe(assistente->txtObs)}};
+}
+
+// Into the row that the cursor stands on, or into the new one. A refused row leaves the edit as it is.
+void FrmIntervenientes::gravaLinha(const Valores& valores)
+{
+    for (const auto& [coluna, valor] : valores)
+        adoInterv.recordset().set(coluna, valor);
+    adoInterv.recordset().update();
+    terminaEdicao();
+}
+
+// Kept: the row shown is the one that the grid stands on, also where another was altered or added.
+void FrmIntervenientes::terminaEdicao()
+{
+    cmdIns->setText(legenda::adicionar);
+    cmdAlt->setText(legenda::alterar);
+    cmdElim->setText(legenda::eliminar);
+    terminaChamada();
+    AplicarModo("Cons");
+    adoInterv.refresh();
+    PreencheFG();
+    if (!adoInterv.hasRows()) return; // kept: the fields stay as they were typed
+    Chave = dtInterv->textMatrix(dtInterv->row(), 0);
+    ActualizaCampos();
+}
+
+// Kept: the date stands in the statement day first. Where it can be read month first it is, and the statement passes
+// the row by; else it takes every row of that person at the act with it.
+void FrmIntervenientes::eliminaAssistente()
+{
+    jet::Recordset& linha = adoInterv.recordset();
+    try {
+        cnBDP.execute("delete from assistente where dataref = #" + textoDaData(linha["dataref"]) + "# and entidade = " +
+                      textoDoNumero(linha["entidade"]) + " and nind = " + textoDoNumero(linha["nind"]) +
+                      " and tipoacto = '" + (casamento() ? "c" : "b") + "'");
+        linha.deleteRow();
+    } catch (const jet::Error& erro) {
+        if (erro.number != jet::number::noCurrentRow) throw; // the row has gone, with the statement or before
+    }
+    adoInterv.refresh();
+    PreencheFG();
+    Chave.clear();
+    ActualizaCampos();
+}

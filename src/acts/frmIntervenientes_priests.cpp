@@ -1,0 +1,143 @@
+// The two priests of the act: columns of its own row, edited and written together.
+#include "acts/frmIntervenientes.h"
+
+#include "common/campos.h"
+#include "common/ficha.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "platform/forms/msgbox.h"
+#include "platform/jet/transaction.h"
+
+namespace {
+
+constexpr auto editar = "ed&Itar";
+constexpr auto confirmarOuCancelar = "&Conf./Canc.";
+
+// Where a row keeps its priests.
+struct Colunas
+{
+    const char *tabela, *chave;
+    const char *padre[2], *funcao[2];
+};
+
+constexpr Colunas doBaptismo{"individuo", "nind", {"primpadrebapt", "segpadrebapt"}, {"funcprimpbapt", "funcsegpbapt"}};
+constexpr Colunas doCasamento{
+    "familia", "nfamilia", {"primpadrecasam", "segpadrecasam"}, {"funcprimpcasam", "funcsegpcasam"}};
+
+} // namespace
+
+// The act's own row is read. One that is only being inserted has none yet, and the cursor stands on another.
+void FrmIntervenientes::mostraPadres(const jet::Recordset& acto)
+{
+    const Colunas& colunas = casamento() ? doCasamento : doBaptismo;
+    if (acto.bof() || acto.eof() || textoDoNumero(acto[colunas.chave]) != txtNum->text()) return;
+    for (int indice : {0, 1}) {
+        const QVariant numero = acto[colunas.padre[indice]];
+        if (numero.isNull()) continue;
+        lugares_[indice].numero->setText(textoDoNumero(numero));
+        // Kept: in a marriage the second priest, too, opens the command of the first.
+        (casamento() ? cmdIndP1 : lugares_[indice].escolher)->setEnabled(true);
+    }
+    for (int indice : {0, 1})
+        ProcuraItemData(*lugares_[indice].funcao, acto[colunas.funcao[indice]]);
+}
+
+// Kept: the number of the second priest, too, governs the function of the first.
+void FrmIntervenientes::txtIndP_Change(int indice)
+{
+    guarded([&] {
+        const bool vazio = lugares_[indice].numero->text().isEmpty();
+        if (vazio) cmbFuncP1->setListIndex(0);
+        cmbFuncP1->setLocked(vazio);
+        lugares_[indice].retirar->setEnabled(!vazio);
+    });
+}
+
+void FrmIntervenientes::cmdX_Click(int indice)
+{
+    guarded([&] {
+        if (ask("Deseja realmente retirar a associação ao  padre referido?")) lugares_[indice].numero->clear();
+    });
+}
+
+void FrmIntervenientes::cmdE_Click()
+{
+    guarded([&] {
+        if (cmdE->text() != editar) return confirmaPadres();
+        if (!EmPesquisa) iniciaPadres();
+    });
+}
+
+void FrmIntervenientes::iniciaPadres()
+{
+    cmdE->setText(confirmarOuCancelar);
+    for (const LugarDoPadre& lugar : lugares_) {
+        lugar.escolher->setEnabled(true);
+        if (!preenchido(lugar.numero)) continue;
+        lugar.retirar->setEnabled(true);
+        lugar.funcao->setLocked(false);
+    }
+    pintaPadres(corDoModo::edi);
+}
+
+// Kept: where both places are empty, nothing is written, so both priests of an act can't be removed.
+void FrmIntervenientes::confirmaPadres()
+{
+    if (preenchido(txtIndP1) || preenchido(txtIndP2))
+        ask("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
+    cmdE->setText(editar);
+    for (const LugarDoPadre& lugar : lugares_)
+        lugar.funcao->setLocked(true);
+    pintaPadres(corDoModo::cons);
+}
+
+// Kept: crossed. The priests of a marriage are written to the baptism of the individual with the family's number, those
+// of a baptism to the marriage of the family with the individual's number.
+void FrmIntervenientes::gravaPadres()
+{
+    const Colunas& colunas = casamento() ? doBaptismo : doCasamento;
+    const auto grava = [&](const char* coluna, const QString& valor) {
+        cnBDP.execute(QStringLiteral("update %1 set %2 = %3 where %4 = %5")
+                          .arg(colunas.tabela, coluna, valor, colunas.chave, txtNum->text()));
+    };
+    jet::Transaction transaccao(cnBDP);
+    for (int indice : {0, 1})
+        grava(colunas.padre[indice],
+              preenchido(lugares_[indice].numero) ? Trim(lugares_[indice].numero->text()) : "null");
+    for (int indice : {0, 1}) {
+        const ComboBox* funcao = lugares_[indice].funcao;
+        grava(colunas.funcao[indice],
+              preenchido(funcao) ? QString::number(funcao->itemData(funcao->listIndex())) : "null");
+    }
+    transaccao.commit();
+}
+
+// Kept: crossed, as the writing is. What comes back needn't be what was shown before.
+void FrmIntervenientes::relePadres()
+{
+    for (const LugarDoPadre& lugar : lugares_)
+        lugar.numero->clear();
+    for (const LugarDoPadre& lugar : lugares_)
+        lugar.funcao->setListIndex(0);
+    const jet::Recordset guardados(
+        cnBDP,
+        (casamento() ? "select primpadrebapt, funcprimpbapt,segpadrebapt, funcsegpbapt  from individuo where nind = "
+                     : "select primpadrecasam, funcprimpcasam,segpadrecasam, funcsegpcasam  from familia where "
+                       "nfamilia = ") +
+            txtNum->text());
+    if (guardados.eof()) return;
+    for (int indice : {0, 1}) {
+        if (const QVariant numero = guardados[2 * indice]; !numero.isNull())
+            lugares_[indice].numero->setText(textoDoNumero(numero));
+        ProcuraItemData(*lugares_[indice].funcao, guardados[2 * indice + 1]);
+    }
+}
+
+void FrmIntervenientes::pintaPadres(const QColor& cor)
+{
+    for (const LugarDoPadre& lugar : lugares_) {
+        setBackColor(lugar.numero, cor);
+        setBackColor(lugar.funcao, cor);
+    }
+}
