@@ -67,7 +67,7 @@ void ListaDatada::PreencheFG()
     grelha_->setCols(colunas);
     for (int coluna = 0; coluna < colunas; ++coluna) {
         grelha_->setTextMatrix(0, coluna, colunas_[coluna].titulo);
-        grelha_->setColWidth(coluna, colunas_[coluna].largura);
+        if (const int largura = colunas_[coluna].largura; largura >= 0) grelha_->setColWidth(coluna, largura);
     }
     linhas.moveFirst();
     for (int linha = 1; !linhas.eof(); ++linha, linhas.moveNext()) {
@@ -192,6 +192,7 @@ void ListaDatada::iniciaAlteracao()
     cmd_.ins->setEnabled(false);
     cmd_.sair->setEnabled(false);
     AplicarModo("Edi");
+    preparaAlteracao();
     if (regras_.focoAoAlterar) Focus::setTo(regras_.focoAoAlterar);
 }
 

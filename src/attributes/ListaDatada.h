@@ -50,7 +50,7 @@ protected:
     struct Coluna
     {
         QString titulo;
-        int largura; // in pixels; 0 hides the column, and the last one takes what is left
+        int largura = -1; // in pixels, 0 hides the column; not given: the last one, which takes what is left
     };
 
     struct Regras
@@ -90,6 +90,8 @@ protected:
     virtual QStringList PreencheLinha(const jet::Recordset& linha) const = 0;
     // The columns of the row into the fields.
     virtual void mostraLinha(const jet::Recordset& linha) = 0;
+    // What else the first click of an alteration does.
+    virtual void preparaAlteracao() {}
     // Whether the fields may be stored; tells the user why not.
     virtual bool VerificaCampos(Passo) { return true; }
     // Stores the fields as a new row. Returns the key of the row to show, empty for the one that was chosen before.

@@ -34,7 +34,7 @@ FrmResid::FrmResid() : ListaDatada(Name)
     regras.perguntaPrimeiro = true;
     regras.preencheAoCancelar = true;
     regras.fechaSemLinhas = true;
-    usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgResid, {{"Data de Referência", 140}, {"Residência", 300}}, regras);
+    usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgResid, {{"Data de Referência", 140}, {"Residência"}}, regras);
     vigiaData(mskData, chkDF);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmResid::cmdLoc_Click);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/dates.h"
+#include "common/numbers.h"
 #include "common/places.h"
 #include "common/vbtext.h"
 #include "platform/forms/controls.h"
@@ -20,11 +21,16 @@ inline bool preenchido(const MaskedEdit* campo)
     return !semData(Trim(campo->text()));
 }
 
-// The values; null where the field isn't filled.
+// The values; null where the field isn't filled. Error 13 for a number that is none.
 template <class Campo>
 QVariant textoDe(const Campo* campo)
 {
     return preenchido(campo) ? campo->text() : QVariant();
+}
+
+inline QVariant numeroDe(const TextBox* campo)
+{
+    return preenchido(campo) ? numeroDoTexto(campo->text()) : QVariant();
 }
 
 inline QVariant itemDe(const ComboBox* lista)

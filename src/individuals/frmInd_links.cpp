@@ -92,17 +92,16 @@ void FrmInd::mostraArvore(const QString& tipo, const QString& nind, const QStrin
     arvore.PreencheArv();
 }
 
-// Shows the form, which enables the card again when it goes. Null where there is no such form, or where it was open: it
-// stays with the individual for whom it was opened.
+// Shows the form, which enables the card again when it goes. One that is open already stays with whoever opened it, and
+// only comes forward. Null where that is so, and where there is no such form.
 Form* FrmInd::abre(const QString& nome)
 {
     Form* form = nullptr;
     guarded([&] {
         if (!Forms::exists(nome)) return;
-        const bool aberto = Forms::isLoaded(nome);
+        if (Form* aberto = Forms::find(nome)) return aberto->display();
         setEnabled(false);
         form = Forms::show(nome);
-        if (aberto) form = nullptr;
     });
     return form;
 }
@@ -117,8 +116,7 @@ void FrmInd::abreComIndividuo(const QString& nome)
 
 void FrmInd::cmdResid_Click()
 {
-    if (Form* aberto = Forms::find("frmResid")) return aberto->display(); // perhaps for a family
-    OrigemResid = 2;
+    if (!Forms::isLoaded("frmResid")) OrigemResid = 2;
     const Form* form = abre("frmResid");
     if (!form) return;
     escreve(*form, "Label2", "Indivíduo");
@@ -147,6 +145,9 @@ try {
 
 void FrmInd::escolheLocal(int origem)
 {
-    OrigemLoc = origem;
-    abre("frmLocalizacao");
+    guarded([&] {
+        OrigemLoc = origem;
+        setEnabled(false);
+        Forms::show("frmLocalizacao");
+    });
 }

@@ -3,6 +3,8 @@
 #include "acts/frmApadrinha.h"
 #include "acts/frmFuneral.h"
 #include "acts/frmIntervenientes.h"
+#include "attributes/frmAssinatura.h"
+#include "attributes/frmProf.h"
 #include "attributes/frmResid.h"
 #include "common/globals.h"
 #include "common/SplashForm.h"
@@ -60,6 +62,8 @@ void registerForms()
     Forms::add("frmIntervenientes", [] { return new FrmIntervenientes; });
     Forms::add("frmFuneral", [] { return new FrmFuneral; });
     Forms::add("frmApadrinha", [] { return new FrmApadrinha; });
+    Forms::add("frmProf", [] { return new FrmProf; });
+    Forms::add("frmAssinatura", [] { return new FrmAssinatura; });
     Forms::add("frmResid", [] { return new FrmResid; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });

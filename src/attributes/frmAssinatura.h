@@ -1,0 +1,40 @@
+// How a person signed, in which documents.
+#pragma once
+
+#include "attributes/ListaDatada.h"
+
+#include "ui_frmAssinatura.h"
+
+class FrmAssinatura : public ListaDatada, public Ui::FrmAssinatura
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmAssinatura";
+
+    FrmAssinatura();
+
+    jet::DataControl adoAss{cnBDP};
+
+    void LimpaCampos() override;
+
+protected:
+    jet::DataControl& registos() override { return adoAss; }
+    const QList<ModeRow>& modos() const override;
+    QStringList PreencheLinha(const jet::Recordset& linha) const override;
+    void mostraLinha(const jet::Recordset& linha) override;
+    void preparaAlteracao() override;
+    bool VerificaCampos(Passo passo) override;
+    QString acrescenta() override;
+    QString altera() override;
+    void Form_Load() override;
+
+private:
+    void cmdLocalizar_Click();
+    void cmdV_Click();
+    void mostraFicheiro(const QString& caminho);
+    Valores valores() const;
+};
+
+// The one window, loaded at first touch.
+FrmAssinatura& frmAssinatura();

@@ -1,0 +1,138 @@
+#include "attributes/frmProf.h"
+
+#include "common/campos.h"
+#include "common/ficha.h"
+#include "common/modGeral.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+
+FrmProf& frmProf()
+{
+    return theForm<FrmProf>();
+}
+
+FrmProf::FrmProf() : ListaDatada(Name)
+{
+    setupUi(this);
+    Regras regras;
+    regras.procura = "idprofissao =%1";
+    regras.focoAoInserir = mskData;
+    regras.focoAoAlterar = mskData;
+    regras.pergunta = " Tem a certeza que deseja eliminar este registo?";
+    regras.limpaAoMostrar = false; // kept: what is blank in a row keeps what the row shown before had there
+    usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgProf, {{"IdProf", 0}, {"Data de Referência", 140}, {"Profissão"}},
+        regras);
+    vigiaData(mskData, chkDF);
+}
+
+void FrmProf::Form_Load()
+{
+    guarded([&] {
+        PreencheProfissoes();
+        abreLista("select nind, idprofissao,dataref, datafixa, codprof, fonte, obs from profissoes where nind = " +
+                  frmInd().txtNind->text() + " order by dataref");
+        mostraPrimeira();
+    });
+}
+
+void FrmProf::PreencheProfissoes()
+{
+    for (jet::Recordset profissoes(cnBDP, "select * from profissao"); !profissoes.eof(); profissoes.moveNext())
+        cmbProf->add(profissoes["profissao"].toString().remove('*'), profissoes["codprof"].toInt());
+}
+
+const QList<ModeRow>& FrmProf::modos() const
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control    Edi              Cons
+        {"dtgProf",   {Disabled},      {Enabled}},
+        {"mskData",   {Enabled, blue}, {Disabled, white}},
+        {"chkDF",     {Enabled},       {Disabled}},
+        {"cmbProf",   {Open, blue},    {Shut, white}},
+        {"txtFonte",  {Open, blue},    {Shut, white}},
+        {"txtObs",    {Open, blue},    {Shut, white}},
+    };
+    // clang-format on
+    return tabela;
+}
+
+void FrmProf::LimpaCampos()
+{
+    mskData->clearMasked();
+    chkDF->setChecked(false);
+    cmbProf->setListIndex(-1);
+    txtFonte->clear();
+    txtObs->clear();
+}
+
+QStringList FrmProf::PreencheLinha(const jet::Recordset& linha) const
+{
+    QString nome;
+    if (const QVariant codigo = linha["codprof"]; !codigo.isNull()) {
+        const jet::Recordset profissao(cnBDP,
+                                       "select profissao from profissao where codprof = " + textoDoNumero(codigo));
+        if (!profissao.eof()) nome = profissao["profissao"].toString().remove('*');
+    }
+    return {textoDoNumero(linha["idprofissao"]), textoDaData(linha["dataref"]), nome};
+}
+
+// Kept: a date shown leaves the field without its mask, until the fields are cleared or a date is refused.
+void FrmProf::mostraLinha(const jet::Recordset& linha)
+{
+    if (const QVariant dataref = linha["dataref"]; !dataref.isNull()) mskData->showPlain(textoDaData(dataref));
+    chkDF->setChecked(linha["datafixa"].toBool());
+    if (const QVariant codigo = linha["codprof"]; !codigo.isNull()) escolheProfissao(codigo.toInt());
+    mostraSeHouver(txtFonte, linha["fonte"]);
+    mostraSeHouver(txtObs, linha["obs"]);
+}
+
+void FrmProf::escolheProfissao(int codigo)
+{
+    for (int indice = 0; indice < cmbProf->count(); ++indice)
+        if (cmbProf->itemData(indice) == codigo) return cmbProf->setListIndex(indice);
+}
+
+// Kept: the empty mask isn't the empty text. It passes here, and the store refuses it as a date.
+bool FrmProf::VerificaCampos(Passo passo)
+{
+    if (mskData->text().isEmpty()) {
+        showMessage("Deve indicar uma data de referência!");
+        Focus::setTo(mskData);
+        return false;
+    }
+    if (passo == Passo::Insercao && cmbProf->text().isEmpty()) {
+        showMessage("Deve indicar uma profissão!");
+        Focus::setTo(cmbProf);
+        return false;
+    }
+    return true;
+}
+
+QString FrmProf::acrescenta()
+{
+    const QString numero = proximoNumero("idprofissao");
+    acrescentaLinha({{"nind", txtNind->text()},
+                     {"idprofissao", numero},
+                     {"dataref", mskData->text()},
+                     {"codprof", cmbProf->itemData(cmbProf->listIndex())},
+                     {"datafixa", chkDF->isChecked()},
+                     {"fonte", textoDe(txtFonte)},
+                     {"obs", textoDe(txtObs)}});
+    return numero;
+}
+
+// Kept: a profession is never taken away, and a source or notes that were emptied are stored as two blanks.
+QString FrmProf::altera()
+{
+    const auto textoOuBrancos = [](const auto* campo) { return preenchido(campo) ? campo->text() : QString("  "); };
+    Valores valores{{"dataref", mskData->text()}, {"datafixa", chkDF->isChecked()}};
+    if (!cmbProf->text().isEmpty()) valores << std::pair("codprof", cmbProf->itemData(cmbProf->listIndex()));
+    valores << std::pair("fonte", textoOuBrancos(txtFonte)) << std::pair("obs", textoOuBrancos(txtObs));
+    alteraLinha(valores);
+    return {};
+}

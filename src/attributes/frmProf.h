@@ -1,0 +1,37 @@
+// What a person lived by, at which dates.
+#pragma once
+
+#include "attributes/ListaDatada.h"
+
+#include "ui_frmProf.h"
+
+class FrmProf : public ListaDatada, public Ui::FrmProf
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmProf";
+
+    FrmProf();
+
+    jet::DataControl adoProfInd{cnBDP};
+
+    void LimpaCampos() override;
+
+protected:
+    jet::DataControl& registos() override { return adoProfInd; }
+    const QList<ModeRow>& modos() const override;
+    QStringList PreencheLinha(const jet::Recordset& linha) const override;
+    void mostraLinha(const jet::Recordset& linha) override;
+    bool VerificaCampos(Passo passo) override;
+    QString acrescenta() override;
+    QString altera() override;
+    void Form_Load() override;
+
+private:
+    void PreencheProfissoes();
+    void escolheProfissao(int codigo);
+};
+
+// The one window, loaded at first touch.
+FrmProf& frmProf();
