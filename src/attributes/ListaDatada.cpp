@@ -28,7 +28,16 @@ void ListaDatada::vigiaData(MaskedEdit* campo, QCheckBox* fixa)
     Focus::watch(campo, {}, [=] {
         guarded([=] {
             if (VerificaData(*campo) && fixa) fixa->setChecked(!semData(campo->text()));
+            Focus::keepClick();
         });
+    });
+}
+
+void ListaDatada::vigiaNumero(TextBox* campo, const QString& recusa)
+{
+    Focus::watch(campo, {}, [=] {
+        VerificaNumero(*campo, recusa, 0);
+        Focus::keepClick();
     });
 }
 

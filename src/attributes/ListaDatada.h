@@ -77,8 +77,11 @@ protected:
 
     // Once, after setupUi().
     void usa(const Comandos& comandos, Grid* grelha, QList<Coluna> colunas, Regras regras);
-    // The date field is checked when it is left; a date or none there sets or takes off the flag beside it.
+    // The date field is checked when it is left; a date or none there sets or takes off the flag beside it. As with the
+    // number fields, the command whose click took the focus still runs, on what the check has left.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
+    // The number field takes 0 and more.
+    void vigiaNumero(TextBox* campo, const QString& recusa);
 
     // For Form_Load(): the rows, the grid and mode "Cons". No row is shown yet.
     void abreLista(const QString& instrucao);

@@ -24,7 +24,7 @@ FrmAssinatura::FrmAssinatura() : ListaDatada(Name)
     regras.releAoAlterar = false; // kept: a row whose date was altered keeps its place until the rows are read again
     usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgAssinat, {{"IdAss", 0}, {"Data de Referência", 140}, {"Nível"}}, regras);
     vigiaData(mskData, chkDF);
-    Focus::watch(txtIdade, {}, [this] { VerificaNumero(*txtIdade, "Deve inserir uma idade válida!", 0); });
+    vigiaNumero(txtIdade, "Deve inserir uma idade válida!");
     connect(cmdLocalizar, &CommandButton::clicked, this, &FrmAssinatura::cmdLocalizar_Click);
     connect(cmdV, &CommandButton::clicked, this, &FrmAssinatura::cmdV_Click);
 }

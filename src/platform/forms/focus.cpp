@@ -76,6 +76,8 @@ public:
         if (within(current_)) current_ = nullptr;
     }
 
+    void keepClick() { kept_ = true; }
+
     QWidget* holder() const { return holder_; }
 
 protected:
@@ -139,6 +141,7 @@ private:
     {
         if (settling_) return;
         settling_ = true;
+        kept_ = false;
         const auto rest = qScopeGuard([this] { settling_ = false; });
         const QPointer<QWidget> target = holder_;
         const int boxes = boxes_;
@@ -150,7 +153,9 @@ private:
             current_ = holder_;
             if (current_) run(current_, &Watch::entered);
         }
-        if (byMouse) click_ = holder_ != target ? Click::Lost : boxes_ != boxes ? Click::Late : Click::Straight;
+        if (!byMouse) return;
+        const bool lost = holder_ != target && !kept_;
+        click_ = lost ? Click::Lost : boxes_ != boxes ? Click::Late : Click::Straight;
     }
 
     void run(QWidget* field, std::function<void()> Watch::*routine)
@@ -161,11 +166,13 @@ private:
         if (copy) copy();
     }
 
-    // Moves the focus to the control. False where the leave routine of another sent it elsewhere, or shut the control.
+    // Moves the focus to the control. False where the leave routine of another sent it elsewhere and didn't ask for the
+    // click, or shut the control.
     bool keeps(QWidget* control, Qt::FocusReason reason)
     {
+        kept_ = false;
         if (holder_ != control) control->setFocus(reason);
-        return holder_ == control && control->isEnabled();
+        return (holder_ == control || kept_) && control->isEnabled();
     }
 
     // The focus has moved to where the mouse was pressed. True where nothing is left to be clicked.
@@ -222,6 +229,7 @@ private:
     bool settling_ = false;
     bool quiet_ = false;
     bool byMouse_ = false;
+    bool kept_ = false; // the click goes on though the focus went back
     int boxes_ = 0;
     Click click_ = Click::Straight; // what the press that moved the focus may still do
 };
@@ -250,6 +258,11 @@ void watch(QWidget* field, std::function<void()> entered, std::function<void()> 
 void setTo(QWidget* field)
 {
     tracker().setTo(field);
+}
+
+void keepClick()
+{
+    tracker().keepClick();
 }
 
 void release()

@@ -16,6 +16,7 @@ void MaskedEdit::setMask(const QString& mask)
     input.replace('#', '9');
     setInputMask(input.isEmpty() ? QString() : input + QLatin1String(";_"));
     QLineEdit::setText(before);
+    home(false);
 }
 
 QString MaskedEdit::text() const

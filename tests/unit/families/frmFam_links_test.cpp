@@ -39,16 +39,6 @@ protected:
 
 } // namespace
 
-TEST_F(FamilyLinks, TheResidencesHoldTheCardAndNameTheFamilyAsTheirOwner)
-{
-    const TestForm* residences = make("frmResid", [](TestForm& form) { form.put<QLabel>("Label2"); });
-    frmFam().cmdResid->click();
-    EXPECT_EQ(OrigemResid, 1);
-    EXPECT_FALSE(frmFam().isEnabled());
-    EXPECT_TRUE(residences->isShown());
-    EXPECT_EQ(residences->findChild<QLabel*>("Label2")->text(), "Família");
-}
-
 TEST_F(FamilyLinks, TheRegisterIsThatOfTheFamilyShownAndNotOfTheFirstRow)
 {
     const TestForm* entry = make("frmRP", [](TestForm& form) {

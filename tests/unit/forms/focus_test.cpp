@@ -111,6 +111,29 @@ TEST_F(FocusTest, AClickIsLostWhereTheLeaveRoutineTakesTheFocusBack)
     }
 }
 
+TEST_F(FocusTest, AClickArrivesWhereTheLeaveRoutineAsksForItThoughItTakesTheFocusBack)
+{
+    note(date, [this] {
+        showMessage("Deve inserir uma data!");
+        Focus::setTo(date);
+        Focus::keepClick();
+    });
+    for (const bool byKey : {false, true}) {
+        click(date);
+        log.clear();
+        Answer answer("OK");
+        if (byKey)
+            QTest::keyClick(date, Qt::Key_I, Qt::AltModifier);
+        else
+            clickThroughWindow(button);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(answer.given, 1);
+        EXPECT_EQ(log, QStringList({"-mskData", "+mskData", "click"})) << byKey;
+        EXPECT_TRUE(date->hasFocus());
+        EXPECT_FALSE(button->isDown());
+    }
+}
+
 TEST_F(FocusTest, AClickIsLostWhereTheLeaveRoutineShutsTheButton)
 {
     note(date, [this] {
