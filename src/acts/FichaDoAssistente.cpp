@@ -1,6 +1,6 @@
 #include "acts/FichaDoAssistente.h"
 
-#include "acts/codigos.h"
+#include "common/codigos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"

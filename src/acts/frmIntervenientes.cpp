@@ -1,6 +1,6 @@
 #include "acts/frmIntervenientes.h"
 
-#include "acts/codigos.h"
+#include "common/codigos.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"

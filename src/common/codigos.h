@@ -1,4 +1,4 @@
-// The lists of codes on the windows of the acts.
+// Lists of codes.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-#include "acts/codigos.h"
+#include "common/codigos.h"
 
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
