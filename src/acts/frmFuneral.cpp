@@ -81,15 +81,8 @@ void FrmFuneral::cmdIrpara_Click()
 {
     guarded([&] {
         setEnabled(false);
-        DataActo.clear();
-        for (const MaskedEdit* nascimentoOuObito : {frmInd().mskDtNasc, frmInd().mskDtObito})
-            if (DataActo.isEmpty() && eData(nascimentoOuObito->text())) DataActo = nascimentoOuObito->text();
-        frmInd().setEnabled(true);
-        frmInd().display();
-        OrigemInd = 6;
         IndChamado = 1;
-        frmInd().procuraRegisto(txtNindP->text().isEmpty() ? QString() : "nind = " + txtNindP->text());
-        frmInd().cmdAtribuir->setEnabled(true);
+        frmInd().chamaPara(6, txtNindP->text());
     });
 }
 
@@ -161,10 +154,7 @@ void FrmFuneral::Form_Unload()
 {
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
     guarded([&] {
-        frmInd().setEnabled(true);
         terminaChamada();
-        if (OrigemInd == 6) OrigemInd = 8;
-        if (OrigemInd == 8) frmInd().cmdAtribuir->setEnabled(false);
-        frmInd().procuraRegisto("nind = " + txtNind->text());
+        frmInd().retomaDe(6, txtNind->text());
     });
 }

@@ -38,6 +38,11 @@ public:
     void FrmLoaded();
     // After an edit or a search the individual can be handed over again, where another card waits for one.
     void permiteAtribuir();
+    // Calls the card up for the form of a funeral (OrigemInd 6) or of legacies (7), on the person of that number, where
+    // there is one. DataActo becomes the birth of the person shown until then, or the death where there is no birth.
+    void chamaPara(int origem, const QString& nind);
+    // That form goes: the card is nobody's picker any more, and shows the person of that number again.
+    void retomaDe(int origem, const QString& nind);
 
 protected:
     const QList<ModeRow>& modos() const override;

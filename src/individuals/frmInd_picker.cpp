@@ -47,6 +47,26 @@ Form* actoQueChamou()
 
 } // namespace
 
+void FrmInd::chamaPara(int origem, const QString& nind)
+{
+    DataActo.clear();
+    for (const MaskedEdit* campo : {mskDtNasc, mskDtObito})
+        if (DataActo.isEmpty() && eData(campo->text())) DataActo = campo->text();
+    setEnabled(true);
+    display();
+    OrigemInd = origem;
+    procuraRegisto(nind.isEmpty() ? QString() : "nind = " + nind);
+    cmdAtribuir->setEnabled(Modo == "Cons"); // whoever edits or searches there ends that first
+}
+
+void FrmInd::retomaDe(int origem, const QString& nind)
+{
+    setEnabled(true);
+    if (OrigemInd == origem) OrigemInd = 8;
+    if (OrigemInd == 8) cmdAtribuir->setEnabled(false);
+    procuraRegisto("nind = " + nind);
+}
+
 void FrmInd::cmdAtribuir_Click()
 {
     guarded([&] {
