@@ -4,8 +4,11 @@
 #include "acts/frmFuneral.h"
 #include "acts/frmIntervenientes.h"
 #include "attributes/frmAssinatura.h"
+#include "attributes/frmLegados.h"
+#include "attributes/frmPass.h"
 #include "attributes/frmProf.h"
 #include "attributes/frmResid.h"
+#include "attributes/frmRituais.h"
 #include "common/globals.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
@@ -65,6 +68,9 @@ void registerForms()
     Forms::add("frmProf", [] { return new FrmProf; });
     Forms::add("frmAssinatura", [] { return new FrmAssinatura; });
     Forms::add("frmResid", [] { return new FrmResid; });
+    Forms::add("frmLegados", [] { return new FrmLegados; });
+    Forms::add("frmRituais", [] { return new FrmRituais; });
+    Forms::add("frmPass", [] { return new FrmPass; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
     Forms::add("frmResult", [] { return new FrmResult; });

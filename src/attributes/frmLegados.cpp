@@ -1,0 +1,120 @@
+#include "attributes/frmLegados.h"
+
+#include "common/campos.h"
+#include "common/codigos.h"
+#include "common/ficha.h"
+#include "common/modGeral.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/forms.h"
+
+FrmLegados::FrmLegados() : ListaDatada(Name)
+{
+    setupUi(this);
+    Regras regras;
+    regras.procura = "idlegprof =%1";
+    regras.focoAoInserir = txtNindH;
+    regras.focoAoAlterar = txtNindH;
+    regras.preencheAoMostrar = true;
+    regras.eliminarVaiAPrimeira = true;
+    regras.guardaUltimaNaGrelha = true;
+    usa({cmdI, cmdA, cmdE, cmdF}, dtgLeg, {{"idleg", 0}, {"Herdeiro", 100}, {"Parentesco", 300}}, regras);
+    connect(cmdIrpara, &CommandButton::clicked, this, &FrmLegados::cmdIrpara_Click);
+}
+
+// Opens on the last row.
+void FrmLegados::Form_Load()
+{
+    guarded([&] {
+        txtNind->setText(frmInd().txtNind->text());
+        txtNome->setText(frmInd().txtNome->text());
+        PreencheCodigos(*cmbParentesco, "Select codigo, descricao from infocomplementar where categoria = 'Paren'");
+        abreLista("Select idlegprof,nindherd, parentesco, bensmoveis, obs, bensraiz,  nind from legadosprofanos where "
+                  " nind =" +
+                  txtNind->text() + " order by idlegprof");
+        ActualizaCampos();
+    });
+}
+
+const QList<ModeRow>& FrmLegados::modos() const
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control         Edi              Cons
+        {"dtgLeg",         {Disabled},      {Enabled}},
+        {"txtNindH",       {Shut, blue},    {Shut, white}},
+        {"cmdIrpara",      {Enabled},       {Disabled}},
+        {"cmbParentesco",  {Enabled, blue}, {Disabled, white}},
+        {"txtMov",         {Open, blue},    {Shut, white}},
+        {"txtRaiz",        {Open, blue},    {Shut, white}},
+        {"txtObs",         {Open, blue},    {Shut, white}},
+    };
+    // clang-format on
+    return tabela;
+}
+
+void FrmLegados::LimpaCampos()
+{
+    txtNindH->clear();
+    cmbParentesco->setListIndex(-1);
+    for (MemoBox* campo : {txtMov, txtRaiz, txtObs})
+        campo->clear();
+}
+
+// Kept: the kinship shows as its code.
+QStringList FrmLegados::PreencheLinha(const jet::Recordset& linha) const
+{
+    return {textoDoNumero(linha["idlegprof"]), textoDoNumero(linha["nindherd"]),
+            textoDoNumero(linha["parentesco"]).remove('*')};
+}
+
+void FrmLegados::mostraLinha(const jet::Recordset& linha)
+{
+    mostraSeHouver(txtNindH, linha["nindherd"]);
+    ProcuraItemData(*cmbParentesco, linha["parentesco"]);
+    mostraSeHouver(txtObs, linha["obs"]);
+    mostraSeHouver(txtMov, linha["bensmoveis"]);
+    mostraSeHouver(txtRaiz, linha["bensraiz"]);
+}
+
+QString FrmLegados::acrescenta()
+{
+    const QString numero = proximoNumero("idlegprof");
+    acrescentaLinha(Valores{{"nind", txtNind->text()}, {"idlegprof", numero}} + valores());
+    return numero;
+}
+
+QString FrmLegados::altera()
+{
+    const QString numero = textoDoNumero(adoLeg.recordset()["idlegprof"]);
+    alteraLinha(valores());
+    return numero;
+}
+
+// Nothing is required: a legacy may be empty.
+ListaDatada::Valores FrmLegados::valores() const
+{
+    return {{"nindherd", textoDe(txtNindH)},
+            {"parentesco", itemDe(cmbParentesco)},
+            {"obs", textoDe(txtObs)},
+            {"bensmoveis", textoDe(txtMov)},
+            {"bensraiz", textoDe(txtRaiz)}};
+}
+
+// Kept: the date of the act is told, and nobody tests an heir against it.
+void FrmLegados::cmdIrpara_Click()
+{
+    guarded([&] {
+        setEnabled(false);
+        frmInd().chamaPara(7, txtNindH->text());
+    });
+}
+
+// The card goes back to the testator, and isn't a picker any more.
+void FrmLegados::Form_Unload()
+{
+    ListaDatada::Form_Unload();
+    if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
+    guarded([&] { frmInd().retomaDe(7, txtNind->text()); });
+}

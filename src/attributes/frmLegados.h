@@ -1,0 +1,35 @@
+// What a person left by will to the heirs: one row for each heir or bequest.
+#pragma once
+
+#include "attributes/ListaDatada.h"
+
+#include "ui_frmLegados.h"
+
+// The heir is chosen on the card of a person, which hands the number over to txtNindH (OrigemInd 7).
+class FrmLegados : public ListaDatada, public Ui::FrmLegados
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmLegados";
+
+    FrmLegados();
+
+    jet::DataControl adoLeg{cnBDP};
+
+    void LimpaCampos() override;
+
+protected:
+    jet::DataControl& registos() override { return adoLeg; }
+    const QList<ModeRow>& modos() const override;
+    QStringList PreencheLinha(const jet::Recordset& linha) const override;
+    void mostraLinha(const jet::Recordset& linha) override;
+    QString acrescenta() override;
+    QString altera() override;
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void cmdIrpara_Click();
+    Valores valores() const;
+};

@@ -1,0 +1,209 @@
+#include "attributes/frmPass.h"
+
+#include "common/campos.h"
+#include "common/ficha.h"
+#include "common/globals.h"
+#include "common/modGeral.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+#include "platform/jet/transaction.h"
+
+namespace {
+
+constexpr auto editar = "ed&Itar";
+
+} // namespace
+
+FrmPass::FrmPass() : ListaDatada(Name)
+{
+    setupUi(this);
+    Regras regras;
+    regras.procura = "npass=%1";
+    regras.focoAoInserir = txtDados_0;
+    regras.focoAoAlterar = txtDados_0;
+    regras.fechaSemLinhas = true;
+    usa({cmdIns, cmdAlt, cmdElim, cmdF}, flgPass, {{"Nº Pass.", 130}, {"Destino", 300}}, regras);
+    vigiaData(mskData);
+    connect(cmdLoc, &CommandButton::clicked, this, &FrmPass::cmdLoc_Click);
+    connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);
+}
+
+// Opens on the last row.
+void FrmPass::Form_Load()
+{
+    guarded([&] {
+        Label2_1->setText(frmInd().txtNind->text());
+        Label2_2->setText(frmInd().txtNome->text());
+        for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
+            cmbDados_0->add(estatura);
+        PreencheLocais(*cmbDados_1);
+        aplicaModoDaDescricao("Cons");
+        abreLista("select * from passaporte where nind = " + Label2_1->text());
+        mostraDescricao();
+        ActualizaCampos();
+    });
+}
+
+// Kept: the grid and the place picker are open in both modes.
+const QList<ModeRow>& FrmPass::modos() const
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control      Edi              Cons
+        {"txtDados_0",  {Open, blue},    {Shut, white}},
+        {"mskData",     {Enabled, blue}, {Disabled, white}},
+        {"cmbDados_1",  {Open, blue},    {Shut, white}},
+        {"txtOutras_1", {Open, blue},    {Shut, white}},
+        {"cmdE",        {Disabled},      {Enabled}},
+    };
+    // clang-format on
+    return tabela;
+}
+
+void FrmPass::LimpaCampos()
+{
+    txtDados_0->clear();
+    mskData->clearMasked();
+    cmbDados_1->setListIndex(-1);
+    txtOutras_1->clear();
+}
+
+QStringList FrmPass::PreencheLinha(const jet::Recordset& linha) const
+{
+    return {textoDoNumero(linha["npass"]), NomeLocal(linha["LocalDestino"], linha["TipoLocalDest"]).remove('*')};
+}
+
+void FrmPass::mostraLinha(const jet::Recordset& linha)
+{
+    txtDados_0->setText(textoDoNumero(linha["nPass"]));
+    if (const QVariant quando = linha["dataref"]; !quando.isNull()) mskData->showPlain(textoDaData(quando));
+    SeleccionaLocal(*cmbDados_1, Trim(linha["localdestino"].toString()), Trim(linha["tipolocaldest"].toString()));
+    txtOutras_1->setText(linha["obs"].toString());
+}
+
+// Kept: the focus goes to the date also where the number is missing.
+bool FrmPass::VerificaCampos(Passo)
+{
+    const char* falta = !preenchido(txtDados_0) ? "Deve indicar o nº do passaporte!"
+                        : !preenchido(mskData)  ? "Deve indicar uma data de referência!"
+                                                : nullptr;
+    if (!falta) return true;
+    showMessage(falta);
+    Focus::setTo(mskData);
+    return false;
+}
+
+// No transaction: what a failing statement leaves behind it stays written.
+QString FrmPass::acrescenta()
+{
+    cnBDP.execute("insert into passaporte (nind, npass, dataref) values (" + Label2_1->text() + "," +
+                  txtDados_0->text() + "," + literalDaData(mskData->text()) + ")");
+    gravaDestinoEObs();
+    return chaveEscrita();
+}
+
+// Kept: every passport of the person is renumbered, which the key refuses where there are two.
+QString FrmPass::altera()
+{
+    const QString onde = " where nind = " + Label2_1->text();
+    jet::Transaction transaccao(cnBDP);
+    cnBDP.execute("update passaporte set npass = " + txtDados_0->text() + onde);
+    cnBDP.execute("update passaporte set dataref = " + literalDaData(mskData->text()) + onde);
+    gravaDestinoEObs();
+    transaccao.commit();
+    return chaveEscrita();
+}
+
+// Kept: they go to every passport of the person. Blank ones leave the old values.
+void FrmPass::gravaDestinoEObs()
+{
+    const QString onde = "' where nind = " + Label2_1->text();
+    if (preenchido(cmbDados_1)) {
+        const Local destino = localDoTexto(cmbDados_1->text());
+        cnBDP.execute("update passaporte set localdestino = '" + destino.codigo + onde);
+        cnBDP.execute("update passaporte set tipolocaldest = '" + destino.tipo + onde);
+    }
+    if (preenchido(txtOutras_1)) cnBDP.execute("update passaporte set obs = '" + txtOutras_1->text() + onde);
+}
+
+// The number as the grid shows it.
+QString FrmPass::chaveEscrita() const
+{
+    return textoDoNumero(numeroDoTexto(txtDados_0->text()));
+}
+
+void FrmPass::elimina()
+{
+    cnBDP.execute("Delete from passaporte where nind = " + Label2_1->text() + " and npass = " + txtDados_0->text());
+}
+
+// The picker puts the place into cmbDados_1 and enables this window again.
+void FrmPass::cmdLoc_Click()
+{
+    guarded([&] {
+        OrigemLoc = 7;
+        setEnabled(false);
+        Forms::show("frmLocalizacao");
+    });
+}
+
+void FrmPass::cmdE_Click()
+{
+    guarded([&] {
+        if (cmdE->text() == editar) {
+            if (EmPesquisa) return;
+            cmdE->setText("&Conf./Canc.");
+            return aplicaModoDaDescricao("Edi");
+        }
+        if (ask("Deseja realmente confirmar as alterações?"))
+            gravaDescricao();
+        else
+            mostraDescricao();
+        cmdE->setText(editar);
+        aplicaModoDaDescricao("Cons");
+    });
+}
+
+void FrmPass::aplicaModoDaDescricao(const QString& modo)
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control      Edi           Cons
+        {"cmbDados_0",  {Open, blue}, {Shut, white}},
+        {"txtDados_1",  {Open, blue}, {Shut, white}},
+        {"txtOutras_0", {Open, blue}, {Shut, white}},
+    };
+    // clang-format on
+    applyMode(this, tabela, modo);
+}
+
+// The row of this person, and not that of the card, which may show another one by now.
+jet::Recordset FrmPass::individuo() const
+{
+    return {cnBDP, "select * from individuo where nind = " + Label2_1->text()};
+}
+
+// Kept: a blank column leaves what stands in its field.
+void FrmPass::mostraDescricao()
+{
+    const jet::Recordset pessoa = individuo();
+    if (pessoa.eof()) return;
+    mostraSeHouver(cmbDados_0, pessoa["estatura"]);
+    mostraSeHouver(txtDados_1, pessoa["altura"]);
+    mostraSeHouver(txtOutras_0, pessoa["cFisicas"]);
+}
+
+void FrmPass::gravaDescricao()
+{
+    jet::Recordset pessoa = individuo();
+    pessoa.set("estatura", textoDe(cmbDados_0));
+    pessoa.set("altura", numeroDe(txtDados_1));
+    pessoa.set("cfisicas", textoDe(txtOutras_0));
+    pessoa.update();
+}

@@ -1,0 +1,47 @@
+// The passports issued to a person, and the description of the person that they give.
+#pragma once
+
+#include "attributes/ListaDatada.h"
+
+#include "ui_frmPass.h"
+
+// Chave is the number of the passport shown. The description belongs to the person: it has its own edit (cmdE) and is
+// stored in `individuo`. The card of the person stays in use beside this window.
+class FrmPass : public ListaDatada, public Ui::FrmPass
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmPass";
+
+    FrmPass();
+
+    jet::DataControl rsPass{cnBDP};
+
+    void LimpaCampos() override;
+
+protected:
+    jet::DataControl& registos() override { return rsPass; }
+    const QList<ModeRow>& modos() const override;
+    QStringList PreencheLinha(const jet::Recordset& linha) const override;
+    void mostraLinha(const jet::Recordset& linha) override;
+    bool VerificaCampos(Passo passo) override;
+    QString acrescenta() override;
+    QString altera() override;
+    void elimina() override;
+    QString cartao() const override { return {}; }
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode modo) override { return modo != UnloadMode::ControlMenu; }
+
+private:
+    void cmdLoc_Click();
+    void cmdE_Click();
+
+    void gravaDestinoEObs();
+    QString chaveEscrita() const;
+
+    void aplicaModoDaDescricao(const QString& modo);
+    jet::Recordset individuo() const;
+    void mostraDescricao();
+    void gravaDescricao();
+};

@@ -1,0 +1,183 @@
+#include "attributes/frmRituais.h"
+
+#include "common/campos.h"
+#include "common/ficha.h"
+#include "common/modGeral.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/msgbox.h"
+
+#include <algorithm>
+
+namespace {
+
+// The kinds, in the order of their options.
+struct Sufragio
+{
+    const char *tipolegpio, *categoria;
+};
+
+constexpr Sufragio sufragios[] = {{"missa", "TipMi"}, {"oficio", "TipOf"}, {"esmola", "TipEs"}};
+
+// Alphabetical; the store keeps their first two letters.
+constexpr const char* moedas[] = {"Escudos", "Euros", "Reis"};
+
+} // namespace
+
+FrmRituais::FrmRituais() : ListaDatada(Name)
+{
+    setupUi(this);
+    Regras regras;
+    regras.procura = "idlegpio =%1";
+    regras.focoAoInserir = optLeg_0;
+    regras.preencheAoMostrar = true;
+    regras.eliminarVaiAPrimeira = true;
+    usa({cmdI, cmdA, cmdE, cmdF}, dtgRit, {{"idleg", 0}, {"Tipo", 100}, {"Valor Total", 300}}, regras);
+
+    connect(optLeg_0, &OptionButton::clicked, this, [this] { optLeg_Click(0); });
+    connect(optLeg_1, &OptionButton::clicked, this, [this] { optLeg_Click(1); });
+    connect(optLeg_2, &OptionButton::clicked, this, [this] { optLeg_Click(2); });
+    connect(cmbMoeda_0, &ComboBox::clicked, this, [this] { cmbMoeda_Click(cmbMoeda_0, cmbMoeda_1); });
+    connect(cmbMoeda_1, &ComboBox::clicked, this, [this] { cmbMoeda_Click(cmbMoeda_1, cmbMoeda_0); });
+    for (TextBox* campo : {txtQ, txtNP})
+        Focus::watch(campo, {}, [=] { VerificaNumero(*campo, "Deve inserir um número maior ou igual a 0!", 0); });
+    for (TextBox* campo : {txtVU, txtVTotal})
+        Focus::watch(campo, {}, [=] { VerificaNumero(*campo, "Deve inserir um valor monetário válido!", 0); });
+}
+
+// Opens on the first row.
+void FrmRituais::Form_Load()
+{
+    guarded([&] {
+        txtNind->setText(frmInd().txtNind->text());
+        txtNome->setText(frmInd().txtNome->text());
+        for (ComboBox* lista : {cmbMoeda_0, cmbMoeda_1}) {
+            for (const char* moeda : moedas)
+                lista->add(moeda);
+            lista->setListIndex(0);
+        }
+        abreLista("Select nind, idlegpio, tipolegpio, quantidade, valorunit,  tipoMoeda, tipo, destino, "
+                  "numpadres,valortotal, obs from  rituaismorte where nind = " +
+                  txtNind->text());
+        mostraPrimeira();
+    });
+}
+
+const QList<ModeRow>& FrmRituais::modos() const
+{
+    using enum Effect;
+    constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
+    // clang-format off
+    static const QList<ModeRow> tabela{
+        // control      Edi              Cons
+        {"dtgRit",      {Disabled},      {Enabled}},
+        {"fraLeg",      {Enabled},       {Disabled}},
+        {"cmbTipo",     {Enabled, blue}, {Disabled, white}},
+        {"txtQ",        {Enabled, blue}, {Disabled, white}},
+        {"txtVU",       {Enabled, blue}, {Disabled, white}},
+        {"cmbMoeda_0",  {Enabled, blue}, {Disabled, white}},
+        {"txtVTotal",   {Enabled, blue}, {Disabled, white}},
+        {"cmbMoeda_1",  {Enabled, blue}, {Disabled, white}},
+        {"txtDest",     {Enabled, blue}, {Disabled, white}},
+        {"txtNP",       {Enabled, blue}, {Disabled, white}},
+        {"txtObs",      {Enabled, blue}, {Disabled, white}},
+    };
+    // clang-format on
+    return tabela;
+}
+
+// The currency stays: a new row proposes that of the row shown before.
+void FrmRituais::LimpaCampos()
+{
+    for (OptionButton* opcao : {optLeg_0, optLeg_1, optLeg_2})
+        opcao->setValue(false);
+    cmbTipo->clear();
+    for (TextBox* campo : {txtVU, txtQ, txtVTotal, txtDest, txtNP})
+        campo->clear();
+    txtObs->clear();
+}
+
+QStringList FrmRituais::PreencheLinha(const jet::Recordset& linha) const
+{
+    return {textoDoNumero(linha["idlegpio"]), linha["tipolegPio"].toString(), textoDoNumero(linha["valortotal"])};
+}
+
+void FrmRituais::mostraLinha(const jet::Recordset& linha)
+{
+    if (const QString tipo = linha["tipolegpio"].toString().toLower().remove(' '); !tipo.isEmpty())
+        PreencheTipo(tipo, 0);
+    ProcuraItemData(*cmbTipo, linha["Tipo"]);
+    mostraSeHouver(txtQ, linha["quantidade"]);
+    mostraSeHouver(txtVU, linha["valorunit"]);
+    mostraSeHouver(txtObs, linha["obs"]);
+    mostraSeHouver(txtDest, linha["destino"]);
+    mostraSeHouver(txtNP, linha["numpadres"]);
+    mostraSeHouver(txtVTotal, linha["valortotal"]);
+    // Kept: a row with no currency leaves that of the row shown before.
+    const QString moeda = linha["tipomoeda"].toString();
+    const auto guardada =
+        std::ranges::find_if(moedas, [&](const char* nome) { return QString(nome).left(2) == moeda; });
+    if (guardada != std::end(moedas)) cmbMoeda_0->setListIndex(static_cast<int>(guardada - std::begin(moedas)));
+}
+
+void FrmRituais::PreencheTipo(const QString& texto, int indice)
+{
+    const auto* sufragio = &sufragios[indice];
+    if (!texto.isEmpty()) sufragio = std::ranges::find(sufragios, texto, &Sufragio::tipolegpio);
+    if (sufragio == std::end(sufragios)) return;
+    OptionButton* const opcoes[] = {optLeg_0, optLeg_1, optLeg_2};
+    opcoes[sufragio - sufragios]->setValue(true);
+    jet::Recordset tipos(cnBDP, QStringLiteral("select codigo, descricao from infocomplementar where categoria = '") +
+                                    sufragio->categoria + "' order by codigo");
+    if (!tipos.eof()) PreencheCombo(*cmbTipo, tipos, 1, 0);
+}
+
+void FrmRituais::optLeg_Click(int indice)
+{
+    guarded([&] { PreencheTipo({}, indice); });
+}
+
+// One suffrage has one currency.
+void FrmRituais::cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra)
+{
+    outra->setText(escolhida->text());
+}
+
+// Only a new row has to tell something.
+bool FrmRituais::VerificaCampos(Passo passo)
+{
+    if (passo == Passo::Alteracao || preenchido(cmbTipo) || preenchido(txtQ) || preenchido(txtVU) ||
+        preenchido(txtVTotal))
+        return true;
+    showMessage("Não inseriu informação necessária para poder confirmar a inserção!");
+    return false;
+}
+
+QString FrmRituais::acrescenta()
+{
+    const QString numero = proximoNumero("idlegpio");
+    acrescentaLinha(Valores{{"nind", txtNind->text()}, {"idlegpio", numero}} + valores());
+    return numero;
+}
+
+QString FrmRituais::altera()
+{
+    const QString numero = textoDoNumero(adoRit.recordset()["idlegpio"]);
+    alteraLinha(valores());
+    return numero;
+}
+
+// Kept: with no option on it is alms. Only the first of the two currencies is stored.
+ListaDatada::Valores FrmRituais::valores() const
+{
+    const int opcao = optLeg_0->isChecked() ? 0 : optLeg_1->isChecked() ? 1 : 2;
+    return {{"tipolegpio", sufragios[opcao].tipolegpio},
+            {"tipo", itemDe(cmbTipo)},
+            {"quantidade", numeroDe(txtQ)},
+            {"valorunit", numeroDe(txtVU)},
+            {"obs", textoDe(txtObs)},
+            {"destino", textoDe(txtDest)},
+            {"numpadres", numeroDe(txtNP)},
+            {"valortotal", numeroDe(txtVTotal)},
+            {"tipomoeda", cmbMoeda_0->text().left(2)}};
+}

@@ -1,0 +1,38 @@
+// What a person left for the good of the soul: masses, offices and alms. Nothing is computed; the total is typed.
+#pragma once
+
+#include "attributes/ListaDatada.h"
+
+#include "ui_frmRituais.h"
+
+class FrmRituais : public ListaDatada, public Ui::FrmRituais
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmRituais";
+
+    FrmRituais();
+
+    jet::DataControl adoRit{cnBDP};
+
+    void LimpaCampos() override;
+    // The codes of a kind into cmbTipo, and its option on. The kind is told by its text, or by the index of its option
+    // where the text is empty. A category without codes leaves the list as it is.
+    void PreencheTipo(const QString& texto, int indice);
+
+protected:
+    jet::DataControl& registos() override { return adoRit; }
+    const QList<ModeRow>& modos() const override;
+    QStringList PreencheLinha(const jet::Recordset& linha) const override;
+    void mostraLinha(const jet::Recordset& linha) override;
+    bool VerificaCampos(Passo passo) override;
+    QString acrescenta() override;
+    QString altera() override;
+    void Form_Load() override;
+
+private:
+    void optLeg_Click(int indice);
+    void cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra);
+    Valores valores() const;
+};
