@@ -59,14 +59,13 @@ protected:
         QWidget* focoAoInserir = nullptr;
         QWidget* focoAoAlterar = nullptr; // null: it stays where it is
         QString pergunta = "Tem a certeza que deseja eliminar este registo?";
-        bool perguntaPrimeiro = false;   // a deletion asks before it looks at EmPesquisa
-        bool limpaAoMostrar = true;      // the fields are cleared before a row is shown
-        bool preencheAoMostrar = false;  // the rows are read and the grid is filled whenever a row is shown
-        bool preencheAoCancelar = false; // the grid is filled when an addition is cancelled
-        bool fechaSemLinhas = false;     // an empty grid shuts the commands that alter and delete
-        bool releAoAlterar = true;       // the rows are read again after an alteration, so that they stand in order
-        bool eliminarVaiAPrimeira =
-            false; // a deletion shows the first row; otherwise the one above, or below the first
+        bool perguntaPrimeiro = false;     // a deletion asks before it looks at EmPesquisa
+        bool limpaAoMostrar = true;        // the fields are cleared before a row is shown
+        bool preencheAoMostrar = false;    // the rows are read and the grid is filled whenever a row is shown
+        bool preencheAoCancelar = false;   // the grid is filled when an addition is cancelled
+        bool fechaSemLinhas = false;       // an empty grid shuts the commands that alter and delete
+        bool releAoAlterar = true;         // the rows are read again after an alteration, so that they stand in order
+        bool eliminarVaiAPrimeira = false; // a deletion shows the first row, and not a neighbour
         bool guardaUltimaNaGrelha = false; // the last row of all stays on the grid when it is deleted
     };
 
