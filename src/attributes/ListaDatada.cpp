@@ -103,8 +103,8 @@ void ListaDatada::ActualizaCampos()
         linhas.moveFirst();
         linhas.find(regras_.procura.arg(Chave));
         if (linhas.eof()) return LimpaCampos();
-        grelha_->setRow(linhas.absolutePosition());
     }
+    grelha_->setRow(linhas.absolutePosition());
     mostraLinha(linhas);
 }
 

@@ -31,8 +31,8 @@ public:
     virtual void LimpaCampos() = 0;
     // Fills the grid, which keeps its row. The cursor is left behind the last row.
     void PreencheFG();
-    // Shows the row of Chave, on which the grid's current row follows; with no Chave the row where the cursor stands,
-    // or the last one from behind it. A row that has gone from the store clears the fields.
+    // Shows the row of Chave; with no Chave the row where the cursor stands, or the last one from behind it. The grid's
+    // current row follows. A row that has gone from the store clears the fields.
     void ActualizaCampos();
 
 protected:

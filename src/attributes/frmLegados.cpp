@@ -17,7 +17,7 @@ FrmLegados::FrmLegados() : ListaDatada(Name)
     regras.preencheAoMostrar = true;
     regras.eliminarVaiAPrimeira = true;
     regras.guardaUltimaNaGrelha = true;
-    usa({cmdI, cmdA, cmdE, cmdF}, dtgLeg, {{"idleg", 0}, {"Herdeiro", 100}, {"Parentesco", 300}}, regras);
+    usa({cmdI, cmdA, cmdE, cmdF}, dtgLeg, {{"idleg", 0}, {"Herdeiro", 100}, {"Parentesco"}}, regras);
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmLegados::cmdIrpara_Click);
 }
 

@@ -24,7 +24,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
     regras.focoAoInserir = txtDados_0;
     regras.focoAoAlterar = txtDados_0;
     regras.fechaSemLinhas = true;
-    usa({cmdIns, cmdAlt, cmdElim, cmdF}, flgPass, {{"Nº Pass.", 130}, {"Destino", 300}}, regras);
+    usa({cmdIns, cmdAlt, cmdElim, cmdF}, flgPass, {{"Nº Pass.", 130}, {"Destino"}}, regras);
     vigiaData(mskData);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmPass::cmdLoc_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);

@@ -4,7 +4,6 @@
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 
 #include <algorithm>
@@ -32,7 +31,7 @@ FrmRituais::FrmRituais() : ListaDatada(Name)
     regras.focoAoInserir = optLeg_0;
     regras.preencheAoMostrar = true;
     regras.eliminarVaiAPrimeira = true;
-    usa({cmdI, cmdA, cmdE, cmdF}, dtgRit, {{"idleg", 0}, {"Tipo", 100}, {"Valor Total", 300}}, regras);
+    usa({cmdI, cmdA, cmdE, cmdF}, dtgRit, {{"idleg", 0}, {"Tipo", 100}, {"Valor Total"}}, regras);
 
     connect(optLeg_0, &OptionButton::clicked, this, [this] { optLeg_Click(0); });
     connect(optLeg_1, &OptionButton::clicked, this, [this] { optLeg_Click(1); });
@@ -40,9 +39,9 @@ FrmRituais::FrmRituais() : ListaDatada(Name)
     connect(cmbMoeda_0, &ComboBox::clicked, this, [this] { cmbMoeda_Click(cmbMoeda_0, cmbMoeda_1); });
     connect(cmbMoeda_1, &ComboBox::clicked, this, [this] { cmbMoeda_Click(cmbMoeda_1, cmbMoeda_0); });
     for (TextBox* campo : {txtQ, txtNP})
-        Focus::watch(campo, {}, [=] { VerificaNumero(*campo, "Deve inserir um número maior ou igual a 0!", 0); });
+        vigiaNumero(campo, "Deve inserir um número maior ou igual a 0!");
     for (TextBox* campo : {txtVU, txtVTotal})
-        Focus::watch(campo, {}, [=] { VerificaNumero(*campo, "Deve inserir um valor monetário válido!", 0); });
+        vigiaNumero(campo, "Deve inserir um valor monetário válido!");
 }
 
 // Opens on the first row.
