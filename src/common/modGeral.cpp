@@ -9,8 +9,6 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
-#include <limits>
-
 void MostraErro(const jet::Error& erro)
 {
     if (erro.number == 0) return;
@@ -25,9 +23,6 @@ int ProcuraItemData(ComboBox& lista, const QVariant& valor)
     if (texto.isEmpty()) return -1;
 
     const double procurado = numeroDoTexto(texto);
-    if (procurado < std::numeric_limits<qint16>::min() || procurado > std::numeric_limits<qint16>::max())
-        throw jet::Error{jet::number::overflow, "O número " + texto + " é demasiado grande."};
-
     for (int i = 0; i < lista.count(); ++i) {
         if (lista.itemData(i) != procurado) continue;
         lista.setListIndex(i);

@@ -29,7 +29,7 @@ void guarded(Routine&& routine)
 }
 
 // Chooses the first entry with that item number and returns its index; -1, with the choice as it was, where there is
-// none or the value is null or blank. Throws Error 13 for a text that is no number, 6 beyond 16 bits.
+// none or the value is null or blank. Throws Error 13 for a text that is no number.
 int ProcuraItemData(ComboBox& lista, const QVariant& valor);
 
 // Chooses the first entry whose trimmed text is the value without its "*"s, trimmed; as ProcuraItemData otherwise.

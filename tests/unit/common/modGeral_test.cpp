@@ -53,12 +53,16 @@ TEST_F(SharedLists, NoNumberLeavesTheChoice)
     EXPECT_EQ(lista.listIndex(), 1);
 }
 
-TEST_F(SharedLists, WhatIsNoSixteenBitNumberIsAnError)
+TEST_F(SharedLists, WhatIsNoNumberIsAnError)
 {
     EXPECT_EQ(errorOf([&] { ProcuraItemData(lista, "T"); }).number, jet::number::typeMismatch);
-    EXPECT_EQ(errorOf([&] { ProcuraItemData(lista, 32768); }).number, jet::number::overflow);
-    EXPECT_EQ(errorOf([&] { ProcuraItemData(lista, 32767); }).number, 0);
-    EXPECT_EQ(errorOf([&] { ProcuraItemData(lista, -32769); }).number, jet::number::overflow);
+}
+
+TEST_F(SharedLists, ACodeMayBeAsLargeAsAnEntryHoldsIt)
+{
+    const int novo = lista.add("Compadre", 2147483647);
+    EXPECT_EQ(ProcuraItemData(lista, 2147483647), novo);
+    EXPECT_EQ(ProcuraItemData(lista, 1e12), -1);
 }
 
 TEST_F(SharedLists, AnEntryIsFoundByItsTextWithoutTheMarkOfTheValue)
