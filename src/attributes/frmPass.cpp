@@ -30,20 +30,18 @@ FrmPass::FrmPass() : ListaDatada(Name)
     connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);
 }
 
-// Opens on the last row.
+// Opens on the last row. Where it fails, as with nobody on the card, the menu tells why and no window stays.
 void FrmPass::Form_Load()
 {
-    guarded([&] {
-        Label2_1->setText(frmInd().txtNind->text());
-        Label2_2->setText(frmInd().txtNome->text());
-        for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
-            cmbDados_0->add(estatura);
-        PreencheLocais(*cmbDados_1);
-        aplicaModoDaDescricao("Cons");
-        abreLista("select * from passaporte where nind = " + Label2_1->text());
-        mostraDescricao();
-        ActualizaCampos();
-    });
+    Label2_1->setText(frmInd().txtNind->text());
+    Label2_2->setText(frmInd().txtNome->text());
+    for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
+        cmbDados_0->add(estatura);
+    PreencheLocais(*cmbDados_1);
+    aplicaModoDaDescricao("Cons");
+    abreLista("select * from passaporte where nind = " + Label2_1->text());
+    mostraDescricao();
+    ActualizaCampos();
 }
 
 // Kept: the grid and the place picker are open in both modes.
