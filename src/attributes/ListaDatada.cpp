@@ -180,8 +180,8 @@ void ListaDatada::confirmaInsercao()
 void ListaDatada::cancelaInsercao()
 {
     terminaInsercao();
-    if (regras_.preencheAoCancelar) PreencheFG();
     AplicarModo("Cons");
+    if (regras_.preencheAoCancelar) PreencheFG();
     ActualizaCampos();
 }
 

@@ -91,6 +91,7 @@ void FrmProf::mostraLinha(const jet::Recordset& linha)
     mostraSeHouver(txtObs, linha["obs"]);
 }
 
+// The numbers of professions go beyond what ProcuraItemData() takes.
 void FrmProf::escolheProfissao(int codigo)
 {
     for (int indice = 0; indice < cmbProf->count(); ++indice)
