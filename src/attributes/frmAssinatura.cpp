@@ -4,7 +4,6 @@
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
@@ -109,10 +108,9 @@ void FrmAssinatura::preparaAlteracao()
 bool FrmAssinatura::VerificaCampos(Passo passo)
 {
     if (!mskData->text().isEmpty()) return true;
-    showMessage(passo == Passo::Insercao ? "Deve indicar uma data de referência!"
-                                         : "Deve Adicionar uma data de referência!");
-    Focus::setTo(mskData);
-    return false;
+    return recusa(passo == Passo::Insercao ? "Deve indicar uma data de referência!"
+                                           : "Deve Adicionar uma data de referência!",
+                  mskData);
 }
 
 QString FrmAssinatura::acrescenta()

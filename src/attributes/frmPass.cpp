@@ -5,7 +5,6 @@
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
@@ -89,10 +88,7 @@ bool FrmPass::VerificaCampos(Passo)
     const char* falta = !preenchido(txtDados_0) ? "Deve indicar o nº do passaporte!"
                         : !preenchido(mskData)  ? "Deve indicar uma data de referência!"
                                                 : nullptr;
-    if (!falta) return true;
-    showMessage(falta);
-    Focus::setTo(mskData);
-    return false;
+    return !falta || recusa(falta, mskData);
 }
 
 // No transaction: what a failing statement leaves behind it stays written.

@@ -4,9 +4,7 @@
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
-#include "platform/forms/msgbox.h"
 
 FrmProf& frmProf()
 {
@@ -86,31 +84,16 @@ void FrmProf::mostraLinha(const jet::Recordset& linha)
 {
     if (const QVariant dataref = linha["dataref"]; !dataref.isNull()) mskData->showPlain(textoDaData(dataref));
     chkDF->setChecked(linha["datafixa"].toBool());
-    if (const QVariant codigo = linha["codprof"]; !codigo.isNull()) escolheProfissao(codigo.toInt());
+    ProcuraItemData(*cmbProf, linha["codprof"]);
     mostraSeHouver(txtFonte, linha["fonte"]);
     mostraSeHouver(txtObs, linha["obs"]);
-}
-
-// The numbers of professions go beyond what ProcuraItemData() takes.
-void FrmProf::escolheProfissao(int codigo)
-{
-    for (int indice = 0; indice < cmbProf->count(); ++indice)
-        if (cmbProf->itemData(indice) == codigo) return cmbProf->setListIndex(indice);
 }
 
 // Kept: the empty mask isn't the empty text. It passes here, and the store refuses it as a date.
 bool FrmProf::VerificaCampos(Passo passo)
 {
-    if (mskData->text().isEmpty()) {
-        showMessage("Deve indicar uma data de referência!");
-        Focus::setTo(mskData);
-        return false;
-    }
-    if (passo == Passo::Insercao && cmbProf->text().isEmpty()) {
-        showMessage("Deve indicar uma profissão!");
-        Focus::setTo(cmbProf);
-        return false;
-    }
+    if (mskData->text().isEmpty()) return recusa("Deve indicar uma data de referência!", mskData);
+    if (passo == Passo::Insercao && cmbProf->text().isEmpty()) return recusa("Deve indicar uma profissão!", cmbProf);
     return true;
 }
 

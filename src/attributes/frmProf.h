@@ -30,7 +30,6 @@ protected:
 
 private:
     void PreencheProfissoes();
-    void escolheProfissao(int codigo);
 };
 
 // The one window, loaded at first touch.

@@ -6,9 +6,7 @@
 #include "common/modGeral.h"
 #include "families/frmFam.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
-#include "platform/forms/msgbox.h"
 
 namespace {
 
@@ -110,11 +108,6 @@ void FrmResid::mostraLinha(const jet::Recordset& linha)
 // typed, and is read month first where that makes a date: a second row of such a date is refused by the key alone.
 bool FrmResid::VerificaCampos(Passo)
 {
-    const auto recusa = [](const char* motivo, QWidget* campo) {
-        showMessage(motivo);
-        Focus::setTo(campo);
-        return false;
-    };
     if (!preenchido(cmbLoc)) return recusa("Deve indicar o local da residência!", cmbLoc);
     if (mskData->text() == emptyMaskedDate) return recusa("Deve indicar uma data de referência!", mskData);
     if (!adoResid.hasRows()) return true;
