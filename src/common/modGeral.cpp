@@ -54,10 +54,7 @@ void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, i
     for (registos.moveFirst(); !registos.eof(); registos.moveNext()) {
         const int novo = lista.add(requiredText(registos[colunaTexto]));
         if (colunaDados == colunaTexto) continue;
-        const QString codigo = requiredText(registos[colunaDados]);
-        bool numero = false;
-        lista.setItemData(novo, codigo.toInt(&numero));
-        if (!numero) throw jet::Error{jet::number::typeMismatch, "O código \"" + codigo + "\" não é um número."};
+        lista.setItemData(novo, codigoDoTexto(requiredText(registos[colunaDados])));
     }
 }
 

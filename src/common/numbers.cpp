@@ -24,6 +24,14 @@ double numeroDoTexto(const QString& texto)
     throw jet::Error{jet::number::typeMismatch, "\"" + texto + "\" não é um número."};
 }
 
+qint32 codigoDoTexto(const QString& texto)
+{
+    bool valido = false;
+    const qint32 codigo = texto.toInt(&valido);
+    if (valido) return codigo;
+    throw jet::Error{jet::number::typeMismatch, "O código \"" + texto + "\" não é um número."};
+}
+
 void VerificaNumero(TextBox& campo, const QString& recusa, double minimo, double maximo)
 {
     guarded([&] {

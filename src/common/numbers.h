@@ -14,6 +14,10 @@ QString textoDoNumero(const QVariant& numero);
 // The decimal sign is a comma or a point. Throws Error 13 for a text that is no number, an empty one included.
 double numeroDoTexto(const QString& texto);
 
+// The number of a code, as the entries of the lists hold it. Throws Error 13 for a text that is no whole number of 32
+// bits.
+qint32 codigoDoTexto(const QString& texto);
+
 // The check of a number field that is left: it is blank, or holds a number within the bounds. Otherwise the user is
 // told `recusa`, and the field is cleared and gets the focus again.
 // Kept: the conversion comes first, so that a text which is no number is told as an error and stays.

@@ -9,6 +9,8 @@
 #include "attributes/frmProf.h"
 #include "attributes/frmResid.h"
 #include "attributes/frmRituais.h"
+#include "codes/frmInfo.h"
+#include "codes/frmProfissao.h"
 #include "common/globals.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
@@ -75,6 +77,8 @@ void registerForms()
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
     Forms::add("frmResult", [] { return new FrmResult; });
     Forms::add("frmArv", [] { return new FrmArv; });
+    Forms::add("frmProfissao", [] { return new FrmProfissao; });
+    Forms::add("frmInfo", [] { return new FrmInfo; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });
 }

@@ -1,0 +1,200 @@
+#include "codes/frmInfo.h"
+
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/vbtext.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+#include "store/modBD.h"
+
+FrmInfo& frmInfo()
+{
+    return theForm<FrmInfo>();
+}
+
+FrmInfo::FrmInfo() : EditorDeCodigos(Name)
+{
+    setupUi(this);
+    connect(cmbCat, &ComboBox::clicked, this, &FrmInfo::cmbCat_Click);
+    connect(dtgInfo, &Grid::picked, this, &FrmInfo::dtgInfo_Click);
+    usaComandos(*this);
+}
+
+void FrmInfo::Form_Load()
+{
+    guarded([&] {
+        adoInfo.setRecordSource("select codigo, descricao,categoria from infocomplementar");
+        adoInfo.refresh();
+        adoInfo.recordset().setSort("codigo ASC");
+        preencheCategorias();
+    });
+}
+
+// The first category is chosen, and with it its codes are shown.
+void FrmInfo::preencheCategorias()
+{
+    const auto falta = [](const QString& oQue) {
+        showMessage("A base de dados não " + oQue + " categorias!\r\nContacte o suporte!", Icon::Critical);
+    };
+    if (!ExisteTabela("categoria", cnBDP)) return falta("contém a tabela de");
+    jet::Recordset categorias(cnBDP, "select codcat, nomecat from categoria");
+    if (categorias.eof()) return falta("faz referência a");
+    for (; !categorias.eof(); categorias.moveNext())
+        cmbCat->add(categorias["codcat"].toString() + " - " + categorias["nomecat"].toString());
+    cmbCat->setListIndex(0);
+}
+
+QString FrmInfo::categoria() const
+{
+    return Mid(cmbCat->text(), 1, 5);
+}
+
+void FrmInfo::cmbCat_Click()
+{
+    guarded([&] {
+        adoInfo.recordset().setFilter("categoria='" + categoria() + "'");
+        Chave.clear();
+        PreencheFG();
+        if (inserindo()) propoeCodigo(); // the new row goes to the category that is chosen now
+    });
+}
+
+void FrmInfo::dtgInfo_Click()
+{
+    guarded([&] {
+        jet::Recordset& registos = adoInfo.recordset();
+        registos.moveFirst();
+        registos.find("codigo ='" + dtgInfo->textMatrix(dtgInfo->row(), 0) + "'");
+        mostraLinha();
+    });
+}
+
+// The marks aren't shown.
+void FrmInfo::PreencheFG()
+{
+    jet::Recordset& registos = adoInfo.recordset();
+    const int linhas = registos.recordCount();
+    dtgInfo->setRows(linhas == 0 ? 0 : linhas + 1);
+    dtgInfo->setCols(2);
+    dtgInfo->setTextMatrix(0, 0, "Código");
+    dtgInfo->setTextMatrix(0, 1, "Descrição");
+    for (int linha = 1; linha <= linhas; ++linha) {
+        registos.setAbsolutePosition(linha);
+        dtgInfo->setTextMatrix(linha, 0, registos["codigo"].toString());
+        dtgInfo->setTextMatrix(linha, 1, registos["descricao"].toString().remove('*'));
+    }
+    if (linhas > 0) registos.moveFirst();
+    if (!Chave.isEmpty()) registos.find("codigo ='" + Chave + "'");
+    dtgInfo->setRow(registos.absolutePosition());
+    if (!inserindo()) mostraLinha();
+}
+
+void FrmInfo::mostraLinha()
+{
+    const jet::Recordset& registos = adoInfo.recordset();
+    const bool existe = registos.absolutePosition() > 0;
+    txtCod->setText(existe ? registos["codigo"].toString() : QString());
+    txtNome->setText(existe ? registos["descricao"].toString().remove('*') : QString());
+}
+
+// Captions, grid and fields as they are between two edits.
+void FrmInfo::terminaEdicao()
+{
+    EditorDeCodigos::terminaEdicao();
+    dtgInfo->setEnabled(true);
+    txtCod->setLocked(true);
+    txtNome->setLocked(true);
+}
+
+void FrmInfo::abreInsercao()
+{
+    dtgInfo->setEnabled(false);
+    txtCod->setLocked(false);
+    txtNome->setLocked(false);
+    txtNome->clear();
+    Focus::setTo(txtNome);
+    propoeCodigo();
+}
+
+void FrmInfo::propoeCodigo()
+{
+    const jet::Recordset ultimo(cnBDP, "Select max (cint(codigo)) from infocomplementar where categoria = '" +
+                                           categoria() + "'");
+    const QVariant maior = ultimo.eof() ? QVariant() : ultimo[0];
+    txtCod->setText(textoDoNumero(maior.toDouble() + 1));
+}
+
+bool FrmInfo::descricaoEmFalta(bool comIcone)
+{
+    if (!txtNome->text().isEmpty()) return false;
+    showMessage("Deve inserir uma descrição!", comIcone ? Icon::Information : Icon::None);
+    Focus::setTo(txtNome);
+    return true;
+}
+
+void FrmInfo::confirmaInsercao()
+{
+    if (descricaoEmFalta(true)) return;
+    codigoDoTexto(txtCod->text()); // a code that is no number would leave the cards without their lists
+    jet::Recordset& registos = adoInfo.recordset();
+    registos.addNew();
+    registos.set("codigo", txtCod->text());
+    registos.set("categoria", categoria());
+    escreve();
+}
+
+// The description of the new or the current row; it is shown as the row chosen.
+void FrmInfo::escreve()
+{
+    jet::Recordset& registos = adoInfo.recordset();
+    registos.set("descricao", "*" + txtNome->text());
+    registos.update();
+    Chave = registos["codigo"].toString();
+    registos.setSort("codigo ASC");
+    terminaEdicao();
+    PreencheFG();
+}
+
+// Whether the current row is the researcher's own; of a fixed one the user is told. No row, nothing to tell.
+bool FrmInfo::provisoria(const QString& mensagemSeFixa)
+{
+    const jet::Recordset& registos = adoInfo.recordset();
+    if (registos.absolutePosition() == 0) return false;
+    if (registos["Descricao"].toString().startsWith('*')) return true;
+    showMessage(mensagemSeFixa);
+    return false;
+}
+
+bool FrmInfo::podeAlterar()
+{
+    return provisoria("Não é possível alterar este registo!");
+}
+
+void FrmInfo::abreAlteracao()
+{
+    txtNome->setLocked(false);
+    Focus::setTo(txtNome);
+}
+
+void FrmInfo::confirmaAlteracao()
+{
+    if (descricaoEmFalta(false)) return; // Kept: without the icon
+    escreve();
+}
+
+// Kept: whether a card uses the code isn't asked.
+void FrmInfo::elimina()
+{
+    if (!provisoria("Não é possível eliminar este registo!")) return;
+    if (!ask(" Tem a certeza que deseja eliminar este registo?")) return;
+    jet::Recordset& registos = adoInfo.recordset();
+    registos.deleteRow();
+    Chave.clear();
+    if (adoInfo.hasRows()) {
+        registos.movePrevious();
+        if (registos.bof()) registos.moveFirst();
+        Chave = registos["codigo"].toString();
+    }
+    PreencheFG();
+}

@@ -1,0 +1,176 @@
+#include "codes/frmProfissao.h"
+
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/vbtext.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+
+#include <QSignalBlocker>
+
+FrmProfissao& frmProfissao()
+{
+    return theForm<FrmProfissao>();
+}
+
+FrmProfissao::FrmProfissao() : EditorDeCodigos(Name)
+{
+    setupUi(this);
+    connect(lstProf, &ListBox::clicked, this, &FrmProfissao::lstProf_Click);
+    connect(lstProf, &ListBox::currentRowChanged, this, &FrmProfissao::lstProf_Click); // the arrow keys choose too
+    usaComandos(*this);
+}
+
+void FrmProfissao::Form_Load()
+{
+    guarded([&] {
+        adoProf.setRecordSource("select * from profissao order by codprof");
+        adoProf.refresh();
+        jet::Recordset& registos = adoProf.recordset();
+        for (; !registos.eof(); registos.moveNext())
+            lstProf->add(registos["profissao"].toString(), codigoDoTexto(codigoDaLinha()));
+        if (adoProf.hasRows()) registos.moveFirst();
+        mostraLinha();
+    });
+}
+
+// Brings an open frmProf up to date.
+void FrmProfissao::Form_Unload()
+{
+    if (Forms::isUnloadingAll()) return;
+    for (QWidget* form : Forms::loaded()) {
+        if (form->objectName().toLower() != "frmprof") continue;
+        auto* lista = form->findChild<ComboBox*>("cmbProf");
+        lista->clear();
+        for (int i = 0; i < lstProf->listCount(); ++i)
+            lista->add(lstProf->list(i), lstProf->itemData(i));
+        static_cast<Form*>(form)->display();
+        return;
+    }
+}
+
+void FrmProfissao::mostraLinha()
+{
+    jet::Recordset& registos = adoProf.recordset();
+    if (!Chave.isEmpty() && adoProf.hasRows()) {
+        registos.moveFirst();
+        registos.find("codProf=" + Chave);
+    }
+    const bool existe = registos.absolutePosition() > 0;
+    txtCod->setText(existe ? codigoDaLinha() : QString());
+    txtDes->setText(existe ? registos["profissao"].toString().remove('*') : QString());
+    txtObs->setText(existe ? registos["obs"].toString() : QString());
+}
+
+QString FrmProfissao::codigoDaLinha()
+{
+    return textoDoNumero(adoProf.recordset()["codprof"]);
+}
+
+int FrmProfissao::entradaDaLinha()
+{
+    const qint32 codigo = codigoDoTexto(codigoDaLinha());
+    for (int i = 0; i < lstProf->listCount(); ++i)
+        if (lstProf->itemData(i) == codigo) return i;
+    return -1;
+}
+
+void FrmProfissao::lstProf_Click()
+{
+    guarded([&] {
+        if (lstProf->list(lstProf->listIndex()).isEmpty()) return;
+        Chave = QString::number(lstProf->itemData(lstProf->listIndex()));
+        mostraLinha();
+    });
+}
+
+void FrmProfissao::abreInsercao()
+{
+    propoeCodigo();
+    txtDes->clear();
+    txtObs->clear();
+    Focus::setTo(txtDes);
+}
+
+void FrmProfissao::propoeCodigo()
+{
+    txtCod->clear();
+    if (!adoProf.hasRows()) return;
+    adoProf.recordset().moveLast();
+    txtCod->setText(textoDoNumero(adoProf.recordset()["Codprof"].toDouble() + 1));
+}
+
+// Whether what stands in txtDes can't be stored: the user is told, and goes on there.
+bool FrmProfissao::designacaoRecusada(const QString& mensagemSeFalta)
+{
+    if (txtDes->text().isEmpty()) {
+        showMessage(mensagemSeFalta);
+        Focus::setTo(txtDes);
+        return true;
+    }
+    // Kept: the texts are compared as they are stored, so a marked one is no duplicate of the same word, and a standard
+    // one that is altered without a change is a duplicate of itself.
+    const jet::Recordset repetida(cnBDP, "select * from profissao where profissao = '" + Trim(txtDes->text()) + "'");
+    if (repetida.eof()) return false;
+    showMessage("Essa profissão já existe!");
+    txtDes->clear();
+    Focus::setTo(txtDes);
+    return true;
+}
+
+// The command stays at its confirmation, with the next code proposed: so a series can be typed.
+void FrmProfissao::confirmaInsercao()
+{
+    if (designacaoRecusada("Deve inserir uma designação para a nova profisssão!")) return;
+    const QString marcada = "*" + txtDes->text();
+    jet::Recordset& registos = adoProf.recordset();
+    registos.addNew();
+    registos.set("codprof", txtCod->text());
+    registos.set("profissao", marcada);
+    registos.set("obs", txtObs->text());
+    registos.update();
+    lstProf->add(marcada, codigoDoTexto(codigoDaLinha()));
+    propoeCodigo();
+}
+
+bool FrmProfissao::podeAlterar()
+{
+    return adoProf.recordset().absolutePosition() > 0;
+}
+
+void FrmProfissao::confirmaAlteracao()
+{
+    if (designacaoRecusada("Deve inserir a designação da profissão!")) return;
+    const QString marcada = "*" + txtDes->text();
+    jet::Recordset& registos = adoProf.recordset();
+    registos.set("profissao", marcada);
+    registos.set("obs", txtObs->text());
+    registos.update();
+    lstProf->item(entradaDaLinha())->setText(marcada);
+    const QString codigo = codigoDaLinha();
+    registos.setSort("codprof ASC");
+    registos.find("codprof=" + codigo);
+    mostraLinha();
+    terminaEdicao();
+}
+
+void FrmProfissao::elimina()
+{
+    jet::Recordset& registos = adoProf.recordset();
+    if (registos.absolutePosition() == 0) return;
+    if (!ask("Tem a certeza que deseja eliminar este registo?")) return;
+    const jet::Recordset usos(cnBDP, "select count(*) as Cont from profissoes where codprof = " + codigoDaLinha());
+    if (usos["cont"].toDouble() != 0)
+        return showMessage("Não é possível eliminar a profissão seleccionada, pois já existem registos relacionados!");
+    const int entrada = entradaDaLinha();
+    registos.deleteRow();
+    {
+        const QSignalBlocker quieta(lstProf); // the row that remains current is shown, whatever the list turns to
+        lstProf->removeItem(entrada);
+    }
+    Chave.clear();
+    registos.moveNext();
+    if (registos.eof() && adoProf.hasRows()) registos.moveLast();
+    mostraLinha();
+}
