@@ -113,12 +113,13 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent)
     });
 }
 
-// The toolkit would make the first entry the current one.
+// The toolkit would make the first entry the current one, and tell so.
 void ListBox::focusInEvent(QFocusEvent* event)
 {
-    const bool nothingChosen = listIndex() < 0;
+    if (listIndex() >= 0) return QListWidget::focusInEvent(event);
+    const QSignalBlocker quiet(this);
     QListWidget::focusInEvent(event);
-    if (nothingChosen) setCurrentRow(-1);
+    setCurrentRow(-1);
 }
 
 int ListBox::add(const QString& text, qint32 itemData)
