@@ -66,6 +66,7 @@ void FrmApadrinha::ActualizaCampos(jet::Recordset& actos)
     if (!adoAp.hasRows()) return;
     actos.moveFirst();
     actos.find("entidade = " + dtgAp->textMatrix(dtgAp->row(), 0));
+    if (actos.eof()) return; // the act's own form has deleted it
     txtNum->setText(textoDoNumero(actos["entidade"]));
     actos["tipoacto"].toString() == "c" ? mostraCasamento(actos) : mostraBaptismo(actos);
     if (!actos["dataref"].isNull()) mskData->showPlain(textoDaData(actos["dataref"]));

@@ -104,22 +104,16 @@ void FrmFuneral::cmdE_Click()
 // stay written.
 void FrmFuneral::grava()
 {
-    const QString onde = " where nind = " + txtNind->text();
-    if (preenchido(txtNindP))
-        cnBDP.execute("update individuo set primpadreobito =" + Trim(txtNindP->text()) + onde);
-    else
-        cnBDP.execute("update individuo set primpadreobito = null" + onde);
-
-    if (preenchido(cmbFuncao))
-        cnBDP.execute("update individuo set funcprimpobito =" +
-                      QString::number(cmbFuncao->itemData(cmbFuncao->listIndex())) + onde);
-    else
-        cnBDP.execute("update individuo set funcprimpobito = null" + onde);
-
-    const auto gravaTexto = [&](const char* coluna, const TextBox* campo) {
-        const QString texto = campo->text().isEmpty() ? "null" : "'" + campo->text() + "'";
-        cnBDP.execute(QStringLiteral("update individuo set ") + coluna + " = " + texto + onde);
+    const auto gravaColuna = [&](const char* coluna, const QString& valor) {
+        cnBDP.execute(
+            QStringLiteral("update individuo set %1 = %2 where nind = %3").arg(coluna, valor, txtNind->text()));
     };
+    const auto gravaTexto = [&](const char* coluna, const TextBox* campo) {
+        gravaColuna(coluna, campo->text().isEmpty() ? "null" : "'" + campo->text() + "'");
+    };
+    gravaColuna("primpadreobito", preenchido(txtNindP) ? Trim(txtNindP->text()) : "null");
+    gravaColuna("funcprimpobito",
+                preenchido(cmbFuncao) ? QString::number(cmbFuncao->itemData(cmbFuncao->listIndex())) : "null");
     gravaTexto("mortalha", txtMort);
     gravaTexto("igreja", txtIgreja);
     gravaTexto("enterro", txtEnterro);
