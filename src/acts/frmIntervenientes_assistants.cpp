@@ -222,7 +222,7 @@ void FrmIntervenientes::eliminaAssistente()
                       " and tipoacto = '" + (casamento() ? "c" : "b") + "'");
         linha.deleteRow();
     } catch (const jet::Error& erro) {
-        if (erro.number != jet::number::noCurrentRow) throw; // the row has gone, with the statement or before
+        if (erro.number != jet::number::noCurrentRow) throw; // the row had gone before
     }
     adoInterv.refresh();
     PreencheFG();

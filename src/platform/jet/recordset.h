@@ -71,8 +71,8 @@ public:
     // cursor stands where it stood before.
     void update();
     void cancelUpdate();
-    // Deletes the current row and drops it from the set; the cursor stands on no row until the next movement: after
-    // moveNext() on the row that followed the deleted one.
+    // Deletes the current row and drops it from the set, also where it has gone from the table already; the cursor
+    // stands on no row until the next movement: after moveNext() on the row that followed the deleted one.
     void deleteRow();
 
     struct Private; // recordset_p.h

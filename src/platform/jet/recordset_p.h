@@ -84,7 +84,7 @@ struct Recordset::Private
     void insertPending();
     void updatePending();
     void dropPending();
-    void write(const QString& sql, const std::vector<QVariant>& values);
+    bool write(const QString& sql, const std::vector<QVariant>& values);
 };
 
 } // namespace jet

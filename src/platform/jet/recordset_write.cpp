@@ -148,8 +148,8 @@ void Recordset::deleteRow()
     if (!d->select.simple) throw notUpdatable(QStringLiteral("O registo"));
     d->write(QStringLiteral("delete from %1 where rowid = ?").arg(quoted(d->select.table)), {key});
     const int position = d->position;
-    std::erase(d->all, key);
-    if (d->chosen) std::erase(*d->chosen, key);
+    d->rows().erase(d->rows().begin() + position);
+    if (d->chosen) std::erase(d->all, key);
     d->moveTo(position);
     d->onDeleted = true;
 }
@@ -160,15 +160,15 @@ void Recordset::Private::dropPending()
     pending.clear();
 }
 
-// Runs one statement that writes one row. Error 3021 where the row has gone.
-void Recordset::Private::write(const QString& sql, const std::vector<QVariant>& values)
+// Runs one statement that writes one row. False where the row has gone.
+bool Recordset::Private::write(const QString& sql, const std::vector<QVariant>& values)
 {
     database->dropAbandoned();
     Statement statement(*database, sql);
     for (size_t i = 0; i < values.size(); ++i)
         statement.bind(int(i) + 1, values[i]);
     statement.step();
-    if (sqlite3_changes(database->handle) == 0) throw noCurrentRow();
+    return sqlite3_changes(database->handle) > 0;
 }
 
 void Recordset::Private::insertPending()
@@ -205,7 +205,8 @@ void Recordset::Private::updatePending()
     }
     const std::vector<QVariant> written = values;
     const QString condition = keyCondition(table, values);
-    write(QStringLiteral("update %1 set %2 where %3").arg(quoted(table), changes.join(u','), condition), values);
+    if (!write(QStringLiteral("update %1 set %2 where %3").arg(quoted(table), changes.join(u','), condition), values))
+        throw noCurrentRow();
     rowRead = false;
     if (select.simple) return;
     size_t next = 0;

@@ -2,6 +2,8 @@
 
 #include <QDate>
 
+#include <sqlite3.h>
+
 namespace jet::test {
 
 class ARecordset : public TestBdp
@@ -392,12 +394,30 @@ TEST_F(ARecordset, StepsBackFromADeletedRow)
     EXPECT_EQ(name(set), "Álvaro");
 }
 
-TEST_F(ARecordset, KeepsARowThatCannotBeDeleted)
+TEST_F(ARecordset, DropsARowThatHasGoneAlready)
 {
     Recordset set = select("select * from pessoa order by nind");
     run("delete from pessoa where nind = 1");
-    EXPECT_EQ(numberOf([&] { set.deleteRow(); }), number::noCurrentRow);
+    set.deleteRow();
+    EXPECT_EQ(set.recordCount(), 2);
+    set.moveNext();
+    EXPECT_EQ(name(set), "Álvaro");
+}
+
+TEST_F(ARecordset, KeepsARowThatCannotBeDeleted)
+{
+    Recordset set = select("select * from pessoa order by nind");
+    sqlite3_exec(bdp.handle(), "create trigger fica before delete on pessoa begin select raise(abort, 'Fica.'); end",
+                 nullptr, nullptr, nullptr);
+    EXPECT_NE(numberOf([&] { set.deleteRow(); }), 0);
     EXPECT_EQ(set.recordCount(), 3);
+    EXPECT_EQ(name(set), "Ana");
+}
+
+TEST_F(ARecordset, DoesNotWriteARowThatHasGone)
+{
+    Recordset set = select("select * from pessoa order by nind");
+    run("delete from pessoa where nind = 1");
     set.set("nome", "x");
     EXPECT_EQ(numberOf([&] { set.update(); }), number::noCurrentRow);
 }
