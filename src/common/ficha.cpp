@@ -3,6 +3,7 @@
 #include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
+#include "platform/jet/errors.h"
 
 void Ficha::ligaComandos()
 {
@@ -24,6 +25,26 @@ void Ficha::procuraRegisto(const QString& criterio)
     registos.moveFirst();
     if (!criterio.isEmpty()) registos.find(criterio);
     if (registos.eof()) registos.moveFirst();
+    mostraRegistoDoFicheiro();
+}
+
+jet::Recordset& Ficha::registoNaFicha()
+{
+    const bool emInsercao = ins_->text() == legenda::confirmar;
+    if (!ficheiro().hasRows() || emInsercao || Modo == "Loc") throw jet::noCurrentRow();
+    return registo();
+}
+
+void Ficha::eliminaDoFicheiro()
+{
+    jet::Recordset& registos = ficheiro().recordset();
+    try {
+        registos.deleteRow();
+    } catch (const jet::Error&) {
+    }
+    if (!ficheiro().hasRows()) return LimpaCampos(); // kept: position, total and commands stay as they were
+    registos.movePrevious();
+    if (registos.bof()) registos.moveNext();
     mostraRegistoDoFicheiro();
 }
 

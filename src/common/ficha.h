@@ -35,6 +35,10 @@ public:
     // criterion. A card that is being edited or searched by stays as it is.
     void procuraRegisto(const QString& criterio);
 
+    // The row of the record on the card, to be read or written. Error 3021 where the card has none: in an insert, in a
+    // search, and after the last record was deleted.
+    jet::Recordset& registoNaFicha();
+
     // A list of results is up: the frame of the movement is red, and the commands are off but for those of the list.
     void entregaAosResultados();
     // The search is over: the frame is blue, the commands have their captions, and EmPesquisa is off.
@@ -56,6 +60,11 @@ protected:
     virtual const QList<ModeRow>& modos() const = 0;
     virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement
     virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
+    virtual jet::Recordset& registo() = 0;      // the cursor on the row of the record shown
+
+    // Deletes the current row of the file, and shows the row before it, or the new first one. Where the row can't be
+    // deleted, it stays, and nothing is said.
+    void eliminaDoFicheiro();
 
     void abrePesquisa(); // the card becomes a form to search by
     void permiteRecuar(bool permite);

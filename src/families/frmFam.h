@@ -45,6 +45,7 @@ protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoFam; }
     void mostraRegistoDoFicheiro() override;
+    jet::Recordset& registo() override;
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
 
@@ -94,6 +95,7 @@ private:
     void iniciaAlteracao();
     void confirmaAlteracao();
     void cancelaAlteracao();
+    void eliminaFamilia();
     bool temObrigatorios();
     void insereFamilia();
     void insereMembro(const Metade& membro);

@@ -48,7 +48,10 @@ void FrmFam::cmdAlt_Click()
 void FrmFam::cmdElim_Click()
 {
     guarded([&] {
-        if (cmdElim->text() == legenda::cancelar) cancelaAlteracao();
+        if (cmdElim->text() == legenda::cancelar)
+            cancelaAlteracao();
+        else
+            eliminaFamilia();
     });
 }
 

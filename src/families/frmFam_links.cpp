@@ -8,6 +8,7 @@
 #include "common/vbtext.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
+#include "views/frmRP.h"
 
 // On an empty half nobody is sought, and the first individual is shown.
 void FrmFam::cmdDirInd_Click(int indice)
@@ -38,18 +39,9 @@ void FrmFam::cmdEncLoc_Click()
     });
 }
 
-// The form of the register shows this card again when it goes. A family without a row leaves the path as it was.
 void FrmFam::cmdRP_Click()
 {
-    guarded([&] {
-        Form* registo = Forms::show("frmRP");
-        if (!registo) return;
-        registo->findChild<QLabel*>("lblTipo")->setText("c");
-        conceal();
-        if (emInsercao()) return;
-        poeFicheiroNaFicha();
-        registo->findChild<TextBox*>("txtLoc")->setText(adoFam.recordset()["rpCas"].toString());
-    });
+    guarded([&] { frmRP().mostraPara("c"); });
 }
 
 void FrmFam::cmdInt_Click()

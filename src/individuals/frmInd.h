@@ -48,6 +48,7 @@ protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
+    jet::Recordset& registo() override { return adoNind.recordset(); }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
@@ -79,6 +80,7 @@ private:
     void iniciaAlteracao();
     void confirmaAlteracao();
     void cancelaAlteracao();
+    void eliminaIndividuo();
     void propoeIndividuo();
     bool temObrigatorios(const QString& accao);
     void poeListaNoNumero(const QString& numero);

@@ -39,7 +39,10 @@ void FrmInd::cmdAlt_Click()
 void FrmInd::cmdElim_Click()
 {
     guarded([&] {
-        if (cmdElim->text() == legenda::cancelar) cancelaAlteracao();
+        if (cmdElim->text() == legenda::cancelar)
+            cancelaAlteracao();
+        else
+            eliminaIndividuo();
     });
 }
 

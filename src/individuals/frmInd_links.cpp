@@ -11,6 +11,7 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "views/frmArv.h"
+#include "views/frmRP.h"
 
 namespace {
 
@@ -133,14 +134,8 @@ void FrmInd::cmdInterv_Click()
 
 // Index 0 the record of the baptism, 1 that of the death.
 void FrmInd::cmdRP_Click(int indice)
-try {
-    const Form* registo = Forms::show("frmRP");
-    if (!registo) return;
-    conceal();
-    escreve(*registo, "lblTipo", indice == 0 ? "b" : "o");
-    escreve(*registo, "txtLoc", adoNind.recordset()[indice == 0 ? "rpBapt" : "rpObi"].toString());
-} catch (const jet::Error&) {
-    // Kept: errors are passed over; with no row to read, the path stays as the form has it.
+{
+    guarded([&] { frmRP().mostraPara(indice == 0 ? "b" : "o"); });
 }
 
 void FrmInd::escolheLocal(int origem)

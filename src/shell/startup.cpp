@@ -29,6 +29,7 @@
 #include "store/session.h"
 #include "views/frmArv.h"
 #include "views/frmResult.h"
+#include "views/frmRP.h"
 
 #include <QFile>
 #include <QIcon>
@@ -76,6 +77,7 @@ void registerForms()
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
     Forms::add("frmResult", [] { return new FrmResult; });
+    Forms::add("frmRP", [] { return new FrmRP; });
     Forms::add("frmArv", [] { return new FrmArv; });
     Forms::add("frmProfissao", [] { return new FrmProfissao; });
     Forms::add("frmInfo", [] { return new FrmInfo; });

@@ -7,6 +7,7 @@
 #include "forms/house.h"
 #include "individuals/frmInd.h"
 #include "store/modBD.h"
+#include "views/frmRP.h"
 
 #include <QTemporaryDir>
 
@@ -41,26 +42,21 @@ protected:
 
 TEST_F(FamilyLinks, TheRegisterIsThatOfTheFamilyShownAndNotOfTheFirstRow)
 {
-    const TestForm* entry = make("frmRP", [](TestForm& form) {
-        form.put<QLabel>("lblTipo");
-        form.put<TextBox>("txtLoc");
-    });
+    Forms::add(FrmRP::Name, [] { return new FrmRP; });
     frmFam().adoFam.refresh();
     frmFam().cmdRP->click();
-    EXPECT_TRUE(entry->isShown());
+    EXPECT_TRUE(frmRP().isShown());
     EXPECT_FALSE(frmFam().isShown());
-    EXPECT_EQ(entry->findChild<QLabel*>("lblTipo")->text(), "c");
-    EXPECT_EQ(entry->findChild<TextBox*>("txtLoc")->text(), "/rp/2.png");
+    EXPECT_EQ(frmRP().lblTipo->text(), "c");
+    EXPECT_EQ(frmRP().txtLoc->text(), "/rp/2.png");
     EXPECT_EQ(frmFam().adoFam.recordset().absolutePosition(), 2);
 }
 
-TEST_F(FamilyLinks, WithoutThoseFormsTheCardStaysAsItIs)
+TEST_F(FamilyLinks, WithoutTheFormOfResidencesTheCardStaysAsItIs)
 {
-    for (CommandButton* command : {frmFam().cmdResid, frmFam().cmdRP}) {
-        command->click();
-        EXPECT_TRUE(frmFam().isShown());
-        EXPECT_TRUE(frmFam().isEnabled());
-    }
+    frmFam().cmdResid->click();
+    EXPECT_TRUE(frmFam().isShown());
+    EXPECT_TRUE(frmFam().isEnabled());
 }
 
 TEST_F(FamilyLinks, ClosingGoesBackToAPersonWhoWaitsToBeHandedOver)

@@ -1,6 +1,8 @@
 // The card beside forms that no command leads to yet: who calls it up, what it hands over, and the way back.
 #include "individuals/individual_card.h"
 
+#include "views/frmRP.h"
+
 TEST_F(IndividualCard, ClosingGoesBackToWhoCalledIt)
 {
     struct Closing
@@ -149,9 +151,8 @@ TEST_F(IndividualCard, NobodyIsHandedOverWhereNobodyAsksOrNobodyIsShown)
 
 TEST_F(IndividualCard, CommandsOfFormsThatDontExistDoNothing)
 {
-    for (CommandButton* command :
-         {frmInd().cmdProf, frmInd().cmdResid, frmInd().cmdAssin, frmInd().cmdApadrinha, frmInd().cmdCerFun,
-          frmInd().cmdRMorte, frmInd().cmdLegProf, frmInd().cmdRP_0, frmInd().cmdRP_1})
+    for (CommandButton* command : {frmInd().cmdProf, frmInd().cmdResid, frmInd().cmdAssin, frmInd().cmdApadrinha,
+                                   frmInd().cmdCerFun, frmInd().cmdRMorte, frmInd().cmdLegProf})
     {
         command->click();
         EXPECT_TRUE(frmInd().isEnabled() && frmInd().isShown()) << qPrintable(command->objectName());
@@ -162,18 +163,15 @@ TEST_F(IndividualCard, TheParishRecordTakesTheCardsPlace)
 {
     cnBDP.execute("update individuo set rpObi = 'c:\\obitos.jpg' where nind = 7");
     frmInd().ActualizaCampos(frmInd().adoInd.recordset());
-    TestForm* record = make("frmRP", [](TestForm& form) {
-        form.put<QLabel>("lblTipo");
-        form.put<TextBox>("txtLoc")->setText("x");
-    });
+    Forms::add(FrmRP::Name, [] { return new FrmRP; });
     frmInd().cmdRP_1->click();
-    EXPECT_TRUE(record->isShown());
+    EXPECT_TRUE(frmRP().isShown());
     EXPECT_FALSE(frmInd().isShown());
-    EXPECT_EQ(record->findChild<QLabel*>("lblTipo")->text(), "o");
-    EXPECT_EQ(record->findChild<TextBox*>("txtLoc")->text(), "c:\\obitos.jpg");
+    EXPECT_EQ(frmRP().lblTipo->text(), "o");
+    EXPECT_EQ(frmRP().txtLoc->text(), "c:\\obitos.jpg");
     frmInd().cmdRP_0->click();
-    EXPECT_EQ(record->findChild<QLabel*>("lblTipo")->text(), "b");
-    EXPECT_EQ(record->findChild<TextBox*>("txtLoc")->text(), "");
+    EXPECT_EQ(frmRP().lblTipo->text(), "b");
+    EXPECT_EQ(frmRP().txtLoc->text(), "");
 }
 
 TEST_F(IndividualCard, AfterAnEditAPersonCanBeHandedOverWhereOneWasAskedFor)

@@ -1,0 +1,25 @@
+// What goes with a family. Its people stay.
+#include "families/frmFam.h"
+
+#include "common/globals.h"
+#include "common/numbers.h"
+#include "platform/forms/msgbox.h"
+#include "platform/jet/transaction.h"
+
+void FrmFam::eliminaFamilia()
+{
+    if (EmPesquisa) return;
+    if (!ask("Tem a certeza que deseja eliminar esta família e todas as suas referências?")) return;
+
+    poeFicheiroNaFicha();
+    const QString n = textoDoNumero(adoFam.recordset()["nfamilia"]);
+    jet::Transaction transaccao(cnBDP);
+    cnBDP.execute("update individuo set famorig = null where famorig = " + n);
+    cnBDP.execute("delete from residencia where tiporesid = 'f' and numero = " + n);
+    cnBDP.execute("delete from assistente where tipoacto = 'c' and entidade = " + n);
+    cnBDP.execute("delete from familias where nfamilia = " + n);
+    cnBDP.execute("delete from familia where nfamilia = " + n);
+    transaccao.commit();
+
+    eliminaDoFicheiro();
+}

@@ -1,0 +1,59 @@
+// What goes with a person: the dated attributes, the acts, the family links.
+#include "individuals/frmInd.h"
+
+#include "common/globals.h"
+#include "common/numbers.h"
+#include "platform/forms/msgbox.h"
+#include "platform/jet/transaction.h"
+
+namespace {
+
+// Kept: the statement of the own appearances as assistant is sent twice. Those who assisted at the death, the heirs and
+// the columns in which others name the person keep the number.
+void eliminaReferencias(const QString& n)
+{
+    cnBDP.execute("delete from residencia where tiporesid = 'i' and numero = " + n);
+    cnBDP.execute("delete from profissoes where nind = " + n);
+    cnBDP.execute("delete from legadosprofanos where nind = " + n);
+    cnBDP.execute("delete from rituaismorte where nind = " + n);
+    cnBDP.execute("delete from assinatura where nind = " + n);
+    cnBDP.execute("delete from assistente where tipoacto = 'b'  and entidade = " + n);
+    cnBDP.execute("delete from assistente where nind = " + n);
+    cnBDP.execute("delete from assistente where nind = " + n);
+    cnBDP.execute("delete from passaporte where nind = " + n);
+}
+
+// A family that loses its only spouse goes, and its children have no family of origin any more. Kept: a couple loses
+// both spouses, and the family stays without any; more than two are left alone.
+void desfazFamilia(const QString& f)
+{
+    const jet::Recordset contagem(cnBDP, "select count(*) as cont from familias where nfamilia = " + f);
+    const double conjuges = contagem["cont"].toDouble();
+    if (conjuges == 1) {
+        cnBDP.execute("update individuo set famorig = null where  famorig = " + f);
+        cnBDP.execute("delete from familias where nfamilia = " + f);
+        cnBDP.execute("delete from familia where nfamilia = " + f);
+    } else if (conjuges == 2) {
+        cnBDP.execute("delete from familias where nfamilia = " + f);
+    }
+}
+
+} // namespace
+
+// Kept: the row itself goes after the commit, and the family card is not told.
+void FrmInd::eliminaIndividuo()
+{
+    if (EmPesquisa) return;
+    if (!ask("Tem a certeza que deseja eliminar este indivíduo e todas as suas referências?", Icon::None)) return;
+
+    poeListaNoNumero(txtNind->text()); // the list may stand elsewhere, as before an alteration
+    const QString n = textoDoNumero(adoInd.recordset()["Nind"]);
+    jet::Transaction transaccao(cnBDP);
+    eliminaReferencias(n);
+    for (jet::Recordset familias(cnBDP, "select nfamilia from familias where nind = " + n); !familias.eof();
+         familias.moveNext())
+        desfazFamilia(textoDoNumero(familias["nfamilia"]));
+    transaccao.commit();
+
+    eliminaDoFicheiro();
+}
