@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/captions.h"
+#include "common/codigos.h"
 #include "common/ficha.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -31,8 +32,7 @@ void FrmFuneral::Form_Load()
         txtNind->setText(frmInd().txtNind->text());
         txtNome->setText(frmInd().txtNome->text());
         jet::Recordset funcoes(cnBDP, "Select * from infocomplementar where categoria = 'FunPa' ");
-        PreencheCombo(*cmbFuncao, funcoes, 2, 1);
-        if (cmbFuncao->count() == 0) cmbFuncao->add("  ");
+        PreencheComBranco(*cmbFuncao, funcoes, 2, 1);
         AplicarModo("Cons");
         ActualizaCampos(frmInd().adoNind.recordset());
     });

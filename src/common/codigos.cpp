@@ -3,11 +3,16 @@
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
 
+void PreencheComBranco(ComboBox& lista, jet::Recordset& registos, int colunaTexto, int colunaDados)
+{
+    PreencheCombo(lista, registos, colunaTexto, colunaDados);
+    if (lista.count() == 0) lista.add("  ");
+}
+
 void PreencheCodigos(ComboBox& lista, const QString& instrucao)
 {
     jet::Recordset codigos(cnBDP, instrucao);
-    PreencheCombo(lista, codigos, 1, 0);
-    if (lista.count() == 0) lista.add("  ");
+    PreencheComBranco(lista, codigos, 1, 0);
     for (int i = 0; i < lista.count(); ++i)
         lista.setItemText(i, lista.list(i).remove('*'));
 }

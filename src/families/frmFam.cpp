@@ -1,5 +1,6 @@
 #include "families/frmFam.h"
 
+#include "common/codigos.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/places.h"
@@ -74,20 +75,15 @@ void FrmFam::PreencheListas()
     guarded([&] {
         PreencheLocais(*cmbLoc);
 
-        // Each list has its blank entry, also where there is nothing to choose.
-        const auto preenche = [](ComboBox* lista, jet::Recordset& registos, int colunaTexto) {
-            PreencheCombo(*lista, registos, colunaTexto, 0);
-            if (lista->count() == 0) lista->add("  ");
-        };
         jet::Recordset situacoes(cnBDP, "Select codigo, descricao from infocomplementar where  categoria = 'SitFa'");
-        preenche(cmbSit, situacoes, 1);
+        PreencheComBranco(*cmbSit, situacoes, 1, 0);
 
         jet::Recordset tipos(cnBDP, "Select codigo from infocomplementar where  categoria = 'TipFa'");
-        preenche(cmbTipoFam, tipos, 0);
+        PreencheComBranco(*cmbTipoFam, tipos, 0, 0);
 
         jet::Recordset estados(cnBDP, "Select codigo, descricao from infocomplementar where  categoria = 'EstCi'");
         for (ComboBox* lista : {cmbEC1, cmbEC2})
-            preenche(lista, estados, 1);
+            PreencheComBranco(*lista, estados, 1, 0);
     });
 }
 
