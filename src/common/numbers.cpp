@@ -9,6 +9,7 @@
 #include <QLocale>
 
 #include <cmath>
+#include <optional>
 
 QString textoDoNumero(const QVariant& numero)
 {
@@ -16,11 +17,17 @@ QString textoDoNumero(const QVariant& numero)
     return QString::number(numero.toDouble(), 'f', QLocale::FloatingPointShortest);
 }
 
-double numeroDoTexto(const QString& texto)
+static std::optional<double> lido(const QString& texto)
 {
     bool valido = false;
     const double numero = texto.trimmed().replace(u',', u'.').toDouble(&valido);
     if (valido && std::isfinite(numero)) return numero;
+    return std::nullopt;
+}
+
+double numeroDoTexto(const QString& texto)
+{
+    if (const auto numero = lido(texto)) return *numero;
     throw jet::Error{jet::number::typeMismatch, "\"" + texto + "\" não é um número."};
 }
 
@@ -30,6 +37,11 @@ qint32 codigoDoTexto(const QString& texto)
     const qint32 codigo = texto.toInt(&valido);
     if (valido) return codigo;
     throw jet::Error{jet::number::typeMismatch, "O código \"" + texto + "\" não é um número."};
+}
+
+bool eNumero(const QString& texto)
+{
+    return lido(texto).has_value();
 }
 
 void VerificaNumero(TextBox& campo, const QString& recusa, double minimo, double maximo)

@@ -13,6 +13,7 @@ QString textoDoNumero(const QVariant& numero);
 
 // The decimal sign is a comma or a point. Throws Error 13 for a text that is no number, an empty one included.
 double numeroDoTexto(const QString& texto);
+bool eNumero(const QString& texto); // whether numeroDoTexto() takes it
 
 // The number of a code, as the entries of the lists hold it. Throws Error 13 for a text that is no whole number of 32
 // bits.

@@ -1,9 +1,10 @@
 // The picker's load, and what it opens.
-#include "places/frmLocalizacao.h"
+#include "places/frmLocalizacao_niveis.h"
 
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
+#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 
 FrmLocalizacao& frmLocalizacao()
@@ -76,4 +77,13 @@ void FrmLocalizacao::abreEditor(const QString& editor, const QString& titulo, co
         form->setCaption(titulo + local);
         setEnabled(false);
     }
+}
+
+void FrmLocalizacao::retomaDoEditor(Nivel superior)
+{
+    ComboBox* acima = this->*niveis[superior].lista;
+    emit acima->clicked();
+    setEnabled(true);
+    ComboBox* lista = this->*niveis[superior + 1].lista;
+    if (isShown() && lista->count() > 1) Focus::setTo(lista);
 }

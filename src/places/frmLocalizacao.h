@@ -19,16 +19,6 @@ class FrmLocalizacao : public Form, public Ui::FrmLocalizacao
 public:
     static constexpr auto Name = "frmLocalizacao";
 
-    FrmLocalizacao();
-
-    void setVisible(bool visible) override;
-
-protected:
-    void Form_Load() override;
-    bool Form_QueryUnload(UnloadMode modo) override;
-    void Form_Unload() override;
-
-private:
     // The levels, from the widest to the narrowest.
     enum Nivel
     {
@@ -42,6 +32,22 @@ private:
         NumNiveis
     };
 
+    FrmLocalizacao();
+
+    // The code of the place chosen in a level, from the numbers of its combos.
+    QString codigoAte(Nivel nivel) const;
+    // The editor of the places below `superior` is closing: their list is read again, and gets the focus where it has
+    // places.
+    void retomaDoEditor(Nivel superior);
+
+    void setVisible(bool visible) override;
+
+protected:
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode modo) override;
+    void Form_Unload() override;
+
+private:
     // The combos, each filling the next
     void cmbPais_Click();
     void cmbZona_Click();
@@ -54,7 +60,6 @@ private:
     void preenche(Nivel nivel, const QString& instrucao);
     void preenchePaises();
     void escolheParoquiaDaBDP();
-    QString codigoAte(Nivel nivel) const;
     void LocalEscolhido();
 
     // The working list

@@ -112,15 +112,14 @@ void FrmLocalizacao::escolheParoquiaDaBDP()
     ProcuraItemData(*cmbParoquia, Mid(CodParoquia, 5, 2));
 }
 
-// The code of the place chosen in a level, from the numbers of its combos. Two digits a level; a zone's number stands
-// unpadded behind its country.
+// Two digits a level; a zone's number stands unpadded behind its country.
 QString FrmLocalizacao::codigoAte(Nivel nivel) const
 {
     const auto numero = [this](int n) {
         const ComboBox* lista = this->*niveis[n].lista;
         return QString::number(lista->itemData(lista->listIndex()));
     };
-    if (nivel == Zona) return Mid(cmbPais->text(), 1, 2) + numero(Zona);
+    if (nivel <= Zona) return Mid(cmbPais->text(), 1, 2) + (nivel == Zona ? numero(Zona) : QString());
     QString codigo;
     for (int n = Distrito; n <= nivel; ++n)
         codigo += numero(n).rightJustified(2, '0');

@@ -16,7 +16,14 @@
 #include "families/frmFam.h"
 #include "individuals/frmDatas.h"
 #include "individuals/frmInd.h"
+#include "places/frmConcelhos.h"
+#include "places/frmDistritos.h"
+#include "places/frmFreguesias.h"
 #include "places/frmLocalizacao.h"
+#include "places/frmLugares.h"
+#include "places/frmPais.h"
+#include "places/frmSitios.h"
+#include "places/frmZona.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -76,6 +83,13 @@ void registerForms()
     Forms::add("frmPass", [] { return new FrmPass; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
+    Forms::add("frmPais", [] { return new FrmPais; });
+    Forms::add("frmZona", [] { return new FrmZona; });
+    Forms::add("frmDistritos", [] { return new FrmDistritos; });
+    Forms::add("frmConcelhos", [] { return new FrmConcelhos; });
+    Forms::add("frmFreguesias", [] { return new FrmFreguesias; });
+    Forms::add("frmLugares", [] { return new FrmLugares; });
+    Forms::add("frmSitios", [] { return new FrmSitios; });
     Forms::add("frmResult", [] { return new FrmResult; });
     Forms::add("frmRP", [] { return new FrmRP; });
     Forms::add("frmArv", [] { return new FrmArv; });

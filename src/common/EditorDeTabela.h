@@ -1,0 +1,49 @@
+// The pattern of the editors of code and place tables.
+#pragma once
+
+#include "platform/forms/controls.h"
+#include "platform/forms/form.h"
+
+// An editor shows one row of its table and has four commands. The caption of a command tells what a click on it means:
+// an addition turns add and alter into confirm and cancel, an alteration alter and delete. An editor holds what each
+// step does to its fields and its table.
+class EditorDeTabela : public Form
+{
+    Q_OBJECT
+
+public:
+    using Form::Form;
+
+protected:
+    // Takes the commands out of the editor's own controls, once, after setupUi().
+    template <class Controls>
+    void usaComandos(const Controls& ui)
+    {
+        ins_ = ui.cmdIns, alt_ = ui.cmdAlt, elim_ = ui.cmdElim, sair_ = ui.cmdSair;
+        ligaComandos();
+    }
+
+    bool inserindo() const;
+
+    // What the first and the second click of a command do, under the captions of the step that they begin or end.
+    virtual void abreInsercao() = 0;
+    virtual void confirmaInsercao() = 0;
+    virtual bool podeAlterar() = 0; // asked at both clicks; tells the user why not
+    virtual void abreAlteracao() = 0;
+    virtual void confirmaAlteracao() = 0;
+    virtual void elimina() = 0;
+    virtual void fecha() { unload(); }
+
+    virtual void terminaEdicao(); // no step is under way: the captions are those of the start
+    virtual void mostraLinha() = 0;
+
+    CommandButton *ins_ = nullptr, *alt_ = nullptr, *elim_ = nullptr, *sair_ = nullptr;
+
+private:
+    void ligaComandos();
+    void cmdIns_Click();
+    void cmdAlt_Click();
+    void cmdElim_Click();
+    void cmdSair_Click();
+    void cancela();
+};

@@ -1,0 +1,232 @@
+#include "places/EditorDeLocais.h"
+
+#include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/vbtext.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/msgbox.h"
+#include "platform/jet/transaction.h"
+
+#include <algorithm>
+
+void EditorDeLocais::ligaGrelha()
+{
+    connect(grelha_, &Grid::picked, this, &EditorDeLocais::grelha_Click);
+}
+
+void EditorDeLocais::Form_Load()
+{
+    guarded([&] {
+        AplicarModo("Cons");
+        registos_->setRecordSource(instrucao());
+        registos_->refresh();
+        registos_->recordset().setSort(regras_.ordem);
+        mostraRegistos();
+    });
+}
+
+bool EditorDeLocais::Form_QueryUnload(UnloadMode modo)
+{
+    return modo != UnloadMode::ControlMenu || sair_->isEnabled();
+}
+
+void EditorDeLocais::grelha_Click()
+{
+    guarded([&] { mostraLinha(); });
+}
+
+// Those with fields of their own, or other ones to shut, have a table of their own.
+const QList<ModeRow>& EditorDeLocais::modos() const
+{
+    using enum Effect;
+    static const QList<ModeRow> tabela{
+        // control   Edi     Cons
+        {"txtCod", {Open}, {Shut}},
+        {"txtNome", {Open}, {Shut}},
+        {"txtObs", {Open}, {Shut}},
+    };
+    return tabela;
+}
+
+void EditorDeLocais::AplicarModo(const QString& modo)
+{
+    applyMode(this, modos(), modo);
+    for (QWidget* outro : QList<QWidget*>{grelha_, sair_} + regras_.outros)
+        outro->setEnabled(modo == "Cons");
+}
+
+void EditorDeLocais::terminaEdicao()
+{
+    EditorDeTabela::terminaEdicao();
+    ins_->setEnabled(true);
+    elim_->setEnabled(true);
+    AplicarModo("Cons");
+}
+
+QWidget* EditorDeLocais::primeiroCampo() const
+{
+    return txtNome_;
+}
+
+// The "*" of the places that the researcher made isn't shown.
+void EditorDeLocais::preencheGrelha()
+{
+    jet::Recordset& linhas = registos_->recordset();
+    const int total = linhas.recordCount();
+    grelha_->setRows(total > 0 ? total + 1 : 0);
+    grelha_->setCols(static_cast<int>(regras_.colunas.size()));
+    for (int coluna = 0; coluna < regras_.colunas.size(); ++coluna) {
+        const auto& [titulo, campo, largura] = regras_.colunas[coluna];
+        grelha_->setTextMatrix(0, coluna, titulo);
+        if (largura >= 0) grelha_->setColWidth(coluna, largura);
+        for (int linha = 1; linha <= total; ++linha) {
+            linhas.setAbsolutePosition(linha);
+            grelha_->setTextMatrix(linha, coluna, valor(campo).remove('*'));
+        }
+    }
+}
+
+void EditorDeLocais::mostraRegistos(const QString& codigo)
+{
+    preencheGrelha();
+    jet::Recordset& linhas = registos_->recordset();
+    if (registos_->hasRows()) {
+        linhas.moveFirst();
+        if (!codigo.isEmpty()) linhas.find(regras_.codigo + " ='" + QString(codigo).replace("'", "''") + "'");
+        grelha_->setRow(std::max(linhas.absolutePosition(), 1));
+    }
+    mostraLinha();
+}
+
+bool EditorDeLocais::posiciona()
+{
+    if (!registos_->hasRows()) return false;
+    registos_->recordset().setAbsolutePosition(grelha_->row());
+    return true;
+}
+
+QString EditorDeLocais::valor(const QString& campo) const
+{
+    return textoDoNumero(registos_->recordset()[campo]);
+}
+
+void EditorDeLocais::limpaCampos()
+{
+    txtCod_->clear();
+    txtNome_->clear();
+    txtObs_->clear();
+    limpaOutros();
+}
+
+void EditorDeLocais::mostraLinha()
+{
+    limpaCampos();
+    if (!posiciona()) return;
+    txtCod_->setText(valor(regras_.codigo));
+    txtNome_->setText(valor(regras_.nome).remove('*'));
+    txtObs_->setText(valor("obs"));
+    mostraOutros(registos_->recordset());
+}
+
+void EditorDeLocais::abreInsercao()
+{
+    elim_->setEnabled(false);
+    AplicarModo("Edi");
+    limpaCampos();
+    Focus::setTo(primeiroCampo());
+    txtCod_->setText(codigoNovo());
+}
+
+void EditorDeLocais::confirmaInsercao()
+{
+    if (!VerificaCampos(Passo::Insercao)) return;
+    const QString codigo = codigoAGravar();
+    jet::Recordset& linhas = registos_->recordset();
+    linhas.addNew();
+    linhas.set(regras_.codigo, codigo);
+    if (!regras_.superior.isEmpty()) linhas.set(regras_.superior, superior());
+    escreveCampos();
+    linhas.requery(); // in its order
+    terminaEdicao();
+    mostraRegistos(codigo);
+}
+
+bool EditorDeLocais::podeAlterar()
+{
+    return posiciona();
+}
+
+void EditorDeLocais::abreAlteracao()
+{
+    ins_->setEnabled(false);
+    AplicarModo("Edi");
+    Focus::setTo(txtNome_);
+}
+
+void EditorDeLocais::confirmaAlteracao()
+{
+    if (!VerificaCampos(Passo::Alteracao)) return;
+    const QString codigo = valor(regras_.codigo);
+    escreveCampos();
+    registos_->recordset().requery();
+    terminaEdicao();
+    mostraRegistos(codigo);
+}
+
+// Kept: notes that were emptied stay as they were.
+void EditorDeLocais::escreveCampos()
+{
+    jet::Recordset& linhas = registos_->recordset();
+    linhas.set(regras_.nome, nomeAGravar());
+    if (!txtObs_->text().isEmpty()) linhas.set("obs", txtObs_->text());
+    escreveOutros(linhas);
+    linhas.update();
+}
+
+QString EditorDeLocais::codigoAGravar() const
+{
+    return txtCod_->text();
+}
+
+QString EditorDeLocais::nomeAGravar() const
+{
+    return txtNome_->text();
+}
+
+bool EditorDeLocais::VerificaCampos(Passo passo)
+{
+    const Recusas& recusas = passo == Passo::Insercao ? regras_.recusas : regras_.aoAlterar;
+    const QString nome = Trim(txtNome_->text());
+    const bool falta = nome.isEmpty() || eNumero(nome);
+    if (!falta && !nomeRepetido(nome, passo)) return true;
+    const QString anterior = passo == Passo::Insercao ? QString() : valor(regras_.nome).remove('*');
+    return recusa(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
+}
+
+bool EditorDeLocais::nomeRepetido(const QString& nome, Passo) const
+{
+    return !jet::Recordset(cnBDP, instrucaoDoNome(nome)).eof();
+}
+
+bool EditorDeLocais::recusa(const QString& mensagem, TextBox* campo, const QString& texto)
+{
+    showMessage(mensagem);
+    campo->setText(texto);
+    Focus::setTo(campo);
+    return false;
+}
+
+void EditorDeLocais::elimina()
+{
+    if (!posiciona() || !ask("Tem a certeza que deseja eliminar este registo?")) return;
+    if (const QString instrucao = instrucaoDosDescendentes(valor(regras_.codigo)); !instrucao.isEmpty()) {
+        jet::Transaction transaccao(cnBDP);
+        cnBDP.execute(instrucao);
+        transaccao.commit();
+    }
+    registos_->recordset().deleteRow();
+    const int linha = grelha_->row(); // where the next row stands now, if there is one
+    preencheGrelha();
+    grelha_->setRow(std::min(linha, registos_->recordset().recordCount()));
+    mostraLinha();
+}

@@ -1,0 +1,117 @@
+// The pattern of the seven editors of the place tables.
+#pragma once
+
+#include "common/EditorDeTabela.h"
+#include "platform/forms/modes.h"
+#include "platform/jet/recordset.h"
+#include "store/session.h"
+
+#include <QList>
+#include <QString>
+
+// A grid of all rows, boxes that show the row chosen there, and the commands that add, alter and delete through the
+// cursor. An editor gives its rules as data and as hooks; nothing else stands in its file.
+// The working list isn't touched: a new row isn't on it.
+class EditorDeLocais : public EditorDeTabela
+{
+    Q_OBJECT
+
+public:
+    using EditorDeTabela::EditorDeTabela;
+
+protected:
+    enum class Passo
+    {
+        Insercao,
+        Alteracao
+    };
+
+    // What the user is told.
+    struct Recusas
+    {
+        QString semNome; // no name, or a number for one
+        QString repetido;
+    };
+
+    struct Coluna
+    {
+        QString titulo;
+        QString campo;
+        int largura = -1; // in pixels; not given: the last one, which takes what is left
+    };
+
+    struct Regras
+    {
+        QString codigo;              // the column of the code
+        QString nome;                // the column of the name
+        QString superior = {};       // the column of the code of the level above; empty: none is written
+        QString ordem = {};          // of the rows; empty: as the source gives them
+        QList<Coluna> colunas;       // of the grid
+        Recusas recusas;             // of an insertion
+        Recusas aoAlterar = recusas; // of an alteration
+        QList<QWidget*> outros = {}; // what else is disabled while an edit runs
+    };
+
+    // Once, after setupUi().
+    template <class Controls>
+    void usa(const Controls& ui, jet::DataControl& registos, Grid* grelha, Regras regras)
+    {
+        registos_ = &registos, grelha_ = grelha, regras_ = std::move(regras);
+        txtCod_ = ui.txtCod, txtNome_ = ui.txtNome, txtObs_ = ui.txtObs;
+        usaComandos(ui);
+        ligaGrelha();
+    }
+
+    virtual QString instrucao() const = 0; // the source of the rows
+    // A select of the rows with that name.
+    virtual QString instrucaoDoNome(const QString& nome) const = 0;
+    virtual bool nomeRepetido(const QString& nome, Passo passo) const;
+    // The boxes hold what may be stored; tells the user why not.
+    virtual bool VerificaCampos(Passo passo);
+    virtual QString codigoNovo() { return {}; } // proposed at the start of an insertion
+    virtual QString codigoAGravar() const;
+    virtual QString superior() const { return {}; } // the code of the level above
+    virtual QString nomeAGravar() const;
+    // A statement that deletes what hangs on a row, before the row itself; empty: none.
+    virtual QString instrucaoDosDescendentes(const QString&) const { return {}; }
+    virtual const QList<ModeRow>& modos() const;
+    virtual QWidget* primeiroCampo() const; // gets the focus when an edit starts
+    // The fields of one editor alone.
+    virtual void limpaOutros() {}
+    virtual void mostraOutros(const jet::Recordset&) {}
+    virtual void escreveOutros(jet::Recordset&) const {}
+
+    void Form_Load() override;
+    bool Form_QueryUnload(UnloadMode modo) override; // an edit under way keeps the form
+    void abreInsercao() override;
+    void confirmaInsercao() override;
+    bool podeAlterar() override;
+    void abreAlteracao() override;
+    void confirmaAlteracao() override;
+    void elimina() override;
+    void fecha() override { conceal(); }
+    void terminaEdicao() override;
+    void mostraLinha() override;
+
+    // Puts the cursor on the row chosen in the grid. False where there is none.
+    bool posiciona();
+    QString valor(const QString& campo) const; // of the current row
+    void AplicarModo(const QString& modo);
+    // Fills the grid and shows the row with that code; empty: the first one.
+    void mostraRegistos(const QString& codigo = {});
+    // Tells it, puts the text into the box and the focus on it. Returns false.
+    bool recusa(const QString& mensagem, TextBox* campo, const QString& texto = {});
+
+    jet::DataControl* registos_ = nullptr;
+    Grid* grelha_ = nullptr;
+    Regras regras_;
+    TextBox *txtCod_ = nullptr, *txtNome_ = nullptr;
+    MemoBox* txtObs_ = nullptr;
+
+private:
+    void ligaGrelha();
+    void grelha_Click();
+    void preencheGrelha();
+    void limpaCampos();
+    void escreveCampos();
+};

@@ -1,0 +1,37 @@
+// The pattern of the editors of the places that the researcher makes: zones, localities and sites.
+#pragma once
+
+#include "places/EditorDeLocais.h"
+#include "places/frmLocalizacao.h"
+
+// Opened from the picker, which waits disabled. The place above is the one that the picker shows. What is written here
+// has a "*" before its name; a row without it is a reference row, and can't be deleted.
+class EditorProvisorio : public EditorDeLocais
+{
+    Q_OBJECT
+
+public:
+    EditorProvisorio(const QString& nome, FrmLocalizacao::Nivel nivelSuperior)
+        : EditorDeLocais(nome), nivelSuperior_(nivelSuperior)
+    {
+    }
+
+    QString CodSup; // the code of the place above
+
+protected:
+    // Whether the current row is the researcher's own; of a reference row the user is told.
+    bool provisorio(const QString& mensagem);
+    // The code with the number behind that of the last row; the number begins at that position of the code.
+    QString proximoCodigo(int inicio);
+
+    QString superior() const override { return CodSup; }
+    QString nomeAGravar() const override;
+    const QList<ModeRow>& modos() const override;
+    void elimina() override;
+    void fecha() override { unload(); }
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    FrmLocalizacao::Nivel nivelSuperior_;
+};

@@ -1,0 +1,66 @@
+#include "places/frmConcelhos.h"
+
+#include "common/modGeral.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+
+FrmConcelhos& frmConcelhos()
+{
+    return theForm<FrmConcelhos>();
+}
+
+FrmConcelhos::FrmConcelhos() : EditorComCodigo(Name)
+{
+    setupUi(this);
+    usa(*this, adoConc, dtgConc,
+        {.codigo = "codconcelho",
+         .nome = "nomeconcelho",
+         .superior = "coddistrito",
+         .colunas = {{"DDCC", "codconcelho", 100}, {"Designação", "nomeconcelho"}},
+         .recusas = {"Deve inserir o nome do concelho!",
+                     "A base de dados já contém um concelho com o nome que inseriu!"},
+         .outros = {cmdFreg}});
+    usaCodigo(
+        {2, "Deve inserir o código do concelho!", "A base de dados já contém um concelho com o código que inseriu!"},
+        cmbDist);
+    connect(cmdFreg, &CommandButton::clicked, this, &FrmConcelhos::cmdFreg_Click);
+}
+
+void FrmConcelhos::Form_Load()
+{
+    guarded([&] {
+        EditorComCodigo::Form_Load();
+        jet::Recordset distritos(cnBDP, "select coddistrito, nomedistrito from distrito");
+        preencheSuperiores(distritos);
+        if (cmbDist->count() == 0)
+            showMessage("Não é possível a edição de concelhos!\r\nRazão: Não existem registos de distritos.",
+                        Icon::Critical);
+    });
+}
+
+QString FrmConcelhos::instrucao() const
+{
+    return "select codconcelho, nomeconcelho,coddistrito,  obs from concelho order by nomeconcelho";
+}
+
+QString FrmConcelhos::instrucaoDoCodigo(const QString& codigo) const
+{
+    return "select * from concelho where codconcelho = '" + codigo + "'";
+}
+
+QString FrmConcelhos::instrucaoDoNome(const QString& nome) const
+{
+    return "select * from concelho where nomeconcelho = '" + nome + "'";
+}
+
+QString FrmConcelhos::instrucaoDosDescendentes(const QString& codigo) const
+{
+    return "delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho in "
+           "(select codconcelho from concelho where codconcelho = '" +
+           codigo + "'))";
+}
+
+void FrmConcelhos::cmdFreg_Click()
+{
+    guarded([&] { Forms::show("frmFreguesias"); });
+}

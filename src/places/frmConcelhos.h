@@ -1,0 +1,30 @@
+// The editor of the municipalities of a district. No command that a user reaches shows it.
+#pragma once
+
+#include "places/EditorComCodigo.h"
+
+#include "ui_frmConcelhos.h"
+
+class FrmConcelhos : public EditorComCodigo, public Ui::FrmConcelhos
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmConcelhos";
+
+    FrmConcelhos();
+
+    jet::DataControl adoConc{cnBDP};
+
+protected:
+    QString instrucao() const override;
+    QString instrucaoDoCodigo(const QString& codigo) const override;
+    QString instrucaoDoNome(const QString& nome) const override;
+    QString instrucaoDosDescendentes(const QString& codigo) const override;
+    void Form_Load() override;
+
+private:
+    void cmdFreg_Click();
+};
+
+FrmConcelhos& frmConcelhos();

@@ -1,0 +1,48 @@
+#include "places/frmDistritos.h"
+
+#include "common/modGeral.h"
+#include "platform/forms/forms.h"
+
+FrmDistritos::FrmDistritos() : EditorComCodigo(Name)
+{
+    setupUi(this);
+    usa(*this, adoDist, dtDist,
+        {.codigo = "coddistrito",
+         .nome = "nomedistrito",
+         .superior = "codpais",
+         .ordem = "nomedistrito ASC",
+         .colunas = {{"Nome do Distrito", "nomedistrito", 340}, {"Código", "coddistrito"}},
+         .recusas = {"Deve inserir o nome do distrito!",
+                     "A base de dados já contém um distrito com o nome que inseriu!"},
+         .outros = {cmdConc}});
+    usaCodigo(
+        {2, "Deve inserir o código do distrito!", "A base de dados já contém um distrito com o código que inseriu!"});
+    connect(cmdConc, &CommandButton::clicked, this, &FrmDistritos::cmdConc_Click);
+}
+
+QString FrmDistritos::instrucao() const
+{
+    return "select coddistrito, nomedistrito, obs, codpais from distrito";
+}
+
+QString FrmDistritos::instrucaoDoCodigo(const QString& codigo) const
+{
+    return "select * from distrito where coddistrito = '" + codigo + "'";
+}
+
+QString FrmDistritos::instrucaoDoNome(const QString& nome) const
+{
+    return "select * from distrito where nomedistrito = '" + nome + "'";
+}
+
+QString FrmDistritos::instrucaoDosDescendentes(const QString& codigo) const
+{
+    return "delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho in "
+           "(select codconcelho from concelho where coddistrito = '" +
+           codigo + "'))";
+}
+
+void FrmDistritos::cmdConc_Click()
+{
+    guarded([&] { Forms::show("frmConcelhos"); });
+}

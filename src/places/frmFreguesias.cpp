@@ -1,0 +1,61 @@
+#include "places/frmFreguesias.h"
+
+#include "common/modGeral.h"
+#include "places/frmConcelhos.h"
+#include "platform/forms/forms.h"
+
+FrmFreguesias::FrmFreguesias() : EditorComCodigo(Name)
+{
+    setupUi(this);
+    usa(*this, adoFreg, dtFreg,
+        {.codigo = "codparoquia",
+         .nome = "nomeparoquia",
+         .superior = "codconcelho",
+         .ordem = "nomeparoquia ASC",
+         .colunas = {{"Nome do paróquia", "nomeparoquia", 340}, {"Código", "codparoquia"}},
+         .recusas = {"Deve inserir o nome da paróquia!",
+                     "A base de dados já contém uma freguesia com o nome que inseriu!"},
+         .aoAlterar = {"Deve inserir o nome da freguesia!",
+                       "Já existe uma freguesia na base de dados com o nome que inseriu!"},
+         .outros = {cmdLug}});
+    usaCodigo(
+        {3, "Deve inserir o código da freguesia!", "A base de dados já contém uma freguesia com o código que inseriu!"},
+        cmbConc);
+    connect(cmdLug, &CommandButton::clicked, this, &FrmFreguesias::cmdLug_Click);
+}
+
+// The municipalities are those that their editor shows.
+void FrmFreguesias::Form_Load()
+{
+    guarded([&] {
+        EditorComCodigo::Form_Load();
+        jet::DataControl& concelhos = frmConcelhos().adoConc;
+        if (concelhos.hasRows()) concelhos.recordset().moveFirst();
+        preencheSuperiores(concelhos.recordset());
+    });
+}
+
+QString FrmFreguesias::instrucao() const
+{
+    return "select codparoquia, nomeparoquia,codconcelho,  obs from paroquia";
+}
+
+QString FrmFreguesias::instrucaoDoCodigo(const QString& codigo) const
+{
+    return "select * from paroquia where codparoquia = '" + codigo + "'";
+}
+
+QString FrmFreguesias::instrucaoDoNome(const QString& nome) const
+{
+    return "select * from paroquia where nomeparoquia = '" + nome + "'";
+}
+
+QString FrmFreguesias::instrucaoDosDescendentes(const QString& codigo) const
+{
+    return "delete from lugar where codparoquia = '" + codigo + "'";
+}
+
+void FrmFreguesias::cmdLug_Click()
+{
+    guarded([&] { Forms::show("frmLugares"); });
+}

@@ -1,0 +1,33 @@
+#include "places/frmLugares.h"
+
+FrmLugares::FrmLugares() : EditorProvisorio(Name, FrmLocalizacao::Paroquia)
+{
+    setupUi(this);
+    usa(*this, adoLug, dtgLug,
+        {.codigo = "codlugar",
+         .nome = "nomelugar",
+         .superior = "codparoquia",
+         .colunas = {{"Código", "codlugar", 100}, {"Nome Lugar", "nomelugar"}},
+         .recusas = {"Deve inserir o nome do lugar!", "A base de dados já contém um lugar com o nome que inseriu!"}});
+}
+
+QString FrmLugares::instrucao() const
+{
+    return "select * from lugar where codparoquia = '" + CodSup + "' order by codlugar";
+}
+
+QString FrmLugares::instrucaoDoNome(const QString& nome) const
+{
+    return "select * from lugar where nomelugar = '" + nome + "' and codparoquia = '" + CodSup + "'";
+}
+
+QString FrmLugares::codigoNovo()
+{
+    return proximoCodigo(7);
+}
+
+// Kept: here alone a reference row can't be altered either.
+bool FrmLugares::podeAlterar()
+{
+    return EditorProvisorio::podeAlterar() && provisorio("Não é possível editar este registo!");
+}

@@ -1,0 +1,29 @@
+// The editor of countries. Nothing shows it: it stands as the head of the editors.
+#pragma once
+
+#include "places/EditorDeLocais.h"
+
+#include "ui_frmPais.h"
+
+class FrmPais : public EditorDeLocais, public Ui::FrmPais
+{
+    Q_OBJECT
+
+public:
+    static constexpr auto Name = "frmPais";
+
+    FrmPais();
+
+    jet::DataControl adoPais{cnBDP};
+
+protected:
+    QString instrucao() const override;
+    QString instrucaoDoNome(const QString& nome) const override;
+    bool nomeRepetido(const QString& nome, Passo passo) const override;
+    QString codigoNovo() override;
+    QString instrucaoDosDescendentes(const QString& codigo) const override;
+
+private:
+    void cmdZonas_Click();
+    void cmdDist_Click();
+};

@@ -1,0 +1,27 @@
+#include "places/frmSitios.h"
+
+FrmSitios::FrmSitios() : EditorProvisorio(Name, FrmLocalizacao::Lugar)
+{
+    setupUi(this);
+    usa(*this, adoSit, dtSit,
+        {.codigo = "codsitio",
+         .nome = "nomesitio",
+         .superior = "codlugar",
+         .colunas = {{"Código", "codsitio", 100}, {"Nome do sitio", "nomesitio"}},
+         .recusas = {"Deve inserir o nome do sitio!", "A base de dados já contém um sitio com o nome que inseriu!"}});
+}
+
+QString FrmSitios::instrucao() const
+{
+    return "select * from sitio where codlugar = '" + CodSup + "' order by codsitio";
+}
+
+QString FrmSitios::instrucaoDoNome(const QString& nome) const
+{
+    return "select * from sitio where nomesitio = '" + nome + "' and codlugar = '" + CodSup + "'";
+}
+
+QString FrmSitios::codigoNovo()
+{
+    return proximoCodigo(9);
+}

@@ -1,0 +1,78 @@
+#include "places/frmZona.h"
+
+#include "common/campos.h"
+#include "common/codigos.h"
+#include "common/modGeral.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/msgbox.h"
+
+FrmZona::FrmZona() : EditorProvisorio(Name, FrmLocalizacao::Pais)
+{
+    setupUi(this);
+    usa(*this, adoZona, dtgZona,
+        {.codigo = "codzona",
+         .nome = "nomezona",
+         .superior = "codpais",
+         .ordem = "nomezona ASC",
+         .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 300}, {"Tipo", "tipo"}},
+         .recusas = {"Deve inserir um nome de uma zona de um país!",
+                     "A base de dados já contém uma zona com o nome que inseriu!"}});
+}
+
+void FrmZona::Form_Load()
+{
+    guarded([&] {
+        PreencheCodigos(*cmbTipo, "select codigo, descricao from infocomplementar where categoria = 'TipZo'");
+        EditorProvisorio::Form_Load();
+    });
+}
+
+QString FrmZona::instrucao() const
+{
+    return "select codzona, nomezona, obs, tipo, codpais from zonapais where codpais = '" + CodSup + "'";
+}
+
+QString FrmZona::instrucaoDoNome(const QString& nome) const
+{
+    return "select * from zonapais where nomezona = '" + QString(nome).replace("'", "''") + "' and codPais = '" +
+           CodSup + "'";
+}
+
+const QList<ModeRow>& FrmZona::modos() const
+{
+    using enum Effect;
+    static const QList<ModeRow> tabela = EditorDeLocais::modos() + QList<ModeRow>{{"cmbTipo", {Open}, {Shut}}};
+    return tabela;
+}
+
+// Kept: the highest code is that of the texts, so that behind nine zones the tenth code comes again.
+QString FrmZona::codigoNovo()
+{
+    const jet::Recordset maior(cnBDP, "Select max(codzona) from zonapais where codpais = '" + CodSup + "'");
+    if (maior[0].isNull()) return CodSup + "1";
+    return CodSup + textoDoNumero(numeroDoTexto(Mid(maior[0].toString(), 3)) + 1);
+}
+
+bool FrmZona::VerificaCampos(Passo passo)
+{
+    if (!EditorProvisorio::VerificaCampos(passo)) return false;
+    if (preenchido(cmbTipo)) return true;
+    showMessage("Deve especificar o tipo de zona!");
+    Focus::setTo(cmbTipo);
+    return false;
+}
+
+void FrmZona::limpaOutros()
+{
+    cmbTipo->setListIndex(-1);
+}
+
+void FrmZona::mostraOutros(const jet::Recordset& linha)
+{
+    ProcuraItemData(*cmbTipo, linha["tipo"]);
+}
+
+void FrmZona::escreveOutros(jet::Recordset& linha) const
+{
+    linha.set("tipo", itemDe(cmbTipo));
+}
