@@ -13,7 +13,7 @@ FrmInfo& frmInfo()
     return theForm<FrmInfo>();
 }
 
-FrmInfo::FrmInfo() : EditorDeCodigos(Name)
+FrmInfo::FrmInfo() : EditorDeTabela(Name)
 {
     setupUi(this);
     connect(cmbCat, &ComboBox::clicked, this, &FrmInfo::cmbCat_Click);
@@ -101,7 +101,7 @@ void FrmInfo::mostraLinha()
 // Captions, grid and fields as they are between two edits.
 void FrmInfo::terminaEdicao()
 {
-    EditorDeCodigos::terminaEdicao();
+    EditorDeTabela::terminaEdicao();
     dtgInfo->setEnabled(true);
     txtCod->setLocked(true);
     txtNome->setLocked(true);

@@ -1,7 +1,7 @@
 // The codes of the complementary information: the small coded lists of the cards.
 #pragma once
 
-#include "codes/EditorDeCodigos.h"
+#include "common/EditorDeTabela.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -11,7 +11,7 @@
 
 // Adds codes to a category, and alters and deletes those that were added, which a "*" at the head of their description
 // marks; the fixed ones are protected. When it closes, the coded lists of the open forms follow.
-class FrmInfo : public EditorDeCodigos, public Ui::FrmInfo
+class FrmInfo : public EditorDeTabela, public Ui::FrmInfo
 {
     Q_OBJECT
 

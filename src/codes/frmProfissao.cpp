@@ -14,7 +14,7 @@ FrmProfissao& frmProfissao()
     return theForm<FrmProfissao>();
 }
 
-FrmProfissao::FrmProfissao() : EditorDeCodigos(Name)
+FrmProfissao::FrmProfissao() : EditorDeTabela(Name)
 {
     setupUi(this);
     connect(lstProf, &ListBox::clicked, this, &FrmProfissao::lstProf_Click);

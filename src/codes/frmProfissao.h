@@ -1,7 +1,7 @@
 // The catalogue of professions.
 #pragma once
 
-#include "codes/EditorDeCodigos.h"
+#include "common/EditorDeTabela.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -11,7 +11,7 @@
 
 // Adds, alters and deletes professions. What is written here is marked with a "*" as the researcher's own, but the mark
 // protects nothing. When it closes, the list of an open frmProf follows.
-class FrmProfissao : public EditorDeCodigos, public Ui::FrmProfissao
+class FrmProfissao : public EditorDeTabela, public Ui::FrmProfissao
 {
     Q_OBJECT
 

@@ -11,6 +11,11 @@ void EditorDeTabela::ligaComandos()
     connect(sair_, &CommandButton::clicked, this, &EditorDeTabela::cmdSair_Click);
 }
 
+bool EditorDeTabela::Form_QueryUnload(UnloadMode modo)
+{
+    return modo != UnloadMode::ControlMenu;
+}
+
 bool EditorDeTabela::inserindo() const
 {
     return ins_->text() == legenda::confirmar;

@@ -37,6 +37,8 @@ protected:
     virtual void terminaEdicao(); // no step is under way: the captions are those of the start
     virtual void mostraLinha() = 0;
 
+    bool Form_QueryUnload(UnloadMode modo) override; // its own close box does nothing
+
     CommandButton *ins_ = nullptr, *alt_ = nullptr, *elim_ = nullptr, *sair_ = nullptr;
 
 private:

@@ -82,7 +82,7 @@ protected:
     virtual void escreveOutros(jet::Recordset&) const {}
 
     void Form_Load() override;
-    bool Form_QueryUnload(UnloadMode modo) override; // an edit under way keeps the form
+    bool Form_QueryUnload(UnloadMode modo) override; // while an edit runs the close box does nothing
     void abreInsercao() override;
     void confirmaInsercao() override;
     bool podeAlterar() override;
