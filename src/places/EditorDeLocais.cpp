@@ -143,7 +143,7 @@ void EditorDeLocais::confirmaInsercao()
     const QString codigo = codigoAGravar();
     jet::Recordset& linhas = registos_->recordset();
     linhas.addNew();
-    linhas.set(regras_.codigo, codigo);
+    linhas.set(regras_.codigo, codigo.isEmpty() ? QVariant() : codigo); // the store refuses a row without one
     if (!regras_.superior.isEmpty()) linhas.set(regras_.superior, superior());
     escreveCampos();
     linhas.requery(); // in its order
@@ -185,7 +185,7 @@ void EditorDeLocais::escreveCampos()
 
 QString EditorDeLocais::codigoAGravar() const
 {
-    return txtCod_->text();
+    return Trim(txtCod_->text());
 }
 
 QString EditorDeLocais::nomeAGravar() const

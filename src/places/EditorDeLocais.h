@@ -9,6 +9,8 @@
 #include <QList>
 #include <QString>
 
+#include <utility>
+
 // A grid of all rows, boxes that show the row chosen there, and the commands that add, alter and delete through the
 // cursor. An editor gives its rules as data and as hooks; nothing else stands in its file.
 // The working list isn't touched: a new row isn't on it.
@@ -75,7 +77,7 @@ protected:
     // A statement that deletes what hangs on a row, before the row itself; empty: none.
     virtual QString instrucaoDosDescendentes(const QString&) const { return {}; }
     virtual const QList<ModeRow>& modos() const;
-    virtual QWidget* primeiroCampo() const; // gets the focus when an edit starts
+    virtual QWidget* primeiroCampo() const; // gets the focus when an insertion starts
     // The fields of one editor alone.
     virtual void limpaOutros() {}
     virtual void mostraOutros(const jet::Recordset&) {}

@@ -11,7 +11,7 @@ FrmDistritos::FrmDistritos() : EditorComCodigo(Name)
          .nome = "nomedistrito",
          .superior = "codpais",
          .ordem = "nomedistrito ASC",
-         .colunas = {{"Nome do Distrito", "nomedistrito", 340}, {"Código", "coddistrito"}},
+         .colunas = {{"Nome do Distrito", "nomedistrito", 290}, {"Código", "coddistrito"}},
          .recusas = {"Deve inserir o nome do distrito!",
                      "A base de dados já contém um distrito com o nome que inseriu!"},
          .outros = {cmdConc}});

@@ -12,7 +12,7 @@ FrmFreguesias::FrmFreguesias() : EditorComCodigo(Name)
          .nome = "nomeparoquia",
          .superior = "codconcelho",
          .ordem = "nomeparoquia ASC",
-         .colunas = {{"Nome do paróquia", "nomeparoquia", 340}, {"Código", "codparoquia"}},
+         .colunas = {{"Nome do paróquia", "nomeparoquia", 290}, {"Código", "codparoquia"}},
          .recusas = {"Deve inserir o nome da paróquia!",
                      "A base de dados já contém uma freguesia com o nome que inseriu!"},
          .aoAlterar = {"Deve inserir o nome da freguesia!",
