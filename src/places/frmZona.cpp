@@ -14,7 +14,7 @@ FrmZona::FrmZona() : EditorProvisorio(Name, FrmLocalizacao::Pais)
          .nome = "nomezona",
          .superior = "codpais",
          .ordem = "nomezona ASC",
-         .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 240}, {"Tipo", "tipo"}},
+         .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 210}, {"Tipo", "tipo"}},
          .recusas = {"Deve inserir um nome de uma zona de um país!",
                      "A base de dados já contém uma zona com o nome que inseriu!"}});
 }
