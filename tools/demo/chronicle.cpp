@@ -128,7 +128,7 @@ void Chronicle::findFoundling()
     child.filiation = foundling;
     child.birthExact = false;
     child.birthPlace = {parishCode, "F"};
-    child.baptizedBy = priest_;
+    child.baptizedBy = {priest_, parishPriest};
     child.seenFrom = today_;
     child.note((sex == Sex::male ? "Enjeitado à porta de " : "Enjeitada à porta de ") +
                random_.pick(localities()).name + "; a idade é a que mostrava ter.");
@@ -165,7 +165,7 @@ void Chronicle::bearOne(const Family& family, bool twin)
     child.origin = family.number;
     child.filiation = family.situation == legitimateFamily ? legitimate : fatherUnknown;
     child.birthPlace = inParish();
-    child.baptizedBy = priest_;
+    child.baptizedBy = {priest_, parishPriest};
     child.seenFrom = today_;
     if (unnamed) {
         child.name = "Criança sem nome";
@@ -224,7 +224,10 @@ void Chronicle::comeOfAge(int number)
     if (random_.chance(8)) person.nickname = nickname(random_, person.sex);
     if (person.sex == Sex::male) {
         const int lot = random_.between(1, 100);
-        if (lot <= 15) return leave(number, "Ausentou-se para o Brasil.");
+        if (lot <= 15) {
+            person.emigrant = true;
+            return leave(number, "Ausentou-se para o Brasil.");
+        }
         if (lot <= 22) return leave(number, "Casou fora da freguesia.");
         if (lot <= 25) {
             person.title = "Padre";

@@ -41,7 +41,7 @@ void Chronicle::wed(int groom, int bride)
     Family& family = addFamily(groom, bride);
     family.wedding = today_;
     family.place = {parishCode, "F"};
-    family.marriedBy = priest_;
+    family.marriedBy = {priest_, parishPriest};
     if (random_.chance(5)) family.notes = "Dispensados no quarto grau de consanguinidade.";
     for (Spouse* spouse : {&family.husband, &family.wife}) {
         Person& person = this->person(spouse->person);
@@ -90,7 +90,7 @@ void Chronicle::recordBurial(Person& dead)
     dead.seenTo = today_;
     dead.deathExact = !random_.chance(3);
     dead.deathPlace = inParish();
-    dead.buriedBy = priest_;
+    dead.buriedBy = {priest_, parishPriest};
     dead.cause = causeOfDeath(random_, age);
     dead.parishClass = dead.civilState == cleric ? clergy : age < 7 ? innocent : age < 12 ? ofConfession : ofCommunion;
     if (age < 7) {

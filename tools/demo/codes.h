@@ -1,4 +1,4 @@
-// The codes of dados.dat that the demonstration writes.
+// The codes of dados.dat that the demonstration reckons with.
 #pragma once
 
 namespace demo {
@@ -14,6 +14,11 @@ inline constexpr int allSacraments = 1, confessionOnly = 3, suddenDeath = 11, to
 // ClaPa
 inline constexpr int innocent = 1, ofConfession = 3, ofCommunion = 4, clergy = 9;
 // FunPa
-inline constexpr int parishPriest = 1;
+inline constexpr int parishPriest = 1, curate = 6, withLicence = 15;
+// Paren; the code of the woman follows that of the man
+namespace kin {
+inline constexpr int father = 1, son = 3, fathersFather = 5, mothersFather = 7, grandson = 9, brother = 11,
+                     halfBrother = 13, fathersBrother = 19, mothersBrother = 21, nephew = 23, cousin = 33, husband = 43;
+} // namespace kin
 
 } // namespace demo

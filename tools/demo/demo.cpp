@@ -1,6 +1,8 @@
 #include "demo.h"
 
 #include "households.h"
+#include "rows.h"
+#include "transcriber.h"
 
 #include "platform/desktop/desktop.h"
 #include "platform/jet/recordset.h"
@@ -12,28 +14,6 @@ namespace {
 QString letter(Sex sex)
 {
     return sex == Sex::male ? "m" : sex == Sex::female ? "f" : "d";
-}
-
-// What isn't known stays null.
-void put(jet::Recordset& row, const QString& field, const QString& value)
-{
-    if (!value.isEmpty()) row.set(field, value);
-}
-
-void put(jet::Recordset& row, const QString& field, int value)
-{
-    if (value != 0) row.set(field, value);
-}
-
-void put(jet::Recordset& row, const QString& field, QDate value)
-{
-    if (value.isValid()) row.set(field, value);
-}
-
-void put(jet::Recordset& row, const QString& code, const QString& level, const Place& place)
-{
-    put(row, code, place.code);
-    put(row, level, place.level);
 }
 
 // The parish stands in a real municipality, its localities and its neighbours on the working list.
@@ -67,11 +47,11 @@ void putBirth(jet::Recordset& row, const Person& person, const Parish& parish)
     row.set("DnascFixa", person.birthKnown && person.birthExact);
     put(row, "localnasc", "tipolocalnasc", person.birthPlace);
     put(row, "filiacao", person.filiation);
-    put(row, "primpadrebapt", person.baptizedBy);
-    if (person.baptizedBy != 0) row.set("funcprimpbapt", parishPriest);
+    put(row, "primpadrebapt", "funcprimpbapt", person.baptizedBy);
+    put(row, "segpadrebapt", "funcsegpbapt", person.baptizedWith);
     if (person.origin == 0) return;
 
-    const Family& family = parish.families[person.origin - 1];
+    const Family& family = parish.family(person.origin);
     const auto putParent = [&](const Spouse& spouse, const QString& age, const QString& state) {
         if (spouse.person == 0) return;
         const Person& parent = parish.person(spouse.person);
@@ -97,9 +77,10 @@ void putDeath(jet::Recordset& row, const Person& person)
     if (age >= 14) row.set("estadoobito", person.civilState);
     put(row, "sacramentos", person.sacraments);
     put(row, "classparoquial", person.parishClass);
-    put(row, "primpadreobito", person.buriedBy);
-    if (person.buriedBy != 0) row.set("funcprimpobito", parishPriest);
+    put(row, "testamenteiro", person.executor);
+    put(row, "primpadreobito", "funcprimpobito", person.buriedBy);
     put(row, "mortalha", person.shroud);
+    put(row, "igreja", person.church);
     put(row, "enterro", person.grave);
 }
 
@@ -126,6 +107,9 @@ void writePeople(const Parish& parish, jet::Connection& bdp)
         put(row, "fimobs", person.seenTo);
         putBirth(row, person, parish);
         putDeath(row, person);
+        put(row, "estatura", person.stature);
+        put(row, "altura", person.height);
+        put(row, "cFisicas", person.features);
         put(row, "obs", person.notes);
         row.update();
     }
@@ -176,8 +160,8 @@ void writeFamilies(const Parish& parish, jet::Connection& bdp)
         put(row, "inicioobs", family.seenFrom);
         put(row, "fimobs", family.seenTo);
         put(row, "obs", family.notes);
-        put(row, "primpadrecasam", family.marriedBy);
-        if (family.marriedBy != 0) row.set("funcprimpcasam", parishPriest);
+        put(row, "primpadrecasam", "funcprimpcasam", family.marriedBy);
+        put(row, "segpadrecasam", "funcsegpcasam", family.marriedWith);
         row.update();
         writeSpouse(family.husband, family, parish, spouses);
         writeSpouse(family.wife, family, parish, spouses);
@@ -186,12 +170,21 @@ void writeFamilies(const Parish& parish, jet::Connection& bdp)
 
 } // namespace
 
+Parish demonstration()
+{
+    Parish parish = simulate(seed);
+    addHouseholds(parish);
+    Transcriber(parish, seed).run();
+    return parish;
+}
+
 void write(const Parish& parish, jet::Connection& bdp)
 {
     bdp.beginTrans();
     writePlaces(bdp);
     writePeople(parish, bdp);
     writeFamilies(parish, bdp);
+    writeRecords(parish.records, bdp);
     bdp.commitTrans();
 }
 
@@ -203,9 +196,7 @@ void make(const QString& path, const QString& dataFolder)
     bdp.open("Data Source=" + path);
     CriaTabelas(bdp, dataFolder + "/CriarTab.dat");
     CarregaDadosIniciais(bdp);
-    Parish parish = simulate(seed);
-    addHouseholds(parish);
-    write(parish, bdp);
+    write(demonstration(), bdp);
 }
 
 } // namespace demo

@@ -11,6 +11,9 @@ namespace demo {
 
 inline constexpr std::uint32_t seed = 1896;
 
+// The parish of the demonstration: a chronicle, the households told by hand, and what the registers tell around them.
+Parish demonstration();
+
 // Makes the BDP at `path`, where no file may stand, with the reference data of `dataFolder`. Throws jet::Error.
 void make(const QString& path, const QString& dataFolder);
 

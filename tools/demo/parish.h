@@ -3,6 +3,7 @@
 
 #include "codes.h"
 #include "names.h"
+#include "records.h"
 
 #include <QDate>
 #include <QList>
@@ -12,10 +13,11 @@
 
 namespace demo {
 
-struct Place
+// A priest at an act.
+struct Officiant
 {
-    QString code;
-    QString level; // F, L or S; "" for no place
+    int person = 0; // 0: none is told
+    int function = 0;
 };
 
 // A person. `birth` and `death` are always valid dates: life's own, whether or not a register holds them.
@@ -31,24 +33,29 @@ struct Person
     bool birthExact = true;
     Place birthPlace;
     int filiation = 0;
-    int baptizedBy = 0; // number of the priest
+    Officiant baptizedBy, baptizedWith;
 
     QDate death;
     bool deathKnown = false;
     bool deathExact = true;
     int ageToldAtDeath = 0; // where the act has another one than the dates; else 0
     Place deathPlace;
-    QString cause, shroud, grave;
+    QString cause, shroud, church, grave;
     int sacraments = 0;
     int parishClass = 0;
     bool will = false;
-    int buriedBy = 0;
+    int executor = 0; // of the will
+    Officiant buriedBy;
 
     QDate seenFrom, seenTo; // observation; null where nothing is known
     QDate left;             // when the person left the parish for good; null for one who stayed
     int civilState = single;
     QDate widowedOn;
     int marriages = 0;
+
+    bool emigrant = false;
+    QString stature, features; // as a passport describes the bearer
+    int height = 0;            // in centimetres
 
     void note(const QString& text) { notes += notes.isEmpty() ? text : ' ' + text; }
     bool isPresent(QDate day) const { return day < death && (!left.isValid() || day < left); }
@@ -69,7 +76,7 @@ struct Family
     int situation = legitimateFamily;
     QDate wedding; // null where no register holds it
     Place place;
-    int marriedBy = 0;
+    Officiant marriedBy, marriedWith;
     QDate seenFrom, seenTo;
     QString notes;
 };
@@ -80,10 +87,12 @@ struct Parish
 {
     QList<Person> people;
     QList<Family> families;
+    Records records;
 
     Person& person(int number) { return people[number - 1]; }
     const Person& person(int number) const { return people[number - 1]; }
     Family& family(int number) { return families[number - 1]; }
+    const Family& family(int number) const { return families[number - 1]; }
     QList<const Person*> childrenOf(int family) const;
 };
 

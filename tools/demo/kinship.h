@@ -1,0 +1,19 @@
+// What people are to each other by blood.
+#pragma once
+
+#include "parish.h"
+
+namespace demo {
+
+// Numbers of the father and of the mother; 0 where unknown.
+struct Parents
+{
+    int father = 0;
+    int mother = 0;
+};
+Parents parentsOf(const Parish& parish, const Person& person);
+
+// The code of what the first is to the second; 0 where no kinship is known.
+int kinship(const Parish& parish, const Person& who, const Person& toWhom);
+
+} // namespace demo

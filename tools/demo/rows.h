@@ -1,0 +1,41 @@
+// How the parish becomes rows of the BDP.
+#pragma once
+
+#include "parish.h"
+
+#include "platform/jet/recordset.h"
+
+namespace demo {
+
+// What isn't known stays null.
+inline void put(jet::Recordset& row, const QString& field, const QString& value)
+{
+    if (!value.isEmpty()) row.set(field, value);
+}
+
+inline void put(jet::Recordset& row, const QString& field, int value)
+{
+    if (value != 0) row.set(field, value);
+}
+
+inline void put(jet::Recordset& row, const QString& field, QDate value)
+{
+    if (value.isValid()) row.set(field, value);
+}
+
+inline void put(jet::Recordset& row, const QString& code, const QString& level, const Place& place)
+{
+    put(row, code, place.code);
+    put(row, level, place.level);
+}
+
+inline void put(jet::Recordset& row, const QString& number, const QString& function, const Officiant& priest)
+{
+    put(row, number, priest.person);
+    put(row, function, priest.function);
+}
+
+// The records, whatever their order; the running numbers of a person's rows follow it.
+void writeRecords(const Records& records, jet::Connection& bdp);
+
+} // namespace demo

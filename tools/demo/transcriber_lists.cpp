@@ -1,0 +1,146 @@
+#include "transcriber.h"
+
+#include <algorithm>
+
+namespace demo {
+namespace {
+
+// Codes of prof.dat; the commonest stand more than once.
+const QList<int> tradesOfMen{384, 384, 384, 384, 384, 368, 368, 368, 153, 153,  // lavrador, jornaleiro, caseiro
+                             459, 580, 27,  138, 306, 497, 618, 614, 33,  609}; // moleiro, sapateiro ... taberneiro
+const QList<int> tradesOfWomen{617, 617, 308, 308, 485, 208, 216, 216, 492};    // tecedeiro, fiandeiro ... parteira
+const QList<int> tradesOfNobles{132, 465, 540}; // capitão de ordenanças ... proprietário
+constexpr int servant = 453;                    // moço de lavoura
+constexpr int parishPriestTrade = 491, priestTrade = 486;
+constexpr int workingFrom = 16;
+
+const QList<Place> overseas{{"0219", "Z"}, {"0219", "Z"}, {"0219", "Z"}, {"025", "Z"},
+                            {"025", "Z"},  {"0213", "Z"}, {"0217", "Z"}, {"02", "P"}};
+const QStringList faces{"Rosto comprido", "Rosto redondo", "Rosto bexigoso", "Rosto moreno"};
+const QStringList eyes{"olhos castanhos", "olhos pretos", "olhos azuis", "olhos pardos"};
+const QStringList hair{"cabelo preto", "cabelo castanho", "cabelo louro", "cabelo ruivo", "cabelo crespo"};
+const QStringList marks{"", "", "", "sinal na face esquerda", "cicatriz na testa", "falta de um dente"};
+
+bool isInside(const Place& place)
+{
+    return place.level == "L" || place.level == "S";
+}
+
+} // namespace
+
+// The acts that may tell what somebody was.
+QList<Sighting> Transcriber::sightingsOf(const Person& person) const
+{
+    QList<Sighting> sightings;
+    for (const int number : marriages_.value(person.number)) {
+        const Family& family = this->family(number);
+        if (family.marriedBy.person != 0) sightings << Sighting{family.wedding, true, "Assento de casamento"};
+        for (const Person* child : parish_.childrenOf(number))
+            if (child->baptizedBy.person != 0 && isAround(person, child->birth))
+                sightings << Sighting{child->birth, child->birthExact, "Baptismo de um filho"};
+    }
+    if (person.buriedBy.person != 0) sightings << Sighting{person.death, person.deathExact, "Assento de óbito"};
+    std::ranges::stable_sort(sightings, {}, &Sighting::day);
+    sightings.removeIf(
+        [&](const Sighting& sighting) { return completedYears(person.birth, sighting.day) < workingFrom; });
+    return sightings;
+}
+
+// Where the children were born: a family that moved shows it at the next baptism.
+void Transcriber::addHomes(const Family& family)
+{
+    QDate last;
+    for (const Person* child : parish_.childrenOf(family.number)) {
+        if (child->baptizedBy.person == 0 || !isInside(child->birthPlace) || child->birth == last) continue;
+        if (family.seenTo.isValid() && child->birth > family.seenTo) continue; // posthumous
+        if (last.isValid() && !random_.chance(20)) continue;
+        parish_.records.residences << Residence{.ofFamily = true,
+                                                .owner = family.number,
+                                                .sighting = {child->birth, child->birthExact, "Baptismo de um filho"},
+                                                .place = child->birthPlace,
+                                                .notes = last.isValid() ? "Mudaram de casa." : ""};
+        last = child->birth;
+    }
+}
+
+// A newcomer still lives at home on the wedding day; a grown person dies where the burial says.
+void Transcriber::addHomes(const Person& person)
+{
+    const QList<int> marriages = marriages_.value(person.number);
+    if (!marriages.isEmpty() && neighbours().contains(person.birthPlace.code)) {
+        const Family& first = family(marriages.first()); // a later marriage finds her or him in the parish
+        if (first.marriedBy.person != 0)
+            parish_.records.residences << Residence{.owner = person.number,
+                                                    .sighting = {first.wedding, true, "Assento de casamento"},
+                                                    .place = person.birthPlace,
+                                                    .notes = "Antes de casar."};
+    }
+    if (person.buriedBy.person != 0 && completedYears(person.birth, person.death) >= workingFrom &&
+        isInside(person.deathPlace) && random_.chance(60))
+        parish_.records.residences << Residence{.owner = person.number,
+                                                .sighting = {person.death, person.deathExact, "Assento de óbito"},
+                                                .place = person.deathPlace};
+}
+
+int Transcriber::trade(const Person& person)
+{
+    if (person.civilState == cleric) return priestTrade;
+    if (person.title == "Dom") return random_.pick(tradesOfNobles);
+    return random_.pick(person.sex == Sex::female ? tradesOfWomen : tradesOfMen);
+}
+
+void Transcriber::addProfessions(const Person& person)
+{
+    if (person.civilState == cleric && person.origin == 0) { // the register is the parish priest's own
+        const Sighting first{person.seenFrom, true, "Primeiro assento que escreve"};
+        parish_.records.professions << Profession{person.number, first, parishPriestTrade};
+        sign(person.number, first, "Pároco");
+        return;
+    }
+    if (person.sex == Sex::unknown || person.title == "Dona") return;
+    const int own = trade(person);
+    const bool servedFirst = own != priestTrade && person.title.isEmpty() && random_.chance(15);
+    bool first = true;
+    for (const Sighting& sighting : sightingsOf(person)) {
+        if (!random_.chance(person.sex == Sex::female ? 12 : 35)) continue;
+        const bool serves = first && servedFirst && civilStateOn(person, sighting.day) == single;
+        parish_.records.professions << Profession{person.number, sighting, serves ? servant : own};
+        first = false;
+    }
+}
+
+// Whoever signs with a cross is told of less often.
+void Transcriber::sign(int number, const Sighting& sighting, const QString& function)
+{
+    const int level = literacy_[number - 1];
+    if (level == 1 && !random_.chance(25)) return;
+    const Person& who = person(number);
+    parish_.records.signatures << Signature{
+        .person = number,
+        .sighting = sighting,
+        .age = who.birthKnown && who.birthExact ? completedYears(who.birth, sighting.day) : 0,
+        .level = level,
+        .text = level == 1 ? "Sinal de cruz" : who.name,
+        .function = function};
+}
+
+// Some let the first passport lapse and take another.
+void Transcriber::addPassports(Person& emigrant)
+{
+    emigrant.height = random_.between(150, 178);
+    emigrant.stature = emigrant.height < 160 ? "Baixa" : emigrant.height < 169 ? "Média" : "Alta";
+    QStringList features{random_.pick(faces), random_.pick(eyes), random_.pick(hair), random_.pick(marks)};
+    features.removeAll("");
+    emigrant.features = features.join(", ") + '.';
+
+    const Place destination = random_.pick(overseas);
+    const int number = random_.between(1, 400);
+    if (random_.chance(20))
+        parish_.records.passports << Passport{
+            emigrant.number, number, emigrant.left.addDays(-random_.between(200, 500)), destination, "Não embarcou."};
+    parish_.records.passports << Passport{emigrant.number, number + random_.between(20, 90),
+                                          emigrant.left.addDays(-random_.between(5, 60)), destination,
+                                          random_.chance(40) ? "Vai para casa de um tio." : ""};
+}
+
+} // namespace demo
