@@ -27,6 +27,7 @@ void FrmInfo::Form_Load()
         adoInfo.setRecordSource("select codigo, descricao,categoria from infocomplementar");
         adoInfo.refresh();
         adoInfo.recordset().setSort("codigo ASC");
+        adoInfo.recordset().setFilter("categoria=''"); // no row can be edited before its category is chosen
         preencheCategorias();
     });
 }
@@ -34,12 +35,11 @@ void FrmInfo::Form_Load()
 // The first category is chosen, and with it its codes are shown.
 void FrmInfo::preencheCategorias()
 {
-    const auto falta = [](const QString& oQue) {
-        showMessage("A base de dados não " + oQue + " categorias!\r\nContacte o suporte!", Icon::Critical);
-    };
-    if (!ExisteTabela("categoria", cnBDP)) return falta("contém a tabela de");
+    if (!ExisteTabela("categoria", cnBDP))
+        return showMessage("A base de dados não contém a tabela de categorias!\r\nContacte o suporte!", Icon::Critical);
     jet::Recordset categorias(cnBDP, "select codcat, nomecat from categoria");
-    if (categorias.eof()) return falta("faz referência a");
+    if (categorias.eof())
+        return showMessage("A base de dados não faz referência a categorias!\r\nContacte o suporte!", Icon::Critical);
     for (; !categorias.eof(); categorias.moveNext())
         cmbCat->add(categorias["codcat"].toString() + " - " + categorias["nomecat"].toString());
     cmbCat->setListIndex(0);

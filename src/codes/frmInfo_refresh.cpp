@@ -1,8 +1,8 @@
 // The coded lists of the open forms, brought up to date when the codes were edited.
 #include "codes/frmInfo.h"
 
+#include "common/codigos.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
 #include "platform/forms/forms.h"
 
 #include <QAbstractButton>
@@ -34,12 +34,10 @@ constexpr ListaAberta listasAbertas[] = {
 // Kept: the blank entry is one blank long, and the marks stay in the texts.
 void preenche(ComboBox& lista, const QString& categoria)
 {
-    lista.clear();
-    lista.add(" ");
     jet::Recordset codigos(cnBDP,
                            "select codigo, descricao from infocomplementar  where categoria = '" + categoria + "'");
-    for (; !codigos.eof(); codigos.moveNext())
-        lista.add(codigos["descricao"].toString(), codigoDoTexto(codigos["codigo"].toString()));
+    PreencheComBranco(lista, codigos, 1, 0);
+    lista.setItemText(0, " ");
 }
 
 void actualiza(const QWidget* form, const ListaAberta& aberta)
