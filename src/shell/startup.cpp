@@ -22,6 +22,7 @@
 #include "places/frmLocalizacao.h"
 #include "places/frmLugares.h"
 #include "places/frmPais.h"
+#include "places/frmPesq.h"
 #include "places/frmSitios.h"
 #include "places/frmZona.h"
 #include "platform/forms/focus.h"
@@ -83,6 +84,7 @@ void registerForms()
     Forms::add("frmPass", [] { return new FrmPass; });
     Forms::add("frmDatas", [] { return new FrmDatas; });
     Forms::add("frmLocalizacao", [] { return new FrmLocalizacao; });
+    Forms::add("frmPesq", [] { return new FrmPesq; });
     Forms::add("frmPais", [] { return new FrmPais; });
     Forms::add("frmZona", [] { return new FrmZona; });
     Forms::add("frmDistritos", [] { return new FrmDistritos; });
