@@ -12,6 +12,7 @@
 #include "store/frmBack.h"
 #include "store/modBD.h"
 #include "ui_frmORV.h"
+#include "views/fichaIndividual.h"
 
 #include <QCloseEvent>
 
@@ -47,6 +48,7 @@ void FrmORV::connectMenus()
     on(ui->mnupais, &FrmORV::mnupais_Click);
     on(ui->mnuProf, &FrmORV::mnuProf_Click);
     on(ui->mnuCategorias, &FrmORV::mnuCategorias_Click);
+    on(ui->mnuRelInd, &FrmORV::mnuRelInd_Click);
     on(ui->mnuComo, &FrmORV::mnuComo_Click);
     on(ui->mnuTut, &FrmORV::mnuTut_Click);
     on(ui->mnuAcerca, &FrmORV::mnuAcerca_Click);
@@ -201,6 +203,11 @@ void FrmORV::mnuProf_Click()
 void FrmORV::mnuCategorias_Click()
 {
     ActualizaCategorias(); // Kept: no handler, so an error ends the program
+}
+
+void FrmORV::mnuRelInd_Click()
+{
+    guarded([&] { FichaIndividual(); });
 }
 
 void FrmORV::mnuComo_Click()

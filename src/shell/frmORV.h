@@ -39,6 +39,7 @@ private:
     void mnupais_Click();
     void mnuProf_Click();
     void mnuCategorias_Click();
+    void mnuRelInd_Click();
     void mnuComo_Click();
     void mnuTut_Click();
     void mnuAcerca_Click();

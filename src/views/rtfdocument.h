@@ -1,0 +1,48 @@
+// A document in Rich Text Format: as much of a word processor as it takes to fill in a template.
+#pragma once
+
+#include "views/rtfreader.h"
+
+#include <optional>
+
+// The bytes that aren't replaced stay as they are.
+//
+// The selection is a stretch of the text as it was opened, at first empty and at its beginning. It only moves forward,
+// and what was pasted isn't searched.
+class RtfDocument
+{
+public:
+    // Nothing where the file can't be read or is no such document.
+    static std::optional<RtfDocument> open(const QString& path);
+
+    // The text as it was opened.
+    const QString& text() const { return read_.text; }
+
+    // Selects the first occurrence behind the selection, whatever its case and its formatting. False, with the
+    // selection as it was, where there is none.
+    bool find(const QString& text);
+
+    // Puts a text in the place of the selection, which then is empty and stands behind it.
+    void paste(const QString& text);
+
+    // Writes the whole document or nothing: false then, and an earlier file stays. A folder or a file that nobody may
+    // write is left alone for the superuser, too.
+    bool saveAs(const QString& path) const;
+
+private:
+    struct Edit
+    {
+        qsizetype begin;
+        qsizetype end;
+        QByteArray bytes;
+    };
+
+    void replace(const RtfText::Span& span, const QByteArray& bytes);
+
+    QByteArray bytes_;
+    RtfText read_;
+    QList<Edit> edits_;     // in the order of the bytes
+    qsizetype pasted_ = -1; // the edit that holds what was pasted last
+    qsizetype from_ = 0;    // the selection, in characters
+    qsizetype to_ = 0;
+};
