@@ -11,17 +11,7 @@
 
 namespace {
 
-enum Nivel
-{
-    Pais,
-    Zona,
-    Distrito,
-    Concelho,
-    Paroquia,
-    Lugar,
-    Sitio,
-    NumNiveis
-};
+using enum FrmLocalizacao::Nivel;
 
 enum Coluna
 {
