@@ -7,6 +7,10 @@
 
 void Ficha::ligaComandos()
 {
+    connect(ins_, &CommandButton::clicked, this, &Ficha::cmdIns_Click);
+    connect(alt_, &CommandButton::clicked, this, &Ficha::cmdAlt_Click);
+    connect(elim_, &CommandButton::clicked, this, &Ficha::cmdElim_Click);
+    connect(loc_, &CommandButton::clicked, this, &Ficha::cmdLoc_Click);
     connect(prim_, &CommandButton::clicked, this, &Ficha::cmdPrim_Click);
     connect(ult_, &CommandButton::clicked, this, &Ficha::cmdUlt_Click);
     marcaFiltro(false);
@@ -46,6 +50,66 @@ void Ficha::eliminaDoFicheiro()
     registos.movePrevious();
     if (registos.bof()) registos.moveNext();
     mostraRegistoDoFicheiro();
+}
+
+void Ficha::cmdIns_Click()
+{
+    guarded([&] {
+        if (ins_->text() == legenda::confirmar) return confirmaInsercao();
+        if (ins_->text() == legenda::cancelar) return cancelaPesquisa();
+        if (!EmPesquisa) iniciaInsercao();
+    });
+}
+
+void Ficha::cmdAlt_Click()
+{
+    guarded([&] {
+        if (alt_->text() == legenda::confirmar) return confirmaAlteracao();
+        if (alt_->text() == legenda::cancelar) return cancelaInsercao();
+        if (!EmPesquisa) iniciaAlteracao();
+    });
+}
+
+void Ficha::cmdElim_Click()
+{
+    guarded([&] {
+        if (elim_->text() == legenda::cancelar) return cancelaAlteracao();
+        if (!EmPesquisa) elimina();
+    });
+}
+
+void Ficha::cmdLoc_Click()
+{
+    guarded([&] {
+        if (loc_->text() == legenda::confirmar) return confirmaPesquisa();
+        if (!EmPesquisa) iniciaPesquisa();
+    });
+}
+
+void Ficha::abreInsercao()
+{
+    LimpaCampos();
+    AplicarModo("Edi");
+    ins_->setText(legenda::confirmar);
+    alt_->setText(legenda::cancelar);
+    alt_->setEnabled(true);
+    elim_->setEnabled(false);
+}
+
+void Ficha::abreAlteracao()
+{
+    AplicarModo("Edi");
+    alt_->setText(legenda::confirmar);
+    elim_->setText(legenda::cancelar);
+    ins_->setEnabled(false);
+}
+
+void Ficha::fechaEdicao()
+{
+    AplicarModo("Cons");
+    ins_->setText(legenda::inserir);
+    alt_->setText(legenda::alterar);
+    elim_->setText(legenda::eliminar);
 }
 
 void Ficha::cmdPrim_Click()

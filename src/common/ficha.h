@@ -1,4 +1,5 @@
-// What the card of a person and the card of a family share: the modes, the ends of the file, and the search.
+// What the card of a person and the card of a family share: the modes, the ends of the file, the meaning of the
+// commands, and the search.
 #pragma once
 
 #include "platform/forms/controls.h"
@@ -62,6 +63,23 @@ protected:
     virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
     virtual jet::Recordset& registo() = 0;      // the cursor on the row of the record shown
 
+    // What a click on a command means, by the captions. None of the four openings comes while EmPesquisa is on.
+    virtual void iniciaInsercao() = 0;
+    virtual void confirmaInsercao() = 0;
+    virtual void cancelaInsercao() = 0;
+    virtual void iniciaAlteracao() = 0;
+    virtual void confirmaAlteracao() = 0;
+    virtual void cancelaAlteracao() = 0;
+    virtual void elimina() = 0;
+    virtual void iniciaPesquisa() = 0;
+    virtual void confirmaPesquisa() = 0;
+    virtual void cancelaPesquisa() = 0;
+
+    // The modes and captions at the two ends of an edit.
+    void abreInsercao(); // on cleared fields
+    void abreAlteracao();
+    void fechaEdicao();
+
     // Deletes the current row of the file, and shows the row before it, or the new first one. Where the row can't be
     // deleted, it stays, and nothing is said.
     void eliminaDoFicheiro();
@@ -72,6 +90,10 @@ protected:
 
 private:
     void ligaComandos();
+    void cmdIns_Click();
+    void cmdAlt_Click();
+    void cmdElim_Click();
+    void cmdLoc_Click();
     void cmdPrim_Click();
     void cmdUlt_Click();
     void marcaFiltro(bool resultados);

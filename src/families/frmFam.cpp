@@ -50,10 +50,6 @@ void FrmFam::connectEvents()
     connect(cmdSeg, &CommandButton::clicked, this, &FrmFam::cmdSeg_Click);
 
     connect(cmdResid, &CommandButton::clicked, this, &FrmFam::cmdResid_Click);
-    connect(cmdLoc, &CommandButton::clicked, this, &FrmFam::cmdLoc_Click);
-    connect(cmdIns, &CommandButton::clicked, this, &FrmFam::cmdIns_Click);
-    connect(cmdAlt, &CommandButton::clicked, this, &FrmFam::cmdAlt_Click);
-    connect(cmdElim, &CommandButton::clicked, this, &FrmFam::cmdElim_Click);
     connect(cmdFechar, &CommandButton::clicked, this, &FrmFam::cmdFechar_Click);
 }
 

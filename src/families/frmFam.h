@@ -86,16 +86,13 @@ private:
     bool emInsercao() const;
 
     // frmFam_edit.cpp: insert and alteration
-    void cmdIns_Click();
-    void cmdAlt_Click();
-    void cmdElim_Click();
-    void iniciaInsercao();
-    void confirmaInsercao();
-    void cancelaInsercao();
-    void iniciaAlteracao();
-    void confirmaAlteracao();
-    void cancelaAlteracao();
-    void eliminaFamilia();
+    void iniciaInsercao() override;
+    void confirmaInsercao() override;
+    void cancelaInsercao() override;
+    void iniciaAlteracao() override;
+    void confirmaAlteracao() override;
+    void cancelaAlteracao() override;
+    void elimina() override;
     bool temObrigatorios();
     void insereFamilia();
     void insereMembro(const Metade& membro);
@@ -112,12 +109,11 @@ private:
     void txtNC_Validate(int indice);
 
     // frmFam_search.cpp
-    void cmdLoc_Click();
     void cmdLocDat_Click();
-    void iniciaPesquisa();
-    void confirmaPesquisa();
+    void iniciaPesquisa() override;
+    void confirmaPesquisa() override;
     void desistePorFaltaDeCriterio();
-    void cancelaPesquisa();
+    void cancelaPesquisa() override;
     Filtro filtroDosCampos() const;
 
     Metade metades_[2];

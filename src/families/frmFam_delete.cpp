@@ -1,14 +1,12 @@
 // What goes with a family. Its people stay.
 #include "families/frmFam.h"
 
-#include "common/globals.h"
 #include "common/numbers.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 
-void FrmFam::eliminaFamilia()
+void FrmFam::elimina()
 {
-    if (EmPesquisa) return;
     if (!ask("Tem a certeza que deseja eliminar esta família e todas as suas referências?")) return;
 
     poeFicheiroNaFicha();

@@ -1,8 +1,7 @@
-// Insert and alteration: two-step commands, told apart by their captions.
+// Insert and alteration.
 #include "families/frmFam.h"
 
 #include "common/campos.h"
-#include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
@@ -21,49 +20,9 @@ void escolheLegitima(ComboBox& situacoes)
 
 } // namespace
 
-void FrmFam::cmdIns_Click()
-{
-    guarded([&] {
-        if (cmdIns->text() == legenda::inserir)
-            iniciaInsercao();
-        else if (cmdIns->text() == legenda::confirmar)
-            confirmaInsercao();
-        else
-            cancelaPesquisa();
-    });
-}
-
-void FrmFam::cmdAlt_Click()
-{
-    guarded([&] {
-        if (cmdAlt->text() == legenda::alterar)
-            iniciaAlteracao();
-        else if (cmdAlt->text() == legenda::confirmar)
-            confirmaAlteracao();
-        else
-            cancelaInsercao();
-    });
-}
-
-void FrmFam::cmdElim_Click()
-{
-    guarded([&] {
-        if (cmdElim->text() == legenda::cancelar)
-            cancelaAlteracao();
-        else
-            eliminaFamilia();
-    });
-}
-
 void FrmFam::iniciaInsercao()
 {
-    if (EmPesquisa) return;
-    LimpaCampos();
-    AplicarModo("Edi");
-    cmdIns->setText(legenda::confirmar);
-    cmdAlt->setText(legenda::cancelar);
-    cmdAlt->setEnabled(true);
-    cmdElim->setEnabled(false);
+    abreInsercao();
     // Kept: the number behind the last row of the file, which isn't always the highest one.
     NfamCorrente = 1;
     if (adoFam.hasRows()) {
@@ -102,9 +61,7 @@ void FrmFam::confirmaInsercao()
     transaccao.commit();
 
     adoFam.refresh();
-    AplicarModo("Cons");
-    cmdAlt->setText(legenda::alterar);
-    cmdIns->setText(legenda::inserir);
+    fechaEdicao();
     ActualizaCampos(adoFam.recordset(), numeroDoTexto(txtNFam->text()));
 }
 
@@ -154,19 +111,13 @@ void FrmFam::insereMembro(const Metade& membro)
 // Kept: back on the last family, where the insert had taken its number, and not on the one shown before.
 void FrmFam::cancelaInsercao()
 {
-    AplicarModo("Cons");
-    cmdAlt->setText(legenda::alterar);
-    cmdIns->setText(legenda::inserir);
+    fechaEdicao();
     ActualizaCampos(adoFam.recordset(), adoFam.hasRows() ? adoFam.recordset()["nfamilia"].toDouble() : 0);
 }
 
 void FrmFam::iniciaAlteracao()
 {
-    if (EmPesquisa) return;
-    AplicarModo("Edi");
-    cmdAlt->setText(legenda::confirmar);
-    cmdElim->setText(legenda::cancelar);
-    cmdIns->setEnabled(false);
+    abreAlteracao();
     if (!eData(mskData->text())) mskData->setText({});
     Focus::setTo(cmbSit);
 }
@@ -188,10 +139,7 @@ void FrmFam::confirmaAlteracao()
         reescreveMembro(membro, temNumCasam);
     transaccao.commit();
 
-    AplicarModo("Cons");
-    cmdAlt->setText(legenda::alterar);
-    cmdElim->setText(legenda::eliminar);
-    cmdIns->setEnabled(true);
+    fechaEdicao();
 }
 
 // Every column of the card; null where its field is empty or, for a date, no date.
@@ -229,8 +177,6 @@ void FrmFam::reescreveMembro(const Metade& membro, bool temNumCasam)
 
 void FrmFam::cancelaAlteracao()
 {
-    AplicarModo("Cons");
-    cmdElim->setText(legenda::eliminar);
-    cmdAlt->setText(legenda::alterar);
+    fechaEdicao();
     ActualizaCampos(adoFam.recordset(), numeroDoTexto(txtNFam->text()));
 }

@@ -21,16 +21,6 @@ QString condicaoDasDatas(const CriterioDeDatas& datas)
 
 } // namespace
 
-void FrmFam::cmdLoc_Click()
-{
-    guarded([&] {
-        if (cmdLoc->text() == legenda::localizar)
-            iniciaPesquisa();
-        else if (cmdLoc->text() == legenda::confirmar)
-            confirmaPesquisa();
-    });
-}
-
 void FrmFam::cmdLocDat_Click()
 {
     guarded([&] { frmDatas().mostraPara(*this); });
@@ -38,7 +28,6 @@ void FrmFam::cmdLocDat_Click()
 
 void FrmFam::iniciaPesquisa()
 {
-    if (EmPesquisa) return;
     abrePesquisa();
     Focus::setTo(txtNFam);
     EmPesquisa = true;

@@ -69,10 +69,6 @@ void FrmInd::connectEvents()
     connect(cmdLocDat, &CommandButton::clicked, this, &FrmInd::cmdLocDat_Click);
 
     connect(cmdAtribuir, &CommandButton::clicked, this, &FrmInd::cmdAtribuir_Click);
-    connect(cmdLoc, &CommandButton::clicked, this, &FrmInd::cmdLoc_Click);
-    connect(cmdIns, &CommandButton::clicked, this, &FrmInd::cmdIns_Click);
-    connect(cmdAlt, &CommandButton::clicked, this, &FrmInd::cmdAlt_Click);
-    connect(cmdElim, &CommandButton::clicked, this, &FrmInd::cmdElim_Click);
     connect(cmdFechar, &CommandButton::clicked, this, &FrmInd::cmdFechar_Click);
 }
 

@@ -71,16 +71,13 @@ private:
     void cmdSeg_Click();
 
     // Insert and alteration
-    void cmdIns_Click();
-    void cmdAlt_Click();
-    void cmdElim_Click();
-    void iniciaInsercao();
-    void confirmaInsercao();
-    void cancelaInsercao();
-    void iniciaAlteracao();
-    void confirmaAlteracao();
-    void cancelaAlteracao();
-    void eliminaIndividuo();
+    void iniciaInsercao() override;
+    void confirmaInsercao() override;
+    void cancelaInsercao() override;
+    void iniciaAlteracao() override;
+    void confirmaAlteracao() override;
+    void cancelaAlteracao() override;
+    void elimina() override;
     void propoeIndividuo();
     bool temObrigatorios(const QString& accao);
     void poeListaNoNumero(const QString& numero);
@@ -100,10 +97,10 @@ private:
     void VerificaIdade(TextBox* campo);
 
     // Search
-    void cmdLoc_Click();
     void cmdLocDat_Click();
-    void confirmaPesquisa();
-    void cancelaPesquisa();
+    void iniciaPesquisa() override;
+    void confirmaPesquisa() override;
+    void cancelaPesquisa() override;
     QString instrucaoDaPesquisa() const; // "" where nothing is sought
     Filtro condicoesDosCampos() const;
 

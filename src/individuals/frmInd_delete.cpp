@@ -1,7 +1,6 @@
 // What goes with a person: the dated attributes, the acts, the family links.
 #include "individuals/frmInd.h"
 
-#include "common/globals.h"
 #include "common/numbers.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
@@ -41,9 +40,8 @@ void desfazFamilia(const QString& f)
 } // namespace
 
 // Kept: the row itself goes after the commit, and the family card is not told.
-void FrmInd::eliminaIndividuo()
+void FrmInd::elimina()
 {
-    if (EmPesquisa) return;
     if (!ask("Tem a certeza que deseja eliminar este indivíduo e todas as suas referências?", Icon::None)) return;
 
     poeListaNoNumero(txtNind->text()); // the list may stand elsewhere, as before an alteration

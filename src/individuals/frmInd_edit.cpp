@@ -1,7 +1,6 @@
-// Insert and alteration: two-step commands, told apart by their captions.
+// Insert and alteration.
 #include "individuals/frmInd.h"
 
-#include "common/captions.h"
 #include "common/dates.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -12,49 +11,9 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
-void FrmInd::cmdIns_Click()
-{
-    guarded([&] {
-        if (cmdIns->text() == legenda::inserir)
-            iniciaInsercao();
-        else if (cmdIns->text() == legenda::confirmar)
-            confirmaInsercao();
-        else
-            cancelaPesquisa();
-    });
-}
-
-void FrmInd::cmdAlt_Click()
-{
-    guarded([&] {
-        if (cmdAlt->text() == legenda::alterar)
-            iniciaAlteracao();
-        else if (cmdAlt->text() == legenda::confirmar)
-            confirmaAlteracao();
-        else
-            cancelaInsercao();
-    });
-}
-
-void FrmInd::cmdElim_Click()
-{
-    guarded([&] {
-        if (cmdElim->text() == legenda::cancelar)
-            cancelaAlteracao();
-        else
-            eliminaIndividuo();
-    });
-}
-
 void FrmInd::iniciaInsercao()
 {
-    if (EmPesquisa) return;
-    LimpaCampos();
-    AplicarModo("Edi");
-    cmdIns->setText(legenda::confirmar);
-    cmdAlt->setText(legenda::cancelar);
-    cmdAlt->setEnabled(true);
-    cmdElim->setEnabled(false);
+    abreInsercao();
     propoeIndividuo();
 }
 
@@ -96,9 +55,7 @@ void FrmInd::confirmaInsercao()
 
 void FrmInd::cancelaInsercao()
 {
-    cmdAlt->setText(legenda::alterar);
-    cmdIns->setText(legenda::inserir);
-    AplicarModo("Cons");
+    fechaEdicao();
     if (adoInd.hasRows()) poeListaNoNumero(QString::number(NindCorrente));
     ActualizaCampos(adoInd.recordset());
     permiteAtribuir();
@@ -106,13 +63,9 @@ void FrmInd::cancelaInsercao()
 
 void FrmInd::iniciaAlteracao()
 {
-    if (EmPesquisa) return;
     // The list may stand elsewhere: on its first row after an alteration or after the menu brought the card up.
     poeListaNoNumero(txtNind->text());
-    AplicarModo("Edi");
-    cmdAlt->setText(legenda::confirmar);
-    cmdElim->setText(legenda::cancelar);
-    cmdIns->setEnabled(false);
+    abreAlteracao();
     Tipo = Trim(cmbTipoInd->text());
     for (MaskedEdit* campo : {mskDtNasc, mskDtObito})
         if (!eData(campo->text())) campo->setText({});
@@ -131,20 +84,16 @@ void FrmInd::confirmaAlteracao()
     adoNind.refresh();
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
 
-    AplicarModo("Cons");
-    cmdAlt->setText(legenda::alterar);
-    cmdElim->setText(legenda::eliminar);
+    fechaEdicao();
     passaNomeAFamilia();
     permiteAtribuir();
 }
 
 void FrmInd::cancelaAlteracao()
 {
-    AplicarModo("Cons");
+    fechaEdicao();
     poeListaNoNumero(txtNind->text()); // the menu may have moved the list meanwhile
     ActualizaCampos(adoInd.recordset());
-    cmdElim->setText(legenda::eliminar);
-    cmdAlt->setText(legenda::alterar);
     permiteAtribuir();
 }
 

@@ -2,9 +2,7 @@
 #include "individuals/frmInd.h"
 
 #include "common/campos.h"
-#include "common/captions.h"
 #include "common/filtro.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "individuals/frmDatas.h"
 #include "platform/forms/focus.h"
@@ -62,19 +60,15 @@ QString peloPrimeiroFilho(const Filtro& filtro, const QString& data)
 
 } // namespace
 
-void FrmInd::cmdLoc_Click()
-{
-    guarded([&] {
-        if (cmdLoc->text() == legenda::confirmar) return confirmaPesquisa();
-        if (EmPesquisa) return;
-        abrePesquisa();
-        Focus::setTo(txtNome);
-    });
-}
-
 void FrmInd::cmdLocDat_Click()
 {
     guarded([&] { frmDatas().mostraPara(*this); });
+}
+
+void FrmInd::iniciaPesquisa()
+{
+    abrePesquisa();
+    Focus::setTo(txtNome);
 }
 
 void FrmInd::confirmaPesquisa()
