@@ -197,7 +197,8 @@ bool EditorDeLocais::VerificaCampos(Passo passo)
 {
     const Recusas& recusas = passo == Passo::Insercao ? regras_.recusas : regras_.aoAlterar;
     const QString nome = Trim(txtNome_->text());
-    const bool falta = nome.isEmpty() || eNumero(nome);
+    const QString aMostrar = Trim(QString(nome).remove('*')); // a name of "*"s alone would show as none
+    const bool falta = aMostrar.isEmpty() || eNumero(aMostrar);
     if (!falta && !nomeRepetido(nome, passo)) return true;
     const QString anterior = passo == Passo::Insercao ? QString() : valor(regras_.nome).remove('*');
     return recusa(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
