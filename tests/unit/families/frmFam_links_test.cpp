@@ -4,23 +4,17 @@
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/SplashForm.h"
-#include "forms/house.h"
 #include "individuals/frmInd.h"
-#include "store/modBD.h"
+#include "store/parish.h"
 #include "views/frmRP.h"
-
-#include <QTemporaryDir>
 
 namespace {
 
-class FamilyLinks : public House
+class FamilyLinks : public Parish
 {
 protected:
     FamilyLinks()
     {
-        jet::createDatabase(folder.filePath("a.orv"));
-        cnBDP.open(folder.filePath("a.orv"));
-        CriaTabelas(cnBDP, ORV_DATA_DIR "/CriarTab.dat");
         cnBDP.execute("insert into familia (nfamilia) values (1)");
         cnBDP.execute("insert into familia (nfamilia, datacasam, rpCas) values (2, #03/09/1750#, '/rp/2.png')");
         Forms::add(FrmInd::Name, [] { return new FrmInd; });
@@ -28,14 +22,6 @@ protected:
         Forms::show(FrmFam::Name);
         frmFam().cmdUlt->click();
     }
-    ~FamilyLinks() override
-    {
-        Forms::clear();
-        cnBDP.close();
-        limpaGlobais();
-    }
-
-    QTemporaryDir folder;
 };
 
 } // namespace

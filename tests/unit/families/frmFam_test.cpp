@@ -1,22 +1,15 @@
 // The card of a family where no command and no scenario looks: the type that is worked out, and the tool tips.
 #include "families/frmFam.h"
 
-#include "common/globals.h"
-#include "forms/house.h"
-#include "store/modBD.h"
-
-#include <QTemporaryDir>
+#include "store/parish.h"
 
 namespace {
 
-class FamilyCard : public House
+class FamilyCard : public Parish
 {
 protected:
     FamilyCard()
     {
-        jet::createDatabase(folder.filePath("a.orv"));
-        cnBDP.open(folder.filePath("a.orv"));
-        CriaTabelas(cnBDP, ORV_DATA_DIR "/CriarTab.dat");
         cnBDP.execute("insert into paroquia (codparoquia, nomeparoquia) values ('030101', 'Esporões')");
         cnBDP.execute("insert into familia (nfamilia) values (1)");
         person(1, "m", "'1720-05-10'", "'1790-01-02'");
@@ -25,12 +18,6 @@ protected:
         cnBDP.execute("insert into familias (nfamilia, nind) values (1, 2)");
         Forms::add(FrmFam::Name, [] { return new FrmFam; });
         Forms::show(FrmFam::Name);
-    }
-    ~FamilyCard() override
-    {
-        Forms::clear();
-        cnBDP.close();
-        limpaGlobais();
     }
 
     static void person(int nind, const QString& sex, const QString& birth, const QString& death, int origin = 0)
@@ -46,8 +33,6 @@ protected:
     {
         cnBDP.execute(QString("update individuo set %1 = null where nind = %2").arg(column).arg(nind));
     }
-
-    QTemporaryDir folder;
 };
 
 } // namespace

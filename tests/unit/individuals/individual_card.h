@@ -7,31 +7,19 @@
 #include "common/globals.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
-#include "forms/house.h"
 #include "platform/forms/msgbox.h"
-#include "store/modBD.h"
+#include "store/parish.h"
 
-#include <QTemporaryDir>
-
-class IndividualCard : public House
+class IndividualCard : public Parish
 {
 protected:
     IndividualCard()
     {
-        jet::createDatabase(folder.filePath("a.orv"));
-        cnBDP.open(folder.filePath("a.orv"));
-        CriaTabelas(cnBDP, ORV_DATA_DIR "/CriarTab.dat");
         cnBDP.execute("insert into infocomplementar (categoria, codigo, descricao) values ('TipIn', 'T', 'Sem datas')");
         cnBDP.execute("insert into individuo (nind, nome, tipo, sexo) values (7, 'Ana', 'T', 'f')");
         Forms::add(FrmInd::Name, [] { return new FrmInd; });
         Forms::add(FrmFam::Name, [] { return new FrmFam; });
         Forms::show(FrmInd::Name);
-    }
-    ~IndividualCard() override
-    {
-        Forms::clear();
-        cnBDP.close();
-        limpaGlobais();
     }
 
     // A card that has called this one up, and waits.
@@ -71,6 +59,4 @@ protected:
         frmInd().txtNome->setText(name);
         frmInd().cmdAlt->click();
     }
-
-    QTemporaryDir folder;
 };

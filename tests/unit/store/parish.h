@@ -1,0 +1,28 @@
+// A main window over an empty BDP, which is the one in work.
+#pragma once
+
+#include "common/globals.h"
+#include "forms/house.h"
+#include "platform/jet/database.h"
+#include "store/modBD.h"
+
+#include <QTemporaryDir>
+
+class Parish : public House
+{
+protected:
+    Parish()
+    {
+        jet::createDatabase(folder.filePath("a.orv"));
+        cnBDP.open(folder.filePath("a.orv"));
+        CriaTabelas(cnBDP, ORV_DATA_DIR "/CriarTab.dat");
+    }
+    ~Parish() override
+    {
+        Forms::clear();
+        cnBDP.close();
+        limpaGlobais();
+    }
+
+    QTemporaryDir folder;
+};
