@@ -31,6 +31,9 @@ public:
     // Shows the family with the number nf, or for 0 the one of the current row of rs, and puts adoFam on it. An error
     // is shown, and leaves the fields behind it cleared.
     void ActualizaCampos(jet::Recordset& rs, double nf);
+    // Deletes the family shown, with all references but its people, and shows the one before. On an error everything
+    // stays.
+    void eliminaFamilia();
     void ActualizaFilhos();
     void PreencheFG();
     // Puts adoFam on the family of the card, where a refresh has moved it away; on EOF for a family that has no row

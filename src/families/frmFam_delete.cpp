@@ -7,8 +7,11 @@
 
 void FrmFam::elimina()
 {
-    if (!ask("Tem a certeza que deseja eliminar esta família e todas as suas referências?")) return;
+    if (ask("Tem a certeza que deseja eliminar esta família e todas as suas referências?")) eliminaFamilia();
+}
 
+void FrmFam::eliminaFamilia()
+{
     poeFicheiroNaFicha();
     const QString n = textoDoNumero(adoFam.recordset()["nfamilia"]);
     jet::Transaction transaccao(cnBDP);

@@ -34,6 +34,8 @@ public:
     // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves
     // the fields behind it cleared.
     void ActualizaCampos(jet::Recordset& rs);
+    // Deletes the person shown, with all references, and shows the one before. On an error everything stays.
+    void eliminaIndividuo();
     // Enables whoever waits for this card: the family card, the forms of acts.
     void FrmLoaded();
     // After an edit or a search the individual can be handed over again, where another card waits for one.

@@ -39,11 +39,15 @@ void desfazFamilia(const QString& f)
 
 } // namespace
 
-// Kept: the row itself goes after the commit, and the family card is not told.
 void FrmInd::elimina()
 {
-    if (!ask("Tem a certeza que deseja eliminar este indivíduo e todas as suas referências?", Icon::None)) return;
+    if (ask("Tem a certeza que deseja eliminar este indivíduo e todas as suas referências?", Icon::None))
+        eliminaIndividuo();
+}
 
+// Kept: the row itself goes after the commit, and the family card is not told.
+void FrmInd::eliminaIndividuo()
+{
     poeListaNoNumero(txtNind->text()); // the list may stand elsewhere, as before an alteration
     const QString n = textoDoNumero(adoInd.recordset()["Nind"]);
     jet::Transaction transaccao(cnBDP);
