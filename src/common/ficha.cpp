@@ -35,7 +35,7 @@ void Ficha::procuraRegisto(const QString& criterio)
 jet::Recordset& Ficha::registoNaFicha()
 {
     const bool emInsercao = ins_->text() == legenda::confirmar;
-    if (!ficheiro().hasRows() || emInsercao || Modo == "Loc") throw jet::noCurrentRow();
+    if (numeroNaFicha().isEmpty() || emInsercao || Modo == "Loc") throw jet::noCurrentRow();
     return registo();
 }
 

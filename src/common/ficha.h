@@ -36,8 +36,8 @@ public:
     // criterion. A card that is being edited or searched by stays as it is.
     void procuraRegisto(const QString& criterio);
 
-    // The row of the record on the card, to be read or written. Error 3021 where the card has none: in an insert, in a
-    // search, and after the last record was deleted.
+    // The row of the record on the card, to be read or written. Error 3021 where there is none: in an insert, in a
+    // search, and on a cleared card.
     jet::Recordset& registoNaFicha();
 
     // A list of results is up: the frame of the movement is red, and the commands are off but for those of the list.
@@ -61,6 +61,7 @@ protected:
     virtual const QList<ModeRow>& modos() const = 0;
     virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement
     virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
+    virtual QString numeroNaFicha() const = 0;  // empty on a card that shows no record
     virtual jet::Recordset& registo() = 0;      // the cursor on the row of the record shown
 
     // What a click on a command means, by the captions. None of the four openings comes while EmPesquisa is on.

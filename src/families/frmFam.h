@@ -48,6 +48,7 @@ protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoFam; }
     void mostraRegistoDoFicheiro() override;
+    QString numeroNaFicha() const override { return txtNFam->text(); }
     jet::Recordset& registo() override;
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;

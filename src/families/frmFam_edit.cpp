@@ -175,8 +175,9 @@ void FrmFam::reescreveMembro(const Metade& membro, bool temNumCasam)
                       " and nfamilia =" + n);
 }
 
+// On the card that the last family left empty there is no number to come back to.
 void FrmFam::cancelaAlteracao()
 {
     fechaEdicao();
-    ActualizaCampos(adoFam.recordset(), numeroDoTexto(txtNFam->text()));
+    ActualizaCampos(adoFam.recordset(), preenchido(txtNFam) ? numeroDoTexto(txtNFam->text()) : 0);
 }

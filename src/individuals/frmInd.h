@@ -50,6 +50,7 @@ protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
+    QString numeroNaFicha() const override { return txtNind->text(); }
     jet::Recordset& registo() override { return adoNind.recordset(); }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;

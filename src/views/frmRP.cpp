@@ -88,9 +88,9 @@ void FrmRP::cmdLoc_Click()
 void FrmRP::cmdG_0_Click()
 {
     guarded([&] {
-        if (txtLoc->text().isEmpty()) return;
-        const Hourglass ampulheta;
         const Registo* registo = registoDe(lblTipo->text());
+        if (!registo || txtLoc->text().isEmpty()) return;
+        const Hourglass ampulheta;
         jet::Recordset& linha = ficha().registoNaFicha();
         linha.set(registo->coluna, txtLoc->text());
         linha.update();

@@ -34,7 +34,7 @@ namespace Desktop {
 
 int openDocument(const QString& path)
 {
-    if (!QFileInfo::exists(path)) return fileNotFound;
+    if (!QFileInfo(path).isFile()) return fileNotFound;
     return opener ? opener(path) : handOver(QFileInfo(path).absoluteFilePath());
 }
 

@@ -13,7 +13,8 @@ inline constexpr int outOfMemory = 8;
 inline constexpr int noProgram = 31;
 inline constexpr int success = 33;
 
-// Opens a document in the program registered for its type. A relative path is taken against the working folder.
+// Opens a document in the program registered for its type. A relative path is taken against the working folder; a
+// folder is no document, and not found.
 int openDocument(const QString& path);
 
 // Hands a URL to the desktop, its text exactly as it stands.

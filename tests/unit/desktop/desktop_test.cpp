@@ -36,6 +36,13 @@ TEST_F(DesktopTest, ADocumentThatIsNotThereIsNotOpened)
     EXPECT_EQ(opened, QStringList());
 }
 
+TEST_F(DesktopTest, AFolderIsNoDocument)
+{
+    const QTemporaryDir folder;
+    EXPECT_EQ(Desktop::openDocument(folder.path()), Desktop::fileNotFound);
+    EXPECT_EQ(opened, QStringList());
+}
+
 TEST_F(DesktopTest, ADocumentIsOpenedByItsPath)
 {
     const QTemporaryDir folder;
@@ -57,10 +64,12 @@ TEST_F(DesktopTest, ADesktopWithoutAnOpenerSaysSo)
 {
     Desktop::setOpener({});
     const QByteArray path = qgetenv("PATH");
-    const QTemporaryDir empty;
-    qputenv("PATH", empty.path().toLocal8Bit());
+    const QTemporaryDir folder;
+    const QString document = folder.filePath("manual.pdf");
+    ASSERT_TRUE(QFile(document).open(QIODevice::WriteOnly));
+    qputenv("PATH", folder.path().toLocal8Bit());
     EXPECT_EQ(Desktop::openUrl("mailto:a@b.pt"), Desktop::noProgram);
-    EXPECT_EQ(Desktop::openDocument(empty.path()), Desktop::noProgram);
+    EXPECT_EQ(Desktop::openDocument(document), Desktop::noProgram);
     qputenv("PATH", path);
 }
 #endif
