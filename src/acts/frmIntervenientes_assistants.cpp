@@ -159,14 +159,9 @@ void FrmIntervenientes::confirmaAlteracao()
 
 bool FrmIntervenientes::temObrigatorios()
 {
-    const auto falta = [](const QString& exigencia, QWidget* campo) {
-        showMessage(exigencia);
-        Focus::setTo(campo);
-        return false;
-    };
-    if (!preenchido(txtIndAss)) return falta("Deve identificar o assistente!", txtIndAss);
+    if (!preenchido(txtIndAss)) return recusa("Deve identificar o assistente!", txtIndAss);
     if (!assistente->optassistente_0->isChecked() && !assistente->optassistente_1->isChecked())
-        return falta("Deve indicar o tipo de assistente!", assistente->optassistente_0);
+        return recusa("Deve indicar o tipo de assistente!", assistente->optassistente_0);
     return true;
 }
 

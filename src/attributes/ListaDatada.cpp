@@ -41,13 +41,6 @@ void ListaDatada::vigiaNumero(TextBox* campo, const QString& recusa)
     });
 }
 
-bool ListaDatada::recusa(const QString& motivo, QWidget* campo)
-{
-    showMessage(motivo);
-    Focus::setTo(campo);
-    return false;
-}
-
 void ListaDatada::abreLista(const QString& instrucao)
 {
     AplicarModo("Cons");

@@ -82,9 +82,6 @@ protected:
     // The number field takes 0 and more.
     void vigiaNumero(TextBox* campo, const QString& recusa);
 
-    // For VerificaCampos(): tells why not, gives the field the focus, and is false.
-    static bool recusa(const QString& motivo, QWidget* campo);
-
     // For Form_Load(): the rows, the grid and mode "Cons". No row is shown yet.
     void abreLista(const QString& instrucao);
     void mostraPrimeira();

@@ -1,4 +1,4 @@
-// What stands in a field, as the store takes it.
+// What stands in a field, as the store takes it; and the refusal of what it can't take.
 #pragma once
 
 #include "common/dates.h"
@@ -47,3 +47,6 @@ inline QVariant letraDe(const ComboBox* lista)
 {
     return preenchido(lista) ? localDoTexto(lista->text()).tipo : QVariant();
 }
+
+// Tells the user why not, gives the field the focus, and is false.
+bool recusa(const QString& motivo, QWidget* campo);

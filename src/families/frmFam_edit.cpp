@@ -35,18 +35,13 @@ void FrmFam::iniciaInsercao()
     ProcuraTexto(*cmbTipoFam, "7");
 }
 
-// Tells of the first thing without which no family is stored, and gives it the focus.
+// Without these no family is stored.
 bool FrmFam::temObrigatorios()
 {
-    const auto falta = [](const QString& exigencia, QWidget* campo) {
-        showMessage(exigencia);
-        Focus::setTo(campo);
-        return false;
-    };
     if (txtPnind->text().isEmpty() && txtSnind->text().isEmpty())
-        return falta("Deve inserir pelo menos um dos elementos da família!", txtPnind);
-    if (!preenchido(cmbSit)) return falta("Deve especificar a situação da família!", cmbSit);
-    if (!preenchido(cmbTipoFam)) return falta("Deve especificar o tipo de família!", cmbTipoFam);
+        return recusa("Deve inserir pelo menos um dos elementos da família!", txtPnind);
+    if (!preenchido(cmbSit)) return recusa("Deve especificar a situação da família!", cmbSit);
+    if (!preenchido(cmbTipoFam)) return recusa("Deve especificar o tipo de família!", cmbTipoFam);
     return true;
 }
 

@@ -1,6 +1,7 @@
 // Insert and alteration.
 #include "individuals/frmInd.h"
 
+#include "common/campos.h"
 #include "common/dates.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -97,13 +98,11 @@ void FrmInd::cancelaAlteracao()
     permiteAtribuir();
 }
 
-// The three fields without which nobody is stored: tells of the first one missing and gives it the focus.
+// The three fields without which nobody is stored.
 bool FrmInd::temObrigatorios(const QString& accao)
 {
     const auto falta = [&](const QString& exigencia, QWidget* campo) {
-        showMessage(exigencia + " do indivíduo antes de " + accao);
-        Focus::setTo(campo);
-        return false;
+        return recusa(exigencia + " do indivíduo antes de " + accao, campo);
     };
     if (Trim(txtNome->text()).isEmpty()) return falta("Deve inserir o nome", txtNome);
     if (sexo().isEmpty()) return falta("Deve especificar o sexo", optSexo_0);

@@ -47,8 +47,9 @@ QString EditorComCodigo::codigoAGravar() const
 bool EditorComCodigo::VerificaCampos(Passo passo)
 {
     if (passo == Passo::Insercao) {
-        if (Trim(txtCod_->text()).isEmpty()) return recusa(codigo_.emFalta, txtCod_);
-        if (!jet::Recordset(cnBDP, instrucaoDoCodigo(codigoAGravar())).eof()) return recusa(codigo_.repetido, txtCod_);
+        if (Trim(txtCod_->text()).isEmpty()) return recusaComTexto(codigo_.emFalta, txtCod_);
+        if (!jet::Recordset(cnBDP, instrucaoDoCodigo(codigoAGravar())).eof())
+            return recusaComTexto(codigo_.repetido, txtCod_);
     }
     return EditorDeLocais::VerificaCampos(passo);
 }

@@ -1,5 +1,6 @@
 #include "places/EditorDeLocais.h"
 
+#include "common/campos.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -201,7 +202,7 @@ bool EditorDeLocais::VerificaCampos(Passo passo)
     const bool falta = aMostrar.isEmpty() || eNumero(aMostrar);
     if (!falta && !nomeRepetido(nome, passo)) return true;
     const QString anterior = passo == Passo::Insercao ? QString() : valor(regras_.nome).remove('*');
-    return recusa(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
+    return recusaComTexto(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
 }
 
 bool EditorDeLocais::nomeRepetido(const QString& nome, Passo) const
@@ -209,12 +210,10 @@ bool EditorDeLocais::nomeRepetido(const QString& nome, Passo) const
     return !jet::Recordset(cnBDP, instrucaoDoNome(nome)).eof();
 }
 
-bool EditorDeLocais::recusa(const QString& mensagem, TextBox* campo, const QString& texto)
+bool EditorDeLocais::recusaComTexto(const QString& mensagem, TextBox* campo, const QString& texto)
 {
-    showMessage(mensagem);
     campo->setText(texto);
-    Focus::setTo(campo);
-    return false;
+    return recusa(mensagem, campo);
 }
 
 void EditorDeLocais::elimina()

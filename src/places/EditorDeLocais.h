@@ -101,8 +101,8 @@ protected:
     void AplicarModo(const QString& modo);
     // Fills the grid and shows the row with that code; empty: the first one.
     void mostraRegistos(const QString& codigo = {});
-    // Tells it, puts the text into the box and the focus on it. Returns false.
-    bool recusa(const QString& mensagem, TextBox* campo, const QString& texto = {});
+    // Refuses what stands in the box, which gets the text instead.
+    bool recusaComTexto(const QString& mensagem, TextBox* campo, const QString& texto = {});
 
     jet::DataControl* registos_ = nullptr;
     Grid* grelha_ = nullptr;

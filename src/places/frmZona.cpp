@@ -3,8 +3,6 @@
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/modGeral.h"
-#include "platform/forms/focus.h"
-#include "platform/forms/msgbox.h"
 
 FrmZona::FrmZona() : EditorProvisorio(Name, FrmLocalizacao::Pais)
 {
@@ -56,10 +54,7 @@ QString FrmZona::codigoNovo()
 bool FrmZona::VerificaCampos(Passo passo)
 {
     if (!EditorProvisorio::VerificaCampos(passo)) return false;
-    if (preenchido(cmbTipo)) return true;
-    showMessage("Deve especificar o tipo de zona!");
-    Focus::setTo(cmbTipo);
-    return false;
+    return preenchido(cmbTipo) || recusa("Deve especificar o tipo de zona!", cmbTipo);
 }
 
 void FrmZona::limpaOutros()
