@@ -15,6 +15,19 @@ private:
     QHash<int, int> last_;
 };
 
+// One row of the table for each record, with what `fill` puts into it.
+template <class Record, class Fill>
+void writeAll(const QList<Record>& records, jet::Connection& bdp, const char* table, Fill fill)
+{
+    jet::Recordset row(bdp, QStringLiteral("select * from ") + table);
+    Numbering numbering;
+    for (const Record& record : records) {
+        row.addNew();
+        fill(row, record, numbering);
+        row.update();
+    }
+}
+
 void putSighting(jet::Recordset& row, const Sighting& sighting)
 {
     row.set("dataref", sighting.day);
@@ -22,134 +35,95 @@ void putSighting(jet::Recordset& row, const Sighting& sighting)
     put(row, "fonte", sighting.source);
 }
 
-void writeAssistances(const QList<Assistance>& assistances, jet::Connection& bdp)
+void fillAssistance(jet::Recordset& row, const Assistance& one, Numbering&)
 {
-    jet::Recordset row(bdp, "select * from assistente");
-    for (const Assistance& one : assistances) {
-        row.addNew();
-        row.set("entidade", one.entity);
-        row.set("dataref", one.day);
-        row.set("tipoacto", one.act == Act::baptism ? "b" : "c");
-        row.set("nind", one.person);
-        row.set("tipoassistente", one.godparent ? "p" : "t");
-        put(row, "estadocivil", one.civilState);
-        row.set("falecidopai", one.fatherDead);
-        row.set("falecidomae", one.motherDead);
-        put(row, "parentbapt", one.kinToBaptized);
-        put(row, "parentnoivo", one.kinToGroom);
-        put(row, "parentnoiva", one.kinToBride);
-        put(row, "obs", one.notes);
-        row.update();
-    }
+    row.set("entidade", one.entity);
+    row.set("dataref", one.day);
+    row.set("tipoacto", one.act == Act::baptism ? "b" : "c");
+    row.set("nind", one.person);
+    row.set("tipoassistente", one.godparent ? "p" : "t");
+    put(row, "estadocivil", one.civilState);
+    row.set("falecidopai", one.fatherDead);
+    row.set("falecidomae", one.motherDead);
+    put(row, "parentbapt", one.kinToBaptized);
+    put(row, "parentnoivo", one.kinToGroom);
+    put(row, "parentnoiva", one.kinToBride);
+    put(row, "obs", one.notes);
 }
 
-void writeResidences(const QList<Residence>& residences, jet::Connection& bdp)
+void fillResidence(jet::Recordset& row, const Residence& one, Numbering&)
 {
-    jet::Recordset row(bdp, "select * from residencia");
-    for (const Residence& one : residences) {
-        row.addNew();
-        row.set("numero", one.owner);
-        row.set("tiporesid", one.ofFamily ? "f" : "i");
-        putSighting(row, one.sighting);
-        put(row, "localresid", "tipolocal", one.place);
-        put(row, "obs", one.notes);
-        row.update();
-    }
+    row.set("numero", one.owner);
+    row.set("tiporesid", one.ofFamily ? "f" : "i");
+    putSighting(row, one.sighting);
+    put(row, "localresid", "tipolocal", one.place);
+    put(row, "obs", one.notes);
 }
 
-void writeProfessions(const QList<Profession>& professions, jet::Connection& bdp)
+void fillProfession(jet::Recordset& row, const Profession& one, Numbering& numbering)
 {
-    jet::Recordset row(bdp, "select * from profissoes");
-    Numbering numbering;
-    for (const Profession& one : professions) {
-        row.addNew();
-        row.set("nind", one.person);
-        row.set("idprofissao", numbering.next(one.person));
-        putSighting(row, one.sighting);
-        row.set("codprof", one.code);
-        row.update();
-    }
+    row.set("nind", one.person);
+    row.set("idprofissao", numbering.next(one.person));
+    putSighting(row, one.sighting);
+    row.set("codprof", one.code);
 }
 
-void writeSignatures(const QList<Signature>& signatures, jet::Connection& bdp)
+void fillSignature(jet::Recordset& row, const Signature& one, Numbering& numbering)
 {
-    jet::Recordset row(bdp, "select * from assinatura");
-    Numbering numbering;
-    for (const Signature& one : signatures) {
-        row.addNew();
-        row.set("nind", one.person);
-        row.set("idassinatura", numbering.next(one.person));
-        putSighting(row, one.sighting);
-        put(row, "idade", one.age);
-        row.set("nivelassinatura", one.level);
-        put(row, "assina", one.text);
-        put(row, "funcao", one.function);
-        row.update();
-    }
+    row.set("nind", one.person);
+    row.set("idassinatura", numbering.next(one.person));
+    putSighting(row, one.sighting);
+    put(row, "idade", one.age);
+    row.set("nivelassinatura", one.level);
+    put(row, "assina", one.text);
+    put(row, "funcao", one.function);
 }
 
-void writeLegacies(const QList<Legacy>& legacies, jet::Connection& bdp)
+void fillLegacy(jet::Recordset& row, const Legacy& one, Numbering& numbering)
 {
-    jet::Recordset row(bdp, "select * from legadosprofanos");
-    Numbering numbering;
-    for (const Legacy& one : legacies) {
-        row.addNew();
-        row.set("nind", one.testator);
-        row.set("idlegprof", numbering.next(one.testator));
-        put(row, "nindherd", one.heir);
-        put(row, "parentesco", one.kinship);
-        put(row, "bensmoveis", one.movables);
-        put(row, "bensraiz", one.lands);
-        put(row, "obs", one.notes);
-        row.update();
-    }
+    row.set("nind", one.testator);
+    row.set("idlegprof", numbering.next(one.testator));
+    put(row, "nindherd", one.heir);
+    put(row, "parentesco", one.kinship);
+    put(row, "bensmoveis", one.movables);
+    put(row, "bensraiz", one.lands);
+    put(row, "obs", one.notes);
 }
 
-void writeSuffrages(const QList<Suffrage>& suffrages, jet::Connection& bdp)
+void fillSuffrage(jet::Recordset& row, const Suffrage& one, Numbering& numbering)
 {
-    jet::Recordset row(bdp, "select * from rituaismorte");
-    Numbering numbering;
-    for (const Suffrage& one : suffrages) {
-        row.addNew();
-        row.set("nind", one.person);
-        row.set("idlegpio", numbering.next(one.person));
-        row.set("tipolegpio", one.kind);
-        row.set("tipo", one.type);
-        put(row, "quantidade", one.quantity);
-        put(row, "valorunit", one.unitValue);
-        row.set("tipoMoeda", "Re");
-        put(row, "destino", one.destination);
-        put(row, "numpadres", one.priests);
-        put(row, "valortotal", one.total);
-        row.update();
-    }
+    row.set("nind", one.person);
+    row.set("idlegpio", numbering.next(one.person));
+    row.set("tipolegpio", one.kind);
+    row.set("tipo", one.type);
+    put(row, "quantidade", one.quantity);
+    put(row, "valorunit", one.unitValue);
+    row.set("tipoMoeda", "Re");
+    put(row, "destino", one.destination);
+    put(row, "numpadres", one.priests);
+    put(row, "valortotal", one.total);
 }
 
-void writePassports(const QList<Passport>& passports, jet::Connection& bdp)
+void fillPassport(jet::Recordset& row, const Passport& one, Numbering&)
 {
-    jet::Recordset row(bdp, "select * from passaporte");
-    for (const Passport& one : passports) {
-        row.addNew();
-        row.set("nind", one.person);
-        row.set("nPass", one.number);
-        row.set("dataref", one.day);
-        put(row, "localdestino", "tipolocaldest", one.destination);
-        put(row, "obs", one.notes);
-        row.update();
-    }
+    row.set("nind", one.person);
+    row.set("nPass", one.number);
+    row.set("dataref", one.day);
+    put(row, "localdestino", "tipolocaldest", one.destination);
+    put(row, "obs", one.notes);
 }
 
 } // namespace
 
 void writeRecords(const Records& records, jet::Connection& bdp)
 {
-    writeAssistances(records.assistances, bdp);
-    writeResidences(records.residences, bdp);
-    writeProfessions(records.professions, bdp);
-    writeSignatures(records.signatures, bdp);
-    writeLegacies(records.legacies, bdp);
-    writeSuffrages(records.suffrages, bdp);
-    writePassports(records.passports, bdp);
+    writeAll(records.assistances, bdp, "assistente", fillAssistance);
+    writeAll(records.residences, bdp, "residencia", fillResidence);
+    writeAll(records.professions, bdp, "profissoes", fillProfession);
+    writeAll(records.signatures, bdp, "assinatura", fillSignature);
+    writeAll(records.legacies, bdp, "legadosprofanos", fillLegacy);
+    writeAll(records.suffrages, bdp, "rituaismorte", fillSuffrage);
+    writeAll(records.passports, bdp, "passaporte", fillPassport);
 }
 
 } // namespace demo
