@@ -34,7 +34,8 @@ public:
     // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves
     // the fields behind it cleared.
     void ActualizaCampos(jet::Recordset& rs);
-    // Deletes the person shown, with all references, and shows the one before. On an error everything stays.
+    // Deletes the references of the person shown, then the person, and shows the one before. An error on a reference
+    // leaves everything; a person who can't be deleted afterwards stays, and nothing is said.
     void eliminaIndividuo();
     // Enables whoever waits for this card: the family card, the forms of acts.
     void FrmLoaded();
