@@ -4,7 +4,6 @@
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
-#include "platform/forms/modes.h"
 
 void FichaDoAssistente::preencheListas()
 {
@@ -13,7 +12,7 @@ void FichaDoAssistente::preencheListas()
         PreencheCodigos(*lista, "Select codigo, descricao from infocomplementar where  categoria  = 'Paren'");
 }
 
-void FichaDoAssistente::AplicarModo(const QString& modo)
+void FichaDoAssistente::AplicarModo(Modo modo)
 {
     using enum Effect;
     constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/forms/controls.h"
+#include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 
 #include "ui_FichaDoAssistente.h"
@@ -15,7 +16,7 @@ public:
 
     void preencheListas();
     // "Edi" opens the fields, "Cons" shuts them.
-    void AplicarModo(const QString& modo);
+    void AplicarModo(Modo modo);
     // For a marriage the kinship to both spouses, for a baptism that to the child alone.
     void mostraParentescos(bool casamento);
     void limpa();

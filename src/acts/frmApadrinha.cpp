@@ -9,7 +9,7 @@
 FrmApadrinha::FrmApadrinha() : Form(Name)
 {
     setupUi(this);
-    assistente->AplicarModo("Cons");
+    assistente->AplicarModo(Modo::Cons);
     assistente->mostraParentescos(false);
     connect(dtgAp, &Grid::picked, this, &FrmApadrinha::dtgAp_Click);
     connect(cmdSair, &CommandButton::clicked, this, &FrmApadrinha::cmdSair_Click);

@@ -1,7 +1,6 @@
 #include "acts/frmFuneral.h"
 
 #include "common/campos.h"
-#include "common/captions.h"
 #include "common/codigos.h"
 #include "common/ficha.h"
 #include "common/globals.h"
@@ -10,7 +9,6 @@
 #include "families/frmFam.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
-#include "platform/forms/modes.h"
 
 namespace {
 
@@ -21,6 +19,7 @@ constexpr auto editar = "&Editar";
 FrmFuneral::FrmFuneral() : Form(Name)
 {
     setupUi(this);
+    comandos_.usa({{cmdE, editar, nullptr, legenda::confirmar}, {cmdF, legenda::fechar, nullptr, legenda::cancelar}});
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmFuneral::cmdIrpara_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmFuneral::cmdE_Click);
     connect(cmdF, &CommandButton::clicked, this, &FrmFuneral::cmdF_Click);
@@ -33,12 +32,12 @@ void FrmFuneral::Form_Load()
         txtNome->setText(frmInd().txtNome->text());
         jet::Recordset funcoes(cnBDP, "Select * from infocomplementar where categoria = 'FunPa' ");
         PreencheComBranco(*cmbFuncao, funcoes, 2, 1);
-        AplicarModo("Cons");
+        AplicarModo(Modo::Cons);
         ActualizaCampos(frmInd().adoNind.recordset());
     });
 }
 
-void FrmFuneral::AplicarModo(const QString& modo)
+void FrmFuneral::AplicarModo(Modo modo)
 {
     using enum Effect;
     constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
@@ -89,14 +88,13 @@ void FrmFuneral::cmdIrpara_Click()
 void FrmFuneral::cmdE_Click()
 {
     guarded([&] {
-        if (cmdE->text() != editar) {
+        if (comandos_.passo() == Passo::Alteracao) {
             grava();
             return terminaEdicao();
         }
         if (EmPesquisa) return;
-        AplicarModo("Edi");
-        cmdE->setText(legenda::confirmar);
-        cmdF->setText(legenda::cancelar);
+        AplicarModo(Modo::Edi);
+        comandos_.passaA(Passo::Alteracao);
     });
 }
 
@@ -123,7 +121,7 @@ void FrmFuneral::grava()
 void FrmFuneral::cmdF_Click()
 {
     guarded([&] {
-        if (cmdF->text() == legenda::fechar) {
+        if (comandos_.passo() == Passo::Repouso) {
             unload();
             return;
         }
@@ -134,14 +132,13 @@ void FrmFuneral::cmdF_Click()
 
 void FrmFuneral::terminaEdicao()
 {
-    AplicarModo("Cons");
-    cmdE->setText(editar);
-    cmdF->setText(legenda::fechar);
+    AplicarModo(Modo::Cons);
+    comandos_.passaA(Passo::Repouso);
 }
 
 bool FrmFuneral::Form_QueryUnload(UnloadMode mode)
 {
-    return mode != UnloadMode::ControlMenu || cmdF->text() == legenda::fechar; // what is being typed isn't lost
+    return mode != UnloadMode::ControlMenu || comandos_.passo() == Passo::Repouso; // what is being typed isn't lost
 }
 
 void FrmFuneral::Form_Unload()

@@ -1,8 +1,10 @@
 // The funeral of the person on frmInd: the priest and his function, the shroud, the church, the grave.
 #pragma once
 
+#include "common/passo.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 
 #include "ui_frmFuneral.h"
@@ -26,7 +28,7 @@ protected:
     void Form_Unload() override;
 
 private:
-    void AplicarModo(const QString& modo);
+    void AplicarModo(Modo modo);
     void LimpaCampos();
     void ActualizaCampos(const jet::Recordset& individuo);
     void cmdIrpara_Click();
@@ -34,4 +36,6 @@ private:
     void cmdF_Click();
     void grava();
     void terminaEdicao();
+
+    Comandos comandos_;
 };

@@ -28,6 +28,10 @@ FrmIntervenientes::FrmIntervenientes() : Form(Name)
     setupUi(this);
     lugares_[0] = {txtIndP1, cmbFuncP1, cmdIndP1, cmdX_0};
     lugares_[1] = {txtIndP2, cmbFuncP2, cmdIndP2, cmdX_1};
+    padres_.usa({{cmdE, legenda::editarAParte, nullptr, legenda::confirmarOuCancelar}});
+    assistentes_.usa({{cmdIns, legenda::adicionar, legenda::confirmar},
+                      {cmdAlt, legenda::alterar, legenda::cancelar, legenda::confirmar},
+                      {cmdElim, legenda::eliminar, nullptr, legenda::cancelar}});
     connectEvents();
 }
 
@@ -61,7 +65,7 @@ void FrmIntervenientes::Form_Load()
         preencheListas();
         assistente->mostraParentescos(casamento());
         casamento() ? abreCasamento() : abreBaptismo();
-        AplicarModo("Cons");
+        AplicarModo(Modo::Cons);
         PreencheFG();
         ActualizaCampos();
     });
@@ -111,7 +115,7 @@ void FrmIntervenientes::chamaIndividuo(int origem, const TextBox* campo)
         IndChamado = 1;
         if (origem != 4)
             FrmIndLoaded();
-        else if (frmInd().Modo == "Cons" && frmInd().adoInd.hasRows())
+        else if (frmInd().modo() == Modo::Cons && frmInd().adoInd.hasRows())
             frmInd().adoInd.recordset().moveFirst();
         frmInd().setEnabled(true);
         frmInd().display();
@@ -120,7 +124,7 @@ void FrmIntervenientes::chamaIndividuo(int origem, const TextBox* campo)
             frmInd().procuraRegisto("nind = " + campo->text());
         }
         // Whoever edits or searches there ends that first.
-        frmInd().cmdAtribuir->setEnabled(frmInd().Modo == "Cons");
+        frmInd().cmdAtribuir->setEnabled(frmInd().modo() == Modo::Cons);
     });
 }
 

@@ -3,8 +3,10 @@
 #pragma once
 
 #include "acts/FichaDoAssistente.h"
+#include "common/passo.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -69,7 +71,7 @@ private:
     void pintaPadres(const QColor& cor);
 
     // frmIntervenientes_assistants.cpp
-    void AplicarModo(const QString& modo);
+    void AplicarModo(Modo modo);
     void LimpaCampos();
     void ActualizaCampos();
     void PreencheFG();
@@ -88,6 +90,7 @@ private:
     void gravaLinha(const Valores& valores);
 
     LugarDoPadre lugares_[2];
+    Comandos padres_, assistentes_; // the two edits of the window, each with its step
 };
 
 // The one form, loaded at first touch.

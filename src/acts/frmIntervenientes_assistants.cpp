@@ -2,19 +2,17 @@
 #include "acts/frmIntervenientes.h"
 
 #include "common/campos.h"
-#include "common/captions.h"
 #include "common/ficha.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "families/frmFam.h"
 #include "platform/forms/focus.h"
-#include "platform/forms/modes.h"
 #include "platform/forms/msgbox.h"
 
 #include <algorithm>
 
-void FrmIntervenientes::AplicarModo(const QString& modo)
+void FrmIntervenientes::AplicarModo(Modo modo)
 {
     using enum Effect;
     constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;
@@ -106,12 +104,11 @@ void FrmIntervenientes::dtInterv_Click()
 void FrmIntervenientes::cmdIns_Click()
 {
     guarded([&] {
-        if (cmdIns->text() != legenda::adicionar) return confirmaAdicao();
+        if (assistentes_.passo() == Passo::Insercao) return confirmaAdicao();
         if (EmPesquisa) return;
         LimpaCampos();
-        AplicarModo("Edi");
-        cmdIns->setText(legenda::confirmar);
-        cmdAlt->setText(legenda::cancelar);
+        AplicarModo(Modo::Edi);
+        assistentes_.passaA(Passo::Insercao);
         cmdElim->setEnabled(false);
         Focus::setTo(assistente->optassistente_0);
     });
@@ -121,13 +118,12 @@ void FrmIntervenientes::cmdIns_Click()
 void FrmIntervenientes::cmdAlt_Click()
 {
     guarded([&] {
-        if (cmdAlt->text() == legenda::confirmar) return confirmaAlteracao();
-        if (cmdAlt->text() == legenda::cancelar) return terminaEdicao();
+        if (assistentes_.passo() == Passo::Alteracao) return confirmaAlteracao();
+        if (assistentes_.passo() == Passo::Insercao) return terminaEdicao();
         if (EmPesquisa) return;
-        AplicarModo("Edi");
+        AplicarModo(Modo::Edi);
         IndChamado = 1;
-        cmdAlt->setText(legenda::confirmar);
-        cmdElim->setText(legenda::cancelar);
+        assistentes_.passaA(Passo::Alteracao);
         cmdIns->setEnabled(false);
         Focus::setTo(assistente->optassistente_0);
     });
@@ -136,7 +132,7 @@ void FrmIntervenientes::cmdAlt_Click()
 void FrmIntervenientes::cmdElim_Click()
 {
     guarded([&] {
-        if (cmdElim->text() == legenda::cancelar) return terminaEdicao();
+        if (assistentes_.passo() == Passo::Alteracao) return terminaEdicao();
         if (EmPesquisa) return;
         if (ask(" Tem a certeza que deseja eliminar este registo?")) eliminaAssistente();
     });
@@ -194,11 +190,9 @@ void FrmIntervenientes::gravaLinha(const Valores& valores)
 // Kept: the row shown is the one that the grid stands on, also where another was altered or added.
 void FrmIntervenientes::terminaEdicao()
 {
-    cmdIns->setText(legenda::adicionar);
-    cmdAlt->setText(legenda::alterar);
-    cmdElim->setText(legenda::eliminar);
+    assistentes_.passaA(Passo::Repouso);
     terminaChamada();
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     adoInterv.refresh();
     PreencheFG();
     if (!adoInterv.hasRows()) return; // kept: the fields stay as they were typed

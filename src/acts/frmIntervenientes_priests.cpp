@@ -11,9 +11,6 @@
 
 namespace {
 
-constexpr auto editar = "ed&Itar";
-constexpr auto confirmarOuCancelar = "&Conf./Canc.";
-
 // Where a row keeps its priests.
 struct Colunas
 {
@@ -64,14 +61,14 @@ void FrmIntervenientes::cmdX_Click(int indice)
 void FrmIntervenientes::cmdE_Click()
 {
     guarded([&] {
-        if (cmdE->text() != editar) return confirmaPadres();
+        if (padres_.passo() == Passo::Alteracao) return confirmaPadres();
         if (!EmPesquisa) iniciaPadres();
     });
 }
 
 void FrmIntervenientes::iniciaPadres()
 {
-    cmdE->setText(confirmarOuCancelar);
+    padres_.passaA(Passo::Alteracao);
     for (const LugarDoPadre& lugar : lugares_) {
         lugar.escolher->setEnabled(true);
         if (!preenchido(lugar.numero)) continue;
@@ -86,7 +83,7 @@ void FrmIntervenientes::confirmaPadres()
 {
     if (preenchido(txtIndP1) || preenchido(txtIndP2))
         ask("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
-    cmdE->setText(editar);
+    padres_.passaA(Passo::Repouso);
     for (const LugarDoPadre& lugar : lugares_)
         lugar.funcao->setLocked(true);
     pintaPadres(corDoModo::cons);

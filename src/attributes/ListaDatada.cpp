@@ -1,6 +1,5 @@
 #include "attributes/ListaDatada.h"
 
-#include "common/captions.h"
 #include "common/dates.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -10,9 +9,12 @@
 
 #include <algorithm>
 
-void ListaDatada::usa(const Comandos& comandos, Grid* grelha, QList<Coluna> colunas, Regras regras)
+void ListaDatada::usa(const Botoes& botoes, Grid* grelha, QList<Coluna> colunas, Regras regras)
 {
-    cmd_ = comandos;
+    cmd_ = botoes;
+    comandos_.usa({{cmd_.ins, legenda::adicionar, legenda::confirmar},
+                   {cmd_.alt, legenda::alterar, legenda::cancelar, legenda::confirmar},
+                   {cmd_.elim, legenda::eliminar, nullptr, legenda::cancelar}});
     grelha_ = grelha;
     colunas_ = std::move(colunas);
     regras_ = std::move(regras);
@@ -43,7 +45,7 @@ void ListaDatada::vigiaNumero(TextBox* campo, const QString& recusa)
 
 void ListaDatada::abreLista(const QString& instrucao)
 {
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     registos().setRecordSource(instrucao);
     registos().refresh();
     PreencheFG();
@@ -55,7 +57,7 @@ void ListaDatada::mostraPrimeira()
     ActualizaCampos();
 }
 
-void ListaDatada::AplicarModo(const QString& modo)
+void ListaDatada::AplicarModo(Modo modo)
 {
     applyMode(this, modos(), modo);
 }
@@ -119,29 +121,31 @@ void ListaDatada::grelha_Click()
 void ListaDatada::cmdIns_Click()
 {
     guarded([&] {
-        if (cmd_.ins->text() == legenda::adicionar)
-            iniciaInsercao();
-        else
+        if (comandos_.passo() == Passo::Insercao)
             confirmaInsercao();
+        else
+            iniciaInsercao();
     });
 }
 
 void ListaDatada::cmdAlt_Click()
 {
     guarded([&] {
-        if (cmd_.alt->text() == legenda::alterar)
+        switch (comandos_.passo()) {
+        case Passo::Insercao:
+            return cancelaInsercao();
+        case Passo::Alteracao:
+            return confirmaAlteracao();
+        default:
             iniciaAlteracao();
-        else if (cmd_.alt->text() == legenda::confirmar)
-            confirmaAlteracao();
-        else
-            cancelaInsercao();
+        }
     });
 }
 
 void ListaDatada::cmdElim_Click()
 {
     guarded([&] {
-        if (cmd_.elim->text() == legenda::cancelar)
+        if (comandos_.passo() == Passo::Alteracao)
             cancelaAlteracao();
         else
             eliminaRegisto();
@@ -156,13 +160,12 @@ void ListaDatada::cmdSair_Click()
 void ListaDatada::iniciaInsercao()
 {
     if (EmPesquisa) return;
-    cmd_.ins->setText(legenda::confirmar);
-    cmd_.alt->setText(legenda::cancelar);
+    comandos_.passaA(Passo::Insercao);
     cmd_.alt->setEnabled(true);
     cmd_.elim->setEnabled(false);
     cmd_.sair->setEnabled(false);
     LimpaCampos();
-    AplicarModo("Edi");
+    AplicarModo(Modo::Edi);
     if (regras_.focoAoInserir) Focus::setTo(regras_.focoAoInserir);
 }
 
@@ -172,7 +175,7 @@ void ListaDatada::confirmaInsercao()
     if (const QString nova = acrescenta(); !nova.isEmpty()) Chave = nova;
     registos().refresh();
     PreencheFG();
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     ActualizaCampos();
     terminaInsercao();
 }
@@ -180,15 +183,14 @@ void ListaDatada::confirmaInsercao()
 void ListaDatada::cancelaInsercao()
 {
     terminaInsercao();
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     if (regras_.preencheAoCancelar) PreencheFG();
     ActualizaCampos();
 }
 
 void ListaDatada::terminaInsercao()
 {
-    cmd_.ins->setText(legenda::adicionar);
-    cmd_.alt->setText(legenda::alterar);
+    comandos_.passaA(Passo::Repouso);
     cmd_.elim->setEnabled(true);
     cmd_.sair->setEnabled(true);
 }
@@ -196,11 +198,10 @@ void ListaDatada::terminaInsercao()
 void ListaDatada::iniciaAlteracao()
 {
     if (EmPesquisa || !temLinhas() || linhaPerdida()) return;
-    cmd_.alt->setText(legenda::confirmar);
-    cmd_.elim->setText(legenda::cancelar);
+    comandos_.passaA(Passo::Alteracao);
     cmd_.ins->setEnabled(false);
     cmd_.sair->setEnabled(false);
-    AplicarModo("Edi");
+    AplicarModo(Modo::Edi);
     preparaAlteracao();
     if (regras_.focoAoAlterar) Focus::setTo(regras_.focoAoAlterar);
 }
@@ -210,7 +211,7 @@ void ListaDatada::confirmaAlteracao()
     if (!VerificaCampos(Passo::Alteracao)) return;
     const QString alterada = altera();
     if (regras_.releAoAlterar) registos().refresh();
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     PreencheFG();
     Chave = alterada.isEmpty() ? grelha_->textMatrix(grelha_->row(), 0) : alterada;
     ActualizaCampos();
@@ -220,14 +221,13 @@ void ListaDatada::confirmaAlteracao()
 void ListaDatada::cancelaAlteracao()
 {
     terminaAlteracao();
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     ActualizaCampos();
 }
 
 void ListaDatada::terminaAlteracao()
 {
-    cmd_.elim->setText(legenda::eliminar);
-    cmd_.alt->setText(legenda::alterar);
+    comandos_.passaA(Passo::Repouso);
     cmd_.ins->setEnabled(true);
     cmd_.sair->setEnabled(true);
 }

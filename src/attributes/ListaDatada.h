@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/numbers.h"
+#include "common/passo.h"
 #include "common/vbtext.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
@@ -16,7 +17,7 @@
 
 #include <utility>
 
-// The base keeps the protocol: what each click means (the captions say it), what is shown after it, and which commands
+// The base keeps the protocol: what each click means (the step says it), what is shown after it, and which commands
 // are open. A window gives its rows, columns, checks and modes, and its differences as Regras. What else is shut while
 // an edit runs stands in its table of modes.
 class ListaDatada : public Form
@@ -27,7 +28,7 @@ public:
     // The key of the row chosen last, as column 0 of the grid shows it; empty: none.
     QString Chave;
 
-    void AplicarModo(const QString& modo);
+    void AplicarModo(Modo modo);
     virtual void LimpaCampos() = 0;
     // Fills the grid, which keeps its row. The cursor is left behind the last row.
     void PreencheFG();
@@ -36,13 +37,7 @@ public:
     void ActualizaCampos();
 
 protected:
-    enum class Passo
-    {
-        Insercao,
-        Alteracao
-    };
-
-    struct Comandos
+    struct Botoes
     {
         CommandButton *ins, *alt, *elim, *sair;
     };
@@ -75,7 +70,7 @@ protected:
     using Form::Form;
 
     // Once, after setupUi().
-    void usa(const Comandos& comandos, Grid* grelha, QList<Coluna> colunas, Regras regras);
+    void usa(const Botoes& botoes, Grid* grelha, QList<Coluna> colunas, Regras regras);
     // The date field is checked when it is left; a date or none there sets or takes off the flag beside it. As with the
     // number fields, the command whose click took the focus still runs, on what the check has left.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
@@ -94,7 +89,7 @@ protected:
     virtual void mostraLinha(const jet::Recordset& linha) = 0;
     // What else the first click of an alteration does.
     virtual void preparaAlteracao() {}
-    // Whether the fields may be stored; tells the user why not.
+    // Whether the fields may be stored at the end of an insertion or an alteration; tells the user why not.
     virtual bool VerificaCampos(Passo) { return true; }
     // Stores the fields as a new row. Returns the key of the row to show, empty for the one that was chosen before.
     virtual QString acrescenta() = 0;
@@ -140,7 +135,8 @@ private:
     bool linhaPerdida();
     QString chaveVizinha();
 
-    Comandos cmd_{};
+    Botoes cmd_{};
+    Comandos comandos_;
     Grid* grelha_ = nullptr;
     QList<Coluna> colunas_;
     Regras regras_;

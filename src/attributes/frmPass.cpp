@@ -9,12 +9,6 @@
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 
-namespace {
-
-constexpr auto editar = "ed&Itar";
-
-} // namespace
-
 FrmPass::FrmPass() : ListaDatada(Name)
 {
     setupUi(this);
@@ -24,6 +18,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
     regras.focoAoAlterar = txtDados_0;
     regras.fechaSemLinhas = true;
     usa({cmdIns, cmdAlt, cmdElim, cmdF}, flgPass, {{"Nº Pass.", 130}, {"Destino"}}, regras);
+    descricao_.usa({{cmdE, legenda::editarAParte, nullptr, legenda::confirmarOuCancelar}});
     vigiaData(mskData);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmPass::cmdLoc_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);
@@ -37,7 +32,7 @@ void FrmPass::Form_Load()
     for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
         cmbDados_0->add(estatura);
     PreencheLocais(*cmbDados_1);
-    aplicaModoDaDescricao("Cons");
+    aplicaModoDaDescricao(Modo::Cons);
     abreLista("select * from passaporte where nind = " + Label2_1->text());
     mostraDescricao();
     ActualizaCampos();
@@ -148,21 +143,21 @@ void FrmPass::cmdLoc_Click()
 void FrmPass::cmdE_Click()
 {
     guarded([&] {
-        if (cmdE->text() == editar) {
+        if (descricao_.passo() == Passo::Repouso) {
             if (EmPesquisa) return;
-            cmdE->setText("&Conf./Canc.");
-            return aplicaModoDaDescricao("Edi");
+            descricao_.passaA(Passo::Alteracao);
+            return aplicaModoDaDescricao(Modo::Edi);
         }
         if (ask("Deseja realmente confirmar as alterações?"))
             gravaDescricao();
         else
             mostraDescricao();
-        cmdE->setText(editar);
-        aplicaModoDaDescricao("Cons");
+        descricao_.passaA(Passo::Repouso);
+        aplicaModoDaDescricao(Modo::Cons);
     });
 }
 
-void FrmPass::aplicaModoDaDescricao(const QString& modo)
+void FrmPass::aplicaModoDaDescricao(Modo modo)
 {
     using enum Effect;
     constexpr QColor blue = corDoModo::edi, white = corDoModo::cons;

@@ -40,8 +40,10 @@ private:
     void gravaDestinoEObs();
     QString chaveEscrita() const;
 
-    void aplicaModoDaDescricao(const QString& modo);
+    void aplicaModoDaDescricao(Modo modo);
     jet::Recordset individuo() const;
     void mostraDescricao();
     void gravaDescricao();
+
+    Comandos descricao_; // the edit of the description
 };

@@ -1,12 +1,13 @@
 // The pattern of the editors of code and place tables.
 #pragma once
 
+#include "common/passo.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 
-// An editor shows one row of its table and has four commands. The caption of a command tells what a click on it means:
-// an addition turns add and alter into confirm and cancel, an alteration alter and delete. An editor holds what each
-// step does to its fields and its table.
+// An editor shows one row of its table and has four commands. The step tells what a click on them means: an addition
+// turns add and alter into confirm and cancel, an alteration alter and delete. An editor holds what each step does to
+// its fields and its table.
 class EditorDeTabela : public Form
 {
     Q_OBJECT
@@ -23,9 +24,10 @@ protected:
         ligaComandos();
     }
 
-    bool inserindo() const;
+    bool inserindo() const { return comandos_.passo() == Passo::Insercao; }
 
-    // What the first and the second click of a command do, under the captions of the step that they begin or end.
+    // What the first and the second click of a command do. A step has begun when its opening runs, and goes on until
+    // terminaEdicao().
     virtual void abreInsercao() = 0;
     virtual void confirmaInsercao() = 0;
     virtual bool podeAlterar() = 0; // asked at both clicks; tells the user why not
@@ -34,7 +36,7 @@ protected:
     virtual void elimina() = 0;
     virtual void fecha() { unload(); }
 
-    virtual void terminaEdicao(); // no step is under way: the captions are those of the start
+    virtual void terminaEdicao(); // back at rest
     virtual void mostraLinha() = 0;
 
     bool Form_QueryUnload(UnloadMode modo) override; // its own close box does nothing
@@ -48,4 +50,7 @@ private:
     void cmdElim_Click();
     void cmdSair_Click();
     void cancela();
+
+    Comandos comandos_;
+    bool sobreAlteracao_ = false; // the insertion began in the middle of an alteration
 };

@@ -1,12 +1,15 @@
 #include "common/ficha.h"
 
-#include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "platform/jet/errors.h"
 
 void Ficha::ligaComandos()
 {
+    comandos_.usa({{ins_, legenda::inserir, legenda::confirmar, nullptr, legenda::cancelar},
+                   {alt_, legenda::alterar, legenda::cancelar, legenda::confirmar},
+                   {elim_, legenda::eliminar, nullptr, legenda::cancelar},
+                   {loc_, legenda::localizar, nullptr, nullptr, legenda::confirmar}});
     connect(ins_, &CommandButton::clicked, this, &Ficha::cmdIns_Click);
     connect(alt_, &CommandButton::clicked, this, &Ficha::cmdAlt_Click);
     connect(elim_, &CommandButton::clicked, this, &Ficha::cmdElim_Click);
@@ -16,15 +19,15 @@ void Ficha::ligaComandos()
     marcaFiltro(false);
 }
 
-void Ficha::AplicarModo(const QString& modo)
+void Ficha::AplicarModo(Modo modo)
 {
-    Modo = modo;
+    modo_ = modo;
     applyMode(this, modos(), modo);
 }
 
 void Ficha::procuraRegisto(const QString& criterio)
 {
-    if (Modo != "Cons" || !ficheiro().hasRows()) return;
+    if (modo_ != Modo::Cons || !ficheiro().hasRows()) return;
     jet::Recordset& registos = ficheiro().recordset();
     registos.moveFirst();
     if (!criterio.isEmpty()) registos.find(criterio);
@@ -34,8 +37,7 @@ void Ficha::procuraRegisto(const QString& criterio)
 
 jet::Recordset& Ficha::registoNaFicha()
 {
-    const bool emInsercao = ins_->text() == legenda::confirmar;
-    if (numeroNaFicha().isEmpty() || emInsercao || Modo == "Loc") throw jet::noCurrentRow();
+    if (numeroNaFicha().isEmpty() || passo() == Passo::Insercao || modo_ == Modo::Loc) throw jet::noCurrentRow();
     return registo();
 }
 
@@ -55,8 +57,8 @@ void Ficha::eliminaDoFicheiro()
 void Ficha::cmdIns_Click()
 {
     guarded([&] {
-        if (ins_->text() == legenda::confirmar) return confirmaInsercao();
-        if (ins_->text() == legenda::cancelar) return cancelaPesquisa();
+        if (passo() == Passo::Insercao) return confirmaInsercao();
+        if (passo() == Passo::Pesquisa) return cancelaPesquisa();
         if (!EmPesquisa) iniciaInsercao();
     });
 }
@@ -64,8 +66,8 @@ void Ficha::cmdIns_Click()
 void Ficha::cmdAlt_Click()
 {
     guarded([&] {
-        if (alt_->text() == legenda::confirmar) return confirmaAlteracao();
-        if (alt_->text() == legenda::cancelar) return cancelaInsercao();
+        if (passo() == Passo::Alteracao) return confirmaAlteracao();
+        if (passo() == Passo::Insercao) return cancelaInsercao();
         if (!EmPesquisa) iniciaAlteracao();
     });
 }
@@ -73,7 +75,7 @@ void Ficha::cmdAlt_Click()
 void Ficha::cmdElim_Click()
 {
     guarded([&] {
-        if (elim_->text() == legenda::cancelar) return cancelaAlteracao();
+        if (passo() == Passo::Alteracao) return cancelaAlteracao();
         if (!EmPesquisa) elimina();
     });
 }
@@ -81,7 +83,7 @@ void Ficha::cmdElim_Click()
 void Ficha::cmdLoc_Click()
 {
     guarded([&] {
-        if (loc_->text() == legenda::confirmar) return confirmaPesquisa();
+        if (passo() == Passo::Pesquisa) return confirmaPesquisa();
         if (!EmPesquisa) iniciaPesquisa();
     });
 }
@@ -89,27 +91,23 @@ void Ficha::cmdLoc_Click()
 void Ficha::abreInsercao()
 {
     LimpaCampos();
-    AplicarModo("Edi");
-    ins_->setText(legenda::confirmar);
-    alt_->setText(legenda::cancelar);
+    AplicarModo(Modo::Edi);
+    comandos_.passaA(Passo::Insercao);
     alt_->setEnabled(true);
     elim_->setEnabled(false);
 }
 
 void Ficha::abreAlteracao()
 {
-    AplicarModo("Edi");
-    alt_->setText(legenda::confirmar);
-    elim_->setText(legenda::cancelar);
+    AplicarModo(Modo::Edi);
+    comandos_.passaA(Passo::Alteracao);
     ins_->setEnabled(false);
 }
 
 void Ficha::fechaEdicao()
 {
-    AplicarModo("Cons");
-    ins_->setText(legenda::inserir);
-    alt_->setText(legenda::alterar);
-    elim_->setText(legenda::eliminar);
+    AplicarModo(Modo::Cons);
+    comandos_.passaA(Passo::Repouso);
 }
 
 void Ficha::cmdPrim_Click()
@@ -149,9 +147,15 @@ void Ficha::permiteAvancar(bool permite)
 void Ficha::abrePesquisa()
 {
     LimpaCampos();
-    AplicarModo("Loc");
-    loc_->setText(legenda::confirmar);
-    ins_->setText(legenda::cancelar);
+    AplicarModo(Modo::Loc);
+    interrompido_ = passo();
+    comandos_.passaA(Passo::Pesquisa);
+}
+
+void Ficha::fechaPesquisa()
+{
+    comandos_.passaA(Passo::Repouso);
+    comandos_.passaA(interrompido_);
 }
 
 void Ficha::entregaAosResultados()
@@ -164,8 +168,7 @@ void Ficha::entregaAosResultados()
 void Ficha::retomaFicheiro()
 {
     marcaFiltro(false);
-    loc_->setText(legenda::localizar);
-    ins_->setText(legenda::inserir);
+    fechaPesquisa();
     EmPesquisa = false;
 }
 
@@ -173,7 +176,7 @@ void Ficha::retomaPesquisa()
 {
     adoFiltro.recordset().close();
     LimpaCampos();
-    AplicarModo("Loc");
+    AplicarModo(Modo::Loc);
     loc_->setEnabled(true);
     ins_->setEnabled(true);
 }

@@ -2,6 +2,7 @@
 // commands, and the search.
 #pragma once
 
+#include "common/passo.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 #include "platform/forms/modes.h"
@@ -26,10 +27,11 @@ class Ficha : public Form
 public:
     explicit Ficha(const QString& name) : Form(name) {}
 
-    QString Modo;                      // the mode applied last: "Edi", "Cons" or "Loc"
     jet::DataControl adoFiltro{cnBDP}; // the rows of the last search
 
-    virtual void AplicarModo(const QString& modo);
+    Modo modo() const { return modo_; } // the mode applied last
+
+    virtual void AplicarModo(Modo modo);
     virtual void LimpaCampos() = 0;
 
     // Shows the record of the file for which the criterion of a find() holds, else the first one, as for an empty
@@ -58,13 +60,15 @@ protected:
         ligaComandos();
     }
 
+    Passo passo() const { return comandos_.passo(); }
+
     virtual const QList<ModeRow>& modos() const = 0;
     virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement
     virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
     virtual QString numeroNaFicha() const = 0;  // empty on a card that shows no record
     virtual jet::Recordset& registo() = 0;      // the cursor on the row of the record shown
 
-    // What a click on a command means, by the captions. None of the four openings comes while EmPesquisa is on.
+    // What a click on a command means, by the step. None of the four openings comes while EmPesquisa is on.
     virtual void iniciaInsercao() = 0;
     virtual void confirmaInsercao() = 0;
     virtual void cancelaInsercao() = 0;
@@ -76,7 +80,7 @@ protected:
     virtual void confirmaPesquisa() = 0;
     virtual void cancelaPesquisa() = 0;
 
-    // The modes and captions at the two ends of an edit.
+    // The modes and steps at the two ends of an edit.
     void abreInsercao(); // on cleared fields
     void abreAlteracao();
     void fechaEdicao();
@@ -86,6 +90,8 @@ protected:
     void eliminaDoFicheiro();
 
     void abrePesquisa(); // the card becomes a form to search by
+    // Back at the step that the search has interrupted: an edit may wait for the person sought.
+    void fechaPesquisa();
     void permiteRecuar(bool permite);
     void permiteAvancar(bool permite);
 
@@ -99,7 +105,11 @@ private:
     void cmdUlt_Click();
     void marcaFiltro(bool resultados);
 
+    Modo modo_ = Modo::Cons;
+
     QWidget* filtro_ = nullptr;
     CommandButton *ins_ = nullptr, *alt_ = nullptr, *elim_ = nullptr, *loc_ = nullptr, *fechar_ = nullptr;
+    Comandos comandos_;
+    Passo interrompido_ = Passo::Repouso;
     CommandButton *prim_ = nullptr, *ant_ = nullptr, *seg_ = nullptr, *ult_ = nullptr;
 };

@@ -61,7 +61,7 @@ void FrmFam::Form_Load()
         adoFam.setRecordSource("select * from familia");
         adoFam.refresh();
         PreencheListas();
-        AplicarModo("Cons");
+        AplicarModo(Modo::Cons);
         ActualizaCampos(adoFam.recordset(), 0);
     });
 }

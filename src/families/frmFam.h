@@ -26,7 +26,7 @@ public:
     jet::DataControl adoFilhos{cnBDP}; // its children
 
     // Editing calls people up: IndChamado follows the mode.
-    void AplicarModo(const QString& modo) override;
+    void AplicarModo(Modo modo) override;
     void LimpaCampos() override;
     // Shows the family with the number nf, or for 0 the one of the current row of rs, and puts adoFam on it. An error
     // is shown, and leaves the fields behind it cleared.

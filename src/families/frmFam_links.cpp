@@ -2,7 +2,6 @@
 #include "families/frmFam.h"
 
 #include "acts/frmIntervenientes.h"
-#include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
@@ -82,10 +81,10 @@ void FrmFam::cmdFechar_Click()
 // The family has no row yet, and the file stands on the last one, where its number came from.
 bool FrmFam::emInsercao() const
 {
-    return cmdIns->text() == legenda::confirmar;
+    return passo() == Passo::Insercao;
 }
 
 void terminaChamada()
 {
-    IndChamado = Forms::isLoaded(FrmFam::Name) && frmFam().Modo == "Edi" ? 1 : 0;
+    IndChamado = Forms::isLoaded(FrmFam::Name) && frmFam().modo() == Modo::Edi ? 1 : 0;
 }

@@ -56,8 +56,8 @@ const QList<ModeRow>& FrmFam::modos() const
     return tabela;
 }
 
-void FrmFam::AplicarModo(const QString& modo)
+void FrmFam::AplicarModo(Modo modo)
 {
     Ficha::AplicarModo(modo);
-    IndChamado = modo == "Edi" ? 1 : 0;
+    IndChamado = modo == Modo::Edi ? 1 : 0;
 }

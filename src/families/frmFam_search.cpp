@@ -2,7 +2,6 @@
 #include "families/frmFam.h"
 
 #include "common/campos.h"
-#include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "individuals/frmDatas.h"
@@ -66,7 +65,7 @@ void FrmFam::confirmaPesquisa()
         return;
     }
     ActualizaCampos(adoFiltro.recordset(), 0);
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     entregaAosResultados();
     cmdInsF->setEnabled(false);
     cmdElimF->setEnabled(false);
@@ -77,15 +76,14 @@ void FrmFam::confirmaPesquisa()
 void FrmFam::desistePorFaltaDeCriterio()
 {
     ActualizaCampos(adoFam.recordset(), 0);
-    AplicarModo("Cons");
-    cmdLoc->setText(legenda::localizar);
-    cmdIns->setText(legenda::inserir);
+    AplicarModo(Modo::Cons);
+    fechaPesquisa();
 }
 
 // Back to the family in hand. Kept: the opening of the search doesn't take that from the card.
 void FrmFam::cancelaPesquisa()
 {
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     ActualizaCampos(adoFam.recordset(), NfamCorrente);
     retomaFicheiro();
 }

@@ -81,7 +81,7 @@ void FrmInd::Form_Load()
         adoInd.refresh();
         PreencheCombos();
         cmdAtribuir->setEnabled(IndChamado != 0);
-        AplicarModo("Cons");
+        AplicarModo(Modo::Cons);
         ActualizaCampos(adoInd.recordset());
     });
 }

@@ -1,7 +1,6 @@
 // The card as a picker: the individual shown goes to whoever called the card up, and so does the user who closes it.
 #include "individuals/frmInd.h"
 
-#include "common/captions.h"
 #include "common/dates.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -56,7 +55,7 @@ void FrmInd::chamaPara(int origem, const QString& nind)
     display();
     OrigemInd = origem;
     procuraRegisto(nind.isEmpty() ? QString() : "nind = " + nind);
-    cmdAtribuir->setEnabled(Modo == "Cons"); // whoever edits or searches there ends that first
+    cmdAtribuir->setEnabled(modo() == Modo::Cons); // whoever edits or searches there ends that first
 }
 
 void FrmInd::retomaDe(int origem, const QString& nind)
@@ -147,7 +146,7 @@ void FrmInd::cmdTest_Click()
         IndChamado = 1;
         adoInd.recordset().moveFirst();
         ActualizaCampos(adoInd.recordset());
-        AplicarModo("Cons");
+        AplicarModo(Modo::Cons);
         cmdAtribuir->setEnabled(true);
     });
 }
@@ -160,10 +159,10 @@ void FrmInd::atribuiTestamenteiro()
         cnBDP.execute("update individuo set testamenteiro = " + txtNind->text() + " where nind = " + numero);
     poeListaNoNumero(numero);
     ActualizaCampos(adoInd.recordset());
-    AplicarModo("Edi");
+    AplicarModo(Modo::Edi);
     for (CommandButton* comando : {cmdAtribuir, cmdLoc, cmdFechar})
         comando->setEnabled(false);
-    (cmdIns->text() == legenda::inserir ? cmdIns : cmdElim)->setEnabled(false);
+    (passo() == Passo::Insercao ? cmdElim : cmdIns)->setEnabled(false);
 }
 
 void FrmInd::cmdFechar_Click()

@@ -84,7 +84,7 @@ void FrmInd::confirmaPesquisa()
         return;
     }
 
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     ActualizaCampos(adoFiltro.recordset());
     entregaAosResultados();
     frmResult().mostraResultados(FrmResult::deIndividuos);
@@ -131,7 +131,7 @@ Filtro FrmInd::condicoesDosCampos() const
 
 void FrmInd::cancelaPesquisa()
 {
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
     ActualizaCampos(adoInd.recordset());
     permiteAtribuir();
     retomaFicheiro();

@@ -18,7 +18,7 @@ void EditorDeLocais::ligaGrelha()
 void EditorDeLocais::Form_Load()
 {
     guarded([&] {
-        AplicarModo("Cons");
+        AplicarModo(Modo::Cons);
         registos_->setRecordSource(instrucao());
         registos_->refresh();
         registos_->recordset().setSort(regras_.ordem);
@@ -49,11 +49,11 @@ const QList<ModeRow>& EditorDeLocais::modos() const
     return tabela;
 }
 
-void EditorDeLocais::AplicarModo(const QString& modo)
+void EditorDeLocais::AplicarModo(Modo modo)
 {
     applyMode(this, modos(), modo);
     for (QWidget* outro : QList<QWidget*>{grelha_, sair_} + regras_.outros)
-        outro->setEnabled(modo == "Cons");
+        outro->setEnabled(modo == Modo::Cons);
 }
 
 void EditorDeLocais::terminaEdicao()
@@ -61,7 +61,7 @@ void EditorDeLocais::terminaEdicao()
     EditorDeTabela::terminaEdicao();
     ins_->setEnabled(true);
     elim_->setEnabled(true);
-    AplicarModo("Cons");
+    AplicarModo(Modo::Cons);
 }
 
 QWidget* EditorDeLocais::primeiroCampo() const
@@ -132,7 +132,7 @@ void EditorDeLocais::mostraLinha()
 void EditorDeLocais::abreInsercao()
 {
     elim_->setEnabled(false);
-    AplicarModo("Edi");
+    AplicarModo(Modo::Edi);
     limpaCampos();
     Focus::setTo(primeiroCampo());
     txtCod_->setText(codigoNovo());
@@ -160,7 +160,7 @@ bool EditorDeLocais::podeAlterar()
 void EditorDeLocais::abreAlteracao()
 {
     ins_->setEnabled(false);
-    AplicarModo("Edi");
+    AplicarModo(Modo::Edi);
     Focus::setTo(txtNome_);
 }
 

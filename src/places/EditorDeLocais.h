@@ -98,7 +98,7 @@ protected:
     // Puts the cursor on the row chosen in the grid. False where there is none.
     bool posiciona();
     QString valor(const QString& campo) const; // of the current row
-    void AplicarModo(const QString& modo);
+    void AplicarModo(Modo modo);
     // Fills the grid and shows the row with that code; empty: the first one.
     void mostraRegistos(const QString& codigo = {});
     // Refuses what stands in the box, which gets the text instead.

@@ -196,14 +196,14 @@ void FrmResult::aceitaIndividuo(double numero)
     jet::Recordset& lista = ficha.adoInd.recordset();
     lista.moveFirst();
     lista.find("nind = " + textoDoNumero(numero));
-    ficha.AplicarModo("Cons");
+    ficha.AplicarModo(Modo::Cons);
     ficha.ActualizaCampos(lista);
     ficha.permiteAtribuir();
 }
 
 void FrmResult::aceitaFamilia(double numero)
 {
-    frmFam().AplicarModo("Cons");
+    frmFam().AplicarModo(Modo::Cons);
     frmFam().ActualizaCampos(frmFam().adoFam.recordset(), numero);
 }
 
@@ -212,7 +212,7 @@ void FrmResult::cmdT_Click()
 {
     guarded([&] {
         uso().ficha().retomaFicheiro();
-        uso().ficha().AplicarModo("Cons");
+        uso().ficha().AplicarModo(Modo::Cons);
         (this->*uso().termina)();
         unload();
     });

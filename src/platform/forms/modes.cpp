@@ -39,11 +39,9 @@ void apply(QWidget* control, const ModeCell& cell)
 
 } // namespace
 
-void applyMode(QWidget* form, const QList<ModeRow>& table, const QString& mode)
+void applyMode(QWidget* form, const QList<ModeRow>& table, Modo mode)
 {
-    const auto cell = mode == QLatin1String("Edi")    ? &ModeRow::edi
-                      : mode == QLatin1String("Cons") ? &ModeRow::cons
-                                                      : &ModeRow::loc;
+    const auto cell = mode == Modo::Edi ? &ModeRow::edi : mode == Modo::Cons ? &ModeRow::cons : &ModeRow::loc;
     for (const ModeRow& row : table) {
         auto* control = form->findChild<QWidget*>(QString::fromLatin1(row.control));
         if (!control) qFatal("%s has no control %s", qPrintable(form->objectName()), row.control);

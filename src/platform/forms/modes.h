@@ -3,9 +3,16 @@
 
 #include <QColor>
 #include <QList>
-#include <QString>
 
 class QWidget;
+
+// The modes, by the system's words: a record is edited, consulted, or sought.
+enum class Modo
+{
+    Edi,
+    Cons,
+    Loc
+};
 
 // What one mode does to one control.
 enum class Effect
@@ -32,6 +39,6 @@ struct ModeRow
     ModeCell edi, cons, loc = {};
 };
 
-// Applies the column of `mode` ("Edi", "Cons" or "Loc") to the controls of `form`, in the order of the rows. An unknown
-// control is a mistake of the program and stops it.
-void applyMode(QWidget* form, const QList<ModeRow>& table, const QString& mode);
+// Applies the column of `mode` to the controls of `form`, in the order of the rows. An unknown control is a mistake of
+// the program and stops it.
+void applyMode(QWidget* form, const QList<ModeRow>& table, Modo mode);

@@ -41,7 +41,7 @@ protected:
 
 TEST_F(ModesTest, EachModeAppliesItsColumn)
 {
-    applyMode(form, table, "Cons");
+    applyMode(form, table, Modo::Cons);
     EXPECT_TRUE(name->isLocked());
     EXPECT_TRUE(name->isEnabled());
     EXPECT_TRUE(list->isLocked());
@@ -50,14 +50,14 @@ TEST_F(ModesTest, EachModeAppliesItsColumn)
     EXPECT_TRUE(button->isHidden());
     EXPECT_EQ(backColor(name), white);
 
-    applyMode(form, table, "Edi");
+    applyMode(form, table, Modo::Edi);
     EXPECT_FALSE(name->isLocked());
     EXPECT_FALSE(list->isLocked());
     EXPECT_TRUE(radio->isEnabled());
     EXPECT_TRUE(date->isEnabled());
     EXPECT_EQ(backColor(list), blue);
 
-    applyMode(form, table, "Loc");
+    applyMode(form, table, Modo::Loc);
     EXPECT_FALSE(date->isEnabled());
     EXPECT_FALSE(button->isHidden());
     EXPECT_EQ(backColor(name), peach);
@@ -65,8 +65,8 @@ TEST_F(ModesTest, EachModeAppliesItsColumn)
 
 TEST_F(ModesTest, ACellThatKeepsLeavesTheControlAsItWas)
 {
-    applyMode(form, table, "Cons");
-    applyMode(form, table, "Loc");
+    applyMode(form, table, Modo::Cons);
+    applyMode(form, table, Modo::Loc);
     EXPECT_TRUE(list->isLocked());
     EXPECT_EQ(backColor(list), white);
     EXPECT_FALSE(radio->isEnabled());
@@ -75,10 +75,10 @@ TEST_F(ModesTest, ACellThatKeepsLeavesTheControlAsItWas)
 
 TEST_F(ModesTest, ADateShutUnderTheFocusIsNotLeft)
 {
-    applyMode(form, table, "Edi");
+    applyMode(form, table, Modo::Edi);
     Focus::watch(date, {}, [] { ADD_FAILURE() << "left"; });
     Focus::setTo(date);
-    applyMode(form, table, "Cons");
+    applyMode(form, table, Modo::Cons);
     EXPECT_FALSE(date->hasFocus());
     Focus::setTo(name);
 }
@@ -86,5 +86,5 @@ TEST_F(ModesTest, ADateShutUnderTheFocusIsNotLeft)
 TEST_F(ModesTest, AControlThatTheFormLacksStopsTheProgram)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(applyMode(form, {{"txtNada", {}, {}, {}}}, "Edi"), "frmA has no control txtNada");
+    EXPECT_DEATH(applyMode(form, {{"txtNada", {}, {}, {}}}, Modo::Edi), "frmA has no control txtNada");
 }

@@ -4,8 +4,8 @@
 TEST_F(IndividualCard, SearchingOpensAndPaintsTheFieldsOfTheSearchAlone)
 {
     FrmInd& card = frmInd();
-    card.AplicarModo("Loc");
-    EXPECT_EQ(card.Modo, "Loc");
+    card.AplicarModo(Modo::Loc);
+    EXPECT_EQ(card.modo(), Modo::Loc);
     const QColor white(255, 255, 255), orange(255, 192, 128), deepOrange(255, 128, 0);
     const QList<QWidget*> sought{card.txtNind,     card.txtNome,     card.cmbTipoInd, card.cmbLoc,
                                  card.cmbLocObito, card.cmbFiliacao, card.txtObs};
@@ -35,7 +35,7 @@ TEST_F(IndividualCard, SearchingShutsWhatLeavesTheCardAndLeavesTheRest)
 {
     FrmInd& card = frmInd();
     card.cmdAtribuir->setEnabled(true);
-    card.AplicarModo("Loc");
+    card.AplicarModo(Modo::Loc);
     EXPECT_FALSE(card.cmdLocDat->isHidden());
     for (const QWidget* open : QList<QWidget*>{card.cmdEncLoc, card.cmdLocOb, card.cmdLoc, card.cmdIns, card.dtgProf,
                                                card.cmdApadrinha, card.cmdRP_0, card.cmdRP_1})
@@ -48,7 +48,7 @@ TEST_F(IndividualCard, SearchingShutsWhatLeavesTheCardAndLeavesTheRest)
                          card.cmdUlt,     card.cmdFechar,  card.cmdAlt,      card.cmdElim,     card.cmdAtribuir})
         EXPECT_FALSE(shut->isEnabled()) << qPrintable(shut->objectName());
 
-    card.AplicarModo("Cons");
+    card.AplicarModo(Modo::Cons);
     EXPECT_TRUE(card.cmdLocDat->isHidden());
     EXPECT_FALSE(card.cmdAtribuir->isEnabled());
 }
@@ -58,7 +58,7 @@ TEST_F(IndividualCard, ASearchInProgressBarsEveryFirstStep)
     EmPesquisa = true;
     for (CommandButton* command : {frmInd().cmdIns, frmInd().cmdAlt, frmInd().cmdElim, frmInd().cmdLoc})
         command->click();
-    EXPECT_EQ(frmInd().Modo, "Cons");
+    EXPECT_EQ(frmInd().modo(), Modo::Cons);
     EXPECT_EQ(frmInd().cmdIns->text(), legenda::inserir);
     EXPECT_EQ(frmInd().cmdAlt->text(), legenda::alterar);
     EXPECT_EQ(frmInd().cmdElim->text(), legenda::eliminar);
@@ -68,10 +68,10 @@ TEST_F(IndividualCard, ASearchInProgressBarsEveryFirstStep)
 TEST_F(IndividualCard, TheSexStandsInTheHighlightColourOutsideASearch)
 {
     const QColor highlight = QApplication::palette().color(QPalette::Highlight);
-    for (const char* mode : {"Cons", "Edi"}) {
-        frmInd().AplicarModo("Loc");
+    for (const Modo mode : {Modo::Cons, Modo::Edi}) {
+        frmInd().AplicarModo(Modo::Loc);
         frmInd().AplicarModo(mode);
         for (const QWidget* radio : {frmInd().optSexo_0, frmInd().optSexo_1, frmInd().optSexo_2})
-            EXPECT_EQ(backColor(radio), highlight) << mode;
+            EXPECT_EQ(backColor(radio), highlight) << static_cast<int>(mode);
     }
 }

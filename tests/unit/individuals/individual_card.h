@@ -3,7 +3,7 @@
 
 #include "individuals/frmInd.h"
 
-#include "common/captions.h"
+#include "common/passo.h"
 #include "common/globals.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
