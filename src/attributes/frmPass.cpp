@@ -114,7 +114,7 @@ void FrmPass::gravaDestinoEObs()
     if (preenchido(cmbDados_1)) {
         const Local destino = localDoTexto(cmbDados_1->text());
         cnBDP.execute("update passaporte set localdestino = '" + destino.codigo + onde);
-        cnBDP.execute("update passaporte set tipolocaldest = '" + destino.tipo + onde);
+        cnBDP.execute("update passaporte set tipolocaldest = '" + destino.nivel + onde);
     }
     if (preenchido(txtOutras_1)) cnBDP.execute("update passaporte set obs = '" + txtOutras_1->text() + onde);
 }

@@ -45,7 +45,7 @@ inline QVariant codigoDe(const ComboBox* lista)
 
 inline QVariant letraDe(const ComboBox* lista)
 {
-    return preenchido(lista) ? localDoTexto(lista->text()).tipo : QVariant();
+    return preenchido(lista) ? localDoTexto(lista->text()).nivel : QVariant();
 }
 
 // Tells the user why not, gives the field the focus, and is false.

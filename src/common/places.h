@@ -1,16 +1,12 @@
 // Places: the pair of code and letter, its text form, and the lists that show it.
 #pragma once
 
+#include "common/valores.h"
+
 #include <QString>
 #include <QVariant>
 
 class ComboBox;
-
-struct Local
-{
-    QString codigo;
-    QString tipo; // one letter: P, Z, D, C, F, L or S
-};
 
 // Text form of a place: name + " -F- " + code.
 QString textoDoLocal(const QString& nome, const QString& tipo, const QString& codigo);

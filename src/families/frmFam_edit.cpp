@@ -78,7 +78,7 @@ void FrmFam::insereFamilia()
     if (preenchido(cmbLoc)) {
         const Local local = localDoTexto(cmbLoc->text());
         cnBDP.execute("update familia set localcasam ='" + local.codigo + "' where nfamilia = " + n);
-        cnBDP.execute("update familia set tipolocalcasam ='" + local.tipo + "' where nfamilia = " + n);
+        cnBDP.execute("update familia set tipolocalcasam ='" + local.nivel + "' where nfamilia = " + n);
     }
     if (preenchido(mskini))
         cnBDP.execute("update familia set inicioobs = " + literalDaData(mskini->text()) + " where nfamilia = " + n);

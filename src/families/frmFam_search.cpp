@@ -116,7 +116,7 @@ Filtro FrmFam::filtroDosCampos() const
 
     if (preenchido(cmbLoc)) {
         const Local local = localDoTexto(cmbLoc->text());
-        filtro.junta("localcasam = '" + local.codigo + "' and tipolocalcasam = '" + local.tipo + "'");
+        filtro.junta("localcasam = '" + local.codigo + "' and tipolocalcasam = '" + local.nivel + "'");
     }
     // Kept: the notes stay locked and empty in a search, so this never counts.
     if (preenchido(txtObs)) filtro.junta(" obs like '" + txtObs->text() + "'");

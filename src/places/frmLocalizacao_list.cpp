@@ -40,7 +40,7 @@ void FrmLocalizacao::cmdRem_Click()
         const int indice = lstLocal->listIndex();
         if (indice < 0) return;
         const Local local = localDoTexto(lstLocal->list(indice));
-        if (const DadosDoNivel* nivel = DadosDoNivel::doTipo(local.tipo))
+        if (const DadosDoNivel* nivel = DadosDoNivel::doTipo(local.nivel))
             cnBDP.execute(nivel->retira + local.codigo + "'");
         lstLocal->removeItem(indice);
         if (lstLocal->listCount() == 0) cmdRem->setEnabled(false);

@@ -76,22 +76,22 @@ TEST(PlaceText, GivesCodeAndLetterByItsFirstHyphen)
 {
     const Local local = localDoTexto("Adaúfe -F- 030302");
     EXPECT_EQ(local.codigo, "030302");
-    EXPECT_EQ(local.tipo, "F");
+    EXPECT_EQ(local.nivel, "F");
 }
 
 TEST(PlaceText, IsMisreadWhereTheNameHoldsAHyphen)
 {
     const Local local = localDoTexto("Vila-Cova -F- 010204");
     EXPECT_EQ(local.codigo, "va -F- 010204");
-    EXPECT_EQ(local.tipo, "C");
+    EXPECT_EQ(local.nivel, "C");
 }
 
 TEST(PlaceText, OfTheBlankEntryHasNeitherCodeNorLetter)
 {
     EXPECT_EQ(localDoTexto("  ").codigo, "");
-    EXPECT_EQ(localDoTexto("  ").tipo, "");
+    EXPECT_EQ(localDoTexto("  ").nivel, "");
     EXPECT_EQ(localDoTexto("").codigo, "");
-    EXPECT_EQ(localDoTexto("").tipo, "");
+    EXPECT_EQ(localDoTexto("").nivel, "");
 }
 
 TEST(PlaceText, KeepsTheWholeTextAsRemainderWhereThereIsNoHyphen)
