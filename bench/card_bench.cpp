@@ -2,10 +2,11 @@
 // same statements on the same file.
 #include "beside.h"
 
-#include "common/globals.h"
+#include "control.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
+#include "shell/startup.h"
 #include "store/modBD.h"
 
 #include <QMainWindow>
@@ -47,7 +48,7 @@ public:
     {
         Forms::clear();
         cnBDP.close();
-        limpaGlobais();
+        recomecaSessao();
     }
 
 private:
@@ -60,11 +61,13 @@ private:
 void ShowingTheNextIndividual(benchmark::State& state)
 {
     const Parish parish(state.range(0));
-    FrmInd& card = frmInd();
+    auto& next = control<CommandButton>(frmInd(), "cmdSeg");
+    int shown = 1;
     for ([[maybe_unused]] auto turn : state) {
-        card.cmdSeg->click();
-        if (card.adoInd.recordset().absolutePosition() == card.adoInd.recordset().recordCount())
-            card.adoInd.recordset().moveFirst();
+        next.click();
+        if (++shown < state.range(0)) continue;
+        frmInd().vaiAoPrincipio();
+        shown = 1;
     }
 }
 

@@ -3,12 +3,15 @@
 #include "beside.h"
 #include "stage.h"
 
+#include "control.h"
 #include "families/frmFam.h"
 #include "individuals/frmInd.h"
 #include "views/frmResult.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QTreeWidget>
 
 #include <algorithm>
 #include <functional>
@@ -28,19 +31,19 @@ int hitsOf(const benchmark::State& state)
 void ShowingTheNextFamily(benchmark::State& state)
 {
     Stage stage(peopleOf(state));
-    FrmFam& card = frmFam();
-    card.display();
+    frmFam().display();
     stage.paintChanges();
+    auto &first = control<CommandButton>(frmFam(), "cmdPrim"), &next = control<CommandButton>(frmFam(), "cmdSeg");
+    const auto &position = control<QLabel>(frmFam(), "lblFam"), &total = control<QLabel>(frmFam(), "lblTotal");
     compare(
         state,
         [&] {
-            jet::Recordset& families = card.adoFam.recordset();
-            if (families.absolutePosition() == families.recordCount()) card.cmdPrim->click();
-            card.cmdSeg->click();
+            if (position.text() == total.text()) first.click();
+            next.click();
             stage.paintChanges();
         },
         [&] {
-            stage.readFamily(card.txtNFam->text().toUtf8());
+            stage.readFamily(frmFam().numero().toUtf8());
             stage.paint();
         });
 }
@@ -59,11 +62,11 @@ void ShowingAResultList(benchmark::State& state)
         },
         [&] {
             stage.readNames();
-            stage.readIndividual(frmInd().txtNind->text().toUtf8());
-            stage.readTree(frmInd().txtNind->text().toInt());
+            stage.readIndividual(frmInd().numero().toUtf8());
+            stage.readTree(frmInd().numero().toInt());
             stage.paint();
         });
-    state.counters["rows"] = frmResult().dtgProf->rows() - 1;
+    state.counters["rows"] = control<Grid>(frmResult(), "dtgProf").rows() - 1;
 }
 
 void PickingARowOfTheResults(benchmark::State& state)
@@ -72,7 +75,7 @@ void PickingARowOfTheResults(benchmark::State& state)
     frmInd().display();
     stage.searchNames();
     stage.paintChanges();
-    Grid* const grid = frmResult().dtgProf;
+    Grid* const grid = &control<Grid>(frmResult(), "dtgProf");
     compare(
         state,
         [&] {
@@ -82,7 +85,7 @@ void PickingARowOfTheResults(benchmark::State& state)
             stage.paintChanges();
         },
         [&] {
-            const QByteArray number = frmInd().txtNind->text().toUtf8();
+            const QByteArray number = frmInd().numero().toUtf8();
             stage.readTree(number.toInt());
             stage.read("select dataref, profissao from profissoes, profissao where profissao.codprof = "
                        "profissoes.codprof and nind = " +
@@ -97,19 +100,20 @@ void DrawingTheTreeOfARow(benchmark::State& state)
     Stage stage(peopleOf(state), hitsOf(state));
     frmInd().display();
     stage.searchNames();
-    FrmResult& results = frmResult();
-    results.dtgProf->setRow(results.dtgProf->rows() - 1);
+    auto& grid = control<Grid>(frmResult(), "dtgProf");
+    grid.setRow(grid.rows() - 1);
+    auto& tree = control<QTreeWidget>(frmResult(), "tvw");
     stage.paintChanges();
     compare(
         state,
         [&] {
-            results.PreencheArvore();
+            frmResult().desenhaArvore();
             stage.paintChanges();
         },
         [&] {
-            stage.readTree(frmInd().txtNind->text().toInt());
-            results.tvw->doItemsLayout(); // new texts are measured before they are painted
-            results.tvw->viewport()->repaint();
+            stage.readTree(frmInd().numero().toInt());
+            tree.doItemsLayout(); // new texts are measured before they are painted
+            tree.viewport()->repaint();
         });
 }
 

@@ -1,6 +1,6 @@
 #include "people.h"
 
-#include "common/globals.h"
+#include "shell/startup.h"
 #include "store/modBD.h"
 #include "store/session.h"
 
@@ -83,5 +83,5 @@ People::~People()
 {
     sqlite3_close(bare_);
     cnBDP.close();
-    limpaGlobais();
+    recomecaSessao();
 }

@@ -1,5 +1,6 @@
 #include "stage.h"
 
+#include "control.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
@@ -91,12 +92,13 @@ void Stage::readTree(int number)
 
 void Stage::searchNames()
 {
+    auto& search = control<CommandButton>(frmInd(), "cmdLoc");
     if (Forms::find(FrmResult::Name))
-        frmResult().cmdFechar->click();
-    else if (frmInd().cmdLoc->text() != "conf&Irmar")
-        frmInd().cmdLoc->click();
-    frmInd().txtNome->setText("%Assunção%");
-    frmInd().cmdLoc->click();
+        control<CommandButton>(frmResult(), "cmdFechar").click();
+    else if (frmInd().modo() != Modo::Loc)
+        search.click();
+    control<TextBox>(frmInd(), "txtNome").setText("%Assunção%");
+    search.click();
     if (!Forms::find(FrmResult::Name)) std::abort(); // a measure of nothing
 }
 

@@ -3,10 +3,9 @@
 #include "common/dates.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 
-FrmApadrinha::FrmApadrinha() : Form(Name)
+FrmApadrinha::FrmApadrinha() : JanelaDoDono(Name)
 {
     setupUi(this);
     assistente->AplicarModo(Modo::Cons);
@@ -18,8 +17,9 @@ FrmApadrinha::FrmApadrinha() : Form(Name)
 void FrmApadrinha::Form_Load()
 {
     guarded([&] {
-        adoAp.setRecordSource("select * from assistente where nind = " + frmInd().txtNind->text() +
-                              " order by dataref");
+        txtNind->setText(donoDaJanela().numero);
+        txtNome->setText(donoDaJanela().nome);
+        adoAp.setRecordSource("select * from assistente where nind = " + donoDaJanela().numero + " order by dataref");
         adoAp.refresh();
         assistente->preencheListas();
         PreencheFG();
@@ -109,7 +109,7 @@ void FrmApadrinha::cmdSair_Click()
 
 void FrmApadrinha::Form_Unload()
 {
-    if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    frmInd().setEnabled(true);
-    frmInd().display();
+    if (Forms::isUnloadingAll() || !donoDaJanela().ficha) return;
+    donoDaJanela().ficha->setEnabled(true);
+    donoDaJanela().ficha->display();
 }

@@ -1,9 +1,9 @@
-// At which acts the person on frmInd assisted, as godparent or witness. The form only reads.
+// At which acts a person assisted, as godparent or witness. The form only reads.
 #pragma once
 
 #include "acts/FichaDoAssistente.h"
+#include "common/dono.h"
 #include "platform/forms/controls.h"
-#include "platform/forms/form.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -11,8 +11,8 @@
 
 #include <QString>
 
-// frmInd is disabled while it is open, and enabled again when it goes.
-class FrmApadrinha : public Form, public Ui::FrmApadrinha
+// The card of the person is disabled while it is open, and enabled again when it goes.
+class FrmApadrinha : public JanelaDoDono, private Ui::FrmApadrinha
 {
     Q_OBJECT
 
@@ -20,8 +20,6 @@ public:
     static constexpr auto Name = "frmApadrinha";
 
     FrmApadrinha();
-
-    jet::DataControl adoAp{cnBDP}; // the acts, by their dates
 
 protected:
     void Form_Load() override;
@@ -36,4 +34,6 @@ private:
     void PreencheLinha(int linha);
     void dtgAp_Click();
     void cmdSair_Click();
+
+    jet::DataControl adoAp{cnBDP}; // the acts, by their dates
 };

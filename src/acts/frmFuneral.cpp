@@ -1,12 +1,12 @@
 #include "acts/frmFuneral.h"
 
+#include "acts/observacao.h"
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/ficha.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
-#include "families/frmFam.h"
+#include "common/pesquisa.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 
@@ -16,7 +16,7 @@ constexpr auto editar = "&Editar";
 
 } // namespace
 
-FrmFuneral::FrmFuneral() : Form(Name)
+FrmFuneral::FrmFuneral() : JanelaDoDono(Name)
 {
     setupUi(this);
     comandos_.usa({{cmdE, editar, nullptr, legenda::confirmar}, {cmdF, legenda::fechar, nullptr, legenda::cancelar}});
@@ -28,12 +28,12 @@ FrmFuneral::FrmFuneral() : Form(Name)
 void FrmFuneral::Form_Load()
 {
     guarded([&] {
-        txtNind->setText(frmInd().txtNind->text());
-        txtNome->setText(frmInd().txtNome->text());
+        txtNind->setText(donoDaJanela().numero);
+        txtNome->setText(donoDaJanela().nome);
         jet::Recordset funcoes(cnBDP, "Select * from infocomplementar where categoria = 'FunPa' ");
         PreencheComBranco(*cmbFuncao, funcoes, 2, 1);
         AplicarModo(Modo::Cons);
-        ActualizaCampos(frmInd().adoNind.recordset());
+        if (donoDaJanela().registo) ActualizaCampos(*donoDaJanela().registo);
     });
 }
 
@@ -79,9 +79,15 @@ void FrmFuneral::ActualizaCampos(const jet::Recordset& individuo)
 void FrmFuneral::cmdIrpara_Click()
 {
     guarded([&] {
-        setEnabled(false);
-        IndChamado = 1;
-        frmInd().chamaPara(6, txtNindP->text());
+        FrmInd::pede({.origem = OrigemInd::PadreDoFuneral,
+                      .quem = this,
+                      .deActo = true,
+                      .IndChamado = true,
+                      .depois = DepoisDePedido::FicaAberta,
+                      .DataActo = frmInd().dataDaVida(),
+                      .recusa = recusaNoFuneral,
+                      .recebe = [this](const FrmInd& ficha) { txtNindP->setText(ficha.numero()); }},
+                     txtNindP->text());
     });
 }
 
@@ -145,7 +151,7 @@ void FrmFuneral::Form_Unload()
 {
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
     guarded([&] {
-        terminaChamada();
-        frmInd().retomaDe(6, txtNind->text());
+        chamada().terminaIndChamado();
+        frmInd().desiste(OrigemInd::PadreDoFuneral, txtNind->text());
     });
 }

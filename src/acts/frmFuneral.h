@@ -1,9 +1,9 @@
-// The funeral of the person on frmInd: the priest and his function, the shroud, the church, the grave.
+// The funeral of a person: the priest and his function, the shroud, the church, the grave.
 #pragma once
 
+#include "common/dono.h"
 #include "common/passo.h"
 #include "platform/forms/controls.h"
-#include "platform/forms/form.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 
@@ -11,9 +11,9 @@
 
 #include <QString>
 
-// All of it are columns of the person's own row. frmInd is disabled while the form is open, but for the choice of the
-// priest, and shows the person again when it goes.
-class FrmFuneral : public Form, public Ui::FrmFuneral
+// All of it are columns of the person's own row. The card of the person is disabled while the form is open, but for the
+// choice of the priest, and shows the person again when it goes.
+class FrmFuneral : public JanelaDoDono, private Ui::FrmFuneral
 {
     Q_OBJECT
 

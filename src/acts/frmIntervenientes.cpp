@@ -1,33 +1,18 @@
 #include "acts/frmIntervenientes.h"
 
+#include "acts/observacao.h"
 #include "common/codigos.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
-#include "families/frmFam.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 
-FrmIntervenientes& frmIntervenientes()
-{
-    return theForm<FrmIntervenientes>();
-}
-
-void abreIntervenientes(int origem)
-{
-    const bool aberta = Forms::isLoaded(FrmIntervenientes::Name);
-    if (!aberta) OrigemInterv = origem;
-    frmIntervenientes().display();
-    if (aberta) return;
-    frmIntervenientes().setCaption(frmIntervenientes().caption() + (origem == 1 ? " do casamento" : " do baptismo"));
-}
-
-FrmIntervenientes::FrmIntervenientes() : Form(Name)
+FrmIntervenientes::FrmIntervenientes() : JanelaDoDono(Name)
 {
     setupUi(this);
-    lugares_[0] = {txtIndP1, cmbFuncP1, cmdIndP1, cmdX_0};
-    lugares_[1] = {txtIndP2, cmbFuncP2, cmdIndP2, cmdX_1};
+    lugares_[0] = {OrigemInd::PrimeiroPadre, txtIndP1, cmbFuncP1, cmdIndP1, cmdX_0};
+    lugares_[1] = {OrigemInd::SegundoPadre, txtIndP2, cmbFuncP2, cmdIndP2, cmdX_1};
     padres_.usa({{cmdE, legenda::editarAParte, nullptr, legenda::confirmarOuCancelar}});
     assistentes_.usa({{cmdIns, legenda::adicionar, legenda::confirmar},
                       {cmdAlt, legenda::alterar, legenda::cancelar, legenda::confirmar},
@@ -41,26 +26,22 @@ void FrmIntervenientes::connectEvents()
         const LugarDoPadre& lugar = lugares_[indice];
         connect(lugar.numero, &TextBox::textChanged, this, [=, this] { txtIndP_Change(indice); });
         connect(lugar.escolher, &CommandButton::clicked, this,
-                [=, this] { chamaIndividuo(3 + indice, lugares_[indice].numero); });
+                [=, this] { chamaIndividuo(lugares_[indice].origem, lugares_[indice].numero); });
         connect(lugar.retirar, &CommandButton::clicked, this, [=, this] { cmdX_Click(indice); });
     }
     connect(cmdE, &CommandButton::clicked, this, &FrmIntervenientes::cmdE_Click);
 
     connect(dtInterv, &Grid::picked, this, &FrmIntervenientes::dtInterv_Click);
-    connect(cmdIndAss, &CommandButton::clicked, this, [this] { chamaIndividuo(5, txtIndAss); });
+    connect(cmdIndAss, &CommandButton::clicked, this, [this] { chamaIndividuo(OrigemInd::Assistente, txtIndAss); });
     connect(cmdIns, &CommandButton::clicked, this, &FrmIntervenientes::cmdIns_Click);
     connect(cmdAlt, &CommandButton::clicked, this, &FrmIntervenientes::cmdAlt_Click);
     connect(cmdElim, &CommandButton::clicked, this, &FrmIntervenientes::cmdElim_Click);
     connect(cmdSair, &CommandButton::clicked, this, &FrmIntervenientes::cmdSair_Click);
 }
 
-bool FrmIntervenientes::casamento() const
-{
-    return OrigemInterv == 1;
-}
-
 void FrmIntervenientes::Form_Load()
 {
+    setCaption(caption() + (casamento() ? " do casamento" : " do baptismo"));
     guarded([&] {
         preencheListas();
         assistente->mostraParentescos(casamento());
@@ -81,50 +62,46 @@ void FrmIntervenientes::preencheListas()
 
 void FrmIntervenientes::abreCasamento()
 {
-    txtNum->setText(frmFam().txtNFam->text());
+    txtNum->setText(donoDaJanela().numero);
     txtNome->hide();
-    mskData->showPlain(frmFam().mskData->text());
+    mskData->showPlain(donoDaJanela().data);
     adoInterv.setRecordSource("Select dataref, entidade, nind,tipoassistente, tipoacto, estadocivil, falecidopai,  "
                               "falecidomae, parentbapt, parentnoivo, parentnoiva, obs  from assistente where "
                               "entidade = " +
                               txtNum->text() + " and  tipoacto = 'c'");
     adoInterv.refresh();
-    mostraPadres(frmFam().adoFam.recordset());
+    if (donoDaJanela().registo) mostraPadres(*donoDaJanela().registo);
 }
 
 void FrmIntervenientes::abreBaptismo()
 {
-    txtNum->setText(frmInd().txtNind->text());
-    txtNome->setText(frmInd().txtNome->text());
-    mskData->showPlain(frmInd().mskDtNasc->text());
+    txtNum->setText(donoDaJanela().numero);
+    txtNome->setText(donoDaJanela().nome);
+    mskData->showPlain(donoDaJanela().data);
     adoInterv.setRecordSource("Select dataref, entidade, nind,  tipoassistente, tipoacto, estadocivil, falecidopai,  "
                               "falecidomae, parentbapt, parentnoivo, parentnoiva, obs  from assistente where "
                               "entidade = " +
                               txtNum->text() + " and  tipoacto = 'b'");
     adoInterv.refresh();
-    mostraPadres(frmInd().adoNind.recordset());
+    if (donoDaJanela().registo) mostraPadres(*donoDaJanela().registo);
 }
 
 // Calls the card of a person up, on the one whom the field holds by now. Kept: the second priest alone is asked for
 // without the splash, and sends the list to its first row.
-void FrmIntervenientes::chamaIndividuo(int origem, const TextBox* campo)
+void FrmIntervenientes::chamaIndividuo(OrigemInd origem, TextBox* campo)
 {
     guarded([&] {
-        setEnabled(false);
-        OrigemInd = origem;
-        IndChamado = 1;
-        if (origem != 4)
-            FrmIndLoaded();
-        else if (frmInd().modo() == Modo::Cons && frmInd().adoInd.hasRows())
-            frmInd().adoInd.recordset().moveFirst();
-        frmInd().setEnabled(true);
-        frmInd().display();
-        if (!Trim(campo->text()).isEmpty()) {
-            NindCorrente = static_cast<long>(numeroDoTexto(campo->text()));
-            frmInd().procuraRegisto("nind = " + campo->text());
-        }
-        // Whoever edits or searches there ends that first.
-        frmInd().cmdAtribuir->setEnabled(frmInd().modo() == Modo::Cons);
+        if (origem == OrigemInd::SegundoPadre) frmInd().vaiAoPrincipio();
+        const QString actual = campo->text();
+        FrmInd::pede({.origem = origem,
+                      .quem = this,
+                      .deActo = true,
+                      .IndChamado = true,
+                      .depois = casamento() ? DepoisDePedido::FicaEscondida : DepoisDePedido::FicaAberta,
+                      .DataActo = mskData->text(),
+                      .recusa = recusaNoActo,
+                      .recebe = [=](const FrmInd& ficha) { campo->setText(ficha.numero()); }},
+                     Trim(actual).isEmpty() ? std::optional<QString>() : actual);
     });
 }
 
@@ -142,8 +119,7 @@ void FrmIntervenientes::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
     guarded([&] {
-        OrigemInd = 8;
-        terminaChamada();
+        chamada().acaba();
         // The hand-over has disabled the card of a person, also where the act was a marriage.
         if (Form* individuo = Forms::find(FrmInd::Name)) individuo->setEnabled(true);
         casamento() ? voltaAFamilia() : voltaAoIndividuo();
@@ -153,16 +129,14 @@ void FrmIntervenientes::Form_Unload()
 void FrmIntervenientes::voltaAoIndividuo()
 {
     if (!Forms::isLoaded(FrmInd::Name)) return;
-    NindCorrente = static_cast<long>(numeroDoTexto(txtNum->text()));
-    frmInd().display();
-    frmInd().cmdAtribuir->setEnabled(false);
-    frmInd().procuraRegisto("nind = " + txtNum->text());
+    frmInd().voltaDoBaptismo(txtNum->text());
 }
 
 void FrmIntervenientes::voltaAFamilia()
 {
-    if (!Forms::isLoaded(FrmFam::Name)) return;
-    frmFam().setEnabled(true);
-    frmFam().display();
-    frmFam().procuraRegisto("nfamilia = " + txtNum->text());
+    Ficha* ficha = donoDaJanela().ficha;
+    if (!ficha) return;
+    ficha->setEnabled(true);
+    ficha->display();
+    ficha->procuraRegisto("nfamilia = " + txtNum->text());
 }

@@ -3,9 +3,10 @@
 #pragma once
 
 #include "acts/FichaDoAssistente.h"
+#include "common/dono.h"
 #include "common/passo.h"
+#include "individuals/pedido.h"
 #include "platform/forms/controls.h"
-#include "platform/forms/form.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
@@ -18,8 +19,7 @@
 #include <utility>
 
 // The cards stay enabled beside it: number and date of the act are copies, taken from the card at the load.
-// OrigemInterv tells the act for as long as the form is loaded.
-class FrmIntervenientes : public Form, public Ui::FrmIntervenientes
+class FrmIntervenientes : public JanelaDoDono, private Ui::FrmIntervenientes
 {
     Q_OBJECT
 
@@ -27,9 +27,6 @@ public:
     static constexpr auto Name = "frmIntervenientes";
 
     FrmIntervenientes();
-
-    jet::DataControl adoInterv{cnBDP}; // the assistants of the act
-    QString Chave;                     // `nind` of the row of the grid chosen last; "" for none
 
 protected:
     void Form_Load() override;
@@ -40,6 +37,7 @@ private:
     // One of the two places for a priest.
     struct LugarDoPadre
     {
+        OrigemInd origem; // of the request for one
         TextBox* numero;
         ComboBox* funcao;
         CommandButton *escolher, *retirar;
@@ -50,13 +48,13 @@ private:
     void connectEvents();
 
     // The act, and the way back to its card
-    bool casamento() const;
+    bool casamento() const { return donoDaJanela().familia(); }
     void preencheListas();
     void abreCasamento();
     void abreBaptismo();
     void voltaAoIndividuo();
     void voltaAFamilia();
-    void chamaIndividuo(int origem, const TextBox* campo);
+    void chamaIndividuo(OrigemInd origem, TextBox* campo);
     void cmdSair_Click();
 
     // frmIntervenientes_priests.cpp
@@ -89,13 +87,8 @@ private:
     Valores valoresDoAssistente() const;
     void gravaLinha(const Valores& valores);
 
+    jet::DataControl adoInterv{cnBDP}; // the assistants of the act
+    QString Chave;                     // `nind` of the row of the grid chosen last; "" for none
     LugarDoPadre lugares_[2];
     Comandos padres_, assistentes_; // the two edits of the window, each with its step
 };
-
-// The one form, loaded at first touch.
-FrmIntervenientes& frmIntervenientes();
-
-// Opens the form for the act of its card (1 the marriage on frmFam, 2 the baptism on frmInd). A form that is open
-// already serves its own act, and only comes to the front.
-void abreIntervenientes(int origem);

@@ -3,10 +3,9 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
-#include "families/frmFam.h"
+#include "common/pesquisa.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 
@@ -122,7 +121,7 @@ void FrmIntervenientes::cmdAlt_Click()
         if (assistentes_.passo() == Passo::Insercao) return terminaEdicao();
         if (EmPesquisa) return;
         AplicarModo(Modo::Edi);
-        IndChamado = 1;
+        chamada().chama();
         assistentes_.passaA(Passo::Alteracao);
         cmdIns->setEnabled(false);
         Focus::setTo(assistente->optassistente_0);
@@ -191,7 +190,7 @@ void FrmIntervenientes::gravaLinha(const Valores& valores)
 void FrmIntervenientes::terminaEdicao()
 {
     assistentes_.passaA(Passo::Repouso);
-    terminaChamada();
+    chamada().terminaIndChamado();
     AplicarModo(Modo::Cons);
     adoInterv.refresh();
     PreencheFG();

@@ -3,9 +3,9 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
+#include "common/pesquisa.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 

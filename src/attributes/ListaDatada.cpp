@@ -1,8 +1,8 @@
 #include "attributes/ListaDatada.h"
 
 #include "common/dates.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/pesquisa.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -268,7 +268,7 @@ QString ListaDatada::chaveVizinha()
 void ListaDatada::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
-    Form* ficha = Forms::find(cartao());
+    Ficha* ficha = cartao();
     if (!ficha) return;
     ficha->display();
     ficha->setEnabled(true);

@@ -2,11 +2,11 @@
 // and commands that add, alter and delete.
 #pragma once
 
+#include "common/dono.h"
 #include "common/numbers.h"
 #include "common/passo.h"
 #include "common/vbtext.h"
 #include "platform/forms/controls.h"
-#include "platform/forms/form.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
@@ -20,7 +20,7 @@
 // The base keeps the protocol: what each click means (the step says it), what is shown after it, and which commands
 // are open. A window gives its rows, columns, checks and modes, and its differences as Regras. What else is shut while
 // an edit runs stands in its table of modes.
-class ListaDatada : public Form
+class ListaDatada : public JanelaDoDono
 {
     Q_OBJECT
 
@@ -67,7 +67,7 @@ protected:
     // Columns of a row with their values, in the order in which they are set.
     using Valores = QList<std::pair<QString, QVariant>>;
 
-    using Form::Form;
+    using JanelaDoDono::JanelaDoDono;
 
     // Once, after setupUi().
     void usa(const Botoes& botoes, Grid* grelha, QList<Coluna> colunas, Regras regras);
@@ -96,8 +96,8 @@ protected:
     // Stores the fields in the current row. Returns the key of the row to show, empty for the grid's current one.
     virtual QString altera() = 0;
     virtual void elimina() { registos().recordset().deleteRow(); }
-    // The card that waits for this window; "" where none does.
-    virtual QString cartao() const { return "frmInd"; }
+    // The card that waits for this window; null where none does.
+    virtual Ficha* cartao() const { return donoDaJanela().ficha; }
 
     void Form_Unload() override;
 

@@ -3,14 +3,8 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
-
-FrmAssinatura& frmAssinatura()
-{
-    return theForm<FrmAssinatura>();
-}
 
 FrmAssinatura::FrmAssinatura() : ListaDatada(Name)
 {
@@ -31,9 +25,11 @@ FrmAssinatura::FrmAssinatura() : ListaDatada(Name)
 void FrmAssinatura::Form_Load()
 {
     guarded([&] {
+        txtNind->setText(donoDaJanela().numero);
+        txtNome->setText(donoDaJanela().nome);
         abreLista("select nind, idassinatura, dataref, idade, datafixa, nivelassinatura,assinatura, assina, fonte, "
                   "funcao, obs from assinatura where nind = " +
-                  frmInd().txtNind->text() + " order by dataref");
+                  donoDaJanela().numero + " order by dataref");
         mostraPrimeira();
     });
 }

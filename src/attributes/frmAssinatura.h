@@ -5,7 +5,7 @@
 
 #include "ui_frmAssinatura.h"
 
-class FrmAssinatura : public ListaDatada, public Ui::FrmAssinatura
+class FrmAssinatura : public ListaDatada, private Ui::FrmAssinatura
 {
     Q_OBJECT
 
@@ -13,8 +13,6 @@ public:
     static constexpr auto Name = "frmAssinatura";
 
     FrmAssinatura();
-
-    jet::DataControl adoAss{cnBDP};
 
     void LimpaCampos() override;
 
@@ -34,7 +32,6 @@ private:
     void cmdV_Click();
     void mostraFicheiro(const QString& caminho);
     Valores valores() const;
-};
 
-// The one window, loaded at first touch.
-FrmAssinatura& frmAssinatura();
+    jet::DataControl adoAss{cnBDP};
+};

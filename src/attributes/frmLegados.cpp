@@ -25,8 +25,8 @@ FrmLegados::FrmLegados() : ListaDatada(Name)
 void FrmLegados::Form_Load()
 {
     guarded([&] {
-        txtNind->setText(frmInd().txtNind->text());
-        txtNome->setText(frmInd().txtNome->text());
+        txtNind->setText(donoDaJanela().numero);
+        txtNome->setText(donoDaJanela().nome);
         PreencheCodigos(*cmbParentesco, "Select codigo, descricao from infocomplementar where categoria = 'Paren'");
         abreLista("Select idlegprof,nindherd, parentesco, bensmoveis, obs, bensraiz,  nind from legadosprofanos where "
                   " nind =" +
@@ -102,12 +102,16 @@ ListaDatada::Valores FrmLegados::valores() const
             {"bensraiz", textoDe(txtRaiz)}};
 }
 
-// Kept: the date of the act is told, and nobody tests an heir against it.
+// Kept: nobody tests an heir against a date.
 void FrmLegados::cmdIrpara_Click()
 {
     guarded([&] {
-        setEnabled(false);
-        frmInd().chamaPara(7, txtNindH->text());
+        FrmInd::pede({.origem = OrigemInd::Herdeiro,
+                      .quem = this,
+                      .deActo = true,
+                      .depois = DepoisDePedido::FicaAberta,
+                      .recebe = [this](const FrmInd& ficha) { txtNindH->setText(ficha.numero()); }},
+                     txtNindH->text());
     });
 }
 
@@ -116,5 +120,5 @@ void FrmLegados::Form_Unload()
 {
     ListaDatada::Form_Unload();
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    guarded([&] { frmInd().retomaDe(7, txtNind->text()); });
+    guarded([&] { frmInd().desiste(OrigemInd::Herdeiro, txtNind->text()); });
 }

@@ -5,8 +5,8 @@
 
 #include "ui_frmLegados.h"
 
-// The heir is chosen on the card of a person, which hands the number over to txtNindH (OrigemInd 7).
-class FrmLegados : public ListaDatada, public Ui::FrmLegados
+// The heir is chosen on the card of a person, which hands the number over.
+class FrmLegados : public ListaDatada, private Ui::FrmLegados
 {
     Q_OBJECT
 
@@ -14,8 +14,6 @@ public:
     static constexpr auto Name = "frmLegados";
 
     FrmLegados();
-
-    jet::DataControl adoLeg{cnBDP};
 
     void LimpaCampos() override;
 
@@ -32,4 +30,6 @@ protected:
 private:
     void cmdIrpara_Click();
     Valores valores() const;
+
+    jet::DataControl adoLeg{cnBDP};
 };

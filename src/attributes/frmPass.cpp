@@ -4,7 +4,7 @@
 #include "common/ficha.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
-#include "individuals/frmInd.h"
+#include "common/pesquisa.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
@@ -27,8 +27,8 @@ FrmPass::FrmPass() : ListaDatada(Name)
 // Opens on the last row. Where it fails, as with nobody on the card, the menu tells why and no window stays.
 void FrmPass::Form_Load()
 {
-    Label2_1->setText(frmInd().txtNind->text());
-    Label2_2->setText(frmInd().txtNome->text());
+    Label2_1->setText(donoDaJanela().numero);
+    Label2_2->setText(donoDaJanela().nome);
     for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
         cmbDados_0->add(estatura);
     PreencheLocais(*cmbDados_1);

@@ -7,7 +7,7 @@
 
 // Chave is the number of the passport shown. The description belongs to the person: it has its own edit (cmdE) and is
 // stored in `individuo`. The card of the person stays in use beside this window.
-class FrmPass : public ListaDatada, public Ui::FrmPass
+class FrmPass : public ListaDatada, private Ui::FrmPass
 {
     Q_OBJECT
 
@@ -16,7 +16,8 @@ public:
 
     FrmPass();
 
-    jet::DataControl rsPass{cnBDP};
+    // One more entry to choose the destination from. Kept: it is added also where the list holds it already.
+    void acrescentaDestino(const QString& local) { cmbDados_1->add(local); }
 
     void LimpaCampos() override;
 
@@ -29,7 +30,7 @@ protected:
     QString acrescenta() override;
     QString altera() override;
     void elimina() override;
-    QString cartao() const override { return {}; }
+    Ficha* cartao() const override { return nullptr; }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode modo) override { return modo != UnloadMode::ControlMenu; }
 
@@ -46,4 +47,6 @@ private:
     void gravaDescricao();
 
     Comandos descricao_; // the edit of the description
+
+    jet::DataControl rsPass{cnBDP};
 };

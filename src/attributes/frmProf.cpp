@@ -3,13 +3,7 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
-
-FrmProf& frmProf()
-{
-    return theForm<FrmProf>();
-}
 
 FrmProf::FrmProf() : ListaDatada(Name)
 {
@@ -28,9 +22,11 @@ FrmProf::FrmProf() : ListaDatada(Name)
 void FrmProf::Form_Load()
 {
     guarded([&] {
+        txtNind->setText(donoDaJanela().numero);
+        txtNome->setText(donoDaJanela().nome);
         PreencheProfissoes();
         abreLista("select nind, idprofissao,dataref, datafixa, codprof, fonte, obs from profissoes where nind = " +
-                  frmInd().txtNind->text() + " order by dataref");
+                  donoDaJanela().numero + " order by dataref");
         mostraPrimeira();
     });
 }

@@ -5,7 +5,7 @@
 
 #include "ui_frmProf.h"
 
-class FrmProf : public ListaDatada, public Ui::FrmProf
+class FrmProf : public ListaDatada, private Ui::FrmProf
 {
     Q_OBJECT
 
@@ -13,8 +13,6 @@ public:
     static constexpr auto Name = "frmProf";
 
     FrmProf();
-
-    jet::DataControl adoProfInd{cnBDP};
 
     void LimpaCampos() override;
 
@@ -30,7 +28,6 @@ protected:
 
 private:
     void PreencheProfissoes();
-};
 
-// The one window, loaded at first touch.
-FrmProf& frmProf();
+    jet::DataControl adoProfInd{cnBDP};
+};

@@ -4,23 +4,7 @@
 #include "common/ficha.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
-#include "families/frmFam.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
-
-namespace {
-
-bool daFamilia()
-{
-    return OrigemResid == 1;
-}
-
-} // namespace
-
-FrmResid& frmResid()
-{
-    return theForm<FrmResid>();
-}
 
 FrmResid::FrmResid() : ListaDatada(Name)
 {
@@ -40,10 +24,11 @@ FrmResid::FrmResid() : ListaDatada(Name)
 void FrmResid::Form_Load()
 {
     guarded([&] {
-        setCaption(OrigemResid == 2 ? "Residências do indivíduo" : "Residências da família");
-        txtNum->setText(daFamilia() ? frmFam().txtNFam->text() : frmInd().txtNind->text());
-        if (!daFamilia()) txtNome->setText(frmInd().txtNome->text());
-        txtNome->setVisible(!daFamilia());
+        setCaption(donoDaJanela().familia() ? "Residências da família" : "Residências do indivíduo");
+        Label2->setText(donoDaJanela().familia() ? "Família" : "Indivíduo");
+        txtNum->setText(donoDaJanela().numero);
+        txtNome->setText(donoDaJanela().nome);
+        txtNome->setVisible(!donoDaJanela().familia());
         PreencheLocais(*cmbLoc);
         abreLista(instrucao());
         if (adoResid.hasRows()) mostraPrimeira();
@@ -52,7 +37,7 @@ void FrmResid::Form_Load()
 
 QString FrmResid::instrucao() const
 {
-    if (daFamilia())
+    if (donoDaJanela().familia())
         return "select numero,  dataref, datafixa, tiporesid, localresid, tipolocal, fonte, obs from residencia where "
                "numero = " +
                txtNum->text() + " and tiporesid = 'f' order by dataref";
@@ -111,10 +96,10 @@ bool FrmResid::VerificaCampos(Passo)
     if (!preenchido(cmbLoc)) return recusa("Deve indicar o local da residência!", cmbLoc);
     if (mskData->text() == emptyMaskedDate) return recusa("Deve indicar uma data de referência!", mskData);
     if (!adoResid.hasRows()) return true;
-    const jet::Recordset mesmaData(
-        cnBDP, "select count(*) from residencia where numero =" + txtNum->text() +
-                   (daFamilia() ? " and tiporesid = 'f' and dataref = #" : " and tiporesid = 'i' and dataref = #") +
-                   mskData->text() + "#");
+    const jet::Recordset mesmaData(cnBDP, "select count(*) from residencia where numero =" + txtNum->text() +
+                                              (donoDaJanela().familia() ? " and tiporesid = 'f' and dataref = #"
+                                                                        : " and tiporesid = 'i' and dataref = #") +
+                                              mskData->text() + "#");
     if (mesmaData.eof() || mesmaData[0].toInt() == 0) return true;
     return recusa("Não pode indicar duas residências para uma mesma data de referência!", mskData);
 }
@@ -122,7 +107,8 @@ bool FrmResid::VerificaCampos(Passo)
 // Kept: the row chosen before is shown, and not the new one.
 QString FrmResid::acrescenta()
 {
-    acrescentaLinha(Valores{{"numero", txtNum->text()}, {"tiporesid", daFamilia() ? "f" : "i"}} + valores());
+    acrescentaLinha(Valores{{"numero", txtNum->text()}, {"tiporesid", donoDaJanela().familia() ? "f" : "i"}} +
+                    valores());
     return {};
 }
 
@@ -146,9 +132,4 @@ void FrmResid::cmdLoc_Click()
         setEnabled(false);
         Forms::show("frmLocalizacao");
     });
-}
-
-QString FrmResid::cartao() const
-{
-    return daFamilia() ? FrmFam::Name : FrmInd::Name;
 }

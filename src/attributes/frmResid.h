@@ -5,8 +5,7 @@
 
 #include "ui_frmResid.h"
 
-// OrigemResid says whose residences it shows; it stays as it is while the window is loaded.
-class FrmResid : public ListaDatada, public Ui::FrmResid
+class FrmResid : public ListaDatada, private Ui::FrmResid
 {
     Q_OBJECT
 
@@ -15,7 +14,8 @@ public:
 
     FrmResid();
 
-    jet::DataControl adoResid{cnBDP};
+    bool doIndividuo() const { return !donoDaJanela().familia(); }
+    QString localNaFicha() const { return cmbLoc->text(); } // "" where none is chosen
 
     void LimpaCampos() override;
 
@@ -27,14 +27,12 @@ protected:
     bool VerificaCampos(Passo passo) override;
     QString acrescenta() override;
     QString altera() override;
-    QString cartao() const override;
     void Form_Load() override;
 
 private:
     void cmdLoc_Click();
     QString instrucao() const;
     Valores valores() const;
-};
 
-// The one window, loaded at first touch.
-FrmResid& frmResid();
+    jet::DataControl adoResid{cnBDP};
+};

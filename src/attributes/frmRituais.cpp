@@ -3,7 +3,6 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/msgbox.h"
 
 #include <algorithm>
@@ -48,8 +47,8 @@ FrmRituais::FrmRituais() : ListaDatada(Name)
 void FrmRituais::Form_Load()
 {
     guarded([&] {
-        txtNind->setText(frmInd().txtNind->text());
-        txtNome->setText(frmInd().txtNome->text());
+        txtNind->setText(donoDaJanela().numero);
+        txtNome->setText(donoDaJanela().nome);
         for (ComboBox* lista : {cmbMoeda_0, cmbMoeda_1}) {
             for (const char* moeda : moedas)
                 lista->add(moeda);

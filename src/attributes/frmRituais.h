@@ -5,7 +5,7 @@
 
 #include "ui_frmRituais.h"
 
-class FrmRituais : public ListaDatada, public Ui::FrmRituais
+class FrmRituais : public ListaDatada, private Ui::FrmRituais
 {
     Q_OBJECT
 
@@ -13,8 +13,6 @@ public:
     static constexpr auto Name = "frmRituais";
 
     FrmRituais();
-
-    jet::DataControl adoRit{cnBDP};
 
     void LimpaCampos() override;
     // The codes of a kind into cmbTipo, and its option on. The kind is told by its text, or by the index of its option
@@ -35,4 +33,6 @@ private:
     void optLeg_Click(int indice);
     void cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra);
     Valores valores() const;
+
+    jet::DataControl adoRit{cnBDP};
 };

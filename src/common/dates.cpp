@@ -1,6 +1,5 @@
 #include "common/dates.h"
 
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/focus.h"
@@ -69,14 +68,13 @@ int CalculaIdade(const QDate& primeira, const QDate& segunda)
     return static_cast<int>(std::nearbyint(static_cast<double>(primeira.daysTo(segunda)) / 365.0));
 }
 
-bool DentroObservacao(double nind)
+bool DentroObservacao(Nind nind, const QString& dataActo)
 {
     bool dentro = true;
     guarded([&] {
-        const jet::Recordset individuo(cnBDP,
-                                       "select datanasc, dataobito, inicioobs, fimobs from individuo where nind = " +
-                                           QString::number(nind, 'f', 0));
-        if (!individuo.eof()) dentro = podeEstarPresente(individuo, dataDoTexto(DataActo));
+        const jet::Recordset individuo(
+            cnBDP, "select datanasc, dataobito, inicioobs, fimobs from individuo where nind = " + nind.paraSQL());
+        if (!individuo.eof()) dentro = podeEstarPresente(individuo, dataDoTexto(dataActo));
     });
     return dentro;
 }

@@ -1,6 +1,8 @@
 // Dates: how they are read and shown, ages, and the observation window.
 #pragma once
 
+#include "common/valores.h"
+
 #include <QDate>
 #include <QString>
 #include <QVariant>
@@ -29,5 +31,6 @@ bool VerificaData(MaskedEdit& campo);
 // Whole years of 365 days, rounded to nearest, ties to the even number.
 int CalculaIdade(const QDate& primeira, const QDate& segunda);
 
-// Whether the individual can have been at the act of DataActo. An error is shown by MostraErro and answers true.
-bool DentroObservacao(double nind);
+// Whether the individual can have been at an act of that date, dd/mm/yyyy. An error is shown by MostraErro and answers
+// true.
+bool DentroObservacao(Nind nind, const QString& dataActo);

@@ -1,7 +1,9 @@
 #include "common/ficha.h"
 
-#include "common/globals.h"
+#include "common/dono.h"
 #include "common/modGeral.h"
+#include "common/pesquisa.h"
+#include "platform/forms/forms.h"
 #include "platform/jet/errors.h"
 
 void Ficha::ligaComandos()
@@ -37,8 +39,17 @@ void Ficha::procuraRegisto(const QString& criterio)
 
 jet::Recordset& Ficha::registoNaFicha()
 {
-    if (numeroNaFicha().isEmpty() || passo() == Passo::Insercao || modo_ == Modo::Loc) throw jet::noCurrentRow();
+    if (numero().isEmpty() || passo() == Passo::Insercao || modo_ == Modo::Loc) throw jet::noCurrentRow();
     return registo();
+}
+
+void Ficha::abreJanela(const QString& nome)
+{
+    guarded([&] {
+        if (!Forms::exists(nome)) return;
+        if (!Forms::isLoaded(nome)) setEnabled(false);
+        JanelaDoDono::abre(nome, dono());
+    });
 }
 
 void Ficha::eliminaDoFicheiro()
@@ -169,7 +180,7 @@ void Ficha::retomaFicheiro()
 {
     marcaFiltro(false);
     fechaPesquisa();
-    EmPesquisa = false;
+    EmPesquisa.acaba();
 }
 
 void Ficha::retomaPesquisa()

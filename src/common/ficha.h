@@ -18,6 +18,8 @@ namespace corDoModo {
 inline constexpr QColor edi(192, 192, 255), cons(255, 255, 255), loc(255, 192, 128);
 }
 
+struct Dono;
+
 // A card stands on one row of a file of records (its file). A search leaves its rows in adoFiltro, and frmResult then
 // drives the card by them until one of its three buttons takes the card out again.
 class Ficha : public Form
@@ -33,6 +35,7 @@ public:
 
     virtual void AplicarModo(Modo modo);
     virtual void LimpaCampos() = 0;
+    virtual QString numero() const = 0; // of the record shown; "" where there is none
 
     // Shows the record of the file for which the criterion of a find() holds, else the first one, as for an empty
     // criterion. A card that is being edited or searched by stays as it is.
@@ -41,6 +44,12 @@ public:
     // The row of the record on the card, to be read or written. Error 3021 where there is none: in an insert, in a
     // search, and on a cleared card.
     jet::Recordset& registoNaFicha();
+
+    // What a list of results does to the card. The number is that of the hit.
+    virtual void escolheAchado(int linha, const QString& numero) = 0; // the row of adoFiltro to be shown
+    virtual void mostraAchado() = 0;                                  // shows it
+    virtual void aceitaAchado(const QString& numero) = 0;             // the whole file again, on the hit
+    virtual void terminaNoAchado() = 0;                               // the search ends on what is shown
 
     // A list of results is up: the frame of the movement is red, and the commands are off but for those of the list.
     void entregaAosResultados();
@@ -65,7 +74,6 @@ protected:
     virtual const QList<ModeRow>& modos() const = 0;
     virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement
     virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
-    virtual QString numeroNaFicha() const = 0;  // empty on a card that shows no record
     virtual jet::Recordset& registo() = 0;      // the cursor on the row of the record shown
 
     // What a click on a command means, by the step. None of the four openings comes while EmPesquisa is on.
@@ -88,6 +96,11 @@ protected:
     // Deletes the current row of the file, and shows the row before it, or the new first one. Where the row can't be
     // deleted, it stays, and nothing is said.
     void eliminaDoFicheiro();
+
+    virtual Dono dono() = 0; // of the windows that are opened for the record shown
+    // Opens the window with that name for the record shown. The card is disabled until it goes. One that is open
+    // already stays with whoever opened it, and only comes forward.
+    void abreJanela(const QString& nome);
 
     void abrePesquisa(); // the card becomes a form to search by
     // Back at the step that the search has interrupted: an edit may wait for the person sought.

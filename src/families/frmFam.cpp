@@ -1,7 +1,6 @@
 #include "families/frmFam.h"
 
 #include "common/codigos.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/places.h"
 #include "platform/forms/focus.h"
@@ -18,7 +17,7 @@ FrmFam::FrmFam() : Ficha(Name)
     setupUi(this);
     metades_[0] = {txtPnind, txtPnome, txtIdade1, txtNC1, cmbEC1, lblIdCalc_0};
     metades_[1] = {txtSnind, txtSnome, txtIdade2, txtNC2, cmbEC2, lblIdCalc_1};
-    usaComandos(*this);
+    usaComandos<Ui::FrmFam>(*this);
     connectEvents();
 }
 
@@ -49,7 +48,7 @@ void FrmFam::connectEvents()
     connect(cmdAnt, &CommandButton::clicked, this, &FrmFam::cmdAnt_Click);
     connect(cmdSeg, &CommandButton::clicked, this, &FrmFam::cmdSeg_Click);
 
-    connect(cmdResid, &CommandButton::clicked, this, &FrmFam::cmdResid_Click);
+    connect(cmdResid, &CommandButton::clicked, this, [this] { abreJanela("frmResid"); });
     connect(cmdFechar, &CommandButton::clicked, this, &FrmFam::cmdFechar_Click);
 }
 
@@ -62,7 +61,7 @@ void FrmFam::Form_Load()
         adoFam.refresh();
         PreencheListas();
         AplicarModo(Modo::Cons);
-        ActualizaCampos(adoFam.recordset(), 0);
+        ActualizaCampos(adoFam.recordset(), {});
     });
 }
 

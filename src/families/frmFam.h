@@ -1,18 +1,29 @@
 // The card of one family: the couple, the marriage, the children, and the movement through all families.
 #pragma once
 
+#include "common/dono.h"
 #include "common/ficha.h"
 #include "common/filtro.h"
+#include "common/valores.h"
+#include "individuals/pedido.h"
 #include "platform/forms/controls.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
+#include "views/achado.h"
 
 #include "ui_frmFam.h"
 
 #include <QString>
 
-// Other cards read and write its controls by name, move adoFam and call ActualizaCampos(): so they show a family on it.
-class FrmFam : public Ficha, public Ui::FrmFam
+// Who has brought the card up, by the system's numbers.
+enum class OrigemFam
+{
+    Menu = 0,
+    FamiliaOrigem,     // cmdDirFam of frmInd
+    FamiliaConstituida // cmdConsRel of frmInd
+};
+
+class FrmFam : public Ficha, private Ui::FrmFam
 {
     Q_OBJECT
 
@@ -21,34 +32,34 @@ public:
 
     FrmFam();
 
-    jet::DataControl adoFam{cnBDP};    // all families: what the movement buttons run through
-    jet::DataControl adonFam{cnBDP};   // the members of the family shown
-    jet::DataControl adoFilhos{cnBDP}; // its children
-
-    // Editing calls people up: IndChamado follows the mode.
+    // Editing calls people up: the Chamada follows the mode.
     void AplicarModo(Modo modo) override;
     void LimpaCampos() override;
-    // Shows the family with the number nf, or for 0 the one of the current row of rs, and puts adoFam on it. An error
-    // is shown, and leaves the fields behind it cleared.
-    void ActualizaCampos(jet::Recordset& rs, double nf);
+    // Shows the family with the number nf, or for 0 and none the one of the current row of rs, and puts the file on it.
+    // An error is shown, and leaves the fields behind it cleared.
+    void ActualizaCampos(jet::Recordset& rs, Nfam nf);
+    // The card of a person brings the card up on a family: the way back is by cmdFechar, where that card was called up
+    // for a person. The card comes up before the family is sought: it stays where it was if the number leads nowhere.
+    void mostraPara(OrigemFam origem, const QString& nfam);
+    void abrePeloMenu();
+    QString numero() const override { return txtNFam->text(); }
+    Dono dono() override;
+    void escolheAchado(int linha, const QString& numero) override;
+    void mostraAchado() override;
+    void aceitaAchado(const QString& numero) override;
+    void terminaNoAchado() override;
     // Deletes the family shown, with all references but its people, and shows the one before. On an error everything
     // stays.
     void eliminaFamilia();
-    void ActualizaFilhos();
-    void PreencheFG();
-    // Puts adoFam on the family of the card, where a refresh has moved it away; on EOF for a family that has no row
-    // yet. Whoever writes to the row of adoFam calls it first.
-    void poeFicheiroNaFicha();
 
     // The seven types of a family, by what is known of its people; an error is shown and answers "7". No command calls
     // it: the type is the user's choice.
-    QString CalculaTipoFamilia(double nfamilia);
+    QString CalculaTipoFamilia(Nfam nfamilia);
 
 protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoFam; }
     void mostraRegistoDoFicheiro() override;
-    QString numeroNaFicha() const override { return txtNFam->text(); }
     jet::Recordset& registo() override;
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
@@ -71,13 +82,19 @@ private:
     void mostraFicheiroVazio();
     void mostraMembro(const jet::Recordset& membro);
     void mostraFamilia();
+    // Puts adoFam on the family of the card, where a refresh has moved it away; on EOF for a family that has no row
+    // yet. Whoever writes to the row of adoFam calls it first.
+    void poeFicheiroNaFicha();
     void cmdAnt_Click();
     void cmdSeg_Click();
 
     // frmFam_children.cpp
+    void ActualizaFilhos();
+    void PreencheFG();
     void PreencheLinhaFilho(int linha);
     void cmdConsultar_Click();
     void cmdInsF_Click();
+    void recebeFilho(FrmInd& filho);
     void cmdElimF_Click();
 
     // frmFam_links.cpp: the ways out
@@ -85,9 +102,8 @@ private:
     void cmdEncLoc_Click();
     void cmdRP_Click();
     void cmdInt_Click();
-    void cmdResid_Click();
     void cmdFechar_Click();
-    bool emInsercao() const;
+    PedidoDeIndividuo pedidoDeConjuge(int indice);
 
     // frmFam_edit.cpp: insert and alteration
     void iniciaInsercao() override;
@@ -119,14 +135,17 @@ private:
     void desistePorFaltaDeCriterio();
     void cancelaPesquisa() override;
     Filtro filtroDosCampos() const;
+    Achado achado(const jet::Recordset& registo) const;
+
+    jet::DataControl adoFam{cnBDP};    // all families: what the movement buttons run through
+    jet::DataControl adonFam{cnBDP};   // the members of the family shown
+    jet::DataControl adoFilhos{cnBDP}; // its children
 
     Metade metades_[2];
+    Nfam NfamCorrente; // where a search that is cancelled comes back to; in an insert, the number proposed
+    OrigemFam OrigemFam_ = OrigemFam::Menu;
     QString dtCasamAnterior; // what mskData held when it was entered
 };
 
 // The one card, loaded at first touch.
 FrmFam& frmFam();
-
-// Nobody has the card of a person called up any more, but for a family card in "Edi": there the other spouse may be
-// chosen next.
-void terminaChamada();

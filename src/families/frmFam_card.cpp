@@ -43,14 +43,14 @@ void FrmFam::LimpaCampos()
     dtgFilho->setRows(0);
 }
 
-void FrmFam::ActualizaCampos(jet::Recordset& rs, double nf)
+void FrmFam::ActualizaCampos(jet::Recordset& rs, Nfam nf)
 {
     guarded([&] {
         LimpaCampos();
         if (rs.bof() && rs.eof()) return mostraFicheiroVazio();
 
         // Read before the file moves, as rs may be the file itself.
-        const QString numero = textoDoNumero(nf == 0 ? rs["nfamilia"] : QVariant(nf));
+        const QString numero = nf && nf != Nfam(0) ? nf.texto() : textoDoNumero(rs["nfamilia"]);
         adoFam.recordset().moveFirst();
         adoFam.recordset().find("nfamilia = " + numero);
         adonFam.setRecordSource("Select * from  familias where nfamilia = " + numero);
@@ -132,7 +132,7 @@ void FrmFam::mostraFamilia()
 
 void FrmFam::mostraRegistoDoFicheiro()
 {
-    ActualizaCampos(adoFam.recordset(), adoFam.recordset()["nfamilia"].toDouble());
+    ActualizaCampos(adoFam.recordset(), Nfam::daColuna(adoFam.recordset()["nfamilia"]));
 }
 
 void FrmFam::cmbTipoFam_Click()

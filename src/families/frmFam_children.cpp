@@ -2,9 +2,9 @@
 #include "families/frmFam.h"
 
 #include "common/dates.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
+#include "common/pesquisa.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/msgbox.h"
 
@@ -65,15 +65,8 @@ void FrmFam::cmdConsultar_Click()
 {
     guarded([&] {
         if (dtgFilho->row() == 0) return;
-        OrigemInd = 8;
         setEnabled(false);
-        FrmIndLoaded();
-        jet::Recordset& individuos = frmInd().adoInd.recordset();
-        individuos.moveFirst();
-        individuos.find("nind = " + dtgFilho->textMatrix(dtgFilho->row(), 0));
-        frmInd().ActualizaCampos(individuos);
-        frmInd().cmdAtribuir->setEnabled(false);
-        frmInd().setFocusToForm();
+        FrmInd::consulta(dtgFilho->textMatrix(dtgFilho->row(), 0));
     });
 }
 
@@ -82,14 +75,21 @@ void FrmFam::cmdInsF_Click()
 {
     guarded([&] {
         if (EmPesquisa) return;
-        OrigemInd = 0;
-        IndChamado = 1;
-        FrmIndLoaded();
-        jet::Recordset& individuos = frmInd().adoInd.recordset();
-        if (frmInd().adoInd.hasRows()) individuos.moveFirst();
-        frmInd().ActualizaCampos(individuos);
-        frmInd().cmdAtribuir->setEnabled(true);
+        FrmInd::pede({.origem = OrigemInd::Filho,
+                      .quem = this,
+                      .espera = false,
+                      .IndChamado = true,
+                      .recebe = [this](FrmInd& ficha) { recebeFilho(ficha); }},
+                     QString());
     });
+}
+
+// A family of origin that was known is replaced without a question.
+void FrmFam::recebeFilho(FrmInd& filho)
+{
+    filho.poeFamiliaDeOrigem(numero());
+    adoFilhos.refresh();
+    ActualizaFilhos();
 }
 
 // The person stays, the link to the family goes.

@@ -2,9 +2,7 @@
 #include "families/frmFam.h"
 
 #include "common/campos.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
@@ -24,12 +22,13 @@ void FrmFam::iniciaInsercao()
 {
     abreInsercao();
     // Kept: the number behind the last row of the file, which isn't always the highest one.
-    NfamCorrente = 1;
+    Nfam ultima;
     if (adoFam.hasRows()) {
         adoFam.recordset().moveLast();
-        NfamCorrente = adoFam.recordset()["nfamilia"].toDouble() + 1;
+        ultima = Nfam::daColuna(adoFam.recordset()["nfamilia"]);
     }
-    txtNFam->setText(textoDoNumero(NfamCorrente));
+    NfamCorrente = ultima.seguinte();
+    txtNFam->setText(NfamCorrente.texto());
     escolheLegitima(*cmbSit);
     Focus::setTo(cmbSit);
     ProcuraTexto(*cmbTipoFam, "7");
@@ -57,7 +56,7 @@ void FrmFam::confirmaInsercao()
 
     adoFam.refresh();
     fechaEdicao();
-    ActualizaCampos(adoFam.recordset(), numeroDoTexto(txtNFam->text()));
+    ActualizaCampos(adoFam.recordset(), Nfam::doCampo(numero()));
 }
 
 // Kept: no text is escaped. An apostrophe in the notes fails its statement, and the family isn't inserted.
@@ -107,7 +106,7 @@ void FrmFam::insereMembro(const Metade& membro)
 void FrmFam::cancelaInsercao()
 {
     fechaEdicao();
-    ActualizaCampos(adoFam.recordset(), adoFam.hasRows() ? adoFam.recordset()["nfamilia"].toDouble() : 0);
+    ActualizaCampos(adoFam.recordset(), adoFam.hasRows() ? Nfam::daColuna(adoFam.recordset()["nfamilia"]) : Nfam());
 }
 
 void FrmFam::iniciaAlteracao()
@@ -174,5 +173,5 @@ void FrmFam::reescreveMembro(const Metade& membro, bool temNumCasam)
 void FrmFam::cancelaAlteracao()
 {
     fechaEdicao();
-    ActualizaCampos(adoFam.recordset(), preenchido(txtNFam) ? numeroDoTexto(txtNFam->text()) : 0);
+    ActualizaCampos(adoFam.recordset(), Nfam::doCampoOuNenhum(numero()));
 }

@@ -1,7 +1,6 @@
 // The ways out of the card: to a person, to the forms of the family, and back to whoever called it.
 #include "families/frmFam.h"
 
-#include "acts/frmIntervenientes.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
@@ -13,19 +12,59 @@
 void FrmFam::cmdDirInd_Click(int indice)
 {
     guarded([&] {
-        FrmIndLoaded();
-        frmInd().setFocusToForm();
-        OrigemInd = indice + 1;
-        jet::Recordset& individuos = frmInd().adoInd.recordset();
-        if (frmInd().adoInd.hasRows()) {
-            individuos.moveFirst();
-            const QString numero = metade(indice).nind->text();
-            const bool vazio = indice == 0 ? Trim(numero).isEmpty() : numero.isEmpty(); // Kept: one of them trimmed.
-            if (!vazio) individuos.find("nind = " + numero);
-            frmInd().ActualizaCampos(individuos);
-        }
-        setEnabled(false);
+        const QString nind = metade(indice).nind->text();
+        FrmInd::pede(pedidoDeConjuge(indice), indice == 0 ? Trim(nind) : nind); // Kept: one of them trimmed.
     });
+}
+
+PedidoDeIndividuo FrmFam::pedidoDeConjuge(int indice)
+{
+    const bool homem = indice == 0;
+    const auto recusa = [homem](const PedidoDeIndividuo&, const FrmInd& ficha) -> std::optional<RecusaDeIndividuo> {
+        if (ficha.sexo() == (homem ? "m" : "f")) return {};
+        return RecusaDeIndividuo{homem ? "Deve seleccionar um indivíduo de sexo masculino!"
+                                       : "Deve seleccionar um indivíduo de sexo feminino!"};
+    };
+    // Kept: the bare name replaces the description that the change of the number has just brought.
+    const auto recebe = [=, this](const FrmInd& ficha) {
+        metade(indice).nind->setText(ficha.numero());
+        metade(indice).nome->setText(ficha.nome());
+    };
+    const auto segue = [=, this](const FrmInd& ficha) {
+        if (metade(indice).nind->text() == ficha.numero()) metade(indice).nome->setText(ficha.nome());
+    };
+    return {.origem = homem ? OrigemInd::Marido : OrigemInd::Esposa,
+            .quem = this,
+            .recusa = recusa,
+            .recebe = recebe,
+            .segueAlteracao = segue};
+}
+
+void FrmFam::mostraPara(OrigemFam origem, const QString& nfam)
+{
+    display();
+    setEnabled(true);
+    setFocusToForm();
+    OrigemFam_ = origem;
+    // A search that is cancelled comes back to the family constituted, or to the one that stood there before that of
+    // origin.
+    NfamCorrente = Nfam::doCampo(origem == OrigemFam::FamiliaOrigem ? numero() : nfam);
+    adoFam.recordset().moveFirst();
+    adoFam.recordset().find("nfamilia = " + nfam);
+    mostraRegistoDoFicheiro();
+}
+
+void FrmFam::abrePeloMenu()
+{
+    OrigemFam_ = OrigemFam::Menu;
+    display();
+    adoFam.refresh(); // Kept: the file goes to its first row, and the fields stay as they are.
+    setEnabled(true);
+}
+
+Dono FrmFam::dono()
+{
+    return {TipoDeDono::Familia, numero(), {}, mskData->text(), this, &adoFam.recordset()};
 }
 
 // The picker enables the card again when it goes.
@@ -40,29 +79,15 @@ void FrmFam::cmdEncLoc_Click()
 
 void FrmFam::cmdRP_Click()
 {
-    guarded([&] { frmRP().mostraPara("c"); });
+    guarded([&] { frmRP().mostraPara(*this, "c"); });
 }
 
 void FrmFam::cmdInt_Click()
 {
     guarded([&] {
-        if (!emInsercao()) poeFicheiroNaFicha();
-        abreIntervenientes(1);
-    });
-}
-
-// The form of the residences enables the card again when it goes. One that is open already stays with whoever opened
-// it, and only comes forward.
-void FrmFam::cmdResid_Click()
-{
-    guarded([&] {
-        if (Form* aberto = Forms::find("frmResid")) return aberto->display();
-        OrigemResid = 1;
-        Form* residencias = Forms::load("frmResid");
-        if (!residencias) return;
-        setEnabled(false);
-        residencias->findChild<QLabel*>("Label2")->setText("Família");
-        residencias->display();
+        // In an insertion the family has no row yet, and the file stands on the last one, where its number came from.
+        if (passo() != Passo::Insercao) poeFicheiroNaFicha();
+        JanelaDoDono::abre("frmIntervenientes", dono());
     });
 }
 
@@ -70,21 +95,10 @@ void FrmFam::cmdResid_Click()
 void FrmFam::cmdFechar_Click()
 {
     guarded([&] {
-        if ((OrigemFam != 1 && OrigemFam != 2) || OrigemInd == 8) return conceal();
+        if (OrigemFam_ == OrigemFam::Menu || !chamada().existe()) return conceal();
         frmInd().display();
         frmInd().setEnabled(true);
         frmInd().setFocusToForm();
-        OrigemFam = 0;
+        OrigemFam_ = OrigemFam::Menu;
     });
-}
-
-// The family has no row yet, and the file stands on the last one, where its number came from.
-bool FrmFam::emInsercao() const
-{
-    return passo() == Passo::Insercao;
-}
-
-void terminaChamada()
-{
-    IndChamado = Forms::isLoaded(FrmFam::Name) && frmFam().modo() == Modo::Edi ? 1 : 0;
 }

@@ -1,8 +1,6 @@
 // The three modes of the card: blue for editing, white for consulting, orange for searching.
 #include "families/frmFam.h"
 
-#include "common/globals.h"
-
 const QList<ModeRow>& FrmFam::modos() const
 {
     using enum Effect;
@@ -59,5 +57,5 @@ const QList<ModeRow>& FrmFam::modos() const
 void FrmFam::AplicarModo(Modo modo)
 {
     Ficha::AplicarModo(modo);
-    IndChamado = modo == Modo::Edi ? 1 : 0;
+    chamada().familiaMudaDeModo(modo == Modo::Edi);
 }

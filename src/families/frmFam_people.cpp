@@ -106,7 +106,7 @@ void FrmFam::txtNC_Validate(int indice)
     VerificaNumero(*metade(indice).numCasam, "Deve inserir um número maior ou igual a 0!", 0);
 }
 
-QString FrmFam::CalculaTipoFamilia(double nfamilia)
+QString FrmFam::CalculaTipoFamilia(Nfam nfamilia)
 {
     QString tipo = "7";
     guarded([&] {
@@ -114,7 +114,7 @@ QString FrmFam::CalculaTipoFamilia(double nfamilia)
         const jet::Recordset pai(cnBDP, "select dataobito from individuo where nind = " + txtPnind->text());
         const jet::Recordset filhos(cnBDP, "select count(datanasc) as Datas, count(nind) as  Filhos from individuo "
                                            "where  famorig = " +
-                                               textoDoNumero(nfamilia));
+                                               nfamilia.texto());
         tipo = tipoDaFamilia({
             .nascimentoDaMae = !mae["datanasc"].isNull(),
             .obitos = !pai["dataobito"].isNull() && !mae["dataobito"].isNull(),

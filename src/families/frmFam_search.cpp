@@ -2,8 +2,9 @@
 #include "families/frmFam.h"
 
 #include "common/campos.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/numbers.h"
+#include "common/pesquisa.h"
 #include "individuals/frmDatas.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
@@ -22,14 +23,14 @@ QString condicaoDasDatas(const CriterioDeDatas& datas)
 
 void FrmFam::cmdLocDat_Click()
 {
-    guarded([&] { frmDatas().mostraPara(*this); });
+    guarded([&] { frmDatas().mostraPara(*this, FrmDatas::Procura::Familia); });
 }
 
 void FrmFam::iniciaPesquisa()
 {
     abrePesquisa();
     Focus::setTo(txtNFam);
-    EmPesquisa = true;
+    EmPesquisa.comeca();
 }
 
 void FrmFam::confirmaPesquisa()
@@ -64,18 +65,55 @@ void FrmFam::confirmaPesquisa()
         adoFiltro.recordset().close();
         return;
     }
-    ActualizaCampos(adoFiltro.recordset(), 0);
+    ActualizaCampos(adoFiltro.recordset(), {});
     AplicarModo(Modo::Cons);
     entregaAosResultados();
     cmdInsF->setEnabled(false);
     cmdElimF->setEnabled(false);
-    frmResult().mostraResultados(FrmResult::deFamilias);
+    frmResult().mostraResultados(*this, FrmResult::Uso::Familias,
+                                 [this](const jet::Recordset& registo) { return achado(registo); });
+}
+
+// Kept: the couple is that of the card, which shows the hit chosen before.
+Achado FrmFam::achado(const jet::Recordset& registo) const
+{
+    QList<PessoaDaArvore> raizes;
+    for (const Metade& membro : metades_)
+        raizes << PessoaDaArvore{membro.nind->text(), membro.nome->text()};
+    return {
+        {textoDoNumero(registo["nfamilia"]), textoDoNumero(registo["tipocasal"]), textoDaData(registo["datacasam"])},
+        raizes};
+}
+
+void FrmFam::escolheAchado(int, const QString& nfam)
+{
+    NfamCorrente = Nfam::doCampo(nfam);
+}
+
+void FrmFam::mostraAchado()
+{
+    ActualizaCampos(adoFiltro.recordset(), NfamCorrente);
+    cmdInsF->setEnabled(false);
+    cmdElimF->setEnabled(false);
+}
+
+void FrmFam::aceitaAchado(const QString& nfam)
+{
+    AplicarModo(Modo::Cons);
+    ActualizaCampos(adoFam.recordset(), Nfam::doCampo(nfam));
+}
+
+void FrmFam::terminaNoAchado()
+{
+    NfamCorrente = Nfam::doCampo(numero());
+    ActualizaCampos(adoFam.recordset(), NfamCorrente);
+    setEnabled(true);
 }
 
 // Kept: the search stays in progress, and bars the commands that would clear it.
 void FrmFam::desistePorFaltaDeCriterio()
 {
-    ActualizaCampos(adoFam.recordset(), 0);
+    ActualizaCampos(adoFam.recordset(), {});
     AplicarModo(Modo::Cons);
     fechaPesquisa();
 }

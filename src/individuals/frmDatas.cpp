@@ -38,15 +38,16 @@ void FrmDatas::Form_Load()
     fraD_0->hide();
 }
 
-void FrmDatas::mostraPara(Form& cartao)
+void FrmDatas::mostraPara(Form& cartao, Procura procura)
 {
-    const bool individuo = cartao.name() == "frmInd";
+    const bool individuo = procura == Procura::Individuo;
     if (isVisible() && isEnabled()) largaCartao(); // the other card would wait for good
     display();
     setEnabled(true); // it may stand there as an earlier "Ok" left it, also for the other card
     optData_0->setEnabled(individuo);
     optData_2->setEnabled(individuo);
     setFocusToForm();
+    cartao_ = &cartao;
     cartao.setEnabled(false);
 }
 
@@ -78,9 +79,9 @@ void FrmDatas::optTData_Click(int indice)
 void FrmDatas::cmdOk_Click()
 {
     guarded([&] {
-        Form* cartao = largaCartao();
+        largaCartao();
         setEnabled(false);
-        if (cartao) cartao->setFocusToForm();
+        if (cartao_) cartao_->setFocusToForm();
     });
 }
 
@@ -94,14 +95,7 @@ void FrmDatas::Form_Unload()
     if (!Forms::isUnloadingAll()) largaCartao();
 }
 
-Form* FrmDatas::cartaoQueChamou() const
+void FrmDatas::largaCartao()
 {
-    return Forms::find(optData_0->isEnabledTo(this) ? "frmInd" : "frmFam");
-}
-
-Form* FrmDatas::largaCartao()
-{
-    Form* cartao = cartaoQueChamou();
-    if (cartao) cartao->setEnabled(true);
-    return cartao;
+    if (cartao_) cartao_->setEnabled(true);
 }

@@ -6,6 +6,7 @@
 
 #include "ui_frmDatas.h"
 
+#include <QPointer>
 #include <QString>
 
 #include <optional>
@@ -19,9 +20,8 @@ struct CriterioDeDatas
     QString inicio, fim;
 };
 
-// The card that shows it is disabled until it is accepted or unloaded. optData(0) is disabled for a family, and that is
-// how the form tells the two cards apart.
-class FrmDatas : public Form, public Ui::FrmDatas
+// The card that shows it is disabled until it is accepted or unloaded.
+class FrmDatas : public Form, private Ui::FrmDatas
 {
     Q_OBJECT
 
@@ -30,8 +30,14 @@ public:
 
     FrmDatas();
 
-    // Brings it up for a card, which is disabled. A family offers the marriage and the first child alone.
-    void mostraPara(Form& cartao);
+    // Whose dates are sought. A family offers the marriage and the first child alone.
+    enum class Procura
+    {
+        Individuo,
+        Familia
+    };
+    // Brings it up for a card, which is disabled.
+    void mostraPara(Form& cartao, Procura procura);
     CriterioDeDatas criterio() const;
 
 protected:
@@ -42,8 +48,9 @@ private:
     void optTData_Click(int indice);
     void cmdOk_Click();
     void cmdC_Click();
-    Form* cartaoQueChamou() const; // null where it isn't loaded
-    Form* largaCartao();           // the same card, enabled again
+    void largaCartao(); // enables it again
+
+    QPointer<Form> cartao_; // whose search it serves
 };
 
 // The one form, loaded at first touch.

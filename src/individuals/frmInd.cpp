@@ -1,6 +1,5 @@
 #include "individuals/frmInd.h"
 
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/places.h"
 #include "common/SplashForm.h"
@@ -13,7 +12,7 @@ FrmInd& frmInd()
     return theForm<FrmInd>();
 }
 
-void FrmIndLoaded()
+void FrmInd::FrmIndLoaded()
 {
     const Hourglass ampulheta;
     if (Forms::isLoaded(FrmInd::Name)) {
@@ -23,13 +22,13 @@ void FrmIndLoaded()
         frmInd().display();
         splashForm().unload();
     }
-    if (IndChamado == 0 || IndChamado == 1) frmInd().cmdAtribuir->setEnabled(IndChamado == 1);
+    frmInd().cmdAtribuir->setEnabled(chamada().IndChamado());
 }
 
 FrmInd::FrmInd() : Ficha(Name)
 {
     setupUi(this);
-    usaComandos(*this);
+    usaComandos<Ui::FrmInd>(*this);
     connectEvents();
 }
 
@@ -55,14 +54,14 @@ void FrmInd::connectEvents()
     connect(cmdLocOb, &CommandButton::clicked, this, [this] { escolheLocal(3); });
     connect(cmdTest, &CommandButton::clicked, this, &FrmInd::cmdTest_Click);
     connect(cmdRP_1, &CommandButton::clicked, this, [this] { cmdRP_Click(1); });
-    connect(cmdCerFun, &CommandButton::clicked, this, [this] { abre("frmFuneral"); });
-    connect(cmdRMorte, &CommandButton::clicked, this, [this] { abre("frmRituais"); });
-    connect(cmdLegProf, &CommandButton::clicked, this, [this] { abre("frmLegados"); });
+    connect(cmdCerFun, &CommandButton::clicked, this, [this] { abreJanela("frmFuneral"); });
+    connect(cmdRMorte, &CommandButton::clicked, this, [this] { abreJanela("frmRituais"); });
+    connect(cmdLegProf, &CommandButton::clicked, this, [this] { abreJanela("frmLegados"); });
 
-    connect(cmdProf, &CommandButton::clicked, this, [this] { abreComIndividuo("frmProf"); });
-    connect(cmdResid, &CommandButton::clicked, this, &FrmInd::cmdResid_Click);
-    connect(cmdAssin, &CommandButton::clicked, this, [this] { abreComIndividuo("frmAssinatura"); });
-    connect(cmdApadrinha, &CommandButton::clicked, this, [this] { abreComIndividuo("frmApadrinha"); });
+    connect(cmdProf, &CommandButton::clicked, this, [this] { abreJanela("frmProf"); });
+    connect(cmdResid, &CommandButton::clicked, this, [this] { abreJanela("frmResid"); });
+    connect(cmdAssin, &CommandButton::clicked, this, [this] { abreJanela("frmAssinatura"); });
+    connect(cmdApadrinha, &CommandButton::clicked, this, [this] { abreJanela("frmApadrinha"); });
 
     connect(cmdAnt, &CommandButton::clicked, this, &FrmInd::cmdAnt_Click);
     connect(cmdSeg, &CommandButton::clicked, this, &FrmInd::cmdSeg_Click);
@@ -80,7 +79,7 @@ void FrmInd::Form_Load()
         adoInd.setRecordSource("select nind from individuo order by nind");
         adoInd.refresh();
         PreencheCombos();
-        cmdAtribuir->setEnabled(IndChamado != 0);
+        cmdAtribuir->setEnabled(chamada().IndChamado());
         AplicarModo(Modo::Cons);
         ActualizaCampos(adoInd.recordset());
     });

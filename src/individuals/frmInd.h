@@ -2,6 +2,8 @@
 #pragma once
 
 #include "common/ficha.h"
+#include "common/valores.h"
+#include "individuals/pedido.h"
 
 #include "ui_frmInd.h"
 
@@ -9,13 +11,13 @@
 #include <QString>
 #include <QVariant>
 
+#include <optional>
 #include <utility>
 
 class Filtro;
 
-// Other cards read and write its controls by name, move adoInd and call ActualizaCampos(): so they show a person on it,
-// and call it up to have one chosen.
-class FrmInd : public Ficha, public Ui::FrmInd
+// Other cards show a person on it, and call it up to have one chosen.
+class FrmInd : public Ficha, private Ui::FrmInd
 {
     Q_OBJECT
 
@@ -24,34 +26,54 @@ public:
 
     FrmInd();
 
-    jet::DataControl adoInd{cnBDP};  // the numbers of all individuals: what the movement buttons run through
-    jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
-    jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
-
-    QString Tipo; // the type code as the date fields have worked it out while editing
-
     void LimpaCampos() override;
     // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves
     // the fields behind it cleared.
     void ActualizaCampos(jet::Recordset& rs);
+    // Moves the list to the person with that number, to its first row for an empty text, and shows the person.
+    void mostra(const QString& nind);
     // Deletes the references of the person shown, then the person, and shows the one before. An error on a reference
     // leaves everything; a person who can't be deleted afterwards stays, and nothing is said.
     void eliminaIndividuo();
-    // Enables whoever waits for this card: the family card, the forms of acts.
+
+    // Brings the card up, behind the splash where it has to be loaded first, to have a person chosen. It shows the
+    // person with the number `primeiro`, the first one for an empty text, and stays as it is without one. The newer
+    // request takes the place of the older, whose asker is enabled when the card closes.
+    static void pede(PedidoDeIndividuo pedido, const std::optional<QString>& primeiro);
+    // Brings the card up to look at a person; nobody asks for one any more.
+    static void consulta(const QString& nind);
+    static void abrePeloMenu();
+    // Brings it up, behind the splash where it has to be loaded first, with "a&Tribuir" as the Chamada says.
+    static void FrmIndLoaded();
+    // A form that asks by `origem` goes: its request ends, and the card shows the person with that number again.
+    void desiste(OrigemInd origem, const QString& nind);
+    // The participants of a baptism go: the card comes forward on the person baptized.
+    void voltaDoBaptismo(const QString& nind);
+    // The list, not the card, goes to its first row, unless somebody edits or searches there.
+    void vaiAoPrincipio();
+    // Enables whoever waits for this card: the card of families and all who have asked for a person.
     void FrmLoaded();
-    // After an edit or a search the individual can be handed over again, where another card waits for one.
-    void permiteAtribuir();
-    // Calls the card up for the form of a funeral (OrigemInd 6) or of legacies (7), on the person of that number, where
-    // there is one. DataActo becomes the birth of the person shown until then, or the death where there is no birth.
-    void chamaPara(int origem, const QString& nind);
-    // That form goes: the card is nobody's picker any more, and shows the person of that number again.
-    void retomaDe(int origem, const QString& nind);
+
+    // What stands on the card
+    QString numero() const override { return txtNind->text(); } // "" where nobody is shown
+    QString nome() const { return txtNome->text(); }
+    QString sexo() const;       // "m", "f" or "d"; "" where none is chosen
+    QString dataDaVida() const; // of the birth, or of the death where the birth is no date; "" for neither
+
+    Dono dono() override;
+
+    void escolheAchado(int linha, const QString& numero) override;
+    void mostraAchado() override;
+    void aceitaAchado(const QString& numero) override;
+    void terminaNoAchado() override;
+
+    // Puts the family of origin on the row of the person shown.
+    void poeFamiliaDeOrigem(const QString& nfam);
 
 protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
-    QString numeroNaFicha() const override { return txtNind->text(); }
     jet::Recordset& registo() override { return adoNind.recordset(); }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
@@ -84,11 +106,9 @@ private:
     void elimina() override;
     void propoeIndividuo();
     bool temObrigatorios(const QString& accao);
-    void poeListaNoNumero(const QString& numero);
-    void passaNomeAFamilia();
+    void poeListaNoNumero(const QString& nind);
     Valores valoresDaInsercao() const;
     Valores valoresDaAlteracao();
-    QString sexo() const; // "m", "f" or "d"; "" where none is chosen
 
     // Dates and ages
     void mskDtNasc_GotFocus();
@@ -109,37 +129,35 @@ private:
     Filtro condicoesDosCampos() const;
 
     // Handing an individual over, and closing
+    void atendeActo(const std::optional<QString>& primeiro);
+    void permiteAtribuir(); // after an edit or a search, where somebody waits for a person
     void cmdAtribuir_Click();
-    void atribuiFilho();
-    void atribuiConjuge();
-    void atribuiAoActo();
-    bool podeEstarNoActo(const Form& acto) const;
     void cmdTest_Click();
     void atribuiTestamenteiro();
     void cmdFechar_Click();
     void devolveAoChamador();
-    void voltaAFamilia();
-    void voltaA(Form& chamador);
+    void termina();
+    void voltaA(const PedidoDeIndividuo& pedido);
 
     // Links
     void cmdDirFam_Click(int indice);
     void cmdConsRel_Click();
     void Command1_Click();
-    void cmdResid_Click();
     void cmdInterv_Click();
     void cmdRP_Click(int indice);
     void escolheLocal(int origem);
-    Form* abre(const QString& nome);
-    void abreComIndividuo(const QString& nome);
-    void mostraArvore(const QString& tipo, const QString& nind, const QString& nome);
+    void mostraArvore();
 
-    long testador = 0;      // whose executor is being chosen
+    jet::DataControl adoInd{cnBDP};  // the numbers of all individuals: what the movement buttons run through
+    jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
+    jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
+
+    QString Tipo;           // the type code as the date fields have worked it out while editing
+    Nind NindCorrente;      // shown last, or looked for last
+    Nind testador;          // whose executor is being chosen
     QString DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
     QString DataObitoAntiga;
 };
 
 // The one card, loaded at first touch.
 FrmInd& frmInd();
-
-// Brings up the card, behind the splash where it has to be loaded first.
-void FrmIndLoaded();

@@ -2,7 +2,6 @@
 #include "individuals/frmInd.h"
 
 #include "common/dates.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/places.h"
@@ -59,7 +58,7 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
         const QString numero = textoDoNumero(rs["Nind"]);
         adoNind.setRecordSource("select * from individuo where nind = " + numero);
         adoNind.refresh();
-        NindCorrente = static_cast<long>(rs["Nind"].toDouble());
+        NindCorrente = Nind::daColuna(rs["Nind"]);
         txtNind->setText(numero);
 
         const jet::Recordset& registo = adoNind.recordset();
@@ -126,6 +125,16 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
         lblInd->setText(QString::number(rs.absolutePosition()));
         lblTotal->setText(QString::number(rs.recordCount()));
     });
+}
+
+void FrmInd::mostra(const QString& nind)
+{
+    jet::Recordset& lista = adoInd.recordset();
+    if (adoInd.hasRows()) {
+        lista.moveFirst();
+        if (!nind.isEmpty()) lista.find("nind = " + nind);
+    }
+    ActualizaCampos(lista);
 }
 
 void FrmInd::mostraListaVazia()

@@ -3,13 +3,10 @@
 
 #include "common/campos.h"
 #include "common/dates.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
-#include "families/frmFam.h"
 #include "platform/forms/focus.h"
-#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
 void FrmInd::iniciaInsercao()
@@ -48,7 +45,7 @@ void FrmInd::confirmaInsercao()
     registo.update();
     adoNind.refresh();
     adoInd.refresh();
-    NindCorrente = static_cast<long>(numeroDoTexto(txtNind->text()));
+    NindCorrente = Nind::doCampo(txtNind->text());
 
     LimpaCampos();
     propoeIndividuo();
@@ -57,7 +54,7 @@ void FrmInd::confirmaInsercao()
 void FrmInd::cancelaInsercao()
 {
     fechaEdicao();
-    if (adoInd.hasRows()) poeListaNoNumero(QString::number(NindCorrente));
+    if (adoInd.hasRows()) poeListaNoNumero(NindCorrente.texto());
     ActualizaCampos(adoInd.recordset());
     permiteAtribuir();
 }
@@ -86,7 +83,7 @@ void FrmInd::confirmaAlteracao()
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
 
     fechaEdicao();
-    passaNomeAFamilia();
+    if (const auto& segue = chamada().pedido().segueAlteracao) segue(*this);
     permiteAtribuir();
 }
 
@@ -110,24 +107,10 @@ bool FrmInd::temObrigatorios(const QString& accao)
     return true;
 }
 
-void FrmInd::poeListaNoNumero(const QString& numero)
+void FrmInd::poeListaNoNumero(const QString& nind)
 {
     adoInd.recordset().moveFirst();
-    adoInd.recordset().find("nind = " + numero);
-}
-
-// The open family card follows a changed name of the spouse for whom it called this card up.
-void FrmInd::passaNomeAFamilia()
-{
-    if (!Forms::isLoaded(FrmFam::Name)) return;
-    const FrmFam& familia = frmFam();
-    if (OrigemInd == 1 && familia.txtPnind->text() == txtNind->text()) familia.txtPnome->setText(txtNome->text());
-    if (OrigemInd == 2 && familia.txtSnind->text() == txtNind->text()) familia.txtSnome->setText(txtNome->text());
-}
-
-void FrmInd::permiteAtribuir()
-{
-    cmdAtribuir->setEnabled(OrigemInd != 8 && IndChamado == 1);
+    adoInd.recordset().find("nind = " + nind);
 }
 
 QString FrmInd::sexo() const

@@ -1,8 +1,8 @@
 // From the card of a person to families, trees, and the forms of the person's acts and dated attributes.
 #include "individuals/frmInd.h"
 
-#include "acts/frmIntervenientes.h"
 #include "common/dates.h"
+#include "common/dono.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
@@ -13,58 +13,27 @@
 #include "views/frmArv.h"
 #include "views/frmRP.h"
 
-namespace {
-
-// The family card comes up before the family is sought: it stays where it was if the number leads nowhere.
-void abreFamilia(int origem)
-{
-    frmFam().display();
-    frmFam().setEnabled(true);
-    frmFam().setFocusToForm();
-    OrigemFam = origem;
-}
-
-void mostraFamilia(const QString& numero)
-{
-    jet::Recordset& familias = frmFam().adoFam.recordset();
-    familias.moveFirst();
-    familias.find("nfamilia = " + numero);
-    frmFam().ActualizaCampos(familias, familias["nfamilia"].toDouble());
-}
-
-void escreve(const Form& form, const QString& campo, const QString& texto)
-{
-    form.findChild<QWidget*>(campo)->setProperty("text", texto);
-}
-
-} // namespace
-
 // Index 0 the family of origin, 1 its tree.
 void FrmInd::cmdDirFam_Click(int indice)
 {
     guarded([&] {
-        if (indice == 0 && IndChamado == 1)
+        if (indice == 0 && chamada().IndChamado())
             return showMessage("No estado em que a aplicação se encontra não é possível consultar a família origem.");
         const QString origem = Trim(txtFamOrig->text());
         if (origem.isEmpty() || origem == "0") return;
-        if (indice == 1) return mostraArvore("Indivíduo", txtNind->text(), txtNome->text());
-        abreFamilia(1);
-        NfamCorrente = numeroDoTexto(frmFam().txtNFam->text()); // the family that stands there yet
-        mostraFamilia(origem);
+        if (indice == 1) return mostraArvore();
+        frmFam().mostraPara(OrigemFam::FamiliaOrigem, origem);
     });
 }
 
 void FrmInd::cmdConsRel_Click()
 {
     guarded([&] {
-        if (IndChamado == 1)
+        if (chamada().IndChamado())
             return showMessage(
                 "No estado em que a aplicação se encontra não é possível consultar a família constituída.");
         if (!adoRel.hasRows() || dtgProf->row() == 0) return;
-        abreFamilia(2);
-        const QString numero = dtgProf->textMatrix(dtgProf->row(), 0);
-        NfamCorrente = numeroDoTexto(numero);
-        mostraFamilia(numero);
+        frmFam().mostraPara(OrigemFam::FamiliaConstituida, dtgProf->textMatrix(dtgProf->row(), 0));
     });
 }
 
@@ -78,64 +47,32 @@ void FrmInd::Command1_Click()
                                                 " and familias.nind = individuo.nind and  familias.nind <> " +
                                                 txtNind->text());
         if (conjuge.eof()) return showMessage("Não existe informação sobre o conjuge.");
-        mostraArvore("Conjuge", textoDoNumero(conjuge["Nind"]), conjuge["Nome"].toString());
+        frmArv().mostraConjuge(*this, {textoDoNumero(conjuge["Nind"]), conjuge["Nome"].toString()});
     });
 }
 
-void FrmInd::mostraArvore(const QString& tipo, const QString& nind, const QString& nome)
+// The tree of the person shown, with the family of origin as the card shows it.
+void FrmInd::mostraArvore()
 {
-    FrmArv& arvore = frmArv();
-    arvore.display();
-    arvore.lblTipo->setText(tipo);
-    arvore.txtNind->setText(nind);
-    arvore.txtNome->setText(nome);
-    setEnabled(false);
-    arvore.PreencheArv();
+    frmArv().mostraIndividuo(*this, {numero(), nome(), txtFamOrig->text()}, adoNind.recordset());
 }
 
-// Shows the form, which enables the card again when it goes. One that is open already stays with whoever opened it, and
-// only comes forward. Null where that is so, and where there is no such form.
-Form* FrmInd::abre(const QString& nome)
+Dono FrmInd::dono()
 {
-    Form* form = nullptr;
-    guarded([&] {
-        if (!Forms::exists(nome)) return;
-        if (Form* aberto = Forms::find(nome)) return aberto->display();
-        setEnabled(false);
-        form = Forms::show(nome);
-    });
-    return form;
-}
-
-void FrmInd::abreComIndividuo(const QString& nome)
-{
-    const Form* form = abre(nome);
-    if (!form) return;
-    escreve(*form, "txtNind", txtNind->text());
-    escreve(*form, "txtNome", txtNome->text());
-}
-
-void FrmInd::cmdResid_Click()
-{
-    if (!Forms::isLoaded("frmResid")) OrigemResid = 2;
-    const Form* form = abre("frmResid");
-    if (!form) return;
-    escreve(*form, "Label2", "Indivíduo");
-    escreve(*form, "txtNum", txtNind->text());
-    escreve(*form, "txtNome", txtNome->text());
+    return {TipoDeDono::Individuo, numero(), nome(), mskDtNasc->text(), this, &adoNind.recordset()};
 }
 
 void FrmInd::cmdInterv_Click()
 {
     guarded([&] {
-        if (eData(mskDtNasc->text())) abreIntervenientes(2);
+        if (eData(mskDtNasc->text())) JanelaDoDono::abre("frmIntervenientes", dono());
     });
 }
 
 // Index 0 the record of the baptism, 1 that of the death.
 void FrmInd::cmdRP_Click(int indice)
 {
-    guarded([&] { frmRP().mostraPara(indice == 0 ? "b" : "o"); });
+    guarded([&] { frmRP().mostraPara(*this, indice == 0 ? "b" : "o"); });
 }
 
 void FrmInd::escolheLocal(int origem)

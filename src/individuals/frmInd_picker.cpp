@@ -2,148 +2,116 @@
 #include "individuals/frmInd.h"
 
 #include "common/dates.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
 #include "common/vbtext.h"
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
-#include <algorithm>
-
-namespace {
-
-// The forms of acts that ask for a person, by OrigemInd, and the field that gets the number.
-struct Pedido
+void FrmInd::pede(PedidoDeIndividuo pedido, const std::optional<QString>& primeiro)
 {
-    int origem;
-    const char* form;
-    const char* campo;
-};
-
-const Pedido pedidos[] = {
-    {3, "frmIntervenientes", "txtIndP1"},  // first priest
-    {4, "frmIntervenientes", "txtIndP2"},  // second priest
-    {5, "frmIntervenientes", "txtIndAss"}, // assistant
-    {6, "frmFuneral", "txtNindP"},         // priest
-    {7, "frmLegados", "txtNindH"},         // heir
-};
-
-// Null where no act asks.
-const Pedido* pedidoDoActo()
-{
-    const auto pedido = std::ranges::find(pedidos, OrigemInd, &Pedido::origem);
-    return pedido == std::end(pedidos) ? nullptr : pedido;
+    const bool deActo = pedido.deActo;
+    chamada().comeca(std::move(pedido));
+    FrmIndLoaded();
+    if (deActo)
+        frmInd().atendeActo(primeiro);
+    else if (primeiro)
+        frmInd().mostra(*primeiro);
+    chamada().espera();
 }
 
-// Null where no act asks, or its form is gone: none is loaded to go back to.
-Form* actoQueChamou()
+void FrmInd::atendeActo(const std::optional<QString>& primeiro)
 {
-    const Pedido* pedido = pedidoDoActo();
-    return pedido ? Forms::find(pedido->form) : nullptr;
-}
-
-} // namespace
-
-void FrmInd::chamaPara(int origem, const QString& nind)
-{
-    DataActo.clear();
-    for (const MaskedEdit* campo : {mskDtNasc, mskDtObito})
-        if (DataActo.isEmpty() && eData(campo->text())) DataActo = campo->text();
     setEnabled(true);
     display();
-    OrigemInd = origem;
-    procuraRegisto(nind.isEmpty() ? QString() : "nind = " + nind);
+    if (primeiro) {
+        if (!primeiro->isEmpty()) NindCorrente = Nind::doCampo(*primeiro);
+        procuraRegisto(primeiro->isEmpty() ? QString() : "nind = " + *primeiro);
+    }
     cmdAtribuir->setEnabled(modo() == Modo::Cons); // whoever edits or searches there ends that first
 }
 
-void FrmInd::retomaDe(int origem, const QString& nind)
+void FrmInd::consulta(const QString& nind)
+{
+    chamada().desiste();
+    FrmIndLoaded();
+    frmInd().mostra(nind);
+    frmInd().cmdAtribuir->setEnabled(false);
+    frmInd().setFocusToForm();
+}
+
+void FrmInd::abrePeloMenu()
+{
+    FrmIndLoaded();
+    frmInd().adoInd.refresh(); // Kept: the list goes to its first row, and the fields stay as they are.
+    frmInd().cmdAtribuir->setEnabled(false);
+    chamada().desiste();
+}
+
+void FrmInd::desiste(OrigemInd origem, const QString& nind)
 {
     setEnabled(true);
-    if (OrigemInd == origem) OrigemInd = 8;
-    if (OrigemInd == 8) cmdAtribuir->setEnabled(false);
+    if (chamada().origem() == origem) chamada().desiste();
+    if (!chamada().existe()) cmdAtribuir->setEnabled(false);
     procuraRegisto("nind = " + nind);
+}
+
+void FrmInd::voltaDoBaptismo(const QString& nind)
+{
+    NindCorrente = Nind::doCampo(nind);
+    display();
+    cmdAtribuir->setEnabled(false);
+    procuraRegisto("nind = " + nind);
+}
+
+void FrmInd::vaiAoPrincipio()
+{
+    if (modo() == Modo::Cons && adoInd.hasRows()) adoInd.recordset().moveFirst();
+}
+
+QString FrmInd::dataDaVida() const
+{
+    for (const MaskedEdit* campo : {mskDtNasc, mskDtObito})
+        if (eData(campo->text())) return campo->text();
+    return {};
+}
+
+void FrmInd::poeFamiliaDeOrigem(const QString& nfam)
+{
+    adoNind.recordset().set("famorig", nfam);
+    adoNind.recordset().update();
+    adoNind.refresh();
 }
 
 void FrmInd::cmdAtribuir_Click()
 {
     guarded([&] {
-        if (txtNind->text().isEmpty()) return;
-        switch (OrigemInd) {
-        case 0:
-            return atribuiFilho();
-        case 1:
-        case 2:
-            return atribuiConjuge();
-        case 9:
-            return atribuiTestamenteiro();
-        default:
-            return atribuiAoActo();
-        }
+        if (numero().isEmpty()) return;
+        const PedidoDeIndividuo pedido = chamada().pedido(); // the hand-over may end it
+        if (!chamada().existe()) return;
+        if (!pedido.quem) return chamada().desiste();
+        if (pedido.recusa)
+            if (const auto recusa = pedido.recusa(pedido, *this)) return showMessage(recusa->motivo, recusa->icone);
+        pedido.recebe(*this);
+        if (pedido.depois == DepoisDePedido::Esconde) return termina();
+        if (pedido.depois == DepoisDePedido::ReabreEdicao) return;
+        setEnabled(false);
+        voltaA(pedido);
     });
-}
-
-// The family is the one that its card shows by now. A family of origin that was known is replaced without a question.
-void FrmInd::atribuiFilho()
-{
-    adoNind.recordset().set("famorig", frmFam().txtNFam->text());
-    adoNind.recordset().update();
-    adoNind.refresh();
-    frmFam().adoFilhos.refresh();
-    frmFam().ActualizaFilhos();
-    voltaAFamilia();
-}
-
-void FrmInd::atribuiConjuge()
-{
-    const bool homem = OrigemInd == 1;
-    if (!(homem ? optSexo_0 : optSexo_1)->isChecked())
-        return showMessage(homem ? "Deve seleccionar um indivíduo de sexo masculino!"
-                                 : "Deve seleccionar um indivíduo de sexo feminino!");
-    const FrmFam& familia = frmFam();
-    (homem ? familia.txtPnind : familia.txtSnind)->setText(txtNind->text());
-    // Kept: the bare name replaces the description that the change of the number has just brought.
-    (homem ? familia.txtPnome : familia.txtSnome)->setText(txtNome->text());
-    voltaAFamilia();
-}
-
-void FrmInd::atribuiAoActo()
-{
-    const Pedido* pedido = pedidoDoActo();
-    if (!pedido) return;
-    Form* acto = actoQueChamou();
-    if (!acto) {
-        OrigemInd = 8;
-        return;
-    }
-    if (!podeEstarNoActo(*acto)) return;
-    acto->findChild<TextBox*>(pedido->campo)->setText(txtNind->text());
-    setEnabled(false);
-    voltaA(*acto);
-}
-
-// The person must have been observable at the date of the act. Legacies ask for no date.
-bool FrmInd::podeEstarNoActo(const Form& acto) const
-{
-    const bool funeral = OrigemInd == 6;
-    if (OrigemInd == 7 || (funeral && DataActo.isEmpty())) return true;
-    if (!funeral) DataActo = acto.findChild<MaskedEdit*>("mskData")->text();
-    if (DentroObservacao(numeroDoTexto(txtNind->text()))) return true;
-    showMessage(QString("O indivíduo que tenta atribuir não se ") + (funeral ? " " : "") + // kept: two blanks there
-                    "encontra no espaço temporal permitido!\r\nAtribua outro indivíduo.",
-                Icon::None);
-    return false;
 }
 
 // The card becomes a picker of itself. What was typed and not confirmed is lost.
 void FrmInd::cmdTest_Click()
 {
     guarded([&] {
-        NindCorrente = static_cast<long>(numeroDoTexto(txtNind->text()));
+        NindCorrente = Nind::doCampo(numero());
         testador = NindCorrente; // a value of its own: each person shown becomes NindCorrente
-        OrigemInd = 9;
-        IndChamado = 1;
+        chamada().comeca({.origem = OrigemInd::Testamenteiro,
+                          .quem = this,
+                          .espera = false,
+                          .IndChamado = true,
+                          .depois = DepoisDePedido::ReabreEdicao,
+                          .recebe = [](FrmInd& ficha) { ficha.atribuiTestamenteiro(); }});
         adoInd.recordset().moveFirst();
         ActualizaCampos(adoInd.recordset());
         AplicarModo(Modo::Cons);
@@ -154,11 +122,9 @@ void FrmInd::cmdTest_Click()
 // Back to the edit that was left, with the row as it is stored.
 void FrmInd::atribuiTestamenteiro()
 {
-    const QString numero = QString::number(testador);
-    if (!Trim(txtNind->text()).isEmpty())
-        cnBDP.execute("update individuo set testamenteiro = " + txtNind->text() + " where nind = " + numero);
-    poeListaNoNumero(numero);
-    ActualizaCampos(adoInd.recordset());
+    if (!Trim(numero()).isEmpty())
+        cnBDP.execute("update individuo set testamenteiro = " + numero() + " where nind = " + testador.texto());
+    mostra(testador.texto());
     AplicarModo(Modo::Edi);
     for (CommandButton* comando : {cmdAtribuir, cmdLoc, cmdFechar})
         comando->setEnabled(false);
@@ -168,7 +134,7 @@ void FrmInd::atribuiTestamenteiro()
 void FrmInd::cmdFechar_Click()
 {
     guarded([&] {
-        if (OrigemInd == 8) {
+        if (!chamada().existe()) {
             FrmLoaded();
             setEnabled(true);
         }
@@ -176,49 +142,44 @@ void FrmInd::cmdFechar_Click()
     });
 }
 
-// By who called the card. It is hidden and not unloaded: it keeps its list and its place in it.
+// The card is hidden and not unloaded: it keeps its list and its place in it.
 void FrmInd::devolveAoChamador()
 {
-    switch (OrigemInd) {
-    case 0:
-    case 1:
-    case 2:
-        voltaAFamilia();
-        break;
-    case 8:
+    const PedidoDeIndividuo pedido = chamada().pedido();
+    if (!chamada().existe())
         conceal();
-        break;
-    case 9:
+    else if (pedido.depois == DepoisDePedido::Esconde)
+        termina();
+    else if (pedido.depois == DepoisDePedido::ReabreEdicao)
         ActualizaCampos(adoInd.recordset());
-        break;
-    default:
-        if (Form* acto = actoQueChamou()) voltaA(*acto);
-    }
-    OrigemInd = 8;
+    else if (pedido.quem)
+        voltaA(pedido);
+    chamada().desiste();
 }
 
-void FrmInd::voltaAFamilia()
+void FrmInd::termina()
 {
     conceal();
     FrmLoaded();
-    OrigemInd = 8;
-    terminaChamada();
+    chamada().acaba();
 }
 
-void FrmInd::voltaA(Form& chamador)
+void FrmInd::voltaA(const PedidoDeIndividuo& pedido)
 {
-    const bool intervenientes = 3 <= OrigemInd && OrigemInd <= 5;
-    if (intervenientes && OrigemInterv == 1) conceal();
-    chamador.setEnabled(true);
-    chamador.setFocusToForm();
+    if (pedido.depois == DepoisDePedido::FicaEscondida) conceal();
+    pedido.quem->setEnabled(true);
+    pedido.quem->setFocusToForm();
 }
 
 void FrmInd::FrmLoaded()
 {
     if (Form* familia = Forms::find(FrmFam::Name)) familia->setEnabled(true);
-    // An act that asked for a person, too, where the card was called up again meanwhile for something else.
-    for (const Pedido& pedido : pedidos)
-        if (Form* acto = Forms::find(pedido.form)) acto->setEnabled(true);
+    chamada().libertaQuemEspera();
+}
+
+void FrmInd::permiteAtribuir()
+{
+    cmdAtribuir->setEnabled(chamada().ofereceAtribuir());
 }
 
 bool FrmInd::Form_QueryUnload(UnloadMode mode)

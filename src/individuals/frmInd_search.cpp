@@ -4,6 +4,7 @@
 #include "common/campos.h"
 #include "common/filtro.h"
 #include "common/modGeral.h"
+#include "common/numbers.h"
 #include "individuals/frmDatas.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
@@ -62,7 +63,7 @@ QString peloPrimeiroFilho(const Filtro& filtro, const QString& data)
 
 void FrmInd::cmdLocDat_Click()
 {
-    guarded([&] { frmDatas().mostraPara(*this); });
+    guarded([&] { frmDatas().mostraPara(*this, FrmDatas::Procura::Individuo); });
 }
 
 void FrmInd::iniciaPesquisa()
@@ -87,7 +88,11 @@ void FrmInd::confirmaPesquisa()
     AplicarModo(Modo::Cons);
     ActualizaCampos(adoFiltro.recordset());
     entregaAosResultados();
-    frmResult().mostraResultados(FrmResult::deIndividuos);
+    frmResult().mostraResultados(*this, FrmResult::Uso::Individuos, [](const jet::Recordset& registo) {
+        const PessoaDaArvore pessoa{textoDoNumero(registo["nind"]), registo["nome"].toString(),
+                                    textoDoNumero(registo["famorig"])};
+        return Achado{{pessoa.nind, pessoa.nome, pessoa.famorig}, {pessoa}};
+    });
 }
 
 QString FrmInd::instrucaoDaPesquisa() const
@@ -135,4 +140,26 @@ void FrmInd::cancelaPesquisa()
     ActualizaCampos(adoInd.recordset());
     permiteAtribuir();
     retomaFicheiro();
+}
+
+void FrmInd::escolheAchado(int linha, const QString&)
+{
+    adoFiltro.recordset().setAbsolutePosition(linha);
+}
+
+void FrmInd::mostraAchado()
+{
+    ActualizaCampos(adoFiltro.recordset());
+}
+
+void FrmInd::aceitaAchado(const QString& numero)
+{
+    AplicarModo(Modo::Cons);
+    mostra(numero);
+    permiteAtribuir();
+}
+
+void FrmInd::terminaNoAchado()
+{
+    permiteAtribuir(); // Kept: the list of all people stays where it stood before the search.
 }

@@ -2,6 +2,7 @@
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
+#include "individuals/pedido.h"
 #include "places/frmLocalizacao_niveis.h"
 
 void FrmLocalizacao::cmbPais_Click()
@@ -132,7 +133,7 @@ void FrmLocalizacao::LocalEscolhido()
 {
     for (int nivel = Sitio; nivel >= Pais; --nivel) {
         // Kept: it is the funeral's picker of persons that shuts the narrowest levels out.
-        if (OrigemInd == 6 && nivel >= Lugar) continue;
+        if (chamada().origem() == OrigemInd::PadreDoFuneral && nivel >= Lugar) continue;
         const QString texto = (this->*niveis[nivel].lista)->text();
         if (Trim(texto).isEmpty()) continue;
         LocalTipo = niveis[nivel].tipo;

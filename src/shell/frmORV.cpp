@@ -1,5 +1,8 @@
 #include "shell/frmORV.h"
 
+#include "attributes/frmPass.h"
+#include "attributes/frmResid.h"
+#include "common/dono.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/SplashForm.h"
@@ -9,6 +12,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "shell/startup.h"
 #include "store/frmBack.h"
 #include "store/modBD.h"
 #include "ui_frmORV.h"
@@ -114,9 +118,7 @@ void FrmORV::mudaBDP(const QString& operacao)
         if (!ask("Deseja fechar a BDP em tratamento?")) return;
 
         Forms::unloadAll();
-        EmPesquisa = false; // a search left behind would bar every insert in the next BDP
-        OrigemInd = 8;
-        IndChamado = 0;
+        recomecaSessao(); // a search left behind would bar every insert in the next BDP
         CodParoquia.clear();
         // The dialog names the parish that is being left: it reads the caption in its load, before the caption changes.
         if (windowTitle() != QString::fromUtf8(tituloCurto)) frmBack().displayFor("a");
@@ -127,22 +129,12 @@ void FrmORV::mudaBDP(const QString& operacao)
 
 void FrmORV::mnuEditInd_Click()
 {
-    guarded([&] {
-        FrmIndLoaded();
-        frmInd().adoInd.refresh(); // kept: the list goes to its first row, and the fields stay as they are
-        frmInd().cmdAtribuir->setEnabled(false);
-        OrigemInd = 8;
-    });
+    guarded([&] { FrmInd::abrePeloMenu(); });
 }
 
 void FrmORV::mnuEditFam_Click()
 {
-    guarded([&] {
-        OrigemFam = 0;
-        frmFam().display();
-        frmFam().adoFam.refresh(); // kept: the file goes to its first row, and the fields stay as they are
-        frmFam().setEnabled(true);
-    });
+    guarded([&] { frmFam().abrePeloMenu(); });
 }
 
 void FrmORV::mnuPass_Click()
@@ -150,14 +142,13 @@ void FrmORV::mnuPass_Click()
     guarded([&] {
         // Kept: the form loaded last decides, which needn't be the active one.
         const QWidget* ultima = Forms::loaded().last();
-        if (ultima->windowTitle() == "Indivíduo") {
-            if (ultima->isEnabled() && ultima->isVisible()) Forms::show("frmPass");
-        } else if (ultima->windowTitle() == "Residências do indivíduo") {
-            Form* passaportes = Forms::show("frmPass");
-            if (!passaportes) return;
-            const QString local = ultima->findChild<ComboBox*>("cmbLoc")->text();
-            // Kept: it is added also where the list holds it already.
-            if (!local.isEmpty()) passaportes->findChild<ComboBox*>("cmbDados_1")->add(local);
+        if (ultima->objectName() == FrmInd::Name) {
+            if (ultima->isEnabled() && ultima->isVisible()) JanelaDoDono::abre(FrmPass::Name, frmInd().dono());
+        } else if (const auto* residencias = qobject_cast<const FrmResid*>(ultima);
+                   residencias && residencias->doIndividuo()) {
+            const QString local = residencias->localNaFicha();
+            JanelaDoDono::abre(FrmPass::Name, frmInd().dono());
+            if (!local.isEmpty()) theForm<FrmPass>().acrescentaDestino(local);
         }
     });
 }
@@ -207,7 +198,9 @@ void FrmORV::mnuCategorias_Click()
 
 void FrmORV::mnuRelInd_Click()
 {
-    guarded([&] { FichaIndividual(); });
+    guarded([&] {
+        if (Forms::loaded().last()->objectName() == FrmInd::Name) FichaIndividual(*frmInd().dono().registo);
+    });
 }
 
 void FrmORV::mnuComo_Click()

@@ -11,11 +11,12 @@
 #include "attributes/frmRituais.h"
 #include "codes/frmInfo.h"
 #include "codes/frmProfissao.h"
-#include "common/globals.h"
+#include "common/pesquisa.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
 #include "individuals/frmDatas.h"
 #include "individuals/frmInd.h"
+#include "individuals/pedido.h"
 #include "places/frmConcelhos.h"
 #include "places/frmDistritos.h"
 #include "places/frmFreguesias.h"
@@ -113,9 +114,15 @@ void prepareApplication()
     registerForms();
 }
 
+void recomecaSessao()
+{
+    EmPesquisa.acaba();
+    chamada().recomeca();
+}
+
 FrmORV& startProgram(const QString& commandLine)
 {
-    limpaGlobais();
+    recomecaSessao();
     auto* window = new FrmORV;
     window->show();
     window->Form_Load(commandLine);

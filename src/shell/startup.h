@@ -18,5 +18,8 @@ void registerForms();
 // The application object exists, and prepareApplication() has run.
 FrmORV& startProgram(const QString& commandLine);
 
+// Another session begins: nobody asks for a person, and no search is under way.
+void recomecaSessao();
+
 // What the program sets up once on its application object: language, style, focus watch, icons.
 void prepareApplication();

@@ -102,7 +102,6 @@ void FrmIni::cmdOk_Click()
 {
     guarded([&] {
         if (cnBDP.state() == jet::Connection::Open) setSessionMenus(true);
-        OrigemFam = 0;
         const QString nome = ui->txtParoquia->text();
         Forms::mainWindow()->setWindowTitle(tituloLongo + nome);
         cnBDP.beginTrans();

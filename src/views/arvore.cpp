@@ -5,12 +5,26 @@
 
 #include <QHeaderView>
 
+namespace {
+
+// The members of a family, with what a node tells of a person and their own family of origin.
+QString membros(const QString& familia)
+{
+    return "SELECT familia.nfamilia, individuo.nome,individuo.sexo, datanasc, localnasc,  tipolocalnasc, dataobito, "
+           "individuo.inicioobs, individuo.fimobs, individuo.famorig  FROM individuo INNER JOIN (familia INNER JOIN "
+           "familias ON  familia.nfamilia = familias.nfamilia) ON individuo.nind = familias.nind WHERE "
+           "familias.nfamilia = " +
+           familia + " order by individuo.sexo desc";
+}
+
+} // namespace
+
 QString nomeNaArvore(QString nome)
 {
     return nome.remove(QLatin1String("    "));
 }
 
-Arvore::Arvore(QTreeWidget& tvw, Instrucao membros, Resumo resumo) : tvw_(tvw), membros_(membros), resumo_(resumo)
+Arvore::Arvore(QTreeWidget& tvw, Resumo resumo) : tvw_(tvw), resumo_(resumo)
 {
     tvw_.clear();
     tvw_.header()->setSectionResizeMode(QHeaderView::ResizeToContents); // a long text is reached by scrolling
@@ -31,13 +45,13 @@ Arvore::No Arvore::junta(No pai, const jet::Recordset& pessoa)
 void Arvore::juntaMembros(No no, const QVariant& familia)
 {
     if (familia.toDouble() == 0) return;
-    for (jet::Recordset membro(cnBDP, membros_(textoDoNumero(familia))); !membro.eof(); membro.moveNext())
+    for (jet::Recordset membro(cnBDP, membros(textoDoNumero(familia))); !membro.eof(); membro.moveNext())
         junta(no, membro);
 }
 
 void Arvore::juntaPaisEAvos(No no, const QString& familia)
 {
-    jet::Recordset membro(cnBDP, membros_(familia));
+    jet::Recordset membro(cnBDP, membros(familia));
     if (membro.eof()) return;
     // Kept: a family of one, or of three, draws its first member alone.
     if (membro.recordCount() == 2) {

@@ -6,6 +6,13 @@
 #include <QString>
 #include <QTreeWidget>
 
+// Whose ancestors are drawn. The name is the text of the node.
+struct PessoaDaArvore
+{
+    QString nind, nome;
+    QString famorig = {}; // "" where no family of origin is known
+};
+
 // Draws upward only: a node stands for a person, the nodes under it for the members of that person's family of origin.
 // A node is a text: the name, and what `resumo` says of the person's record. The depth is that of the calls, so a
 // person who is his own ancestor is merely drawn twice.
@@ -13,11 +20,10 @@ class Arvore
 {
 public:
     using No = QTreeWidgetItem*;
-    using Instrucao = QString (*)(const QString& familia); // the select of the members of a family, with their famorig
     using Resumo = QString (*)(const jet::Recordset& pessoa);
 
     // Starts with no nodes.
-    Arvore(QTreeWidget& tvw, Instrucao membros, Resumo resumo);
+    Arvore(QTreeWidget& tvw, Resumo resumo);
 
     // A root.
     No junta(const QString& texto);
@@ -35,7 +41,6 @@ private:
     void juntaComPais(No filho, const jet::Recordset& pessoa);
 
     QTreeWidget& tvw_;
-    Instrucao membros_;
     Resumo resumo_;
     No ultimo_ = nullptr;
 };

@@ -5,9 +5,7 @@
 #include "common/numbers.h"
 #include "common/places.h"
 #include "common/vbtext.h"
-#include "individuals/frmInd.h"
 #include "platform/desktop/desktop.h"
-#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "views/rtfdocument.h"
 
@@ -68,14 +66,13 @@ void preenche(RtfDocument& ficha, const jet::Recordset& pessoa)
 
 } // namespace
 
-void FichaIndividual()
+void FichaIndividual(const jet::Recordset& pessoa)
 {
-    if (Forms::loaded().last()->objectName() != FrmInd::Name) return;
     {
         Hourglass ampulheta;
         const QString pasta = Desktop::programFolder();
         if (auto ficha = RtfDocument::open(pasta + "/fichInd.doc")) {
-            preenche(*ficha, frmInd().adoNind.recordset());
+            preenche(*ficha, pessoa);
             ficha->saveAs(pasta + "/resultfichInd.doc");
         }
     }

@@ -1,21 +1,7 @@
 #include "views/frmArv.h"
 
 #include "common/modGeral.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
-#include "views/arvore.h"
-
-namespace {
-
-QString membros(const QString& familia)
-{
-    return "SELECT familia.nfamilia, individuo.nome as nome,individuo.sexo, datanasc,  dataobito, individuo.inicioobs, "
-           "individuo.fimobs, individuo.famorig  FROM individuo INNER JOIN (familia INNER JOIN familias ON  "
-           "familia.nfamilia = familias.nfamilia) ON individuo.nind = familias.nind WHERE familias.nfamilia = " +
-           familia + " order by individuo.sexo desc";
-}
-
-} // namespace
 
 FrmArv& frmArv()
 {
@@ -27,28 +13,43 @@ FrmArv::FrmArv() : Form(Name)
     setupUi(this);
 }
 
-void FrmArv::PreencheArv()
+void FrmArv::mostraIndividuo(Form& cartao, const PessoaDaArvore& pessoa, const jet::Recordset& registo)
 {
+    mostra(cartao, "Indivíduo", pessoa, [&](Arvore& arvore) {
+        const Arvore::No raiz = arvore.junta(nomeNaArvore(pessoa.nome) + DatasResumo(registo));
+        if (!pessoa.famorig.isEmpty()) arvore.juntaPaisEAvos(raiz, pessoa.famorig);
+        return raiz;
+    });
+}
+
+void FrmArv::mostraConjuge(Form& cartao, const PessoaDaArvore& pessoa)
+{
+    mostra(cartao, "Conjuge", pessoa, [&](Arvore& arvore) {
+        const jet::Recordset registo(
+            cnBDP,
+            "select nome , datanasc, dataobito, inicioobs, fimobs, famorig from individuo where nind = " + pessoa.nind);
+        const Arvore::No raiz = arvore.junta(registo["Nome"].toString() + DatasResumo(registo));
+        arvore.juntaMembros(raiz, registo["famorig"]);
+        return raiz;
+    });
+}
+
+void FrmArv::mostra(Form& cartao, const QString& tipo, const PessoaDaArvore& pessoa,
+                    const std::function<Arvore::No(Arvore&)>& desenha)
+{
+    display();
+    lblTipo->setText(tipo);
+    txtNind->setText(pessoa.nind);
+    txtNome->setText(pessoa.nome);
+    cartao_ = &cartao;
+    cartao.setEnabled(false);
     guarded([&] {
-        Arvore arvore(*tvw, membros, DatasResumo);
-        Arvore::No raiz = nullptr;
-        if (lblTipo->text() == "Indivíduo") {
-            FrmInd& ficha = frmInd();
-            raiz = arvore.junta(nomeNaArvore(ficha.txtNome->text()) + DatasResumo(ficha.adoNind.recordset()));
-            if (!ficha.txtFamOrig->text().isEmpty()) arvore.juntaPaisEAvos(raiz, ficha.txtFamOrig->text());
-        } else {
-            const jet::Recordset pessoa(
-                cnBDP, "select nome , datanasc, dataobito, inicioobs, fimobs, famorig from individuo where nind = " +
-                           txtNind->text());
-            raiz = arvore.junta(pessoa["Nome"].toString() + DatasResumo(pessoa));
-            arvore.juntaMembros(raiz, pessoa["famorig"]);
-        }
-        arvore.mostra(raiz);
+        Arvore arvore(*tvw, DatasResumo);
+        arvore.mostra(desenha(arvore));
     });
 }
 
 void FrmArv::Form_Unload()
 {
-    if (Forms::isUnloadingAll()) return;
-    if (Form* ficha = Forms::find(FrmInd::Name)) ficha->setEnabled(true);
+    if (!Forms::isUnloadingAll() && cartao_) cartao_->setEnabled(true);
 }

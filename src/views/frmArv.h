@@ -3,13 +3,17 @@
 
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/jet/recordset.h"
+#include "views/arvore.h"
 
 #include "ui_frmArv.h"
 
-// The caller shows it, writes lblTipo ("Indivíduo": the person on frmInd, three generations; "Conjuge": the person of
-// txtNind, two), txtNind and txtNome, disables frmInd, and calls PreencheArv(). Closing the window enables frmInd
-// again.
-class FrmArv : public Form, public Ui::FrmArv
+#include <QPointer>
+
+#include <functional>
+
+// The card that shows it is disabled until it goes.
+class FrmArv : public Form, private Ui::FrmArv
 {
     Q_OBJECT
 
@@ -18,10 +22,19 @@ public:
 
     FrmArv();
 
-    void PreencheArv();
+    // The person on the card, whose row it is: three generations.
+    void mostraIndividuo(Form& cartao, const PessoaDaArvore& pessoa, const jet::Recordset& registo);
+    // The spouse of that person: two.
+    void mostraConjuge(Form& cartao, const PessoaDaArvore& pessoa);
 
 protected:
     void Form_Unload() override;
+
+private:
+    void mostra(Form& cartao, const QString& tipo, const PessoaDaArvore& pessoa,
+                const std::function<Arvore::No(Arvore&)>& desenha);
+
+    QPointer<Form> cartao_;
 };
 
 FrmArv& frmArv();

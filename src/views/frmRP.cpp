@@ -1,35 +1,25 @@
 #include "views/frmRP.h"
 
 #include "common/modGeral.h"
-#include "families/frmFam.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
 #include <QDir>
 
 #include <algorithm>
-#include <iterator>
+
+struct FrmRP::Registo
+{
+    const char *tipo, *coluna, *nome;
+};
 
 namespace {
 
-struct Registo
-{
-    const char *tipo, *coluna, *legenda, *nome;
+constexpr FrmRP::Registo registos[] = {
+    {"b", "rpBapt", "Baptismo"},
+    {"o", "rpObi", "Óbito"},
+    {"c", "rpCas", "Casamento"},
 };
-
-constexpr Registo registos[] = {
-    {"b", "rpBapt", "Baptizado", "Baptismo"},
-    {"o", "rpObi", "Óbito", "Óbito"},
-    {"c", "rpCas", "Casamento", "Casamento"},
-};
-
-// Null for a text that is no kind.
-const Registo* registoDe(const QString& tipo)
-{
-    const auto registo = std::ranges::find_if(registos, [&](const Registo& r) { return tipo == r.tipo; });
-    return registo == std::end(registos) ? nullptr : registo;
-}
 
 } // namespace
 
@@ -48,35 +38,25 @@ FrmRP::FrmRP() : Form(Name)
     connect(cmdG_2, &CommandButton::clicked, this, &FrmRP::cmdG_2_Click);
 }
 
-// Kept: the kind is told after the load, so that the caption stays as it is.
-void FrmRP::Form_Load()
-{
-    if (const Registo* registo = registoDe(lblTipo->text()))
-        setCaption(caption() + " - Edição de Registo de " + registo->legenda);
-}
-
 // The hidden card would be out of reach.
 bool FrmRP::Form_QueryUnload(UnloadMode mode)
 {
     return mode != UnloadMode::ControlMenu;
 }
 
-void FrmRP::mostraPara(const QString& tipo)
+// Kept: the caption doesn't tell the record.
+void FrmRP::mostraPara(Ficha& ficha, const QString& tipo)
 {
     display();
     lblTipo->setText(tipo);
-    ficha().conceal();
+    ficha_ = &ficha;
+    registo_ = std::ranges::find_if(registos, [&](const Registo& registo) { return tipo == registo.tipo; });
+    ficha.conceal();
     try {
-        txtLoc->setText(ficha().registoNaFicha()[registoDe(tipo)->coluna].toString());
+        txtLoc->setText(ficha.registoNaFicha()[registo_->coluna].toString());
     } catch (const jet::Error&) {
         // Kept: errors are passed over; with no row to read, the path stays as the form has it.
     }
-}
-
-Ficha& FrmRP::ficha() const
-{
-    if (lblTipo->text() == "c") return frmFam();
-    return frmInd();
 }
 
 void FrmRP::cmdLoc_Click()
@@ -88,13 +68,12 @@ void FrmRP::cmdLoc_Click()
 void FrmRP::cmdG_0_Click()
 {
     guarded([&] {
-        const Registo* registo = registoDe(lblTipo->text());
-        if (!registo || txtLoc->text().isEmpty()) return;
+        if (!registo_ || txtLoc->text().isEmpty()) return;
         const Hourglass ampulheta;
-        jet::Recordset& linha = ficha().registoNaFicha();
-        linha.set(registo->coluna, txtLoc->text());
+        jet::Recordset& linha = ficha_->registoNaFicha();
+        linha.set(registo_->coluna, txtLoc->text());
         linha.update();
-        showMessage("O Registo de " + QString(registo->nome) + " foi guardado com sucesso!", Icon::None);
+        showMessage("O Registo de " + QString(registo_->nome) + " foi guardado com sucesso!", Icon::None);
     });
 }
 
@@ -112,8 +91,12 @@ void FrmRP::cmdG_2_Click()
     });
 }
 
+// A form that no card has opened brings up the card of people.
 void FrmRP::voltaAFicha()
 {
-    ficha().display();
+    if (ficha_)
+        ficha_->display();
+    else
+        Forms::show("frmInd");
     unload();
 }

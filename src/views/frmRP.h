@@ -1,16 +1,16 @@
 // The parish record of a person or of a family: the path of a file, which the desktop shows.
 #pragma once
 
+#include "common/ficha.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 
 #include "ui_frmRP.h"
 
+#include <QPointer>
 #include <QString>
 
-class Ficha;
-
-class FrmRP : public Form, public Ui::frmRP
+class FrmRP : public Form, private Ui::frmRP
 {
     Q_OBJECT
 
@@ -19,21 +19,26 @@ public:
 
     FrmRP();
 
-    // Takes the place of the card, which is hidden until the form goes: of frmInd for the record of the baptism ("b")
-    // or the death ("o") of the person on it, of frmFam for that of the marriage ("c").
-    void mostraPara(const QString& tipo);
+    // The records, by the letters of the system: of the baptism ("b") or the death ("o") of a person, of the marriage
+    // ("c") of a family.
+    struct Registo;
+
+    // Takes the place of the card, which is hidden until the form goes, for a record of what it shows.
+    // Precondition: `tipo` is one of the three letters.
+    void mostraPara(Ficha& ficha, const QString& tipo);
 
 protected:
-    void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
 
 private:
-    Ficha& ficha() const;
     void cmdLoc_Click();
     void cmdG_0_Click();
     void cmdG_1_Click();
     void cmdG_2_Click();
     void voltaAFicha();
+
+    QPointer<Ficha> ficha_;
+    const Registo* registo_ = nullptr; // null while no card has told which
 };
 
 // Loaded at first touch.

@@ -1,68 +1,40 @@
 #include "views/frmResult.h"
 
 #include "common/dates.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/places.h"
-#include "families/frmFam.h"
-#include "individuals/frmInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 
 #include <QHeaderView>
-#include <QPointer>
-#include <QScopeGuard>
 
-namespace {
+// What differs between the two uses.
+struct FrmResult::Aspecto
+{
+    const char* caption;
+    const char* titulos[3];   // of the grid
+    double larguras[2];       // parts of the grid's width, 0 hides the column; the last column takes the rest
+    const char *info, *facto; // the heading and the second column of the small list
+};
 
-// The cells of a row of the set, which stays where it stands: the grid asks for them at any time. A row that is gone,
-// or a set that was closed, has none.
-QStringList celulasDaLinha(jet::Recordset& filtro, QStringList (*celulas)(const jet::Recordset&), int linha)
-try {
-    const int posicao = filtro.absolutePosition();
-    const auto volta = qScopeGuard([&] { filtro.setAbsolutePosition(std::max(posicao, 1)); });
-    filtro.setAbsolutePosition(linha);
-    return celulas(filtro);
-} catch (const jet::Error&) {
-    return {};
+const FrmResult::Aspecto FrmResult::aspectos[] = {
+    {"Resultados da pesquisa de indivíduos",
+     {"nind", "nome", "famorig"},
+     {0, 2. / 3},
+     "Lista de Profissões Conhecidas",
+     "Profissão"},
+    {"Resultados da pesquisa de famílias",
+     {"Nfamilia", "TipoFamilia", "Data Casam"},
+     {1. / 4, 1. / 4},
+     "Lista de Residências Conhecidas",
+     "Residência"},
+};
+
+const FrmResult::Aspecto& FrmResult::aspecto() const
+{
+    return aspectos[static_cast<int>(uso_)];
 }
-
-} // namespace
-
-const FrmResult::Uso FrmResult::individuos{
-    {"nind", "nome", "famorig"},
-    {0, 2. / 3},
-    "Lista de Profissões Conhecidas",
-    "Profissão",
-    "i",
-    []() -> Ficha& { return frmInd(); },
-    [](const jet::Recordset& registo) {
-        return QStringList{textoDoNumero(registo["nind"]), registo["nome"].toString(),
-                           textoDoNumero(registo["famorig"])};
-    },
-    &FrmResult::PreencheArvore,
-    &FrmResult::escolheIndividuo,
-    &FrmResult::aceitaIndividuo,
-    &FrmResult::terminaNoIndividuo,
-};
-
-const FrmResult::Uso FrmResult::familias{
-    {"Nfamilia", "TipoFamilia", "Data Casam"},
-    {1. / 4, 1. / 4},
-    "Lista de Residências Conhecidas",
-    "Residência",
-    "f",
-    []() -> Ficha& { return frmFam(); },
-    [](const jet::Recordset& registo) {
-        return QStringList{textoDoNumero(registo["nfamilia"]), textoDoNumero(registo["tipocasal"]),
-                           textoDaData(registo["datacasam"])};
-    },
-    &FrmResult::PreencheArvoreFam,
-    &FrmResult::escolheFamilia,
-    &FrmResult::aceitaFamilia,
-    &FrmResult::terminaNaFamilia,
-};
 
 FrmResult& frmResult()
 {
@@ -103,44 +75,46 @@ void FrmResult::resizeEvent(QResizeEvent* event)
 void FrmResult::ajustaColunas()
 {
     for (int coluna : {0, 1})
-        dtgProf->setColWidth(coluna, qRound(dtgProf->width() * uso().larguras[coluna]));
+        dtgProf->setColWidth(coluna, qRound(dtgProf->width() * aspecto().larguras[coluna]));
     lvInfo->header()->resizeSection(0, lvInfo->width() / 3);
 }
 
-void FrmResult::mostraResultados(const QString& caption)
+void FrmResult::mostraResultados(Ficha& ficha, Uso uso, Le le)
 {
+    ficha_ = &ficha;
+    uso_ = uso;
+    le_ = std::move(le);
     display();
     tvw->show();
-    setCaption(caption);
+    setCaption(aspecto().caption);
     PreencheFG();
     Focus::setTo(dtgProf);
-    (this->*uso().arvore)();
-    lblInfo->setText(uso().info);
-    lvInfo->setHeaderLabels({"Data", uso().facto});
-    Dados(uso().tipo);
+    desenhaArvore();
+    lblInfo->setText(aspecto().info);
+    lvInfo->setHeaderLabels({"Data", aspecto().facto});
+    Dados();
 }
 
 void FrmResult::PreencheFG()
 {
     guarded([&] {
-        Ficha& ficha = uso().ficha();
         dtgProf->setRows(0);
         dtgProf->setCols(3);
-        dtgProf->fill(ficha.adoFiltro.recordset().recordCount() + 1,
-                      [dona = QPointer(&ficha), celulas = uso().celulas](int linha) {
-                          return dona ? celulasDaLinha(dona->adoFiltro.recordset(), celulas, linha) : QStringList();
-                      });
+        dtgProf->fill(ficha_->adoFiltro.recordset().recordCount() + 1, [dona = ficha_, le = le_](int linha) {
+            return dona ? leAchado(dona->adoFiltro.recordset(), linha, le).celulas : QStringList();
+        });
         for (int coluna = 0; coluna < 3; ++coluna)
-            dtgProf->setTextMatrix(0, coluna, uso().titulos[coluna]);
+            dtgProf->setTextMatrix(0, coluna, aspecto().titulos[coluna]);
         ajustaColunas();
     });
 }
 
-void FrmResult::Dados(const QString& tipo)
+// The professions of the person, or the residences of the family.
+void FrmResult::Dados()
 {
     guarded([&] {
         lvInfo->clear();
-        const bool familia = tipo == "f";
+        const bool familia = uso_ == Uso::Familias;
         const QString instrucao =
             familia ? "select dataref, localresid, tipolocal  from residencia where numero = " + chave() +
                           " and tiporesid = 'f' order by dataref"
@@ -157,83 +131,40 @@ void FrmResult::Dados(const QString& tipo)
 
 void FrmResult::dtgProf_RowColChange()
 {
-    guarded([&] { (this->*uso().escolhe)(); });
-}
-
-void FrmResult::escolheIndividuo()
-{
-    // The rows of the grid are those of the set.
-    frmInd().adoFiltro.recordset().setAbsolutePosition(dtgProf->row());
-    PreencheArvore();
-    Dados("i");
-    frmInd().ActualizaCampos(frmInd().adoFiltro.recordset());
-}
-
-void FrmResult::escolheFamilia()
-{
-    NfamCorrente = numeroDoTexto(chave());
-    PreencheArvoreFam(); // Kept: drawn of the names that the card still shows, those of the row before.
-    Dados("f");
-    frmFam().ActualizaCampos(frmFam().adoFiltro.recordset(), NfamCorrente);
-    frmFam().cmdInsF->setEnabled(false);
-    frmFam().cmdElimF->setEnabled(false);
+    guarded([&] {
+        ficha_->escolheAchado(dtgProf->row(), chave()); // the rows of the grid are those of the set
+        desenhaArvore();
+        Dados();
+        ficha_->mostraAchado();
+    });
 }
 
 void FrmResult::cmdOK_Click()
 {
     guarded([&] {
-        const double numero = numeroDoTexto(chave());
-        uso().ficha().retomaFicheiro();
-        (this->*uso().aceita)(numero);
-        uso().ficha().setEnabled(true);
+        const QString numero = textoDoNumero(numeroDoTexto(chave()));
+        ficha_->retomaFicheiro();
+        ficha_->aceitaAchado(numero);
+        ficha_->setEnabled(true);
         unload();
     });
-}
-
-void FrmResult::aceitaIndividuo(double numero)
-{
-    FrmInd& ficha = frmInd();
-    jet::Recordset& lista = ficha.adoInd.recordset();
-    lista.moveFirst();
-    lista.find("nind = " + textoDoNumero(numero));
-    ficha.AplicarModo(Modo::Cons);
-    ficha.ActualizaCampos(lista);
-    ficha.permiteAtribuir();
-}
-
-void FrmResult::aceitaFamilia(double numero)
-{
-    frmFam().AplicarModo(Modo::Cons);
-    frmFam().ActualizaCampos(frmFam().adoFam.recordset(), numero);
 }
 
 // The search ends on what the card shows.
 void FrmResult::cmdT_Click()
 {
     guarded([&] {
-        uso().ficha().retomaFicheiro();
-        uso().ficha().AplicarModo(Modo::Cons);
-        (this->*uso().termina)();
+        ficha_->retomaFicheiro();
+        ficha_->AplicarModo(Modo::Cons);
+        ficha_->terminaNoAchado();
         unload();
     });
-}
-
-void FrmResult::terminaNoIndividuo()
-{
-    frmInd().permiteAtribuir(); // Kept: the list of all people stays where it stood before the search.
-}
-
-void FrmResult::terminaNaFamilia()
-{
-    NfamCorrente = numeroDoTexto(frmFam().txtNFam->text());
-    frmFam().ActualizaCampos(frmFam().adoFam.recordset(), NfamCorrente);
-    frmFam().setEnabled(true);
 }
 
 void FrmResult::cmdFechar_Click()
 {
     guarded([&] {
-        uso().ficha().retomaPesquisa();
+        ficha_->retomaPesquisa();
         unload();
     });
 }

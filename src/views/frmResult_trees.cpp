@@ -3,20 +3,9 @@
 #include "common/places.h"
 #include "common/resumo.h"
 #include "common/vbtext.h"
-#include "families/frmFam.h"
-#include "views/arvore.h"
 #include "views/frmResult.h"
 
 namespace {
-
-QString membros(const QString& familia)
-{
-    return "SELECT familia.nfamilia, individuo.nome,individuo.sexo, datanasc, localnasc,  tipolocalnasc, dataobito, "
-           "individuo.inicioobs, individuo.fimobs, individuo.famorig  FROM individuo INNER JOIN (familia INNER JOIN "
-           "familias ON  familia.nfamilia = familias.nfamilia) ON individuo.nind = familias.nind WHERE "
-           "familias.nfamilia = " +
-           familia + " order by individuo.sexo desc";
-}
 
 // The place of birth stands behind the date, and also without one.
 QString datasELocal(const jet::Recordset& pessoa)
@@ -26,36 +15,40 @@ QString datasELocal(const jet::Recordset& pessoa)
     return InicioDaVida(pessoa) + local + FimDaVida(pessoa);
 }
 
-void juntaConjuge(Arvore& arvore, const TextBox* nind, const TextBox* nome)
+void juntaConjuge(Arvore& arvore, const PessoaDaArvore& conjuge)
 {
-    if (Trim(nome->text()).isEmpty()) return;
+    if (Trim(conjuge.nome).isEmpty()) return;
     const jet::Recordset pessoa(cnBDP, "select famorig, datanasc, localnasc, tipolocalnasc,  dataobito, inicioobs, "
                                        "fimobs from individuo where nind = " +
-                                           nind->text());
-    // Kept: the card's description of the person has the dates already; the node shows them twice.
-    const Arvore::No no = arvore.junta(nomeNaArvore(nome->text()) + datasELocal(pessoa));
+                                           conjuge.nind);
+    // Kept: the name is the card's description of the person and has the dates already; the node shows them twice.
+    const Arvore::No no = arvore.junta(nomeNaArvore(conjuge.nome) + datasELocal(pessoa));
     arvore.juntaMembros(no, pessoa["famorig"]);
 }
 
 } // namespace
 
-void FrmResult::PreencheArvore()
+void FrmResult::desenhaArvore()
 {
     guarded([&] {
-        Arvore arvore(*tvw, membros, datasELocal);
-        const Arvore::No raiz = arvore.junta(nomeNaArvore(dtgProf->textMatrix(dtgProf->row(), 1)));
-        const QString familia = dtgProf->textMatrix(dtgProf->row(), 2);
-        if (!familia.isEmpty()) arvore.juntaPaisEAvos(raiz, familia);
-        arvore.mostra(raiz);
+        const Achado achado = leAchado(ficha_->adoFiltro.recordset(), dtgProf->row(), le_);
+        uso_ == Uso::Individuos ? PreencheArvore(achado) : PreencheArvoreFam(achado);
     });
 }
 
-void FrmResult::PreencheArvoreFam()
+void FrmResult::PreencheArvore(const Achado& achado)
 {
-    guarded([&] {
-        Arvore arvore(*tvw, membros, datasELocal);
-        juntaConjuge(arvore, frmFam().txtPnind, frmFam().txtPnome);
-        juntaConjuge(arvore, frmFam().txtSnind, frmFam().txtSnome);
-        arvore.mostraUltimo();
-    });
+    Arvore arvore(*tvw, datasELocal);
+    const PessoaDaArvore pessoa = achado.raizes.value(0);
+    const Arvore::No raiz = arvore.junta(nomeNaArvore(pessoa.nome));
+    if (!pessoa.famorig.isEmpty()) arvore.juntaPaisEAvos(raiz, pessoa.famorig);
+    arvore.mostra(raiz);
+}
+
+void FrmResult::PreencheArvoreFam(const Achado& achado)
+{
+    Arvore arvore(*tvw, datasELocal);
+    for (const PessoaDaArvore& conjuge : achado.raizes)
+        juntaConjuge(arvore, conjuge);
+    arvore.mostraUltimo();
 }

@@ -44,7 +44,7 @@ bool Forms::exists(const QString& name)
     return makers.contains(name);
 }
 
-Form* Forms::load(const QString& name)
+Form* Forms::load(const QString& name, const std::function<void(Form&)>& prepare)
 {
     if (Form* form = find(name)) return form;
     const auto make = makers.constFind(name);
@@ -58,6 +58,7 @@ Form* Forms::load(const QString& name)
         form->hide();
         form->frame()->deleteLater();
     });
+    if (prepare) prepare(*form);
     form->Form_Load();
     undo.dismiss();
     return form;

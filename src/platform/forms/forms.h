@@ -24,8 +24,9 @@ public:
     static void add(const QString& name, std::function<Form*()> make);
     static bool exists(const QString& name);
 
-    // The loaded form of that name, loading it where it isn't loaded; null where no such form exists.
-    static Form* load(const QString& name);
+    // The loaded form of that name, loading it where it isn't loaded; null where no such form exists. A form that is
+    // loaded is prepared before its Form_Load().
+    static Form* load(const QString& name, const std::function<void(Form&)>& prepare = {});
     // The loaded form of that name, or null. Never loads.
     static Form* find(const QString& name);
     // load() and display(). A name that no form has does nothing.

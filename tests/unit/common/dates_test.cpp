@@ -1,6 +1,5 @@
 #include "common/dates.h"
 
-#include "common/globals.h"
 #include "forms/house.h"
 #include "platform/jet/error.h"
 #include "store/session.h"
@@ -97,20 +96,15 @@ protected:
         cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
         cnBDP.execute("create table individuo (nind double not null, datanasc date, dataobito date, inicioobs date, "
                       "fimobs date)");
-        DataActo = "09/03/1800";
     }
-    void TearDown() override
-    {
-        cnBDP.close();
-        limpaGlobais();
-    }
+    void TearDown() override { cnBDP.close(); }
 
-    static bool dentro(const QString& colunas)
+    static bool dentro(const QString& colunas, const QString& dataActo = "09/03/1800")
     {
         cnBDP.execute("delete from individuo");
         cnBDP.execute("insert into individuo (nind) values (1)");
         if (!colunas.isEmpty()) cnBDP.execute("update individuo set " + colunas + " where nind = 1");
-        return DentroObservacao(1);
+        return DentroObservacao(Nind(1), dataActo);
     }
 
     QTemporaryDir pasta;
@@ -152,9 +146,8 @@ TEST_F(ObservationWindow, IsDecidedByTheFirstDateKnown)
 
 TEST_F(ObservationWindow, IsOpenWhereItCantBeTested)
 {
-    DataActo = "31/02/1800";
     Answer ok("OK");
-    EXPECT_TRUE(dentro("datanasc = #01/01/1600#"));
+    EXPECT_TRUE(dentro("datanasc = #01/01/1600#", "31/02/1800"));
     EXPECT_EQ(ok.given, 1);
     EXPECT_TRUE(ok.text.startsWith("Ocorreu o erro 13"));
 }
@@ -162,7 +155,7 @@ TEST_F(ObservationWindow, IsOpenWhereItCantBeTested)
 TEST_F(ObservationWindow, IsOpenForThoseOfWhomNothingIsKnown)
 {
     EXPECT_TRUE(dentro(""));
-    EXPECT_TRUE(DentroObservacao(77)); // no such person
+    EXPECT_TRUE(DentroObservacao(Nind(77), "09/03/1800")); // no such person
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "common/modGeral.h"
 
-#include "common/globals.h"
 #include "forms/house.h"
 #include "platform/desktop/desktop.h"
 #include "store/programfolder.h"
@@ -160,17 +159,4 @@ TEST_F(SharedRows, TheDatesOfAPersonAreBirthOrStartAndDeathOrEnd)
     EXPECT_EQ(DatasResumo(registos), "  DN: 09/03/1750  DO: 31/12/1790");
     registos.moveNext();
     EXPECT_EQ(DatasResumo(registos), "  FO: 02/01/1791");
-}
-
-TEST(Globals, StartWithNobodyCalledUp)
-{
-    OrigemInd = 3;
-    IndChamado = 1;
-    EmPesquisa = true;
-    NindCorrente = 7;
-    limpaGlobais();
-    EXPECT_EQ(OrigemInd, 8);
-    EXPECT_EQ(IndChamado, 0);
-    EXPECT_FALSE(EmPesquisa);
-    EXPECT_EQ(NindCorrente, 0);
 }

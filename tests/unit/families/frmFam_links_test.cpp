@@ -1,9 +1,10 @@
 // The ways out of the card of a family to forms that another room holds.
 #include "families/frmFam.h"
 
-#include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/pesquisa.h"
 #include "common/SplashForm.h"
+#include "control.h"
 #include "individuals/frmInd.h"
 #include "store/parish.h"
 #include "views/frmRP.h"
@@ -20,8 +21,10 @@ protected:
         Forms::add(FrmInd::Name, [] { return new FrmInd; });
         Forms::add(FrmFam::Name, [] { return new FrmFam; });
         Forms::show(FrmFam::Name);
-        frmFam().cmdUlt->click();
+        click("cmdUlt");
     }
+
+    static void click(const char* name) { control<CommandButton>(frmFam(), name).click(); }
 };
 
 } // namespace
@@ -29,18 +32,17 @@ protected:
 TEST_F(FamilyLinks, TheRegisterIsThatOfTheFamilyShownAndNotOfTheFirstRow)
 {
     Forms::add(FrmRP::Name, [] { return new FrmRP; });
-    frmFam().adoFam.refresh();
-    frmFam().cmdRP->click();
+    frmFam().abrePeloMenu();
+    click("cmdRP");
     EXPECT_TRUE(frmRP().isShown());
     EXPECT_FALSE(frmFam().isShown());
-    EXPECT_EQ(frmRP().lblTipo->text(), "c");
-    EXPECT_EQ(frmRP().txtLoc->text(), "/rp/2.png");
-    EXPECT_EQ(frmFam().adoFam.recordset().absolutePosition(), 2);
+    EXPECT_EQ(control<QLabel>(frmRP(), "lblTipo").text(), "c");
+    EXPECT_EQ(control<TextBox>(frmRP(), "txtLoc").text(), "/rp/2.png");
 }
 
 TEST_F(FamilyLinks, WithoutTheFormOfResidencesTheCardStaysAsItIs)
 {
-    frmFam().cmdResid->click();
+    click("cmdResid");
     EXPECT_TRUE(frmFam().isShown());
     EXPECT_TRUE(frmFam().isEnabled());
 }
@@ -48,24 +50,26 @@ TEST_F(FamilyLinks, WithoutTheFormOfResidencesTheCardStaysAsItIs)
 TEST_F(FamilyLinks, ClosingGoesBackToAPersonWhoWaitsToBeHandedOver)
 {
     Forms::show(FrmInd::Name)->conceal();
-    for (const int origin : {1, 2}) {
-        OrigemFam = origin;
-        OrigemInd = 3;
+    for (const OrigemFam origin : {OrigemFam::FamiliaOrigem, OrigemFam::FamiliaConstituida}) {
+        chamada().comeca({.origem = OrigemInd::Assistente, .quem = &frmFam(), .espera = false});
+        frmFam().mostraPara(origin, "2");
         frmInd().conceal();
         frmInd().setEnabled(false);
-        frmFam().cmdFechar->click();
+        click("cmdFechar");
         EXPECT_TRUE(frmInd().isShown());
         EXPECT_TRUE(frmInd().isEnabled());
         EXPECT_TRUE(frmFam().isShown());
-        EXPECT_EQ(OrigemFam, 0);
-        EXPECT_EQ(OrigemInd, 3);
+        EXPECT_EQ(chamada().origem(), OrigemInd::Assistente);
     }
-    frmFam().cmdFechar->click(); // by the menu
+    click("cmdFechar"); // the way back is gone
     EXPECT_FALSE(frmFam().isShown());
-    Forms::show(FrmFam::Name);
-    OrigemFam = 1;
-    OrigemInd = 8;
-    frmFam().cmdFechar->click();
+    frmFam().mostraPara(OrigemFam::FamiliaOrigem, "2");
+    frmFam().abrePeloMenu();
+    click("cmdFechar");
+    EXPECT_FALSE(frmFam().isShown());
+    frmFam().mostraPara(OrigemFam::FamiliaOrigem, "2");
+    chamada().desiste();
+    click("cmdFechar");
     EXPECT_FALSE(frmFam().isShown());
 }
 
@@ -80,14 +84,18 @@ TEST_F(FamilyLinks, OnlyItsCloseBoxIsRefused)
 TEST_F(FamilyLinks, ASearchInProgressBarsTheChangesOfTheChildren)
 {
     cnBDP.execute("insert into individuo (nind, nome, famorig) values (7, 'Ana', 2)");
-    frmFam().ActualizaCampos(frmFam().adoFam.recordset(), 2);
-    EXPECT_EQ(frmFam().dtgFilho->rows(), 2);
-    EmPesquisa = true;
-    frmFam().cmdElimF->click();
-    frmFam().cmdInsF->click();
+    frmFam().mostraPara(OrigemFam::FamiliaConstituida, "2");
+    EXPECT_EQ(control<Grid>(frmFam(), "dtgFilho").rows(), 2);
+    click("cmdLoc");
+    ASSERT_TRUE(EmPesquisa);
+    for (const char* name : {"cmdElimF", "cmdInsF"})
+        control<CommandButton>(frmFam(), name).setEnabled(true);
+    frmFam().mostraPara(OrigemFam::FamiliaConstituida, "2");
+    click("cmdElimF");
+    click("cmdInsF");
     EXPECT_FALSE(Forms::isLoaded(FrmInd::Name));
-    EXPECT_EQ(frmFam().dtgFilho->rows(), 2);
-    EXPECT_EQ(IndChamado, 0);
+    EXPECT_EQ(control<Grid>(frmFam(), "dtgFilho").rows(), 2);
+    EXPECT_FALSE(chamada().IndChamado());
 }
 
 TEST_F(FamilyLinks, TheSplashStandsBeforeTheCardUntilEscape)

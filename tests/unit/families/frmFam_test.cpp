@@ -1,6 +1,7 @@
 // The card of a family where no command and no scenario looks: the type that is worked out, and the tool tips.
 #include "families/frmFam.h"
 
+#include "control.h"
 #include "store/parish.h"
 
 namespace {
@@ -39,39 +40,39 @@ protected:
 
 TEST_F(FamilyCard, WorksOutTheTypeFromThePeopleOnTheCard)
 {
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(1), "1");
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(1)), "1");
     forget("datanasc", 2);
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(1), "2");
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(1)), "2");
     forget("dataobito", 1);
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(1), "4");
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(1)), "4");
     cnBDP.execute("update individuo set datanasc = '1725-02-03', dataobito = null where nind = 2");
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(1), "3");
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(1)), "3");
 }
 
 TEST_F(FamilyCard, NeedsTheBirthsOfAllChildrenForAType)
 {
     person(3, "m", "'1750-01-01'", "null", 1);
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(1), "1");
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(1)), "1");
     person(4, "m", "null", "null", 1);
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(1), "7");
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(2), "1"); // a family without children
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(1)), "7");
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(2)), "1"); // a family without children
 }
 
 TEST_F(FamilyCard, TellsAnErrorWhereAHalfIsEmptyAndAnswersSeven)
 {
-    frmFam().txtSnind->clear();
+    control<TextBox>(frmFam(), "txtSnind").clear();
     const Answer box("OK");
-    EXPECT_EQ(frmFam().CalculaTipoFamilia(1), "7");
+    EXPECT_EQ(frmFam().CalculaTipoFamilia(Nfam(1)), "7");
     EXPECT_TRUE(box.text.startsWith("Ocorreu o erro "));
 }
 
 TEST_F(FamilyCard, TellsTheLifeOfAMemberInTheToolTip)
 {
-    EXPECT_EQ(frmFam().txtPnome->toolTip(), "DN: 10/05/1720 (Esporões)  -  DO: 02/01/1790");
-    EXPECT_EQ(frmFam().txtSnome->toolTip(), "DN: 03/02/1725 (Esporões)  -  DO: 31/12/1801");
-    frmFam().txtPnind->setText("9");
-    EXPECT_EQ(frmFam().txtPnome->text(), "");
-    EXPECT_EQ(frmFam().txtPnome->toolTip(), "");
-    frmFam().txtSnind->clear();
-    EXPECT_EQ(frmFam().txtSnome->toolTip(), "");
+    EXPECT_EQ(control<TextBox>(frmFam(), "txtPnome").toolTip(), "DN: 10/05/1720 (Esporões)  -  DO: 02/01/1790");
+    EXPECT_EQ(control<TextBox>(frmFam(), "txtSnome").toolTip(), "DN: 03/02/1725 (Esporões)  -  DO: 31/12/1801");
+    control<TextBox>(frmFam(), "txtPnind").setText("9");
+    EXPECT_EQ(control<TextBox>(frmFam(), "txtPnome").text(), "");
+    EXPECT_EQ(control<TextBox>(frmFam(), "txtPnome").toolTip(), "");
+    control<TextBox>(frmFam(), "txtSnind").clear();
+    EXPECT_EQ(control<TextBox>(frmFam(), "txtSnome").toolTip(), "");
 }

@@ -1,228 +1,245 @@
-// The card beside forms that no command leads to yet: who calls it up, what it hands over, and the way back.
+// The card as a picker, for an asker of whom it knows the request alone.
 #include "individuals/individual_card.h"
 
 #include "views/frmRP.h"
 
-TEST_F(IndividualCard, ClosingGoesBackToWhoCalledIt)
+TEST_F(IndividualCard, TheAskerGetsThePersonAndTheRequestEnds)
 {
-    struct Closing
-    {
-        int origin;
-        const char* caller;
-        bool staysOpen;
-    };
-    OrigemInterv = 2;
-    for (const Closing& closing :
-         {Closing{0, "frmFam", false}, Closing{1, "frmFam", false}, Closing{2, "frmFam", false},
-          Closing{3, "frmIntervenientes", true}, Closing{4, "frmIntervenientes", true},
-          Closing{5, "frmIntervenientes", true}, Closing{6, "frmFuneral", true}, Closing{7, "frmLegados", true},
-          Closing{8, "frmFam", false}})
-    {
-        const Form* form = caller(closing.caller);
-        close(closing.origin);
-        EXPECT_TRUE(form->isEnabled()) << closing.origin;
-        EXPECT_EQ(frmInd().isShown(), closing.staysOpen) << closing.origin;
-        EXPECT_TRUE(form->isActive()) << closing.origin;
-    }
+    ask(request(DepoisDePedido::Esconde));
+    EXPECT_FALSE(asker->isEnabled());
+    EXPECT_TRUE(frmInd().isShown());
+    click("cmdAtribuir");
+    EXPECT_EQ(given, "7");
+    EXPECT_TRUE(asker->isEnabled() && asker->isActive());
+    EXPECT_FALSE(frmInd().isShown());
+    EXPECT_FALSE(chamada().existe());
 }
 
-TEST_F(IndividualCard, ClosingHidesItBesideTheParticipantsOfAFamilysAct)
+TEST_F(IndividualCard, AnActMayAskAgainUntilTheCardIsClosed)
 {
-    OrigemInterv = 1;
-    const Form* form = caller("frmIntervenientes");
-    close(4);
-    EXPECT_TRUE(form->isEnabled());
+    for (const auto then : {DepoisDePedido::FicaAberta, DepoisDePedido::FicaEscondida}) {
+        const bool open = then == DepoisDePedido::FicaAberta;
+        ask(request(then));
+        click("cmdAtribuir");
+        EXPECT_TRUE(asker->isEnabled() && asker->isActive());
+        EXPECT_FALSE(frmInd().isEnabled());
+        EXPECT_EQ(frmInd().isShown(), open);
+        EXPECT_TRUE(chamada().existe());
+        frmInd().setEnabled(true);
+        ask(request(then));
+        click("cmdFechar");
+        EXPECT_TRUE(asker->isEnabled() && asker->isActive());
+        EXPECT_EQ(frmInd().isShown(), open);
+        EXPECT_FALSE(chamada().existe());
+    }
+    EXPECT_EQ(given, "77");
+}
+
+TEST_F(IndividualCard, ClosingWithoutAChoiceGivesNobody)
+{
+    ask(request(DepoisDePedido::Esconde));
+    click("cmdFechar");
+    EXPECT_EQ(given, "");
+    EXPECT_TRUE(asker->isEnabled());
+    EXPECT_FALSE(frmInd().isShown());
+    EXPECT_FALSE(chamada().existe());
+}
+
+TEST_F(IndividualCard, ClosingItWhereNobodyAsksEnablesTheCardOfFamilies)
+{
+    Form* family = Forms::show(FrmFam::Name);
+    family->setEnabled(false);
+    frmInd().display();
+    click("cmdFechar");
+    EXPECT_TRUE(family->isEnabled());
     EXPECT_FALSE(frmInd().isShown());
 }
 
 TEST_F(IndividualCard, ClosingAPickerOfItselfShowsTheCurrentPersonAgain)
 {
-    frmInd().txtNome->setText("x");
-    close(9);
+    name().setText("x");
+    PedidoDeIndividuo itself = request(DepoisDePedido::ReabreEdicao);
+    itself.espera = false;
+    chamada().comeca(itself);
+    click("cmdFechar");
     EXPECT_TRUE(frmInd().isShown());
-    EXPECT_EQ(frmInd().txtNome->text(), "Ana");
-    close(42);
-    EXPECT_TRUE(frmInd().isShown());
+    EXPECT_EQ(name().text(), "Ana");
+    EXPECT_FALSE(chamada().existe());
 }
 
-TEST_F(IndividualCard, AChangedNameGoesToTheSpouseOnTheOpenFamilyCard)
+TEST_F(IndividualCard, ARefusalIsToldWithItsIconAndThePersonStays)
 {
-    caller("frmFam");
-    const FrmFam& family = frmFam();
-    family.txtPnind->setText("7");
-    family.txtSnind->setText("7");
-    family.txtPnome->setText("father");
-    family.txtSnome->setText("mother");
-    rename("Eva");
-    EXPECT_EQ(family.txtPnome->text(), "father");
-    OrigemInd = 1;
-    rename("Ida");
-    EXPECT_EQ(family.txtPnome->text(), "Ida");
-    EXPECT_EQ(family.txtSnome->text(), "mother");
-    OrigemInd = 2;
-    rename("Isa");
-    EXPECT_EQ(family.txtPnome->text(), "Ida");
-    EXPECT_EQ(family.txtSnome->text(), "Isa");
-    OrigemInd = 1;
-    family.txtPnind->setText("8");
-    family.txtPnome->setText("father");
-    rename("Iva");
-    EXPECT_EQ(family.txtPnome->text(), "father");
-}
-
-TEST_F(IndividualCard, AnActGetsTheNumberOfThePersonChosen)
-{
-    struct Choice
-    {
-        int origin, interv;
-        const char *caller, *field;
-    };
-    for (const Choice& choice :
-         {Choice{3, 2, "frmIntervenientes", "txtIndP1"}, Choice{4, 1, "frmIntervenientes", "txtIndP2"},
-          Choice{5, 2, "frmIntervenientes", "txtIndAss"}, Choice{6, 1, "frmFuneral", "txtNindP"},
-          Choice{7, 1, "frmLegados", "txtNindH"}})
-    {
-        const Form* act = caller(choice.caller);
-        OrigemInterv = choice.interv;
-        choose(choice.origin);
-        EXPECT_EQ(act->findChild<TextBox*>(choice.field)->text(), "7") << choice.origin;
-        EXPECT_TRUE(act->isEnabled() && act->isActive()) << choice.origin;
-        EXPECT_FALSE(frmInd().isEnabled()) << choice.origin;
-        EXPECT_EQ(frmInd().isShown(), choice.origin != 4) << choice.origin;
-        EXPECT_EQ(OrigemInd, choice.origin);
-        frmInd().setEnabled(true);
-    }
-}
-
-TEST_F(IndividualCard, WhoCouldNotHaveBeenAtTheActIsRefused)
-{
-    cnBDP.execute("update individuo set datanasc = '10/03/1750' where nind = 7");
-    const QString first = "O indivíduo que tenta atribuir não se encontra no espaço temporal permitido!";
-    const QString second = "\nAtribua outro indivíduo.";
-    const Form* act = caller("frmIntervenientes");
-    for (const int origin : {3, 4, 5}) {
+    for (const auto icon : {Icon::None, Icon::Information}) {
+        PedidoDeIndividuo refusing = request(DepoisDePedido::Esconde);
+        refusing.recusa = [=](const PedidoDeIndividuo& pedido, const FrmInd& card) -> std::optional<RecusaDeIndividuo> {
+            EXPECT_EQ(pedido.origem, OrigemInd::Assistente);
+            return RecusaDeIndividuo{"Não o nº " + card.numero(), icon};
+        };
+        ask(refusing);
         const Answer ok("OK");
-        choose(origin);
-        EXPECT_EQ(ok.text, first + second) << origin;
-        EXPECT_EQ(ok.icon, QMessageBox::NoIcon);
+        click("cmdAtribuir");
+        EXPECT_EQ(ok.text, "Não o nº 7");
+        EXPECT_EQ(ok.icon, icon == Icon::None ? QMessageBox::NoIcon : QMessageBox::Information);
         EXPECT_EQ(ok.title, boxTitle);
-        EXPECT_FALSE(act->isEnabled());
+        EXPECT_FALSE(asker->isEnabled());
         EXPECT_TRUE(frmInd().isShown() && frmInd().isEnabled());
     }
-    for (const char* field : {"txtIndP1", "txtIndP2", "txtIndAss"})
-        EXPECT_EQ(act->findChild<TextBox*>(field)->text(), "");
-    EXPECT_EQ(DataActo, "09/03/1750");
-}
-
-TEST_F(IndividualCard, AFuneralIsHeldAgainstItsDateWhereItHasOne)
-{
-    cnBDP.execute("update individuo set datanasc = '10/03/1750' where nind = 7");
-    const Form* funeral = caller("frmFuneral");
-    const auto* priest = funeral->findChild<TextBox*>("txtNindP");
-    DataActo = "09/03/1750";
-    const Answer ok("OK");
-    choose(6);
-    EXPECT_EQ(ok.text, "O indivíduo que tenta atribuir não se  encontra no espaço temporal permitido!\nAtribua outro "
-                       "indivíduo.");
-    EXPECT_EQ(priest->text(), "");
-    DataActo.clear();
-    choose(6);
-    EXPECT_EQ(priest->text(), "7");
-    EXPECT_EQ(ok.given, 1);
+    EXPECT_EQ(given, "");
 }
 
 TEST_F(IndividualCard, NobodyIsHandedOverWhereNobodyAsksOrNobodyIsShown)
 {
-    const Form* act = caller("frmLegados");
-    const auto* heir = act->findChild<TextBox*>("txtNindH");
-    choose(8);
-    choose(42);
-    frmInd().txtNind->clear();
-    choose(7);
-    EXPECT_EQ(heir->text(), "");
-    EXPECT_FALSE(act->isEnabled());
+    command("cmdAtribuir").setEnabled(true);
+    click("cmdAtribuir");
+    EXPECT_TRUE(frmInd().isShown());
+    ask(request(DepoisDePedido::Esconde));
+    control<TextBox>(frmInd(), "txtNind").clear();
+    click("cmdAtribuir");
+    EXPECT_EQ(given, "");
+    EXPECT_FALSE(asker->isEnabled());
+    EXPECT_TRUE(chamada().existe());
+}
+
+TEST_F(IndividualCard, AnAskerThatIsGoneGetsNobodyAndTheCardStays)
+{
+    ask(request(DepoisDePedido::FicaAberta));
+    asker->unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    click("cmdAtribuir");
+    EXPECT_EQ(given, "");
+    EXPECT_FALSE(chamada().existe());
     EXPECT_TRUE(frmInd().isShown() && frmInd().isEnabled());
-    frmInd().txtNind->setText("7");
-    choose(6); // its form is gone
-    EXPECT_EQ(OrigemInd, 8);
-    EXPECT_FALSE(Forms::isLoaded("frmFuneral"));
-    EXPECT_TRUE(frmInd().isEnabled());
+}
+
+TEST_F(IndividualCard, WhoAsksFollowsAnAlterationOnlyWhileTheRequestStands)
+{
+    const auto rename = [](const QString& to) {
+        click("cmdAlt");
+        name().setText(to);
+        click("cmdAlt");
+    };
+    QStringList followed;
+    rename("Eva");
+    PedidoDeIndividuo following = request(DepoisDePedido::FicaAberta);
+    following.segueAlteracao = [&](const FrmInd& card) { followed << card.nome(); };
+    ask(following);
+    rename("Ida");
+    click("cmdFechar");
+    rename("Isa");
+    EXPECT_EQ(followed, QStringList{"Ida"});
+}
+
+TEST_F(IndividualCard, TheRequestOfAnActLeavesACardThatIsBeingEditedAsItIs)
+{
+    cnBDP.execute("insert into individuo (nind, nome, tipo, sexo) values (8, 'Rui', 'T', 'm')");
+    FrmInd::abrePeloMenu();
+    PedidoDeIndividuo act = request(DepoisDePedido::FicaAberta);
+    act.deActo = true;
+    click("cmdAlt");
+    FrmInd::pede(act, QString("8"));
+    EXPECT_EQ(frmInd().numero(), "7");
+    EXPECT_EQ(frmInd().modo(), Modo::Edi);
+    EXPECT_FALSE(command("cmdAtribuir").isEnabled());
+    click("cmdElim");
+    EXPECT_TRUE(command("cmdAtribuir").isEnabled());
+    FrmInd::pede(act, QString("8"));
+    EXPECT_EQ(frmInd().numero(), "8");
+    FrmInd::pede(act, std::nullopt);
+    EXPECT_EQ(frmInd().numero(), "8");
+}
+
+TEST_F(IndividualCard, TheFormThatAskedGoesAndTheCardIsBackOnItsPerson)
+{
+    cnBDP.execute("insert into individuo (nind, nome, tipo, sexo) values (8, 'Rui', 'T', 'm')");
+    FrmInd::abrePeloMenu();
+    PedidoDeIndividuo act = request(DepoisDePedido::FicaAberta);
+    act.deActo = true;
+    FrmInd::pede(act, QString("8"));
+    frmInd().setEnabled(false);
+    frmInd().desiste(OrigemInd::Herdeiro, "7"); // another form's request stands
+    EXPECT_TRUE(chamada().existe());
+    EXPECT_TRUE(command("cmdAtribuir").isEnabled());
+    frmInd().desiste(OrigemInd::Assistente, "7");
+    EXPECT_FALSE(chamada().existe());
+    EXPECT_EQ(frmInd().numero(), "7");
+    EXPECT_FALSE(command("cmdAtribuir").isEnabled());
 }
 
 TEST_F(IndividualCard, CommandsOfFormsThatDontExistDoNothing)
 {
-    for (CommandButton* command : {frmInd().cmdProf, frmInd().cmdResid, frmInd().cmdAssin, frmInd().cmdApadrinha,
-                                   frmInd().cmdCerFun, frmInd().cmdRMorte, frmInd().cmdLegProf})
-    {
-        command->click();
-        EXPECT_TRUE(frmInd().isEnabled() && frmInd().isShown()) << qPrintable(command->objectName());
+    for (const char* opening :
+         {"cmdProf", "cmdResid", "cmdAssin", "cmdApadrinha", "cmdCerFun", "cmdRMorte", "cmdLegProf"}) {
+        click(opening);
+        EXPECT_TRUE(frmInd().isEnabled() && frmInd().isShown()) << opening;
     }
 }
 
 TEST_F(IndividualCard, TheParishRecordTakesTheCardsPlace)
 {
     cnBDP.execute("update individuo set rpObi = 'c:\\obitos.jpg' where nind = 7");
-    frmInd().ActualizaCampos(frmInd().adoInd.recordset());
+    frmInd().mostra("7");
     Forms::add(FrmRP::Name, [] { return new FrmRP; });
-    frmInd().cmdRP_1->click();
+    click("cmdRP_1");
     EXPECT_TRUE(frmRP().isShown());
     EXPECT_FALSE(frmInd().isShown());
-    EXPECT_EQ(frmRP().lblTipo->text(), "o");
-    EXPECT_EQ(frmRP().txtLoc->text(), "c:\\obitos.jpg");
-    frmInd().cmdRP_0->click();
-    EXPECT_EQ(frmRP().lblTipo->text(), "b");
-    EXPECT_EQ(frmRP().txtLoc->text(), "");
+    EXPECT_EQ(control<QLabel>(frmRP(), "lblTipo").text(), "o");
+    EXPECT_EQ(control<TextBox>(frmRP(), "txtLoc").text(), "c:\\obitos.jpg");
+    click("cmdRP_0");
+    EXPECT_EQ(control<QLabel>(frmRP(), "lblTipo").text(), "b");
+    EXPECT_EQ(control<TextBox>(frmRP(), "txtLoc").text(), "");
 }
 
 TEST_F(IndividualCard, AfterAnEditAPersonCanBeHandedOverWhereOneWasAskedFor)
 {
-    const auto offered = [](int origin, int called) {
-        OrigemInd = origin;
-        IndChamado = called;
-        frmInd().cmdAlt->click();
-        EXPECT_FALSE(frmInd().cmdAtribuir->isEnabled());
-        frmInd().cmdElim->click();
-        return frmInd().cmdAtribuir->isEnabled();
+    const auto offered = [] {
+        click("cmdAlt");
+        EXPECT_FALSE(command("cmdAtribuir").isEnabled());
+        click("cmdElim");
+        return command("cmdAtribuir").isEnabled();
     };
-    EXPECT_FALSE(offered(8, 1));
-    EXPECT_TRUE(offered(3, 1));
-    EXPECT_FALSE(offered(3, 0));
+    EXPECT_FALSE(offered());
+    PedidoDeIndividuo quiet = request(DepoisDePedido::FicaAberta);
+    quiet.IndChamado = false;
+    ask(quiet);
+    EXPECT_FALSE(offered());
+    ask(request(DepoisDePedido::FicaAberta));
+    EXPECT_TRUE(offered());
+    chamada().desiste();
+    EXPECT_FALSE(offered());
 }
 
 TEST_F(IndividualCard, OnlyItsCloseBoxIsRefused)
 {
-    const Form* family = caller("frmFam");
     EXPECT_FALSE(frmInd().unload(Form::UnloadMode::ControlMenu));
     EXPECT_TRUE(frmInd().isShown());
-    OrigemInd = 1;
+    ask(request(DepoisDePedido::Esconde));
     EXPECT_TRUE(frmInd().unload());
     EXPECT_FALSE(Forms::isLoaded(FrmInd::Name));
-    EXPECT_TRUE(family->isEnabled());
-    EXPECT_EQ(OrigemInd, 8);
+    EXPECT_TRUE(asker->isEnabled());
+    EXPECT_FALSE(chamada().existe());
 }
 
 TEST_F(IndividualCard, ItComesUpReadyToHandAPersonOverWhereOneWasAskedFor)
 {
-    Forms::add(SplashForm::Name, [] { return new SplashForm; });
     frmInd().unload();
-    for (const int called : {1, 0, 1}) { // the first one loads the card, behind the splash
-        IndChamado = called;
-        FrmIndLoaded();
+    for (const bool called : {true, false, true}) { // the first one loads the card, behind the splash
+        chamada().recomeca();
+        if (called) chamada().chama();
+        FrmInd::FrmIndLoaded();
         EXPECT_TRUE(frmInd().isShown());
-        EXPECT_EQ(frmInd().cmdAtribuir->isEnabled(), called == 1);
+        EXPECT_EQ(command("cmdAtribuir").isEnabled(), called);
         EXPECT_FALSE(Forms::isLoaded(SplashForm::Name));
     }
 }
 
 TEST_F(IndividualCard, TheSplashTellsThatThePeopleAreBeingLoaded)
 {
-    Forms::add(SplashForm::Name, [] { return new SplashForm; });
     frmInd().unload();
     QString step;
     Forms::add(FrmInd::Name, [&] {
         step = splashForm().findChild<QLabel*>("lblEst")->text();
         return new FrmInd;
     });
-    FrmIndLoaded();
+    FrmInd::FrmIndLoaded();
     EXPECT_EQ(step, "A carregar fichas de indivíduo. Aguarde por favor ...");
 }

@@ -4,8 +4,8 @@
 #include "individuals/frmInd.h"
 
 #include "common/passo.h"
-#include "common/globals.h"
 #include "common/SplashForm.h"
+#include "control.h"
 #include "families/frmFam.h"
 #include "platform/forms/msgbox.h"
 #include "store/parish.h"
@@ -19,44 +19,29 @@ protected:
         cnBDP.execute("insert into individuo (nind, nome, tipo, sexo) values (7, 'Ana', 'T', 'f')");
         Forms::add(FrmInd::Name, [] { return new FrmInd; });
         Forms::add(FrmFam::Name, [] { return new FrmFam; });
+        Forms::add(SplashForm::Name, [] { return new SplashForm; });
         Forms::show(FrmInd::Name);
     }
 
-    // A card that has called this one up, and waits.
-    Form* caller(const QString& name)
-    {
-        Form* form = Forms::load(name); // the family card; the forms of the acts are made here
-        if (!form)
-            form = make(name, [](TestForm& act) {
-                act.put<MaskedEdit>("mskData")->showPlain("09/03/1750");
-                for (const char* field : {"txtIndP1", "txtIndP2", "txtIndAss", "txtNindP", "txtNindH"})
-                    act.put<TextBox>(field);
-            });
-        form->display();
-        form->setEnabled(false);
-        frmInd().display();
-        return form;
-    }
+    static CommandButton& command(const char* name) { return control<CommandButton>(frmInd(), name); }
+    static void click(const char* name) { command(name).click(); }
+    static TextBox& name() { return control<TextBox>(frmInd(), "txtNome"); }
 
-    static void close(int origin)
-    {
-        OrigemInd = origin;
-        frmInd().cmdFechar->click();
-        EXPECT_EQ(OrigemInd, 8) << origin;
-    }
+    // A form that asks for a person, and what it was given.
+    Form* asker = make("frmQuemPede", [](TestForm& form) { form.put<TextBox>("txt"); });
+    QString given;
 
-    // Hands the person shown over to who asks.
-    static void choose(int origin)
+    PedidoDeIndividuo request(DepoisDePedido then)
     {
-        OrigemInd = origin;
-        frmInd().cmdAtribuir->setEnabled(true);
-        frmInd().cmdAtribuir->click();
+        return {.origem = OrigemInd::Assistente,
+                .quem = asker,
+                .IndChamado = true,
+                .depois = then,
+                .recebe = [this](const FrmInd& card) { given += card.numero(); }};
     }
-
-    static void rename(const QString& name)
+    void ask(PedidoDeIndividuo request)
     {
-        frmInd().cmdAlt->click();
-        frmInd().txtNome->setText(name);
-        frmInd().cmdAlt->click();
+        asker->display();
+        FrmInd::pede(std::move(request), QString());
     }
 };

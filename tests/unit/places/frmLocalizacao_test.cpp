@@ -2,6 +2,8 @@
 
 #include "common/globals.h"
 #include "forms/house.h"
+#include "individuals/pedido.h"
+#include "shell/startup.h"
 #include "store/session.h"
 
 #include <QTemporaryDir>
@@ -43,7 +45,7 @@ protected:
     {
         cnBDP.close();
         CodParoquia.clear();
-        limpaGlobais();
+        recomecaSessao();
     }
 
     Form* card(const QString& nome, const QList<const char*>& combos)
@@ -136,10 +138,10 @@ TEST_F(Picker, LeavesLocalitiesAndSitesOutForTheFuneralsPriest)
     Forms::show("frmLocalizacao");
     frmLocalizacao().cmbLugar->setText("Outeiro");
     frmLocalizacao().cmbS->setText("Fonte");
-    OrigemInd = 6;
+    chamada().comeca({.origem = OrigemInd::PadreDoFuneral, .espera = false});
     frmLocalizacao().cmdGuardar->click();
     EXPECT_EQ(frmLocalizacao().lstLocal->list(2), "São Mamede -F- 0303030101"); // the code stays the deeper one
-    OrigemInd = 8;
+    chamada().desiste();
     frmLocalizacao().cmdGuardar->click(); // the same code under its own letter
     EXPECT_EQ(frmLocalizacao().lstLocal->list(3), "Fonte -S- 0303030101");
 }

@@ -1,40 +1,53 @@
 #include "shell/frmORV.h"
 
-#include "forms/house.h"
+#include "attributes/frmPass.h"
+#include "attributes/frmResid.h"
+#include "control.h"
+#include "individuals/frmInd.h"
+#include "platform/forms/forms.h"
+#include "platform/jet/database.h"
+#include "shell/startup.h"
+#include "store/modBD.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
 
 namespace {
 
-// The main window, with forms that stand for those of the passports and the residences.
+// The main window over a BDP with one person.
 class Passports : public testing::Test
 {
 protected:
     Passports()
     {
+        jet::createDatabase(folder.filePath("a.orv"));
+        cnBDP.open(folder.filePath("a.orv"));
+        CriaTabelas(cnBDP, ORV_DATA_DIR "/CriarTab.dat");
+        cnBDP.execute("insert into individuo (nind, nome) values (7, 'Ana')");
+        registerForms();
         window.show();
-        add("frmPass", "Passaportes", "cmbDados_1");
-        add("frmInd", "Indivíduo", "cmbLoc");
-        add("frmResid", "Residências do indivíduo", "cmbLoc");
-        add("frmFam", "Família", "cmbLoc");
     }
-    ~Passports() override { Forms::clear(); }
-
-    void add(const QString& name, const QString& caption, const char* combo)
+    ~Passports() override
     {
-        Forms::add(name, [=] {
-            auto* form = new TestForm(name);
-            form->setCaption(caption);
-            form->put<ComboBox>(combo);
-            return form;
-        });
+        Forms::clear();
+        cnBDP.close();
+        recomecaSessao();
     }
 
     void chooseMenu() { window.findChild<QAction*>("mnuPass")->trigger(); }
 
-    static ComboBox& combo(const QString& form, const QString& name)
+    static ComboBox& residence() { return control<ComboBox>(theForm<FrmResid>(), "cmbLoc"); }
+    static QStringList destinations()
     {
-        return *Forms::find(form)->findChild<ComboBox*>(name);
+        QStringList entries;
+        const auto& list = control<ComboBox>(theForm<FrmPass>(), "cmbDados_1");
+        for (int i = 0; i < list.count(); ++i)
+            entries << list.list(i);
+        return entries;
     }
 
+    QTemporaryDir folder;
     FrmORV window;
 };
 
@@ -44,7 +57,8 @@ TEST_F(Passports, OpenBesideTheCardOfAnIndividual)
 {
     Forms::show("frmInd");
     chooseMenu();
-    EXPECT_TRUE(Forms::isLoaded("frmPass"));
+    ASSERT_TRUE(Forms::isLoaded("frmPass"));
+    EXPECT_EQ(control<QLabel>(theForm<FrmPass>(), "Label2_2").text(), "Ana");
 }
 
 TEST_F(Passports, DoNothingWhileTheCardIsHiddenOrWaits)
@@ -65,21 +79,23 @@ TEST_F(Passports, GoByTheFormLoadedLastAndNotByTheActiveOne)
     EXPECT_FALSE(Forms::isLoaded("frmPass"));
 }
 
-TEST_F(Passports, TakeThePlaceOfTheResidence)
+TEST_F(Passports, TakeThePlaceOfThePersonsResidence)
 {
-    Forms::show("frmResid");
-    combo("frmResid", "cmbLoc").add("Agadão -F- 010101");
-    combo("frmResid", "cmbLoc").setListIndex(0);
+    Forms::show("frmInd");
+    control<CommandButton>(frmInd(), "cmdResid").click();
+    residence().add("Agadão -F- 010101");
+    residence().setListIndex(residence().count() - 1);
     chooseMenu();
     ASSERT_TRUE(Forms::isLoaded("frmPass"));
-    EXPECT_EQ(combo("frmPass", "cmbDados_1").count(), 1);
-    EXPECT_EQ(combo("frmPass", "cmbDados_1").list(0), "Agadão -F- 010101");
+    EXPECT_EQ(destinations(), (QStringList{"  ", "Agadão -F- 010101"}));
 }
 
 TEST_F(Passports, WithNoPlaceChosenAddNone)
 {
-    Forms::show("frmResid");
+    Forms::show("frmInd");
+    control<CommandButton>(frmInd(), "cmdResid").click();
+    residence().setListIndex(-1);
     chooseMenu();
     ASSERT_TRUE(Forms::isLoaded("frmPass"));
-    EXPECT_EQ(combo("frmPass", "cmbDados_1").count(), 0);
+    EXPECT_EQ(destinations(), QStringList{"  "});
 }

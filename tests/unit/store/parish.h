@@ -1,9 +1,9 @@
 // A main window over an empty BDP, which is the one in work.
 #pragma once
 
-#include "common/globals.h"
 #include "forms/house.h"
 #include "platform/jet/database.h"
+#include "shell/startup.h"
 #include "store/modBD.h"
 
 #include <QTemporaryDir>
@@ -21,7 +21,7 @@ protected:
     {
         Forms::clear();
         cnBDP.close();
-        limpaGlobais();
+        recomecaSessao();
     }
 
     QTemporaryDir folder;

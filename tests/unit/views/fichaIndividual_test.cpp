@@ -1,6 +1,7 @@
 // The sheet of one person: nine marks of a template, and what comes in their places.
 #include "views/fichaIndividual.h"
 
+#include "common/dono.h"
 #include "individuals/individual_card.h"
 #include "platform/desktop/desktop.h"
 #include "views/rtfdocument.h"
@@ -34,8 +35,7 @@ protected:
     static void set(const QString& columns)
     {
         cnBDP.execute("update individuo set " + columns + " where nind = 7");
-        frmInd().adoInd.refresh();
-        frmInd().ActualizaCampos(frmInd().adoInd.recordset());
+        frmInd().mostra("7");
     }
 
     static void setAll()
@@ -56,7 +56,7 @@ protected:
     static void run()
     {
         Answer answer("OK");
-        FichaIndividual();
+        FichaIndividual(*frmInd().dono().registo);
         EXPECT_EQ(answer.given, 1);
         EXPECT_EQ(answer.text, "Ficha Individual concluída.");
         EXPECT_EQ(answer.icon, QMessageBox::NoIcon);
@@ -240,9 +240,9 @@ TEST_F(Sheet, TheParentsAreNeverNamed)
 
 TEST_F(Sheet, ThePersonIsTheOneShownWhereverTheListStands)
 {
-    cnBDP.execute("insert into individuo (nind, nome, tipo, sexo) values (8, 'Rui', 'T', 'm')");
+    cnBDP.execute("insert into individuo (nind, nome, tipo, sexo) values (3, 'Rui', 'T', 'm')");
     set("titulo = 'D.'");
-    frmInd().adoInd.recordset().moveLast();
+    FrmInd::abrePeloMenu(); // the list goes to its first row
     EXPECT_EQ(values()[0], "Ana");
 }
 
@@ -273,18 +273,6 @@ TEST_F(Sheet, WhatCantBeWrittenOrReadIsToldNowhere)
     EXPECT_TRUE(QFile::remove(path("fichInd.doc")));
     run();
     EXPECT_EQ(result(), first);
-}
-
-TEST_F(Sheet, OnlyTheCardOfAPersonLoadedLastHasASheet)
-{
-    Forms::show(FrmFam::Name);
-    FichaIndividual();
-    frmInd().display(); // the form in front doesn't decide
-    FichaIndividual();
-    EXPECT_FALSE(QFile::exists(path("resultfichInd.doc")));
-    frmFam().unload();
-    run();
-    EXPECT_TRUE(QFile::exists(path("resultfichInd.doc")));
 }
 
 TEST_F(Sheet, TheClipboardIsntTouched)

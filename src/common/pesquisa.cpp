@@ -1,0 +1,3 @@
+#include "common/pesquisa.h"
+
+Pesquisa EmPesquisa;

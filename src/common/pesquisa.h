@@ -1,0 +1,23 @@
+// Whether a search for families is under way.
+#pragma once
+
+// From the empty form to search by until its results are accepted or dropped. Nothing may be added, altered or deleted
+// meanwhile, in any window. It outlives the card that searches.
+// Kept: a search for people isn't told here.
+class Pesquisa
+{
+public:
+    explicit operator bool() const { return emCurso_; }
+
+private:
+    friend class FrmFam;          // whose search it is
+    friend class Ficha;           // whose results end it
+    friend void recomecaSessao(); // the change of the BDP forgets it
+
+    void comeca() { emCurso_ = true; }
+    void acaba() { emCurso_ = false; }
+
+    bool emCurso_ = false;
+};
+
+extern Pesquisa EmPesquisa;

@@ -1,0 +1,105 @@
+// Who calls the card of a person up, and what for.
+#pragma once
+
+#include "platform/forms/form.h"
+#include "platform/forms/msgbox.h"
+
+#include <QList>
+#include <QPointer>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class FrmInd;
+
+// Who asks, by the system's numbers.
+enum class OrigemInd
+{
+    Filho = 0, // frmFam: a child
+    Marido,    // frmFam: the spouses
+    Esposa,
+    PrimeiroPadre, // frmIntervenientes
+    SegundoPadre,
+    Assistente,
+    PadreDoFuneral, // frmFuneral
+    Herdeiro,       // frmLegados
+    Ninguem,
+    Testamenteiro // frmInd itself: an executor
+};
+
+// Why a person isn't handed over, as the user is told.
+struct RecusaDeIndividuo
+{
+    QString motivo;
+    Icon icone = Icon::Information;
+};
+
+// What becomes of the card when a person was handed over, and when it is closed instead.
+enum class DepoisDePedido
+{
+    Esconde,       // it is hidden, all who wait are enabled, and nobody asks any more
+    FicaAberta,    // it waits, disabled, beside who asked, who may ask again; closing it ends the request
+    FicaEscondida, // the same, hidden
+    ReabreEdicao   // it goes on with the edit that it was called up from; closing it leaves it on its list
+};
+
+// A request for a person. The card knows who asks by nothing else.
+struct PedidoDeIndividuo
+{
+    OrigemInd origem = OrigemInd::Ninguem;
+    QPointer<Form> quem = {}; // who waits
+    bool espera = true;  // disabled meanwhile
+
+    // The request of an act: the card is enabled for it and comes up as it is; one that is being edited or searched by
+    // stays on its person, and that ends before "a&Tribuir" is open.
+    bool deActo = false;
+    bool IndChamado = false; // sets that of the Chamada; else it stays as it was
+
+    DepoisDePedido depois = DepoisDePedido::Esconde;
+    QString DataActo = {}; // when the person must have been observable, dd/mm/yyyy; "" where that isn't known
+    // The reason not to hand the person shown over; none where there is none.
+    std::function<std::optional<RecusaDeIndividuo>(const PedidoDeIndividuo&, const FrmInd&)> recusa = {};
+    std::function<void(FrmInd&)> recebe = {};               // takes the person shown
+    std::function<void(const FrmInd&)> segueAlteracao = {}; // the person shown was altered while the request stood
+};
+
+// The request in force. It outlives the card, which may be called up before it is loaded.
+class Chamada
+{
+public:
+    const PedidoDeIndividuo& pedido() const { return pedido_; }
+    OrigemInd origem() const { return pedido_.origem; }
+    bool existe() const { return origem() != OrigemInd::Ninguem; }
+
+    // Whether the card is called up, or the card of families may call it up next: then it offers "a&Tribuir" when it
+    // comes up, and doesn't lead to families. Kept: the end of a request by the card alone leaves it on.
+    bool IndChamado() const { return IndChamado_; }
+    // After an edit or a search.
+    bool ofereceAtribuir() const { return existe() && IndChamado_; }
+
+    // Takes the place of the request in force. Its asker gets nobody, and goes on waiting until libertaQuemEspera().
+    void comeca(PedidoDeIndividuo pedido);
+    // Disables the new asker: once the card stands before the user, as a card that fails to come up leaves nobody
+    // waiting.
+    void espera();
+    // Nobody asks any more. IndChamado stays.
+    void desiste() { pedido_ = {}; }
+    // Nobody asks or calls any more, but for a family that is being edited: there the other spouse may come next.
+    void acaba();
+    void terminaIndChamado() { IndChamado_ = familiaEmEdicao_; }
+    // Enables all who have waited since the last time.
+    void libertaQuemEspera();
+
+    void chama() { IndChamado_ = true; }   // by an assistant who is being altered
+    void familiaMudaDeModo(bool emEdicao); // by the card of families
+    void recomeca() { *this = {}; }        // another session begins
+
+private:
+    PedidoDeIndividuo pedido_;
+    QList<QPointer<Form>> aEspera_;
+    bool IndChamado_ = false;
+    bool familiaEmEdicao_ = false;
+};
+
+Chamada& chamada();
