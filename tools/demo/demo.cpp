@@ -4,9 +4,12 @@
 #include "rows.h"
 #include "transcriber.h"
 
+#include "families/tipoFam.h"
 #include "platform/desktop/desktop.h"
 #include "platform/jet/recordset.h"
 #include "store/modBD.h"
+
+#include <algorithm>
 
 namespace demo {
 namespace {
@@ -113,16 +116,18 @@ void writePeople(const Parish& parish, jet::Connection& bdp)
     }
 }
 
-// The type of family, by what is known of the wife's birth, of both deaths and of the marriage; the births of all
-// children are known here.
-int typeOf(const Family& family, const Parish& parish)
+QString typeOf(const Family& family, const Parish& parish)
 {
-    if (!family.husband.person || !family.wife.person) return 7;
-    const Person& wife = parish.person(family.wife.person);
-    const bool birthKnown = wife.birthTold.conhecida();
-    const bool bothDeaths = wife.deathTold.conhecida() && parish.person(family.husband.person).deathTold.conhecida();
-    if (family.wedding.conhecida()) return bothDeaths ? (birthKnown ? 1 : 2) : (birthKnown ? 3 : 4);
-    return bothDeaths ? (birthKnown ? 5 : 6) : 7;
+    const auto tells = [&](Nind person, DataRegistada Person::*act) {
+        return person && (parish.person(person).*act).conhecida();
+    };
+    return tipoDaFamilia({
+        .nascimentoDaMae = tells(family.wife.person, &Person::birthTold),
+        .obitos = tells(family.husband.person, &Person::deathTold) && tells(family.wife.person, &Person::deathTold),
+        .casamento = family.wedding.conhecida(),
+        .nascimentosDosFilhos = std::ranges::all_of(parish.childrenOf(family.number),
+                                                    [](const Person* child) { return child->birthTold.conhecida(); }),
+    });
 }
 
 void writeSpouse(const Spouse& spouse, const Family& family, const Parish& parish, jet::Recordset& row)

@@ -145,6 +145,30 @@ TEST_F(DemoBdp, GivesEachPersonTheTypeOfTheKnownDates)
     expectNone("select nind from individuo where datanasc is null and dataobito is null and tipo <> '3'");
 }
 
+TEST_F(DemoBdp, GivesEachFamilyTheTypeOfTheKnownDates)
+{
+    const QString couple = "select familia.nfamilia from familia, familias as dele, familias as dela, individuo as "
+                           "pai, individuo as mae where familia.nfamilia = dele.nfamilia and familia.nfamilia = "
+                           "dela.nfamilia and dele.nind = pai.nind and dela.nind = mae.nind and pai.sexo = 'm' and "
+                           "mae.sexo <> 'm' and ";
+    const QString deaths = "pai.dataobito is not null and mae.dataobito is not null";
+    const QString noDeaths = "(pai.dataobito is null or mae.dataobito is null)";
+    for (const auto& [type, known] :
+         {std::pair("1", "datacasam is not null and mae.datanasc is not null and " + deaths),
+          {"2", "datacasam is not null and mae.datanasc is null and " + deaths},
+          {"3", "datacasam is not null and mae.datanasc is not null and " + noDeaths},
+          {"4", "datacasam is not null and mae.datanasc is null and " + noDeaths},
+          {"5", "datacasam is null and mae.datanasc is not null and " + deaths},
+          {"6", "datacasam is null and mae.datanasc is null and " + deaths},
+          {"7", "datacasam is null and " + noDeaths}})
+    {
+        expectAtLeast(1, couple + known);
+        expectNone(couple + known + " and tipocasal <> '" + type + "'");
+    }
+    expectNone("select familia.nfamilia from familia where tipocasal <> '7' and nfamilia in (select nfamilia from "
+               "familias group by nfamilia having count(*) = 1)");
+}
+
 TEST_F(DemoBdp, GivesEachFamilyOneOrTwoSpousesOfTheirSexes)
 {
     expectNone("select nfamilia from familia where nfamilia not in (select nfamilia from familias)");
