@@ -25,7 +25,7 @@ Parish Chronicle::run()
     return std::move(parish_);
 }
 
-Place Chronicle::inParish()
+Local Chronicle::inParish()
 {
     if (random_.chance(45)) return {parishCode, "F"};
     const int locality = random_.between(1, static_cast<int>(localities().size()));
@@ -60,9 +60,10 @@ int Chronicle::adultLifespan(int age)
 Person& Chronicle::add(Sex sex, QDate birth, QDate death)
 {
     Person person;
-    person.number = static_cast<int>(parish_.people.size()) + 1;
+    person.number = parish_.nextPerson();
     person.sex = sex;
     person.birth = birth;
+    person.birthTold = {birth, true};
     person.death = death;
     parish_.people.append(person);
     at(death, [this, number = person.number] { bury(number); });
@@ -76,7 +77,7 @@ Person& Chronicle::addNewcomer(Sex sex, QDate birth)
     person.name = givenName(random_, sex, birth.year());
     person.surname = sex == Sex::female && random_.chance(40) ? devotionalName(random_) : familyName(random_);
     person.name += ' ' + person.surname;
-    person.birthKnown = random_.chance(25);
+    if (!random_.chance(25)) person.birthTold = {};
     if (random_.chance(75)) person.birthPlace = {random_.pick(neighbours()), "F"};
     person.seenFrom = today_;
     return person;
@@ -87,7 +88,7 @@ void Chronicle::appointPriest()
     Person& priest = addNewcomer(Sex::male, birthAtAge(27, 40));
     priest.title = "Padre";
     priest.civilState = cleric;
-    priest.birthKnown = false;
+    priest.birthTold = {};
     priest.note("Pároco desta freguesia.");
     priest_ = priest.number;
     const QDate successor = std::min(priest.death.addDays(1), today_.addDays(random_.between(15 * 365, 30 * 365)));
@@ -101,9 +102,9 @@ void Chronicle::appointPriest()
 // A couple married before the first register of marriages, seen first at a child's baptism.
 void Chronicle::settleFounders(bool noble)
 {
-    const int husband = addNewcomer(Sex::male, birthAtAge(25, 38)).number;
-    const int wife = addNewcomer(Sex::female, birthAtAge(20, 30)).number;
-    for (Person* spouse : {&person(husband), &person(wife)}) {
+    const Nind husband = addNewcomer(Sex::male, birthAtAge(25, 38)).number;
+    const Nind wife = addNewcomer(Sex::female, birthAtAge(20, 30)).number;
+    for (Person* spouse : {&who(husband), &who(wife)}) {
         spouse->civilState = married;
         spouse->marriages = 1;
         if (noble) {
@@ -115,7 +116,7 @@ void Chronicle::settleFounders(bool noble)
     }
     Family& family = addFamily(husband, wife);
     family.notes = "Casados antes do primeiro livro de casamentos.";
-    if (priest_ == 0) appointPriest(); // who writes down the first act
+    if (!priest_) appointPriest(); // who writes down the first act
     bear(family.number);
 }
 
@@ -126,7 +127,7 @@ void Chronicle::findFoundling()
     child.surname = devotionalName(random_); // for children to come
     child.name = givenName(random_, sex, today_.year()) + (sex == Sex::male ? " Exposto" : " Exposta");
     child.filiation = foundling;
-    child.birthExact = false;
+    child.birthTold.fixa = false;
     child.birthPlace = {parishCode, "F"};
     child.baptizedBy = {priest_, parishPriest};
     child.seenFrom = today_;
@@ -135,18 +136,17 @@ void Chronicle::findFoundling()
     planLife(child);
 }
 
-void Chronicle::planBirth(int family, int fewest, int most)
+void Chronicle::planBirth(Nfam family, int fewest, int most)
 {
     after(fewest, most, [this, family] { bear(family); });
 }
 
-void Chronicle::bear(int number)
+void Chronicle::bear(Nfam number)
 {
     const Family family = parish_.family(number);
-    Person& mother = person(family.wife.person);
+    const Person& mother = who(family.wife.person);
     const int age = ageToday(mother);
-    const bool fathered =
-        family.husband.person == 0 || person(family.husband.person).death > today_.addDays(-pregnancy);
+    const bool fathered = !family.husband.person || who(family.husband.person).death > today_.addDays(-pregnancy);
     if (!mother.isPresent(today_) || !fathered || age >= fertileTo || age < fertileFrom) return;
 
     const bool twins = random_.chance(2);
@@ -180,9 +180,9 @@ void Chronicle::bearOne(const Family& family, bool twin)
     planLife(child);
 }
 
-void Chronicle::dieInChildbed(int number)
+void Chronicle::dieInChildbed(Nind number)
 {
-    Person& mother = person(number);
+    Person& mother = who(number);
     const QDate day = today_.addDays(random_.between(1, 15));
     if (day >= mother.death) return;
     mother.death = day;
@@ -191,8 +191,8 @@ void Chronicle::dieInChildbed(int number)
 
 void Chronicle::nameChild(Person& child, const Family& family)
 {
-    const Person& mother = person(family.wife.person);
-    const Person& parent = family.husband.person == 0 ? mother : person(family.husband.person);
+    const Person& mother = who(family.wife.person);
+    const Person& parent = family.husband.person ? who(family.husband.person) : mother;
     const bool devout = child.sex == Sex::female && random_.chance(45);
     child.surname = devout ? devotionalName(random_) : random_.chance(75) ? parent.surname : mother.surname;
     if (parent.title == "Dom") child.title = child.sex == Sex::male ? "Dom" : "Dona";
@@ -218,9 +218,9 @@ void Chronicle::planLife(const Person& child)
 }
 
 // What becomes of a grown child: some leave, some take orders; the men who stay look for a wife, the women wait.
-void Chronicle::comeOfAge(int number)
+void Chronicle::comeOfAge(Nind number)
 {
-    Person& person = this->person(number);
+    Person& person = who(number);
     if (random_.chance(8)) person.nickname = nickname(random_, person.sex);
     if (person.sex == Sex::male) {
         const int lot = random_.between(1, 100);
@@ -243,9 +243,9 @@ void Chronicle::comeOfAge(int number)
     if (lot <= 24) after(300, 4000, [this, number] { bearOutOfWedlock(number); });
 }
 
-void Chronicle::leave(int number, const QString& note)
+void Chronicle::leave(Nind number, const QString& note)
 {
-    Person& person = this->person(number);
+    Person& person = who(number);
     person.left = today_;
     person.seenTo = today_;
     person.note(note);

@@ -31,11 +31,11 @@ private:
         at(today_.addDays(random_.between(fewest, most)), std::move(event));
     }
 
-    Person& person(int number) { return parish_.person(number); }
+    Person& who(Nind number) { return parish_.person(number); }
     int ageToday(const Person& someone) const { return completedYears(someone.birth, today_); }
 
     // chronicle.cpp: who comes, who is born, what becomes of them
-    Place inParish();
+    Local inParish();
     QDate birthAtAge(int youngest, int oldest);
     int lifespan();
     int adultLifespan(int age);
@@ -45,22 +45,22 @@ private:
     void appointPriest();
     void settleFounders(bool noble);
     void findFoundling();
-    void bear(int family);
+    void bear(Nfam number);
     void bearOne(const Family& family, bool twin);
-    void dieInChildbed(int number);
+    void dieInChildbed(Nind mother);
     void nameChild(Person& child, const Family& family);
     void planLife(const Person& child);
-    void planBirth(int family, int fewest, int most);
-    void comeOfAge(int number);
-    void leave(int number, const QString& note);
+    void planBirth(Nfam family, int fewest, int most);
+    void comeOfAge(Nind number);
+    void leave(Nind number, const QString& note);
 
     // chronicle_acts.cpp: marriages and burials
-    void seekBride(int number);
-    int findBride(const Person& groom);
-    void wed(int groom, int bride);
-    Family& addFamily(int husband, int wife);
-    void bearOutOfWedlock(int mother);
-    void bury(int number);
+    void seekBride(Nind groom);
+    Nind findBride(const Person& groom);
+    void wed(Nind groom, Nind bride);
+    Family& addFamily(Nind husband, Nind wife);
+    void bearOutOfWedlock(Nind mother);
+    void bury(Nind number);
     void recordBurial(Person& dead);
     void leaveWidowed(const Person& dead);
 
@@ -68,7 +68,7 @@ private:
     Parish parish_;
     std::multimap<QDate, Event> agenda_; // events of one day in the order of their entry
     QDate today_;
-    int priest_ = 0; // number of the parish priest in office
+    Nind priest_; // the parish priest in office
 };
 
 } // namespace demo

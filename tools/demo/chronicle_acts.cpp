@@ -12,71 +12,71 @@ const QDate lostTo(1679, 12, 31);
 
 } // namespace
 
-void Chronicle::seekBride(int number)
+void Chronicle::seekBride(Nind number)
 {
-    const Person& groom = person(number);
+    const Person& groom = who(number);
     if (!groom.isPresent(today_) || groom.civilState == married || groom.civilState == cleric) return;
-    int bride = random_.chance(80) ? findBride(groom) : 0;
-    if (bride == 0) bride = addNewcomer(Sex::female, birthAtAge(19, 30)).number;
+    Nind bride = random_.chance(80) ? findBride(groom) : Nind();
+    if (!bride) bride = addNewcomer(Sex::female, birthAtAge(19, 30)).number;
     wed(number, bride);
 }
 
-// A single woman or a widow out of mourning, of fit age and of another family; 0 where there is none.
-int Chronicle::findBride(const Person& groom)
+// A single woman or a widow out of mourning, of fit age and of another family, if there is one.
+Nind Chronicle::findBride(const Person& groom)
 {
-    QList<int> candidates;
+    QList<Nind> candidates;
     for (const Person& woman : parish_.people) {
         const int age = ageToday(woman);
         const bool free =
             woman.civilState == single || (woman.civilState == widowed && woman.widowedOn < today_.addDays(-300));
         if (woman.sex == Sex::female && free && woman.isPresent(today_) && age >= 18 && age <= 38 &&
-            std::abs(age - ageToday(groom)) <= 15 && (woman.origin == 0 || woman.origin != groom.origin))
+            std::abs(age - ageToday(groom)) <= 15 && (!woman.origin || woman.origin != groom.origin))
             candidates.append(woman.number);
     }
-    return candidates.isEmpty() ? 0 : random_.pick(candidates);
+    return candidates.isEmpty() ? Nind() : random_.pick(candidates);
 }
 
-void Chronicle::wed(int groom, int bride)
+void Chronicle::wed(Nind groom, Nind bride)
 {
     Family& family = addFamily(groom, bride);
-    family.wedding = today_;
+    family.wedding = {today_, true};
     family.place = {parishCode, "F"};
     family.marriedBy = {priest_, parishPriest};
     if (random_.chance(5)) family.notes = "Dispensados no quarto grau de consanguinidade.";
     for (Spouse* spouse : {&family.husband, &family.wife}) {
-        Person& person = this->person(spouse->person);
+        Person& person = who(spouse->person);
         person.civilState = married;
         spouse->marriage = ++person.marriages;
     }
     planBirth(family.number, pregnancy, 600);
 }
 
-Family& Chronicle::addFamily(int husband, int wife)
+Family& Chronicle::addFamily(Nind husband, Nind wife)
 {
     Family family;
-    family.number = static_cast<int>(parish_.families.size()) + 1;
+    family.number = parish_.nextFamily();
     family.husband.person = husband;
-    if (husband != 0) family.husband.civilState = person(husband).civilState;
+    if (husband) family.husband.civilState = who(husband).civilState;
     family.wife.person = wife;
-    family.wife.civilState = person(wife).civilState;
+    family.wife.civilState = who(wife).civilState;
     family.seenFrom = today_;
     parish_.families.append(family);
     return parish_.families.last();
 }
 
-void Chronicle::bearOutOfWedlock(int number)
+void Chronicle::bearOutOfWedlock(Nind number)
 {
-    const Person& mother = person(number);
+    const Person& mother = who(number);
     if (!mother.isPresent(today_) || mother.civilState != single || ageToday(mother) >= fertileTo) return;
-    Family& family = addFamily(0, number);
+    Family& family = addFamily({}, number);
     family.situation = fatherUnknownFamily;
     bear(family.number);
 }
 
-void Chronicle::bury(int number)
+void Chronicle::bury(Nind number)
 {
-    Person& dead = person(number);
-    if (dead.death != today_ || dead.deathKnown) return; // died earlier than first laid down
+    Person& dead = who(number);
+    if (dead.death != today_ || dead.deathTold.conhecida()) return; // died earlier than first laid down
     if (dead.left.isValid() && dead.left <= today_) return;
     const bool lost = today_ >= lostFrom && today_ <= lostTo;
     if (!lost) recordBurial(dead);
@@ -86,9 +86,8 @@ void Chronicle::bury(int number)
 void Chronicle::recordBurial(Person& dead)
 {
     const int age = ageToday(dead);
-    dead.deathKnown = true;
+    dead.deathTold = {today_, !random_.chance(3)};
     dead.seenTo = today_;
-    dead.deathExact = !random_.chance(3);
     dead.deathPlace = inParish();
     dead.buriedBy = {priest_, parishPriest};
     dead.cause = causeOfDeath(random_, age);
@@ -105,10 +104,9 @@ void Chronicle::recordBurial(Person& dead)
         if (random_.chance(30)) dead.shroud = random_.chance(60) ? "Hábito de São Francisco" : "Lençol";
     }
     // The age told at the burial is all that is known of the birth of some newcomers.
-    if (!dead.birthKnown && dead.civilState != cleric && random_.chance(55)) {
-        dead.birthKnown = true;
-        dead.birthExact = false;
+    if (!dead.birthTold.conhecida() && dead.civilState != cleric && random_.chance(55)) {
         dead.birth = QDate(dead.birth.year(), 1, 1);
+        dead.birthTold = {dead.birth, false};
         dead.note("Nascimento calculado pela idade ao óbito.");
     }
 }
@@ -121,8 +119,8 @@ void Chronicle::leaveWidowed(const Person& dead)
         return one.situation == legitimateFamily &&
                (one.husband.person == dead.number || one.wife.person == dead.number);
     });
-    if (dead.deathKnown) family->seenTo = today_;
-    Person& other = person(family->husband.person == dead.number ? family->wife.person : family->husband.person);
+    if (dead.deathTold.conhecida()) family->seenTo = today_;
+    Person& other = who(family->husband.person == dead.number ? family->wife.person : family->husband.person);
     if (!other.isPresent(today_)) return;
     other.civilState = widowed;
     other.widowedOn = today_;

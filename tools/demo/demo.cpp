@@ -4,9 +4,12 @@
 #include "rows.h"
 #include "transcriber.h"
 
+#include "families/tipoFam.h"
 #include "platform/desktop/desktop.h"
 #include "platform/jet/recordset.h"
 #include "store/modBD.h"
+
+#include <algorithm>
 
 namespace demo {
 namespace {
@@ -43,19 +46,18 @@ void writePlaces(jet::Connection& bdp)
 
 void putBirth(jet::Recordset& row, const Person& person, const Parish& parish)
 {
-    if (person.birthKnown) row.set("datanasc", person.birth);
-    row.set("DnascFixa", person.birthKnown && person.birthExact);
+    put(row, "datanasc", "DnascFixa", person.birthTold);
     put(row, "localnasc", "tipolocalnasc", person.birthPlace);
     put(row, "filiacao", person.filiation);
     put(row, "primpadrebapt", "funcprimpbapt", person.baptizedBy);
     put(row, "segpadrebapt", "funcsegpbapt", person.baptizedWith);
-    if (person.origin == 0) return;
+    if (!person.origin) return;
 
     const Family& family = parish.family(person.origin);
     const auto putParent = [&](const Spouse& spouse, const QString& age, const QString& state) {
-        if (spouse.person == 0) return;
+        if (!spouse.person) return;
         const Person& parent = parish.person(spouse.person);
-        if (parent.birthKnown && parent.birthExact) row.set(age, completedYears(parent.birth, person.birth));
+        if (parent.birthTold.exacta()) row.set(age, completedYears(parent.birth, person.birth));
         row.set(state, family.situation == legitimateFamily ? married : single);
     };
     putParent(family.husband, "idadepai", "estadocivilpai");
@@ -65,15 +67,14 @@ void putBirth(jet::Recordset& row, const Person& person, const Parish& parish)
 void putDeath(jet::Recordset& row, const Person& person)
 {
     const int age = completedYears(person.birth, person.death);
-    row.set("dobitofixa", person.deathKnown && person.deathExact);
-    row.set("menor", person.deathKnown && age < 7);
+    put(row, "dataobito", "dobitofixa", person.deathTold);
+    row.set("menor", person.deathTold.conhecida() && age < 7);
     row.set("testam", person.will);
     row.set("escrit", false);
-    if (!person.deathKnown) return;
-    row.set("dataobito", person.death);
+    if (!person.deathTold.conhecida()) return;
     put(row, "localobito", "tipolocalobito", person.deathPlace);
     put(row, "causa", person.cause);
-    if (person.birthKnown) row.set("idadeobito", person.ageToldAtDeath != 0 ? person.ageToldAtDeath : age);
+    if (person.birthTold.conhecida()) row.set("idadeobito", person.ageToldAtDeath != 0 ? person.ageToldAtDeath : age);
     if (age >= 14) row.set("estadoobito", person.civilState);
     put(row, "sacramentos", person.sacraments);
     put(row, "classparoquial", person.parishClass);
@@ -87,8 +88,8 @@ void putDeath(jet::Recordset& row, const Person& person)
 // The type of individual, by what is known of birth and death.
 QString typeOf(const Person& person)
 {
-    if (person.birthKnown) return person.deathKnown ? "4" : "1";
-    return person.deathKnown ? "2" : "3";
+    if (person.birthTold.conhecida()) return person.deathTold.conhecida() ? "4" : "1";
+    return person.deathTold.conhecida() ? "2" : "3";
 }
 
 void writePeople(const Parish& parish, jet::Connection& bdp)
@@ -96,7 +97,7 @@ void writePeople(const Parish& parish, jet::Connection& bdp)
     jet::Recordset row(bdp, "select * from individuo");
     for (const Person& person : parish.people) {
         row.addNew();
-        row.set("nind", person.number);
+        put(row, "nind", person.number);
         row.set("nome", person.name);
         row.set("tipo", typeOf(person));
         row.set("sexo", letter(person.sex));
@@ -115,30 +116,32 @@ void writePeople(const Parish& parish, jet::Connection& bdp)
     }
 }
 
-// The type of family, by what is known of the wife's birth, of both deaths and of the marriage; the births of all
-// children are known here.
-int typeOf(const Family& family, const Parish& parish)
+QString typeOf(const Family& family, const Parish& parish)
 {
-    if (family.husband.person == 0 || family.wife.person == 0) return 7;
-    const Person& husband = parish.person(family.husband.person);
-    const Person& wife = parish.person(family.wife.person);
-    const bool bothDeaths = husband.deathKnown && wife.deathKnown;
-    if (family.wedding.isValid()) return bothDeaths ? (wife.birthKnown ? 1 : 2) : (wife.birthKnown ? 3 : 4);
-    return bothDeaths ? (wife.birthKnown ? 5 : 6) : 7;
+    const auto tells = [&](Nind person, DataRegistada Person::*act) {
+        return person && (parish.person(person).*act).conhecida();
+    };
+    return tipoDaFamilia({
+        .nascimentoDaMae = tells(family.wife.person, &Person::birthTold),
+        .obitos = tells(family.husband.person, &Person::deathTold) && tells(family.wife.person, &Person::deathTold),
+        .casamento = family.wedding.conhecida(),
+        .nascimentosDosFilhos = std::ranges::all_of(parish.childrenOf(family.number),
+                                                    [](const Person* child) { return child->birthTold.conhecida(); }),
+    });
 }
 
 void writeSpouse(const Spouse& spouse, const Family& family, const Parish& parish, jet::Recordset& row)
 {
-    if (spouse.person == 0) return;
+    if (!spouse.person) return;
     const Person& person = parish.person(spouse.person);
     row.addNew();
-    row.set("nfamilia", family.number);
-    row.set("nind", spouse.person);
-    if (family.wedding.isValid()) {
+    put(row, "nfamilia", family.number);
+    put(row, "nind", spouse.person);
+    if (family.wedding.conhecida()) {
         if (spouse.ageTold != 0)
             row.set("idade", spouse.ageTold);
-        else if (person.birthKnown)
-            row.set("idade", completedYears(person.birth, family.wedding));
+        else if (person.birthTold.conhecida())
+            row.set("idade", completedYears(person.birth, family.wedding.data));
         row.set("estadocivil", spouse.civilState);
         row.set("numcasam", spouse.marriage);
     }
@@ -151,11 +154,10 @@ void writeFamilies(const Parish& parish, jet::Connection& bdp)
     jet::Recordset spouses(bdp, "select * from familias");
     for (const Family& family : parish.families) {
         row.addNew();
-        row.set("nfamilia", family.number);
+        put(row, "nfamilia", family.number);
         row.set("sfamilia", QString::number(family.situation));
         row.set("tipocasal", typeOf(family, parish));
-        put(row, "datacasam", family.wedding);
-        row.set("dcasamfixa", family.wedding.isValid());
+        put(row, "datacasam", "dcasamfixa", family.wedding);
         put(row, "localcasam", "tipolocalcasam", family.place);
         put(row, "inicioobs", family.seenFrom);
         put(row, "fimobs", family.seenTo);

@@ -3,9 +3,9 @@
 namespace demo {
 namespace {
 
-bool isOneOf(int person, const Parents& parents)
+bool isOneOf(Nind person, const Parents& parents)
 {
-    return person != 0 && (person == parents.father || person == parents.mother);
+    return person && (person == parents.father || person == parents.mother);
 }
 
 bool shareAParent(const Parents& one, const Parents& other)
@@ -17,7 +17,7 @@ bool shareAParent(const Parents& one, const Parents& other)
 
 Parents parentsOf(const Parish& parish, const Person& person)
 {
-    if (person.origin == 0) return {};
+    if (!person.origin) return {};
     const Family& family = parish.family(person.origin);
     return {family.husband.person, family.wife.person};
 }
@@ -25,8 +25,8 @@ Parents parentsOf(const Parish& parish, const Person& person)
 int kinship(const Parish& parish, const Person& who, const Person& toWhom)
 {
     if (who.sex == Sex::unknown || who.number == toWhom.number) return 0;
-    const auto parentsOfNumber = [&](int person) {
-        return person == 0 ? Parents() : parentsOf(parish, parish.person(person));
+    const auto parentsOfNumber = [&](Nind person) {
+        return person ? parentsOf(parish, parish.person(person)) : Parents();
     };
     const Parents mine = parentsOf(parish, who), theirs = parentsOf(parish, toWhom);
     const Parents myFathers = parentsOfNumber(mine.father), myMothers = parentsOfNumber(mine.mother);
@@ -35,7 +35,7 @@ int kinship(const Parish& parish, const Person& who, const Person& toWhom)
 
     if (isOneOf(who.number, theirs)) return code(kin::father);
     if (isOneOf(toWhom.number, mine)) return code(kin::son);
-    if (who.origin != 0 && who.origin == toWhom.origin) return code(kin::brother);
+    if (who.origin && who.origin == toWhom.origin) return code(kin::brother);
     if (shareAParent(mine, theirs)) return code(kin::halfBrother);
     if (isOneOf(who.number, theirFathers)) return code(kin::fathersFather);
     if (isOneOf(who.number, theirMothers)) return code(kin::mothersFather);

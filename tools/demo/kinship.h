@@ -5,11 +5,11 @@
 
 namespace demo {
 
-// Numbers of the father and of the mother; 0 where unknown.
+// None where unknown.
 struct Parents
 {
-    int father = 0;
-    int mother = 0;
+    Nind father;
+    Nind mother;
 };
 Parents parentsOf(const Parish& parish, const Person& person);
 

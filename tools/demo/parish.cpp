@@ -4,7 +4,7 @@
 
 namespace demo {
 
-QList<const Person*> Parish::childrenOf(int family) const
+QList<const Person*> Parish::childrenOf(Nfam family) const
 {
     QList<const Person*> children;
     for (const Person& person : people)

@@ -16,35 +16,33 @@ namespace demo {
 // A priest at an act.
 struct Officiant
 {
-    int person = 0; // 0: none is told
+    Nind person; // none: nobody is told
     int function = 0;
 };
 
-// A person. `birth` and `death` are always valid dates: life's own, whether or not a register holds them.
+// A person. `birth` and `death` are always valid dates: life's own, whether or not a register tells them.
 struct Person
 {
-    int number = 0;
+    Nind number;
     Sex sex = Sex::unknown;
     QString name, surname, title, nickname, notes;
-    int origin = 0; // number of the family of origin; 0: none known
+    Nfam origin; // none: not known
 
     QDate birth;
-    bool birthKnown = true;
-    bool birthExact = true;
-    Place birthPlace;
+    DataRegistada birthTold;
+    Local birthPlace;
     int filiation = 0;
     Officiant baptizedBy, baptizedWith;
 
     QDate death;
-    bool deathKnown = false;
-    bool deathExact = true;
+    DataRegistada deathTold;
     int ageToldAtDeath = 0; // where the act has another one than the dates; else 0
-    Place deathPlace;
+    Local deathPlace;
     QString cause, shroud, church, grave;
     int sacraments = 0;
     int parishClass = 0;
     bool will = false;
-    int executor = 0; // of the will
+    Nind executor; // of the will
     Officiant buriedBy;
 
     QDate seenFrom, seenTo; // observation; null where nothing is known
@@ -63,7 +61,7 @@ struct Person
 
 struct Spouse
 {
-    int person = 0; // 0: no such spouse
+    Nind person; // none: no such spouse
     int civilState = single;
     int marriage = 1; // number of this marriage for that person
     int ageTold = 0;  // where the act has another one than the dates; else 0
@@ -71,11 +69,11 @@ struct Spouse
 
 struct Family
 {
-    int number = 0;
+    Nfam number;
     Spouse husband, wife;
     int situation = legitimateFamily;
-    QDate wedding; // null where no register holds it
-    Place place;
+    DataRegistada wedding;
+    Local place;
     Officiant marriedBy, marriedWith;
     QDate seenFrom, seenTo;
     QString notes;
@@ -89,11 +87,18 @@ struct Parish
     QList<Family> families;
     Records records;
 
-    Person& person(int number) { return people[number - 1]; }
-    const Person& person(int number) const { return people[number - 1]; }
-    Family& family(int number) { return families[number - 1]; }
-    const Family& family(int number) const { return families[number - 1]; }
-    QList<const Person*> childrenOf(int family) const;
+    Person& person(Nind number) { return people[position(number.valor())]; }
+    const Person& person(Nind number) const { return people[position(number.valor())]; }
+    Family& family(Nfam number) { return families[position(number.valor())]; }
+    const Family& family(Nfam number) const { return families[position(number.valor())]; }
+
+    Nind nextPerson() const { return Nind(people.size() + 1); }
+    Nfam nextFamily() const { return Nfam(families.size() + 1); }
+
+    QList<const Person*> childrenOf(Nfam family) const;
+
+private:
+    static qsizetype position(double number) { return static_cast<qsizetype>(number) - 1; }
 };
 
 // Whole years between two dates, as a priest counts them.

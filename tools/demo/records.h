@@ -1,33 +1,23 @@
 // What the registers tell around the people: who was at an act, where somebody lived, what was left by will.
 #pragma once
 
+#include "common/valores.h"
+
 #include <QDate>
 #include <QList>
 #include <QString>
 
 namespace demo {
 
-struct Place
-{
-    QString code;
-    QString level; // P, Z, F, L or S; "" for no place
-};
-
-// Of codes, numbers of people and texts below, 0 or "" is what isn't told.
-
-enum class Act
-{
-    baptism,
-    marriage
-};
+// Of codes and texts below, 0 or "" is what isn't told.
 
 struct Assistance
 {
-    Act act = Act::baptism;
-    int entity = 0; // the person baptized or the family
+    Nind baptized = {}; // the act is the baptism of this person
+    Nfam wedded = {};   // or the marriage of this family
     QDate day;
     bool godparent = true; // else a witness
-    int person = 0;
+    Nind person = {};
     int civilState = 0;
     bool fatherDead = false, motherDead = false; // of the assistant
     int kinToBaptized = 0, kinToGroom = 0, kinToBride = 0;
@@ -37,30 +27,31 @@ struct Assistance
 // An act that shows a person or a family on a day.
 struct Sighting
 {
-    QDate day;
-    bool exact = true;
+    DataRegistada date;
     QString source = {};
+
+    QDate day() const { return date.data; }
 };
 
 struct Residence
 {
-    bool ofFamily = false; // else of a person
-    int owner = 0;
+    Nind person = {}; // who lived there
+    Nfam family = {}; // or which family
     Sighting sighting;
-    Place place;
+    Local place;
     QString notes = {};
 };
 
 struct Profession
 {
-    int person = 0;
+    Nind person = {};
     Sighting sighting;
     int code = 0;
 };
 
 struct Signature
 {
-    int person = 0;
+    Nind person = {};
     Sighting sighting;
     int age = 0;
     int level = 0; // 1 for a cross to 5 for a practised hand
@@ -69,15 +60,15 @@ struct Signature
 
 struct Legacy
 {
-    int testator = 0;
-    int heir = 0;
+    Nind testator = {};
+    Nind heir = {};
     int kinship = 0; // the heir's
     QString movables = {}, lands = {}, notes = {};
 };
 
 struct Suffrage
 {
-    int person = 0;
+    Nind person = {};
     QString kind = {}; // missa, oficio, esmola
     int type = 0;      // a code of the kind
     int quantity = 0, unitValue = 0, total = 0;
@@ -87,10 +78,10 @@ struct Suffrage
 
 struct Passport
 {
-    int person = 0;
+    Nind person = {};
     int number = 0;
     QDate day;
-    Place destination;
+    Local destination;
     QString notes = {};
 };
 

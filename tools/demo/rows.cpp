@@ -9,10 +9,10 @@ namespace {
 class Numbering
 {
 public:
-    int next(int person) { return ++last_[person]; }
+    int next(Nind person) { return ++last_[person]; }
 
 private:
-    QHash<int, int> last_;
+    QHash<Nind, int> last_;
 };
 
 // One row of the table for each record, with what `fill` puts into it.
@@ -30,17 +30,17 @@ void writeAll(const QList<Record>& records, jet::Connection& bdp, const char* ta
 
 void putSighting(jet::Recordset& row, const Sighting& sighting)
 {
-    row.set("dataref", sighting.day);
-    row.set("datafixa", sighting.exact);
+    put(row, "dataref", "datafixa", sighting.date);
     put(row, "fonte", sighting.source);
 }
 
 void fillAssistance(jet::Recordset& row, const Assistance& one, Numbering&)
 {
-    row.set("entidade", one.entity);
+    put(row, "entidade", one.baptized);
+    put(row, "entidade", one.wedded);
     row.set("dataref", one.day);
-    row.set("tipoacto", one.act == Act::baptism ? "b" : "c");
-    row.set("nind", one.person);
+    row.set("tipoacto", one.baptized ? "b" : "c");
+    put(row, "nind", one.person);
     row.set("tipoassistente", one.godparent ? "p" : "t");
     put(row, "estadocivil", one.civilState);
     row.set("falecidopai", one.fatherDead);
@@ -53,8 +53,9 @@ void fillAssistance(jet::Recordset& row, const Assistance& one, Numbering&)
 
 void fillResidence(jet::Recordset& row, const Residence& one, Numbering&)
 {
-    row.set("numero", one.owner);
-    row.set("tiporesid", one.ofFamily ? "f" : "i");
+    put(row, "numero", one.person);
+    put(row, "numero", one.family);
+    row.set("tiporesid", one.family ? "f" : "i");
     putSighting(row, one.sighting);
     put(row, "localresid", "tipolocal", one.place);
     put(row, "obs", one.notes);
@@ -62,7 +63,7 @@ void fillResidence(jet::Recordset& row, const Residence& one, Numbering&)
 
 void fillProfession(jet::Recordset& row, const Profession& one, Numbering& numbering)
 {
-    row.set("nind", one.person);
+    put(row, "nind", one.person);
     row.set("idprofissao", numbering.next(one.person));
     putSighting(row, one.sighting);
     row.set("codprof", one.code);
@@ -70,7 +71,7 @@ void fillProfession(jet::Recordset& row, const Profession& one, Numbering& numbe
 
 void fillSignature(jet::Recordset& row, const Signature& one, Numbering& numbering)
 {
-    row.set("nind", one.person);
+    put(row, "nind", one.person);
     row.set("idassinatura", numbering.next(one.person));
     putSighting(row, one.sighting);
     put(row, "idade", one.age);
@@ -81,7 +82,7 @@ void fillSignature(jet::Recordset& row, const Signature& one, Numbering& numberi
 
 void fillLegacy(jet::Recordset& row, const Legacy& one, Numbering& numbering)
 {
-    row.set("nind", one.testator);
+    put(row, "nind", one.testator);
     row.set("idlegprof", numbering.next(one.testator));
     put(row, "nindherd", one.heir);
     put(row, "parentesco", one.kinship);
@@ -92,7 +93,7 @@ void fillLegacy(jet::Recordset& row, const Legacy& one, Numbering& numbering)
 
 void fillSuffrage(jet::Recordset& row, const Suffrage& one, Numbering& numbering)
 {
-    row.set("nind", one.person);
+    put(row, "nind", one.person);
     row.set("idlegpio", numbering.next(one.person));
     row.set("tipolegpio", one.kind);
     row.set("tipo", one.type);
@@ -106,7 +107,7 @@ void fillSuffrage(jet::Recordset& row, const Suffrage& one, Numbering& numbering
 
 void fillPassport(jet::Recordset& row, const Passport& one, Numbering&)
 {
-    row.set("nind", one.person);
+    put(row, "nind", one.person);
     row.set("nPass", one.number);
     row.set("dataref", one.day);
     put(row, "localdestino", "tipolocaldest", one.destination);

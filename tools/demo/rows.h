@@ -23,10 +23,22 @@ inline void put(jet::Recordset& row, const QString& field, QDate value)
     if (value.isValid()) row.set(field, value);
 }
 
-inline void put(jet::Recordset& row, const QString& code, const QString& level, const Place& place)
+template <class Tag>
+void put(jet::Recordset& row, const QString& field, Numero<Tag> value)
 {
-    put(row, code, place.code);
-    put(row, level, place.level);
+    if (value) row.set(field, value.paraColuna());
+}
+
+inline void put(jet::Recordset& row, const QString& date, const QString& flag, const DataRegistada& told)
+{
+    put(row, date, told.data);
+    row.set(flag, told.exacta());
+}
+
+inline void put(jet::Recordset& row, const QString& code, const QString& level, const Local& place)
+{
+    put(row, code, place.codigo);
+    put(row, level, place.nivel);
 }
 
 inline void put(jet::Recordset& row, const QString& number, const QString& function, const Officiant& priest)

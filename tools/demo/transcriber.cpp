@@ -17,26 +17,26 @@ Transcriber::Transcriber(Parish& parish, std::uint32_t seed) : parish_(parish), 
 {
     for (const Family& family : parish.families)
         for (const Spouse& spouse : {family.husband, family.wife})
-            if (spouse.person != 0 && family.situation == legitimateFamily && family.seenFrom.isValid())
+            if (spouse.person && family.situation == legitimateFamily && family.seenFrom.isValid())
                 marriages_[spouse.person] << family.number;
     for (const Person& person : parish.people) {
         const int lot = random_.between(1, 100);
         const bool lettered = person.civilState == cleric || person.title == "Dom";
         const int unlettered = person.sex == Sex::female ? 88 : 55;
-        literacy_ << (lettered ? 5 : lot <= unlettered ? 1 : random_.between(2, 4));
+        literacy_[person.number] = lettered ? 5 : lot <= unlettered ? 1 : random_.between(2, 4);
     }
 }
 
 void Transcriber::run()
 {
     for (Person& person : parish_.people)
-        if (person.baptizedBy.person != 0 && person.sex != Sex::unknown) transcribeBaptism(person);
+        if (person.baptizedBy.person && person.sex != Sex::unknown) transcribeBaptism(person);
     for (Family& family : parish_.families) {
-        if (family.marriedBy.person != 0) transcribeWedding(family);
+        if (family.marriedBy.person) transcribeWedding(family);
         addHomes(family);
     }
     for (Person& person : parish_.people) {
-        if (person.buriedBy.person != 0) transcribeBurial(person);
+        if (person.buriedBy.person) transcribeBurial(person);
         addHomes(person);
         addProfessions(person);
         if (person.emigrant) addPassports(person);
@@ -48,29 +48,29 @@ bool Transcriber::isAround(const Person& person, QDate day) const
     return person.seenFrom.isValid() && person.seenFrom <= day && person.isPresent(day);
 }
 
-// The living husband or wife; 0 where there is none.
-int Transcriber::spouseOn(int number, QDate day) const
+// The living husband or wife, if there is one.
+Nind Transcriber::spouseOn(Nind number, QDate day) const
 {
-    int spouse = 0;
-    for (const int one : marriages_.value(number)) {
-        const Family& family = this->family(one);
+    Nind spouse;
+    for (const Nfam marriage : marriages_.value(number)) {
+        const Family& family = which(marriage);
         if (family.seenFrom > day) break;
         spouse = family.husband.person == number ? family.wife.person : family.husband.person;
     }
-    return spouse != 0 && person(spouse).death > day ? spouse : 0;
+    return spouse && who(spouse).death > day ? spouse : Nind();
 }
 
 int Transcriber::civilStateOn(const Person& person, QDate day) const
 {
     if (person.civilState == cleric) return cleric;
-    const QList<int> marriages = marriages_.value(person.number);
-    if (marriages.isEmpty() || family(marriages.first()).seenFrom > day) return single;
-    return spouseOn(person.number, day) != 0 ? married : widowed;
+    const QList<Nfam> marriages = marriages_.value(person.number);
+    if (marriages.isEmpty() || which(marriages.first()).seenFrom > day) return single;
+    return spouseOn(person.number, day) ? married : widowed;
 }
 
-QList<int> Transcriber::grownOn(QDate day, Sex sex, int age) const
+QList<Nind> Transcriber::grownOn(QDate day, Sex sex, int age) const
 {
-    QList<int> grown;
+    QList<Nind> grown;
     for (const Person& person : parish_.people) {
         const int from = person.civilState == cleric ? ordained : age;
         if (person.sex == sex && isAround(person, day) && completedYears(person.birth, day) >= from)
@@ -80,30 +80,30 @@ QList<int> Transcriber::grownOn(QDate day, Sex sex, int age) const
 }
 
 // One of the candidates, of whom there must be some; more often than not a relative.
-int Transcriber::choose(const QList<int>& candidates, std::initializer_list<int> ofWhom)
+Nind Transcriber::choose(const QList<Nind>& candidates, std::initializer_list<Nind> ofWhom)
 {
-    QList<int> relatives;
+    QList<Nind> relatives;
     if (random_.chance(55))
-        std::ranges::copy_if(candidates, std::back_inserter(relatives), [&](int candidate) {
+        std::ranges::copy_if(candidates, std::back_inserter(relatives), [&](Nind candidate) {
             return std::ranges::any_of(ofWhom,
-                                       [&](int one) { return kinship(parish_, person(candidate), person(one)) != 0; });
+                                       [&](Nind one) { return kinship(parish_, who(candidate), who(one)) != 0; });
         });
     return random_.pick(relatives.isEmpty() ? candidates : relatives);
 }
 
-// A priest who lives in the parish beside the one in office; 0 where none does or none is called.
-int Transcriber::otherPriest(int inOffice, QDate day)
+// A priest who lives in the parish beside the one in office, if one does and is called.
+Nind Transcriber::otherPriest(Nind inOffice, QDate day)
 {
-    QList<int> priests = grownOn(day, Sex::male, ordained);
-    priests.removeIf([&](int number) { return number == inOffice || person(number).civilState != cleric; });
-    return priests.isEmpty() || !random_.chance(20) ? 0 : random_.pick(priests);
+    QList<Nind> priests = grownOn(day, Sex::male, ordained);
+    priests.removeIf([&](Nind number) { return number == inOffice || who(number).civilState != cleric; });
+    return priests.isEmpty() || !random_.chance(20) ? Nind() : random_.pick(priests);
 }
 
 // The parish priest may leave an act to another one; the act then names both.
 void Transcriber::share(Officiant& first, Officiant& second, QDate day)
 {
-    const int other = otherPriest(first.person, day);
-    if (other == 0) return;
+    const Nind other = otherPriest(first.person, day);
+    if (!other) return;
     second = first;
     first = {other, withLicence};
 }
@@ -112,8 +112,8 @@ void Transcriber::transcribeBaptism(Person& child)
 {
     share(child.baptizedBy, child.baptizedWith, child.birth);
     const Parents parents = parentsOf(parish_, child);
-    QList<int> there{child.number, parents.father, parents.mother, child.baptizedBy.person, child.baptizedWith.person};
-    Assistance row{.act = Act::baptism, .entity = child.number, .day = child.birth};
+    QList<Nind> there{child.number, parents.father, parents.mother, child.baptizedBy.person, child.baptizedWith.person};
+    Assistance row{.baptized = child.number, .day = child.birth};
     assist(row, Sex::male, there);
     if (random_.chance(85)) assist(row, Sex::female, there);
     row.godparent = false;
@@ -123,22 +123,22 @@ void Transcriber::transcribeBaptism(Person& child)
 
 void Transcriber::transcribeWedding(Family& family)
 {
-    share(family.marriedBy, family.marriedWith, family.wedding);
-    const Sighting wedding{family.wedding, true, "Assento de casamento"};
+    share(family.marriedBy, family.marriedWith, family.wedding.data);
+    const Sighting wedding{family.wedding, "Assento de casamento"};
     sign(family.husband.person, wedding, "Noivo");
     sign(family.wife.person, wedding, "Noiva");
 
-    QList<int> there{family.husband.person, family.wife.person, family.marriedBy.person, family.marriedWith.person};
-    Assistance row{.act = Act::marriage, .entity = family.number, .day = family.wedding};
+    QList<Nind> there{family.husband.person, family.wife.person, family.marriedBy.person, family.marriedWith.person};
+    Assistance row{.wedded = family.number, .day = family.wedding.data};
     if (random_.chance(15)) assist(row, Sex::male, there);
     row.godparent = false;
     for (int witnesses = random_.between(2, 3); witnesses > 0; --witnesses)
-        if (const int witness = assist(row, Sex::male, there)) sign(witness, wedding, "Testemunha");
+        if (const Nind witness = assist(row, Sex::male, there)) sign(witness, wedding, "Testemunha");
 }
 
 void Transcriber::transcribeBurial(Person& dead)
 {
-    if (const int other = otherPriest(dead.buriedBy.person, dead.death)) dead.buriedBy = {other, curate};
+    if (const Nind other = otherPriest(dead.buriedBy.person, dead.death)) dead.buriedBy = {other, curate};
     if (!dead.grave.isEmpty()) {
         const bool noble = dead.title == "Dom" || dead.title == "Dona";
         dead.church = noble               ? "Capela da casa do Paço"
@@ -149,27 +149,27 @@ void Transcriber::transcribeBurial(Person& dead)
     if (dead.will || (completedYears(dead.birth, dead.death) >= 25 && random_.chance(25))) addSuffrages(dead);
 }
 
-// Finds who may assist, completes the row and adds it; whoever is there already doesn't come again. The number of the
-// assistant, 0 where nobody is fit: then there is no row.
-int Transcriber::assist(Assistance row, Sex sex, QList<int>& there)
+// Finds who may assist, completes the row and adds it; whoever is there already doesn't come again. The
+// assistant, none where nobody is fit: then there is no row.
+Nind Transcriber::assist(Assistance row, Sex sex, QList<Nind>& there)
 {
-    QList<int> candidates = grownOn(row.day, sex, row.godparent ? godparentFrom : witnessFrom);
-    candidates.removeIf([&](int number) { return there.contains(number); });
-    if (candidates.isEmpty()) return 0;
+    QList<Nind> candidates = grownOn(row.day, sex, row.godparent ? godparentFrom : witnessFrom);
+    candidates.removeIf([&](Nind number) { return there.contains(number); });
+    if (candidates.isEmpty()) return {};
 
-    const auto kinshipTo = [&](int other) { return kinship(parish_, person(row.person), person(other)); };
-    if (row.act == Act::baptism) {
-        row.person = choose(candidates, {row.entity});
-        row.kinToBaptized = kinshipTo(row.entity);
+    const auto kinshipTo = [&](Nind other) { return kinship(parish_, who(row.person), who(other)); };
+    if (row.baptized) {
+        row.person = choose(candidates, {row.baptized});
+        row.kinToBaptized = kinshipTo(row.baptized);
     } else {
-        const Family& family = this->family(row.entity);
+        const Family& family = which(row.wedded);
         row.person = choose(candidates, {family.husband.person, family.wife.person});
         row.kinToGroom = kinshipTo(family.husband.person);
         row.kinToBride = kinshipTo(family.wife.person);
     }
-    const Person& assistant = person(row.person);
+    const Person& assistant = who(row.person);
     const Parents parents = parentsOf(parish_, assistant);
-    const auto isDead = [&](int parent) { return parent != 0 && person(parent).death <= row.day; };
+    const auto isDead = [&](Nind parent) { return parent && who(parent).death <= row.day; };
     row.civilState = civilStateOn(assistant, row.day);
     row.fatherDead = isDead(parents.father);
     row.motherDead = isDead(parents.mother);

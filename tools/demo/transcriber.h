@@ -20,19 +20,19 @@ public:
 
 private:
     // transcriber.cpp: the acts and who was at them
-    const Person& person(int number) const { return parish_.person(number); }
-    const Family& family(int number) const { return parish_.family(number); }
+    const Person& who(Nind number) const { return parish_.person(number); }
+    const Family& which(Nfam number) const { return parish_.family(number); }
     bool isAround(const Person& person, QDate day) const;
-    int spouseOn(int person, QDate day) const;
+    Nind spouseOn(Nind person, QDate day) const;
     int civilStateOn(const Person& person, QDate day) const;
-    QList<int> grownOn(QDate day, Sex sex, int age) const;
-    int choose(const QList<int>& candidates, std::initializer_list<int> ofWhom);
-    int otherPriest(int inOffice, QDate day);
+    QList<Nind> grownOn(QDate day, Sex sex, int age) const;
+    Nind choose(const QList<Nind>& candidates, std::initializer_list<Nind> ofWhom);
+    Nind otherPriest(Nind inOffice, QDate day);
     void share(Officiant& first, Officiant& second, QDate day);
     void transcribeBaptism(Person& child);
     void transcribeWedding(Family& family);
     void transcribeBurial(Person& dead);
-    int assist(Assistance row, Sex sex, QList<int>& there);
+    Nind assist(Assistance row, Sex sex, QList<Nind>& there);
 
     // transcriber_lists.cpp: residences, professions, signatures, passports
     QList<Sighting> sightingsOf(const Person& person) const;
@@ -40,13 +40,13 @@ private:
     void addHomes(const Person& person);
     void addProfessions(const Person& person);
     int trade(const Person& person);
-    void sign(int person, const Sighting& sighting, const QString& function);
+    void sign(Nind person, const Sighting& sighting, const QString& function);
     void addPassports(Person& emigrant);
 
     // transcriber_wills.cpp: legacies and suffrages
-    QList<int> heirsOf(const Person& testator) const;
+    QList<Nind> heirsOf(const Person& testator) const;
     void openWill(Person& testator);
-    void bequeath(const Person& testator, int heir);
+    void bequeath(const Person& testator, Nind number);
     void addSuffrages(const Person& dead);
     void addMasses(const Person& dead);
     void addOffice(const Person& dead);
@@ -54,8 +54,8 @@ private:
 
     Parish& parish_;
     Random random_;
-    QHash<int, QList<int>> marriages_; // families of each spouse, in the order of their first act
-    QList<int> literacy_;              // level of the signature, by person
+    QHash<Nind, QList<Nfam>> marriages_; // families of each spouse, in the order of their first act
+    QHash<Nind, int> literacy_;          // level of the signature
 };
 
 } // namespace demo

@@ -14,16 +14,16 @@ constexpr int servant = 453;                    // moço de lavoura
 constexpr int parishPriestTrade = 491, priestTrade = 486;
 constexpr int workingFrom = 16;
 
-const QList<Place> overseas{{"0219", "Z"}, {"0219", "Z"}, {"0219", "Z"}, {"025", "Z"},
+const QList<Local> overseas{{"0219", "Z"}, {"0219", "Z"}, {"0219", "Z"}, {"025", "Z"},
                             {"025", "Z"},  {"0213", "Z"}, {"0217", "Z"}, {"02", "P"}};
 const QStringList faces{"Rosto comprido", "Rosto redondo", "Rosto bexigoso", "Rosto moreno"};
 const QStringList eyes{"olhos castanhos", "olhos pretos", "olhos azuis", "olhos pardos"};
 const QStringList hair{"cabelo preto", "cabelo castanho", "cabelo louro", "cabelo ruivo", "cabelo crespo"};
 const QStringList marks{"", "", "", "sinal na face esquerda", "cicatriz na testa", "falta de um dente"};
 
-bool isInside(const Place& place)
+bool isInside(const Local& place)
 {
-    return place.level == "L" || place.level == "S";
+    return place.nivel == "L" || place.nivel == "S";
 }
 
 } // namespace
@@ -32,17 +32,17 @@ bool isInside(const Place& place)
 QList<Sighting> Transcriber::sightingsOf(const Person& person) const
 {
     QList<Sighting> sightings;
-    for (const int number : marriages_.value(person.number)) {
-        const Family& family = this->family(number);
-        if (family.marriedBy.person != 0) sightings << Sighting{family.wedding, true, "Assento de casamento"};
-        for (const Person* child : parish_.childrenOf(number))
-            if (child->baptizedBy.person != 0 && isAround(person, child->birth))
-                sightings << Sighting{child->birth, child->birthExact, "Baptismo de um filho"};
+    for (const Nfam marriage : marriages_.value(person.number)) {
+        const Family& family = which(marriage);
+        if (family.marriedBy.person) sightings << Sighting{family.wedding, "Assento de casamento"};
+        for (const Person* child : parish_.childrenOf(marriage))
+            if (child->baptizedBy.person && isAround(person, child->birth))
+                sightings << Sighting{child->birthTold, "Baptismo de um filho"};
     }
-    if (person.buriedBy.person != 0) sightings << Sighting{person.death, person.deathExact, "Assento de óbito"};
+    if (person.buriedBy.person) sightings << Sighting{person.deathTold, "Assento de óbito"};
     std::ranges::stable_sort(sightings, {}, &Sighting::day);
     sightings.removeIf(
-        [&](const Sighting& sighting) { return completedYears(person.birth, sighting.day) < workingFrom; });
+        [&](const Sighting& sighting) { return completedYears(person.birth, sighting.day()) < workingFrom; });
     return sightings;
 }
 
@@ -51,12 +51,11 @@ void Transcriber::addHomes(const Family& family)
 {
     QDate last;
     for (const Person* child : parish_.childrenOf(family.number)) {
-        if (child->baptizedBy.person == 0 || !isInside(child->birthPlace) || child->birth == last) continue;
+        if (!child->baptizedBy.person || !isInside(child->birthPlace) || child->birth == last) continue;
         if (family.seenTo.isValid() && child->birth > family.seenTo) continue; // posthumous
         if (last.isValid() && !random_.chance(20)) continue;
-        parish_.records.residences << Residence{.ofFamily = true,
-                                                .owner = family.number,
-                                                .sighting = {child->birth, child->birthExact, "Baptismo de um filho"},
+        parish_.records.residences << Residence{.family = family.number,
+                                                .sighting = {child->birthTold, "Baptismo de um filho"},
                                                 .place = child->birthPlace,
                                                 .notes = last.isValid() ? "Mudaram de casa." : ""};
         last = child->birth;
@@ -66,20 +65,19 @@ void Transcriber::addHomes(const Family& family)
 // A newcomer still lives at home on the wedding day; a grown person dies where the burial says.
 void Transcriber::addHomes(const Person& person)
 {
-    const QList<int> marriages = marriages_.value(person.number);
-    if (!marriages.isEmpty() && neighbours().contains(person.birthPlace.code)) {
-        const Family& first = family(marriages.first()); // a later marriage finds her or him in the parish
-        if (first.marriedBy.person != 0)
-            parish_.records.residences << Residence{.owner = person.number,
-                                                    .sighting = {first.wedding, true, "Assento de casamento"},
+    const QList<Nfam> marriages = marriages_.value(person.number);
+    if (!marriages.isEmpty() && neighbours().contains(person.birthPlace.codigo)) {
+        const Family& first = which(marriages.first()); // a later marriage finds her or him in the parish
+        if (first.marriedBy.person)
+            parish_.records.residences << Residence{.person = person.number,
+                                                    .sighting = {first.wedding, "Assento de casamento"},
                                                     .place = person.birthPlace,
                                                     .notes = "Antes de casar."};
     }
-    if (person.buriedBy.person != 0 && completedYears(person.birth, person.death) >= workingFrom &&
+    if (person.buriedBy.person && completedYears(person.birth, person.death) >= workingFrom &&
         isInside(person.deathPlace) && random_.chance(60))
-        parish_.records.residences << Residence{.owner = person.number,
-                                                .sighting = {person.death, person.deathExact, "Assento de óbito"},
-                                                .place = person.deathPlace};
+        parish_.records.residences << Residence{
+            .person = person.number, .sighting = {person.deathTold, "Assento de óbito"}, .place = person.deathPlace};
 }
 
 int Transcriber::trade(const Person& person)
@@ -91,8 +89,8 @@ int Transcriber::trade(const Person& person)
 
 void Transcriber::addProfessions(const Person& person)
 {
-    if (person.civilState == cleric && person.origin == 0) { // the register is the parish priest's own
-        const Sighting first{person.seenFrom, true, "Primeiro assento que escreve"};
+    if (person.civilState == cleric && !person.origin) { // the register is the parish priest's own
+        const Sighting first{{person.seenFrom, true}, "Primeiro assento que escreve"};
         parish_.records.professions << Profession{person.number, first, parishPriestTrade};
         sign(person.number, first, "Pároco");
         return;
@@ -103,24 +101,24 @@ void Transcriber::addProfessions(const Person& person)
     bool first = true;
     for (const Sighting& sighting : sightingsOf(person)) {
         if (!random_.chance(person.sex == Sex::female ? 12 : 35)) continue;
-        const bool serves = first && servedFirst && civilStateOn(person, sighting.day) == single;
+        const bool serves = first && servedFirst && civilStateOn(person, sighting.day()) == single;
         parish_.records.professions << Profession{person.number, sighting, serves ? servant : own};
         first = false;
     }
 }
 
 // Whoever signs with a cross is told of less often.
-void Transcriber::sign(int number, const Sighting& sighting, const QString& function)
+void Transcriber::sign(Nind number, const Sighting& sighting, const QString& function)
 {
-    const int level = literacy_[number - 1];
+    const int level = literacy_.value(number);
     if (level == 1 && !random_.chance(25)) return;
-    const Person& who = person(number);
+    const Person& signer = who(number);
     parish_.records.signatures << Signature{
         .person = number,
         .sighting = sighting,
-        .age = who.birthKnown && who.birthExact ? completedYears(who.birth, sighting.day) : 0,
+        .age = signer.birthTold.exacta() ? completedYears(signer.birth, sighting.day()) : 0,
         .level = level,
-        .text = level == 1 ? "Sinal de cruz" : who.name,
+        .text = level == 1 ? "Sinal de cruz" : signer.name,
         .function = function};
 }
 
@@ -133,7 +131,7 @@ void Transcriber::addPassports(Person& emigrant)
     features.removeAll("");
     emigrant.features = features.join(", ") + '.';
 
-    const Place destination = random_.pick(overseas);
+    const Local destination = random_.pick(overseas);
     const int number = random_.between(1, 400);
     if (random_.chance(20))
         parish_.records.passports << Passport{

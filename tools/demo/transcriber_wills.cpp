@@ -47,10 +47,10 @@ int priceOfMass(int year)
 } // namespace
 
 // Husband or wife and the children; nephews and nieces, brothers and sisters where there is none of those.
-QList<int> Transcriber::heirsOf(const Person& testator) const
+QList<Nind> Transcriber::heirsOf(const Person& testator) const
 {
-    QList<int> near, far;
-    if (const int spouse = spouseOn(testator.number, testator.death)) near << spouse;
+    QList<Nind> near, far;
+    if (const Nind spouse = spouseOn(testator.number, testator.death)) near << spouse;
     for (const Person& other : parish_.people) {
         if (!isAround(other, testator.death)) continue;
         const int code = kinship(parish_, other, testator);
@@ -64,15 +64,15 @@ QList<int> Transcriber::heirsOf(const Person& testator) const
 
 void Transcriber::openWill(Person& testator)
 {
-    const QList<int> heirs = heirsOf(testator);
+    const QList<Nind> heirs = heirsOf(testator);
     testator.executor = testator.buriedBy.person;
-    for (const int heir : heirs)
-        if (completedYears(person(heir).birth, testator.death) >= executorFrom) {
+    for (const Nind heir : heirs)
+        if (completedYears(who(heir).birth, testator.death) >= executorFrom) {
             testator.executor = heir;
             break;
         }
-    sign(testator.number, {testator.death, false, "Testamento"}, "Testador");
-    for (const int heir : heirs)
+    sign(testator.number, {{testator.death, false}, "Testamento"}, "Testador");
+    for (const Nind heir : heirs)
         bequeath(testator, heir);
     if (heirs.isEmpty())
         parish_.records.legacies << Legacy{.testator = testator.number,
@@ -80,12 +80,12 @@ void Transcriber::openWill(Person& testator)
                                            .notes = "Institui herdeira a sua alma."};
 }
 
-void Transcriber::bequeath(const Person& testator, int heir)
+void Transcriber::bequeath(const Person& testator, Nind number)
 {
-    Legacy legacy{.testator = testator.number, .heir = heir};
-    const Person& who = person(heir);
-    const bool spouse = heir == spouseOn(testator.number, testator.death);
-    legacy.kinship = spouse ? kin::husband + (who.sex == Sex::female ? 1 : 0) : kinship(parish_, who, testator);
+    Legacy legacy{.testator = testator.number, .heir = number};
+    const Person& heir = who(number);
+    const bool spouse = number == spouseOn(testator.number, testator.death);
+    legacy.kinship = spouse ? kin::husband + (heir.sex == Sex::female ? 1 : 0) : kinship(parish_, heir, testator);
     const bool land = random_.chance(60);
     if (land) legacy.lands = random_.pick(lands).arg(random_.pick(landsIn));
     if (!land || random_.chance(50)) legacy.movables = random_.pick(movables);

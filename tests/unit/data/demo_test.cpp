@@ -36,8 +36,8 @@ TEST(DemoParish, ShowsEachKindOfPersonThatRegistersHave)
     int onlySeen = 0, estimated = 0, foundlings = 0, fatherless = 0, remarried = 0, clerics = 0, nobles = 0,
         nicknamed = 0;
     for (const Person& person : parish().people) {
-        onlySeen += !person.birthKnown && !person.deathKnown;
-        estimated += person.birthKnown && !person.birthExact;
+        onlySeen += !person.birthTold.conhecida() && !person.deathTold.conhecida();
+        estimated += person.birthTold.conhecida() && !person.birthTold.exacta();
         foundlings += person.filiation == foundling;
         fatherless += person.filiation == fatherUnknown;
         remarried += person.marriages > 1;
@@ -52,58 +52,58 @@ TEST(DemoParish, ShowsEachKindOfPersonThatRegistersHave)
 TEST(DemoParish, LetsNobodyBeBornBeforeTheParentsOrAfterTheirDeaths)
 {
     for (const Person& child : parish().people) {
-        if (child.origin == 0) continue;
-        const Family& family = parish().families[child.origin - 1];
+        if (!child.origin) continue;
+        const Family& family = parish().family(child.origin);
         const Person& mother = parish().person(family.wife.person);
-        EXPECT_TRUE(livesOn(mother, child.birth)) << child.number;
-        EXPECT_GE(completedYears(mother.birth, child.birth), 15) << child.number;
-        EXPECT_LE(completedYears(mother.birth, child.birth), 45) << child.number;
-        if (family.wedding.isValid()) {
-            EXPECT_GE(family.wedding.daysTo(child.birth), 270) << child.number;
+        EXPECT_TRUE(livesOn(mother, child.birth)) << child.number.valor();
+        EXPECT_GE(completedYears(mother.birth, child.birth), 15) << child.number.valor();
+        EXPECT_LE(completedYears(mother.birth, child.birth), 45) << child.number.valor();
+        if (family.wedding.conhecida()) {
+            EXPECT_GE(family.wedding.data.daysTo(child.birth), 270) << child.number.valor();
         }
-        if (family.husband.person == 0) continue;
+        if (!family.husband.person) continue;
         const Person& father = parish().person(family.husband.person);
-        EXPECT_GE(completedYears(father.birth, child.birth), 18) << child.number;
-        EXPECT_LE(father.death.daysTo(child.birth), 280) << child.number;
+        EXPECT_GE(completedYears(father.birth, child.birth), 18) << child.number.valor();
+        EXPECT_LE(father.death.daysTo(child.birth), 280) << child.number.valor();
     }
 }
 
 TEST(DemoParish, LeavesNineMonthsBetweenTheBirthsOfAMotherUnlessTheyAreTwins)
 {
-    std::map<int, std::set<QDate>> births;
+    std::map<Nind, std::set<QDate>> births;
     for (const Person& child : parish().people)
-        if (child.origin != 0) births[parish().families[child.origin - 1].wife.person].insert(child.birth);
+        if (child.origin) births[parish().family(child.origin).wife.person].insert(child.birth);
     for (const auto& [mother, days] : births)
         for (auto day = days.begin(); std::next(day) != days.end(); ++day)
-            EXPECT_GE(day->daysTo(*std::next(day)), 270) << mother;
+            EXPECT_GE(day->daysTo(*std::next(day)), 270) << mother.valor();
 }
 
 TEST(DemoParish, MarriesOnlyTheLivingAndTheFree)
 {
-    std::map<int, QList<const Family*>> marriages;
+    std::map<Nind, QList<const Family*>> marriages;
     for (const Family& family : parish().families) {
         if (family.situation != legitimateFamily) continue;
         for (const Spouse& spouse : {family.husband, family.wife}) {
             const Person& person = parish().person(spouse.person);
-            EXPECT_TRUE(livesOn(person, family.seenFrom)) << family.number;
-            EXPECT_GE(completedYears(person.birth, family.seenFrom), 18) << family.number;
+            EXPECT_TRUE(livesOn(person, family.seenFrom)) << family.number.valor();
+            EXPECT_GE(completedYears(person.birth, family.seenFrom), 18) << family.number.valor();
             marriages[spouse.person] << &family;
         }
     }
     for (const auto& [number, families] : marriages)
         for (int i = 1; i < families.size(); ++i) {
             const Family& before = *families[i - 1];
-            const int other = before.husband.person == number ? before.wife.person : before.husband.person;
-            EXPECT_LT(parish().person(other).death, families[i]->wedding) << number;
+            const Nind other = before.husband.person == number ? before.wife.person : before.husband.person;
+            EXPECT_LT(parish().person(other).death, families[i]->wedding.data) << number.valor();
         }
 }
 
 TEST(DemoParish, MarriesNoBrothersToSisters)
 {
     for (const Family& family : parish().families) {
-        if (family.husband.person == 0) continue;
-        const int his = parish().person(family.husband.person).origin;
-        EXPECT_TRUE(his == 0 || his != parish().person(family.wife.person).origin) << family.number;
+        if (!family.husband.person) continue;
+        const Nfam his = parish().person(family.husband.person).origin;
+        EXPECT_TRUE(!his || his != parish().person(family.wife.person).origin) << family.number.valor();
     }
 }
 
@@ -143,6 +143,30 @@ TEST_F(DemoBdp, GivesEachPersonTheTypeOfTheKnownDates)
     expectNone("select nind from individuo where datanasc is not null and dataobito is null and tipo <> '1'");
     expectNone("select nind from individuo where datanasc is null and dataobito is not null and tipo <> '2'");
     expectNone("select nind from individuo where datanasc is null and dataobito is null and tipo <> '3'");
+}
+
+TEST_F(DemoBdp, GivesEachFamilyTheTypeOfTheKnownDates)
+{
+    const QString couple = "select familia.nfamilia from familia, familias as dele, familias as dela, individuo as "
+                           "pai, individuo as mae where familia.nfamilia = dele.nfamilia and familia.nfamilia = "
+                           "dela.nfamilia and dele.nind = pai.nind and dela.nind = mae.nind and pai.sexo = 'm' and "
+                           "mae.sexo <> 'm' and ";
+    const QString deaths = "pai.dataobito is not null and mae.dataobito is not null";
+    const QString noDeaths = "(pai.dataobito is null or mae.dataobito is null)";
+    for (const auto& [type, known] :
+         {std::pair("1", "datacasam is not null and mae.datanasc is not null and " + deaths),
+          {"2", "datacasam is not null and mae.datanasc is null and " + deaths},
+          {"3", "datacasam is not null and mae.datanasc is not null and " + noDeaths},
+          {"4", "datacasam is not null and mae.datanasc is null and " + noDeaths},
+          {"5", "datacasam is null and mae.datanasc is not null and " + deaths},
+          {"6", "datacasam is null and mae.datanasc is null and " + deaths},
+          {"7", "datacasam is null and " + noDeaths}})
+    {
+        expectAtLeast(1, couple + known);
+        expectNone(couple + known + " and tipocasal <> '" + type + "'");
+    }
+    expectNone("select familia.nfamilia from familia where tipocasal <> '7' and nfamilia in (select nfamilia from "
+               "familias group by nfamilia having count(*) = 1)");
 }
 
 TEST_F(DemoBdp, GivesEachFamilyOneOrTwoSpousesOfTheirSexes)
