@@ -43,6 +43,7 @@ private:
     void addSettings(const Text& text, int line)
     {
         for (const Scenario& told : text.settings) {
+            if (told.title.isEmpty()) continue; // nothing can ask for it
             const Setting setting{text.path, told};
             const auto known = settings_.constFind(told.title);
             if (known == settings_.cend()) {

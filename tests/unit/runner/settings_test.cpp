@@ -143,8 +143,8 @@ TEST(ScenarioSettings, MistakesAroundSettingsAreToldWithTheirLine)
               "not ok prova.txt:2 a: a setting is asked for with: with \"name\"\n"
               "not ok prova.txt:4 b: a setting is asked for with: with \"name\"\n"
               "0 passed, 3 failed");
-    EXPECT_EQ(toldOf("setting\nend\n"), "not ok prova.txt:1: a setting opens with: setting \"name\"\n"
-                                        "0 passed, 1 failed");
+    EXPECT_EQ(toldOf("setting\nend\nsetting\nend\n"), "not ok prova.txt:1: a setting opens with: setting \"name\"\n"
+                                                      "0 passed, 1 failed");
     EXPECT_EQ(toldOf("include b.txt\nsetting \"s\"\nend\n"),
               "not ok prova.txt:1: settings are included with: include \"path\"\n0 passed, 1 failed");
 }
