@@ -104,13 +104,13 @@ void expectEnded(const Stage& stage)
 const QList<StepForm>& language()
 {
     static const QList<StepForm> steps{
-        {"bdp TEXT", [](Play& p) { makeBdp(p.stage, p.path(0), false); }},
-        {"bdp TEXT bare", [](Play& p) { makeBdp(p.stage, p.path(0), true); }},
-        {"exec TEXT", [](Play& p) { Database::exec(p.stage.state.bdp, p.text(0)); }},
-        {"use TEXT", [](Play& p) { use(p.stage, p.path(0)); }},
-        {"file TEXT ...", [](Play& p) { writeFile(p.stage, p.path(0), p.step.body); }},
-        {"remove TEXT", [](Play& p) { removeFile(p.stage, p.path(0)); }},
-        {"readonly TEXT", [](Play& p) { makeReadOnly(p.stage, p.path(0)); }},
+        {"bdp TEXT", [](Play& p) { makeBdp(p.stage, p.path(0), false); }, true},
+        {"bdp TEXT bare", [](Play& p) { makeBdp(p.stage, p.path(0), true); }, true},
+        {"exec TEXT", [](Play& p) { Database::exec(p.stage.state.bdp, p.text(0)); }, true},
+        {"use TEXT", [](Play& p) { use(p.stage, p.path(0)); }, true},
+        {"file TEXT ...", [](Play& p) { writeFile(p.stage, p.path(0), p.step.body); }, true},
+        {"remove TEXT", [](Play& p) { removeFile(p.stage, p.path(0)); }, true},
+        {"readonly TEXT", [](Play& p) { makeReadOnly(p.stage, p.path(0)); }, true},
 
         {"start", [](Play& p) { p.stage.start({}); }},
         {"start TEXT", [](Play& p) { p.stage.start(p.path(0)); }},
@@ -192,11 +192,11 @@ const QList<StepForm>& language()
     return steps;
 }
 
-QStringList forms()
+QList<FormOfStep> forms()
 {
-    QStringList forms;
+    QList<FormOfStep> forms;
     for (const StepForm& step : language())
-        forms.append(step.form);
+        forms.append({step.form, step.prepares});
     return forms;
 }
 

@@ -30,12 +30,13 @@ public:
 
 struct StepForm
 {
-    const char* form; // as readScript() takes it
+    const char* form; // as a FormOfStep has it
     void (*play)(Play& play);
+    bool prepares = false;
 };
 
 const QList<StepForm>& language();
-QStringList forms();
+QList<FormOfStep> forms();
 
 Within within(const Step& step);
 bool isRestart(const Step& step);

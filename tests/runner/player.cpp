@@ -66,12 +66,11 @@ void Player::perform(const Step& step)
 {
     State& state = stage_.state;
     if (isRestart(step) && !std::exchange(state.restarting, false)) {
-        state.line = step.line;
+        state.step = state.next;
         state.restarting = true;
         end();
     }
-    state.line = step.line;
-    ++state.next;
+    state.step = state.next++;
     stage_.save();
     Play play(stage_, step);
     language()[step.form].play(play);
@@ -86,7 +85,6 @@ void Player::end()
 void Player::endWith(const QString& failure)
 {
     stage_.state.failure = failure;
-    stage_.state.failedLine = stage_.state.line;
     end();
 }
 

@@ -70,16 +70,37 @@ struct Runner::Job
     Scenario scenario;
     QString folder;
     State state;
+    int errorLine = 0; // of a mistake in the text
     bool done = false;
     QString lastWords; // of a process that crashed
     QProcess process;
     QTimer limit; // runs out where the scenario takes too long
 
-    void fail(int line, const QString& reason)
+    void fail(const QString& reason)
     {
         state.failure = reason;
-        state.failedLine = line;
         done = true;
+    }
+
+    // A mistake in the text: it isn't played.
+    void refuse(int line, const QString& reason)
+    {
+        errorLine = line;
+        fail(reason);
+    }
+
+    // What the report names: the line, the title, and why it failed.
+    QString told() const
+    {
+        const Step step = scenario.steps.value(state.step);
+        const bool passed = state.failure.isEmpty();
+        int line = errorLine;
+        if (line == 0) line = passed || step.line == 0 ? scenario.line : step.line;
+        QString text = line > 0 ? QStringLiteral("%1:%2").arg(file).arg(line) : file;
+        if (!scenario.title.isEmpty()) text += ' ' + scenario.title;
+        if (!passed) text += ": " + state.failure;
+        if (!passed && !step.origin.isEmpty()) text += " (" + step.origin + ')';
+        return text;
     }
 
     void startProcess()
@@ -90,7 +111,7 @@ struct Runner::Job
 
     void crash()
     {
-        fail(state.line, "the process crashed");
+        fail("the process crashed");
         QString told = QString::fromUtf8(process.readAllStandardError()).trimmed();
         lastWords = "   | " + told.replace('\n', "\n   | ");
     }
@@ -100,9 +121,9 @@ struct Runner::Job
     {
         const bool told = state.read(folder + "/state");
         if (!limit.isActive())
-            fail(state.line, QStringLiteral("not over after %1 seconds").arg(limit.interval() / 1000));
+            fail(QStringLiteral("not over after %1 seconds").arg(limit.interval() / 1000));
         else if (process.error() == QProcess::FailedToStart)
-            fail(scenario.line, "the process can't be started: " + process.errorString());
+            fail("the process can't be started: " + process.errorString());
         else if (process.exitStatus() == QProcess::CrashExit || process.exitCode() == sanitizerExit || !told)
             crash();
         else
@@ -133,18 +154,18 @@ void Runner::collect()
         job.file = file;
         job.index = index;
         job.scenario = scenario;
-        if (!scenario.error.isEmpty()) job.fail(scenario.errorLine, scenario.error);
+        if (!scenario.error.isEmpty()) job.refuse(scenario.errorLine, scenario.error);
         return job;
     };
     for (const QString& file : options_.files) {
         const Script script = readScript(file, forms());
-        if (!script.error.isEmpty()) add(file, 0, {}).fail(script.errorLine, script.error);
+        if (!script.error.isEmpty()) add(file, 0, {}).refuse(script.errorLine, script.error);
         for (int index = 0; index < script.scenarios.size(); ++index)
             if (chosen(script.scenarios[index].title)) add(file, index, script.scenarios[index]);
     }
     for (const QString& title : options_.only)
         if (std::none_of(jobs_.begin(), jobs_.end(), [&](const auto& job) { return job->scenario.title == title; }))
-            add("--only", 0, {}).fail(0, "no scenario has the title " + quoted(title));
+            add("--only", 0, {}).fail("no scenario has the title " + quoted(title));
 }
 
 void Runner::startNext()
@@ -181,11 +202,7 @@ void Runner::print(const Job& job)
     QTextStream out(stdout);
     const bool passed = job.state.failure.isEmpty();
     ++(passed ? passed_ : failed_);
-    const int line = passed || job.state.failedLine == 0 ? job.scenario.line : job.state.failedLine;
-    out << (passed ? "ok " : "not ok ") << job.file;
-    if (line > 0) out << ':' << line << ' ' << job.scenario.title;
-    if (!passed) out << ": " << job.state.failure;
-    out << '\n';
+    out << (passed ? "ok " : "not ok ") << job.told() << '\n';
     if (!job.lastWords.isEmpty()) out << job.lastWords << '\n';
     if (!passed && options_.keep && !job.folder.isEmpty())
         out << "   kept: " << job.folder << '\n';
@@ -211,5 +228,5 @@ bool Runner::run()
     QCoreApplication::exec();
     folder_.setAutoRemove(!options_.keep || failed_ == 0);
     QTextStream(stdout) << passed_ << " passed, " << failed_ << " failed\n";
-    return failed_ == 0 && passed_ > 0;
+    return failed_ == 0;
 }

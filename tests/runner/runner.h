@@ -26,7 +26,7 @@ public:
     explicit Runner(Options options);
     ~Runner();
 
-    // True where something was played and nothing failed.
+    // True where nothing failed.
     bool run();
 
 private:

@@ -2,209 +2,143 @@
 
 #include "failure.h"
 
-#include <QFile>
+#include <QDir>
+#include <QFileInfo>
 #include <QHash>
-#include <QRegularExpression>
+#include <QSet>
 
 namespace {
 
-struct Word
+struct Setting
 {
-    QString text;
-    bool isText = false;
+    QString file;
+    Scenario told;
+
+    QString place() const { return QStringLiteral("%1:%2").arg(file).arg(told.line); }
 };
 
-// The words of a line. Throws Failure where it isn't well-formed.
-QList<Word> split(const QString& line)
-{
-    static const QHash<QChar, QChar> escapes{{'"', '"'}, {'\\', '\\'}, {'r', '\r'}, {'n', '\n'}, {'|', '|'}};
-    QList<Word> words;
-    for (qsizetype i = 0; i < line.size();) {
-        if (line[i].isSpace()) {
-            ++i;
-            continue;
-        }
-        Word word;
-        word.isText = line[i] == '"';
-        if (!word.isText) {
-            while (i < line.size() && !line[i].isSpace() && line[i] != '"')
-                word.text += line[i++];
-        } else {
-            for (++i; i < line.size() && line[i] != '"'; ++i) {
-                if (line[i] != '\\') {
-                    word.text += line[i];
-                    continue;
-                }
-                if (++i >= line.size() || !escapes.contains(line[i])) fail("unknown escape in a text");
-                word.text += escapes[line[i]];
-            }
-            if (i++ >= line.size()) fail("a text without its closing quote");
-        }
-        if (i < line.size() && !line[i].isSpace()) fail("a blank is missing beside a text");
-        words.append(word);
-    }
-    return words;
-}
-
-bool isOfKind(const Word& word, const QString& kind)
-{
-    static const QHash<QString, QRegularExpression> kinds{
-        {"NUMBER", QRegularExpression(R"(^-?\d{1,9}$)")},
-        {"CONTROL", QRegularExpression(R"(^\w+\.\w+(\(\d+\))?$)")},
-        {"NAME", QRegularExpression(R"(^\w+$)")},
-        {"MENU", QRegularExpression(R"(^(frmORV\.)?\w+$)")},
-        {"CELL", QRegularExpression(R"(^\*$)")},
-        {"KEY", QRegularExpression(R"(^\S+$)")},
-        {"STATE", QRegularExpression("^(enabled|disabled|visible|hidden|locked|open|checked|unchecked|focused)$")},
-        {"FORMSTATE", QRegularExpression("^(loaded|unloaded|shown|hidden|enabled|disabled|active)$")},
-        {"ICON", QRegularExpression("^(none|information|question|critical)$")},
-    };
-    if (word.isText) return kind == "TEXT" || kind == "CELL" || kind == "KEY";
-    const auto found = kinds.constFind(kind);
-    return found != kinds.cend() && found->match(word.text).hasMatch();
-}
-
-// A form of the language, taken to pieces.
-struct Form
-{
-    explicit Form(const QString& text) : parts(text.split(' '))
-    {
-        hasBody = parts.last() == "...";
-        if (hasBody) parts.removeLast();
-        several = parts.last().endsWith('+');
-        if (several) parts.last().chop(1);
-    }
-
-    bool fits(const Word& word, qsizetype place) const
-    {
-        if (place >= parts.size() && !several) return false;
-        const QString& part = parts[qMin(place, parts.size() - 1)];
-        return part[0].isLower() ? !word.isText && word.text == part : isOfKind(word, part);
-    }
-
-    // How many words from the first on fit.
-    qsizetype fitting(const QList<Word>& words) const
-    {
-        qsizetype count = 0;
-        while (count < words.size() && fits(words[count], count))
-            ++count;
-        return count;
-    }
-
-    QList<Operand> operands(const QList<Word>& words) const
-    {
-        QList<Operand> operands;
-        for (qsizetype i = 0; i < words.size(); ++i)
-            if (!parts[qMin(i, parts.size() - 1)][0].isLower()) operands.append({words[i].text, words[i].isText});
-        return operands;
-    }
-
-    QStringList parts;
-    bool several = false;
-    bool hasBody = false;
-};
-
-// The step of a line. Throws Failure where no form of the language fits, with those that come nearest.
-Step parseStep(const QString& line, const QStringList& forms)
-{
-    const QList<Word> words = split(line);
-    QStringList nearest;
-    qsizetype most = 0;
-    for (int i = 0; i < forms.size(); ++i) {
-        const Form form(forms[i]);
-        const qsizetype fitting = form.fitting(words);
-        if (fitting == words.size() && fitting >= form.parts.size()) return {0, i, form.operands(words), {}};
-        if (fitting > most) nearest.clear();
-        most = qMax(most, fitting);
-        if (fitting == most && most > 0) nearest.append(forms[i]);
-    }
-    if (nearest.isEmpty()) fail("unknown step " + quoted(words.first().text));
-    fail("this step can't be read; its form is: " + nearest.join(" | "));
-}
-
-class Reader
+class Builder
 {
 public:
-    Reader(QStringList lines, const QStringList& forms) : lines_(std::move(lines)), forms_(forms) {}
+    explicit Builder(const QList<FormOfStep>& forms) : forms_(forms) {}
 
-    Script read()
+    Script build(const QString& path)
     {
-        while (next_ < lines_.size()) {
-            const QString line = lines_[next_++].trimmed();
-            if (line.isEmpty() || line.startsWith('#')) continue;
-            const int number = int(next_);
-            try {
-                readLine(line, number);
-            } catch (const Failure& failure) {
-                note(number, failure.reason);
-            }
+        const Text text = readText(path, forms_);
+        files_.insert(QFileInfo(path).canonicalFilePath());
+        note(text.errorLine, text.error);
+        addSettings(text, 0);
+        addIncludes(text, 0);
+        for (const Scenario& setting : text.settings) { // one that no scenario uses is to be sound, too
+            const Scenario whole = filled(setting, {setting.title});
+            note(whole.errorLine, whole.error);
         }
-        if (script_.scenarios.isEmpty() && script_.error.isEmpty()) script_.error = "no scenario stands in this file";
+        for (const Scenario& scenario : text.scenarios)
+            script_.scenarios.append(filled(scenario));
         return script_;
     }
 
 private:
-    void readLine(const QString& line, int number)
+    // `line` is the line of the include that led here; 0 in the file that is played.
+    void addSettings(const Text& text, int line)
     {
-        if (line == "scenario" || line.startsWith("scenario ") || line.startsWith("scenario\"")) {
-            script_.scenarios.append({{}, number, {}, 0, {}});
-            const QList<Word> words = split(line);
-            if (words.size() != 2 || !words[1].isText) fail("a scenario opens with: scenario \"title\"");
-            script_.scenarios.last().title = words[1].text;
-            return;
+        for (const Scenario& told : text.settings) {
+            if (told.title.isEmpty()) continue; // nothing can ask for it
+            const Setting setting{text.path, told};
+            const auto known = settings_.constFind(told.title);
+            if (known == settings_.cend()) {
+                settings_.insert(told.title, setting);
+                continue;
+            }
+            const QString where = line > 0 ? setting.place() + " and " + known->place() : known->place();
+            note(line > 0 ? line : told.line,
+                 QStringLiteral("the setting %1 is told twice (%2)").arg(quoted(told.title), where));
         }
-        Step step = parseStep(line, forms_);
-        step.line = number;
-        if (Form(forms_[step.form]).hasBody) step.body = readBody();
-        if (script_.scenarios.isEmpty()) fail("a step stands before the first scenario");
-        script_.scenarios.last().steps.append(step);
     }
 
-    QStringList readBody()
+    void addIncludes(const Text& text, int line)
     {
-        QStringList body;
-        while (next_ < lines_.size()) {
-            const QString& line = lines_[next_++];
-            if (line.trimmed() == "end") return body;
-            body.append(line);
+        const QDir folder(QFileInfo(text.path).path());
+        for (const Include& include : text.includes) {
+            const int at = line > 0 ? line : include.line;
+            const Text included = readText(QDir::cleanPath(folder.filePath(include.path)), forms_);
+            if (!included.error.isEmpty()) {
+                const QString place = included.errorLine > 0 ? QStringLiteral(":%1").arg(included.errorLine) : "";
+                note(at, QStringLiteral("%1 (%2%3)").arg(included.error, included.path, place));
+            }
+            // Files that include each other, or one by two ways, are read once.
+            const QString file = QFileInfo(included.path).canonicalFilePath();
+            if (file.isEmpty() || files_.contains(file)) continue;
+            files_.insert(file);
+            addSettings(included, at);
+            addIncludes(included, at);
         }
-        fail("its \"end\" is missing");
     }
 
     void note(int line, const QString& reason)
     {
-        const bool inside = !script_.scenarios.isEmpty();
-        QString& error = inside ? script_.scenarios.last().error : script_.error;
-        if (!error.isEmpty()) return;
-        error = reason;
-        (inside ? script_.scenarios.last().errorLine : script_.errorLine) = line;
+        if (!script_.error.isEmpty()) return;
+        script_.error = reason;
+        script_.errorLine = line;
     }
 
-    QStringList lines_;
-    QStringList forms_;
-    qsizetype next_ = 0;
+    // The same with the steps of its settings in place; `within` names the setting that it is, if any.
+    Scenario filled(Scenario scenario, const QStringList& within = {}) const
+    {
+        const QList<Step> steps = std::exchange(scenario.steps, {});
+        for (const Step& step : steps) {
+            if (step.form >= 0) {
+                scenario.steps.append(step);
+                continue;
+            }
+            try {
+                QStringList open = within;
+                append(scenario.steps, step, step.line, open, {});
+            } catch (const Failure& failure) {
+                if (!scenario.error.isEmpty() && scenario.errorLine < step.line) continue;
+                scenario.errorLine = step.line;
+                scenario.error = failure.reason;
+            }
+        }
+        return scenario;
+    }
+
+    // Appends what a "with" asks for. `open` are the settings that it stands in, `by` tells where.
+    void append(QList<Step>& steps, const Step& with, int line, QStringList& open, const QString& by) const
+    {
+        const QString name = with.operands.first().text;
+        const QString where = by.isEmpty() ? by : " (" + by + ')';
+        const auto setting = settings_.constFind(name);
+        if (setting == settings_.cend()) fail("there is no setting " + quoted(name) + where);
+        if (open.contains(name)) fail("the setting " + quoted(name) + " needs itself" + where);
+        const auto origin = [&](int at) {
+            const QString here = QStringLiteral("%1:%2 in %3").arg(setting->file).arg(at).arg(quoted(name));
+            return by.isEmpty() ? here : here + ", by " + by;
+        };
+        const Scenario& told = setting->told;
+        if (!told.error.isEmpty()) fail(QStringLiteral("%1 (%2)").arg(told.error, origin(told.errorLine)));
+
+        open.append(name);
+        for (Step step : told.steps) {
+            step.origin = origin(step.line);
+            step.line = line;
+            if (step.form < 0)
+                append(steps, step, line, open, step.origin);
+            else
+                steps.append(step);
+        }
+        open.removeLast();
+    }
+
+    const QList<FormOfStep>& forms_;
     Script script_;
+    QHash<QString, Setting> settings_; // by name
+    QSet<QString> files_;              // read already
 };
 
 } // namespace
 
-QString quoted(const QString& text)
+Script readScript(const QString& path, const QList<FormOfStep>& forms)
 {
-    QString out = text;
-    out.replace('\\', "\\\\").replace('"', "\\\"").replace('\r', "\\r").replace('\n', "\\n");
-    return '"' + out + '"';
-}
-
-Script readScript(const QString& path, const QStringList& forms)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        Script script;
-        script.error = "the file can't be read: " + file.errorString();
-        return script;
-    }
-    QString text = QString::fromUtf8(file.readAll());
-    if (text.startsWith(QChar::ByteOrderMark)) text.remove(0, 1);
-    text.replace("\r\n", "\n");
-    return Reader(text.split('\n'), forms).read();
+    return Builder(forms).build(path);
 }

@@ -18,8 +18,8 @@ bool State::read(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return false;
     QDataStream in(&file);
-    in >> next >> line >> finished >> restarting >> ended >> failedLine >> failure >> bdp >> splashKept >>
-        programFolderTouched >> answers >> picks >> boxes >> opened;
+    in >> next >> step >> finished >> restarting >> ended >> failure >> bdp >> splashKept >> programFolderTouched >>
+        answers >> picks >> boxes >> opened;
     return in.status() == QDataStream::Ok;
 }
 
@@ -27,8 +27,8 @@ void State::write(const QString& path) const
 {
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
-    out << next << line << finished << restarting << ended << failedLine << failure << bdp << splashKept
-        << programFolderTouched << answers << picks << boxes << opened;
+    out << next << step << finished << restarting << ended << failure << bdp << splashKept << programFolderTouched
+        << answers << picks << boxes << opened;
     QFile file(path);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) qFatal("the state of the scenario can't be written");
     file.write(bytes); // over the former one: a longer tail of that does no harm

@@ -18,12 +18,11 @@ struct Box
 struct State
 {
     int next = 0;            // the step to play next
-    int line = 0;            // line of the step begun last
+    int step = -1;           // the step begun last
     bool finished = false;   // all steps have been played
     bool restarting = false; // the process ended for the restart that stands at `next`
     bool ended = false;      // the program has ended by itself, and was not started again
-    int failedLine = 0;
-    QString failure; // why the scenario failed; empty where it didn't
+    QString failure;         // why the scenario failed; empty where it didn't
 
     QString bdp; // absolute path of the BDP that exec and expect sql use
     bool splashKept = false;

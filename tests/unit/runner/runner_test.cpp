@@ -1,35 +1,9 @@
 // The scenario runner, played on scenarios that hold and on scenarios that must not.
-#include <gtest/gtest.h>
+#include "play.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 namespace {
-
-struct Outcome
-{
-    int status = -1;
-    QStringList lines;
-};
-
-// Plays a text as "prova.txt", with a form of one control of each kind in the program.
-Outcome play(const QString& text, const QStringList& options = {})
-{
-    const QTemporaryDir folder;
-    QFile file(folder.filePath("prova.txt"));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text.toUtf8());
-    file.close();
-    QProcess runner;
-    runner.setWorkingDirectory(folder.path());
-    runner.start(ORV_PLAYGROUND, options + QStringList{"prova.txt"});
-    EXPECT_TRUE(runner.waitForFinished(120000));
-    return {runner.exitCode(), QString::fromUtf8(runner.readAllStandardOutput()).trimmed().split('\n')};
-}
 
 struct Case
 {
