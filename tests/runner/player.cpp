@@ -2,6 +2,7 @@
 
 #include "expectations.h"
 #include "failure.h"
+#include "quiet.h"
 
 #include "shell/application.h"
 
@@ -92,6 +93,7 @@ void Player::endWith(const QString& failure)
 
 int playScenario(const QStringList& arguments, char** argv)
 {
+    keepQuietAboutThePlatform();
     const Script script = readScript(arguments.value(0), forms());
     const Scenario& scenario = script.scenarios[arguments.value(1).toInt()];
     Application::setAttribute(Qt::AA_DontUseNativeDialogs);
