@@ -12,7 +12,7 @@ cd "$here" || exit 1
 newest_earlier_state() {
     local named=${1:-${HOUSE_BASE:-}} ref shared newest
     if [ -n "$named" ]; then
-        git merge-base HEAD "$named"
+        git merge-base HEAD "$named" 2>/dev/null
         return
     fi
     for ref in origin/main main; do
@@ -65,7 +65,7 @@ for file in "${changed[@]}"; do
     fi
 done
 sort -u -o "$folder/sources" "$folder/sources"
-echo "$(wc -l <"$folder/sources") sources for ${#changed[@]} files changed since $(git rev-parse --short "$base")"
+echo "Changed since $(git rev-parse --short "$base"): ${#changed[@]} files, shown by $(wc -l <"$folder/sources") sources"
 
 # Only our own headers are judged, not those that the build makes; what clang-tidy says of itself is dropped.
 one='told=$(clang-tidy -p "$0" --quiet --warnings-as-errors="*" --header-filter="$1" "$2" 2>&1)
