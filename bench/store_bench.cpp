@@ -50,6 +50,26 @@ std::vector<std::string> texts(sqlite3* database, const std::string& select)
     return result;
 }
 
+bool isEmpty(sqlite3* database, const std::string& table, const std::string& column)
+{
+    return texts(database, "select count(" + column + ") from " + table).front() == "0";
+}
+
+Table tableOf(sqlite3* database, const std::string& name)
+{
+    Table table;
+    std::string columns, places;
+    for (const std::string& column : texts(database, "select name from pragma_table_info('" + name + "')")) {
+        if (isEmpty(database, name, column)) continue;
+        columns += (columns.empty() ? "" : ",") + column;
+        places += table.columns++ ? ",?" : "?";
+    }
+    if (table.columns == 0) return table;
+    table.insert = "insert into " + name + " (" + columns + ") values (" + places + ")";
+    table.values = texts(database, "select " + columns + " from " + name);
+    return table;
+}
+
 // What a BDP made by the program holds: the columns that the data files set, and their rows.
 Contents contentsOf(const QString& path)
 {
@@ -58,17 +78,8 @@ Contents contentsOf(const QString& path)
     sqlite3_open(path.toUtf8().constData(), &database);
     contents.schema = texts(database, "select sql from sqlite_master where sql is not null");
     for (const std::string& name : texts(database, "select name from sqlite_master where type = 'table'")) {
-        Table table;
-        std::string columns, places;
-        for (const std::string& column : texts(database, "select name from pragma_table_info('" + name + "')")) {
-            if (texts(database, "select count(" + column + ") from " + name).front() == "0") continue;
-            columns += (columns.empty() ? "" : ",") + column;
-            places += table.columns++ ? ",?" : "?";
-        }
-        if (table.columns == 0) continue;
-        table.insert = "insert into " + name + " (" + columns + ") values (" + places + ")";
-        table.values = texts(database, "select " + columns + " from " + name);
-        contents.tables.push_back(std::move(table));
+        Table table = tableOf(database, name);
+        if (table.columns > 0) contents.tables.push_back(std::move(table));
     }
     sqlite3_close(database);
     return contents;

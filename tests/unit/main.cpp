@@ -1,3 +1,5 @@
+#include "quiet.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -5,6 +7,7 @@
 int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    keepQuietAboutThePlatform();
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
     Q_INIT_RESOURCE(icons);

@@ -91,7 +91,9 @@ TEST_F(SharedLists, AnErrorIsShownWithItsNumberAndDescription)
 
 TEST_F(SharedLists, NoErrorShowsNothing)
 {
+    const Answer ok("OK");
     MostraErro({});
+    EXPECT_EQ(ok.given, 0);
 }
 
 TEST_F(SharedLists, AFailingDocumentIsTold)
@@ -112,7 +114,13 @@ TEST_F(SharedLists, AFailingDocumentIsTold)
     EXPECT_EQ(told(5), "5Erro inesperado!");
     EXPECT_EQ(told(Desktop::success), "");
     Desktop::setOpener({});
+}
+
+TEST_F(SharedLists, NoDocumentIsNoneToTell)
+{
+    const Answer ok("OK");
     AbreFicheiro("");
+    EXPECT_EQ(ok.given, 0);
 }
 
 TEST_F(SharedRows, ACodedListBeginsWithABlankEntry)

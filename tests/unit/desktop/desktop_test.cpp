@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace {
@@ -74,11 +74,19 @@ TEST_F(DesktopTest, ADesktopWithoutAnOpenerSaysSo)
 }
 #endif
 
-TEST_F(DesktopTest, TheProgramsFolderIsItsOwnOrTheSharedOne)
+TEST_F(DesktopTest, TheProgramsFolderIsItsOwnWhereTheDataStandBesideItElseTheSharedOne)
 {
-    const QDir own(QCoreApplication::applicationDirPath());
-    EXPECT_EQ(Desktop::programFolder(),
-              own.exists("CriarTab.dat") ? own.absolutePath() : QDir::cleanPath(own.filePath("../share/orv")));
+    const QFileInfo own(QCoreApplication::applicationDirPath());
+    QFile data(own.filePath() + "/CriarTab.dat");
+    data.remove();
+    EXPECT_EQ(Desktop::programFolder(), own.path() + "/share/orv");
+    ASSERT_TRUE(data.open(QIODevice::WriteOnly));
+    EXPECT_EQ(Desktop::programFolder(), own.filePath());
+    data.remove();
+}
+
+TEST_F(DesktopTest, ATestNamesTheProgramsFolder)
+{
     Desktop::setProgramFolder("/tmp/programa");
     EXPECT_EQ(Desktop::programFolder(), "/tmp/programa");
 }

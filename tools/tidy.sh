@@ -1,0 +1,75 @@
+#!/usr/bin/env bash
+# Runs clang-tidy on what has changed: tidy.sh [BASE]
+# Compared is the tree as it stands, uncommitted files too, with the newest commit that it shares with BASE or
+# $HOUSE_BASE. Where neither is given, that is main as it is here or at the origin, if the work is ahead of it; on main
+# itself, the last commit that is eight hours, a working day, older than the newest one.
+# All that has changed is looked at, side by side on all cores; one file takes about ten seconds. A header is read with
+# its own source, or with the first one that includes it.
+set -uo pipefail
+here=$(cd "$(dirname "$0")/.." && pwd -P)
+cd "$here" || exit 1
+
+newest_earlier_state() {
+    local named=${1:-${HOUSE_BASE:-}} ref shared newest
+    if [ -n "$named" ]; then
+        git merge-base HEAD "$named" 2>/dev/null
+        return
+    fi
+    for ref in origin/main main; do
+        shared=$(git merge-base HEAD "$ref" 2>/dev/null) || continue
+        [ "$shared" = "$(git rev-parse HEAD)" ] && continue
+        echo "$shared"
+        return
+    done
+    newest=$(git show -s --format=%ct HEAD)
+    git rev-list -1 --before=$((newest - 8 * 3600)) HEAD
+}
+
+# The sources that show a changed file: itself, or the one that a header is read with. Nothing where there is none.
+source_of() {
+    case $1 in
+    *.cpp) echo "$1" ;;
+    *) if [ -f "${1%.h}.cpp" ]; then
+        echo "${1%.h}.cpp"
+    else
+        git ls-files -co --exclude-standard '*.cpp' | sort |
+            xargs grep -lE "#include [\"<](.*/)?$(basename "$1")[\">]" 2>/dev/null | head -n 1
+    fi ;;
+    esac
+}
+
+base=$(newest_earlier_state "${1:-}") || {
+    echo "There is no commit ${1:-${HOUSE_BASE:-}} to compare with."
+    exit 1
+}
+# A history that is all newer than that is looked at as a whole: compared with an empty tree.
+base=${base:-$(git hash-object -t tree /dev/null)}
+mapfile -t changed < <({
+    git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h'
+    git ls-files -o --exclude-standard '*.cpp' '*.h'
+} | sort -u)
+[ ${#changed[@]} -gt 0 ] || exit 0
+
+# What the build generates has to be there. Its precompiled headers are the compiler's own, which clang can't read.
+cmake --preset release >/dev/null && cmake --build --preset release --target autogen >/dev/null || exit 1
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+sed -E 's# -Winvalid-pch -include [^ ]*cmake_pch\.hxx##' build/release/compile_commands.json >"$folder/compile_commands.json"
+
+for file in "${changed[@]}"; do
+    source=$(source_of "$file")
+    if [ -n "$source" ] && grep -qF "\"file\": \"$here/$source\"" "$folder/compile_commands.json"; then
+        echo "$source" >>"$folder/sources"
+    else
+        echo "Left out, as nothing that is built includes it: $file"
+    fi
+done
+sort -u -o "$folder/sources" "$folder/sources"
+echo "Changed since $(git rev-parse --short "$base"): ${#changed[@]} files, shown by $(wc -l <"$folder/sources") sources"
+
+# Only our own headers are judged, not those that the build makes; what clang-tidy says of itself is dropped.
+one='told=$(clang-tidy -p "$0" --quiet --warnings-as-errors="*" --header-filter="$1" "$2" 2>&1)
+status=$?
+[ $status -eq 0 ] || printf "%s\n" "$told" | grep -vE "^[0-9]+ warnings? .*generated\.$"
+exit $status'
+xargs -P "$(nproc)" -n 1 sh -c "$one" "$folder" "^$here/(src|tests|bench|tools)/" <"$folder/sources"
