@@ -32,11 +32,7 @@ void FrmApadrinha::PreencheFG()
     if (!adoAp.hasRows()) return dtgAp->setRows(0);
     jet::Recordset& actos = adoAp.recordset();
     dtgAp->setRows(actos.recordCount() + 1);
-    dtgAp->setCols(3);
-    dtgAp->setColWidth(0, 67);
-    dtgAp->setColWidth(1, 130);
-    dtgAp->setTextMatrix(0, 1, "Data de Referência");
-    dtgAp->setTextMatrix(0, 2, "Tipo Acto");
+    dtgAp->setColumns({{"", 67}, {"Data de Referência", 130}, {"Tipo Acto"}});
     for (int linha = 1; !actos.eof(); actos.moveNext())
         PreencheLinha(linha++);
     dtgAp->setRow(1);

@@ -76,10 +76,7 @@ void FrmIntervenientes::PreencheFG()
     jet::Recordset& linhas = adoInterv.recordset();
     linhas.moveFirst();
     dtInterv->setRows(linhas.recordCount() + 1);
-    dtInterv->setCols(2);
-    dtInterv->setColWidth(0, 67);
-    dtInterv->setTextMatrix(0, 0, "Nind");
-    dtInterv->setTextMatrix(0, 1, "Tipo Assistente");
+    dtInterv->setColumns({{"Nind", 67}, {"Tipo Assistente"}});
     for (int linha = 1; !linhas.eof(); linhas.moveNext())
         PreencheLinha(linha++);
     dtInterv->setRow(std::clamp(escolhida, 1, linhas.recordCount()));

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-void ListaDatada::usa(const Botoes& botoes, Grid* grelha, QList<Coluna> colunas, Regras regras)
+void ListaDatada::usa(const Botoes& botoes, Grid* grelha, QList<GridColumn> colunas, Regras regras)
 {
     cmd_ = botoes;
     comandos_.usa({{cmd_.ins, legenda::adicionar, legenda::confirmar},
@@ -74,16 +74,11 @@ void ListaDatada::PreencheFG()
     grelha_->setRows(total > 0 ? total + 1 : 0);
     if (total == 0) return;
 
-    const int colunas = static_cast<int>(colunas_.size());
-    grelha_->setCols(colunas);
-    for (int coluna = 0; coluna < colunas; ++coluna) {
-        grelha_->setTextMatrix(0, coluna, colunas_[coluna].titulo);
-        if (const int largura = colunas_[coluna].largura; largura >= 0) grelha_->setColWidth(coluna, largura);
-    }
+    grelha_->setColumns(colunas_);
     linhas.moveFirst();
     for (int linha = 1; !linhas.eof(); ++linha, linhas.moveNext()) {
         const QStringList celulas = PreencheLinha(linhas);
-        for (int coluna = 0; coluna < colunas; ++coluna)
+        for (int coluna = 0; coluna < celulas.size(); ++coluna)
             grelha_->setTextMatrix(linha, coluna, celulas[coluna]);
     }
     grelha_->setRow(std::clamp(actual, 1, total));

@@ -42,12 +42,6 @@ protected:
         CommandButton *ins, *alt, *elim, *sair;
     };
 
-    struct Coluna
-    {
-        QString titulo;
-        int largura = -1; // in pixels, 0 hides the column; not given: the last one, which takes what is left
-    };
-
     struct Regras
     {
         QString procura; // the criterion by which a key finds its row, %1 in place of the key
@@ -70,7 +64,7 @@ protected:
     using JanelaDoDono::JanelaDoDono;
 
     // Once, after setupUi().
-    void usa(const Botoes& botoes, Grid* grelha, QList<Coluna> colunas, Regras regras);
+    void usa(const Botoes& botoes, Grid* grelha, QList<GridColumn> colunas, Regras regras);
     // The date field is checked when it is left; a date or none there sets or takes off the flag beside it. As with the
     // number fields, the command whose click took the focus still runs, on what the check has left.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
@@ -138,6 +132,6 @@ private:
     Botoes cmd_{};
     Comandos comandos_;
     Grid* grelha_ = nullptr;
-    QList<Coluna> colunas_;
+    QList<GridColumn> colunas_;
     Regras regras_;
 };

@@ -71,7 +71,7 @@ int CalculaIdade(const QDate& primeira, const QDate& segunda)
 bool DentroObservacao(Nind nind, const QString& dataActo)
 {
     bool dentro = true;
-    guarded([&] {
+    mesmoQueFalhe([&] {
         const jet::Recordset individuo(
             cnBDP, "select datanasc, dataobito, inicioobs, fimobs from individuo where nind = " + nind.paraSQL());
         if (!individuo.eof()) dentro = podeEstarPresente(individuo, dataDoTexto(dataActo));

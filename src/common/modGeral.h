@@ -15,14 +15,25 @@ class ComboBox;
 // nothing. Rolls back only while a statement runs; a transaction pending on an idle connection stays pending.
 void MostraErro(const jet::Error& erro);
 
-// Runs a routine of a form. An error ends the routine and is shown by MostraErro; a transaction that the routine leaves
-// open is abandoned.
+// Runs a routine of a form: an event, and nothing within one. An error ends the routine and is shown by MostraErro; a
+// transaction that the routine leaves open is abandoned.
 template <class Routine>
 void guarded(Routine&& routine)
 {
     jet::RoutineScope scope(cnBDP);
     try {
         std::forward<Routine>(routine)();
+    } catch (const jet::Error& erro) {
+        MostraErro(erro);
+    }
+}
+
+// Runs a step of a guarded routine: an error is shown, and the routine goes on behind the step.
+template <class Step>
+void mesmoQueFalhe(Step&& step)
+{
+    try {
+        std::forward<Step>(step)();
     } catch (const jet::Error& erro) {
         MostraErro(erro);
     }

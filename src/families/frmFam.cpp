@@ -67,7 +67,7 @@ void FrmFam::Form_Load()
 
 void FrmFam::PreencheListas()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         PreencheLocais(*cmbLoc);
 
         jet::Recordset situacoes(cnBDP, "Select codigo, descricao from infocomplementar where  categoria = 'SitFa'");

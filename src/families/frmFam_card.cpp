@@ -45,7 +45,7 @@ void FrmFam::LimpaCampos()
 
 void FrmFam::ActualizaCampos(jet::Recordset& rs, Nfam nf)
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         LimpaCampos();
         if (rs.bof() && rs.eof()) return mostraFicheiroVazio();
 

@@ -10,7 +10,7 @@
 
 void FrmFam::ActualizaFilhos()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         PreencheFG();
         cmdInsF->setEnabled(true);
         const int filhos = adoFilhos.hasRows() ? adoFilhos.recordset().recordCount() : 0;
@@ -24,7 +24,7 @@ void FrmFam::ActualizaFilhos()
 
 void FrmFam::PreencheFG()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         dtgFilho->setRows(0);
         if (!adoFilhos.hasRows()) {
             cmdConsultar->setEnabled(false);
@@ -32,17 +32,8 @@ void FrmFam::PreencheFG()
             return;
         }
         dtgFilho->setRows(adoFilhos.recordset().recordCount() + 1);
-        dtgFilho->setCols(6);
-        const struct
-        {
-            const char* titulo;
-            int largura;
-        } colunas[] = {{"Nind", 70},    {"Nome", 240},    {"D. Nasc.", 90},
-                       {"D. Cas.", 90}, {"Fim Obs.", 90}, {"D. Obito", 90}};
-        for (int coluna = 0; coluna < 6; ++coluna) {
-            dtgFilho->setColWidth(coluna, colunas[coluna].largura);
-            dtgFilho->setTextMatrix(0, coluna, colunas[coluna].titulo);
-        }
+        dtgFilho->setColumns(
+            {{"Nind", 70}, {"Nome", 240}, {"D. Nasc.", 90}, {"D. Cas.", 90}, {"Fim Obs.", 90}, {"D. Obito", 90}});
         adoFilhos.recordset().moveFirst();
         for (int linha = 1; !adoFilhos.recordset().eof(); adoFilhos.recordset().moveNext())
             PreencheLinhaFilho(linha++);

@@ -109,7 +109,7 @@ void FrmFam::txtNC_Validate(int indice)
 QString FrmFam::CalculaTipoFamilia(Nfam nfamilia)
 {
     QString tipo = "7";
-    guarded([&] {
+    mesmoQueFalhe([&] {
         const jet::Recordset mae(cnBDP, "select datanasc, dataobito from individuo where nind = " + txtSnind->text());
         const jet::Recordset pai(cnBDP, "select dataobito from individuo where nind = " + txtPnind->text());
         const jet::Recordset filhos(cnBDP, "select count(datanasc) as Datas, count(nind) as  Filhos from individuo "

@@ -87,7 +87,7 @@ void FrmInd::Form_Load()
 
 void FrmInd::PreencheCombos()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         PreencheLocais(*cmbLoc);
         PreencheLocais(*cmbLocObito);
 

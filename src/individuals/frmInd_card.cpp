@@ -51,7 +51,7 @@ void FrmInd::LimpaCampos()
 
 void FrmInd::ActualizaCampos(jet::Recordset& rs)
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         LimpaCampos();
         if (rs.bof() && rs.eof()) return mostraListaVazia();
 
@@ -148,20 +148,14 @@ void FrmInd::mostraListaVazia()
 
 void FrmInd::PreencheFamilias()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         const bool tem = adoRel.hasRows();
         cmdConsRel->setEnabled(tem);
         Command1->setEnabled(tem);
         dtgProf->setRows(tem ? adoRel.recordset().recordCount() + 1 : 0);
         if (!tem) return;
 
-        dtgProf->setCols(4);
-        for (int coluna : {0, 1, 2})
-            dtgProf->setColWidth(coluna, 80);
-        dtgProf->setTextMatrix(0, 0, "Nº. Família");
-        dtgProf->setTextMatrix(0, 1, "Tipo");
-        dtgProf->setTextMatrix(0, 2, "Situação");
-        dtgProf->setTextMatrix(0, 3, "Data de Casamento");
+        dtgProf->setColumns({{"Nº. Família", 80}, {"Tipo", 80}, {"Situação", 80}, {"Data de Casamento"}});
         for (int linha = 1; !adoRel.recordset().eof(); adoRel.recordset().moveNext())
             EscreveLinhaFam(linha++);
         dtgProf->setRow(1);

@@ -30,9 +30,17 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::frmORV>())
     Forms::setMainWindow(this, ui->mdi);
     connectMenus();
     switchOffItems();
+    onSessionMenus([this](bool enabled) {
+        ui->mnuEditInd->setEnabled(enabled);
+        ui->mnuEditFam->setEnabled(enabled);
+        ui->mnuManut->setEnabled(enabled);
+    });
 }
 
-FrmORV::~FrmORV() = default;
+FrmORV::~FrmORV()
+{
+    onSessionMenus({});
+}
 
 void FrmORV::connectMenus()
 {

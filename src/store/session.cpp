@@ -1,10 +1,6 @@
 #include "store/session.h"
 
-#include "platform/forms/forms.h"
-
-#include <QAction>
 #include <QCoreApplication>
-#include <QMenu>
 
 jet::Connection cnBDP;
 QString StrLigacao;
@@ -14,6 +10,7 @@ QString OperacaoBDP;
 
 namespace {
 bool ending = false;
+std::function<void(bool)> enableMenus;
 } // namespace
 
 QString ligacaoPara(const QString& caminho)
@@ -23,10 +20,12 @@ QString ligacaoPara(const QString& caminho)
 
 void setSessionMenus(bool enabled)
 {
-    QWidget* window = Forms::mainWindow();
-    window->findChild<QAction*>("mnuEditInd")->setEnabled(enabled);
-    window->findChild<QAction*>("mnuEditFam")->setEnabled(enabled);
-    window->findChild<QMenu*>("mnuManut")->setEnabled(enabled);
+    if (enableMenus) enableMenus(enabled);
+}
+
+void onSessionMenus(std::function<void(bool enabled)> enable)
+{
+    enableMenus = std::move(enable);
 }
 
 QString requiredText(const QVariant& value)

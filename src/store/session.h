@@ -6,6 +6,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
+
 extern jet::Connection cnBDP; // the one connection; every form speaks through it
 extern QString StrLigacao;    // connection string of the open BDP
 extern QString CodParoquia;   // code of the parish under study; "": none chosen yet
@@ -22,8 +24,10 @@ inline constexpr auto filtroBDP = "BDP - ORV (*.orv)|*.orv";
 // Connection string of the BDP at `caminho`, which is taken as it stands.
 QString ligacaoPara(const QString& caminho);
 
-// The three menu items that follow the session: mnuEditInd, mnuEditFam, mnuManut.
+// The three menu items that follow the session: mnuEditInd, mnuEditFam, mnuManut. The main window, which has them,
+// tells once how they are enabled.
 void setSessionMenus(bool enabled);
+void onSessionMenus(std::function<void(bool enabled)> enable);
 
 // The text of a field; Error 94 for a null.
 QString requiredText(const QVariant& value);

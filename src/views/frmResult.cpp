@@ -97,14 +97,12 @@ void FrmResult::mostraResultados(Ficha& ficha, Uso uso, Le le)
 
 void FrmResult::PreencheFG()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         dtgProf->setRows(0);
-        dtgProf->setCols(3);
         dtgProf->fill(ficha_->adoFiltro.recordset().recordCount() + 1, [dona = ficha_, le = le_](int linha) {
             return dona ? leAchado(dona->adoFiltro.recordset(), linha, le).celulas : QStringList();
         });
-        for (int coluna = 0; coluna < 3; ++coluna)
-            dtgProf->setTextMatrix(0, coluna, aspecto().titulos[coluna]);
+        dtgProf->setColumns({{aspecto().titulos[0]}, {aspecto().titulos[1]}, {aspecto().titulos[2]}});
         ajustaColunas();
     });
 }
@@ -112,7 +110,7 @@ void FrmResult::PreencheFG()
 // The professions of the person, or the residences of the family.
 void FrmResult::Dados()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         lvInfo->clear();
         const bool familia = uso_ == Uso::Familias;
         const QString instrucao =

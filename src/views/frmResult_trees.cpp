@@ -30,7 +30,7 @@ void juntaConjuge(Arvore& arvore, const PessoaDaArvore& conjuge)
 
 void FrmResult::desenhaArvore()
 {
-    guarded([&] {
+    mesmoQueFalhe([&] {
         const Achado achado = leAchado(ficha_->adoFiltro.recordset(), dtgProf->row(), le_);
         uso_ == Uso::Individuos ? PreencheArvore(achado) : PreencheArvoreFam(achado);
     });

@@ -179,6 +179,12 @@ public:
     void setValue(bool on); // on: the others of the frame go off
 };
 
+struct GridColumn
+{
+    QString title;
+    int width = -1; // in pixels, 0 hides it; not given: as it is, and the last column takes what is left
+};
+
 // A grid as the program counts it: row 0 is the heading, and 0 rows is an empty grid. Cells are texts.
 // A grid with rows behind its heading has one of them chosen: the first, until setRow() or the user chooses another.
 // picked comes only when the user picks a row, also the one that was chosen already.
@@ -193,6 +199,8 @@ public:
     void setRows(int rows); // 0 empties the grid, heading included
     int cols() const;
     void setCols(int cols);
+    // The columns with their titles in the heading. Precondition: the grid has a heading, setRows() behind 0.
+    void setColumns(const QList<GridColumn>& columns);
     QString textMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString& text);
     // Rows whose cells the source gives, for a row from 1 on. Each is read when it is first shown or asked for, so that

@@ -137,6 +137,15 @@ void Grid::setCols(int cols)
     chooseFirstRow();
 }
 
+void Grid::setColumns(const QList<GridColumn>& columns)
+{
+    setCols(static_cast<int>(columns.size()));
+    for (int column = 0; column < cols(); ++column) {
+        setTextMatrix(0, column, columns[column].title);
+        if (columns[column].width >= 0) setColWidth(column, columns[column].width);
+    }
+}
+
 QString Grid::textMatrix(int row, int col) const
 {
     return model_->text(row, col);

@@ -48,6 +48,20 @@ TEST_F(GridTest, RowZeroIsTheHeading)
     EXPECT_TRUE(grid->horizontalHeader()->isVisible());
 }
 
+TEST_F(GridTest, ColumnsBringTheirTitlesAndTheWidthsThatAreGiven)
+{
+    fill(2);
+    grid->setColWidth(0, 80);
+    grid->setColumns({{"Nind"}, {"Nome", 70}, {"", 0}, {"Fim"}});
+    EXPECT_EQ(grid->cols(), 4);
+    EXPECT_EQ(grid->textMatrix(0, 0), "Nind");
+    EXPECT_EQ(grid->textMatrix(0, 3), "Fim");
+    EXPECT_EQ(grid->columnWidth(0), 80);
+    EXPECT_EQ(grid->columnWidth(1), 70);
+    EXPECT_TRUE(grid->isColumnHidden(2));
+    EXPECT_EQ(grid->textMatrix(1, 1), "1,1"); // the rows stay
+}
+
 TEST_F(GridTest, NoRowsIsAnEmptyGrid)
 {
     fill(3);
