@@ -3,7 +3,7 @@
 # Compared is the tree as it stands, uncommitted files too, with the newest commit that it shares with BASE or
 # $HOUSE_BASE. Where neither is given, that is main as it is here or at the origin, if the work is ahead of it; on main
 # itself, the last commit that is eight hours, a working day, older than the newest one.
-# All that has changed is looked at, side by side on all cores; one file takes about ten seconds. A header is read with
+# All that has changed is looked at, side by side on all cores; one file takes six to ten seconds. A header is read with
 # its own source, or with the first one that includes it.
 set -uo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd -P)
@@ -25,17 +25,25 @@ newest_earlier_state() {
     git rev-list -1 --before=$((newest - 8 * 3600)) HEAD
 }
 
-# The sources that show a changed file: itself, or the one that a header is read with. Nothing where there is none.
+# The source that shows a changed file: itself, or the one that a header is read with, also by way of another header.
+# Nothing where there is none.
 source_of() {
-    case $1 in
-    *.cpp) echo "$1" ;;
-    *) if [ -f "${1%.h}.cpp" ]; then
+    local user
+    if [ "${1%.cpp}" != "$1" ]; then
+        echo "$1"
+    elif [ -f "${1%.h}.cpp" ]; then
         echo "${1%.h}.cpp"
     else
-        git ls-files -co --exclude-standard '*.cpp' | sort |
-            xargs grep -lE "#include [\"<](.*/)?$(basename "$1")[\">]" 2>/dev/null | head -n 1
-    fi ;;
-    esac
+        user=$(user_of "$1" '*.cpp')
+        user=${user:-$(user_of "$1" '*.h')}
+        [ -z "$user" ] || [ "$user" = "$1" ] || source_of "$user"
+    fi
+}
+
+# user_of HEADER PATTERN: the first file of the pattern that includes the header.
+user_of() {
+    git ls-files -co --exclude-standard "$2" | sort |
+        xargs grep -lE "#include [\"<](.*/)?$(basename "$1")[\">]" 2>/dev/null | head -n 1
 }
 
 base=$(newest_earlier_state "${1:-}") || {

@@ -31,7 +31,7 @@ int columns(const QAbstractItemView* view)
     return view->model()->columnCount(view->rootIndex());
 }
 
-void addNodes(QAbstractItemModel* model, const QModelIndex& parent, int level, QStringList& lines)
+void addNodes(QAbstractItemModel* model, const QModelIndex& parent, qsizetype level, QStringList& lines)
 {
     while (model->canFetchMore(parent))
         model->fetchMore(parent);

@@ -213,7 +213,7 @@ void Chronicle::nameChild(Person& child, const Family& family)
 void Chronicle::planLife(const Person& child)
 {
     const int age = child.sex == Sex::male ? random_.between(20, 31) : random_.between(18, 26);
-    const QDate day = child.birth.addDays(age * 366);
+    const QDate day = child.birth.addDays(366LL * age);
     if (day < child.death) at(day, [this, number = child.number] { comeOfAge(number); });
 }
 

@@ -15,8 +15,8 @@ public:
     // A whole number from `first` to `last`, both included.
     int between(int first, int last)
     {
-        const auto width = static_cast<std::uint64_t>(last - first + 1);
-        return first + static_cast<int>((engine_() * width) >> 32);
+        const int width = last - first + 1;
+        return first + static_cast<int>((engine_() * static_cast<std::uint64_t>(width)) >> 32);
     }
 
     bool chance(int percent) { return between(1, 100) <= percent; }

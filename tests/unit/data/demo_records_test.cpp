@@ -116,7 +116,7 @@ TEST_F(DemoRecords, NamesPriestsWhoAreThereWithTheirFunctions)
           "familia, segpadrecasam, funcsegpcasam, datacasam"})
     {
         const QStringList names = QString(priest).split(", ");
-        const QString table = names[0], number = names[1], function = names[2];
+        const QString &table = names[0], &number = names[1], &function = names[2];
         expectAtLeast(3, "select " + number + " from " + table + " where " + number + " is not null");
         expectCodes(table, function, "FunPa");
         expectAlive(table, number, table + "." + names[3]);

@@ -1,6 +1,7 @@
 #include "forms/house.h"
 
 #include <QMdiSubWindow>
+#include <QScrollBar>
 #include <QTabWidget>
 
 namespace {

@@ -21,15 +21,13 @@ protected:
         cnBDP.open(ficheiro);
         cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
         for (const char* instrucao :
-             {"create table pais (codpais varchar, nomepais varchar(255), prioridade long)",
-              "create table zonapais (codzona varchar, nomezona varchar(255), codpais varchar, prioridade long)",
-              "create table distrito (coddistrito varchar, nomedistrito varchar(255), prioridade long)",
-              "create table concelho (codconcelho varchar, nomeconcelho varchar(255), coddistrito varchar, prioridade "
-              "long)",
-              "create table paroquia (codparoquia varchar, nomeparoquia varchar(255), codconcelho varchar, prioridade "
-              "long)",
-              "create table lugar (codlugar varchar, nomelugar varchar(255), codparoquia varchar, prioridade long)",
-              "create table sitio (codsitio varchar, nomesitio varchar(255), codlugar varchar, prioridade long)",
+             {"create table pais (codpais varchar, nomepais varchar, prioridade long)",
+              "create table zonapais (codzona varchar, nomezona varchar, codpais varchar, prioridade long)",
+              "create table distrito (coddistrito varchar, nomedistrito varchar, prioridade long)",
+              "create table concelho (codconcelho varchar, nomeconcelho varchar, coddistrito varchar, prioridade long)",
+              "create table paroquia (codparoquia varchar, nomeparoquia varchar, codconcelho varchar, prioridade long)",
+              "create table lugar (codlugar varchar, nomelugar varchar, codparoquia varchar, prioridade long)",
+              "create table sitio (codsitio varchar, nomesitio varchar, codlugar varchar, prioridade long)",
               "insert into pais values ('01', 'Espanha', 0)", "insert into pais values ('PT', 'Portugal', 0)",
               "insert into zonapais values ('011', 'Galiza', '01', 0)",
               "insert into distrito values ('03', 'Braga', 0)",
