@@ -27,7 +27,7 @@ void FrmLegados::Form_Load()
     guarded([&] {
         txtNind->setText(donoDaJanela().numero);
         txtNome->setText(donoDaJanela().nome);
-        PreencheCodigos(*cmbParentesco, "Select codigo, descricao from infocomplementar where categoria = 'Paren'");
+        PreencheCodigos(*cmbParentesco, "Paren");
         abreLista("Select idlegprof,nindherd, parentesco, bensmoveis, obs, bensraiz,  nind from legadosprofanos where "
                   " nind =" +
                   txtNind->text() + " order by idlegprof");

@@ -119,8 +119,8 @@ void FrmInfo::abreInsercao()
 
 void FrmInfo::propoeCodigo()
 {
-    const jet::Recordset ultimo(cnBDP, "Select max (cint(codigo)) from infocomplementar where categoria = '" +
-                                           categoria() + "'");
+    const jet::Recordset ultimo(
+        cnBDP, jet::NativeSql("select max(cint(codigo)) from infocomplementar where categoria = ?", {categoria()}));
     const QVariant maior = ultimo.eof() ? QVariant() : ultimo[0];
     txtCod->setText(textoDoNumero(maior.toDouble() + 1));
 }

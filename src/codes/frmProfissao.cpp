@@ -160,8 +160,9 @@ void FrmProfissao::elimina()
     jet::Recordset& registos = adoProf.recordset();
     if (registos.absolutePosition() == 0) return;
     if (!ask("Tem a certeza que deseja eliminar este registo?")) return;
-    const jet::Recordset usos(cnBDP, "select count(*) as Cont from profissoes where codprof = " + codigoDaLinha());
-    if (usos["cont"].toDouble() != 0)
+    const jet::Recordset usos(
+        cnBDP, jet::NativeSql("select count(*) from profissoes where codprof = ?", {registos["codprof"]}));
+    if (usos[0].toDouble() != 0)
         return showMessage("Não é possível eliminar a profissão seleccionada, pois já existem registos relacionados!");
     const int entrada = entradaDaLinha();
     registos.deleteRow();

@@ -9,9 +9,14 @@ void PreencheComBranco(ComboBox& lista, jet::Recordset& registos, int colunaText
     if (lista.count() == 0) lista.add("  ");
 }
 
-void PreencheCodigos(ComboBox& lista, const QString& instrucao)
+jet::Recordset codigosDaCategoria(const QString& categoria)
 {
-    jet::Recordset codigos(cnBDP, instrucao);
+    return {cnBDP, jet::NativeSql("select codigo, descricao from infocomplementar where categoria = ?", {categoria})};
+}
+
+void PreencheCodigos(ComboBox& lista, const QString& categoria)
+{
+    jet::Recordset codigos = codigosDaCategoria(categoria);
     PreencheComBranco(lista, codigos, 1, 0);
     for (int i = 0; i < lista.count(); ++i)
         lista.setItemText(i, lista.list(i).remove('*'));

@@ -13,33 +13,28 @@ namespace {
 struct Nivel
 {
     const char* tipo;
-    const char* daLista;      // its places on the working list
-    const char* paraEscolher; // SeleccionaLocal; the code and a quote follow
-    const char* paraMostrar;  // NomeLocal; the code and a quote follow
+    const char* daLista; // its places on the working list
+    const char* nome;    // the name of the place with a code
 };
 
 // The narrow levels come first, which keeps the places of everyday use at the top of the lists.
 const Nivel niveis[] = {
     {"S", "Select codsitio, nomesitio from sitio  where prioridade <> 0",
-     "select nomesitio from sitio where codsitio ='", "select nomesitio from sitio where codsitio = '"},
+     "select nomesitio from sitio where codsitio = ?"},
     {"L", "Select codlugar, nomelugar from lugar where prioridade <> 0",
-     "select nomelugar from lugar where codlugar ='", "select nomelugar from lugar where codlugar = '"},
+     "select nomelugar from lugar where codlugar = ?"},
     {"F", "Select codparoquia, nomeparoquia from paroquia where prioridade <> 0",
-     "select nomeparoquia from paroquia where codparoquia ='",
-     "select nomeparoquia from paroquia where codparoquia = '"},
+     "select nomeparoquia from paroquia where codparoquia = ?"},
     {"C", "select codConcelho, nomeconcelho from concelho where prioridade <> 0",
-     "select nomeconcelho from concelho where codconcelho ='",
-     "select nomeconcelho from concelho where codconcelho= '"},
+     "select nomeconcelho from concelho where codconcelho = ?"},
     {"D", "select coddistrito, nomedistrito from distrito where prioridade <> 0 ",
-     "select nomedistrito from distrito where coddistrito ='",
-     "select nomedistrito from distrito where coddistrito = '"},
+     "select nomedistrito from distrito where coddistrito = ?"},
     {"Z", "select codzona, nomezona from zonapais where prioridade <> 0",
-     "select nomezona from zonapais where codzona ='", "select nomezona from zonapais where codzona = '"},
-    {"P", "select codpais, nomepais from pais where prioridade <> 0", "select nomepais from pais where codpais ='",
-     "select nomepais from pais where codpais = '"},
+     "select nomezona from zonapais where codzona = ?"},
+    {"P", "select codpais, nomepais from pais where prioridade <> 0", "select nomepais from pais where codpais = ?"},
 };
 
-constexpr auto sitioEntreLugares = "select nomesitio from lugar where codsitio ='";
+constexpr auto sitioEntreLugares = "select nomesitio from lugar where codsitio = ?";
 
 const Nivel* nivelDoTipo(const QString& tipo)
 {
@@ -96,7 +91,7 @@ void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo
     const Nivel* nivel = nivelDoTipo(letra);
     if (!nivel) return;
     const bool entreLugares = letra == "S" && sitios == TabelaDosSitios::lugar;
-    const jet::Recordset local(cnBDP, (entreLugares ? sitioEntreLugares : nivel->paraEscolher) + codigo + "'");
+    const jet::Recordset local(cnBDP, jet::NativeSql(entreLugares ? sitioEntreLugares : nivel->nome, {codigo}));
     if (local.eof()) return;
     const QString texto = textoDoLocal(local[0].toString(), letra, codigo); // kept: any "*" stays in the name
     lista.add(texto);
@@ -112,13 +107,14 @@ QString NomeLocal(const QVariant& codigo, const QVariant& tipo)
 {
     const Nivel* nivel = nivelDoTipo(tipo.toString().toUpper());
     if (!nivel) return {};
-    const jet::Recordset local(cnBDP, nivel->paraMostrar + codigo.toString() + "'");
+    const jet::Recordset local(cnBDP, jet::NativeSql(nivel->nome, {codigo.toString()}));
     return local.eof() ? QString() : local[0].toString();
 }
 
 QString DescricaoInfo(const QString& categoria, const QString& codigo)
 {
-    const jet::Recordset info(cnBDP, "select descricao from infocomplementar where categoria = '" + categoria +
-                                         "' and codigo ='" + codigo + "'");
+    const jet::Recordset info(
+        cnBDP, jet::NativeSql("select descricao from infocomplementar where categoria = ? and codigo = ?",
+                              {categoria, codigo}));
     return info.eof() ? QString() : info["Descricao"].toString();
 }

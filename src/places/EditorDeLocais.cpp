@@ -19,7 +19,7 @@ void EditorDeLocais::Form_Load()
 {
     guarded([&] {
         AplicarModo(Modo::Cons);
-        registos_->setRecordSource(instrucao());
+        registos_->setRecordSource(fonte());
         registos_->refresh();
         registos_->recordset().setSort(regras_.ordem);
         mostraRegistos();
@@ -205,11 +205,6 @@ bool EditorDeLocais::VerificaCampos(Passo passo)
     return recusaComTexto(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
 }
 
-bool EditorDeLocais::nomeRepetido(const QString& nome, Passo) const
-{
-    return !jet::Recordset(cnBDP, instrucaoDoNome(nome)).eof();
-}
-
 bool EditorDeLocais::recusaComTexto(const QString& mensagem, TextBox* campo, const QString& texto)
 {
     campo->setText(texto);
@@ -219,9 +214,9 @@ bool EditorDeLocais::recusaComTexto(const QString& mensagem, TextBox* campo, con
 void EditorDeLocais::elimina()
 {
     if (!posiciona() || !ask("Tem a certeza que deseja eliminar este registo?")) return;
-    if (const QString instrucao = instrucaoDosDescendentes(valor(regras_.codigo)); !instrucao.isEmpty()) {
+    if (const auto descendentes = eliminacaoDosDescendentes(valor(regras_.codigo))) {
         jet::Transaction transaccao(cnBDP);
-        cnBDP.execute(instrucao);
+        cnBDP.execute(*descendentes);
         transaccao.commit();
     }
     registos_->recordset().deleteRow();

@@ -38,9 +38,10 @@ void FrmConcelhos::Form_Load()
     });
 }
 
-QString FrmConcelhos::instrucao() const
+jet::NativeSql FrmConcelhos::fonte() const
 {
-    return "select codconcelho, nomeconcelho,coddistrito,  obs from concelho order by nomeconcelho";
+    return jet::NativeSql("select codconcelho, nomeconcelho, coddistrito, obs from concelho "
+                          "order by nomeconcelho collate orv_alphabetical");
 }
 
 QString FrmConcelhos::instrucaoDoCodigo(const QString& codigo) const
@@ -48,16 +49,16 @@ QString FrmConcelhos::instrucaoDoCodigo(const QString& codigo) const
     return "select * from concelho where codconcelho = '" + codigo + "'";
 }
 
-QString FrmConcelhos::instrucaoDoNome(const QString& nome) const
+bool FrmConcelhos::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from concelho where nomeconcelho = '" + nome + "'";
+    return existe("select * from concelho where nomeconcelho = '" + nome + "'");
 }
 
-QString FrmConcelhos::instrucaoDosDescendentes(const QString& codigo) const
+std::optional<jet::NativeSql> FrmConcelhos::eliminacaoDosDescendentes(const QString& codigo) const
 {
-    return "delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho in "
-           "(select codconcelho from concelho where codconcelho = '" +
-           codigo + "'))";
+    return jet::NativeSql("delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho "
+                          "in (select codconcelho from concelho where codconcelho = ?))",
+                          {codigo});
 }
 
 void FrmConcelhos::cmdFreg_Click()

@@ -35,9 +35,9 @@ void FrmFreguesias::Form_Load()
     });
 }
 
-QString FrmFreguesias::instrucao() const
+jet::NativeSql FrmFreguesias::fonte() const
 {
-    return "select codparoquia, nomeparoquia,codconcelho,  obs from paroquia";
+    return jet::NativeSql("select codparoquia, nomeparoquia, codconcelho, obs from paroquia");
 }
 
 QString FrmFreguesias::instrucaoDoCodigo(const QString& codigo) const
@@ -45,14 +45,14 @@ QString FrmFreguesias::instrucaoDoCodigo(const QString& codigo) const
     return "select * from paroquia where codparoquia = '" + codigo + "'";
 }
 
-QString FrmFreguesias::instrucaoDoNome(const QString& nome) const
+bool FrmFreguesias::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from paroquia where nomeparoquia = '" + nome + "'";
+    return existe("select * from paroquia where nomeparoquia = '" + nome + "'");
 }
 
-QString FrmFreguesias::instrucaoDosDescendentes(const QString& codigo) const
+std::optional<jet::NativeSql> FrmFreguesias::eliminacaoDosDescendentes(const QString& codigo) const
 {
-    return "delete from lugar where codparoquia = '" + codigo + "'";
+    return jet::NativeSql("delete from lugar where codparoquia = ?", {codigo});
 }
 
 void FrmFreguesias::cmdLug_Click()

@@ -3,6 +3,7 @@
 
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/jet/nativesql.h"
 
 #include "ui_frmLocalizacao.h"
 
@@ -57,7 +58,7 @@ private:
     void cmbLugar_Click();
     void cmbS_Click();
     bool desceAte(Nivel nivel);
-    void preenche(Nivel nivel, const QString& instrucao);
+    void preenche(Nivel nivel, const jet::NativeSql& instrucao);
     void preenchePaises();
     void escolheParoquiaDaBDP();
     void LocalEscolhido();

@@ -11,9 +11,9 @@ void FrmLocalizacao::cmbPais_Click()
         if (!desceAte(Pais)) return;
         const QString pais = Mid(cmbPais->text(), 1, 2);
         if (pais == "PT")
-            preenche(Distrito, "Select * from  distrito");
+            preenche(Distrito, jet::NativeSql("select * from distrito"));
         else
-            preenche(Zona, "Select * from  zonapais where codpais = '" + pais + "'");
+            preenche(Zona, jet::NativeSql("select * from zonapais where codpais = ?", {pais}));
     });
 }
 
@@ -29,7 +29,7 @@ void FrmLocalizacao::cmbDistrito_Click()
     guarded([&] {
         if (!desceAte(Distrito)) return;
         LocalCod = codigoAte(Distrito);
-        preenche(Concelho, "Select * from Concelho where coddistrito = '" + LocalCod + "'");
+        preenche(Concelho, jet::NativeSql("select * from concelho where coddistrito = ?", {LocalCod}));
     });
 }
 
@@ -38,7 +38,7 @@ void FrmLocalizacao::cmbConcelho_Click()
     guarded([&] {
         if (!desceAte(Concelho)) return;
         LocalCod = codigoAte(Concelho);
-        preenche(Paroquia, "Select * from paroquia where codconcelho = '" + LocalCod + "'");
+        preenche(Paroquia, jet::NativeSql("select * from paroquia where codconcelho = ?", {LocalCod}));
     });
 }
 
@@ -47,7 +47,7 @@ void FrmLocalizacao::cmbParoquia_Click()
     guarded([&] {
         if (!desceAte(Paroquia)) return;
         LocalCod = codigoAte(Paroquia);
-        preenche(Lugar, "Select * from lugar where codparoquia = '" + LocalCod + "'");
+        preenche(Lugar, jet::NativeSql("select * from lugar where codparoquia = ?", {LocalCod}));
     });
 }
 
@@ -56,7 +56,7 @@ void FrmLocalizacao::cmbLugar_Click()
     guarded([&] {
         if (!desceAte(Lugar)) return cmdSit->setEnabled(false);
         LocalCod = codigoAte(Lugar);
-        preenche(Sitio, "Select * from sitio where codlugar ='" + LocalCod + "'");
+        preenche(Sitio, jet::NativeSql("select * from sitio where codlugar = ?", {LocalCod}));
     });
 }
 
@@ -80,7 +80,7 @@ bool FrmLocalizacao::desceAte(Nivel nivel)
     return true;
 }
 
-void FrmLocalizacao::preenche(Nivel nivel, const QString& instrucao)
+void FrmLocalizacao::preenche(Nivel nivel, const jet::NativeSql& instrucao)
 {
     const DadosDoNivel& dados = niveis[nivel];
     ComboBox* lista = this->*dados.lista;

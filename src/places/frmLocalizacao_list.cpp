@@ -23,11 +23,13 @@ void FrmLocalizacao::cmdGuardar_Click()
             if (restoDoLocal(lstLocal->list(indice)) == LocalTipo + "- " + LocalCod)
                 return showMessage("O local que pretende adicionar já se encontra na lista!");
         }
-        if (const DadosDoNivel* nivel = DadosDoNivel::doTipo(LocalTipo)) {
-            // Kept: a site is marked under the name shown, so one that the researcher made never is.
-            const QString condicao = LocalTipo == "S" ? "' and nomesitio = '" + cmbS->text() : QString();
-            cnBDP.execute(nivel->guarda + LocalCod + condicao + "'");
-        }
+        // Kept: a site is marked under the name shown, so one that the researcher made never is; nor is one with a
+        // quote in its name.
+        if (LocalTipo == "S")
+            cnBDP.execute("update sitio set prioridade = 1 where codsitio  = '" + LocalCod + "' and nomesitio = '" +
+                          cmbS->text() + "'");
+        else if (const DadosDoNivel* nivel = DadosDoNivel::doTipo(LocalTipo))
+            cnBDP.execute(jet::NativeSql(nivel->guarda, {LocalCod}));
         lstLocal->add(textoDoLocal(LocalNome, LocalTipo, LocalCod));
         cmdRem->setEnabled(lstLocal->listCount() > 0);
     });
@@ -41,7 +43,7 @@ void FrmLocalizacao::cmdRem_Click()
         if (indice < 0) return;
         const Local local = localDoTexto(lstLocal->list(indice));
         if (const DadosDoNivel* nivel = DadosDoNivel::doTipo(local.nivel))
-            cnBDP.execute(nivel->retira + local.codigo + "'");
+            cnBDP.execute(jet::NativeSql(nivel->retira, {local.codigo}));
         lstLocal->removeItem(indice);
         if (lstLocal->listCount() == 0) cmdRem->setEnabled(false);
     });

@@ -3,7 +3,6 @@
 
 #include "places/frmLocalizacao.h"
 
-// Statements that end in a quote are followed by a code and a quote.
 struct FrmLocalizacao::DadosDoNivel
 {
     const char* tipo; // the letter
@@ -13,8 +12,8 @@ struct FrmLocalizacao::DadosDoNivel
     const char* codigo;                        // the column of the code
     int inicio;                                // where in the code the level's own number begins
     const char* daLista;                       // its places on the working list; null where they aren't read
-    const char* guarda;                        // puts a place on the working list
-    const char* retira;                        // takes it off
+    const char* guarda; // puts a place on the working list; null for a site, of which the name is asked too
+    const char* retira; // takes it off
 
     static const DadosDoNivel* doTipo(const QString& tipo); // null for a letter of no level
 };

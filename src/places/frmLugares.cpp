@@ -11,14 +11,15 @@ FrmLugares::FrmLugares() : EditorProvisorio(Name, FrmLocalizacao::Paroquia)
          .recusas = {"Deve inserir o nome do lugar!", "A base de dados já contém um lugar com o nome que inseriu!"}});
 }
 
-QString FrmLugares::instrucao() const
+jet::NativeSql FrmLugares::fonte() const
 {
-    return "select * from lugar where codparoquia = '" + CodSup + "' order by codlugar";
+    return jet::NativeSql("select * from lugar where codparoquia = ? order by codlugar collate orv_alphabetical",
+                          {CodSup});
 }
 
-QString FrmLugares::instrucaoDoNome(const QString& nome) const
+bool FrmLugares::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from lugar where nomelugar = '" + nome + "' and codparoquia = '" + CodSup + "'";
+    return existe("select * from lugar where nomelugar = '" + nome + "' and codparoquia = '" + CodSup + "'");
 }
 
 QString FrmLugares::codigoNovo()

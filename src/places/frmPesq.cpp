@@ -25,23 +25,23 @@ struct Dados
     const char* palavra;   // what the list calls the level
     const char* instrucao; // its codes and names; the text sought stands between this and the order
     const char* ordem;
-    const char* superior; // the code above a place, whose own code and a quote follow; null: it isn't asked for
+    const char* superior; // the code above the place with a code; null: it isn't asked for
 };
 
 const Dados niveis[NumNiveis] = {
     {"País", "select codpais, nomepais from pais where nomepais like '%", "%' order by nomepais", nullptr},
     {"Zona", "select codzona, nomezona from zonapais where nomezona like '%", "%' order by nomezona",
-     "select codpais from zonapais where codzona = '"},
+     "select codpais from zonapais where codzona = ?"},
     {"Distrito", "select coddistrito, nomedistrito from distrito where nomedistrito like '%",
      "%' order by nomedistrito", nullptr},
     {"Concelho", "select codconcelho, nomeconcelho from concelho where nomeconcelho like '%",
-     "%' order by nomeconcelho", "select coddistrito from concelho where codconcelho = '"},
+     "%' order by nomeconcelho", "select coddistrito from concelho where codconcelho = ?"},
     {"Paroquia", "select codparoquia, nomeparoquia from paroquia where nomeparoquia like '%",
-     "%' order by nomeparoquia", "select codconcelho from paroquia where codparoquia = '"},
+     "%' order by nomeparoquia", "select codconcelho from paroquia where codparoquia = ?"},
     {"Lugar", "select codlugar, nomelugar from lugar where nomelugar like '%", "%' order by nomelugar",
-     "select codparoquia from lugar where codlugar = '"},
+     "select codparoquia from lugar where codlugar = ?"},
     {"Sitio", "select codsitio, nomesitio from sitio where nomesitio like '%", "%' order by nomesitio",
-     "select codlugar from sitio where codsitio = '"},
+     "select codlugar from sitio where codsitio = ?"},
 };
 
 // Chooses a country on the picker, which fills the list below it, also where it was chosen already.
@@ -133,7 +133,7 @@ void FrmPesq::LV_DblClick()
         const QString codigo = item->text(Codigo);
         QString superior;
         if (niveis[nivel].superior) {
-            const jet::Recordset local(cnBDP, niveis[nivel].superior + codigo + "'");
+            const jet::Recordset local(cnBDP, jet::NativeSql(niveis[nivel].superior, {codigo}));
             if (local.eof()) return; // gone since the search
             superior = local[0].toString();
         }

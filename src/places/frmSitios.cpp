@@ -11,14 +11,15 @@ FrmSitios::FrmSitios() : EditorProvisorio(Name, FrmLocalizacao::Lugar)
          .recusas = {"Deve inserir o nome do sitio!", "A base de dados já contém um sitio com o nome que inseriu!"}});
 }
 
-QString FrmSitios::instrucao() const
+jet::NativeSql FrmSitios::fonte() const
 {
-    return "select * from sitio where codlugar = '" + CodSup + "' order by codsitio";
+    return jet::NativeSql("select * from sitio where codlugar = ? order by codsitio collate orv_alphabetical",
+                          {CodSup});
 }
 
-QString FrmSitios::instrucaoDoNome(const QString& nome) const
+bool FrmSitios::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from sitio where nomesitio = '" + nome + "' and codlugar = '" + CodSup + "'";
+    return existe("select * from sitio where nomesitio = '" + nome + "' and codlugar = '" + CodSup + "'");
 }
 
 QString FrmSitios::codigoNovo()

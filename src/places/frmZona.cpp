@@ -20,20 +20,22 @@ FrmZona::FrmZona() : EditorProvisorio(Name, FrmLocalizacao::Pais)
 void FrmZona::Form_Load()
 {
     guarded([&] {
-        PreencheCodigos(*cmbTipo, "select codigo, descricao from infocomplementar where categoria = 'TipZo'");
+        PreencheCodigos(*cmbTipo, "TipZo");
         EditorProvisorio::Form_Load();
     });
 }
 
-QString FrmZona::instrucao() const
+jet::NativeSql FrmZona::fonte() const
 {
-    return "select codzona, nomezona, obs, tipo, codpais from zonapais where codpais = '" + CodSup + "'";
+    return jet::NativeSql("select codzona, nomezona, obs, tipo, codpais from zonapais where codpais = ?", {CodSup});
 }
 
-QString FrmZona::instrucaoDoNome(const QString& nome) const
+// Here alone a quote does no harm.
+bool FrmZona::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from zonapais where nomezona = '" + QString(nome).replace("'", "''") + "' and codPais = '" +
-           CodSup + "'";
+    const jet::NativeSql iguais("select * from zonapais where nomezona = ? collate orv_nocase and codpais = ?",
+                                {nome, CodSup});
+    return !jet::Recordset(cnBDP, iguais).eof();
 }
 
 const QList<ModeRow>& FrmZona::modos() const
@@ -46,7 +48,7 @@ const QList<ModeRow>& FrmZona::modos() const
 // Kept: the highest code is that of the texts, so that behind nine zones the tenth code comes again.
 QString FrmZona::codigoNovo()
 {
-    const jet::Recordset maior(cnBDP, "Select max(codzona) from zonapais where codpais = '" + CodSup + "'");
+    const jet::Recordset maior(cnBDP, jet::NativeSql("select max(codzona) from zonapais where codpais = ?", {CodSup}));
     if (maior[0].isNull()) return CodSup + "1";
     return CodSup + textoDoNumero(numeroDoTexto(Mid(maior[0].toString(), 3)) + 1);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/jet/error.h"
+#include "platform/jet/nativesql.h"
 
 #include <QByteArray>
 #include <QList>
@@ -17,7 +18,8 @@ namespace jet {
 struct Database;
 class Recordset;
 
-// One open database file, spoken to in the dialect of the system (dialect.h).
+// One open database file, spoken to in the dialect of the system (dialect.h), or in the engine's own SQL where values
+// are bound (nativesql.h).
 //
 // One thread. No SELECT stays open between two calls, so the file can be altered, copied or replaced at any moment.
 // Every failure throws Error and leaves the connection usable.
@@ -52,6 +54,7 @@ public:
     // Runs one statement that gives no rows, or whose rows nobody needs. Returns the number of rows changed.
     // Text behind the first statement, an empty text and a text of blanks are errors, and nothing is run.
     int execute(const QString& statement);
+    int execute(const NativeSql& statement);
 
     // Transactions nest: each beginTrans() opens a level, commitTrans() and rollbackTrans() end the innermost one.
     // Only the commit of the outermost level reaches the disk. Ending a level where there is none is an error.
@@ -86,6 +89,8 @@ public:
     sqlite3* handle() const;
 
 private:
+    int run(const QString& sql, const QVariantList& values);
+
     std::shared_ptr<Database> database_;
     friend class Recordset;
 };

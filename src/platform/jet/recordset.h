@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <variant>
 
 namespace jet {
 
@@ -23,15 +24,19 @@ class Recordset
 public:
     explicit Recordset(Connection& connection);
     Recordset(Connection& connection, const QString& select); // and opens it
+    Recordset(Connection& connection, const NativeSql& select);
     ~Recordset();
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    void open(const QString& select); // throws Error; the connection stays usable, the recordset is closed
+    // Throws Error; the connection stays usable, the recordset is closed. A select in the engine's own SQL gives the same
+    // types, and can be written to as one of the dialect; but where a ? stands outside "where", its rows are read at
+    // once, and none can be added or deleted (Error 3251).
+    void open(const QString& select);
+    void open(const NativeSql& select);
     void close();
     bool isOpen() const;
     void requery(); // keeps the order and the filter
-    QString source() const;
 
     bool bof() const;
     bool eof() const;
@@ -89,7 +94,7 @@ public:
 
     // An empty text closes the cursor at the next refresh().
     void setRecordSource(const QString& select);
-    QString recordSource() const;
+    void setRecordSource(const NativeSql& select);
 
     // Opens the query anew, on its first row. Throws as Recordset::open().
     void refresh();
@@ -99,7 +104,7 @@ public:
 
 private:
     Recordset rows_;
-    QString source_;
+    std::variant<QString, NativeSql> source_;
 };
 
 } // namespace jet

@@ -24,8 +24,11 @@ public:
     explicit operator bool() const { return handle_; }
     sqlite3_stmt* handle() const { return handle_; }
 
-    void bind(int parameter, const QVariant& value); // null, qint64, double or QString; parameters count from 1
-    bool step();                                     // true: a row stands ready. Throws Error; then it is reset
+    // A value as NativeSql takes them; parameters count from 1. Throws Error (typeMismatch) for any other.
+    void bind(int parameter, const QVariant& value);
+    // One value for each parameter. Throws Error (invalidStatement) where their numbers differ.
+    void bindAll(const QVariantList& values);
+    bool step(); // true: a row stands ready. Throws Error; then it is reset
     void reset();
     void finalize();
 
