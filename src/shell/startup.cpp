@@ -12,6 +12,7 @@
 #include "codes/frmInfo.h"
 #include "codes/frmProfissao.h"
 #include "common/globals.h"
+#include "common/modGeral.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
 #include "individuals/frmDatas.h"
@@ -62,8 +63,10 @@ bool Application::notify(QObject* receiver, QEvent* event)
         return QApplication::notify(receiver, event);
     } catch (const jet::Error&) {
         endProgram(EXIT_FAILURE);
-        return false;
+    } catch (const std::exception& erro) {
+        MostraErro(erro);
     }
+    return false;
 }
 
 void registerForms()
