@@ -4,13 +4,7 @@
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
-
-FrmAssinatura& frmAssinatura()
-{
-    return theForm<FrmAssinatura>();
-}
 
 FrmAssinatura::FrmAssinatura() : ListaDatada(Name)
 {

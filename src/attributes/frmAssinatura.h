@@ -35,6 +35,3 @@ private:
     void mostraFicheiro(const QString& caminho);
     Valores valores() const;
 };
-
-// The one window, loaded at first touch.
-FrmAssinatura& frmAssinatura();

@@ -4,12 +4,6 @@
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/forms.h"
-
-FrmProf& frmProf()
-{
-    return theForm<FrmProf>();
-}
 
 FrmProf::FrmProf() : ListaDatada(Name)
 {

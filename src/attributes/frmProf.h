@@ -31,6 +31,3 @@ protected:
 private:
     void PreencheProfissoes();
 };
-
-// The one window, loaded at first touch.
-FrmProf& frmProf();

@@ -17,11 +17,6 @@ bool daFamilia()
 
 } // namespace
 
-FrmResid& frmResid()
-{
-    return theForm<FrmResid>();
-}
-
 FrmResid::FrmResid() : ListaDatada(Name)
 {
     setupUi(this);

@@ -35,6 +35,3 @@ private:
     QString instrucao() const;
     Valores valores() const;
 };
-
-// The one window, loaded at first touch.
-FrmResid& frmResid();
