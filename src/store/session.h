@@ -25,7 +25,8 @@ QString ligacaoPara(const QString& caminho);
 // The three menu items that follow the session: mnuEditInd, mnuEditFam, mnuManut.
 void setSessionMenus(bool enabled);
 
-// The text of a field; Error 94 for a null.
+// The text of a field.
+// Precondition: it isn't null; Error 94 otherwise.
 QString requiredText(const QVariant& value);
 
 // Ends the program once control is back in the event loop, nested ones included: what is pending is rolled back, the

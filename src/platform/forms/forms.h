@@ -15,7 +15,8 @@ class QMdiArea;
 class Forms
 {
 public:
-    // The main window and its document area, before any form is loaded. The window goes on the list by its object name.
+    // The main window and its document area. The window goes on the list by its object name.
+    // Precondition: no form is loaded yet.
     static void setMainWindow(QWidget* window, QMdiArea* area);
     static QWidget* mainWindow();
 
@@ -48,6 +49,7 @@ private:
 };
 
 // The one instance of a form class, loaded at first touch. F::Name is the form's name.
+// Precondition: Forms::add() has made that name known.
 template <class F>
 F& theForm()
 {
