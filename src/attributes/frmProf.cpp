@@ -3,7 +3,6 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
-#include "platform/forms/forms.h"
 
 FrmProf::FrmProf() : ListaDatada(Name)
 {

@@ -4,14 +4,8 @@
 #include "common/numbers.h"
 #include "common/vbtext.h"
 #include "platform/forms/focus.h"
-#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "store/modBD.h"
-
-FrmInfo& frmInfo()
-{
-    return theForm<FrmInfo>();
-}
 
 FrmInfo::FrmInfo() : EditorDeTabela(Name)
 {

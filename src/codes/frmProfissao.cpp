@@ -9,11 +9,6 @@
 
 #include <QSignalBlocker>
 
-FrmProfissao& frmProfissao()
-{
-    return theForm<FrmProfissao>();
-}
-
 FrmProfissao::FrmProfissao() : EditorDeTabela(Name)
 {
     setupUi(this);

@@ -12,7 +12,8 @@ class MaskedEdit;
 // True for exactly dd/mm/yyyy that the calendar has (1582 and before included).
 bool eData(const QString& texto);
 
-// The date of such a text: Error 13 where it is none.
+// The date of such a text.
+// Precondition: eData(texto); Error 13 otherwise.
 QDate dataDoTexto(const QString& texto);
 
 // dd/mm/yyyy; "" for null.
@@ -21,7 +22,8 @@ QString textoDaData(const QVariant& data);
 // Both empty forms of a date field.
 bool semData(const QString& texto);
 
-// For SQL: #mm/dd/yyyy#, from the text of a field. The text must be a date: Error 13 otherwise.
+// For SQL: #mm/dd/yyyy#, from the text of a field.
+// Precondition: eData(texto); Error 13 otherwise.
 QString literalDaData(const QString& texto);
 
 // The check of a date field that is left, as frmFam, frmProf, frmAssinatura and frmResid make it: true where the field

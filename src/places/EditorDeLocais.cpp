@@ -17,13 +17,16 @@ void EditorDeLocais::ligaGrelha()
 
 void EditorDeLocais::Form_Load()
 {
-    guarded([&] {
-        AplicarModo(Modo::Cons);
-        registos_->setRecordSource(fonte());
-        registos_->refresh();
-        registos_->recordset().setSort(regras_.ordem);
-        mostraRegistos();
-    });
+    guarded([&] { carrega(); });
+}
+
+void EditorDeLocais::carrega()
+{
+    AplicarModo(Modo::Cons);
+    registos_->setRecordSource(fonte());
+    registos_->refresh();
+    registos_->recordset().setSort(regras_.ordem);
+    mostraRegistos();
 }
 
 bool EditorDeLocais::Form_QueryUnload(UnloadMode modo)

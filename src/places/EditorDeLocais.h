@@ -55,7 +55,7 @@ protected:
         QList<QWidget*> outros = {}; // what else is disabled while an edit runs
     };
 
-    // Once, after setupUi().
+    // Precondition: setupUi() has run, and this hasn't.
     template <class Controls>
     void usa(const Controls& ui, jet::DataControl& registos, Grid* grelha, Regras regras)
     {
@@ -84,7 +84,8 @@ protected:
     virtual void mostraOutros(const jet::Recordset&) {}
     virtual void escreveOutros(jet::Recordset&) const {}
 
-    void Form_Load() override;
+    virtual void carrega(); // what belongs to the load; an error ends it
+    void Form_Load() final;
     bool Form_QueryUnload(UnloadMode modo) override; // while an edit runs the close box does nothing
     void abreInsercao() override;
     void confirmaInsercao() override;

@@ -1,7 +1,6 @@
 #include "places/EditorProvisorio.h"
 
 #include "common/ficha.h"
-#include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
 #include "platform/forms/forms.h"
@@ -9,12 +8,10 @@
 
 #include <cmath>
 
-void EditorProvisorio::Form_Load()
+void EditorProvisorio::carrega()
 {
-    guarded([&] {
-        CodSup = frmLocalizacao().codigoAte(nivelSuperior_);
-        EditorDeLocais::Form_Load();
-    });
+    CodSup = frmLocalizacao().codigoAte(nivelSuperior_);
+    EditorDeLocais::carrega();
 }
 
 void EditorProvisorio::Form_Unload()

@@ -29,7 +29,7 @@ protected:
     const QList<ModeRow>& modos() const override;
     void elimina() override;
     void fecha() override { unload(); }
-    void Form_Load() override;
+    void carrega() override;
     void Form_Unload() override;
 
 private:

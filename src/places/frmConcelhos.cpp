@@ -26,16 +26,14 @@ FrmConcelhos::FrmConcelhos() : EditorComCodigo(Name)
     connect(cmdFreg, &CommandButton::clicked, this, &FrmConcelhos::cmdFreg_Click);
 }
 
-void FrmConcelhos::Form_Load()
+void FrmConcelhos::carrega()
 {
-    guarded([&] {
-        EditorComCodigo::Form_Load();
-        jet::Recordset distritos(cnBDP, "select coddistrito, nomedistrito from distrito");
-        preencheSuperiores(distritos);
-        if (cmbDist->count() == 0)
-            showMessage("Não é possível a edição de concelhos!\r\nRazão: Não existem registos de distritos.",
-                        Icon::Critical);
-    });
+    EditorComCodigo::carrega();
+    jet::Recordset distritos(cnBDP, "select coddistrito, nomedistrito from distrito");
+    preencheSuperiores(distritos);
+    if (cmbDist->count() == 0)
+        showMessage("Não é possível a edição de concelhos!\r\nRazão: Não existem registos de distritos.",
+                    Icon::Critical);
 }
 
 jet::NativeSql FrmConcelhos::fonte() const

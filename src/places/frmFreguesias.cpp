@@ -25,14 +25,12 @@ FrmFreguesias::FrmFreguesias() : EditorComCodigo(Name)
 }
 
 // The municipalities are those that their editor shows.
-void FrmFreguesias::Form_Load()
+void FrmFreguesias::carrega()
 {
-    guarded([&] {
-        EditorComCodigo::Form_Load();
-        jet::DataControl& concelhos = frmConcelhos().adoConc;
-        if (concelhos.hasRows()) concelhos.recordset().moveFirst();
-        preencheSuperiores(concelhos.recordset());
-    });
+    EditorComCodigo::carrega();
+    jet::DataControl& concelhos = frmConcelhos().adoConc;
+    if (concelhos.hasRows()) concelhos.recordset().moveFirst();
+    preencheSuperiores(concelhos.recordset());
 }
 
 jet::NativeSql FrmFreguesias::fonte() const

@@ -21,7 +21,7 @@ protected:
     QString instrucaoDoCodigo(const QString& codigo) const override;
     bool nomeRepetido(const QString& nome, Passo passo) const override;
     std::optional<jet::NativeSql> eliminacaoDosDescendentes(const QString& codigo) const override;
-    void Form_Load() override;
+    void carrega() override;
 
 private:
     void cmdLug_Click();

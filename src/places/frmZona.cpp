@@ -17,12 +17,10 @@ FrmZona::FrmZona() : EditorProvisorio(Name, FrmLocalizacao::Pais)
                      "A base de dados já contém uma zona com o nome que inseriu!"}});
 }
 
-void FrmZona::Form_Load()
+void FrmZona::carrega()
 {
-    guarded([&] {
-        PreencheCodigos(*cmbTipo, "TipZo");
-        EditorProvisorio::Form_Load();
-    });
+    PreencheCodigos(*cmbTipo, "TipZo");
+    EditorProvisorio::carrega();
 }
 
 jet::NativeSql FrmZona::fonte() const

@@ -25,5 +25,5 @@ protected:
     void limpaOutros() override;
     void mostraOutros(const jet::Recordset& linha) override;
     void escreveOutros(jet::Recordset& linha) const override;
-    void Form_Load() override;
+    void carrega() override;
 };

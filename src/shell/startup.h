@@ -15,11 +15,12 @@ QString commandLineText(int argc, char** argv);
 void registerForms();
 
 // Loads and shows the main window, with `commandLine` as the text behind the program's name (untrimmed; "" for none).
-// The application object exists, and prepareApplication() has run.
+// Precondition: the application object exists, and prepareApplication() has run.
 FrmORV& startProgram(const QString& commandLine);
 
 // Another session begins: nobody asks for a person, and no search is under way.
 void recomecaSessao();
 
-// What the program sets up once on its application object: language, style, focus watch, icons.
+// What the program sets up on its application object: language, style, focus watch, icons.
+// Precondition: the application object exists.
 void prepareApplication();

@@ -204,7 +204,8 @@ public:
     QString textMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString& text);
     // Rows whose cells the source gives, for a row from 1 on. Each is read when it is first shown or asked for, so that
-    // a hundred thousand stand at once. The heading stays. The source doesn't throw.
+    // a hundred thousand stand at once. The heading stays.
+    // Precondition: the source doesn't throw.
     void fill(int rows, std::function<QStringList(int row)> source);
     int row() const; // the row chosen; 0 where none is
     void setRow(int row);

@@ -15,13 +15,14 @@ class QMdiArea;
 class Forms
 {
 public:
-    // The main window and its document area, before any form is loaded. The window goes on the list by its object name.
+    // The main window and its document area. The window goes on the list by its object name.
+    // Precondition: no form is loaded yet.
     static void setMainWindow(QWidget* window, QMdiArea* area);
     static QWidget* mainWindow();
 
     // Makes a form known by its name. Rooms show each other's forms by name, so that no room has to include what stands
     // above it.
-    static void add(const QString& name, std::function<Form*()> make);
+    static void add(const QString& name, const std::function<Form*()>& make);
     static bool exists(const QString& name);
 
     // The loaded form of that name, loading it where it isn't loaded; null where no such form exists. A form that is
@@ -49,6 +50,7 @@ private:
 };
 
 // The one instance of a form class, loaded at first touch. F::Name is the form's name.
+// Precondition: Forms::add() has made that name known.
 template <class F>
 F& theForm()
 {

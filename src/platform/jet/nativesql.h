@@ -22,7 +22,8 @@ struct NativeSql
     explicit NativeSql(QString text, QVariantList bound = {}) : sql(std::move(text)), values(std::move(bound)) {}
 
     QString sql;
-    QVariantList values; // as many as there are ?; otherwise Error (invalidStatement), and nothing is run
+    // Precondition of a run: as many as there are ?; Error (invalidStatement) otherwise, and nothing is run.
+    QVariantList values;
 };
 
 } // namespace jet

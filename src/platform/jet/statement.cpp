@@ -13,10 +13,10 @@ Statement::Statement(Database& database, const QString& sql)
 {
     database.requireOpen();
     const QByteArray utf8 = sql.toUtf8();
-    sqlite3_stmt* handle = nullptr;
-    const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1, 0, &handle, nullptr);
+    sqlite3_stmt* prepared = nullptr;
+    const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1, 0, &prepared, nullptr);
     if (code != SQLITE_OK) database.fail(code);
-    enlist(&database, handle);
+    enlist(&database, prepared);
 }
 
 Statement::Statement(Statement&& other) noexcept
@@ -29,17 +29,17 @@ Statement& Statement::operator=(Statement&& other) noexcept
     if (this == &other) return *this;
     finalize();
     Database* database = other.database_;
-    sqlite3_stmt* handle = std::exchange(other.handle_, nullptr);
-    if (handle) database->statements.erase(&other);
-    enlist(database, handle);
+    sqlite3_stmt* prepared = std::exchange(other.handle_, nullptr);
+    if (prepared) database->statements.erase(&other);
+    enlist(database, prepared);
     return *this;
 }
 
-void Statement::enlist(Database* database, sqlite3_stmt* handle)
+void Statement::enlist(Database* database, sqlite3_stmt* prepared)
 {
     database_ = database;
-    handle_ = handle;
-    if (handle) database->statements.insert(this);
+    handle_ = prepared;
+    if (prepared) database->statements.insert(this);
 }
 
 void Statement::bind(int parameter, const QVariant& value)

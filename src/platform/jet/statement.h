@@ -26,14 +26,14 @@ public:
 
     // A value as NativeSql takes them; parameters count from 1. Throws Error (typeMismatch) for any other.
     void bind(int parameter, const QVariant& value);
-    // One value for each parameter. Throws Error (invalidStatement) where their numbers differ.
+    // Precondition: one value for each parameter; Error (invalidStatement) otherwise.
     void bindAll(const QVariantList& values);
     bool step(); // true: a row stands ready. Throws Error; then it is reset
     void reset();
     void finalize();
 
 private:
-    void enlist(Database* database, sqlite3_stmt* handle);
+    void enlist(Database* database, sqlite3_stmt* prepared);
 
     Database* database_ = nullptr;
     sqlite3_stmt* handle_ = nullptr;
