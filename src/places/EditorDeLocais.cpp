@@ -96,7 +96,7 @@ void EditorDeLocais::mostraRegistos(const QString& codigo)
     jet::Recordset& linhas = registos_->recordset();
     if (registos_->hasRows()) {
         linhas.moveFirst();
-        if (!codigo.isEmpty()) linhas.find(regras_.codigo + " ='" + QString(codigo).replace("'", "''") + "'");
+        if (!codigo.isEmpty()) linhas.find(QString("%1 ='%2'").arg(nivel().codigo, QString(codigo).replace("'", "''")));
         grelha_->setRow(std::max(linhas.absolutePosition(), 1));
     }
     mostraLinha();
@@ -126,8 +126,8 @@ void EditorDeLocais::mostraLinha()
 {
     limpaCampos();
     if (!posiciona()) return;
-    txtCod_->setText(valor(regras_.codigo));
-    txtNome_->setText(valor(regras_.nome).remove('*'));
+    txtCod_->setText(valor(nivel().codigo));
+    txtNome_->setText(valor(nivel().nome).remove('*'));
     txtObs_->setText(valor("obs"));
     mostraOutros(registos_->recordset());
 }
@@ -147,8 +147,8 @@ void EditorDeLocais::confirmaInsercao()
     const QString codigo = codigoAGravar();
     jet::Recordset& linhas = registos_->recordset();
     linhas.addNew();
-    linhas.set(regras_.codigo, codigo.isEmpty() ? QVariant() : codigo); // the store refuses a row without one
-    if (!regras_.superior.isEmpty()) linhas.set(regras_.superior, superior());
+    linhas.set(nivel().codigo, codigo.isEmpty() ? QVariant() : codigo); // the store refuses a row without one
+    if (nivel().superior) linhas.set(nivel().superior, superior());
     escreveCampos();
     linhas.requery(); // in its order
     terminaEdicao();
@@ -170,7 +170,7 @@ void EditorDeLocais::abreAlteracao()
 void EditorDeLocais::confirmaAlteracao()
 {
     if (!VerificaCampos(Passo::Alteracao)) return;
-    const QString codigo = valor(regras_.codigo);
+    const QString codigo = valor(nivel().codigo);
     escreveCampos();
     registos_->recordset().requery();
     terminaEdicao();
@@ -181,7 +181,7 @@ void EditorDeLocais::confirmaAlteracao()
 void EditorDeLocais::escreveCampos()
 {
     jet::Recordset& linhas = registos_->recordset();
-    linhas.set(regras_.nome, nomeAGravar());
+    linhas.set(nivel().nome, nomeAGravar());
     if (!txtObs_->text().isEmpty()) linhas.set("obs", txtObs_->text());
     escreveOutros(linhas);
     linhas.update();
@@ -204,7 +204,7 @@ bool EditorDeLocais::VerificaCampos(Passo passo)
     const QString aMostrar = Trim(QString(nome).remove('*')); // a name of "*"s alone would show as none
     const bool falta = aMostrar.isEmpty() || eNumero(aMostrar);
     if (!falta && !nomeRepetido(nome, passo)) return true;
-    const QString anterior = passo == Passo::Insercao ? QString() : valor(regras_.nome).remove('*');
+    const QString anterior = passo == Passo::Insercao ? QString() : valor(nivel().nome).remove('*');
     return recusaComTexto(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
 }
 
@@ -217,7 +217,7 @@ bool EditorDeLocais::recusaComTexto(const QString& mensagem, TextBox* campo, con
 void EditorDeLocais::elimina()
 {
     if (!posiciona() || !ask("Tem a certeza que deseja eliminar este registo?")) return;
-    if (const auto descendentes = eliminacaoDosDescendentes(valor(regras_.codigo))) {
+    if (const auto descendentes = eliminacaoDosDescendentes(valor(nivel().codigo))) {
         jet::Transaction transaccao(cnBDP);
         cnBDP.execute(*descendentes);
         transaccao.commit();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/EditorDeTabela.h"
+#include "common/niveis.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
@@ -45,9 +46,7 @@ protected:
 
     struct Regras
     {
-        QString codigo;              // the column of the code
-        QString nome;                // the column of the name
-        QString superior = {};       // the column of the code of the level above; empty: none is written
+        Nivel nivel;
         QString ordem = {};          // of the rows; empty: as the source gives them
         QList<Coluna> colunas;       // of the grid
         Recusas recusas;             // of an insertion
@@ -99,6 +98,7 @@ protected:
 
     // Puts the cursor on the row chosen in the grid. False where there is none.
     bool posiciona();
+    const DadosDoNivel& nivel() const { return dadosDe(regras_.nivel); }
     QString valor(const QString& campo) const; // of the current row
     static bool existe(const QString& select) { return !jet::Recordset(cnBDP, select).eof(); }
     void AplicarModo(Modo modo);

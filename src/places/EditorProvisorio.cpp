@@ -39,7 +39,7 @@ QString EditorProvisorio::nomeAGravar() const
 
 bool EditorProvisorio::provisorio(const QString& mensagem)
 {
-    if (valor(regras_.nome).startsWith('*')) return true;
+    if (valor(nivel().nome).startsWith('*')) return true;
     showMessage(mensagem);
     return false;
 }
@@ -50,12 +50,12 @@ void EditorProvisorio::elimina()
 }
 
 // Kept: the last row of the order of texts. "100" stands before "99", so that behind 99 the same code comes again.
-QString EditorProvisorio::proximoCodigo(int inicio)
+QString EditorProvisorio::proximoCodigo()
 {
     double ultimo = 0;
     if (registos_->hasRows()) {
         registos_->recordset().moveLast();
-        ultimo = std::floor(numeroDoTexto(Mid(valor(regras_.codigo), inicio)));
+        ultimo = std::floor(numeroDoTexto(Mid(valor(nivel().codigo), nivel().inicio)));
     }
     return CodSup + textoDoNumero(ultimo + 1).rightJustified(2, '0');
 }

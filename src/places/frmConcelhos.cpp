@@ -13,9 +13,7 @@ FrmConcelhos::FrmConcelhos() : EditorComCodigo(Name)
 {
     setupUi(this);
     usa(*this, adoConc, dtgConc,
-        {.codigo = "codconcelho",
-         .nome = "nomeconcelho",
-         .superior = "coddistrito",
+        {.nivel = Nivel::Concelho,
          .colunas = {{"DDCC", "codconcelho", 100}, {"Designação", "nomeconcelho"}},
          .recusas = {"Deve inserir o nome do concelho!",
                      "A base de dados já contém um concelho com o nome que inseriu!"},

@@ -7,9 +7,7 @@ FrmDistritos::FrmDistritos() : EditorComCodigo(Name)
 {
     setupUi(this);
     usa(*this, adoDist, dtDist,
-        {.codigo = "coddistrito",
-         .nome = "nomedistrito",
-         .superior = "codpais",
+        {.nivel = Nivel::Distrito,
          .ordem = "nomedistrito ASC",
          .colunas = {{"Nome do Distrito", "nomedistrito", 290}, {"Código", "coddistrito"}},
          .recusas = {"Deve inserir o nome do distrito!",

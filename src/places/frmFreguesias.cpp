@@ -8,9 +8,7 @@ FrmFreguesias::FrmFreguesias() : EditorComCodigo(Name)
 {
     setupUi(this);
     usa(*this, adoFreg, dtFreg,
-        {.codigo = "codparoquia",
-         .nome = "nomeparoquia",
-         .superior = "codconcelho",
+        {.nivel = Nivel::Paroquia,
          .ordem = "nomeparoquia ASC",
          .colunas = {{"Nome do paróquia", "nomeparoquia", 290}, {"Código", "codparoquia"}},
          .recusas = {"Deve inserir o nome da paróquia!",

@@ -1,12 +1,10 @@
 #include "places/frmLugares.h"
 
-FrmLugares::FrmLugares() : EditorProvisorio(Name, FrmLocalizacao::Paroquia)
+FrmLugares::FrmLugares() : EditorProvisorio(Name, Nivel::Paroquia)
 {
     setupUi(this);
     usa(*this, adoLug, dtgLug,
-        {.codigo = "codlugar",
-         .nome = "nomelugar",
-         .superior = "codparoquia",
+        {.nivel = Nivel::Lugar,
          .colunas = {{"Código", "codlugar", 100}, {"Nome Lugar", "nomelugar"}},
          .recusas = {"Deve inserir o nome do lugar!", "A base de dados já contém um lugar com o nome que inseriu!"}});
 }
@@ -24,7 +22,7 @@ bool FrmLugares::nomeRepetido(const QString& nome, Passo) const
 
 QString FrmLugares::codigoNovo()
 {
-    return proximoCodigo(7);
+    return proximoCodigo();
 }
 
 // Kept: here alone a reference row can't be altered either.

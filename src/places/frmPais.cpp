@@ -8,8 +8,7 @@ FrmPais::FrmPais() : EditorDeLocais(Name)
 {
     setupUi(this);
     usa(*this, adoPais, dtPais,
-        {.codigo = "codpais",
-         .nome = "nomepais",
+        {.nivel = Nivel::Pais,
          .ordem = "nomepais ASC",
          .colunas = {{"Código", "codpais", 80}, {"Nome do País", "nomepais"}},
          .recusas = {"Deve inserir um nome de país!", "A base de dados já contém um país com o nome que inseriu!"},

@@ -1,12 +1,10 @@
 #include "places/frmSitios.h"
 
-FrmSitios::FrmSitios() : EditorProvisorio(Name, FrmLocalizacao::Lugar)
+FrmSitios::FrmSitios() : EditorProvisorio(Name, Nivel::Lugar)
 {
     setupUi(this);
     usa(*this, adoSit, dtSit,
-        {.codigo = "codsitio",
-         .nome = "nomesitio",
-         .superior = "codlugar",
+        {.nivel = Nivel::Sitio,
          .colunas = {{"Código", "codsitio", 100}, {"Nome do sitio", "nomesitio"}},
          .recusas = {"Deve inserir o nome do sitio!", "A base de dados já contém um sitio com o nome que inseriu!"}});
 }
@@ -24,5 +22,5 @@ bool FrmSitios::nomeRepetido(const QString& nome, Passo) const
 
 QString FrmSitios::codigoNovo()
 {
-    return proximoCodigo(9);
+    return proximoCodigo();
 }

@@ -4,13 +4,11 @@
 #include "common/codigos.h"
 #include "common/modGeral.h"
 
-FrmZona::FrmZona() : EditorProvisorio(Name, FrmLocalizacao::Pais)
+FrmZona::FrmZona() : EditorProvisorio(Name, Nivel::Pais)
 {
     setupUi(this);
     usa(*this, adoZona, dtgZona,
-        {.codigo = "codzona",
-         .nome = "nomezona",
-         .superior = "codpais",
+        {.nivel = Nivel::Zona,
          .ordem = "nomezona ASC",
          .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 210}, {"Tipo", "tipo"}},
          .recusas = {"Deve inserir um nome de uma zona de um país!",
@@ -48,7 +46,7 @@ QString FrmZona::codigoNovo()
 {
     const jet::Recordset maior(cnBDP, jet::NativeSql("select max(codzona) from zonapais where codpais = ?", {CodSup}));
     if (maior[0].isNull()) return CodSup + "1";
-    return CodSup + textoDoNumero(numeroDoTexto(Mid(maior[0].toString(), 3)) + 1);
+    return CodSup + textoDoNumero(numeroDoTexto(Mid(maior[0].toString(), nivel().inicio)) + 1);
 }
 
 bool FrmZona::VerificaCampos(Passo passo)
