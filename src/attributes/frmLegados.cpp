@@ -3,6 +3,7 @@
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/ficha.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
@@ -66,7 +67,7 @@ void FrmLegados::LimpaCampos()
 QStringList FrmLegados::PreencheLinha(const jet::Recordset& linha) const
 {
     return {textoDoNumero(linha["idlegprof"]), textoDoNumero(linha["nindherd"]),
-            textoDoNumero(linha["parentesco"]).remove('*')};
+            semMarca(textoDoNumero(linha["parentesco"]))};
 }
 
 void FrmLegados::mostraLinha(const jet::Recordset& linha)

@@ -15,9 +15,6 @@ public:
     FrmRituais();
 
     void LimpaCampos() override;
-    // The codes of a kind into cmbTipo, and its option on. The kind is told by its text, or by the index of its option
-    // where the text is empty. A category without codes leaves the list as it is.
-    void PreencheTipo(const QString& texto, int indice);
 
 protected:
     jet::DataControl& registos() override { return adoRit; }
@@ -30,6 +27,8 @@ protected:
     void Form_Load() override;
 
 private:
+    // The codes of a kind into cmbTipo, and its option on. A category without codes leaves the list as it is.
+    void PreencheTipo(int sufragio);
     void optLeg_Click(int indice);
     void cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra);
     Valores valores() const;

@@ -1,5 +1,6 @@
 #include "codes/frmProfissao.h"
 
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -54,7 +55,7 @@ void FrmProfissao::mostraLinha()
     }
     const bool existe = registos.absolutePosition() > 0;
     txtCod->setText(existe ? codigoDaLinha() : QString());
-    txtDes->setText(existe ? registos["profissao"].toString().remove('*') : QString());
+    txtDes->setText(existe ? semMarca(registos["profissao"].toString()) : QString());
     txtObs->setText(existe ? registos["obs"].toString() : QString());
 }
 
@@ -118,7 +119,7 @@ bool FrmProfissao::designacaoRecusada(const QString& mensagemSeFalta)
 void FrmProfissao::confirmaInsercao()
 {
     if (designacaoRecusada("Deve inserir uma designação para a nova profisssão!")) return;
-    const QString marcada = "*" + txtDes->text();
+    const QString marcada = comMarca(txtDes->text());
     jet::Recordset& registos = adoProf.recordset();
     registos.addNew();
     registos.set("codprof", txtCod->text());
@@ -137,7 +138,7 @@ bool FrmProfissao::podeAlterar()
 void FrmProfissao::confirmaAlteracao()
 {
     if (designacaoRecusada("Deve inserir a designação da profissão!")) return;
-    const QString marcada = "*" + txtDes->text();
+    const QString marcada = comMarca(txtDes->text());
     jet::Recordset& registos = adoProf.recordset();
     registos.set("profissao", marcada);
     registos.set("obs", txtObs->text());

@@ -1,4 +1,5 @@
 #include "common/codigos.h"
+#include "common/marca.h"
 
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
@@ -19,5 +20,5 @@ void PreencheCodigos(ComboBox& lista, const QString& categoria)
     jet::Recordset codigos = codigosDaCategoria(categoria);
     PreencheComBranco(lista, codigos, 1, 0);
     for (int i = 0; i < lista.count(); ++i)
-        lista.setItemText(i, lista.list(i).remove('*'));
+        lista.setItemText(i, semMarca(lista.list(i)));
 }

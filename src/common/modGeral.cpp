@@ -1,5 +1,6 @@
 #include "common/modGeral.h"
 
+#include "common/marca.h"
 #include "common/numbers.h"
 #include "common/resumo.h"
 #include "common/SplashForm.h"
@@ -47,7 +48,7 @@ int ProcuraTexto(ComboBox& lista, const QVariant& valor)
     if (Trim(valor.toString()).isEmpty()) return -1;
 
     // Kept: only the sought value loses its "*"; an entry that shows one is never found.
-    const QString procurado = Trim(valor.toString().remove('*'));
+    const QString procurado = Trim(semMarca(valor.toString()));
     for (int i = 0; i < lista.count(); ++i) {
         if (Trim(lista.list(i)) != procurado) continue;
         lista.setListIndex(i);

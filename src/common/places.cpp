@@ -1,4 +1,5 @@
 #include "common/places.h"
+#include "common/marca.h"
 
 #include "common/niveis.h"
 #include "common/vbtext.h"
@@ -46,7 +47,7 @@ void PreencheLocais(ComboBox& lista)
     lista.setListIndex(0);
     for (const DadosDoNivel& nivel : std::views::reverse(niveis)) {
         for (jet::Recordset locais(cnBDP, nivel.locaisDaLista()); !locais.eof(); locais.moveNext())
-            lista.add(textoDoLocal(locais[1].toString().remove('*'), nivel.tipo, locais[0].toString()));
+            lista.add(textoDoLocal(semMarca(locais[1].toString()), nivel.tipo, locais[0].toString()));
     }
 }
 

@@ -49,7 +49,7 @@ struct PedidoDeIndividuo
 {
     OrigemInd origem = OrigemInd::Ninguem;
     QPointer<Form> quem = {}; // who waits
-    bool espera = true;  // disabled meanwhile
+    bool espera = true;       // disabled meanwhile
 
     // The request of an act: the card is enabled for it and comes up as it is; one that is being edited or searched by
     // stays on its person, and that ends before "a&Tribuir" is open.

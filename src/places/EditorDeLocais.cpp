@@ -1,6 +1,7 @@
 #include "places/EditorDeLocais.h"
 
 #include "common/campos.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -85,7 +86,7 @@ void EditorDeLocais::preencheGrelha()
         if (largura >= 0) grelha_->setColWidth(coluna, largura);
         for (int linha = 1; linha <= total; ++linha) {
             linhas.setAbsolutePosition(linha);
-            grelha_->setTextMatrix(linha, coluna, valor(campo).remove('*'));
+            grelha_->setTextMatrix(linha, coluna, semMarca(valor(campo)));
         }
     }
 }
@@ -127,7 +128,7 @@ void EditorDeLocais::mostraLinha()
     limpaCampos();
     if (!posiciona()) return;
     txtCod_->setText(valor(nivel().codigo));
-    txtNome_->setText(valor(nivel().nome).remove('*'));
+    txtNome_->setText(semMarca(valor(nivel().nome)));
     txtObs_->setText(valor("obs"));
     mostraOutros(registos_->recordset());
 }
@@ -201,10 +202,10 @@ bool EditorDeLocais::VerificaCampos(Passo passo)
 {
     const Recusas& recusas = passo == Passo::Insercao ? regras_.recusas : regras_.aoAlterar;
     const QString nome = Trim(txtNome_->text());
-    const QString aMostrar = Trim(QString(nome).remove('*')); // a name of "*"s alone would show as none
+    const QString aMostrar = Trim(semMarca(nome)); // a name of "*"s alone would show as none
     const bool falta = aMostrar.isEmpty() || eNumero(aMostrar);
     if (!falta && !nomeRepetido(nome, passo)) return true;
-    const QString anterior = passo == Passo::Insercao ? QString() : valor(nivel().nome).remove('*');
+    const QString anterior = passo == Passo::Insercao ? QString() : semMarca(valor(nivel().nome));
     return recusaComTexto(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
 }
 

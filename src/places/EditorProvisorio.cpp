@@ -1,6 +1,7 @@
 #include "places/EditorProvisorio.h"
 
 #include "common/ficha.h"
+#include "common/marca.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
 #include "platform/forms/forms.h"
@@ -34,12 +35,12 @@ const QList<ModeRow>& EditorProvisorio::modos() const
 
 QString EditorProvisorio::nomeAGravar() const
 {
-    return "*" + txtNome_->text().remove('*');
+    return comMarca(semMarca(txtNome_->text()));
 }
 
 bool EditorProvisorio::provisorio(const QString& mensagem)
 {
-    if (valor(nivel().nome).startsWith('*')) return true;
+    if (temMarca(valor(nivel().nome))) return true;
     showMessage(mensagem);
     return false;
 }

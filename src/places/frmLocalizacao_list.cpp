@@ -1,4 +1,5 @@
 // The working list of the BDP: the places that the cards offer.
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/places.h"
 #include "places/frmLocalizacao.h"
@@ -10,7 +11,7 @@ void FrmLocalizacao::preencheLista()
     for (const DadosDoNivel& nivel : niveis) {
         if (nivel.nivel == Nivel::Pais || nivel.nivel == Nivel::Distrito) continue;
         for (jet::Recordset locais(cnBDP, nivel.locaisDaLista()); !locais.eof(); locais.moveNext())
-            lstLocal->add(textoDoLocal(locais[1].toString().remove('*'), nivel.tipo, locais[0].toString()));
+            lstLocal->add(textoDoLocal(semMarca(locais[1].toString()), nivel.tipo, locais[0].toString()));
     }
 }
 
