@@ -3,9 +3,10 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 
@@ -25,6 +26,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
     regras.fechaSemLinhas = true;
     usa({cmdIns, cmdAlt, cmdElim, cmdF}, flgPass, {{"Nº Pass.", 130}, {"Destino"}}, regras);
     vigiaData(mskData);
+    ListasAbertas::segueLocais(*this, *cmbDados_1);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmPass::cmdLoc_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);
 }
@@ -138,11 +140,7 @@ void FrmPass::elimina()
 // The picker puts the place into cmbDados_1 and enables this window again.
 void FrmPass::cmdLoc_Click()
 {
-    guarded([&] {
-        OrigemLoc = 7;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(OrigemLoc::Passaporte, *this, *cmbDados_1)); });
 }
 
 void FrmPass::cmdE_Click()

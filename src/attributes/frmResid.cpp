@@ -3,10 +3,11 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "families/frmFam.h"
 #include "individuals/frmInd.h"
-#include "platform/forms/forms.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ FrmResid::FrmResid() : ListaDatada(Name)
     regras.fechaSemLinhas = true;
     usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgResid, {{"Data de Referência", 140}, {"Residência"}}, regras);
     vigiaData(mskData, chkDF);
+    ListasAbertas::segueLocais(*this, *cmbLoc);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmResid::cmdLoc_Click);
 }
 
@@ -136,11 +138,7 @@ ListaDatada::Valores FrmResid::valores() const
 // The picker puts the place into cmbLoc and enables this window again.
 void FrmResid::cmdLoc_Click()
 {
-    guarded([&] {
-        OrigemLoc = 5;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(OrigemLoc::Residencia, *this, *cmbLoc)); });
 }
 
 QString FrmResid::cartao() const

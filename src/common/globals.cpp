@@ -1,5 +1,7 @@
 #include "common/globals.h"
 
+#include "common/pedidoDeLocal.h"
+
 long NindCorrente = 0;
 double NfamCorrente = 0;
 int OrigemInd = 8;
@@ -7,7 +9,6 @@ int IndChamado = 0;
 int OrigemFam = 0;
 int OrigemInterv = 0;
 int OrigemResid = 0;
-int OrigemLoc = 0;
 bool EmPesquisa = false;
 QString DataActo;
 
@@ -20,7 +21,7 @@ void limpaGlobais()
     OrigemFam = 0;
     OrigemInterv = 0;
     OrigemResid = 0;
-    OrigemLoc = 0;
     EmPesquisa = false;
     DataActo.clear();
+    esquecePedidoDeLocal();
 }

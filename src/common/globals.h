@@ -11,10 +11,8 @@ extern int IndChamado;      // 1 while frmInd is called up by another card
 extern int OrigemFam;       // who called frmFam: 0 the menu, 1 cmdDirFam, 2 cmdConsRel
 extern int OrigemInterv;    // frmIntervenientes serves 1 a family, 2 an individual
 extern int OrigemResid;     // frmResid serves 1 a family, 2 an individual
-extern int OrigemLoc;    // who called frmLocalizacao: 0 the menu, 1 birth, 3 death, 4 marriage, 5 frmResid, 6 frmIni,
-                         // 7 frmPass
-extern bool EmPesquisa;  // a search is in progress: nothing may be added, altered or deleted
-extern QString DataActo; // date of the act that DentroObservacao tests, dd/mm/yyyy
+extern bool EmPesquisa;     // a search is in progress: nothing may be added, altered or deleted
+extern QString DataActo;    // date of the act that DentroObservacao tests, dd/mm/yyyy
 
-// All of them as at the start of the program.
+// All of them as at the start of the program, and no request for a place.
 void limpaGlobais();

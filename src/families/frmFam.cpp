@@ -2,6 +2,7 @@
 
 #include "common/codigos.h"
 #include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/places.h"
 #include "platform/forms/focus.h"
@@ -19,6 +20,7 @@ FrmFam::FrmFam() : Ficha(Name)
     metades_[0] = {txtPnind, txtPnome, txtIdade1, txtNC1, cmbEC1, lblIdCalc_0};
     metades_[1] = {txtSnind, txtSnome, txtIdade2, txtNC2, cmbEC2, lblIdCalc_1};
     usaComandos(*this);
+    ListasAbertas::segueLocais(*this, *cmbLoc);
     connectEvents();
 }
 

@@ -5,6 +5,7 @@
 #include "common/captions.h"
 #include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "common/vbtext.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
@@ -32,11 +33,7 @@ void FrmFam::cmdDirInd_Click(int indice)
 // The picker enables the card again when it goes.
 void FrmFam::cmdEncLoc_Click()
 {
-    guarded([&] {
-        OrigemLoc = 4;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(OrigemLoc::Casamento, *this, *cmbLoc)); });
 }
 
 void FrmFam::cmdRP_Click()

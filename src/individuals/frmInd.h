@@ -12,6 +12,7 @@
 #include <utility>
 
 class Filtro;
+enum class OrigemLoc;
 
 // Other cards read and write its controls by name, move adoInd and call ActualizaCampos(): so they show a person on it,
 // and call it up to have one chosen.
@@ -128,7 +129,7 @@ private:
     void cmdResid_Click();
     void cmdInterv_Click();
     void cmdRP_Click(int indice);
-    void escolheLocal(int origem);
+    void escolheLocal(OrigemLoc origem, ComboBox& lista);
     Form* abre(const QString& nome);
     void abreComIndividuo(const QString& nome);
     void mostraArvore(const QString& tipo, const QString& nind, const QString& nome);

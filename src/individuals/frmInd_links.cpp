@@ -6,6 +6,7 @@
 #include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
+#include "common/pedidoDeLocal.h"
 #include "common/vbtext.h"
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
@@ -138,11 +139,7 @@ void FrmInd::cmdRP_Click(int indice)
     guarded([&] { frmRP().mostraPara(indice == 0 ? "b" : "o"); });
 }
 
-void FrmInd::escolheLocal(int origem)
+void FrmInd::escolheLocal(OrigemLoc origem, ComboBox& lista)
 {
-    guarded([&] {
-        OrigemLoc = origem;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(origem, *this, lista)); });
 }

@@ -50,7 +50,7 @@ void FrmLocalizacao::preencheAbaixo(Nivel nivel)
 void FrmLocalizacao::preenche(Nivel nivel, const jet::NativeSql& instrucao)
 {
     // A BDP's parish can't be anything narrower.
-    const bool aberto = OrigemLoc != 6 || nivel < Nivel::Lugar;
+    const bool aberto = pedidoDeLocal().origem != OrigemLoc::BDP || nivel < Nivel::Lugar;
     lista(nivel)->setEnabled(aberto);
     if (editor(nivel)) editor(nivel)->setEnabled(aberto);
 

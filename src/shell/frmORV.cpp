@@ -2,6 +2,7 @@
 
 #include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
 #include "individuals/frmInd.h"
@@ -164,10 +165,7 @@ void FrmORV::mnuPass_Click()
 
 void FrmORV::mnuLocPar_Click()
 {
-    guarded([&] {
-        OrigemLoc = 0;
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal({}); });
 }
 
 void FrmORV::mnuConcelhos_Click()
