@@ -2,9 +2,10 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
-#include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "common/pesquisa.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -21,6 +22,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
     usa({cmdIns, cmdAlt, cmdElim, cmdF}, flgPass, {{"Nº Pass.", 130}, {"Destino"}}, regras);
     descricao_.usa({{cmdE, legenda::editarAParte, nullptr, legenda::confirmarOuCancelar}});
     vigiaData(mskData);
+    ListasAbertas::segueLocais(*this, *cmbDados_1);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmPass::cmdLoc_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);
 }
@@ -134,11 +136,7 @@ void FrmPass::elimina()
 // The picker puts the place into cmbDados_1 and enables this window again.
 void FrmPass::cmdLoc_Click()
 {
-    guarded([&] {
-        OrigemLoc = 7;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(OrigemLoc::Passaporte, *this, *cmbDados_1)); });
 }
 
 void FrmPass::cmdE_Click()

@@ -2,10 +2,10 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
-#include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
-#include "platform/forms/forms.h"
+#include "common/pedidoDeLocal.h"
 
 FrmResid::FrmResid() : ListaDatada(Name)
 {
@@ -19,6 +19,7 @@ FrmResid::FrmResid() : ListaDatada(Name)
     regras.fechaSemLinhas = true;
     usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgResid, {{"Data de Referência", 140}, {"Residência"}}, regras);
     vigiaData(mskData, chkDF);
+    ListasAbertas::segueLocais(*this, *cmbLoc);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmResid::cmdLoc_Click);
 }
 
@@ -128,9 +129,5 @@ ListaDatada::Valores FrmResid::valores() const
 // The picker puts the place into cmbLoc and enables this window again.
 void FrmResid::cmdLoc_Click()
 {
-    guarded([&] {
-        OrigemLoc = 5;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(OrigemLoc::Residencia, *this, *cmbLoc)); });
 }

@@ -1,6 +1,7 @@
 #include "families/frmFam.h"
 
 #include "common/codigos.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/places.h"
 #include "platform/forms/focus.h"
@@ -18,6 +19,7 @@ FrmFam::FrmFam() : Ficha(Name)
     metades_[0] = {txtPnind, txtPnome, txtIdade1, txtNC1, cmbEC1, lblIdCalc_0};
     metades_[1] = {txtSnind, txtSnome, txtIdade2, txtNC2, cmbEC2, lblIdCalc_1};
     usaComandos<Ui::FrmFam>(*this);
+    ListasAbertas::segueLocais(*this, *cmbLoc);
     connectEvents();
 }
 

@@ -1,8 +1,8 @@
 // The ways out of the card: to a person, to the forms of the family, and back to whoever called it.
 #include "families/frmFam.h"
 
-#include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "common/vbtext.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
@@ -70,11 +70,7 @@ Dono FrmFam::dono()
 // The picker enables the card again when it goes.
 void FrmFam::cmdEncLoc_Click()
 {
-    guarded([&] {
-        OrigemLoc = 4;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(OrigemLoc::Casamento, *this, *cmbLoc)); });
 }
 
 void FrmFam::cmdRP_Click()

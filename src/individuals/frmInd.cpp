@@ -1,6 +1,8 @@
 #include "individuals/frmInd.h"
 
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "common/places.h"
 #include "common/SplashForm.h"
 #include "platform/forms/focus.h"
@@ -29,6 +31,8 @@ FrmInd::FrmInd() : Ficha(Name)
 {
     setupUi(this);
     usaComandos<Ui::FrmInd>(*this);
+    for (ComboBox* lista : {cmbLoc, cmbLocObito})
+        ListasAbertas::segueLocais(*this, *lista);
     connectEvents();
 }
 
@@ -40,7 +44,7 @@ void FrmInd::connectEvents()
 
     Focus::watch(
         mskDtNasc, [this] { mskDtNasc_GotFocus(); }, [this] { mskDtNasc_LostFocus(); });
-    connect(cmdEncLoc, &CommandButton::clicked, this, [this] { escolheLocal(1); });
+    connect(cmdEncLoc, &CommandButton::clicked, this, [this] { escolheLocal(OrigemLoc::Nascimento, *cmbLoc); });
     connect(cmdRP_0, &CommandButton::clicked, this, [this] { cmdRP_Click(0); });
     connect(cmdInterv, &CommandButton::clicked, this, &FrmInd::cmdInterv_Click);
     for (TextBox* idade : {txtIdPai, txtIdMae, txtIdade})
@@ -51,7 +55,7 @@ void FrmInd::connectEvents()
 
     Focus::watch(
         mskDtObito, [this] { mskDtObito_GotFocus(); }, [this] { mskDtObito_LostFocus(); });
-    connect(cmdLocOb, &CommandButton::clicked, this, [this] { escolheLocal(3); });
+    connect(cmdLocOb, &CommandButton::clicked, this, [this] { escolheLocal(OrigemLoc::Obito, *cmbLocObito); });
     connect(cmdTest, &CommandButton::clicked, this, &FrmInd::cmdTest_Click);
     connect(cmdRP_1, &CommandButton::clicked, this, [this] { cmdRP_Click(1); });
     connect(cmdCerFun, &CommandButton::clicked, this, [this] { abreJanela("frmFuneral"); });

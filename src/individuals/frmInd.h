@@ -15,6 +15,7 @@
 #include <utility>
 
 class Filtro;
+enum class OrigemLoc;
 
 // Other cards show a person on it, and call it up to have one chosen.
 class FrmInd : public Ficha, private Ui::FrmInd
@@ -145,7 +146,7 @@ private:
     void Command1_Click();
     void cmdInterv_Click();
     void cmdRP_Click(int indice);
-    void escolheLocal(int origem);
+    void escolheLocal(OrigemLoc origem, ComboBox& lista);
     void mostraArvore();
 
     jet::DataControl adoInd{cnBDP};  // the numbers of all individuals: what the movement buttons run through

@@ -3,9 +3,9 @@
 
 #include "common/dates.h"
 #include "common/dono.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
+#include "common/pedidoDeLocal.h"
 #include "common/vbtext.h"
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
@@ -75,11 +75,7 @@ void FrmInd::cmdRP_Click(int indice)
     guarded([&] { frmRP().mostraPara(*this, indice == 0 ? "b" : "o"); });
 }
 
-void FrmInd::escolheLocal(int origem)
+void FrmInd::escolheLocal(OrigemLoc origem, ComboBox& lista)
 {
-    guarded([&] {
-        OrigemLoc = origem;
-        setEnabled(false);
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal(paraLista(origem, *this, lista)); });
 }

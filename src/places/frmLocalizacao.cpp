@@ -1,7 +1,6 @@
 // The picker's load, and what it opens.
 #include "places/frmLocalizacao.h"
 
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
 #include "platform/forms/focus.h"
@@ -15,7 +14,7 @@ FrmLocalizacao& frmLocalizacao()
 FrmLocalizacao::FrmLocalizacao() : Form(Name)
 {
     setupUi(this);
-    fraLista->setVisible(OrigemLoc != 6); // a BDP's parish is no matter of the list
+    fraLista->setVisible(pedidoDeLocal().origem != OrigemLoc::BDP); // a BDP's parish is no matter of the list
     listas_ = {cmbPais, cmbZona, cmbDistrito, cmbConcelho, cmbParoquia, cmbLugar, cmbS};
     editores_ = {nullptr, cmdZ, nullptr, nullptr, nullptr, cmdLug, cmdSit};
     for (const DadosDoNivel& dados : niveis)
@@ -35,7 +34,7 @@ void FrmLocalizacao::Form_Load()
     guarded([&] {
         preenchePaises();
         escolheParoquiaDaBDP();
-        if (OrigemLoc == 6)
+        if (pedidoDeLocal().origem == OrigemLoc::BDP)
             cmdGuardar->setEnabled(false);
         else
             preencheLista();

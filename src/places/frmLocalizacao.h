@@ -2,18 +2,18 @@
 #pragma once
 
 #include "common/niveis.h"
+#include "common/pedidoDeLocal.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 
 #include "ui_frmLocalizacao.h"
 
-#include <QSet>
+#include <QList>
 #include <QString>
 
 #include <array>
 
-// A card that wants a place sets OrigemLoc, disables itself and shows this form. The place comes back in the card's own
-// combo, and the card is enabled again when this form is unloaded.
+// A form that wants a place asks for it by pedeLocal(), which shows this one; the request in force is served.
 class FrmLocalizacao : public Form, private Ui::FrmLocalizacao
 {
     Q_OBJECT
@@ -80,7 +80,7 @@ private:
     QString LocalNome; // the place now chosen on the combos
     QString LocalTipo; // its letter
     QString LocalCod;
-    QSet<QString> chamadores; // the forms that wait for the unload, by name
+    QList<PedidoDeLocal> emEspera; // of the forms that wait for the unload
 };
 
 FrmLocalizacao& frmLocalizacao();

@@ -1,67 +1,22 @@
 // The forms that ask for a place: who waits, what comes back, and the place lists of the cards.
-#include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
-#include "common/places.h"
 #include "common/vbtext.h"
 #include "places/frmLocalizacao.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
-#include "store/frmIni.h"
 
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-// A place list of a card.
-struct Lista
-{
-    QLatin1String cartao;
-    QLatin1String combo;
-};
-
-const Lista listas[] = {
-    {"frmInd"_L1, "cmbLoc"_L1},   {"frmInd"_L1, "cmbLocObito"_L1}, {"frmFam"_L1, "cmbLoc"_L1},
-    {"frmResid"_L1, "cmbLoc"_L1}, {"frmPass"_L1, "cmbDados_1"_L1},
-};
-
-// Who asks, by OrigemLoc, and the list that gets the place.
-struct Pedido
-{
-    int origem;
-    Lista destino;
-};
-
-const Pedido pedidos[] = {
-    {1, {"frmInd"_L1, "cmbLoc"_L1}}, {3, {"frmInd"_L1, "cmbLocObito"_L1}},
-    {4, {"frmFam"_L1, "cmbLoc"_L1}}, {5, {"frmResid"_L1, "cmbLoc"_L1}},
-    {6, {"frmIni"_L1, {}}},          {7, {"frmPass"_L1, "cmbDados_1"_L1}},
-};
-
-// Null where nobody asks, as from the menu.
-const Pedido* pedidoEmCurso()
-{
-    const auto pedido = std::ranges::find(pedidos, OrigemLoc, &Pedido::origem);
-    return pedido == std::end(pedidos) ? nullptr : pedido;
-}
-
-// Null where the card isn't loaded: none is loaded for it.
-ComboBox* comboDe(const Lista& lista)
-{
-    const Form* cartao = Forms::find(lista.cartao);
-    return cartao ? cartao->findChild<ComboBox*>(lista.combo) : nullptr;
-}
-
 // Kept: the refilled list begins with one blank and has nothing chosen.
-void refaz(const Lista& lista, const ListBox& locais)
+void refaz(ComboBox& lista, const ListBox& locais)
 {
-    ComboBox* combo = comboDe(lista);
-    if (!combo) return;
-    combo->clear();
-    combo->add(" ");
+    lista.clear();
+    lista.add(" ");
     for (int indice = 0; indice < locais.listCount(); ++indice)
-        combo->add(locais.list(indice));
+        lista.add(locais.list(indice));
 }
 
 } // namespace
@@ -69,7 +24,9 @@ void refaz(const Lista& lista, const ListBox& locais)
 // A form that asks for a place waits for the unload, also where another one asks meanwhile.
 void FrmLocalizacao::setVisible(bool visible)
 {
-    if (const Pedido* pedido = pedidoEmCurso(); visible && pedido) chamadores.insert(pedido->destino.cartao);
+    const PedidoDeLocal& pedido = pedidoDeLocal();
+    const auto espera = [&](const PedidoDeLocal& outro) { return outro.quemPede == pedido.quemPede; };
+    if (visible && pedido.quemPede && std::ranges::none_of(emEspera, espera)) emEspera << pedido;
     Form::setVisible(visible);
 }
 
@@ -81,18 +38,17 @@ bool FrmLocalizacao::Form_QueryUnload(UnloadMode modo)
 void FrmLocalizacao::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
-    for (const QString& nome : std::as_const(chamadores)) {
-        Form* chamador = Forms::find(nome);
-        if (!chamador) continue;
-        chamador->setEnabled(true);
-        if (nome == FrmIni::Name) chamador->display(); // it hides while the parish is chosen
+    for (const PedidoDeLocal& pedido : std::as_const(emEspera)) {
+        if (!Forms::loaded().contains(pedido.quemPede)) continue;
+        pedido.quemPede->setEnabled(true);
+        if (pedido.escondeQuemPede()) pedido.quemPede->display();
     }
 }
 
 void FrmLocalizacao::cmdAtribuir_Click()
 {
     guarded([&] {
-        if (OrigemLoc != 6)
+        if (pedidoDeLocal().origem != OrigemLoc::BDP)
             atribuiLocal();
         else if (!atribuiParoquia())
             return;
@@ -103,8 +59,8 @@ void FrmLocalizacao::cmdAtribuir_Click()
 void FrmLocalizacao::cmdSair_Click()
 {
     guarded([&] {
-        for (const Lista& lista : listas)
-            refaz(lista, *lstLocal);
+        for (const auto& lista : ListasAbertas::deLocais())
+            refaz(*lista.combo, *lstLocal);
         unload();
     });
 }
@@ -112,16 +68,12 @@ void FrmLocalizacao::cmdSair_Click()
 // The place on the combos goes to the card that asks for it, whether or not it is on the working list.
 void FrmLocalizacao::atribuiLocal()
 {
-    const Pedido* pedido = pedidoEmCurso();
-    if (!pedido) return;
-    for (const Lista& lista : listas)
-        if (lista.cartao == pedido->destino.cartao) refaz(lista, *lstLocal);
+    const PedidoDeLocal pedido = pedidoDeLocal();
+    if (!pedido.quemPede) return;
+    for (const auto& lista : ListasAbertas::deLocais())
+        if (lista.janela == pedido.quemPede) refaz(*lista.combo, *lstLocal);
     LocalEscolhido();
-    if (ComboBox* combo = comboDe(pedido->destino)) {
-        const QString texto = textoDoLocal(LocalNome, LocalTipo, LocalCod);
-        combo->setText(texto);
-        if (combo->listIndex() < 0) combo->setListIndex(combo->add(texto));
-    }
+    pedido.recebe(LocalNome, {LocalCod, LocalTipo});
 }
 
 // The parish on the combos becomes that of the BDP, at once. False where there is none.
@@ -132,7 +84,7 @@ bool FrmLocalizacao::atribuiParoquia()
         showMessage("Deve seleccionar uma paróquia!");
         return false;
     }
-    frmIni().setParoquia(LocalNome);
+    if (const PedidoDeLocal& pedido = pedidoDeLocal(); pedido.quemPede) pedido.recebe(LocalNome, {LocalCod, LocalTipo});
     CodParoquia = LocalCod;
     CodPais = Mid(cmbPais->text(), 1, 2);
     cnBDP.execute(dadosDe(Nivel::Paroquia).marca(LocalCod, Prioridade::DaBDP));

@@ -1,5 +1,5 @@
 // The walk down the levels: each combo fills the next.
-#include "common/globals.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
 #include "individuals/pedido.h"
@@ -51,7 +51,7 @@ void FrmLocalizacao::preencheAbaixo(Nivel nivel)
 void FrmLocalizacao::preenche(Nivel nivel, const jet::NativeSql& instrucao)
 {
     // A BDP's parish can't be anything narrower.
-    const bool aberto = OrigemLoc != 6 || nivel < Nivel::Lugar;
+    const bool aberto = pedidoDeLocal().origem != OrigemLoc::BDP || nivel < Nivel::Lugar;
     lista(nivel)->setEnabled(aberto);
     if (editor(nivel)) editor(nivel)->setEnabled(aberto);
 
@@ -59,7 +59,7 @@ void FrmLocalizacao::preenche(Nivel nivel, const jet::NativeSql& instrucao)
     lista(nivel)->add("  ");
     for (jet::Recordset locais(cnBDP, instrucao); !locais.eof(); locais.moveNext()) {
         QString nome = locais[dados.nome].toString();
-        if (editor(nivel)) nome.remove('*'); // the mark of the places that the researcher made
+        if (editor(nivel)) nome = semMarca(nome); // the mark of the places that the researcher made
         lista(nivel)->add(nome, Mid(locais[dados.codigo].toString(), dados.inicio).toInt());
     }
 }

@@ -3,8 +3,8 @@
 #include "attributes/frmPass.h"
 #include "attributes/frmResid.h"
 #include "common/dono.h"
-#include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
 #include "individuals/frmInd.h"
@@ -163,10 +163,7 @@ void FrmORV::mnuPass_Click()
 
 void FrmORV::mnuLocPar_Click()
 {
-    guarded([&] {
-        OrigemLoc = 0;
-        Forms::show("frmLocalizacao");
-    });
+    guarded([&] { pedeLocal({}); });
 }
 
 void FrmORV::mnuConcelhos_Click()

@@ -12,6 +12,7 @@
 #include "codes/frmInfo.h"
 #include "codes/frmProfissao.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "common/pesquisa.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
@@ -121,6 +122,7 @@ void recomecaSessao()
 {
     EmPesquisa.acaba();
     chamada().recomeca();
+    esquecePedidoDeLocal();
 }
 
 FrmORV& startProgram(const QString& commandLine)

@@ -18,7 +18,7 @@ void registerForms();
 // Precondition: the application object exists, and prepareApplication() has run.
 FrmORV& startProgram(const QString& commandLine);
 
-// Another session begins: nobody asks for a person, and no search is under way.
+// Another session begins: nobody asks for a person or a place, and no search is under way.
 void recomecaSessao();
 
 // What the program sets up on its application object: language, style, focus watch, icons.

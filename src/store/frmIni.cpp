@@ -1,16 +1,11 @@
 #include "store/frmIni.h"
 
-#include "common/globals.h"
 #include "common/modGeral.h"
+#include "common/pedidoDeLocal.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "store/modBD.h"
 #include "ui_frmIni.h"
-
-FrmIni& frmIni()
-{
-    return theForm<FrmIni>();
-}
 
 FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::frmIni>())
 {
@@ -33,11 +28,6 @@ void FrmIni::Form_Load()
 bool FrmIni::Form_QueryUnload(UnloadMode mode)
 {
     return mode != UnloadMode::ControlMenu;
-}
-
-void FrmIni::setParoquia(const QString& nome)
-{
-    ui->txtParoquia->setText(nome);
 }
 
 // Kept: neither change ever disables anything.
@@ -93,8 +83,9 @@ void FrmIni::Command1_Click()
     guarded([&] {
         // A picker that stands open for the cards offers more than parishes.
         if (Form* aberta = Forms::find("frmLocalizacao")) aberta->unload();
-        OrigemLoc = 6;
-        if (Forms::show("frmLocalizacao")) conceal();
+        // The picker sets CodParoquia and CodPais itself.
+        pedeLocal(
+            {OrigemLoc::BDP, this, [this](const QString& nome, const Local&) { ui->txtParoquia->setText(nome); }});
     });
 }
 

@@ -20,9 +20,6 @@ public:
     FrmIni();
     ~FrmIni() override;
 
-    // The parish chosen in frmLocalizacao, which has set CodParoquia and CodPais. frmIni is hidden meanwhile.
-    void setParoquia(const QString& nome);
-
 protected:
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
@@ -40,5 +37,3 @@ private:
 
     std::unique_ptr<Ui::frmIni> ui;
 };
-
-FrmIni& frmIni();

@@ -1,6 +1,7 @@
 #include "places/frmLocalizacao.h"
 
-#include "common/globals.h"
+#include "common/listasAbertas.h"
+#include "common/pedidoDeLocal.h"
 #include "forms/house.h"
 #include "individuals/pedido.h"
 #include "shell/startup.h"
@@ -50,16 +51,14 @@ protected:
     {
         return make(nome, [combos](TestForm& form) {
             for (const char* combo : combos)
-                form.put<ComboBox>(combo);
+                ListasAbertas::segueLocais(form, *form.put<ComboBox>(combo));
         });
     }
     static ComboBox& combo(const Form* form, const QString& nome) { return *form->findChild<ComboBox*>(nome); }
 
-    static void ask(int origem, Form* caller)
+    static void ask(OrigemLoc origem, Form* caller, const QString& list = "cmbLoc")
     {
-        OrigemLoc = origem;
-        caller->setEnabled(false);
-        Forms::show("frmLocalizacao");
+        pedeLocal(paraLista(origem, *caller, combo(caller, list)));
     }
 
     template <class Control>
@@ -77,21 +76,22 @@ TEST_F(Picker, HandsThePlaceToTheListOfItsCaller)
 {
     const struct
     {
-        int origem;
+        OrigemLoc origem;
         const char* cartao;
         const char* combo;
-    } pedidos[] = {{1, "frmInd", "cmbLoc"},
-                   {3, "frmInd", "cmbLocObito"},
-                   {4, "frmFam", "cmbLoc"},
-                   {5, "frmResid", "cmbLoc"},
-                   {7, "frmPass", "cmbDados_1"}};
+    } pedidos[] = {{OrigemLoc::Nascimento, "frmInd", "cmbLoc"},
+                   {OrigemLoc::Obito, "frmInd", "cmbLocObito"},
+                   {OrigemLoc::Casamento, "frmFam", "cmbLoc"},
+                   {OrigemLoc::Residencia, "frmResid", "cmbLoc"},
+                   {OrigemLoc::Passaporte, "frmPass", "cmbDados_1"}};
     card("frmInd", {"cmbLoc", "cmbLocObito"});
     card("frmFam", {"cmbLoc"});
     card("frmResid", {"cmbLoc"});
     card("frmPass", {"cmbDados_1"});
     for (const auto& pedido : pedidos) {
         Form* cartao = Forms::find(pedido.cartao);
-        ask(pedido.origem, cartao);
+        ask(pedido.origem, cartao, pedido.combo);
+        EXPECT_FALSE(cartao->isEnabled());
         click("cmdAtribuir");
         EXPECT_EQ(combo(cartao, pedido.combo).text(), "São Mamede -F- 030303");
         EXPECT_EQ(combo(cartao, pedido.combo).count(), 3);
@@ -105,10 +105,10 @@ TEST_F(Picker, RefillsOnlyItsCallerWithAPlaceAndAllCardsOnClosing)
     Form* familia = card("frmFam", {"cmbLoc"});
     Form* residencias = card("frmResid", {"cmbLoc"});
     combo(familia, "cmbLoc").add("antes");
-    ask(5, residencias);
+    ask(OrigemLoc::Residencia, residencias);
     click("cmdAtribuir");
     EXPECT_EQ(combo(familia, "cmbLoc").count(), 1);
-    ask(5, residencias);
+    ask(OrigemLoc::Residencia, residencias);
     click("cmdSair");
     EXPECT_EQ(combo(familia, "cmbLoc").count(), 3);
     EXPECT_EQ(combo(familia, "cmbLoc").list(0), " ");
@@ -120,18 +120,42 @@ TEST_F(Picker, EnablesNobodyButThoseWhoAsked)
     Form* familia = card("frmFam", {"cmbLoc"});
     Form* residencias = card("frmResid", {"cmbLoc"});
     familia->setEnabled(false); // it waits for frmResid
-    ask(5, residencias);
-    OrigemLoc = 0; // the menu asks as well
-    Forms::show("frmLocalizacao");
+    ask(OrigemLoc::Residencia, residencias);
+    pedeLocal({}); // the menu asks as well
     click("cmdSair");
     EXPECT_TRUE(residencias->isEnabled());
     EXPECT_FALSE(familia->isEnabled());
 }
 
+TEST_F(Picker, HidesTheFormThatAsksForTheParishOfTheBdp)
+{
+    Form* inicio = card("frmIni", {});
+    inicio->display();
+    QString paroquia;
+    pedeLocal({OrigemLoc::BDP, inicio, [&](const QString& nome, const Local&) { paroquia = nome; }});
+    EXPECT_FALSE(inicio->isShown());
+    EXPECT_TRUE(inicio->isEnabled());
+    EXPECT_FALSE(list("cmbLugar").isEnabled());
+    click("cmdAtribuir");
+    EXPECT_EQ(paroquia, "São Mamede");
+    EXPECT_TRUE(inicio->isShown());
+}
+
+TEST_F(Picker, ServesNobodyWhereTheFormThatAskedHasGone)
+{
+    Form* residencias = card("frmResid", {"cmbLoc"});
+    ask(OrigemLoc::Residencia, residencias);
+    residencias->unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    click("cmdAtribuir");
+    EXPECT_FALSE(Forms::isLoaded("frmLocalizacao"));
+    EXPECT_TRUE(ListasAbertas::deLocais().isEmpty());
+}
+
 TEST_F(Picker, TouchesNoOtherFormWhenAllAreUnloaded)
 {
     Form* familia = card("frmFam", {"cmbLoc"});
-    ask(4, familia);
+    ask(OrigemLoc::Casamento, familia);
     static_cast<TestForm*>(familia)->onQuery = [](Form::UnloadMode) { return false; };
     Forms::unloadAll();
     EXPECT_FALSE(Forms::isLoaded("frmLocalizacao"));
@@ -140,8 +164,7 @@ TEST_F(Picker, TouchesNoOtherFormWhenAllAreUnloaded)
 
 TEST_F(Picker, LeavesLocalitiesAndSitesOutForTheFuneralsPriest)
 {
-    OrigemLoc = 0;
-    Forms::show("frmLocalizacao");
+    pedeLocal({});
     list("cmbLugar").setText("Outeiro");
     list("cmbS").setText("Fonte");
     chamada().comeca({.origem = OrigemInd::PadreDoFuneral, .espera = false});
@@ -154,8 +177,7 @@ TEST_F(Picker, LeavesLocalitiesAndSitesOutForTheFuneralsPriest)
 
 TEST_F(Picker, OpensAnEditorUnderTheNameOfItsPlaceAndWaitsForIt)
 {
-    OrigemLoc = 0;
-    Forms::show("frmLocalizacao");
+    pedeLocal({});
     click("cmdLug");
     click("cmdLoc");
     EXPECT_TRUE(frmLocalizacao().isEnabled()); // there is no such form
@@ -181,8 +203,7 @@ TEST_F(Picker, OpensAnEditorUnderTheNameOfItsPlaceAndWaitsForIt)
 
 TEST_F(Picker, CanBeSetByTheProgramWhileItIsDisabled)
 {
-    OrigemLoc = 0;
-    Forms::show("frmLocalizacao");
+    pedeLocal({});
     frmLocalizacao().setEnabled(false);
     list("cmbPais").setText("01 - Espanha");
     EXPECT_EQ(list("cmbZona").count(), 2);

@@ -1,3 +1,0 @@
-#include "common/globals.h"
-
-int OrigemLoc = 0;
