@@ -5,6 +5,7 @@
 #include "common/codigos.h"
 #include "common/ficha.h"
 #include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "families/frmFam.h"
@@ -21,6 +22,7 @@ constexpr auto editar = "&Editar";
 FrmFuneral::FrmFuneral() : Form(Name)
 {
     setupUi(this);
+    ListasAbertas::segueCodigos(*this, *cmbFuncao, "FunPa", ListasAbertas::Escolha::Mantem);
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmFuneral::cmdIrpara_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmFuneral::cmdE_Click);
     connect(cmdF, &CommandButton::clicked, this, &FrmFuneral::cmdF_Click);

@@ -2,6 +2,7 @@
 
 #include "common/codigos.h"
 #include "common/globals.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -28,6 +29,10 @@ FrmIntervenientes::FrmIntervenientes() : Form(Name)
     setupUi(this);
     lugares_[0] = {txtIndP1, cmbFuncP1, cmdIndP1, cmdX_0};
     lugares_[1] = {txtIndP2, cmbFuncP2, cmdIndP2, cmdX_1};
+    for (ComboBox* parente : {assistente->cmbPar1, assistente->cmbPar2})
+        ListasAbertas::segueCodigos(*this, *parente, "Paren", ListasAbertas::Escolha::Mantem);
+    for (ComboBox* funcao : {cmbFuncP1, cmbFuncP2})
+        ListasAbertas::segueCodigos(*this, *funcao, "FunPa", ListasAbertas::Escolha::Mantem);
     connectEvents();
 }
 

@@ -1,5 +1,6 @@
 #include "codes/frmProfissao.h"
 
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -34,14 +35,11 @@ void FrmProfissao::Form_Load()
 void FrmProfissao::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
-    for (QWidget* form : Forms::loaded()) {
-        if (form->objectName().toLower() != "frmprof") continue;
-        auto* lista = form->findChild<ComboBox*>("cmbProf");
-        lista->clear();
+    for (const ListasAbertas::Lista& aberta : ListasAbertas::deProfissoes()) {
+        aberta.combo->clear();
         for (int i = 0; i < lstProf->listCount(); ++i)
-            lista->add(lstProf->list(i), lstProf->itemData(i));
-        static_cast<Form*>(form)->display();
-        return;
+            aberta.combo->add(lstProf->list(i), lstProf->itemData(i));
+        aberta.janela->display();
     }
 }
 

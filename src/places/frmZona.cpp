@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/codigos.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 
 FrmZona::FrmZona() : EditorProvisorio(Name, Nivel::Pais)
@@ -13,6 +14,7 @@ FrmZona::FrmZona() : EditorProvisorio(Name, Nivel::Pais)
          .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 210}, {"Tipo", "tipo"}},
          .recusas = {"Deve inserir um nome de uma zona de um país!",
                      "A base de dados já contém uma zona com o nome que inseriu!"}});
+    ListasAbertas::segueCodigos(*this, *cmbTipo, "TipZo");
 }
 
 void FrmZona::carrega()
