@@ -15,7 +15,7 @@ FrmProfissao::FrmProfissao() : EditorDeTabela(Name)
     setupUi(this);
     connect(lstProf, &ListBox::clicked, this, &FrmProfissao::lstProf_Click);
     connect(lstProf, &ListBox::currentRowChanged, this, &FrmProfissao::lstProf_Click); // the arrow keys choose too
-    usaComandos(*this);
+    usaComandos<Ui::FrmProfissao>(*this);
 }
 
 void FrmProfissao::Form_Load()
