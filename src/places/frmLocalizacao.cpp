@@ -1,7 +1,6 @@
 // The picker's load, and what it opens.
 #include "places/frmLocalizacao.h"
 
-#include "common/globals.h"
 #include "common/modGeral.h"
 #include "common/vbtext.h"
 #include "platform/forms/focus.h"
