@@ -4,6 +4,7 @@
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/ficha.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/pesquisa.h"
@@ -20,6 +21,7 @@ FrmFuneral::FrmFuneral() : JanelaDoDono(Name)
 {
     setupUi(this);
     comandos_.usa({{cmdE, editar, nullptr, legenda::confirmar}, {cmdF, legenda::fechar, nullptr, legenda::cancelar}});
+    ListasAbertas::segueCodigos(*this, *cmbFuncao, "FunPa", ListasAbertas::Escolha::Mantem);
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmFuneral::cmdIrpara_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmFuneral::cmdE_Click);
     connect(cmdF, &CommandButton::clicked, this, &FrmFuneral::cmdF_Click);

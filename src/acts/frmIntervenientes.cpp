@@ -2,6 +2,7 @@
 
 #include "acts/observacao.h"
 #include "common/codigos.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -17,6 +18,10 @@ FrmIntervenientes::FrmIntervenientes() : JanelaDoDono(Name)
     assistentes_.usa({{cmdIns, legenda::adicionar, legenda::confirmar},
                       {cmdAlt, legenda::alterar, legenda::cancelar, legenda::confirmar},
                       {cmdElim, legenda::eliminar, nullptr, legenda::cancelar}});
+    for (ComboBox* parente : {assistente->cmbPar1, assistente->cmbPar2})
+        ListasAbertas::segueCodigos(*this, *parente, "Paren", ListasAbertas::Escolha::Mantem);
+    for (ComboBox* funcao : {cmbFuncP1, cmbFuncP2})
+        ListasAbertas::segueCodigos(*this, *funcao, "FunPa", ListasAbertas::Escolha::Mantem);
     connectEvents();
 }
 

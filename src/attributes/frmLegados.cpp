@@ -3,6 +3,7 @@
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/ficha.h"
+#include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
@@ -19,6 +20,7 @@ FrmLegados::FrmLegados() : ListaDatada(Name)
     regras.eliminarVaiAPrimeira = true;
     regras.guardaUltimaNaGrelha = true;
     usa({cmdI, cmdA, cmdE, cmdF}, dtgLeg, {{"idleg", 0}, {"Herdeiro", 100}, {"Parentesco"}}, regras);
+    ListasAbertas::segueCodigos(*this, *cmbParentesco, "Paren");
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmLegados::cmdIrpara_Click);
 }
 

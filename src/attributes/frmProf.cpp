@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 
@@ -17,6 +18,7 @@ FrmProf::FrmProf() : ListaDatada(Name)
     usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgProf, {{"IdProf", 0}, {"Data de Referência", 140}, {"Profissão"}},
         regras);
     vigiaData(mskData, chkDF);
+    ListasAbertas::segueProfissoes(*this, *cmbProf);
 }
 
 void FrmProf::Form_Load()

@@ -3,6 +3,7 @@
 #include "attributes/sufragios.h"
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "platform/forms/msgbox.h"
 
@@ -15,6 +16,11 @@ FrmRituais::FrmRituais() : ListaDatada(Name)
     regras.preencheAoMostrar = true;
     regras.eliminarVaiAPrimeira = true;
     usa({cmdI, cmdA, cmdE, cmdF}, dtgRit, {{"idleg", 0}, {"Tipo", 100}, {"Valor Total"}}, regras);
+
+    const OptionButton* const opcoes[] = {optLeg_0, optLeg_1, optLeg_2};
+    for (size_t i = 0; i < std::size(sufragios); ++i)
+        ListasAbertas::segueCodigos(*this, *cmbTipo, sufragios[i].categoria, ListasAbertas::Escolha::Perde,
+                                    [opcao = opcoes[i]] { return opcao->isChecked(); });
 
     connect(optLeg_0, &OptionButton::clicked, this, [this] { optLeg_Click(0); });
     connect(optLeg_1, &OptionButton::clicked, this, [this] { optLeg_Click(1); });

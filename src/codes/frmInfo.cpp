@@ -13,7 +13,7 @@ FrmInfo::FrmInfo() : EditorDeTabela(Name)
     setupUi(this);
     connect(cmbCat, &ComboBox::clicked, this, &FrmInfo::cmbCat_Click);
     connect(dtgInfo, &Grid::picked, this, &FrmInfo::dtgInfo_Click);
-    usaComandos(*this);
+    usaComandos<Ui::FrmInfo>(*this);
 }
 
 void FrmInfo::Form_Load()

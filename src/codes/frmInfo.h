@@ -11,7 +11,7 @@
 
 // Adds codes to a category, and alters and deletes those that were added, which a "*" at the head of their description
 // marks; the fixed ones are protected. When it closes, the coded lists of the open forms follow.
-class FrmInfo : public EditorDeTabela, public Ui::FrmInfo
+class FrmInfo : public EditorDeTabela, private Ui::FrmInfo
 {
     Q_OBJECT
 
@@ -19,8 +19,6 @@ public:
     static constexpr auto Name = "frmInfo";
 
     FrmInfo();
-
-    jet::DataControl adoInfo{cnBDP};
 
 protected:
     void Form_Load() override;
@@ -46,5 +44,6 @@ private:
     bool provisoria(const QString& mensagemSeFixa);
     bool descricaoEmFalta(bool comIcone);
 
+    jet::DataControl adoInfo{cnBDP};
     QString Chave; // code of the row to stand on after the grid was filled again; "" for the first one
 };

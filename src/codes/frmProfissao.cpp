@@ -1,5 +1,6 @@
 #include "codes/frmProfissao.h"
 
+#include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
@@ -15,7 +16,7 @@ FrmProfissao::FrmProfissao() : EditorDeTabela(Name)
     setupUi(this);
     connect(lstProf, &ListBox::clicked, this, &FrmProfissao::lstProf_Click);
     connect(lstProf, &ListBox::currentRowChanged, this, &FrmProfissao::lstProf_Click); // the arrow keys choose too
-    usaComandos(*this);
+    usaComandos<Ui::FrmProfissao>(*this);
 }
 
 void FrmProfissao::Form_Load()
@@ -35,14 +36,11 @@ void FrmProfissao::Form_Load()
 void FrmProfissao::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
-    for (QWidget* form : Forms::loaded()) {
-        if (form->objectName().toLower() != "frmprof") continue;
-        auto* lista = form->findChild<ComboBox*>("cmbProf");
-        lista->clear();
+    for (const ListasAbertas::Lista& aberta : ListasAbertas::deProfissoes()) {
+        aberta.combo->clear();
         for (int i = 0; i < lstProf->listCount(); ++i)
-            lista->add(lstProf->list(i), lstProf->itemData(i));
-        static_cast<Form*>(form)->display();
-        return;
+            aberta.combo->add(lstProf->list(i), lstProf->itemData(i));
+        aberta.janela->display();
     }
 }
 

@@ -11,7 +11,7 @@
 
 // Adds, alters and deletes professions. What is written here is marked with a "*" as the researcher's own, but the mark
 // protects nothing. When it closes, the list of an open frmProf follows.
-class FrmProfissao : public EditorDeTabela, public Ui::FrmProfissao
+class FrmProfissao : public EditorDeTabela, private Ui::FrmProfissao
 {
     Q_OBJECT
 
@@ -19,8 +19,6 @@ public:
     static constexpr auto Name = "frmProfissao";
 
     FrmProfissao();
-
-    jet::DataControl adoProf{cnBDP};
 
 protected:
     void Form_Load() override;
@@ -41,5 +39,6 @@ private:
     QString codigoDaLinha();
     int entradaDaLinha(); // index in lstProf
 
+    jet::DataControl adoProf{cnBDP};
     QString Chave; // codprof of the row to stand on; "" for the current one
 };

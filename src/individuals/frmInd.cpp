@@ -33,6 +33,8 @@ FrmInd::FrmInd() : Ficha(Name)
     usaComandos<Ui::FrmInd>(*this);
     for (ComboBox* lista : {cmbLoc, cmbLocObito})
         ListasAbertas::segueLocais(*this, *lista);
+    ListasAbertas::segueCodigos(*this, *cmbclass, "ClaPa");
+    ListasAbertas::segueCodigos(*this, *cmbSacram, "Sacra");
     connectEvents();
 }
 

@@ -13,9 +13,9 @@ class EditorProvisorio : public EditorDeLocais
 public:
     EditorProvisorio(const QString& nome, Nivel nivelSuperior) : EditorDeLocais(nome), nivelSuperior_(nivelSuperior) {}
 
+protected:
     QString CodSup; // the code of the place above
 
-protected:
     // Whether the current row is the researcher's own; of a reference row the user is told.
     bool provisorio(const QString& mensagem);
     // The code with the number behind that of the last row.

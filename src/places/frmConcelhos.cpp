@@ -12,12 +12,12 @@ FrmConcelhos& frmConcelhos()
 FrmConcelhos::FrmConcelhos() : EditorComCodigo(Name)
 {
     setupUi(this);
-    usa(*this, adoConc, dtgConc,
-        {.nivel = Nivel::Concelho,
-         .colunas = {{"DDCC", "codconcelho", 100}, {"Designação", "nomeconcelho"}},
-         .recusas = {"Deve inserir o nome do concelho!",
-                     "A base de dados já contém um concelho com o nome que inseriu!"},
-         .outros = {cmdFreg}});
+    usa<Ui::FrmConcelhos>(*this, adoConc, dtgConc,
+                          {.nivel = Nivel::Concelho,
+                           .colunas = {{"DDCC", "codconcelho", 100}, {"Designação", "nomeconcelho"}},
+                           .recusas = {"Deve inserir o nome do concelho!",
+                                       "A base de dados já contém um concelho com o nome que inseriu!"},
+                           .outros = {cmdFreg}});
     usaCodigo(
         {2, "Deve inserir o código do concelho!", "A base de dados já contém um concelho com o código que inseriu!"},
         cmbDist);

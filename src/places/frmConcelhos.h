@@ -5,7 +5,7 @@
 
 #include "ui_frmConcelhos.h"
 
-class FrmConcelhos : public EditorComCodigo, public Ui::FrmConcelhos
+class FrmConcelhos : public EditorComCodigo, private Ui::FrmConcelhos
 {
     Q_OBJECT
 

@@ -6,13 +6,13 @@
 FrmDistritos::FrmDistritos() : EditorComCodigo(Name)
 {
     setupUi(this);
-    usa(*this, adoDist, dtDist,
-        {.nivel = Nivel::Distrito,
-         .ordem = "nomedistrito ASC",
-         .colunas = {{"Nome do Distrito", "nomedistrito", 290}, {"Código", "coddistrito"}},
-         .recusas = {"Deve inserir o nome do distrito!",
-                     "A base de dados já contém um distrito com o nome que inseriu!"},
-         .outros = {cmdConc}});
+    usa<Ui::FrmDistritos>(*this, adoDist, dtDist,
+                          {.nivel = Nivel::Distrito,
+                           .ordem = "nomedistrito ASC",
+                           .colunas = {{"Nome do Distrito", "nomedistrito", 290}, {"Código", "coddistrito"}},
+                           .recusas = {"Deve inserir o nome do distrito!",
+                                       "A base de dados já contém um distrito com o nome que inseriu!"},
+                           .outros = {cmdConc}});
     usaCodigo(
         {2, "Deve inserir o código do distrito!", "A base de dados já contém um distrito com o código que inseriu!"});
     connect(cmdConc, &CommandButton::clicked, this, &FrmDistritos::cmdConc_Click);

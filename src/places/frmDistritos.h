@@ -5,7 +5,7 @@
 
 #include "ui_frmDistritos.h"
 
-class FrmDistritos : public EditorComCodigo, public Ui::FrmDistritos
+class FrmDistritos : public EditorComCodigo, private Ui::FrmDistritos
 {
     Q_OBJECT
 
@@ -13,8 +13,6 @@ public:
     static constexpr auto Name = "frmDistritos";
 
     FrmDistritos();
-
-    jet::DataControl adoDist{cnBDP};
 
 protected:
     jet::NativeSql fonte() const override;
@@ -25,4 +23,6 @@ protected:
 
 private:
     void cmdConc_Click();
+
+    jet::DataControl adoDist{cnBDP};
 };

@@ -7,15 +7,15 @@
 FrmFreguesias::FrmFreguesias() : EditorComCodigo(Name)
 {
     setupUi(this);
-    usa(*this, adoFreg, dtFreg,
-        {.nivel = Nivel::Paroquia,
-         .ordem = "nomeparoquia ASC",
-         .colunas = {{"Nome do paróquia", "nomeparoquia", 290}, {"Código", "codparoquia"}},
-         .recusas = {"Deve inserir o nome da paróquia!",
-                     "A base de dados já contém uma freguesia com o nome que inseriu!"},
-         .aoAlterar = {"Deve inserir o nome da freguesia!",
-                       "Já existe uma freguesia na base de dados com o nome que inseriu!"},
-         .outros = {cmdLug}});
+    usa<Ui::FrmFreguesias>(*this, adoFreg, dtFreg,
+                           {.nivel = Nivel::Paroquia,
+                            .ordem = "nomeparoquia ASC",
+                            .colunas = {{"Nome do paróquia", "nomeparoquia", 290}, {"Código", "codparoquia"}},
+                            .recusas = {"Deve inserir o nome da paróquia!",
+                                        "A base de dados já contém uma freguesia com o nome que inseriu!"},
+                            .aoAlterar = {"Deve inserir o nome da freguesia!",
+                                          "Já existe uma freguesia na base de dados com o nome que inseriu!"},
+                            .outros = {cmdLug}});
     usaCodigo(
         {3, "Deve inserir o código da freguesia!", "A base de dados já contém uma freguesia com o código que inseriu!"},
         cmbConc);

@@ -5,7 +5,7 @@
 
 #include "ui_frmFreguesias.h"
 
-class FrmFreguesias : public EditorComCodigo, public Ui::FrmFreguesias
+class FrmFreguesias : public EditorComCodigo, private Ui::FrmFreguesias
 {
     Q_OBJECT
 
@@ -13,8 +13,6 @@ public:
     static constexpr auto Name = "frmFreguesias";
 
     FrmFreguesias();
-
-    jet::DataControl adoFreg{cnBDP};
 
 protected:
     jet::NativeSql fonte() const override;
@@ -25,4 +23,6 @@ protected:
 
 private:
     void cmdLug_Click();
+
+    jet::DataControl adoFreg{cnBDP};
 };

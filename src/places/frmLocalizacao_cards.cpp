@@ -59,8 +59,8 @@ void FrmLocalizacao::cmdAtribuir_Click()
 void FrmLocalizacao::cmdSair_Click()
 {
     guarded([&] {
-        for (const auto& lista : ListasAbertas::deLocais())
-            refaz(*lista.combo, *lstLocal);
+        for (const auto& aberta : ListasAbertas::deLocais())
+            refaz(*aberta.combo, *lstLocal);
         unload();
     });
 }
@@ -70,8 +70,8 @@ void FrmLocalizacao::atribuiLocal()
 {
     const PedidoDeLocal pedido = pedidoDeLocal();
     if (!pedido.quemPede) return;
-    for (const auto& lista : ListasAbertas::deLocais())
-        if (lista.janela == pedido.quemPede) refaz(*lista.combo, *lstLocal);
+    for (const auto& aberta : ListasAbertas::deLocais())
+        if (aberta.janela == pedido.quemPede) refaz(*aberta.combo, *lstLocal);
     LocalEscolhido();
     pedido.recebe(LocalNome, {LocalCod, LocalTipo});
 }

@@ -3,7 +3,8 @@
 FrmLugares::FrmLugares() : EditorProvisorio(Name, Nivel::Paroquia)
 {
     setupUi(this);
-    usa(*this, adoLug, dtgLug,
+    usa<Ui::FrmLugares>(
+        *this, adoLug, dtgLug,
         {.nivel = Nivel::Lugar,
          .colunas = {{"Código", "codlugar", 100}, {"Nome Lugar", "nomelugar"}},
          .recusas = {"Deve inserir o nome do lugar!", "A base de dados já contém um lugar com o nome que inseriu!"}});

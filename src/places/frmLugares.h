@@ -5,7 +5,7 @@
 
 #include "ui_frmLugares.h"
 
-class FrmLugares : public EditorProvisorio, public Ui::FrmLugares
+class FrmLugares : public EditorProvisorio, private Ui::FrmLugares
 {
     Q_OBJECT
 
@@ -14,11 +14,12 @@ public:
 
     FrmLugares();
 
-    jet::DataControl adoLug{cnBDP};
-
 protected:
     jet::NativeSql fonte() const override;
     bool nomeRepetido(const QString& nome, Passo passo) const override;
     QString codigoNovo() override;
     bool podeAlterar() override;
+
+private:
+    jet::DataControl adoLug{cnBDP};
 };

@@ -7,7 +7,8 @@
 FrmPais::FrmPais() : EditorDeLocais(Name)
 {
     setupUi(this);
-    usa(*this, adoPais, dtPais,
+    usa<Ui::FrmPais>(
+        *this, adoPais, dtPais,
         {.nivel = Nivel::Pais,
          .ordem = "nomepais ASC",
          .colunas = {{"Código", "codpais", 80}, {"Nome do País", "nomepais"}},

@@ -5,7 +5,7 @@
 
 #include "ui_frmPais.h"
 
-class FrmPais : public EditorDeLocais, public Ui::FrmPais
+class FrmPais : public EditorDeLocais, private Ui::FrmPais
 {
     Q_OBJECT
 
@@ -13,8 +13,6 @@ public:
     static constexpr auto Name = "frmPais";
 
     FrmPais();
-
-    jet::DataControl adoPais{cnBDP};
 
 protected:
     jet::NativeSql fonte() const override;
@@ -25,4 +23,6 @@ protected:
 private:
     void cmdZonas_Click();
     void cmdDist_Click();
+
+    jet::DataControl adoPais{cnBDP};
 };

@@ -1,7 +1,6 @@
 #include "places/frmPesq.h"
 
 #include "common/modGeral.h"
-#include "common/vbtext.h"
 #include "places/frmLocalizacao.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"

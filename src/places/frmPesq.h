@@ -8,7 +8,7 @@
 
 // Opened by frmLocalizacao, which waits disabled. The place chosen from the list is set on its combos, level by level;
 // it is enabled when this form is unloaded.
-class FrmPesq : public Form, public Ui::FrmPesq
+class FrmPesq : public Form, private Ui::FrmPesq
 {
     Q_OBJECT
 

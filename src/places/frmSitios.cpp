@@ -3,7 +3,8 @@
 FrmSitios::FrmSitios() : EditorProvisorio(Name, Nivel::Lugar)
 {
     setupUi(this);
-    usa(*this, adoSit, dtSit,
+    usa<Ui::FrmSitios>(
+        *this, adoSit, dtSit,
         {.nivel = Nivel::Sitio,
          .colunas = {{"Código", "codsitio", 100}, {"Nome do sitio", "nomesitio"}},
          .recusas = {"Deve inserir o nome do sitio!", "A base de dados já contém um sitio com o nome que inseriu!"}});

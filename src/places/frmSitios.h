@@ -5,7 +5,7 @@
 
 #include "ui_frmSitios.h"
 
-class FrmSitios : public EditorProvisorio, public Ui::FrmSitios
+class FrmSitios : public EditorProvisorio, private Ui::FrmSitios
 {
     Q_OBJECT
 
@@ -14,10 +14,11 @@ public:
 
     FrmSitios();
 
-    jet::DataControl adoSit{cnBDP};
-
 protected:
     jet::NativeSql fonte() const override;
     bool nomeRepetido(const QString& nome, Passo passo) const override;
     QString codigoNovo() override;
+
+private:
+    jet::DataControl adoSit{cnBDP};
 };

@@ -2,17 +2,19 @@
 
 #include "common/campos.h"
 #include "common/codigos.h"
+#include "common/listasAbertas.h"
 #include "common/modGeral.h"
 
 FrmZona::FrmZona() : EditorProvisorio(Name, Nivel::Pais)
 {
     setupUi(this);
-    usa(*this, adoZona, dtgZona,
-        {.nivel = Nivel::Zona,
-         .ordem = "nomezona ASC",
-         .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 210}, {"Tipo", "tipo"}},
-         .recusas = {"Deve inserir um nome de uma zona de um país!",
-                     "A base de dados já contém uma zona com o nome que inseriu!"}});
+    usa<Ui::FrmZona>(*this, adoZona, dtgZona,
+                     {.nivel = Nivel::Zona,
+                      .ordem = "nomezona ASC",
+                      .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 210}, {"Tipo", "tipo"}},
+                      .recusas = {"Deve inserir um nome de uma zona de um país!",
+                                  "A base de dados já contém uma zona com o nome que inseriu!"}});
+    ListasAbertas::segueCodigos(*this, *cmbTipo, "TipZo");
 }
 
 void FrmZona::carrega()

@@ -5,7 +5,7 @@
 
 #include "ui_frmZona.h"
 
-class FrmZona : public EditorProvisorio, public Ui::FrmZona
+class FrmZona : public EditorProvisorio, private Ui::FrmZona
 {
     Q_OBJECT
 
@@ -13,8 +13,6 @@ public:
     static constexpr auto Name = "frmZona";
 
     FrmZona();
-
-    jet::DataControl adoZona{cnBDP};
 
 protected:
     jet::NativeSql fonte() const override;
@@ -26,4 +24,7 @@ protected:
     void mostraOutros(const jet::Recordset& linha) override;
     void escreveOutros(jet::Recordset& linha) const override;
     void carrega() override;
+
+private:
+    jet::DataControl adoZona{cnBDP};
 };

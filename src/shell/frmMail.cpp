@@ -78,5 +78,5 @@ void FrmMail::Command1_Click()
 void FrmMail::SendMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
                        const QString& body)
 {
-    guarded([&] { Desktop::openUrl(urlDoMail(address, cc, bcc, subject, body)); });
+    Desktop::openUrl(urlDoMail(address, cc, bcc, subject, body));
 }
