@@ -15,8 +15,8 @@ class ComboBox;
 // nothing. Rolls back only while a statement runs; a transaction pending on an idle connection stays pending.
 void MostraErro(const jet::Error& erro);
 
-// Runs a routine of a form: an event, and nothing within one. An error ends the routine and is shown by MostraErro; a
-// transaction that the routine leaves open is abandoned.
+// Runs the routine of an event of a form; not to be used within one. An error ends the routine and is shown by
+// MostraErro; a transaction that the routine leaves open is abandoned.
 template <class Routine>
 void guarded(Routine&& routine)
 {
@@ -28,7 +28,7 @@ void guarded(Routine&& routine)
     }
 }
 
-// Runs a step of a guarded routine: an error is shown, and the routine goes on behind the step.
+// Runs a step of a guarded routine: an error is shown, and the routine goes on after the step.
 template <class Step>
 void mesmoQueFalhe(Step&& step)
 {
@@ -39,18 +39,18 @@ void mesmoQueFalhe(Step&& step)
     }
 }
 
-// Chooses the first entry with that item number and returns its index; -1, with the choice as it was, where there is
-// none or the value is null or blank. Throws Error 13 for a text that is no number.
+// Chooses the first entry with that item number and returns its index; -1, with the choice unchanged, if there is none
+// or the value is null or blank. Throws Error 13 for a text that is no number.
 int ProcuraItemData(ComboBox& lista, const QVariant& valor);
 
-// Chooses the first entry whose trimmed text is the value without its "*"s, trimmed; as ProcuraItemData otherwise.
+// Chooses the first entry whose trimmed text is the value without its "*"s, trimmed; otherwise as ProcuraItemData.
 int ProcuraTexto(ComboBox& lista, const QVariant& valor);
 
 // Fills a coded list from all rows of an open recordset: a first entry of two blanks, then one entry a row. Where the
 // columns differ, the second gives the item number. A recordset without rows leaves the list without any entry.
 void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, int colunaDados);
 
-// Opens a document in the program of its type; a failure is told in a box. An empty path does nothing.
+// Opens a document in the program of its type; a failure is reported in a box. An empty path does nothing.
 void AbreFicheiro(const QString& caminho);
 
 // Brings up the family card behind the splash, which stays for three seconds or until Escape.
