@@ -15,8 +15,8 @@ public:
     FrmRituais();
 
     void LimpaCampos() override;
-    // The codes of a kind into cmbTipo, and its option on. The kind is told by its text, or by the index of its option
-    // where the text is empty. A category without codes leaves the list as it is.
+    // Fills cmbTipo with the codes of a kind and switches its option on. The kind is given by its text or, if that is
+    // empty, by the index of its option. A category without codes leaves the list as it is.
     void PreencheTipo(const QString& texto, int indice);
 
 protected:
