@@ -24,7 +24,7 @@ constexpr Colunas doCasamento{
 
 } // namespace
 
-// The act's own row is read. One that is only being inserted has none yet, and the cursor stands on another.
+// The act's own row is read. One that is still being inserted has none yet, and the cursor is on another.
 void FrmIntervenientes::mostraPadres(const jet::Recordset& acto)
 {
     const Colunas& colunas = casamento() ? doCasamento : doBaptismo;
