@@ -161,5 +161,5 @@ void FrmInd::aceitaAchado(const QString& numero)
 
 void FrmInd::terminaNoAchado()
 {
-    permiteAtribuir(); // Kept: the list of all people stays where it stood before the search.
+    permiteAtribuir(); // Kept: the list of all people stays where it was before the search.
 }

@@ -199,7 +199,7 @@ public:
     void setRows(int rows); // 0 empties the grid, heading included
     int cols() const;
     void setCols(int cols);
-    // The columns with their titles in the heading. Precondition: the grid has a heading, setRows() behind 0.
+    // The columns with their titles in the heading. Precondition: the grid has a heading, by setRows() with 1 or more.
     void setColumns(const QList<GridColumn>& columns);
     QString textMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString& text);
