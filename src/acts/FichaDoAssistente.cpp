@@ -7,9 +7,9 @@
 
 void FichaDoAssistente::preencheListas()
 {
-    PreencheCodigos(*cmbEC, "Select codigo, descricao from infocomplementar where  categoria = 'EstCi'");
+    PreencheCodigos(*cmbEC, "EstCi");
     for (ComboBox* lista : {cmbPar1, cmbPar2})
-        PreencheCodigos(*lista, "Select codigo, descricao from infocomplementar where  categoria  = 'Paren'");
+        PreencheCodigos(*lista, "Paren");
 }
 
 void FichaDoAssistente::AplicarModo(Modo modo)

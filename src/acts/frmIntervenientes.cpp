@@ -56,7 +56,7 @@ void FrmIntervenientes::preencheListas()
 {
     assistente->preencheListas();
     for (const LugarDoPadre& lugar : lugares_)
-        PreencheCodigos(*lugar.funcao, "Select codigo, descricao from infocomplementar where categoria  = 'FunPa'");
+        PreencheCodigos(*lugar.funcao, "FunPa");
     pintaPadres(corDoModo::cons);
 }
 

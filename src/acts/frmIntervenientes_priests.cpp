@@ -1,6 +1,7 @@
 // The two priests of the act: columns of its own row, edited and written together.
 #include "acts/frmIntervenientes.h"
 
+#include "acts/padres.h"
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
@@ -9,25 +10,10 @@
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 
-namespace {
-
-// Where a row keeps its priests.
-struct Colunas
-{
-    const char *tabela, *chave;
-    const char *padre[2], *funcao[2];
-};
-
-constexpr Colunas doBaptismo{"individuo", "nind", {"primpadrebapt", "segpadrebapt"}, {"funcprimpbapt", "funcsegpbapt"}};
-constexpr Colunas doCasamento{
-    "familia", "nfamilia", {"primpadrecasam", "segpadrecasam"}, {"funcprimpcasam", "funcsegpcasam"}};
-
-} // namespace
-
 // The act's own row is read. One that is still being inserted has none yet, and the cursor is on another.
 void FrmIntervenientes::mostraPadres(const jet::Recordset& acto)
 {
-    const Colunas& colunas = casamento() ? doCasamento : doBaptismo;
+    const ColunasDosPadres& colunas = padresAMostrar(casamento());
     if (acto.bof() || acto.eof() || textoDoNumero(acto[colunas.chave]) != txtNum->text()) return;
     for (int indice : {0, 1}) {
         const QVariant numero = acto[colunas.padre[indice]];
@@ -89,11 +75,9 @@ void FrmIntervenientes::confirmaPadres()
     pintaPadres(corDoModo::cons);
 }
 
-// Kept: crossed. The priests of a marriage are written to the baptism of the individual with the family's number, those
-// of a baptism to the marriage of the family with the individual's number.
 void FrmIntervenientes::gravaPadres()
 {
-    const Colunas& colunas = casamento() ? doBaptismo : doCasamento;
+    const ColunasDosPadres& colunas = padresAGravar(casamento());
     const auto grava = [&](const char* coluna, const QString& valor) {
         cnBDP.execute(QStringLiteral("update %1 set %2 = %3 where %4 = %5")
                           .arg(colunas.tabela, coluna, valor, colunas.chave, txtNum->text()));

@@ -3,7 +3,6 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
-#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
 FrmAssinatura::FrmAssinatura() : ListaDatada(Name)

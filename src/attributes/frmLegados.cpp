@@ -3,6 +3,7 @@
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/ficha.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
@@ -27,7 +28,7 @@ void FrmLegados::Form_Load()
     guarded([&] {
         txtNind->setText(donoDaJanela().numero);
         txtNome->setText(donoDaJanela().nome);
-        PreencheCodigos(*cmbParentesco, "Select codigo, descricao from infocomplementar where categoria = 'Paren'");
+        PreencheCodigos(*cmbParentesco, "Paren");
         abreLista("Select idlegprof,nindherd, parentesco, bensmoveis, obs, bensraiz,  nind from legadosprofanos where "
                   " nind =" +
                   txtNind->text() + " order by idlegprof");
@@ -66,7 +67,7 @@ void FrmLegados::LimpaCampos()
 QStringList FrmLegados::PreencheLinha(const jet::Recordset& linha) const
 {
     return {textoDoNumero(linha["idlegprof"]), textoDoNumero(linha["nindherd"]),
-            textoDoNumero(linha["parentesco"]).remove('*')};
+            semMarca(textoDoNumero(linha["parentesco"]))};
 }
 
 void FrmLegados::mostraLinha(const jet::Recordset& linha)

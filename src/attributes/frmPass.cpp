@@ -3,6 +3,7 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/globals.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/pesquisa.h"
 #include "platform/forms/forms.h"
@@ -66,7 +67,7 @@ void FrmPass::LimpaCampos()
 
 QStringList FrmPass::PreencheLinha(const jet::Recordset& linha) const
 {
-    return {textoDoNumero(linha["npass"]), NomeLocal(linha["LocalDestino"], linha["TipoLocalDest"]).remove('*')};
+    return {textoDoNumero(linha["npass"]), semMarca(NomeLocal(linha["LocalDestino"], linha["TipoLocalDest"]))};
 }
 
 void FrmPass::mostraLinha(const jet::Recordset& linha)

@@ -2,8 +2,8 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
-#include "platform/forms/forms.h"
 
 FrmProf::FrmProf() : ListaDatada(Name)
 {
@@ -34,7 +34,7 @@ void FrmProf::Form_Load()
 void FrmProf::PreencheProfissoes()
 {
     for (jet::Recordset profissoes(cnBDP, "select * from profissao"); !profissoes.eof(); profissoes.moveNext())
-        cmbProf->add(profissoes["profissao"].toString().remove('*'), profissoes["codprof"].toInt());
+        cmbProf->add(semMarca(profissoes["profissao"].toString()), profissoes["codprof"].toInt());
 }
 
 const QList<ModeRow>& FrmProf::modos() const
@@ -70,7 +70,7 @@ QStringList FrmProf::PreencheLinha(const jet::Recordset& linha) const
     if (const QVariant codigo = linha["codprof"]; !codigo.isNull()) {
         const jet::Recordset profissao(cnBDP,
                                        "select profissao from profissao where codprof = " + textoDoNumero(codigo));
-        if (!profissao.eof()) nome = profissao["profissao"].toString().remove('*');
+        if (!profissao.eof()) nome = semMarca(profissao["profissao"].toString());
     }
     return {textoDoNumero(linha["idprofissao"]), textoDaData(linha["dataref"]), nome};
 }

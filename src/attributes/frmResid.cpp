@@ -3,6 +3,7 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/globals.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 
@@ -76,7 +77,7 @@ void FrmResid::LimpaCampos()
 
 QStringList FrmResid::PreencheLinha(const jet::Recordset& linha) const
 {
-    return {textoDaData(linha["dataref"]), NomeLocal(linha["localresid"], linha["tipolocal"]).remove('*')};
+    return {textoDaData(linha["dataref"]), semMarca(NomeLocal(linha["localresid"], linha["tipolocal"]))};
 }
 
 void FrmResid::mostraLinha(const jet::Recordset& linha)

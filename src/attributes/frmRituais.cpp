@@ -1,26 +1,10 @@
 #include "attributes/frmRituais.h"
 
+#include "attributes/sufragios.h"
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "platform/forms/msgbox.h"
-
-#include <algorithm>
-
-namespace {
-
-// The kinds, in the order of their options.
-struct Sufragio
-{
-    const char *tipolegpio, *categoria;
-};
-
-constexpr Sufragio sufragios[] = {{"missa", "TipMi"}, {"oficio", "TipOf"}, {"esmola", "TipEs"}};
-
-// Alphabetical; the store keeps their first two letters.
-constexpr const char* moedas[] = {"Escudos", "Euros", "Reis"};
-
-} // namespace
 
 FrmRituais::FrmRituais() : ListaDatada(Name)
 {
@@ -102,8 +86,7 @@ QStringList FrmRituais::PreencheLinha(const jet::Recordset& linha) const
 
 void FrmRituais::mostraLinha(const jet::Recordset& linha)
 {
-    if (const QString tipo = linha["tipolegpio"].toString().toLower().remove(' '); !tipo.isEmpty())
-        PreencheTipo(tipo, 0);
+    if (const auto sufragio = sufragioDaColuna(linha["tipolegpio"].toString())) PreencheTipo(*sufragio);
     ProcuraItemData(*cmbTipo, linha["Tipo"]);
     mostraSeHouver(txtQ, linha["quantidade"]);
     mostraSeHouver(txtVU, linha["valorunit"]);
@@ -112,27 +95,21 @@ void FrmRituais::mostraLinha(const jet::Recordset& linha)
     mostraSeHouver(txtNP, linha["numpadres"]);
     mostraSeHouver(txtVTotal, linha["valortotal"]);
     // Kept: a row with no currency leaves that of the row shown before.
-    const QString moeda = linha["tipomoeda"].toString();
-    const auto guardada =
-        std::ranges::find_if(moedas, [&](const char* nome) { return QString(nome).left(2) == moeda; });
-    if (guardada != std::end(moedas)) cmbMoeda_0->setListIndex(static_cast<int>(guardada - std::begin(moedas)));
+    if (const auto moeda = moedaDaColuna(linha["tipomoeda"].toString())) cmbMoeda_0->setListIndex(*moeda);
 }
 
-void FrmRituais::PreencheTipo(const QString& texto, int indice)
+void FrmRituais::PreencheTipo(int sufragio)
 {
-    const auto* sufragio = &sufragios[indice];
-    if (!texto.isEmpty()) sufragio = std::ranges::find(sufragios, texto, &Sufragio::tipolegpio);
-    if (sufragio == std::end(sufragios)) return;
     OptionButton* const opcoes[] = {optLeg_0, optLeg_1, optLeg_2};
-    opcoes[sufragio - sufragios]->setValue(true);
+    opcoes[sufragio]->setValue(true);
     jet::Recordset tipos(cnBDP, QStringLiteral("select codigo, descricao from infocomplementar where categoria = '") +
-                                    sufragio->categoria + "' order by codigo");
+                                    sufragios[sufragio].categoria + "' order by codigo");
     if (!tipos.eof()) PreencheCombo(*cmbTipo, tipos, 1, 0);
 }
 
 void FrmRituais::optLeg_Click(int indice)
 {
-    guarded([&] { PreencheTipo({}, indice); });
+    guarded([&] { PreencheTipo(indice); });
 }
 
 // One suffrage has one currency.
@@ -177,5 +154,5 @@ ListaDatada::Valores FrmRituais::valores() const
             {"destino", textoDe(txtDest)},
             {"numpadres", numeroDe(txtNP)},
             {"valortotal", numeroDe(txtVTotal)},
-            {"tipomoeda", cmbMoeda_0->text().left(2)}};
+            {"tipomoeda", colunaDaMoeda(cmbMoeda_0->text())}};
 }

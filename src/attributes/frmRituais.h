@@ -15,9 +15,6 @@ public:
     FrmRituais();
 
     void LimpaCampos() override;
-    // Fills cmbTipo with the codes of a kind and switches its option on. The kind is given by its text or, if that is
-    // empty, by the index of its option. A category without codes leaves the list as it is.
-    void PreencheTipo(const QString& texto, int indice);
 
 protected:
     jet::DataControl& registos() override { return adoRit; }
@@ -30,6 +27,9 @@ protected:
     void Form_Load() override;
 
 private:
+    // Fills cmbTipo with the codes of a kind and switches its option on. A category without codes leaves the list as it
+    // is.
+    void PreencheTipo(int sufragio);
     void optLeg_Click(int indice);
     void cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra);
     Valores valores() const;

@@ -1,17 +1,12 @@
 #include "codes/frmInfo.h"
 
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
 #include "platform/forms/focus.h"
-#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "store/modBD.h"
-
-FrmInfo& frmInfo()
-{
-    return theForm<FrmInfo>();
-}
 
 FrmInfo::FrmInfo() : EditorDeTabela(Name)
 {
@@ -82,7 +77,7 @@ void FrmInfo::PreencheFG()
     for (int linha = 1; linha <= linhas; ++linha) {
         registos.setAbsolutePosition(linha);
         dtgInfo->setTextMatrix(linha, 0, registos["codigo"].toString());
-        dtgInfo->setTextMatrix(linha, 1, registos["descricao"].toString().remove('*'));
+        dtgInfo->setTextMatrix(linha, 1, semMarca(registos["descricao"].toString()));
     }
     if (linhas > 0) registos.moveFirst();
     if (!Chave.isEmpty()) registos.find("codigo ='" + Chave + "'");
@@ -95,7 +90,7 @@ void FrmInfo::mostraLinha()
     const jet::Recordset& registos = adoInfo.recordset();
     const bool existe = registos.absolutePosition() > 0;
     txtCod->setText(existe ? registos["codigo"].toString() : QString());
-    txtNome->setText(existe ? registos["descricao"].toString().remove('*') : QString());
+    txtNome->setText(existe ? semMarca(registos["descricao"].toString()) : QString());
 }
 
 // Captions, grid and fields as they are between two edits.
@@ -119,8 +114,8 @@ void FrmInfo::abreInsercao()
 
 void FrmInfo::propoeCodigo()
 {
-    const jet::Recordset ultimo(cnBDP, "Select max (cint(codigo)) from infocomplementar where categoria = '" +
-                                           categoria() + "'");
+    const jet::Recordset ultimo(
+        cnBDP, jet::NativeSql("select max(cint(codigo)) from infocomplementar where categoria = ?", {categoria()}));
     const QVariant maior = ultimo.eof() ? QVariant() : ultimo[0];
     txtCod->setText(textoDoNumero(maior.toDouble() + 1));
 }
@@ -148,7 +143,7 @@ void FrmInfo::confirmaInsercao()
 void FrmInfo::escreve()
 {
     jet::Recordset& registos = adoInfo.recordset();
-    registos.set("descricao", "*" + txtNome->text());
+    registos.set("descricao", comMarca(txtNome->text()));
     registos.update();
     Chave = registos["codigo"].toString();
     registos.setSort("codigo ASC");
@@ -161,7 +156,7 @@ bool FrmInfo::provisoria(const QString& mensagemSeFixa)
 {
     const jet::Recordset& registos = adoInfo.recordset();
     if (registos.absolutePosition() == 0) return false;
-    if (registos["Descricao"].toString().startsWith('*')) return true;
+    if (temMarca(registos["Descricao"].toString())) return true;
     showMessage(mensagemSeFixa);
     return false;
 }

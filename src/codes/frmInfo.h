@@ -48,5 +48,3 @@ private:
 
     QString Chave; // code of the row to stand on after the grid was filled again; "" for the first one
 };
-
-FrmInfo& frmInfo();

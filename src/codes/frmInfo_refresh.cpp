@@ -34,8 +34,7 @@ constexpr ListaAberta listasAbertas[] = {
 // Kept: the blank entry is one blank long, and the marks stay in the texts.
 void preenche(ComboBox& lista, const QString& categoria)
 {
-    jet::Recordset codigos(cnBDP,
-                           "select codigo, descricao from infocomplementar  where categoria = '" + categoria + "'");
+    jet::Recordset codigos = codigosDaCategoria(categoria);
     PreencheComBranco(lista, codigos, 1, 0);
     lista.setItemText(0, " ");
 }

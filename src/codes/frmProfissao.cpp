@@ -1,5 +1,6 @@
 #include "codes/frmProfissao.h"
 
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -8,11 +9,6 @@
 #include "platform/forms/msgbox.h"
 
 #include <QSignalBlocker>
-
-FrmProfissao& frmProfissao()
-{
-    return theForm<FrmProfissao>();
-}
 
 FrmProfissao::FrmProfissao() : EditorDeTabela(Name)
 {
@@ -59,7 +55,7 @@ void FrmProfissao::mostraLinha()
     }
     const bool existe = registos.absolutePosition() > 0;
     txtCod->setText(existe ? codigoDaLinha() : QString());
-    txtDes->setText(existe ? registos["profissao"].toString().remove('*') : QString());
+    txtDes->setText(existe ? semMarca(registos["profissao"].toString()) : QString());
     txtObs->setText(existe ? registos["obs"].toString() : QString());
 }
 
@@ -123,7 +119,7 @@ bool FrmProfissao::designacaoRecusada(const QString& mensagemSeFalta)
 void FrmProfissao::confirmaInsercao()
 {
     if (designacaoRecusada("Deve inserir uma designação para a nova profisssão!")) return;
-    const QString marcada = "*" + txtDes->text();
+    const QString marcada = comMarca(txtDes->text());
     jet::Recordset& registos = adoProf.recordset();
     registos.addNew();
     registos.set("codprof", txtCod->text());
@@ -142,7 +138,7 @@ bool FrmProfissao::podeAlterar()
 void FrmProfissao::confirmaAlteracao()
 {
     if (designacaoRecusada("Deve inserir a designação da profissão!")) return;
-    const QString marcada = "*" + txtDes->text();
+    const QString marcada = comMarca(txtDes->text());
     jet::Recordset& registos = adoProf.recordset();
     registos.set("profissao", marcada);
     registos.set("obs", txtObs->text());
@@ -160,8 +156,9 @@ void FrmProfissao::elimina()
     jet::Recordset& registos = adoProf.recordset();
     if (registos.absolutePosition() == 0) return;
     if (!ask("Tem a certeza que deseja eliminar este registo?")) return;
-    const jet::Recordset usos(cnBDP, "select count(*) as Cont from profissoes where codprof = " + codigoDaLinha());
-    if (usos["cont"].toDouble() != 0)
+    const jet::Recordset usos(
+        cnBDP, jet::NativeSql("select count(*) from profissoes where codprof = ?", {registos["codprof"]}));
+    if (usos[0].toDouble() != 0)
         return showMessage("Não é possível eliminar a profissão seleccionada, pois já existem registos relacionados!");
     const int entrada = entradaDaLinha();
     registos.deleteRow();

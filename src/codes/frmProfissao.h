@@ -43,5 +43,3 @@ private:
 
     QString Chave; // codprof of the row to stand on; "" for the current one
 };
-
-FrmProfissao& frmProfissao();

@@ -16,7 +16,8 @@ public:
     using Form::Form;
 
 protected:
-    // Takes the commands from the editor's own controls. Called once, after setupUi().
+    // Takes the commands from the editor's own controls.
+    // Precondition: setupUi() has run, and this hasn't.
     template <class Controls>
     void usaComandos(const Controls& ui)
     {

@@ -1,4 +1,5 @@
 #include "common/codigos.h"
+#include "common/marca.h"
 
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
@@ -9,10 +10,15 @@ void PreencheComBranco(ComboBox& lista, jet::Recordset& registos, int colunaText
     if (lista.count() == 0) lista.add("  ");
 }
 
-void PreencheCodigos(ComboBox& lista, const QString& instrucao)
+jet::Recordset codigosDaCategoria(const QString& categoria)
 {
-    jet::Recordset codigos(cnBDP, instrucao);
+    return {cnBDP, jet::NativeSql("select codigo, descricao from infocomplementar where categoria = ?", {categoria})};
+}
+
+void PreencheCodigos(ComboBox& lista, const QString& categoria)
+{
+    jet::Recordset codigos = codigosDaCategoria(categoria);
     PreencheComBranco(lista, codigos, 1, 0);
     for (int i = 0; i < lista.count(); ++i)
-        lista.setItemText(i, lista.list(i).remove('*'));
+        lista.setItemText(i, semMarca(lista.list(i)));
 }

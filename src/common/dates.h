@@ -12,7 +12,8 @@ class MaskedEdit;
 // True for a date of the calendar (1582 and before included), written exactly as dd/mm/yyyy.
 bool eData(const QString& texto);
 
-// The date of such a text; Error 13 for any other.
+// The date of such a text.
+// Precondition: eData(texto); Error 13 otherwise.
 QDate dataDoTexto(const QString& texto);
 
 // dd/mm/yyyy; "" for null.
@@ -21,7 +22,8 @@ QString textoDaData(const QVariant& data);
 // Whether the text is that of an empty date field, with or without its mask.
 bool semData(const QString& texto);
 
-// For SQL: #mm/dd/yyyy#, from the text of a field. The text must be a date: Error 13 otherwise.
+// For SQL: #mm/dd/yyyy#, from the text of a field.
+// Precondition: eData(texto); Error 13 otherwise.
 QString literalDaData(const QString& texto);
 
 // Checks a date field when it is left, for frmFam, frmProf, frmAssinatura and frmResid: true if the field is empty or

@@ -41,8 +41,8 @@ public:
     // first of all. A card in the middle of an edit or a search stays as it is.
     void procuraRegisto(const QString& criterio);
 
-    // The row of the record on the card, to be read or written. Error 3021 if there is none: in an insert, in a search,
-    // and on a cleared card.
+    // The row of the record on the card, to be read or written.
+    // Precondition: there is one; Error 3021 otherwise: in an insert, in a search, and on a cleared card.
     jet::Recordset& registoNaFicha();
 
     // What a list of results does to the card. The number is that of the hit.
@@ -59,7 +59,8 @@ public:
     void retomaPesquisa();
 
 protected:
-    // Takes the commands from the card's own controls. Called once, after setupUi().
+    // Takes the commands from the card's own controls.
+    // Precondition: setupUi() has run, and this hasn't.
     template <class Controls>
     void usaComandos(const Controls& ui)
     {

@@ -1,5 +1,6 @@
 #include "common/modGeral.h"
 
+#include "common/marca.h"
 #include "common/numbers.h"
 #include "common/resumo.h"
 #include "common/SplashForm.h"
@@ -9,12 +10,23 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
+#include <new>
+
 void MostraErro(const jet::Error& erro)
 {
     if (erro.number == 0) return;
     showMessage(QStringLiteral("Ocorreu o erro %1\r\n%2").arg(QString::number(erro.number), erro.description),
                 Icon::Information);
     if (cnBDP.state() == jet::Connection::Executing) cnBDP.rollbackTrans();
+}
+
+void MostraErro(const std::exception& erro)
+{
+    if (const auto* doMotor = dynamic_cast<const jet::Error*>(&erro)) return MostraErro(*doMotor);
+    if (dynamic_cast<const std::bad_alloc*>(&erro))
+        return MostraErro(jet::Error{jet::number::outOfMemory, "Não há memória suficiente."});
+    MostraErro(
+        jet::Error{jet::number::internalError, "Erro interno do programa (" + QString::fromUtf8(erro.what()) + ")."});
 }
 
 int ProcuraItemData(ComboBox& lista, const QVariant& valor)
@@ -36,7 +48,7 @@ int ProcuraTexto(ComboBox& lista, const QVariant& valor)
     if (Trim(valor.toString()).isEmpty()) return -1;
 
     // Kept: only the value searched for loses its "*"; an entry that shows one is never found.
-    const QString procurado = Trim(valor.toString().remove('*'));
+    const QString procurado = Trim(semMarca(valor.toString()));
     for (int i = 0; i < lista.count(); ++i) {
         if (Trim(lista.list(i)) != procurado) continue;
         lista.setListIndex(i);

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <exception>
 #include <utility>
 
 class ComboBox;
@@ -15,28 +16,27 @@ class ComboBox;
 // nothing. Rolls back only while a statement runs; a transaction pending on an idle connection stays pending.
 void MostraErro(const jet::Error& erro);
 
-// Runs the routine of an event of a form; not to be used within one. An error ends the routine and is shown by
-// MostraErro; a transaction that the routine leaves open is abandoned.
-template <class Routine>
-void guarded(Routine&& routine)
-{
-    jet::RoutineScope scope(cnBDP);
-    try {
-        std::forward<Routine>(routine)();
-    } catch (const jet::Error& erro) {
-        MostraErro(erro);
-    }
-}
+// An error that isn't the store's has number 7 where the memory was short, and 51 otherwise.
+void MostraErro(const std::exception& erro);
 
-// Runs a step of a guarded routine: an error is shown, and the routine goes on after the step.
+// Runs a step of a routine: an error is shown, and the routine goes on after the step.
 template <class Step>
 void mesmoQueFalhe(Step&& step)
 {
     try {
         std::forward<Step>(step)();
-    } catch (const jet::Error& erro) {
+    } catch (const std::exception& erro) {
         MostraErro(erro);
     }
+}
+
+// Runs the routine of a form that an event calls; not to be used within one. An error ends the routine and is shown by
+// MostraErro; a transaction that the routine leaves open is abandoned.
+template <class Routine>
+void guarded(Routine&& routine)
+{
+    jet::RoutineScope scope(cnBDP);
+    mesmoQueFalhe(std::forward<Routine>(routine));
 }
 
 // Chooses the first entry with that item number and returns its index; -1, with the choice unchanged, if there is none
@@ -46,8 +46,9 @@ int ProcuraItemData(ComboBox& lista, const QVariant& valor);
 // Chooses the first entry whose trimmed text is the value without its "*"s, trimmed; otherwise as ProcuraItemData.
 int ProcuraTexto(ComboBox& lista, const QVariant& valor);
 
-// Fills a coded list from all rows of an open recordset: a first entry of two blanks, then one entry a row. Where the
-// columns differ, the second gives the item number. A recordset without rows leaves the list without any entry.
+// Fills a coded list from all rows of a recordset: a first entry of two blanks, then one entry a row. Where the columns
+// differ, the second gives the item number. A recordset without rows leaves the list without any entry.
+// Precondition: the recordset is open (Error 3704), and no row has a null there (Error 94).
 void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, int colunaDados);
 
 // Opens a document in the program of its type; a failure is reported in a box. An empty path does nothing.

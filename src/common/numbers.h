@@ -11,12 +11,13 @@ class TextBox;
 // A whole number has no decimal point; "" for null. A text comes back unchanged.
 QString textoDoNumero(const QVariant& numero);
 
-// The decimal sign is a comma or a point. Throws Error 13 for a text that is no number, an empty one included.
+// The decimal sign is a comma or a point.
+// Precondition: eNumero(texto), which an empty text isn't; Error 13 otherwise.
 double numeroDoTexto(const QString& texto);
 bool eNumero(const QString& texto); // whether numeroDoTexto() takes it
 
-// The number of a code, as the entries of the lists hold it. Throws Error 13 for a text that is no whole number of 32
-// bits.
+// The number of a code, as the entries of the lists hold it.
+// Precondition: a whole number of 32 bits; Error 13 otherwise.
 qint32 codigoDoTexto(const QString& texto);
 
 // Checks a number field when it is left: it may be blank or hold a number within the bounds. Otherwise the user is

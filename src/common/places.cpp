@@ -1,51 +1,15 @@
 #include "common/places.h"
+#include "common/marca.h"
 
+#include "common/niveis.h"
 #include "common/vbtext.h"
 #include "platform/forms/controls.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
-#include <algorithm>
+#include <ranges>
 
 namespace {
-
-// What is asked of the table of one level.
-struct Nivel
-{
-    const char* tipo;
-    const char* daLista;      // its places on the working list
-    const char* paraEscolher; // SeleccionaLocal; the code and a quote follow
-    const char* paraMostrar;  // NomeLocal; the code and a quote follow
-};
-
-// The narrow levels come first, which keeps the places of everyday use at the top of the lists.
-const Nivel niveis[] = {
-    {"S", "Select codsitio, nomesitio from sitio  where prioridade <> 0",
-     "select nomesitio from sitio where codsitio ='", "select nomesitio from sitio where codsitio = '"},
-    {"L", "Select codlugar, nomelugar from lugar where prioridade <> 0",
-     "select nomelugar from lugar where codlugar ='", "select nomelugar from lugar where codlugar = '"},
-    {"F", "Select codparoquia, nomeparoquia from paroquia where prioridade <> 0",
-     "select nomeparoquia from paroquia where codparoquia ='",
-     "select nomeparoquia from paroquia where codparoquia = '"},
-    {"C", "select codConcelho, nomeconcelho from concelho where prioridade <> 0",
-     "select nomeconcelho from concelho where codconcelho ='",
-     "select nomeconcelho from concelho where codconcelho= '"},
-    {"D", "select coddistrito, nomedistrito from distrito where prioridade <> 0 ",
-     "select nomedistrito from distrito where coddistrito ='",
-     "select nomedistrito from distrito where coddistrito = '"},
-    {"Z", "select codzona, nomezona from zonapais where prioridade <> 0",
-     "select nomezona from zonapais where codzona ='", "select nomezona from zonapais where codzona = '"},
-    {"P", "select codpais, nomepais from pais where prioridade <> 0", "select nomepais from pais where codpais ='",
-     "select nomepais from pais where codpais = '"},
-};
-
-constexpr auto sitioEntreLugares = "select nomesitio from lugar where codsitio ='";
-
-const Nivel* nivelDoTipo(const QString& tipo)
-{
-    const auto nivel = std::ranges::find_if(niveis, [&](const Nivel& n) { return tipo == QLatin1String(n.tipo); });
-    return nivel == std::end(niveis) ? nullptr : nivel;
-}
 
 // Chooses the first entry whose text behind the first "-" is `resto`.
 bool escolhePeloResto(ComboBox& lista, const QString& resto)
@@ -76,13 +40,14 @@ QString restoDoLocal(const QString& texto)
     return Mid(texto, InStr(texto, "-") + 1);
 }
 
+// The narrow levels come first, which keeps the places of everyday use at the top of the lists.
 void PreencheLocais(ComboBox& lista)
 {
     lista.add("  ");
     lista.setListIndex(0);
-    for (const Nivel& nivel : niveis) {
-        for (jet::Recordset locais(cnBDP, nivel.daLista); !locais.eof(); locais.moveNext())
-            lista.add(textoDoLocal(locais[1].toString().remove('*'), nivel.tipo, locais[0].toString()));
+    for (const DadosDoNivel& nivel : std::views::reverse(niveis)) {
+        for (jet::Recordset locais(cnBDP, nivel.locaisDaLista()); !locais.eof(); locais.moveNext())
+            lista.add(textoDoLocal(semMarca(locais[1].toString()), nivel.tipo, locais[0].toString()));
     }
 }
 
@@ -93,10 +58,10 @@ void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo
     lista.setListIndex(-1);
     if (escolhePeloResto(lista, letra + "- " + codigo)) return;
 
-    const Nivel* nivel = nivelDoTipo(letra);
-    if (!nivel) return;
-    const bool entreLugares = letra == "S" && sitios == TabelaDosSitios::lugar;
-    const jet::Recordset local(cnBDP, (entreLugares ? sitioEntreLugares : nivel->paraEscolher) + codigo + "'");
+    if (!nivelDaLetra(letra)) return;
+    DadosDoNivel nivel = *nivelDaLetra(letra);
+    if (nivel.nivel == Nivel::Sitio && sitios == TabelaDosSitios::lugar) nivel.tabela = dadosDe(Nivel::Lugar).tabela;
+    const jet::Recordset local(cnBDP, nivel.nomeDe(codigo));
     if (local.eof()) return;
     const QString texto = textoDoLocal(local[0].toString(), letra, codigo); // kept: any "*" stays in the name
     lista.add(texto);
@@ -110,15 +75,16 @@ void SeleccionaParoquiaDaBDP(ComboBox& lista)
 
 QString NomeLocal(const QVariant& codigo, const QVariant& tipo)
 {
-    const Nivel* nivel = nivelDoTipo(tipo.toString().toUpper());
+    const DadosDoNivel* nivel = nivelDaLetra(tipo.toString().toUpper());
     if (!nivel) return {};
-    const jet::Recordset local(cnBDP, nivel->paraMostrar + codigo.toString() + "'");
+    const jet::Recordset local(cnBDP, nivel->nomeDe(codigo.toString()));
     return local.eof() ? QString() : local[0].toString();
 }
 
 QString DescricaoInfo(const QString& categoria, const QString& codigo)
 {
-    const jet::Recordset info(cnBDP, "select descricao from infocomplementar where categoria = '" + categoria +
-                                         "' and codigo ='" + codigo + "'");
+    const jet::Recordset info(
+        cnBDP, jet::NativeSql("select descricao from infocomplementar where categoria = ? and codigo = ?",
+                              {categoria, codigo}));
     return info.eof() ? QString() : info["Descricao"].toString();
 }

@@ -9,7 +9,8 @@ inline int InStr(const QString& text, const QString& part, int from = 1)
     return static_cast<int>(text.indexOf(part, from - 1)) + 1;
 }
 
-// `length` characters from position `start` on (1 or more), as far as there are any.
+// `length` characters from position `start` on, as far as there are any.
+// Precondition: `start` is 1 or more.
 inline QString Mid(const QString& text, int start, int length = -1)
 {
     return text.mid(start - 1, length);

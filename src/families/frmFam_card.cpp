@@ -141,9 +141,7 @@ void FrmFam::cmbTipoFam_Click()
         lblTipoFam->clear();
         const QString codigo = cmbTipoFam->text();
         if (codigo.isEmpty()) return;
-        const jet::Recordset tipo(
-            cnBDP, "Select descricao from infocomplementar where  categoria= 'TipFa' and codigo = '" + codigo + "'");
-        if (!tipo.eof()) lblTipoFam->setText(tipo["Descricao"].toString());
+        lblTipoFam->setText(DescricaoInfo("TipFa", codigo));
     });
 }
 

@@ -165,13 +165,9 @@ void FrmInd::PreencheFamilias()
 void FrmInd::EscreveLinhaFam(int linha)
 {
     const jet::Recordset& familia = adoRel.recordset();
-    const QString situacao = familia["sfamilia"].toString();
-    jet::Recordset descricao(cnBDP,
-                             "select codigo, descricao from infocomplementar where categoria = 'SitFa' and codigo = '" +
-                                 situacao + "'");
     dtgProf->setTextMatrix(linha, 0, textoDoNumero(familia["nfamilia"]));
     dtgProf->setTextMatrix(linha, 1, familia["tipocasal"].toString());
-    dtgProf->setTextMatrix(linha, 2, descricao.eof() ? QString() : descricao["Descricao"].toString());
+    dtgProf->setTextMatrix(linha, 2, DescricaoInfo("SitFa", familia["sfamilia"].toString()));
     dtgProf->setTextMatrix(linha, 3, textoDaData(familia["datacasam"]));
 }
 
@@ -181,9 +177,7 @@ void FrmInd::cmbTipoInd_Click()
         lblTipoInd->clear();
         const QString codigo = cmbTipoInd->text();
         if (Trim(codigo).isEmpty()) return;
-        jet::Recordset tipo(cnBDP, "Select descricao from infocomplementar where categoria = 'TipIn' and codigo = '" +
-                                       codigo + "'");
-        if (!tipo.eof()) lblTipoInd->setText(tipo["Descricao"].toString());
+        lblTipoInd->setText(DescricaoInfo("TipIn", codigo));
     });
 }
 

@@ -24,7 +24,7 @@ void EditorComCodigo::preencheSuperiores(jet::Recordset& linhas)
 void EditorComCodigo::superiores_Click()
 {
     guarded([&] {
-        registos_->recordset().setFilter(regras_.superior + "='" + superior() + "'");
+        registos_->recordset().setFilter(QString("%1='%2'").arg(nivel().superior, superior()));
         mostraRegistos();
     });
 }

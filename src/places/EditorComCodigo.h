@@ -22,7 +22,7 @@ protected:
         QString repetido;
     };
 
-    // Once, behind usa().
+    // Precondition: usa() has run, and this hasn't.
     void usaCodigo(Codigo codigo, ComboBox* superiores = nullptr);
 
     // A select of the rows with that code.

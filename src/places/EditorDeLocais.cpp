@@ -1,6 +1,7 @@
 #include "places/EditorDeLocais.h"
 
 #include "common/campos.h"
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
@@ -17,13 +18,16 @@ void EditorDeLocais::ligaGrelha()
 
 void EditorDeLocais::Form_Load()
 {
-    guarded([&] {
-        AplicarModo(Modo::Cons);
-        registos_->setRecordSource(instrucao());
-        registos_->refresh();
-        registos_->recordset().setSort(regras_.ordem);
-        mostraRegistos();
-    });
+    guarded([&] { carrega(); });
+}
+
+void EditorDeLocais::carrega()
+{
+    AplicarModo(Modo::Cons);
+    registos_->setRecordSource(fonte());
+    registos_->refresh();
+    registos_->recordset().setSort(regras_.ordem);
+    mostraRegistos();
 }
 
 bool EditorDeLocais::Form_QueryUnload(UnloadMode modo)
@@ -82,7 +86,7 @@ void EditorDeLocais::preencheGrelha()
         if (largura >= 0) grelha_->setColWidth(coluna, largura);
         for (int linha = 1; linha <= total; ++linha) {
             linhas.setAbsolutePosition(linha);
-            grelha_->setTextMatrix(linha, coluna, valor(campo).remove('*'));
+            grelha_->setTextMatrix(linha, coluna, semMarca(valor(campo)));
         }
     }
 }
@@ -93,7 +97,7 @@ void EditorDeLocais::mostraRegistos(const QString& codigo)
     jet::Recordset& linhas = registos_->recordset();
     if (registos_->hasRows()) {
         linhas.moveFirst();
-        if (!codigo.isEmpty()) linhas.find(regras_.codigo + " ='" + QString(codigo).replace("'", "''") + "'");
+        if (!codigo.isEmpty()) linhas.find(QString("%1 ='%2'").arg(nivel().codigo, QString(codigo).replace("'", "''")));
         grelha_->setRow(std::max(linhas.absolutePosition(), 1));
     }
     mostraLinha();
@@ -123,8 +127,8 @@ void EditorDeLocais::mostraLinha()
 {
     limpaCampos();
     if (!posiciona()) return;
-    txtCod_->setText(valor(regras_.codigo));
-    txtNome_->setText(valor(regras_.nome).remove('*'));
+    txtCod_->setText(valor(nivel().codigo));
+    txtNome_->setText(semMarca(valor(nivel().nome)));
     txtObs_->setText(valor("obs"));
     mostraOutros(registos_->recordset());
 }
@@ -144,8 +148,8 @@ void EditorDeLocais::confirmaInsercao()
     const QString codigo = codigoAGravar();
     jet::Recordset& linhas = registos_->recordset();
     linhas.addNew();
-    linhas.set(regras_.codigo, codigo.isEmpty() ? QVariant() : codigo); // the store refuses a row without one
-    if (!regras_.superior.isEmpty()) linhas.set(regras_.superior, superior());
+    linhas.set(nivel().codigo, codigo.isEmpty() ? QVariant() : codigo); // the store refuses a row without one
+    if (nivel().superior) linhas.set(nivel().superior, superior());
     escreveCampos();
     linhas.requery(); // in its order
     terminaEdicao();
@@ -167,7 +171,7 @@ void EditorDeLocais::abreAlteracao()
 void EditorDeLocais::confirmaAlteracao()
 {
     if (!VerificaCampos(Passo::Alteracao)) return;
-    const QString codigo = valor(regras_.codigo);
+    const QString codigo = valor(nivel().codigo);
     escreveCampos();
     registos_->recordset().requery();
     terminaEdicao();
@@ -178,7 +182,7 @@ void EditorDeLocais::confirmaAlteracao()
 void EditorDeLocais::escreveCampos()
 {
     jet::Recordset& linhas = registos_->recordset();
-    linhas.set(regras_.nome, nomeAGravar());
+    linhas.set(nivel().nome, nomeAGravar());
     if (!txtObs_->text().isEmpty()) linhas.set("obs", txtObs_->text());
     escreveOutros(linhas);
     linhas.update();
@@ -198,16 +202,11 @@ bool EditorDeLocais::VerificaCampos(Passo passo)
 {
     const Recusas& recusas = passo == Passo::Insercao ? regras_.recusas : regras_.aoAlterar;
     const QString nome = Trim(txtNome_->text());
-    const QString aMostrar = Trim(QString(nome).remove('*')); // a name of "*"s alone would show as none
+    const QString aMostrar = Trim(semMarca(nome)); // a name of "*"s alone would show as none
     const bool falta = aMostrar.isEmpty() || eNumero(aMostrar);
     if (!falta && !nomeRepetido(nome, passo)) return true;
-    const QString anterior = passo == Passo::Insercao ? QString() : valor(regras_.nome).remove('*');
+    const QString anterior = passo == Passo::Insercao ? QString() : semMarca(valor(nivel().nome));
     return recusaComTexto(falta ? recusas.semNome : recusas.repetido, txtNome_, anterior);
-}
-
-bool EditorDeLocais::nomeRepetido(const QString& nome, Passo) const
-{
-    return !jet::Recordset(cnBDP, instrucaoDoNome(nome)).eof();
 }
 
 bool EditorDeLocais::recusaComTexto(const QString& mensagem, TextBox* campo, const QString& texto)
@@ -219,9 +218,9 @@ bool EditorDeLocais::recusaComTexto(const QString& mensagem, TextBox* campo, con
 void EditorDeLocais::elimina()
 {
     if (!posiciona() || !ask("Tem a certeza que deseja eliminar este registo?")) return;
-    if (const QString instrucao = instrucaoDosDescendentes(valor(regras_.codigo)); !instrucao.isEmpty()) {
+    if (const auto descendentes = eliminacaoDosDescendentes(valor(nivel().codigo))) {
         jet::Transaction transaccao(cnBDP);
-        cnBDP.execute(instrucao);
+        cnBDP.execute(*descendentes);
         transaccao.commit();
     }
     registos_->recordset().deleteRow();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/EditorDeTabela.h"
+#include "common/niveis.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
@@ -9,6 +10,7 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
 #include <utility>
 
 // A grid of all rows, boxes that show the row chosen there, and the commands that add, alter and delete through the
@@ -44,9 +46,7 @@ protected:
 
     struct Regras
     {
-        QString codigo;              // the column of the code
-        QString nome;                // the column of the name
-        QString superior = {};       // the column of the code of the level above; empty: none is written
+        Nivel nivel;
         QString ordem = {};          // of the rows; empty: as the source gives them
         QList<Coluna> colunas;       // of the grid
         Recusas recusas;             // of an insertion
@@ -54,7 +54,7 @@ protected:
         QList<QWidget*> outros = {}; // what else is disabled while an edit runs
     };
 
-    // Once, after setupUi().
+    // Precondition: setupUi() has run, and this hasn't.
     template <class Controls>
     void usa(const Controls& ui, jet::DataControl& registos, Grid* grelha, Regras regras)
     {
@@ -64,18 +64,18 @@ protected:
         ligaGrelha();
     }
 
-    virtual QString instrucao() const = 0; // the source of the rows
-    // A select of the rows with that name.
-    virtual QString instrucaoDoNome(const QString& nome) const = 0;
-    virtual bool nomeRepetido(const QString& nome, Passo passo) const;
+    virtual jet::NativeSql fonte() const = 0; // the source of the rows
+    // Whether another row has that name. Kept: in most editors an unchanged name is one, and the name stands in the
+    // statement as it was typed, so that a quote breaks it.
+    virtual bool nomeRepetido(const QString& nome, Passo passo) const = 0;
     // The boxes hold what may be stored; tells the user why not.
     virtual bool VerificaCampos(Passo passo);
     virtual QString codigoNovo() { return {}; } // proposed at the start of an insertion
     virtual QString codigoAGravar() const;
     virtual QString superior() const { return {}; } // the code of the level above
     virtual QString nomeAGravar() const;
-    // A statement that deletes what hangs on a row, before the row itself; empty: none.
-    virtual QString instrucaoDosDescendentes(const QString&) const { return {}; }
+    // Deletes what hangs on a row, before the row itself.
+    virtual std::optional<jet::NativeSql> eliminacaoDosDescendentes(const QString&) const { return {}; }
     virtual const QList<ModeRow>& modos() const;
     virtual QWidget* primeiroCampo() const; // gets the focus when an insertion starts
     // The fields of one editor alone.
@@ -83,7 +83,8 @@ protected:
     virtual void mostraOutros(const jet::Recordset&) {}
     virtual void escreveOutros(jet::Recordset&) const {}
 
-    void Form_Load() override;
+    virtual void carrega(); // what belongs to the load; an error ends it
+    void Form_Load() final;
     bool Form_QueryUnload(UnloadMode modo) override; // while an edit runs the close box does nothing
     void abreInsercao() override;
     void confirmaInsercao() override;
@@ -97,7 +98,9 @@ protected:
 
     // Puts the cursor on the row chosen in the grid. False where there is none.
     bool posiciona();
+    const DadosDoNivel& nivel() const { return dadosDe(regras_.nivel); }
     QString valor(const QString& campo) const; // of the current row
+    static bool existe(const QString& select) { return !jet::Recordset(cnBDP, select).eof(); }
     void AplicarModo(Modo modo);
     // Fills the grid and shows the row with that code; empty: the first one.
     void mostraRegistos(const QString& codigo = {});

@@ -1,7 +1,7 @@
 #include "places/EditorProvisorio.h"
 
 #include "common/ficha.h"
-#include "common/modGeral.h"
+#include "common/marca.h"
 #include "common/numbers.h"
 #include "common/vbtext.h"
 #include "platform/forms/forms.h"
@@ -9,12 +9,10 @@
 
 #include <cmath>
 
-void EditorProvisorio::Form_Load()
+void EditorProvisorio::carrega()
 {
-    guarded([&] {
-        CodSup = frmLocalizacao().codigoAte(nivelSuperior_);
-        EditorDeLocais::Form_Load();
-    });
+    CodSup = frmLocalizacao().codigoAte(nivelSuperior_);
+    EditorDeLocais::carrega();
 }
 
 void EditorProvisorio::Form_Unload()
@@ -37,12 +35,12 @@ const QList<ModeRow>& EditorProvisorio::modos() const
 
 QString EditorProvisorio::nomeAGravar() const
 {
-    return "*" + txtNome_->text().remove('*');
+    return comMarca(semMarca(txtNome_->text()));
 }
 
 bool EditorProvisorio::provisorio(const QString& mensagem)
 {
-    if (valor(regras_.nome).startsWith('*')) return true;
+    if (temMarca(valor(nivel().nome))) return true;
     showMessage(mensagem);
     return false;
 }
@@ -53,12 +51,12 @@ void EditorProvisorio::elimina()
 }
 
 // Kept: the last row of the order of texts. "100" stands before "99", so that behind 99 the same code comes again.
-QString EditorProvisorio::proximoCodigo(int inicio)
+QString EditorProvisorio::proximoCodigo()
 {
     double ultimo = 0;
     if (registos_->hasRows()) {
         registos_->recordset().moveLast();
-        ultimo = std::floor(numeroDoTexto(Mid(valor(regras_.codigo), inicio)));
+        ultimo = std::floor(numeroDoTexto(Mid(valor(nivel().codigo), nivel().inicio)));
     }
     return CodSup + textoDoNumero(ultimo + 1).rightJustified(2, '0');
 }

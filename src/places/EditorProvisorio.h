@@ -11,27 +11,24 @@ class EditorProvisorio : public EditorDeLocais
     Q_OBJECT
 
 public:
-    EditorProvisorio(const QString& nome, FrmLocalizacao::Nivel nivelSuperior)
-        : EditorDeLocais(nome), nivelSuperior_(nivelSuperior)
-    {
-    }
+    EditorProvisorio(const QString& nome, Nivel nivelSuperior) : EditorDeLocais(nome), nivelSuperior_(nivelSuperior) {}
 
     QString CodSup; // the code of the place above
 
 protected:
     // Whether the current row is the researcher's own; of a reference row the user is told.
     bool provisorio(const QString& mensagem);
-    // The code with the number behind that of the last row; the number begins at that position of the code.
-    QString proximoCodigo(int inicio);
+    // The code with the number behind that of the last row.
+    QString proximoCodigo();
 
     QString superior() const override { return CodSup; }
     QString nomeAGravar() const override;
     const QList<ModeRow>& modos() const override;
     void elimina() override;
     void fecha() override { unload(); }
-    void Form_Load() override;
+    void carrega() override;
     void Form_Unload() override;
 
 private:
-    FrmLocalizacao::Nivel nivelSuperior_;
+    Nivel nivelSuperior_;
 };

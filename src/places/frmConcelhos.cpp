@@ -13,9 +13,7 @@ FrmConcelhos::FrmConcelhos() : EditorComCodigo(Name)
 {
     setupUi(this);
     usa(*this, adoConc, dtgConc,
-        {.codigo = "codconcelho",
-         .nome = "nomeconcelho",
-         .superior = "coddistrito",
+        {.nivel = Nivel::Concelho,
          .colunas = {{"DDCC", "codconcelho", 100}, {"Designação", "nomeconcelho"}},
          .recusas = {"Deve inserir o nome do concelho!",
                      "A base de dados já contém um concelho com o nome que inseriu!"},
@@ -26,21 +24,20 @@ FrmConcelhos::FrmConcelhos() : EditorComCodigo(Name)
     connect(cmdFreg, &CommandButton::clicked, this, &FrmConcelhos::cmdFreg_Click);
 }
 
-void FrmConcelhos::Form_Load()
+void FrmConcelhos::carrega()
 {
-    guarded([&] {
-        EditorComCodigo::Form_Load();
-        jet::Recordset distritos(cnBDP, "select coddistrito, nomedistrito from distrito");
-        preencheSuperiores(distritos);
-        if (cmbDist->count() == 0)
-            showMessage("Não é possível a edição de concelhos!\r\nRazão: Não existem registos de distritos.",
-                        Icon::Critical);
-    });
+    EditorComCodigo::carrega();
+    jet::Recordset distritos(cnBDP, "select coddistrito, nomedistrito from distrito");
+    preencheSuperiores(distritos);
+    if (cmbDist->count() == 0)
+        showMessage("Não é possível a edição de concelhos!\r\nRazão: Não existem registos de distritos.",
+                    Icon::Critical);
 }
 
-QString FrmConcelhos::instrucao() const
+jet::NativeSql FrmConcelhos::fonte() const
 {
-    return "select codconcelho, nomeconcelho,coddistrito,  obs from concelho order by nomeconcelho";
+    return jet::NativeSql("select codconcelho, nomeconcelho, coddistrito, obs from concelho "
+                          "order by nomeconcelho collate orv_alphabetical");
 }
 
 QString FrmConcelhos::instrucaoDoCodigo(const QString& codigo) const
@@ -48,16 +45,16 @@ QString FrmConcelhos::instrucaoDoCodigo(const QString& codigo) const
     return "select * from concelho where codconcelho = '" + codigo + "'";
 }
 
-QString FrmConcelhos::instrucaoDoNome(const QString& nome) const
+bool FrmConcelhos::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from concelho where nomeconcelho = '" + nome + "'";
+    return existe("select * from concelho where nomeconcelho = '" + nome + "'");
 }
 
-QString FrmConcelhos::instrucaoDosDescendentes(const QString& codigo) const
+std::optional<jet::NativeSql> FrmConcelhos::eliminacaoDosDescendentes(const QString& codigo) const
 {
-    return "delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho in "
-           "(select codconcelho from concelho where codconcelho = '" +
-           codigo + "'))";
+    return jet::NativeSql("delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho "
+                          "in (select codconcelho from concelho where codconcelho = ?))",
+                          {codigo});
 }
 
 void FrmConcelhos::cmdFreg_Click()

@@ -7,9 +7,7 @@ FrmDistritos::FrmDistritos() : EditorComCodigo(Name)
 {
     setupUi(this);
     usa(*this, adoDist, dtDist,
-        {.codigo = "coddistrito",
-         .nome = "nomedistrito",
-         .superior = "codpais",
+        {.nivel = Nivel::Distrito,
          .ordem = "nomedistrito ASC",
          .colunas = {{"Nome do Distrito", "nomedistrito", 290}, {"Código", "coddistrito"}},
          .recusas = {"Deve inserir o nome do distrito!",
@@ -20,9 +18,9 @@ FrmDistritos::FrmDistritos() : EditorComCodigo(Name)
     connect(cmdConc, &CommandButton::clicked, this, &FrmDistritos::cmdConc_Click);
 }
 
-QString FrmDistritos::instrucao() const
+jet::NativeSql FrmDistritos::fonte() const
 {
-    return "select coddistrito, nomedistrito, obs, codpais from distrito";
+    return jet::NativeSql("select coddistrito, nomedistrito, obs, codpais from distrito");
 }
 
 QString FrmDistritos::instrucaoDoCodigo(const QString& codigo) const
@@ -30,16 +28,16 @@ QString FrmDistritos::instrucaoDoCodigo(const QString& codigo) const
     return "select * from distrito where coddistrito = '" + codigo + "'";
 }
 
-QString FrmDistritos::instrucaoDoNome(const QString& nome) const
+bool FrmDistritos::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from distrito where nomedistrito = '" + nome + "'";
+    return existe("select * from distrito where nomedistrito = '" + nome + "'");
 }
 
-QString FrmDistritos::instrucaoDosDescendentes(const QString& codigo) const
+std::optional<jet::NativeSql> FrmDistritos::eliminacaoDosDescendentes(const QString& codigo) const
 {
-    return "delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho in "
-           "(select codconcelho from concelho where coddistrito = '" +
-           codigo + "'))";
+    return jet::NativeSql("delete from lugar where codparoquia in (select codparoquia from paroquia where codconcelho "
+                          "in (select codconcelho from concelho where coddistrito = ?))",
+                          {codigo});
 }
 
 void FrmDistritos::cmdConc_Click()

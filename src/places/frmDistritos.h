@@ -17,10 +17,10 @@ public:
     jet::DataControl adoDist{cnBDP};
 
 protected:
-    QString instrucao() const override;
+    jet::NativeSql fonte() const override;
     QString instrucaoDoCodigo(const QString& codigo) const override;
-    QString instrucaoDoNome(const QString& nome) const override;
-    QString instrucaoDosDescendentes(const QString& codigo) const override;
+    bool nomeRepetido(const QString& nome, Passo passo) const override;
+    std::optional<jet::NativeSql> eliminacaoDosDescendentes(const QString& codigo) const override;
     QString superior() const override { return "PT"; }
 
 private:

@@ -8,9 +8,7 @@ FrmFreguesias::FrmFreguesias() : EditorComCodigo(Name)
 {
     setupUi(this);
     usa(*this, adoFreg, dtFreg,
-        {.codigo = "codparoquia",
-         .nome = "nomeparoquia",
-         .superior = "codconcelho",
+        {.nivel = Nivel::Paroquia,
          .ordem = "nomeparoquia ASC",
          .colunas = {{"Nome do paróquia", "nomeparoquia", 290}, {"Código", "codparoquia"}},
          .recusas = {"Deve inserir o nome da paróquia!",
@@ -25,19 +23,17 @@ FrmFreguesias::FrmFreguesias() : EditorComCodigo(Name)
 }
 
 // The municipalities are those that their editor shows.
-void FrmFreguesias::Form_Load()
+void FrmFreguesias::carrega()
 {
-    guarded([&] {
-        EditorComCodigo::Form_Load();
-        jet::DataControl& concelhos = frmConcelhos().adoConc;
-        if (concelhos.hasRows()) concelhos.recordset().moveFirst();
-        preencheSuperiores(concelhos.recordset());
-    });
+    EditorComCodigo::carrega();
+    jet::DataControl& concelhos = frmConcelhos().adoConc;
+    if (concelhos.hasRows()) concelhos.recordset().moveFirst();
+    preencheSuperiores(concelhos.recordset());
 }
 
-QString FrmFreguesias::instrucao() const
+jet::NativeSql FrmFreguesias::fonte() const
 {
-    return "select codparoquia, nomeparoquia,codconcelho,  obs from paroquia";
+    return jet::NativeSql("select codparoquia, nomeparoquia, codconcelho, obs from paroquia");
 }
 
 QString FrmFreguesias::instrucaoDoCodigo(const QString& codigo) const
@@ -45,14 +41,14 @@ QString FrmFreguesias::instrucaoDoCodigo(const QString& codigo) const
     return "select * from paroquia where codparoquia = '" + codigo + "'";
 }
 
-QString FrmFreguesias::instrucaoDoNome(const QString& nome) const
+bool FrmFreguesias::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from paroquia where nomeparoquia = '" + nome + "'";
+    return existe("select * from paroquia where nomeparoquia = '" + nome + "'");
 }
 
-QString FrmFreguesias::instrucaoDosDescendentes(const QString& codigo) const
+std::optional<jet::NativeSql> FrmFreguesias::eliminacaoDosDescendentes(const QString& codigo) const
 {
-    return "delete from lugar where codparoquia = '" + codigo + "'";
+    return jet::NativeSql("delete from lugar where codparoquia = ?", {codigo});
 }
 
 void FrmFreguesias::cmdLug_Click()

@@ -17,11 +17,11 @@ public:
     jet::DataControl adoFreg{cnBDP};
 
 protected:
-    QString instrucao() const override;
+    jet::NativeSql fonte() const override;
     QString instrucaoDoCodigo(const QString& codigo) const override;
-    QString instrucaoDoNome(const QString& nome) const override;
-    QString instrucaoDosDescendentes(const QString& codigo) const override;
-    void Form_Load() override;
+    bool nomeRepetido(const QString& nome, Passo passo) const override;
+    std::optional<jet::NativeSql> eliminacaoDosDescendentes(const QString& codigo) const override;
+    void carrega() override;
 
 private:
     void cmdLug_Click();

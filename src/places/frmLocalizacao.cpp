@@ -1,5 +1,5 @@
 // The picker's load, and what it opens.
-#include "places/frmLocalizacao_niveis.h"
+#include "places/frmLocalizacao.h"
 
 #include "common/globals.h"
 #include "common/modGeral.h"
@@ -16,15 +16,12 @@ FrmLocalizacao::FrmLocalizacao() : Form(Name)
 {
     setupUi(this);
     fraLista->setVisible(OrigemLoc != 6); // a BDP's parish is no matter of the list
-    connect(cmbPais, &ComboBox::clicked, this, &FrmLocalizacao::cmbPais_Click);
-    connect(cmbZona, &ComboBox::clicked, this, &FrmLocalizacao::cmbZona_Click);
+    listas_ = {cmbPais, cmbZona, cmbDistrito, cmbConcelho, cmbParoquia, cmbLugar, cmbS};
+    editores_ = {nullptr, cmdZ, nullptr, nullptr, nullptr, cmdLug, cmdSit};
+    for (const DadosDoNivel& dados : niveis)
+        connect(lista(dados.nivel), &ComboBox::clicked, this, [this, nivel = dados.nivel] { lista_Click(nivel); });
     connect(cmdZ, &QPushButton::clicked, this, &FrmLocalizacao::cmdZ_Click);
-    connect(cmbDistrito, &ComboBox::clicked, this, &FrmLocalizacao::cmbDistrito_Click);
-    connect(cmbConcelho, &ComboBox::clicked, this, &FrmLocalizacao::cmbConcelho_Click);
-    connect(cmbParoquia, &ComboBox::clicked, this, &FrmLocalizacao::cmbParoquia_Click);
-    connect(cmbLugar, &ComboBox::clicked, this, &FrmLocalizacao::cmbLugar_Click);
     connect(cmdLug, &QPushButton::clicked, this, &FrmLocalizacao::cmdLug_Click);
-    connect(cmbS, &ComboBox::clicked, this, &FrmLocalizacao::cmbS_Click);
     connect(cmdSit, &QPushButton::clicked, this, &FrmLocalizacao::cmdSit_Click);
     connect(cmdGuardar, &QPushButton::clicked, this, &FrmLocalizacao::cmdGuardar_Click);
     connect(cmdRem, &QPushButton::clicked, this, &FrmLocalizacao::cmdRem_Click);
@@ -48,17 +45,17 @@ void FrmLocalizacao::Form_Load()
 
 void FrmLocalizacao::cmdZ_Click()
 {
-    guarded([&] { abreEditor("frmZona", "Zonas de ", cmbPais); });
+    guarded([&] { abreEditor("frmZona", "Zonas de ", Nivel::Pais); });
 }
 
 void FrmLocalizacao::cmdLug_Click()
 {
-    guarded([&] { abreEditor("frmLugares", "Localidades de ", cmbParoquia); });
+    guarded([&] { abreEditor("frmLugares", "Localidades de ", Nivel::Paroquia); });
 }
 
 void FrmLocalizacao::cmdSit_Click()
 {
-    guarded([&] { abreEditor("frmSitios", "Sítios de ", cmbLugar); });
+    guarded([&] { abreEditor("frmSitios", "Sítios de ", Nivel::Lugar); });
 }
 
 void FrmLocalizacao::cmdLoc_Click()
@@ -69,11 +66,11 @@ void FrmLocalizacao::cmdLoc_Click()
 }
 
 // Opens the editor of the places below the one chosen in `superior`.
-void FrmLocalizacao::abreEditor(const QString& editor, const QString& titulo, const ComboBox* superior)
+void FrmLocalizacao::abreEditor(const QString& nome, const QString& titulo, Nivel superior)
 {
-    const QString local = Trim(superior->text());
+    const QString local = Trim(lista(superior)->text());
     if (local.isEmpty()) return;
-    if (Form* form = Forms::show(editor)) {
+    if (Form* form = Forms::show(nome)) {
         form->setCaption(titulo + local);
         setEnabled(false);
     }
@@ -81,9 +78,8 @@ void FrmLocalizacao::abreEditor(const QString& editor, const QString& titulo, co
 
 void FrmLocalizacao::retomaDoEditor(Nivel superior)
 {
-    ComboBox* acima = this->*niveis[superior].lista;
-    emit acima->clicked();
+    emit lista(superior)->clicked();
     setEnabled(true);
-    ComboBox* lista = this->*niveis[superior + 1].lista;
-    if (isShown() && lista->count() > 1) Focus::setTo(lista);
+    ComboBox* abaixo = lista(Nivel(int(superior) + 1));
+    if (isShown() && abaixo->count() > 1) Focus::setTo(abaixo);
 }

@@ -1,6 +1,7 @@
 // The place picker: how a place enters any card, and how the working list is kept.
 #pragma once
 
+#include "common/niveis.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 
@@ -9,33 +10,25 @@
 #include <QSet>
 #include <QString>
 
+#include <array>
+
 // A card that wants a place sets OrigemLoc, disables itself and shows this form. The place comes back in the card's own
 // combo, and the card is enabled again when this form is unloaded.
-// The place editors and the place search read and set the seven combos.
-class FrmLocalizacao : public Form, public Ui::FrmLocalizacao
+class FrmLocalizacao : public Form, private Ui::FrmLocalizacao
 {
     Q_OBJECT
 
 public:
     static constexpr auto Name = "frmLocalizacao";
 
-    // The levels, from the widest to the narrowest.
-    enum Nivel
-    {
-        Pais,
-        Zona,
-        Distrito,
-        Concelho,
-        Paroquia,
-        Lugar,
-        Sitio,
-        NumNiveis
-    };
-
     FrmLocalizacao();
 
     // The code of the place chosen in a level, from the numbers of its combos.
     QString codigoAte(Nivel nivel) const;
+    // Chooses a place on the combos, from the top down; `superior` is the code of the place above, which countries and
+    // districts have none of. Each choice fills the list of the next, so that one which isn't found ends the walk; so
+    // does a list that is shut, as below the parishes where only a parish can be chosen.
+    void mostraLocal(Nivel nivel, const QString& codigo, const QString& superior);
     // The editor of the places below `superior` is closing: their list is read again, and gets the focus where it has
     // places.
     void retomaDoEditor(Nivel superior);
@@ -48,22 +41,23 @@ protected:
     void Form_Unload() override;
 
 private:
+    ComboBox* lista(Nivel nivel) const { return listas_[size_t(nivel)]; }
+    CommandButton* editor(Nivel nivel) const { return editores_[size_t(nivel)]; }
+
     // The combos, each filling the next
-    void cmbPais_Click();
-    void cmbZona_Click();
-    void cmbDistrito_Click();
-    void cmbConcelho_Click();
-    void cmbParoquia_Click();
-    void cmbLugar_Click();
-    void cmbS_Click();
+    void lista_Click(Nivel nivel);
     bool desceAte(Nivel nivel);
-    void preenche(Nivel nivel, const QString& instrucao);
+    void preencheAbaixo(Nivel nivel);
+    void preenche(Nivel nivel, const jet::NativeSql& instrucao);
     void preenchePaises();
     void escolheParoquiaDaBDP();
+    bool escolhePais(const QString& codigo);
+    bool escolhe(Nivel nivel, const QString& numero);
     void LocalEscolhido();
 
     // The working list
     void preencheLista();
+    void marcaLocal();
     void cmdGuardar_Click();
     void cmdRem_Click();
 
@@ -78,10 +72,10 @@ private:
     void cmdLug_Click();
     void cmdSit_Click();
     void cmdLoc_Click();
-    void abreEditor(const QString& editor, const QString& titulo, const ComboBox* superior);
+    void abreEditor(const QString& nome, const QString& titulo, Nivel superior);
 
-    struct DadosDoNivel;
-    static const DadosDoNivel niveis[NumNiveis];
+    std::array<ComboBox*, numNiveis> listas_;
+    std::array<CommandButton*, numNiveis> editores_; // each opens with its list; null where a level has none here
 
     QString LocalNome; // the place now chosen on the combos
     QString LocalTipo; // its letter

@@ -135,6 +135,6 @@ bool FrmLocalizacao::atribuiParoquia()
     frmIni().setParoquia(LocalNome);
     CodParoquia = LocalCod;
     CodPais = Mid(cmbPais->text(), 1, 2);
-    cnBDP.execute("update paroquia set prioridade = 2 where codparoquia = '" + LocalCod + "'");
+    cnBDP.execute(dadosDe(Nivel::Paroquia).marca(LocalCod, Prioridade::DaBDP));
     return true;
 }

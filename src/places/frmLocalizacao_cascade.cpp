@@ -3,97 +3,64 @@
 #include "common/modGeral.h"
 #include "common/vbtext.h"
 #include "individuals/pedido.h"
-#include "places/frmLocalizacao_niveis.h"
+#include "places/frmLocalizacao.h"
 
-void FrmLocalizacao::cmbPais_Click()
+#include <algorithm>
+#include <ranges>
+
+void FrmLocalizacao::lista_Click(Nivel nivel)
 {
     guarded([&] {
-        if (!desceAte(Pais)) return;
-        const QString pais = Mid(cmbPais->text(), 1, 2);
-        if (pais == "PT")
-            preenche(Distrito, "Select * from  distrito");
-        else
-            preenche(Zona, "Select * from  zonapais where codpais = '" + pais + "'");
-    });
-}
-
-void FrmLocalizacao::cmbZona_Click()
-{
-    guarded([&] {
-        if (desceAte(Zona)) LocalCod = codigoAte(Zona);
-    });
-}
-
-void FrmLocalizacao::cmbDistrito_Click()
-{
-    guarded([&] {
-        if (!desceAte(Distrito)) return;
-        LocalCod = codigoAte(Distrito);
-        preenche(Concelho, "Select * from Concelho where coddistrito = '" + LocalCod + "'");
-    });
-}
-
-void FrmLocalizacao::cmbConcelho_Click()
-{
-    guarded([&] {
-        if (!desceAte(Concelho)) return;
-        LocalCod = codigoAte(Concelho);
-        preenche(Paroquia, "Select * from paroquia where codconcelho = '" + LocalCod + "'");
-    });
-}
-
-void FrmLocalizacao::cmbParoquia_Click()
-{
-    guarded([&] {
-        if (!desceAte(Paroquia)) return;
-        LocalCod = codigoAte(Paroquia);
-        preenche(Lugar, "Select * from lugar where codparoquia = '" + LocalCod + "'");
-    });
-}
-
-void FrmLocalizacao::cmbLugar_Click()
-{
-    guarded([&] {
-        if (!desceAte(Lugar)) return cmdSit->setEnabled(false);
-        LocalCod = codigoAte(Lugar);
-        preenche(Sitio, "Select * from sitio where codlugar ='" + LocalCod + "'");
-    });
-}
-
-void FrmLocalizacao::cmbS_Click()
-{
-    guarded([&] {
-        if (desceAte(Sitio)) LocalCod = codigoAte(Sitio);
+        if (desceAte(nivel)) {
+            if (nivel != Nivel::Pais) LocalCod = codigoAte(nivel);
+            preencheAbaixo(nivel);
+        } else if (nivel == Nivel::Lugar) {
+            cmdSit->setEnabled(false);
+        }
     });
 }
 
 // Clears and shuts what stands below a level in which a place was chosen. False, with all as it was, for a blank entry.
 bool FrmLocalizacao::desceAte(Nivel nivel)
 {
-    if (Trim((this->*niveis[nivel].lista)->text()).isEmpty()) return false;
-    for (int abaixo = nivel + 1; abaixo < NumNiveis; ++abaixo) {
-        ComboBox* lista = this->*niveis[abaixo].lista;
-        lista->clear();
-        lista->setEnabled(false);
-        if (niveis[abaixo].editor) (this->*niveis[abaixo].editor)->setEnabled(false);
+    if (Trim(lista(nivel)->text()).isEmpty()) return false;
+    for (const DadosDoNivel& abaixo : niveis) {
+        if (abaixo.nivel <= nivel) continue;
+        lista(abaixo.nivel)->clear();
+        lista(abaixo.nivel)->setEnabled(false);
+        if (editor(abaixo.nivel)) editor(abaixo.nivel)->setEnabled(false);
     }
     return true;
 }
 
-void FrmLocalizacao::preenche(Nivel nivel, const QString& instrucao)
+// Portugal alone has districts, all others zones, with nothing below them.
+void FrmLocalizacao::preencheAbaixo(Nivel nivel)
 {
-    const DadosDoNivel& dados = niveis[nivel];
-    ComboBox* lista = this->*dados.lista;
-    // A BDP's parish can't be anything narrower.
-    const bool aberto = OrigemLoc != 6 || nivel < Lugar;
-    lista->setEnabled(aberto);
-    if (dados.editor) (this->*dados.editor)->setEnabled(aberto);
+    if (nivel == Nivel::Zona || nivel == Nivel::Sitio) return;
+    if (nivel != Nivel::Pais) {
+        const auto abaixo = Nivel(int(nivel) + 1);
+        return preenche(abaixo, dadosDe(abaixo).locaisDe(LocalCod));
+    }
+    const QString pais = codigoAte(Nivel::Pais);
+    if (pais == "PT")
+        preenche(Nivel::Distrito, dadosDe(Nivel::Distrito).locais());
+    else
+        preenche(Nivel::Zona, dadosDe(Nivel::Zona).locaisDe(pais));
+}
 
-    lista->add("  ");
+void FrmLocalizacao::preenche(Nivel nivel, const jet::NativeSql& instrucao)
+{
+    // A BDP's parish can't be anything narrower.
+    const bool aberto = OrigemLoc != 6 || nivel < Nivel::Lugar;
+    lista(nivel)->setEnabled(aberto);
+    if (editor(nivel)) editor(nivel)->setEnabled(aberto);
+
+    const DadosDoNivel& dados = dadosDe(nivel);
+    lista(nivel)->add("  ");
     for (jet::Recordset locais(cnBDP, instrucao); !locais.eof(); locais.moveNext()) {
         QString nome = locais[dados.nome].toString();
-        if (dados.editor) nome.remove('*'); // the mark of the places that the researcher made
-        lista->add(nome, Mid(locais[dados.codigo].toString(), dados.inicio).toInt());
+        if (editor(nivel)) nome.remove('*'); // the mark of the places that the researcher made
+        lista(nivel)->add(nome, Mid(locais[dados.codigo].toString(), dados.inicio).toInt());
     }
 }
 
@@ -108,22 +75,51 @@ void FrmLocalizacao::preenchePaises()
 
 void FrmLocalizacao::escolheParoquiaDaBDP()
 {
-    ProcuraItemData(*cmbDistrito, Mid(CodParoquia, 1, 2));
-    ProcuraItemData(*cmbConcelho, Mid(CodParoquia, 3, 2));
-    ProcuraItemData(*cmbParoquia, Mid(CodParoquia, 5, 2));
+    for (const Nivel nivel : {Nivel::Distrito, Nivel::Concelho, Nivel::Paroquia})
+        ProcuraItemData(*lista(nivel), Mid(CodParoquia, dadosDe(nivel).inicio, dadosDe(nivel).algarismos));
 }
 
-// Two digits a level; a zone's number stands unpadded behind its country.
+// Chooses a country, which fills the list below it, also where it was chosen already.
+bool FrmLocalizacao::escolhePais(const QString& codigo)
+{
+    for (int i = 0; i < cmbPais->count(); ++i) {
+        if (Mid(cmbPais->list(i), 1, 2) != codigo) continue;
+        cmbPais->setListIndex(-1);
+        cmbPais->setListIndex(i);
+        return true;
+    }
+    return false;
+}
+
+bool FrmLocalizacao::escolhe(Nivel nivel, const QString& numero)
+{
+    return lista(nivel)->isEnabledTo(this) && ProcuraItemData(*lista(nivel), numero) >= 0;
+}
+
+void FrmLocalizacao::mostraLocal(Nivel nivel, const QString& codigo, const QString& superior)
+{
+    const QString numero = Mid(codigo, std::max(dadosDe(nivel).inicio, 1));
+    if (nivel <= Nivel::Zona) {
+        if (escolhePais(nivel == Nivel::Pais ? codigo : superior) && nivel == Nivel::Zona) escolhe(nivel, numero);
+        return;
+    }
+    if (!escolhePais("PT")) return;
+    for (const DadosDoNivel& acima : niveis) {
+        if (acima.nivel < Nivel::Distrito || acima.nivel >= nivel) continue;
+        if (!escolhe(acima.nivel, Mid(superior, acima.inicio, acima.algarismos))) return;
+    }
+    escolhe(nivel, numero);
+}
+
+// A zone's number stands unpadded behind its country.
 QString FrmLocalizacao::codigoAte(Nivel nivel) const
 {
-    const auto numero = [this](int n) {
-        const ComboBox* lista = this->*niveis[n].lista;
-        return QString::number(lista->itemData(lista->listIndex()));
-    };
-    if (nivel <= Zona) return Mid(cmbPais->text(), 1, 2) + (nivel == Zona ? numero(Zona) : QString());
+    const auto numero = [this](Nivel n) { return QString::number(lista(n)->itemData(lista(n)->listIndex())); };
+    if (nivel <= Nivel::Zona) return Mid(cmbPais->text(), 1, 2) + (nivel == Nivel::Zona ? numero(nivel) : QString());
     QString codigo;
-    for (int n = Distrito; n <= nivel; ++n)
-        codigo += numero(n).rightJustified(2, '0');
+    for (const DadosDoNivel& dados : niveis)
+        if (dados.nivel >= Nivel::Distrito && dados.nivel <= nivel)
+            codigo += numero(dados.nivel).rightJustified(dados.algarismos, '0');
     return codigo;
 }
 
@@ -131,16 +127,16 @@ QString FrmLocalizacao::codigoAte(Nivel nivel) const
 // it is still the deeper one's.
 void FrmLocalizacao::LocalEscolhido()
 {
-    for (int nivel = Sitio; nivel >= Pais; --nivel) {
+    for (const DadosDoNivel& dados : std::views::reverse(niveis)) {
         // Kept: it is the funeral's picker of persons that shuts the narrowest levels out.
-        if (chamada().origem() == OrigemInd::PadreDoFuneral && nivel >= Lugar) continue;
-        const QString texto = (this->*niveis[nivel].lista)->text();
+        if (chamada().origem() == OrigemInd::PadreDoFuneral && dados.nivel >= Nivel::Lugar) continue;
+        const QString texto = lista(dados.nivel)->text();
         if (Trim(texto).isEmpty()) continue;
-        LocalTipo = niveis[nivel].tipo;
+        LocalTipo = dados.tipo;
         LocalNome = texto;
-        if (nivel == Pais) {
+        if (dados.nivel == Nivel::Pais) {
             LocalNome = Mid(texto, 5);
-            LocalCod = Mid(texto, 1, 2);
+            LocalCod = codigoAte(Nivel::Pais);
         }
         return;
     }

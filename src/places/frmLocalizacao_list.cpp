@@ -1,17 +1,17 @@
 // The working list of the BDP: the places that the cards offer.
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/places.h"
-#include "places/frmLocalizacao_niveis.h"
+#include "places/frmLocalizacao.h"
 #include "platform/forms/msgbox.h"
 
+// Kept: countries and districts are never shown, though they can be put on the list.
 void FrmLocalizacao::preencheLista()
 {
     for (const DadosDoNivel& nivel : niveis) {
-        if (!nivel.daLista) continue;
-        for (jet::Recordset locais(cnBDP, nivel.daLista); !locais.eof(); locais.moveNext()) {
-            lstLocal->add(
-                textoDoLocal(locais[nivel.nome].toString().remove('*'), nivel.tipo, locais[nivel.codigo].toString()));
-        }
+        if (nivel.nivel == Nivel::Pais || nivel.nivel == Nivel::Distrito) continue;
+        for (jet::Recordset locais(cnBDP, nivel.locaisDaLista()); !locais.eof(); locais.moveNext())
+            lstLocal->add(textoDoLocal(semMarca(locais[1].toString()), nivel.tipo, locais[0].toString()));
     }
 }
 
@@ -23,16 +23,26 @@ void FrmLocalizacao::cmdGuardar_Click()
             if (restoDoLocal(lstLocal->list(indice)) == LocalTipo + "- " + LocalCod)
                 return showMessage("O local que pretende adicionar já se encontra na lista!");
         }
-        if (const DadosDoNivel* nivel = DadosDoNivel::doTipo(LocalTipo)) {
-            // Kept: a site is marked under the name shown, so one that the researcher made never is.
-            const QString condicao = LocalTipo == "S" ? "' and nomesitio = '" + cmbS->text() : QString();
-            cnBDP.execute(nivel->guarda + LocalCod + condicao + "'");
-        }
+        marcaLocal();
         lstLocal->add(textoDoLocal(LocalNome, LocalTipo, LocalCod));
         cmdRem->setEnabled(lstLocal->listCount() > 0);
     });
 }
 
+// Kept: a site is marked under the name shown, so one that the researcher made never is; nor is one with a quote in its
+// name.
+void FrmLocalizacao::marcaLocal()
+{
+    const DadosDoNivel* nivel = nivelDaLetra(LocalTipo);
+    if (!nivel) return;
+    if (nivel->nivel == Nivel::Sitio)
+        cnBDP.execute("update sitio set prioridade = 1 where codsitio  = '" + LocalCod + "' and nomesitio = '" +
+                      cmbS->text() + "'");
+    else
+        cnBDP.execute(nivel->marca(LocalCod, Prioridade::NaLista));
+}
+
+// Kept: a zone is taken off in a table that doesn't exist, so that it stays on the list.
 void FrmLocalizacao::cmdRem_Click()
 {
     guarded([&] {
@@ -40,8 +50,11 @@ void FrmLocalizacao::cmdRem_Click()
         const int indice = lstLocal->listIndex();
         if (indice < 0) return;
         const Local local = localDoTexto(lstLocal->list(indice));
-        if (const DadosDoNivel* nivel = DadosDoNivel::doTipo(local.nivel))
-            cnBDP.execute(nivel->retira + local.codigo + "'");
+        if (nivelDaLetra(local.nivel)) {
+            DadosDoNivel nivel = *nivelDaLetra(local.nivel);
+            if (nivel.nivel == Nivel::Zona) nivel.tabela = "zona";
+            cnBDP.execute(nivel.marca(local.codigo, Prioridade::Nenhuma));
+        }
         lstLocal->removeItem(indice);
         if (lstLocal->listCount() == 0) cmdRem->setEnabled(false);
     });

@@ -1,29 +1,28 @@
 #include "places/frmLugares.h"
 
-FrmLugares::FrmLugares() : EditorProvisorio(Name, FrmLocalizacao::Paroquia)
+FrmLugares::FrmLugares() : EditorProvisorio(Name, Nivel::Paroquia)
 {
     setupUi(this);
     usa(*this, adoLug, dtgLug,
-        {.codigo = "codlugar",
-         .nome = "nomelugar",
-         .superior = "codparoquia",
+        {.nivel = Nivel::Lugar,
          .colunas = {{"Código", "codlugar", 100}, {"Nome Lugar", "nomelugar"}},
          .recusas = {"Deve inserir o nome do lugar!", "A base de dados já contém um lugar com o nome que inseriu!"}});
 }
 
-QString FrmLugares::instrucao() const
+jet::NativeSql FrmLugares::fonte() const
 {
-    return "select * from lugar where codparoquia = '" + CodSup + "' order by codlugar";
+    return jet::NativeSql("select * from lugar where codparoquia = ? order by codlugar collate orv_alphabetical",
+                          {CodSup});
 }
 
-QString FrmLugares::instrucaoDoNome(const QString& nome) const
+bool FrmLugares::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from lugar where nomelugar = '" + nome + "' and codparoquia = '" + CodSup + "'";
+    return existe("select * from lugar where nomelugar = '" + nome + "' and codparoquia = '" + CodSup + "'");
 }
 
 QString FrmLugares::codigoNovo()
 {
-    return proximoCodigo(7);
+    return proximoCodigo();
 }
 
 // Kept: here alone a reference row can't be altered either.

@@ -17,8 +17,8 @@ public:
     jet::DataControl adoLug{cnBDP};
 
 protected:
-    QString instrucao() const override;
-    QString instrucaoDoNome(const QString& nome) const override;
+    jet::NativeSql fonte() const override;
+    bool nomeRepetido(const QString& nome, Passo passo) const override;
     QString codigoNovo() override;
     bool podeAlterar() override;
 };

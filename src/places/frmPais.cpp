@@ -8,8 +8,7 @@ FrmPais::FrmPais() : EditorDeLocais(Name)
 {
     setupUi(this);
     usa(*this, adoPais, dtPais,
-        {.codigo = "codpais",
-         .nome = "nomepais",
+        {.nivel = Nivel::Pais,
          .ordem = "nomepais ASC",
          .colunas = {{"Código", "codpais", 80}, {"Nome do País", "nomepais"}},
          .recusas = {"Deve inserir um nome de país!", "A base de dados já contém um país com o nome que inseriu!"},
@@ -18,22 +17,19 @@ FrmPais::FrmPais() : EditorDeLocais(Name)
     connect(cmdDist, &CommandButton::clicked, this, &FrmPais::cmdDist_Click);
 }
 
-QString FrmPais::instrucao() const
+jet::NativeSql FrmPais::fonte() const
 {
-    return "select codpais, nomepais, obs from pais";
+    return jet::NativeSql("select codpais, nomepais, obs from pais");
 }
 
-QString FrmPais::instrucaoDoNome(const QString& nome) const
-{
-    return "select * from pais where nomepais = '" + nome + "'";
-}
-
+// Here alone an alteration leaves the row itself out.
 bool FrmPais::nomeRepetido(const QString& nome, Passo passo) const
 {
-    if (passo == Passo::Insercao) return EditorDeLocais::nomeRepetido(nome, passo);
-    const jet::Recordset outros(cnBDP, "select count(*) as cont from pais where codpais <> '" + valor("codpais") +
-                                           "' and nomepais = '" + nome + "'");
-    return outros["cont"].toDouble() != 0;
+    jet::Recordset iguais(cnBDP, "select codpais from pais where nomepais = '" + nome + "'");
+    if (passo == Passo::Insercao) return !iguais.eof();
+    for (; !iguais.eof(); iguais.moveNext())
+        if (iguais[0].toString().compare(valor("codpais"), Qt::CaseInsensitive) != 0) return true;
+    return false;
 }
 
 // Kept: a code that is no number, as that of Portugal, is an error here.
@@ -43,9 +39,9 @@ QString FrmPais::codigoNovo()
     return textoDoNumero(maior[0].toDouble() + 1);
 }
 
-QString FrmPais::instrucaoDosDescendentes(const QString& codigo) const
+std::optional<jet::NativeSql> FrmPais::eliminacaoDosDescendentes(const QString& codigo) const
 {
-    return "delete from zonapais where codpais = '" + codigo + "'";
+    return jet::NativeSql("delete from zonapais where codpais = ?", {codigo});
 }
 
 void FrmPais::cmdZonas_Click()

@@ -17,11 +17,10 @@ public:
     jet::DataControl adoPais{cnBDP};
 
 protected:
-    QString instrucao() const override;
-    QString instrucaoDoNome(const QString& nome) const override;
+    jet::NativeSql fonte() const override;
     bool nomeRepetido(const QString& nome, Passo passo) const override;
     QString codigoNovo() override;
-    QString instrucaoDosDescendentes(const QString& codigo) const override;
+    std::optional<jet::NativeSql> eliminacaoDosDescendentes(const QString& codigo) const override;
 
 private:
     void cmdZonas_Click();

@@ -1,27 +1,26 @@
 #include "places/frmSitios.h"
 
-FrmSitios::FrmSitios() : EditorProvisorio(Name, FrmLocalizacao::Lugar)
+FrmSitios::FrmSitios() : EditorProvisorio(Name, Nivel::Lugar)
 {
     setupUi(this);
     usa(*this, adoSit, dtSit,
-        {.codigo = "codsitio",
-         .nome = "nomesitio",
-         .superior = "codlugar",
+        {.nivel = Nivel::Sitio,
          .colunas = {{"Código", "codsitio", 100}, {"Nome do sitio", "nomesitio"}},
          .recusas = {"Deve inserir o nome do sitio!", "A base de dados já contém um sitio com o nome que inseriu!"}});
 }
 
-QString FrmSitios::instrucao() const
+jet::NativeSql FrmSitios::fonte() const
 {
-    return "select * from sitio where codlugar = '" + CodSup + "' order by codsitio";
+    return jet::NativeSql("select * from sitio where codlugar = ? order by codsitio collate orv_alphabetical",
+                          {CodSup});
 }
 
-QString FrmSitios::instrucaoDoNome(const QString& nome) const
+bool FrmSitios::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from sitio where nomesitio = '" + nome + "' and codlugar = '" + CodSup + "'";
+    return existe("select * from sitio where nomesitio = '" + nome + "' and codlugar = '" + CodSup + "'");
 }
 
 QString FrmSitios::codigoNovo()
 {
-    return proximoCodigo(9);
+    return proximoCodigo();
 }

@@ -17,7 +17,7 @@ public:
     jet::DataControl adoSit{cnBDP};
 
 protected:
-    QString instrucao() const override;
-    QString instrucaoDoNome(const QString& nome) const override;
+    jet::NativeSql fonte() const override;
+    bool nomeRepetido(const QString& nome, Passo passo) const override;
     QString codigoNovo() override;
 };

@@ -4,36 +4,34 @@
 #include "common/codigos.h"
 #include "common/modGeral.h"
 
-FrmZona::FrmZona() : EditorProvisorio(Name, FrmLocalizacao::Pais)
+FrmZona::FrmZona() : EditorProvisorio(Name, Nivel::Pais)
 {
     setupUi(this);
     usa(*this, adoZona, dtgZona,
-        {.codigo = "codzona",
-         .nome = "nomezona",
-         .superior = "codpais",
+        {.nivel = Nivel::Zona,
          .ordem = "nomezona ASC",
          .colunas = {{"Código", "codzona", 80}, {"Nome Zona", "nomezona", 210}, {"Tipo", "tipo"}},
          .recusas = {"Deve inserir um nome de uma zona de um país!",
                      "A base de dados já contém uma zona com o nome que inseriu!"}});
 }
 
-void FrmZona::Form_Load()
+void FrmZona::carrega()
 {
-    guarded([&] {
-        PreencheCodigos(*cmbTipo, "select codigo, descricao from infocomplementar where categoria = 'TipZo'");
-        EditorProvisorio::Form_Load();
-    });
+    PreencheCodigos(*cmbTipo, "TipZo");
+    EditorProvisorio::carrega();
 }
 
-QString FrmZona::instrucao() const
+jet::NativeSql FrmZona::fonte() const
 {
-    return "select codzona, nomezona, obs, tipo, codpais from zonapais where codpais = '" + CodSup + "'";
+    return jet::NativeSql("select codzona, nomezona, obs, tipo, codpais from zonapais where codpais = ?", {CodSup});
 }
 
-QString FrmZona::instrucaoDoNome(const QString& nome) const
+// Here alone a quote does no harm.
+bool FrmZona::nomeRepetido(const QString& nome, Passo) const
 {
-    return "select * from zonapais where nomezona = '" + QString(nome).replace("'", "''") + "' and codPais = '" +
-           CodSup + "'";
+    const jet::NativeSql iguais("select * from zonapais where nomezona = ? collate orv_nocase and codpais = ?",
+                                {nome, CodSup});
+    return !jet::Recordset(cnBDP, iguais).eof();
 }
 
 const QList<ModeRow>& FrmZona::modos() const
@@ -46,9 +44,9 @@ const QList<ModeRow>& FrmZona::modos() const
 // Kept: the highest code is that of the texts, so that behind nine zones the tenth code comes again.
 QString FrmZona::codigoNovo()
 {
-    const jet::Recordset maior(cnBDP, "Select max(codzona) from zonapais where codpais = '" + CodSup + "'");
+    const jet::Recordset maior(cnBDP, jet::NativeSql("select max(codzona) from zonapais where codpais = ?", {CodSup}));
     if (maior[0].isNull()) return CodSup + "1";
-    return CodSup + textoDoNumero(numeroDoTexto(Mid(maior[0].toString(), 3)) + 1);
+    return CodSup + textoDoNumero(numeroDoTexto(Mid(maior[0].toString(), nivel().inicio)) + 1);
 }
 
 bool FrmZona::VerificaCampos(Passo passo)

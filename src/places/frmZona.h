@@ -17,13 +17,13 @@ public:
     jet::DataControl adoZona{cnBDP};
 
 protected:
-    QString instrucao() const override;
-    QString instrucaoDoNome(const QString& nome) const override;
+    jet::NativeSql fonte() const override;
+    bool nomeRepetido(const QString& nome, Passo passo) const override;
     QString codigoNovo() override;
     bool VerificaCampos(Passo passo) override;
     const QList<ModeRow>& modos() const override;
     void limpaOutros() override;
     void mostraOutros(const jet::Recordset& linha) override;
     void escreveOutros(jet::Recordset& linha) const override;
-    void Form_Load() override;
+    void carrega() override;
 };

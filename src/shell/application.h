@@ -3,8 +3,8 @@
 
 #include <QApplication>
 
-// An Error that no routine has handled ends the program, with nothing shown: what is pending is rolled back, and the
-// exit status isn't 0.
+// An error of the store that no routine has handled ends the program, with nothing shown: what is pending is rolled
+// back, and the exit status isn't 0. Any other error is shown in the box of MostraErro, and the program goes on.
 class Application : public QApplication
 {
 public:

@@ -11,6 +11,7 @@
 #include "attributes/frmRituais.h"
 #include "codes/frmInfo.h"
 #include "codes/frmProfissao.h"
+#include "common/modGeral.h"
 #include "common/pesquisa.h"
 #include "common/SplashForm.h"
 #include "families/frmFam.h"
@@ -63,8 +64,10 @@ bool Application::notify(QObject* receiver, QEvent* event)
         return QApplication::notify(receiver, event);
     } catch (const jet::Error&) {
         endProgram(EXIT_FAILURE);
-        return false;
+    } catch (const std::exception& erro) {
+        MostraErro(erro);
     }
+    return false;
 }
 
 void registerForms()

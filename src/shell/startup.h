@@ -21,5 +21,6 @@ FrmORV& startProgram(const QString& commandLine);
 // Another session begins: nobody is asking for a person, and no search is under way.
 void recomecaSessao();
 
-// What the program sets up once on its application object: language, style, focus watch, icons.
+// What the program sets up on its application object: language, style, focus watch, icons.
+// Precondition: the application object exists.
 void prepareApplication();

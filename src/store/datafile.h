@@ -17,7 +17,8 @@ public:
     explicit DataFile(const QString& path);
 
     bool atEnd() const { return at_ >= bytes_.size(); }
-    // Without its line ending. Throws Error 62 at the end of the file, 13 for a line that isn't in the code page.
+    // Without its line ending. Throws Error 13 for a line that isn't in the code page.
+    // Precondition: not atEnd(); Error 62 otherwise.
     QString readLine() { return QString::fromUtf8(readUtf8Line()); }
     QByteArray readUtf8Line();
 

@@ -14,7 +14,8 @@ bool AbreBDP(const QString& caminho);
 void CriaBDP(const QString& caminho);
 
 // CriaBDP without windows, and its two halves. Throw jet::Error; what was made before the error is kept in the file.
-void EscreveBDP(const QString& caminho); // no file may be there yet
+// Precondition: there is no file at `caminho` (Error 58 otherwise); `bdp` is open.
+void EscreveBDP(const QString& caminho);
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro);
 void CarregaDadosIniciais(jet::Connection& bdp);
 

@@ -87,12 +87,12 @@ void keepingAll(jet::Connection& bdp, Load&& load)
     bdp.beginTrans();
     try {
         load();
-    } catch (const jet::Error& first) {
+    } catch (...) {
         try {
             bdp.commitTrans();
         } catch (const jet::Error&) { // the first failure, such as a full disk, says more
         }
-        throw first;
+        throw;
     }
     bdp.commitTrans();
 }

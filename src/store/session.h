@@ -29,7 +29,8 @@ QString ligacaoPara(const QString& caminho);
 void setSessionMenus(bool enabled);
 void onSessionMenus(std::function<void(bool enabled)> enable);
 
-// The text of a field; Error 94 for a null.
+// The text of a field.
+// Precondition: it isn't null; Error 94 otherwise.
 QString requiredText(const QVariant& value);
 
 // Ends the program once control is back in the event loop, nested ones included: what is pending is rolled back, the

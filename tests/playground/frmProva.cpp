@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <cstdlib>
+#include <stdexcept>
 
 namespace {
 
@@ -152,6 +153,7 @@ void FrmProva::addCommands(QWidget* page)
     command(page, "cmdDesliga", [this] { setEnabled(false); });
     command(page, "cmdSai", [] { std::_Exit(3); });
     command(page, "cmdErroSolto", [] { throw jet::Error{5, "Solto"}; });
+    command(page, "cmdFalha", [] { throw std::runtime_error("broken"); });
     command(page, "cmdAborta", [] { std::abort(); });
     command(page, "cmdPreso", [] {
         for (;;) {

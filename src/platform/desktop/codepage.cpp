@@ -1,5 +1,7 @@
 #include "platform/desktop/codepage.h"
 
+#include <QList>
+
 #include <QUtf8StringView>
 
 #include <algorithm>

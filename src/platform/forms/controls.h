@@ -199,12 +199,13 @@ public:
     void setRows(int rows); // 0 empties the grid, heading included
     int cols() const;
     void setCols(int cols);
-    // The columns with their titles in the heading. Precondition: the grid has a heading, by setRows() with 1 or more.
+    // The columns with their titles in the heading. Precondition: the grid has a heading, setRows() behind 0.
     void setColumns(const QList<GridColumn>& columns);
     QString textMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString& text);
     // Rows whose cells the source gives, for a row from 1 on. Each is read when it is first shown or asked for, so that
-    // a hundred thousand appear at once. The heading stays. The source doesn't throw.
+    // a hundred thousand appear at once. The heading stays.
+    // Precondition: the source doesn't throw.
     void fill(int rows, std::function<QStringList(int row)> source);
     int row() const; // the row chosen; 0 if none is
     void setRow(int row);

@@ -13,7 +13,8 @@
 // for the click.
 namespace Focus {
 
-// Called before the first form, and again whenever a window of the document area was made.
+// Precondition of the calls below: this ran before the first form, and again after each window that the document area
+// got.
 void install();
 
 // Runs `entered` when `field` gets the focus, `left` when it loses it. Either may be empty.

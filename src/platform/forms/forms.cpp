@@ -34,9 +34,9 @@ QWidget* Forms::mainWindow()
     return theMainWindow;
 }
 
-void Forms::add(const QString& name, std::function<Form*()> make)
+void Forms::add(const QString& name, const std::function<Form*()>& make)
 {
-    makers.insert(name, std::move(make));
+    makers.insert(name, make);
 }
 
 bool Forms::exists(const QString& name)

@@ -15,13 +15,14 @@ class QMdiArea;
 class Forms
 {
 public:
-    // Sets the main window and its document area, before any form is loaded. The window is listed by its object name.
+    // Sets the main window and its document area. The window is listed by its object name.
+    // Precondition: no form is loaded yet.
     static void setMainWindow(QWidget* window, QMdiArea* area);
     static QWidget* mainWindow();
 
     // Makes a form known by its name. Rooms show each other's forms by name, so that no room has to include a higher
     // one.
-    static void add(const QString& name, std::function<Form*()> make);
+    static void add(const QString& name, const std::function<Form*()>& make);
     static bool exists(const QString& name);
 
     // The form of that name, which is loaded if it isn't yet; null if no such form exists. `prepare` runs on a form
@@ -49,6 +50,7 @@ private:
 };
 
 // The one instance of a form class, loaded at first touch. F::Name is the form's name.
+// Precondition: Forms::add() has made that name known.
 template <class F>
 F& theForm()
 {

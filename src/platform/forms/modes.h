@@ -39,6 +39,6 @@ struct ModeRow
     ModeCell edi, cons, loc = {};
 };
 
-// Applies the column of `mode` to the controls of `form`, in the order of the rows. An unknown control is a programming
-// error and ends the program.
+// Applies the column of `mode` to the controls of `form`, in the order of the rows.
+// Precondition: the form has every control of the table; the program is stopped otherwise.
 void applyMode(QWidget* form, const QList<ModeRow>& table, Modo mode);

@@ -37,5 +37,5 @@ public:
 };
 
 // Portuguese for the toolkit's own texts (buttons, file dialogs, context menus), and Portuguese dates and numbers.
-// Called once, before the first window.
+// Precondition: no window exists yet.
 void installPortuguese();

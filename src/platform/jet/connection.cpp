@@ -86,7 +86,20 @@ int Connection::execute(const QString& statement)
 {
     database_->requireOpen();
     if (!isSelect(statement)) database_->dropAbandoned();
-    Statement prepared(*database_, translate(statement, database_->handle));
+    return run(translate(statement, database_->handle), {});
+}
+
+int Connection::execute(const NativeSql& statement)
+{
+    database_->requireOpen();
+    if (!isSelect(statement.sql)) database_->dropAbandoned();
+    return run(checked(statement), statement.values);
+}
+
+int Connection::run(const QString& sql, const QVariantList& values)
+{
+    Statement prepared(*database_, sql);
+    prepared.bindAll(values);
     const QScopedValueRollback executing(database_->executing, true);
     const auto before = sqlite3_total_changes64(database_->handle);
     while (prepared.step()) {

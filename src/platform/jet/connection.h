@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/jet/error.h"
+#include "platform/jet/nativesql.h"
 
 #include <QByteArray>
 #include <QList>
@@ -17,10 +18,12 @@ namespace jet {
 struct Database;
 class Recordset;
 
-// One open database file, spoken to in the dialect of the system (dialect.h).
+// One open database file, spoken to in the dialect of the system (dialect.h), or in the engine's own SQL where values
+// are bound (nativesql.h).
 //
 // One thread. No SELECT stays open between two calls, so the file can be altered, copied or replaced at any moment.
 // Every failure throws Error and leaves the connection usable.
+// Precondition of a statement, a transaction, a copy and a look at the schema: open; Error 3709 otherwise.
 class Connection
 {
 public:
@@ -40,7 +43,8 @@ public:
     // has none. The path is taken untrimmed but for the one blank behind "=".
     // An existing, writable database file is needed: nothing is ever created by an open. An empty file counts as a
     // database. Throws fileNotFound, pathNotFound, permissionDenied or engineFailure, naming the file; the connection
-    // is closed then. An open connection must be closed first: Error 3705.
+    // is closed then.
+    // Precondition: closed; Error 3705 otherwise.
     void open(const QString& connectionString);
 
     // Rolls back what is pending and closes. Closing a closed connection does nothing.
@@ -52,9 +56,11 @@ public:
     // Runs one statement that gives no rows, or whose rows nobody needs. Returns the number of rows changed.
     // Text behind the first statement, an empty text and a text of blanks are errors, and nothing is run.
     int execute(const QString& statement);
+    int execute(const NativeSql& statement);
 
     // Transactions nest: each beginTrans() opens a level, commitTrans() and rollbackTrans() end the innermost one.
-    // Only the commit of the outermost level reaches the disk. Ending a level where there is none is an error.
+    // Only the commit of the outermost level reaches the disk.
+    // Precondition of an end: a level is open; an error otherwise.
     void beginTrans();
     void commitTrans();
     void rollbackTrans();
@@ -86,19 +92,23 @@ public:
     sqlite3* handle() const;
 
 private:
+    int run(const QString& sql, const QVariantList& values);
+
     std::shared_ptr<Database> database_;
     friend class Recordset;
 };
 
 // One row is added by each run(), as by a statement with the values as texts: they take the types of their columns, or
-// are refused by them. It must not outlive its connection.
+// are refused by them.
+// Precondition: the connection outlives it.
 class Connection::Insert
 {
 public:
     Insert(Connection& connection, const QString& table, const QStringList& columns); // throws Error
     ~Insert();
 
-    // As many values as there are columns, in UTF-8 or not. Throws Error; the row is not added then.
+    // Values in UTF-8 or not. Throws Error; the row is not added then.
+    // Precondition: as many values as columns; an Error otherwise.
     void run(const QList<QByteArray>& values);
     void run(const QStringList& values);
 
@@ -108,6 +118,7 @@ private:
 };
 
 // While it lives, a routine runs. Levels that the routine opened and did not end are abandoned when it is over.
+// Precondition: the connection outlives it.
 class RoutineScope
 {
 public:
@@ -125,9 +136,10 @@ private:
 // permissionDenied where none can be made. The file exists on return and any tool of the engine opens it.
 void createDatabase(const QString& path);
 
-// Deletes a closed database file with what a killed program may have left beside it. Throws fileNotFound,
-// permissionDenied (also for a read-only file) or engineFailure (a folder, or a file that another program is using);
-// the file is then as it was.
+// Deletes a database file with what a killed program may have left beside it. Throws fileNotFound, permissionDenied
+// (also for a read-only file) or engineFailure (a folder, or a file that another program is using); the file is then as
+// it was.
+// Precondition: no connection of this program has it open.
 void removeDatabase(const QString& path);
 
 } // namespace jet

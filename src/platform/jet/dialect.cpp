@@ -57,12 +57,19 @@ void rewriteAlterTable(Tokens& t)
     rewriteColumn(t, t[2].text, is(4, "column") ? 5 : 4, int(t.size()), Place::OldTable);
 }
 
-Tokens translated(const QString& statement, sqlite3* database)
+// The words of one statement that the connection runs.
+Tokens statementTokens(const QString& statement, Language language)
 {
     static constexpr auto verbs = {"select", "insert", "update", "delete", "create", "alter", "drop"};
-    Tokens t = tokenize(statement);
+    Tokens t = tokenize(statement, language);
     if (std::none_of(verbs.begin(), verbs.end(), [&](const char* verb) { return t[0].is(verb); }))
         throw invalidStatement(QStringLiteral("Instrução desconhecida: começa por \"%1\".").arg(t[0].text));
+    return t;
+}
+
+Tokens translated(const QString& statement, sqlite3* database)
+{
+    Tokens t = statementTokens(statement, Language::Dialect);
     const bool onTable = t.size() > 1 && t[1].is("table");
     if (onTable && t[0].is("create"))
         rewriteCreateTable(t);
@@ -77,7 +84,7 @@ Tokens translated(const QString& statement, sqlite3* database)
 
 bool isAggregate(const Tokens& t, int at, int end)
 {
-    static constexpr auto names = {"count", "min", "max", "sum", "avg", "first", "total"};
+    static constexpr auto names = {"count", "min", "max", "sum", "avg", "first", "total", "group_concat"};
     return at + 1 < end && t[at + 1].is("(") &&
            std::any_of(names.begin(), names.end(), [&](const char* name) { return t[at].is(name); });
 }
@@ -112,9 +119,20 @@ struct Clauses
     }
 };
 
+// The keys and each row are read by statements of their own, and only that of the keys gets the values.
+bool valuesOutsideWhere(const Tokens& t, const Clauses& clauses)
+{
+    const int begin = clauses.where > 0 ? clauses.where : clauses.end;
+    const int end = clauses.where > 0 ? clauses.endOf(clauses.where) : clauses.end;
+    for (int i = 0; i < clauses.end; ++i)
+        if (t[i].is("?") && (i < begin || i >= end)) return true;
+    return false;
+}
+
 void readSimpleSelect(Select& select, const Tokens& t)
 {
     const Clauses clauses(t);
+    if (valuesOutsideWhere(t, clauses)) return;
     if (clauses.from < 2 || clauses.grouped || t[1].is("distinct") || t[1].is("all")) return;
     for (int i = 1; i < clauses.from; ++i)
         if (isAggregate(t, i, clauses.from)) return;
@@ -134,6 +152,17 @@ void readSimpleSelect(Select& select, const Tokens& t)
     if (clauses.order > 0) select.order = join(t, clauses.order + 2, clauses.end);
 }
 
+Select analysed(const Tokens& tokens)
+{
+    if (!tokens[0].is("select"))
+        throw invalidStatement(
+            QStringLiteral("A instrução não é uma consulta: começa por \"%1\".").arg(tokens[0].text));
+    Select select;
+    select.sql = join(tokens, 0, int(tokens.size()));
+    readSimpleSelect(select, tokens);
+    return select;
+}
+
 } // namespace
 
 QString translate(const QString& statement, sqlite3* database)
@@ -142,15 +171,21 @@ QString translate(const QString& statement, sqlite3* database)
     return join(tokens, 0, int(tokens.size()));
 }
 
+QString checked(const NativeSql& statement)
+{
+    const Tokens tokens = statementTokens(statement.sql, Language::Native);
+    return join(tokens, 0, int(tokens.size()));
+}
+
 Select analyseSelect(const QString& statement, sqlite3* database)
 {
-    const Tokens tokens = translated(statement, database);
-    if (!tokens[0].is("select"))
-        throw invalidStatement(
-            QStringLiteral("A instrução não é uma consulta: começa por \"%1\".").arg(tokens[0].text));
-    Select select;
-    select.sql = join(tokens, 0, int(tokens.size()));
-    readSimpleSelect(select, tokens);
+    return analysed(translated(statement, database));
+}
+
+Select analyseSelect(const NativeSql& statement)
+{
+    Select select = analysed(statementTokens(statement.sql, Language::Native));
+    select.values = statement.values;
     return select;
 }
 

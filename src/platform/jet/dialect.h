@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/jet/error.h"
+#include "platform/jet/nativesql.h"
 
 #include <QDate>
 #include <QString>
@@ -24,6 +25,9 @@ std::optional<QDate> readDateEitherWay(const QString& text);
 // an unfinished text, an empty statement, or text behind the first statement.
 // `database` tells which columns are dates and texts; it may be null where the statement creates tables only.
 QString translate(const QString& statement, sqlite3* database);
+
+// The text of a statement in the engine's own SQL, which is left as it stands. Throws Error as translate() does.
+QString checked(const NativeSql& statement);
 
 // Adds the functions and collations that translated statements use.
 void installFunctions(sqlite3* database);

@@ -1,16 +1,28 @@
 // The one error type of the program.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+
+#include <exception>
 
 namespace jet {
 
 // What went wrong, with a number that users of the platform know and a Portuguese description that says what failed,
-// on what (the file, the table, the column). Thrown by value; caught by const reference.
-struct Error
+// on what (the file, the table, the column). Thrown by value; caught by const reference. Number 0 is no error.
+class Error : public std::exception
 {
+public:
+    Error() = default;
+    Error(long errorNumber, const QString& text) : number(errorNumber), description(text), utf8_(text.toUtf8()) {}
+
+    const char* what() const noexcept override { return utf8_.constData(); } // the description in UTF-8
+
     long number = 0;
     QString description;
+
+private:
+    QByteArray utf8_;
 };
 
 // The numbers that the program itself tells apart.
@@ -18,7 +30,8 @@ namespace number {
 inline constexpr long invalidCall = 5; // an argument outside what the routine takes
 inline constexpr long overflow = 6;    // a number beyond the range of its target
 inline constexpr long outOfMemory = 7;
-inline constexpr long typeMismatch = 13; // a text that is no number, a text that is no date
+inline constexpr long typeMismatch = 13;  // a text that is no number, a text that is no date
+inline constexpr long internalError = 51; // a failure that isn't the engine's
 inline constexpr long fileNotFound = 53;
 inline constexpr long fileExists = 58;
 inline constexpr long diskFull = 61;

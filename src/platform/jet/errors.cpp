@@ -6,6 +6,8 @@
 
 #include <sqlite3.h>
 
+#include <optional>
+
 namespace jet {
 
 namespace {
@@ -109,12 +111,10 @@ Error constraintError(sqlite3* database, int code, const QString& message)
 }
 
 // A message of one of our own functions, which carries its number.
-bool readMarked(const QString& message, Error& error)
+std::optional<Error> readMarked(const QString& message)
 {
-    if (!message.startsWith(QLatin1String(mark))) return false;
-    error.number = message.section(u':', 1, 1).toLong();
-    error.description = message.section(u':', 2);
-    return true;
+    if (!message.startsWith(QLatin1String(mark))) return {};
+    return Error{message.section(u':', 1, 1).toLong(), message.section(u':', 2)};
 }
 
 } // namespace
@@ -122,7 +122,7 @@ bool readMarked(const QString& message, Error& error)
 Error engineError(sqlite3* database, int code, const QString& file)
 {
     const QString message = QString::fromUtf8(database ? sqlite3_errmsg(database) : sqlite3_errstr(code));
-    if (Error own; readMarked(message, own)) return own;
+    if (const auto own = readMarked(message)) return *own;
     switch (code & 0xff) {
     case SQLITE_ERROR:
         return {number::invalidStatement, statementDescription(message, file)};

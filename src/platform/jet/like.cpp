@@ -111,7 +111,7 @@ int foldQuickly(const unsigned char* text, int bytes, unsigned char* letters)
         letters[length] = static_cast<unsigned char>(fold);
         length += fold == QuickFold::drop ? 0 : 1;
     }
-    return seen & QuickFold::other ? -1 : length;
+    return (seen & QuickFold::other) != 0 ? -1 : length;
 }
 
 class Pattern

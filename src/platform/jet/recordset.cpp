@@ -47,6 +47,11 @@ Recordset::Recordset(Connection& connection, const QString& select) : Recordset(
     open(select);
 }
 
+Recordset::Recordset(Connection& connection, const NativeSql& select) : Recordset(connection)
+{
+    open(select);
+}
+
 Recordset::~Recordset() = default;
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
@@ -54,7 +59,15 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 void Recordset::open(const QString& select)
 {
     close();
-    d->open(select);
+    d->database->requireOpen();
+    d->open(analyseSelect(select, d->database->handle));
+}
+
+void Recordset::open(const NativeSql& select)
+{
+    close();
+    d->database->requireOpen();
+    d->open(analyseSelect(select));
 }
 
 void Recordset::close()
@@ -72,15 +85,12 @@ void Recordset::requery()
     d->requireOpen();
     const QString sort = d->sort;
     const QString filter = d->filter;
-    open(QString(d->source));
+    Select select = std::move(d->select);
+    close();
+    d->open(std::move(select));
     d->sort = sort;
     d->filter = filter;
     d->choose();
-}
-
-QString Recordset::source() const
-{
-    return d->source;
 }
 
 int Recordset::fieldCount() const
@@ -129,11 +139,9 @@ int Recordset::Private::fieldIndex(const QString& name) const
     throw noSuchField(name);
 }
 
-void Recordset::Private::open(const QString& statement)
+void Recordset::Private::open(Select analysed)
 {
-    database->requireOpen();
-    source = statement;
-    select = analyseSelect(statement, database->handle);
+    select = std::move(analysed);
     try {
         if (select.simple)
             loadKeys();
@@ -162,6 +170,7 @@ QString Recordset::Private::keysSql(const QString& condition, const QString& ord
 Recordset::Private::Keys Recordset::Private::readKeys(const QString& sql) const
 {
     Statement statement(*database, sql);
+    statement.bindAll(select.values);
     Keys keys;
     while (statement.step())
         keys.push_back(sqlite3_column_int64(statement.handle(), 0));
@@ -180,6 +189,7 @@ void Recordset::Private::loadKeys()
 void Recordset::Private::loadCells()
 {
     Statement statement(*database, select.sql);
+    statement.bindAll(select.values);
     describe(statement);
     all.clear();
     while (statement.step()) {

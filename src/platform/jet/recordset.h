@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <variant>
 
 namespace jet {
 
@@ -14,39 +15,46 @@ namespace jet {
 // rows deleted by others read as Error 3021.
 //
 // After open() or requery() the cursor stands on the first row, or at once on BOF and EOF where there is none.
-// Field access needs a current row: at BOF or EOF it throws Error 3021 (no current record).
 // Names of fields are matched case-blind; an unknown one is Error 3265.
-// Every call but open() and the destructor needs an open recordset: Error 3704 otherwise.
-// A closed connection is Error 3709.
+// Precondition of field access: a current row; Error 3021 (no current record) otherwise, so at BOF and EOF.
+// Precondition of every call but open(), close() and isOpen(): an open recordset, on an open connection; Error 3704 or
+// 3709 otherwise.
 class Recordset
 {
 public:
     explicit Recordset(Connection& connection);
     Recordset(Connection& connection, const QString& select); // and opens it
+    Recordset(Connection& connection, const NativeSql& select);
     ~Recordset();
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    void open(const QString& select); // throws Error; the connection stays usable, the recordset is closed
+    // Throws Error; the connection stays usable, the recordset is closed. A select in the engine's own SQL gives the
+    // same types, and can be written to as one of the dialect; but where a ? stands outside "where", its rows are read
+    // at once, and none can be added or deleted (Error 3251).
+    void open(const QString& select);
+    void open(const NativeSql& select);
     void close();
     bool isOpen() const;
     void requery(); // keeps the order and the filter
-    QString source() const;
 
     bool bof() const;
     bool eof() const;
     int recordCount() const;
-    int absolutePosition() const;           // 1 for the first row; 0 where there is no current row
-    void setAbsolutePosition(int position); // 1 to recordCount(), otherwise Error 3001
+    int absolutePosition() const; // 1 for the first row; 0 where there is no current row
+    // Precondition: 1 to recordCount(); Error 3001 otherwise.
+    void setAbsolutePosition(int position);
 
-    void moveFirst(); // on an empty set: Error 3021, as the three others
+    // Precondition: the set has rows, and moveNext() isn't at EOF, movePrevious() not at BOF; Error 3021 otherwise.
+    void moveFirst();
     void moveLast();
-    void moveNext();     // past the last row: EOF; from EOF: Error 3021
-    void movePrevious(); // before the first row: BOF; from BOF: Error 3021
+    void moveNext();     // past the last row: EOF
+    void movePrevious(); // before the first row: BOF
 
     // Forward from the current row, itself included, to the first row for which "field operator value" holds
     // (operators =, <>, <, >, <=, >=, like; value a number, a quoted text or a date between # signs, here read day
-    // first); EOF where there is none. On an empty set it does nothing; at BOF or EOF it is Error 3021.
+    // first); EOF where there is none. On an empty set it does nothing.
+    // Precondition: not at BOF or EOF of a set with rows; Error 3021 otherwise.
     void find(const QString& criterion);
 
     // The rows in the order of one field ("nome", "nome desc"), or those for which a criterion of find() holds.
@@ -89,7 +97,7 @@ public:
 
     // An empty text closes the cursor at the next refresh().
     void setRecordSource(const QString& select);
-    QString recordSource() const;
+    void setRecordSource(const NativeSql& select);
 
     // Opens the query anew, on its first row. Throws as Recordset::open().
     void refresh();
@@ -99,7 +107,7 @@ public:
 
 private:
     Recordset rows_;
-    QString source_;
+    std::variant<QString, NativeSql> source_;
 };
 
 } // namespace jet

@@ -83,17 +83,16 @@ void DataControl::setRecordSource(const QString& select)
     source_ = select;
 }
 
-QString DataControl::recordSource() const
+void DataControl::setRecordSource(const NativeSql& select)
 {
-    return source_;
+    source_ = select;
 }
 
 void DataControl::refresh()
 {
-    if (source_.isEmpty())
-        rows_.close();
-    else
-        rows_.open(source_);
+    const QString* dialect = std::get_if<QString>(&source_);
+    if (dialect && dialect->isEmpty()) return rows_.close();
+    std::visit([this](const auto& select) { rows_.open(select); }, source_);
 }
 
 Recordset& DataControl::recordset()

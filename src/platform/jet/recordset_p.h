@@ -32,7 +32,6 @@ struct Recordset::Private
 
     std::shared_ptr<Database> database;
     int opened = -1; // the database's count of opens at ours; -1: closed
-    QString source;
     Select select;
     std::vector<Field> fields;
 
@@ -63,7 +62,7 @@ struct Recordset::Private
     void moveTo(int newPosition);
 
     // Reading.
-    void open(const QString& statement);
+    void open(Select analysed);
     void loadKeys();
     void loadCells();
     void describe(const Statement& statement);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/jet/columns.h"
+#include "platform/jet/nativesql.h"
 #include "platform/jet/tokens.h"
 
 #include <QString>
@@ -13,7 +14,8 @@ namespace jet {
 // The clauses of a select in the engine's own SQL, each without its keyword; "" where it has none.
 struct Select
 {
-    QString sql; // the whole statement
+    QString sql;         // the whole statement
+    QVariantList values; // of its ?; where it is simple, they all stand in `where`
 
     // Where it reads one table, row by row, without groups, "distinct" or aggregates.
     bool simple = false;
@@ -27,6 +29,7 @@ struct Select
 
 // Throws Error (invalidStatement) as translate() does, and for a statement that is no select.
 Select analyseSelect(const QString& statement, sqlite3* database);
+Select analyseSelect(const NativeSql& statement);
 
 // "field operator value" of Recordset::find(). Throws Error (invalidStatement) for any other form.
 class Criterion

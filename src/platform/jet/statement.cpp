@@ -1,5 +1,6 @@
 #include "platform/jet/statement.h"
 
+#include "platform/jet/date.h"
 #include "platform/jet/errors.h"
 
 #include <sqlite3.h>
@@ -12,10 +13,10 @@ Statement::Statement(Database& database, const QString& sql)
 {
     database.requireOpen();
     const QByteArray utf8 = sql.toUtf8();
-    sqlite3_stmt* handle = nullptr;
-    const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1, 0, &handle, nullptr);
+    sqlite3_stmt* prepared = nullptr;
+    const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1, 0, &prepared, nullptr);
     if (code != SQLITE_OK) database.fail(code);
-    enlist(&database, handle);
+    enlist(&database, prepared);
 }
 
 Statement::Statement(Statement&& other) noexcept
@@ -28,17 +29,17 @@ Statement& Statement::operator=(Statement&& other) noexcept
     if (this == &other) return *this;
     finalize();
     Database* database = other.database_;
-    sqlite3_stmt* handle = std::exchange(other.handle_, nullptr);
-    if (handle) database->statements.erase(&other);
-    enlist(database, handle);
+    sqlite3_stmt* prepared = std::exchange(other.handle_, nullptr);
+    if (prepared) database->statements.erase(&other);
+    enlist(database, prepared);
     return *this;
 }
 
-void Statement::enlist(Database* database, sqlite3_stmt* handle)
+void Statement::enlist(Database* database, sqlite3_stmt* prepared)
 {
     database_ = database;
-    handle_ = handle;
-    if (handle) database->statements.insert(this);
+    handle_ = prepared;
+    if (prepared) database->statements.insert(this);
 }
 
 void Statement::bind(int parameter, const QVariant& value)
@@ -47,20 +48,42 @@ void Statement::bind(int parameter, const QVariant& value)
     int code = SQLITE_OK;
     switch (value.typeId()) {
     case QMetaType::UnknownType:
+    case QMetaType::Nullptr:
         code = sqlite3_bind_null(handle_, parameter);
         break;
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
     case QMetaType::LongLong:
         code = sqlite3_bind_int64(handle_, parameter, value.toLongLong());
         break;
     case QMetaType::Double:
         code = sqlite3_bind_double(handle_, parameter, value.toDouble());
         break;
-    default: {
+    case QMetaType::QDate:
+        return bind(parameter, value.toDate().isValid() ? QVariant(storedDate(value.toDate())) : QVariant());
+    case QMetaType::QString: {
         const QByteArray utf8 = value.toString().toUtf8();
         code = sqlite3_bind_text(handle_, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
+        break;
     }
+    default:
+        throw Error{number::typeMismatch, QStringLiteral("Um valor do tipo \"%1\" não pode ir numa instrução.")
+                                              .arg(QString::fromLatin1(value.typeName()))};
     }
     if (code != SQLITE_OK) database_->fail(code);
+}
+
+void Statement::bindAll(const QVariantList& values)
+{
+    if (!handle_) throw connectionClosed();
+    const int wanted = sqlite3_bind_parameter_count(handle_);
+    if (wanted != values.size())
+        throw invalidStatement(
+            QStringLiteral("A instrução leva %1 valor(es), mas foram dados %2.").arg(wanted).arg(values.size()));
+    for (int i = 0; i < wanted; ++i)
+        bind(i + 1, values[i]);
 }
 
 bool Statement::step()

@@ -24,13 +24,16 @@ public:
     explicit operator bool() const { return handle_; }
     sqlite3_stmt* handle() const { return handle_; }
 
-    void bind(int parameter, const QVariant& value); // null, qint64, double or QString; parameters count from 1
-    bool step();                                     // true: a row stands ready. Throws Error; then it is reset
+    // A value as NativeSql takes them; parameters count from 1. Throws Error (typeMismatch) for any other.
+    void bind(int parameter, const QVariant& value);
+    // Precondition: one value for each parameter; Error (invalidStatement) otherwise.
+    void bindAll(const QVariantList& values);
+    bool step(); // true: a row stands ready. Throws Error; then it is reset
     void reset();
     void finalize();
 
 private:
-    void enlist(Database* database, sqlite3_stmt* handle);
+    void enlist(Database* database, sqlite3_stmt* prepared);
 
     Database* database_ = nullptr;
     sqlite3_stmt* handle_ = nullptr;

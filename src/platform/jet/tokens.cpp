@@ -1,5 +1,6 @@
 #include "platform/jet/tokens.h"
 
+#include "platform/jet/columns.h"
 #include "platform/jet/date.h"
 #include "platform/jet/errors.h"
 
@@ -19,7 +20,7 @@ bool continuesWord(QChar c)
 class Tokenizer
 {
 public:
-    explicit Tokenizer(const QString& statement) : s_(statement) {}
+    Tokenizer(const QString& statement, Language language) : s_(statement), native_(language == Language::Native) {}
 
     Tokens run()
     {
@@ -48,7 +49,7 @@ private:
             readText(c);
         else if (c == u'[')
             readName();
-        else if (c == u'#')
+        else if (c == u'#' && !native_)
             readDate();
         else if (startsWord(c))
             add(Token::Word, take(continuesWord));
@@ -73,6 +74,14 @@ private:
         tokens_.push_back({kind, text, sql, blank_});
     }
 
+    void addQuoted(QChar quote, const QString& text)
+    {
+        if (native_ && quote == u'"')
+            add(Token::Name, text, quoted(text));
+        else
+            add(Token::Text, text, textLiteral(text));
+    }
+
     // A doubled quote stands for one.
     void readText(QChar quote)
     {
@@ -80,7 +89,7 @@ private:
         for (++at_; at_ < s_.size(); ++at_) {
             if (s_[at_] == quote) {
                 ++at_;
-                if (at_ >= s_.size() || s_[at_] != quote) return add(Token::Text, text, textLiteral(text));
+                if (at_ >= s_.size() || s_[at_] != quote) return addQuoted(quote, text);
             }
             text += s_[at_];
         }
@@ -135,7 +144,7 @@ private:
             at_ += 2;
             return;
         }
-        if (!singles.contains(s_[at_]))
+        if (!singles.contains(s_[at_]) && !(native_ && s_[at_] == u'?'))
             throw invalidStatement(QStringLiteral("Erro de sintaxe na instrução, junto de \"%1\".").arg(s_.mid(at_)));
         // "--" and "/*" would open a comment: the dialect has none.
         if (s_[at_] == u'-' || s_[at_] == u'*') blank_ = true;
@@ -166,6 +175,7 @@ private:
     }
 
     const QString& s_;
+    bool native_;
     qsizetype at_ = 0;
     bool blank_ = false;
     Tokens tokens_;
@@ -180,9 +190,9 @@ bool Token::is(const char* word) const
            text.compare(wanted, Qt::CaseInsensitive) == 0;
 }
 
-Tokens tokenize(const QString& statement)
+Tokens tokenize(const QString& statement, Language language)
 {
-    return Tokenizer(statement).run();
+    return Tokenizer(statement, language).run();
 }
 
 QString join(const Tokens& tokens, int begin, int end)

@@ -31,9 +31,15 @@ struct Token
 
 using Tokens = std::vector<Token>;
 
+enum class Language
+{
+    Dialect,
+    Native // the engine's own: a name may stand between double quotes, a ? stands for a value, # begins no date
+};
+
 // Throws Error (invalidStatement) for an unfinished text, name or date, for a date that is none, for parentheses that
 // don't pair, for an empty statement and for text behind the first one.
-Tokens tokenize(const QString& statement);
+Tokens tokenize(const QString& statement, Language language = Language::Dialect);
 
 // The engine's SQL of the tokens from begin to end.
 QString join(const Tokens& tokens, int begin, int end);

@@ -7,6 +7,7 @@ namespace jet {
 
 // Begins a transaction. It is rolled back where the routine is left without commit(), by an error too: so the error is
 // reported with nothing pending.
+// Precondition: an open connection, which outlives it; Error 3709 otherwise.
 class Transaction
 {
 public:

@@ -4,6 +4,9 @@
 #include "platform/desktop/desktop.h"
 #include "store/programfolder.h"
 
+#include <new>
+#include <stdexcept>
+
 namespace {
 
 class SharedLists : public House
@@ -92,8 +95,32 @@ TEST_F(SharedLists, AnErrorIsShownWithItsNumberAndDescription)
 TEST_F(SharedLists, NoErrorShowsNothing)
 {
     const Answer ok("OK");
-    MostraErro({});
+    MostraErro(jet::Error{});
     EXPECT_EQ(ok.given, 0);
+}
+
+TEST_F(SharedLists, AnyErrorEndsARoutineInTheSameBox)
+{
+    const auto told = [](const auto& routine) {
+        Answer ok("OK");
+        guarded(routine);
+        EXPECT_EQ(ok.given, 1);
+        EXPECT_EQ(ok.icon, QMessageBox::Information);
+        return ok.text.toStdString();
+    };
+    EXPECT_EQ(told([] { throw jet::Error{13, "Assim não."}; }), "Ocorreu o erro 13\nAssim não.");
+    EXPECT_EQ(told([] { throw std::out_of_range("index"); }), "Ocorreu o erro 51\nErro interno do programa (index).");
+    EXPECT_EQ(told([] { throw std::bad_alloc(); }), "Ocorreu o erro 7\nNão há memória suficiente.");
+}
+
+TEST(AnError, TellsItsDescriptionAsAnException)
+{
+    try {
+        throw jet::Error{13, "Não há."};
+    } catch (const std::exception& erro) {
+        EXPECT_STREQ(erro.what(), "Não há.");
+    }
+    EXPECT_STREQ(jet::Error{}.what(), "");
 }
 
 TEST_F(SharedLists, AFailingDocumentIsTold)

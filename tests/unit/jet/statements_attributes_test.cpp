@@ -9,9 +9,6 @@ using StatementsOnAttributes = ParishBdp;
 TEST_F(StatementsOnActs, OfBaptismAndMarriage)
 {
     expectRows({
-        {"Select codigo, descricao from infocomplementar where  categoria = 'EstCi'", "1|Solteiro 2|Casado 10|*Viúvo"},
-        {"Select codigo, descricao from infocomplementar where categoria  = 'FunPa'", ""},
-        {"Select codigo, descricao from infocomplementar where  categoria  = 'Paren'", "2|Irmão"},
         {"Select dataref, entidade, nind,tipoassistente, tipoacto, estadocivil, falecidopai,  falecidomae, parentbapt, "
          "parentnoivo, parentnoiva, obs  from assistente where entidade = 1 and  tipoacto = 'c'",
          "01/02/1745|1|6|t|c|-|-|-|-|-|-|-"},

@@ -14,7 +14,6 @@ TEST_F(StatementsOnFamilies, OfTheCard)
         {"Select codigo, descricao from infocomplementar where  categoria = 'SitFa'", "1|Legítima"},
         {"Select codigo from infocomplementar where  categoria = 'TipFa'", ""},
         {"Select codigo, descricao from infocomplementar where  categoria = 'EstCi'", "1|Solteiro 2|Casado 10|*Viúvo"},
-        {"Select descricao from infocomplementar where  categoria= 'TipFa' and codigo = '1'", ""},
         {"select nomedistrito from distrito where  coddistrito ='01'", "Aveiro"},
         {"select nomeconcelho from concelho  where codconcelho ='0101'", "Águeda"},
         {"select nomeparoquia from paroquia  where codparoquia ='010101'", "Agadão"},

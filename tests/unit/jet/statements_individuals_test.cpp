@@ -20,8 +20,6 @@ TEST_F(StatementsOnIndividuals, OfTheCard)
          "1|Solteiro 2|Casado 10|*Viúvo"},
         {"Select codigo, descricao from infocomplementar where  infocomplementar.categoria = 'Sacra'", ""},
         {"Select codigo, descricao from infocomplementar where  infocomplementar.categoria = 'ClaPa'", ""},
-        {"Select descricao from infocomplementar where categoria = 'TipIn' and codigo = 'T'", "Turista"},
-        {"select codigo, descricao from infocomplementar where categoria = 'SitFa' and codigo = '1'", "1|Legítima"},
         {"select datanasc, dataobito, inicioobs, fimobs from individuo where nind = 2", "13/12/1725|02/01/1800|-|-"},
         {"select datanasc, dataobito, inicioobs, fimobs from individuo where nind = 99", ""},
     });

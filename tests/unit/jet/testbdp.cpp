@@ -104,9 +104,21 @@ std::string TestBdp::rows(Recordset& set)
     return rows.join(u' ').toStdString();
 }
 
-std::string TestBdp::rows(const char* statement)
+int TestBdp::run(const char* statement, const QVariantList& values)
 {
-    Recordset set = select(statement);
+    const QString sql = QString::fromUtf8(statement);
+    return values.isEmpty() ? bdp.execute(sql) : bdp.execute(NativeSql(sql, values));
+}
+
+Recordset TestBdp::select(const char* statement, const QVariantList& values)
+{
+    const QString sql = QString::fromUtf8(statement);
+    return values.isEmpty() ? Recordset(bdp, sql) : Recordset(bdp, NativeSql(sql, values));
+}
+
+std::string TestBdp::rows(const char* statement, const QVariantList& values)
+{
+    Recordset set = select(statement, values);
     return rows(set);
 }
 
@@ -126,7 +138,7 @@ void ParishBdp::expectRows(std::initializer_list<Query> queries)
 {
     for (const Query& query : queries) {
         try {
-            EXPECT_EQ(rows(query.statement), query.rows) << query.statement;
+            EXPECT_EQ(rows(query.statement, query.values), query.rows) << query.statement;
         } catch (const Error& error) {
             ADD_FAILURE() << query.statement << "\n" << error.number << " " << error.description.toStdString();
         }
@@ -138,7 +150,7 @@ void ParishBdp::expectChanges(std::initializer_list<Change> changes)
     for (const Change& change : changes) {
         bdp.beginTrans();
         try {
-            EXPECT_EQ(run(change.statement), change.rows) << change.statement;
+            EXPECT_EQ(run(change.statement, change.values), change.rows) << change.statement;
             EXPECT_EQ(rows(change.check), change.then) << change.statement;
         } catch (const Error& error) {
             ADD_FAILURE() << change.statement << "\n" << error.number << " " << error.description.toStdString();

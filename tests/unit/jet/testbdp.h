@@ -18,12 +18,13 @@ protected:
     QString path(const QString& name = QStringLiteral("a.orv")) const { return folder_.filePath(name); }
     QString folder() const { return folder_.path(); }
 
-    int run(const char* statement) { return bdp.execute(QString::fromUtf8(statement)); }
-    Recordset select(const char* statement) { return Recordset(bdp, QString::fromUtf8(statement)); }
+    // With values, a statement is one of the engine's own SQL.
+    int run(const char* statement, const QVariantList& values = {});
+    Recordset select(const char* statement, const QVariantList& values = {});
 
     // The rows from the current one on: fields with "|" between them, rows with blanks; nulls are "-".
     static std::string rows(Recordset& set);
-    std::string rows(const char* statement);
+    std::string rows(const char* statement, const QVariantList& values = {});
 
 private:
     QTemporaryDir folder_;
@@ -42,6 +43,7 @@ protected:
     {
         const char* statement;
         const char* rows;
+        QVariantList values = {};
     };
     // Each statement gives its rows.
     void expectRows(std::initializer_list<Query> queries);
@@ -52,6 +54,7 @@ protected:
         int rows;          // how many it alters
         const char* check; // a query, and
         const char* then;  // what it gives afterwards
+        QVariantList values = {};
     };
     // Each statement alters its rows; it is rolled back before the next one.
     void expectChanges(std::initializer_list<Change> changes);

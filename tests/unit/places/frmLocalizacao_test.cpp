@@ -62,6 +62,14 @@ protected:
         Forms::show("frmLocalizacao");
     }
 
+    template <class Control>
+    static Control& control(const char* nome)
+    {
+        return *frmLocalizacao().findChild<Control*>(nome);
+    }
+    static ComboBox& list(const char* nome) { return control<ComboBox>(nome); }
+    static void click(const char* nome) { control<CommandButton>(nome).click(); }
+
     QTemporaryDir pasta;
 };
 
@@ -84,7 +92,7 @@ TEST_F(Picker, HandsThePlaceToTheListOfItsCaller)
     for (const auto& pedido : pedidos) {
         Form* cartao = Forms::find(pedido.cartao);
         ask(pedido.origem, cartao);
-        frmLocalizacao().cmdAtribuir->click();
+        click("cmdAtribuir");
         EXPECT_EQ(combo(cartao, pedido.combo).text(), "São Mamede -F- 030303");
         EXPECT_EQ(combo(cartao, pedido.combo).count(), 3);
         EXPECT_TRUE(cartao->isEnabled());
@@ -98,10 +106,10 @@ TEST_F(Picker, RefillsOnlyItsCallerWithAPlaceAndAllCardsOnClosing)
     Form* residencias = card("frmResid", {"cmbLoc"});
     combo(familia, "cmbLoc").add("antes");
     ask(5, residencias);
-    frmLocalizacao().cmdAtribuir->click();
+    click("cmdAtribuir");
     EXPECT_EQ(combo(familia, "cmbLoc").count(), 1);
     ask(5, residencias);
-    frmLocalizacao().cmdSair->click();
+    click("cmdSair");
     EXPECT_EQ(combo(familia, "cmbLoc").count(), 3);
     EXPECT_EQ(combo(familia, "cmbLoc").list(0), " ");
     EXPECT_EQ(combo(residencias, "cmbLoc").listIndex(), -1);
@@ -115,7 +123,7 @@ TEST_F(Picker, EnablesNobodyButThoseWhoAsked)
     ask(5, residencias);
     OrigemLoc = 0; // the menu asks as well
     Forms::show("frmLocalizacao");
-    frmLocalizacao().cmdSair->click();
+    click("cmdSair");
     EXPECT_TRUE(residencias->isEnabled());
     EXPECT_FALSE(familia->isEnabled());
 }
@@ -134,22 +142,22 @@ TEST_F(Picker, LeavesLocalitiesAndSitesOutForTheFuneralsPriest)
 {
     OrigemLoc = 0;
     Forms::show("frmLocalizacao");
-    frmLocalizacao().cmbLugar->setText("Outeiro");
-    frmLocalizacao().cmbS->setText("Fonte");
+    list("cmbLugar").setText("Outeiro");
+    list("cmbS").setText("Fonte");
     chamada().comeca({.origem = OrigemInd::PadreDoFuneral, .espera = false});
-    frmLocalizacao().cmdGuardar->click();
-    EXPECT_EQ(frmLocalizacao().lstLocal->list(2), "São Mamede -F- 0303030101"); // the code stays the deeper one
+    click("cmdGuardar");
+    EXPECT_EQ(control<ListBox>("lstLocal").list(2), "São Mamede -F- 0303030101"); // the code stays the deeper one
     chamada().desiste();
-    frmLocalizacao().cmdGuardar->click(); // the same code under its own letter
-    EXPECT_EQ(frmLocalizacao().lstLocal->list(3), "Fonte -S- 0303030101");
+    click("cmdGuardar"); // the same code under its own letter
+    EXPECT_EQ(control<ListBox>("lstLocal").list(3), "Fonte -S- 0303030101");
 }
 
 TEST_F(Picker, OpensAnEditorUnderTheNameOfItsPlaceAndWaitsForIt)
 {
     OrigemLoc = 0;
     Forms::show("frmLocalizacao");
-    frmLocalizacao().cmdLug->click();
-    frmLocalizacao().cmdLoc->click();
+    click("cmdLug");
+    click("cmdLoc");
     EXPECT_TRUE(frmLocalizacao().isEnabled()); // there is no such form
 
     const auto caption = [](const QString& editor) {
@@ -159,15 +167,15 @@ TEST_F(Picker, OpensAnEditorUnderTheNameOfItsPlaceAndWaitsForIt)
     };
     for (const char* editor : {"frmZona", "frmLugares", "frmSitios", "frmPesq"})
         make(editor);
-    frmLocalizacao().cmdLug->click();
+    click("cmdLug");
     EXPECT_EQ(caption("frmLugares"), "Localidades de São Mamede");
-    frmLocalizacao().cmbLugar->setText("Outeiro");
-    frmLocalizacao().cmdSit->click();
+    list("cmbLugar").setText("Outeiro");
+    click("cmdSit");
     EXPECT_EQ(caption("frmSitios"), "Sítios de Outeiro");
-    frmLocalizacao().cmbPais->setText("01 - Espanha");
-    frmLocalizacao().cmdZ->click();
+    list("cmbPais").setText("01 - Espanha");
+    click("cmdZ");
     EXPECT_EQ(caption("frmZona"), "Zonas de 01 - Espanha");
-    frmLocalizacao().cmdLoc->click();
+    click("cmdLoc");
     EXPECT_FALSE(frmLocalizacao().isEnabled());
 }
 
@@ -176,9 +184,9 @@ TEST_F(Picker, CanBeSetByTheProgramWhileItIsDisabled)
     OrigemLoc = 0;
     Forms::show("frmLocalizacao");
     frmLocalizacao().setEnabled(false);
-    frmLocalizacao().cmbPais->setText("01 - Espanha");
-    EXPECT_EQ(frmLocalizacao().cmbZona->count(), 2);
-    EXPECT_EQ(frmLocalizacao().cmbDistrito->count(), 0);
+    list("cmbPais").setText("01 - Espanha");
+    EXPECT_EQ(list("cmbZona").count(), 2);
+    EXPECT_EQ(list("cmbDistrito").count(), 0);
 }
 
 } // namespace

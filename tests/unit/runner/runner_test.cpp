@@ -227,6 +227,7 @@ TEST(ScenarioRunner, ThePlayGoesOnBehindTheEndOfTheProgram)
         {"answer yes\nmenu mnuSair\nexpect ended\nstart\nexpect frmORV is shown", ""},
         {"click frmProva.cmdSai\nexpect ended\nexpect file \"{program}/CriarTab.dat\" exists", ""},
         {"click frmProva.cmdErroSolto\nexpect ended", ""},
+        {"click frmProva.cmdFalha\nexpect error like \"Ocorreu o erro 51\\n%\"\nexpect frmProva is shown enabled", ""},
         {"close frmORV\nexpect ended", ""},
         {"close frmORV\nmenu mnuAbrir", "the program has ended"},
         {"expect ended", "the program has not ended"},
