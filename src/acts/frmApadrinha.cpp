@@ -55,7 +55,7 @@ void FrmApadrinha::LimpaCampos()
     assistente->limpa();
 }
 
-// Kept: the number alone is sought, so of a baptism and a marriage with one number both rows show the earlier act.
+// Kept: only the number is searched for; if a baptism and a marriage have the same one, both rows show the earlier act.
 void FrmApadrinha::ActualizaCampos(jet::Recordset& actos)
 {
     LimpaCampos();

@@ -11,7 +11,7 @@
 
 #include <QString>
 
-// The card of the person is disabled while it is open, and enabled again when it goes.
+// The card of the person is disabled while this is open, and enabled again when it closes.
 class FrmApadrinha : public JanelaDoDono, private Ui::FrmApadrinha
 {
     Q_OBJECT

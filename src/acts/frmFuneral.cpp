@@ -76,8 +76,8 @@ void FrmFuneral::ActualizaCampos(const jet::Recordset& individuo)
     txtEnterro->setText(individuo["enterro"].toString());
 }
 
-// The priest must have been observable at the funeral. Kept: its date is that of the birth on the card, and that of the
-// death only where there is no birth; it is read before the card moves away.
+// The priest must have been observable at the funeral. Kept: the date for that is the birth on the card, and the death
+// only if there is no birth; it is read before the card moves away.
 void FrmFuneral::cmdIrpara_Click()
 {
     guarded([&] {
@@ -106,8 +106,8 @@ void FrmFuneral::cmdE_Click()
     });
 }
 
-// Kept: one statement a column and no transaction; a quote in a text breaks its statement, and the columns before it
-// stay written.
+// Kept: one statement for each column and no transaction; a quote in a text breaks its statement, and the columns
+// before it stay written.
 void FrmFuneral::grava()
 {
     const auto gravaColuna = [&](const char* coluna, const QString& valor) {
@@ -125,7 +125,7 @@ void FrmFuneral::grava()
     gravaTexto("enterro", txtEnterro);
 }
 
-// A cancel reads the row anew: the card may stand on the candidate, with a row from before the last confirmation.
+// Cancelling reads the row anew: the card may show the candidate, and have read its row before the last confirmation.
 void FrmFuneral::cmdF_Click()
 {
     guarded([&] {
@@ -146,7 +146,7 @@ void FrmFuneral::terminaEdicao()
 
 bool FrmFuneral::Form_QueryUnload(UnloadMode mode)
 {
-    return mode != UnloadMode::ControlMenu || comandos_.passo() == Passo::Repouso; // what is being typed isn't lost
+    return mode != UnloadMode::ControlMenu || comandos_.passo() == Passo::Repouso; // keeps what is being typed
 }
 
 void FrmFuneral::Form_Unload()

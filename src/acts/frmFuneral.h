@@ -11,8 +11,8 @@
 
 #include <QString>
 
-// All of it are columns of the person's own row. The card of the person is disabled while the form is open, but for the
-// choice of the priest, and shows the person again when it goes.
+// All of these are columns of the person's own row. The card of the person is disabled while the form is open, except
+// while a priest is chosen, and shows the person again when the form closes.
 class FrmFuneral : public JanelaDoDono, private Ui::FrmFuneral
 {
     Q_OBJECT

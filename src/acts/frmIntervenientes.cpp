@@ -91,8 +91,8 @@ void FrmIntervenientes::abreBaptismo()
     if (donoDaJanela().registo) mostraPadres(*donoDaJanela().registo);
 }
 
-// Calls the card of a person up, on the one whom the field holds by now. Kept: the second priest alone is asked for
-// without the splash, and sends the list to its first row.
+// Calls up the card of a person, on the one in the field. Kept: only the second priest is asked for without the splash,
+// and sends the list to its first row.
 void FrmIntervenientes::chamaIndividuo(OrigemInd origem, TextBox* campo)
 {
     guarded([&] {
@@ -117,7 +117,7 @@ void FrmIntervenientes::cmdSair_Click()
 
 bool FrmIntervenientes::Form_QueryUnload(UnloadMode mode)
 {
-    return mode != UnloadMode::ControlMenu || cmdSair->isEnabled(); // an assistant who is being edited isn't lost
+    return mode != UnloadMode::ControlMenu || cmdSair->isEnabled(); // keeps an assistant being edited
 }
 
 void FrmIntervenientes::Form_Unload()
@@ -125,7 +125,7 @@ void FrmIntervenientes::Form_Unload()
     if (Forms::isUnloadingAll()) return;
     guarded([&] {
         chamada().acaba();
-        // The hand-over has disabled the card of a person, also where the act was a marriage.
+        // The hand-over has disabled the card of a person, even if the act was a marriage.
         if (Form* individuo = Forms::find(FrmInd::Name)) individuo->setEnabled(true);
         casamento() ? voltaAFamilia() : voltaAoIndividuo();
     });

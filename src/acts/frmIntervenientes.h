@@ -1,4 +1,4 @@
-// Who took part in one act, a baptism or a marriage: its two priests, which stand in the act's own row, and its
+// Who took part in one act, a baptism or a marriage: its two priests, who are columns of the act's own row, and its
 // assistants, godparents and witnesses, each a row of `assistente`.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The assistants of the act: the list, and its rows added, altered and deleted.
+// The assistants of the act: the list, and how its rows are added, altered and deleted.
 #include "acts/frmIntervenientes.h"
 
 #include "common/campos.h"
@@ -38,8 +38,8 @@ void FrmIntervenientes::LimpaCampos()
     txtIndAss->clear();
 }
 
-// Of two rows of one person the first is shown. Where none was chosen, it is the last of the list: there the filling of
-// the grid has left the cursor.
+// If a person has two rows, the first is shown. If none was chosen, the last of the list is: filling the grid has left
+// the cursor there.
 void FrmIntervenientes::ActualizaCampos()
 {
     LimpaCampos();
@@ -55,7 +55,7 @@ void FrmIntervenientes::ActualizaCampos()
     }
     txtIndAss->setText(textoDoNumero(linha["nind"]));
     assistente->mostra(linha);
-    // Kept: the columns decide and not the act.
+    // Kept: the columns decide, not the act.
     if (!linha["parentbapt"].isNull()) {
         ProcuraItemData(*assistente->cmbPar1, linha["parentbapt"]);
     } else {
@@ -174,7 +174,7 @@ FrmIntervenientes::Valores FrmIntervenientes::valoresDoAssistente() const
             {"obs", textoDe(assistente->txtObs)}};
 }
 
-// Into the row that the cursor stands on, or into the new one. A refused row leaves the edit as it is.
+// Writes to the row at the cursor, or to the new one. A refused row leaves the edit as it is.
 void FrmIntervenientes::gravaLinha(const Valores& valores)
 {
     for (const auto& [coluna, valor] : valores)
@@ -183,7 +183,7 @@ void FrmIntervenientes::gravaLinha(const Valores& valores)
     terminaEdicao();
 }
 
-// Kept: the row shown is the one that the grid stands on, also where another was altered or added.
+// Kept: the row shown is the current one of the grid, even if another was altered or added.
 void FrmIntervenientes::terminaEdicao()
 {
     assistentes_.passaA(Passo::Repouso);
@@ -196,8 +196,8 @@ void FrmIntervenientes::terminaEdicao()
     ActualizaCampos();
 }
 
-// Kept: the date stands in the statement day first. Where it can be read month first it is, and the statement passes
-// the row by; else it takes every row of that person at the act with it.
+// Kept: the date is in the statement day first. If it can be read month first, it is, and the statement misses the row;
+// otherwise it deletes every row of that person at the act.
 void FrmIntervenientes::eliminaAssistente()
 {
     jet::Recordset& linha = adoInterv.recordset();
@@ -207,7 +207,7 @@ void FrmIntervenientes::eliminaAssistente()
                       " and tipoacto = '" + (casamento() ? "c" : "b") + "'");
         linha.deleteRow();
     } catch (const jet::Error& erro) {
-        if (erro.number != jet::number::noCurrentRow) throw; // the row had gone before
+        if (erro.number != jet::number::noCurrentRow) throw; // the row was gone already
     }
     adoInterv.refresh();
     PreencheFG();

@@ -10,7 +10,7 @@
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 
-// The act's own row is read. One that is only being inserted has none yet, and the cursor stands on another.
+// The act's own row is read. One that is still being inserted has none yet, and the cursor is on another.
 void FrmIntervenientes::mostraPadres(const jet::Recordset& acto)
 {
     const ColunasDosPadres& colunas = padresAMostrar(casamento());

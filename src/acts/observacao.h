@@ -5,7 +5,7 @@
 
 #include <optional>
 
-// The person shown must have been observable at the DataActo of the request. None where that is so.
+// The person shown must have been observable at the DataActo of the request. None if that is so.
 std::optional<RecusaDeIndividuo> recusaNoActo(const PedidoDeIndividuo& pedido, const FrmInd& ficha);
-// The same, where the funeral has a date at all.
+// The same, if the funeral has a date at all.
 std::optional<RecusaDeIndividuo> recusaNoFuneral(const PedidoDeIndividuo& pedido, const FrmInd& ficha);

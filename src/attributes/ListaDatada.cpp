@@ -247,7 +247,7 @@ void ListaDatada::eliminaRegisto()
     ActualizaCampos();
 }
 
-// The row of Chave has gone from the store, so that none is shown.
+// The row of Chave is gone from the store, so none is shown.
 bool ListaDatada::linhaPerdida()
 {
     return registos().hasRows() && registos().recordset().eof();

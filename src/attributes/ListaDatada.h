@@ -18,8 +18,8 @@
 #include <utility>
 
 // The base keeps the protocol: what each click means (the step says it), what is shown after it, and which commands
-// are open. A window gives its rows, columns, checks and modes, and its differences as Regras. What else is shut while
-// an edit runs stands in its table of modes.
+// are open. A window gives its rows, columns, checks and modes, and its differences as Regras. What else is shut during
+// an edit is in its table of modes.
 class ListaDatada : public JanelaDoDono
 {
     Q_OBJECT
@@ -30,10 +30,10 @@ public:
 
     void AplicarModo(Modo modo);
     virtual void LimpaCampos() = 0;
-    // Fills the grid, which keeps its row. The cursor is left behind the last row.
+    // Fills the grid, which keeps its row. The cursor is left after the last row.
     void PreencheFG();
-    // Shows the row of Chave; with no Chave the row where the cursor stands, or the last one from behind it. The grid's
-    // current row follows. A row that has gone from the store clears the fields.
+    // Shows the row of Chave; without a Chave the row at the cursor, or the last one if the cursor is past it. The
+    // grid's current row follows. If the row is gone from the store, the fields are cleared.
     void ActualizaCampos();
 
 protected:
@@ -53,9 +53,9 @@ protected:
         bool preencheAoMostrar = false;    // the rows are read and the grid is filled whenever a row is shown
         bool preencheAoCancelar = false;   // the grid is filled when an addition is cancelled
         bool fechaSemLinhas = false;       // an empty grid shuts the commands that alter and delete
-        bool releAoAlterar = true;         // the rows are read again after an alteration, so that they stand in order
+        bool releAoAlterar = true;         // the rows are read again after an alteration, so that they are in order
         bool eliminarVaiAPrimeira = false; // a deletion shows the first row, and not a neighbour
-        bool guardaUltimaNaGrelha = false; // the last row of all stays on the grid when it is deleted
+        bool guardaUltimaNaGrelha = false; // the only row left stays on the grid when it is deleted
     };
 
     // Columns of a row with their values, in the order in which they are set.
@@ -65,7 +65,7 @@ protected:
 
     // Once, after setupUi().
     void usa(const Botoes& botoes, Grid* grelha, QList<GridColumn> colunas, Regras regras);
-    // The date field is checked when it is left; a date or none there sets or takes off the flag beside it. As with the
+    // The date field is checked when it is left; a date sets the flag beside it, an empty field clears it. As with the
     // number fields, the command whose click took the focus still runs, on what the check has left.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
     // The number field takes 0 and more.
@@ -79,7 +79,7 @@ protected:
     virtual const QList<ModeRow>& modos() const = 0;
     // The cells of the row.
     virtual QStringList PreencheLinha(const jet::Recordset& linha) const = 0;
-    // The columns of the row into the fields.
+    // Shows the columns of the row in the fields.
     virtual void mostraLinha(const jet::Recordset& linha) = 0;
     // What else the first click of an alteration does.
     virtual void preparaAlteracao() {}
@@ -90,15 +90,15 @@ protected:
     // Stores the fields in the current row. Returns the key of the row to show, empty for the grid's current one.
     virtual QString altera() = 0;
     virtual void elimina() { registos().recordset().deleteRow(); }
-    // The card that waits for this window; null where none does.
+    // The card that waits for this window; null if none does.
     virtual Ficha* cartao() const { return donoDaJanela().ficha; }
 
     void Form_Unload() override;
 
-    // Collected first and written in one go, so that a value refused leaves nothing pending.
+    // Collected first and written in one go, so that a refused value leaves nothing pending.
     void acrescentaLinha(const Valores& valores); // nulls are left out
     void alteraLinha(const Valores& valores);
-    // The number behind the highest of this list.
+    // The number after the highest one of this list.
     QString proximoNumero(const QString& coluna);
 
     // Writes the value into the field, unless it is blank.

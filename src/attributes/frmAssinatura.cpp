@@ -128,7 +128,7 @@ ListaDatada::Valores FrmAssinatura::valores() const
             {"assina", textoDe(txtAssina)}, {"assinatura", textoDe(txtLocAss)},      {"obs", textoDe(txtObs)}};
 }
 
-// Kept: to cancel the dialog is an error.
+// Kept: cancelling the dialog is an error.
 void FrmAssinatura::cmdLocalizar_Click()
 {
     constexpr long dialogoCancelado = 32755;

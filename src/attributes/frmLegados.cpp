@@ -105,7 +105,7 @@ ListaDatada::Valores FrmLegados::valores() const
             {"bensraiz", textoDe(txtRaiz)}};
 }
 
-// Kept: nobody tests an heir against a date.
+// Kept: an heir isn't checked against any date.
 void FrmLegados::cmdIrpara_Click()
 {
     guarded([&] {

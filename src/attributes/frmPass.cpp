@@ -27,7 +27,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
     connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);
 }
 
-// Opens on the last row. Where it fails, as with nobody on the card, the menu tells why and no window stays.
+// Opens on the last row. If that fails, as with nobody on the card, the menu reports why and no window stays.
 void FrmPass::Form_Load()
 {
     Label2_1->setText(donoDaJanela().numero);
@@ -80,7 +80,7 @@ void FrmPass::mostraLinha(const jet::Recordset& linha)
     txtOutras_1->setText(linha["obs"].toString());
 }
 
-// Kept: the focus goes to the date also where the number is missing.
+// Kept: the focus goes to the date even if it is the number that is missing.
 bool FrmPass::VerificaCampos(Passo)
 {
     const char* falta = !preenchido(txtDados_0) ? "Deve indicar o nº do passaporte!"
@@ -89,7 +89,7 @@ bool FrmPass::VerificaCampos(Passo)
     return !falta || recusa(falta, mskData);
 }
 
-// No transaction: what a failing statement leaves behind it stays written.
+// No transaction: what was written before a failing statement stays.
 QString FrmPass::acrescenta()
 {
     cnBDP.execute("insert into passaporte (nind, npass, dataref) values (" + Label2_1->text() + "," +
@@ -98,7 +98,7 @@ QString FrmPass::acrescenta()
     return chaveEscrita();
 }
 
-// Kept: every passport of the person is renumbered, which the key refuses where there are two.
+// Kept: every passport of the person is renumbered, which the key refuses if there are two.
 QString FrmPass::altera()
 {
     const QString onde = " where nind = " + Label2_1->text();
@@ -110,7 +110,7 @@ QString FrmPass::altera()
     return chaveEscrita();
 }
 
-// Kept: they go to every passport of the person. Blank ones leave the old values.
+// Kept: destination and notes go to every passport of the person. Blank ones leave the old values.
 void FrmPass::gravaDestinoEObs()
 {
     const QString onde = "' where nind = " + Label2_1->text();
@@ -171,13 +171,13 @@ void FrmPass::aplicaModoDaDescricao(Modo modo)
     applyMode(this, tabela, modo);
 }
 
-// The row of this person, and not that of the card, which may show another one by now.
+// The row of this person, not that of the card, which may show somebody else by now.
 jet::Recordset FrmPass::individuo() const
 {
     return {cnBDP, "select * from individuo where nind = " + Label2_1->text()};
 }
 
-// Kept: a blank column leaves what stands in its field.
+// Kept: a blank column leaves its field as it was.
 void FrmPass::mostraDescricao()
 {
     const jet::Recordset pessoa = individuo();

@@ -16,7 +16,7 @@ public:
 
     FrmPass();
 
-    // One more entry to choose the destination from. Kept: it is added also where the list holds it already.
+    // Adds an entry to choose the destination from. Kept: even if the list has it already.
     void acrescentaDestino(const QString& local) { cmbDados_1->add(local); }
 
     void LimpaCampos() override;

@@ -14,7 +14,7 @@ FrmProf::FrmProf() : ListaDatada(Name)
     regras.focoAoInserir = mskData;
     regras.focoAoAlterar = mskData;
     regras.pergunta = " Tem a certeza que deseja eliminar este registo?";
-    regras.limpaAoMostrar = false; // kept: what is blank in a row keeps what the row shown before had there
+    regras.limpaAoMostrar = false; // kept: a blank in a row leaves what the row shown before had there
     usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgProf, {{"IdProf", 0}, {"Data de Referência", 140}, {"Profissão"}},
         regras);
     vigiaData(mskData, chkDF);

@@ -1,4 +1,4 @@
-// What a person lived by, at which dates.
+// What a person did for a living, at which dates.
 #pragma once
 
 #include "attributes/ListaDatada.h"

@@ -91,8 +91,8 @@ void FrmResid::mostraLinha(const jet::Recordset& linha)
     mostraSeHouver(txtObs, linha["obs"]);
 }
 
-// Kept: the row under alteration counts too, so that its date has to change. The text stands in the count as it was
-// typed, and is read month first where that makes a date: a second row of such a date is refused by the key alone.
+// Kept: the row being altered counts too, so its date has to change. The date goes into the count as typed, and is read
+// month first if that makes a date: then only the key refuses a second row of that date.
 bool FrmResid::VerificaCampos(Passo)
 {
     if (!preenchido(cmbLoc)) return recusa("Deve indicar o local da residência!", cmbLoc);
@@ -106,7 +106,7 @@ bool FrmResid::VerificaCampos(Passo)
     return recusa("Não pode indicar duas residências para uma mesma data de referência!", mskData);
 }
 
-// Kept: the row chosen before is shown, and not the new one.
+// Kept: the row chosen before is shown, not the new one.
 QString FrmResid::acrescenta()
 {
     acrescentaLinha(Valores{{"numero", txtNum->text()}, {"tiporesid", donoDaJanela().familia() ? "f" : "i"}} +

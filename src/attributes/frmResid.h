@@ -1,4 +1,4 @@
-// Where a person or a family lived, at most one place at a date.
+// Where a person or a family lived, at most one place for each date.
 #pragma once
 
 #include "attributes/ListaDatada.h"
@@ -15,7 +15,7 @@ public:
     FrmResid();
 
     bool doIndividuo() const { return !donoDaJanela().familia(); }
-    QString localNaFicha() const { return cmbLoc->text(); } // "" where none is chosen
+    QString localNaFicha() const { return cmbLoc->text(); } // "" if none is chosen
 
     void LimpaCampos() override;
 

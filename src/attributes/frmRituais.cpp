@@ -124,7 +124,7 @@ void FrmRituais::cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra)
     outra->setText(escolhida->text());
 }
 
-// Only a new row has to tell something.
+// Only a new row has to have any content.
 bool FrmRituais::VerificaCampos(Passo passo)
 {
     if (passo == Passo::Alteracao || preenchido(cmbTipo) || preenchido(txtQ) || preenchido(txtVU) ||
@@ -148,7 +148,7 @@ QString FrmRituais::altera()
     return numero;
 }
 
-// Kept: with no option on it is alms. Only the first of the two currencies is stored.
+// Kept: with no option on, it counts as alms. Only the first of the two currencies is stored.
 ListaDatada::Valores FrmRituais::valores() const
 {
     const int opcao = optLeg_0->isChecked() ? 0 : optLeg_1->isChecked() ? 1 : 2;

@@ -27,7 +27,8 @@ protected:
     void Form_Load() override;
 
 private:
-    // The codes of a kind into cmbTipo, and its option on. A category without codes leaves the list as it is.
+    // Fills cmbTipo with the codes of a kind and switches its option on. A category without codes leaves the list as it
+    // is.
     void PreencheTipo(int sufragio);
     void optLeg_Click(int indice);
     void cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra);

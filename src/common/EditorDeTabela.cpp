@@ -39,7 +39,7 @@ void EditorDeTabela::cmdAlt_Click()
     });
 }
 
-// Kept: deletes also in the middle of an insertion, but where that began in the middle of an alteration.
+// Kept: deletes in the middle of an insertion too, unless that began in the middle of an alteration.
 void EditorDeTabela::cmdElim_Click()
 {
     guarded([&] {

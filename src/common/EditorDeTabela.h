@@ -5,9 +5,9 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 
-// An editor shows one row of its table and has four commands. The step tells what a click on them means: an addition
-// turns add and alter into confirm and cancel, an alteration alter and delete. An editor holds what each step does to
-// its fields and its table.
+// An editor shows one row of its table and has four commands. The step decides what a click on them means: an addition
+// turns add and alter into confirm and cancel, an alteration does the same to alter and delete. Each editor says what
+// the steps do to its fields and its table.
 class EditorDeTabela : public Form
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     using Form::Form;
 
 protected:
-    // Takes the commands out of the editor's own controls.
+    // Takes the commands from the editor's own controls.
     // Precondition: setupUi() has run, and this hasn't.
     template <class Controls>
     void usaComandos(const Controls& ui)
@@ -27,8 +27,8 @@ protected:
 
     bool inserindo() const { return comandos_.passo() == Passo::Insercao; }
 
-    // What the first and the second click of a command do. A step has begun when its opening runs, and goes on until
-    // terminaEdicao().
+    // What the first and the second click of a command do. The step has already begun when its opening routine runs,
+    // and lasts until terminaEdicao().
     virtual void abreInsercao() = 0;
     virtual void confirmaInsercao() = 0;
     virtual bool podeAlterar() = 0; // asked at both clicks; tells the user why not

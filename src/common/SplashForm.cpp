@@ -78,7 +78,7 @@ bool SplashForm::eventFilter(QObject* watched, QEvent* event)
     if (!widget || widget->window() == window()) return false;
     switch (event->type()) {
     case QEvent::KeyPress:
-        Form_KeyDown(static_cast<QKeyEvent*>(event)->key()); // the keyboard may still be with the window behind
+        Form_KeyDown(static_cast<QKeyEvent*>(event)->key()); // the window behind may still have the keyboard
         return true;
     case QEvent::KeyRelease:
     case QEvent::Shortcut:

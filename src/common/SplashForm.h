@@ -1,4 +1,4 @@
-// The waiting window of long steps.
+// The window that is shown while a long step runs.
 #pragma once
 
 #include "platform/forms/form.h"
@@ -11,8 +11,8 @@ namespace Ui {
 class SplashForm;
 }
 
-// Stands above everything, in the middle of the screen, from its load on; it isn't modal. ReadyToClose comes after
-// three seconds or with Escape, which also hides it. Whoever loaded it unloads it.
+// Appears above everything, in the middle of the screen, as soon as it is loaded; it isn't modal. ReadyToClose turns
+// true after three seconds or on Escape, which also hides it. Whoever loaded it unloads it.
 class SplashForm : public Form
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     SplashForm();
     ~SplashForm() override;
 
-    // Brings the splash up with the text of the step that begins.
+    // Shows the splash with the text of the step that begins.
     void showStep(const QString& text);
 
     bool ReadyToClose() const { return readyToClose_; }

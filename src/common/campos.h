@@ -1,4 +1,4 @@
-// What stands in a field, as the store takes it; and the refusal of what it can't take.
+// The contents of fields as values for the store, and the refusal of what it can't take.
 #pragma once
 
 #include "common/dates.h"
@@ -9,7 +9,7 @@
 
 #include <QVariant>
 
-// False for nothing but blanks, and for both empty forms of a date.
+// False if there are only blanks, or an empty date with or without its mask.
 template <class Campo>
 bool preenchido(const Campo* campo)
 {
@@ -21,7 +21,7 @@ inline bool preenchido(const MaskedEdit* campo)
     return !semData(Trim(campo->text()));
 }
 
-// The values; null where the field isn't filled. Error 13 for a number that is none.
+// The values; null if the field isn't filled. Error 13 for a text that is no number.
 template <class Campo>
 QVariant textoDe(const Campo* campo)
 {
@@ -48,5 +48,5 @@ inline QVariant letraDe(const ComboBox* lista)
     return preenchido(lista) ? localDoTexto(lista->text()).nivel : QVariant();
 }
 
-// Tells the user why not, gives the field the focus, and is false.
+// Tells the user why, gives the field the focus, and returns false.
 bool recusa(const QString& motivo, QWidget* campo);

@@ -11,7 +11,8 @@
 namespace {
 
 // The first date known decides, in this order; the others aren't looked at.
-// Kept: birth and death test one side of the span of a life, bounds included; the observation tests both, without them.
+// Kept: birth and death test one side of the span of a life, bounds included; the observation tests both, bounds
+// excluded.
 bool podeEstarPresente(const jet::Recordset& individuo, const QDate& acto)
 {
     const int antes = acto.year() - 100;

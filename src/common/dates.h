@@ -9,7 +9,7 @@
 
 class MaskedEdit;
 
-// True for exactly dd/mm/yyyy that the calendar has (1582 and before included).
+// True for a date of the calendar (1582 and before included), written exactly as dd/mm/yyyy.
 bool eData(const QString& texto);
 
 // The date of such a text.
@@ -19,20 +19,20 @@ QDate dataDoTexto(const QString& texto);
 // dd/mm/yyyy; "" for null.
 QString textoDaData(const QVariant& data);
 
-// Both empty forms of a date field.
+// Whether the text is that of an empty date field, with or without its mask.
 bool semData(const QString& texto);
 
 // For SQL: #mm/dd/yyyy#, from the text of a field.
 // Precondition: eData(texto); Error 13 otherwise.
 QString literalDaData(const QString& texto);
 
-// The check of a date field that is left, as frmFam, frmProf, frmAssinatura and frmResid make it: true where the field
-// is empty or holds a date. Otherwise tells the user, clears the field and gives it the focus again.
+// Checks a date field when it is left, for frmFam, frmProf, frmAssinatura and frmResid: true if the field is empty or
+// holds a date. Otherwise tells the user, clears the field and gives it the focus back.
 bool VerificaData(MaskedEdit& campo);
 
 // Whole years of 365 days, rounded to nearest, ties to the even number.
 int CalculaIdade(const QDate& primeira, const QDate& segunda);
 
-// Whether the individual can have been at an act of that date, dd/mm/yyyy. An error is shown by MostraErro and answers
-// true.
+// Whether the individual can have been at an act of that date, dd/mm/yyyy. If that fails, MostraErro shows the error
+// and the answer is true.
 bool DentroObservacao(Nind nind, const QString& dataActo);

@@ -1,4 +1,4 @@
-// Whose acts or dated rows a window holds.
+// Whose acts or dated rows a window shows.
 #pragma once
 
 #include "common/ficha.h"
@@ -17,7 +17,7 @@ enum class TipoDeDono
 using OrigemInterv = TipoDeDono; // whose act frmIntervenientes serves
 using OrigemResid = TipoDeDono;  // whose residences frmResid serves
 
-// What a card tells of the record that it shows when it opens a window for it. Copies, as the card may move on.
+// What a card passes on about its record when it opens a window for it. They are copies, as the card may move on.
 struct Dono
 {
     TipoDeDono tipo = TipoDeDono::Individuo;
@@ -25,7 +25,7 @@ struct Dono
     QString nome;   // of a person
     QString data;   // of the birth or the marriage, as its field holds it
     QPointer<Ficha> ficha;
-    const jet::Recordset* registo = nullptr; // where the cursor of the card stands; only while the window is loaded
+    const jet::Recordset* registo = nullptr; // the row at the card's cursor; only while the window is being loaded
 
     bool familia() const { return tipo == TipoDeDono::Familia; }
 };
@@ -38,8 +38,8 @@ class JanelaDoDono : public Form
 public:
     using Form::Form;
 
-    // Loads the window with that name for the owner and brings it up. One that is open already stays with its own
-    // owner, and only comes forward; a name that no form has does nothing.
+    // Loads the window with that name for the owner and brings it up. One that is already open keeps its owner and only
+    // comes to the front; a name that no form has does nothing.
     // Precondition: a form with that name is a JanelaDoDono.
     static void abre(const QString& nome, const Dono& dono);
 

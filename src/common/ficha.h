@@ -13,15 +13,15 @@
 #include <QList>
 #include <QString>
 
-// The background of the fields tells the mode.
+// The background of the fields shows the mode.
 namespace corDoModo {
 inline constexpr QColor edi(192, 192, 255), cons(255, 255, 255), loc(255, 192, 128);
 }
 
 struct Dono;
 
-// A card stands on one row of a file of records (its file). A search leaves its rows in adoFiltro, and frmResult then
-// drives the card by them until one of its three buttons takes the card out again.
+// A card shows one row of a file of records (its file). A search leaves its rows in adoFiltro; frmResult then drives
+// the card through them until one of its three buttons ends that.
 class Ficha : public Form
 {
     Q_OBJECT
@@ -37,8 +37,8 @@ public:
     virtual void LimpaCampos() = 0;
     virtual QString numero() const = 0; // of the record shown; "" where there is none
 
-    // Shows the record of the file for which the criterion of a find() holds, else the first one, as for an empty
-    // criterion. A card that is being edited or searched by stays as it is.
+    // Shows the first record of the file that meets the criterion of a find(), or else, as for an empty criterion, the
+    // first of all. A card in the middle of an edit or a search stays as it is.
     void procuraRegisto(const QString& criterio);
 
     // The row of the record on the card, to be read or written.
@@ -51,15 +51,15 @@ public:
     virtual void aceitaAchado(const QString& numero) = 0;             // the whole file again, on the hit
     virtual void terminaNoAchado() = 0;                               // the search ends on what is shown
 
-    // A list of results is up: the frame of the movement is red, and the commands are off but for those of the list.
+    // A list of results is open: the frame of the movement buttons is red, and the card's commands are off.
     void entregaAosResultados();
     // The search is over: the frame is blue, the commands have their captions, and EmPesquisa is off.
     void retomaFicheiro();
-    // The results are dropped: an empty form to search anew.
+    // The results are dropped: an empty form for a new search.
     void retomaPesquisa();
 
 protected:
-    // Takes the commands out of the card's own controls.
+    // Takes the commands from the card's own controls.
     // Precondition: setupUi() has run, and this hasn't.
     template <class Controls>
     void usaComandos(const Controls& ui)
@@ -73,11 +73,11 @@ protected:
     Passo passo() const { return comandos_.passo(); }
 
     virtual const QList<ModeRow>& modos() const = 0;
-    virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement
+    virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement buttons
     virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
     virtual jet::Recordset& registo() = 0;      // the cursor on the row of the record shown
 
-    // What a click on a command means, by the step. None of the four openings comes while EmPesquisa is on.
+    // What a click on a command means, by the step. The four that begin something aren't called while EmPesquisa is on.
     virtual void iniciaInsercao() = 0;
     virtual void confirmaInsercao() = 0;
     virtual void cancelaInsercao() = 0;
@@ -89,22 +89,22 @@ protected:
     virtual void confirmaPesquisa() = 0;
     virtual void cancelaPesquisa() = 0;
 
-    // The modes and steps at the two ends of an edit.
+    // Set mode and step at the beginning and the end of an edit.
     void abreInsercao(); // on cleared fields
     void abreAlteracao();
     void fechaEdicao();
 
-    // Deletes the current row of the file, and shows the row before it, or the new first one. Where the row can't be
-    // deleted, it stays, and nothing is said.
+    // Deletes the current row of the file, and shows the row before it, or the new first one. If the row can't be
+    // deleted, it silently stays.
     void eliminaDoFicheiro();
 
     virtual Dono dono() = 0; // of the windows that are opened for the record shown
-    // Opens the window with that name for the record shown. The card is disabled until it goes. One that is open
-    // already stays with whoever opened it, and only comes forward.
+    // Opens the window with that name for the record shown. The card is disabled until the window closes. One that is
+    // already open keeps its owner and only comes to the front.
     void abreJanela(const QString& nome);
 
-    void abrePesquisa(); // the card becomes a form to search by
-    // Back at the step that the search has interrupted: an edit may wait for the person sought.
+    void abrePesquisa(); // turns the card into a search form
+    // Goes back to the step that the search interrupted: an edit may be waiting for the person.
     void fechaPesquisa();
     void permiteRecuar(bool permite);
     void permiteAvancar(bool permite);

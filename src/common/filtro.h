@@ -3,7 +3,7 @@
 
 #include <QString>
 
-// What stands behind "where": the conditions given so far, each joined to those before it with "and".
+// What follows "where": the conditions given so far, joined with "and".
 class Filtro
 {
 public:

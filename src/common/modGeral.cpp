@@ -47,7 +47,7 @@ int ProcuraTexto(ComboBox& lista, const QVariant& valor)
 {
     if (Trim(valor.toString()).isEmpty()) return -1;
 
-    // Kept: only the sought value loses its "*"; an entry that shows one is never found.
+    // Kept: only the value searched for loses its "*"; an entry that shows one is never found.
     const QString procurado = Trim(semMarca(valor.toString()));
     for (int i = 0; i < lista.count(); ++i) {
         if (Trim(lista.list(i)) != procurado) continue;

@@ -19,7 +19,7 @@ void MostraErro(const jet::Error& erro);
 // An error that isn't the store's has number 7 where the memory was short, and 51 otherwise.
 void MostraErro(const std::exception& erro);
 
-// Runs a step of a routine: an error is shown, and the routine goes on behind the step.
+// Runs a step of a routine: an error is shown, and the routine goes on after the step.
 template <class Step>
 void mesmoQueFalhe(Step&& step)
 {
@@ -30,8 +30,8 @@ void mesmoQueFalhe(Step&& step)
     }
 }
 
-// Runs a routine of a form, at the edge where an event comes in, and nothing within one. An error ends the routine and
-// is shown by MostraErro; a transaction that the routine leaves open is abandoned.
+// Runs the routine of a form that an event calls; not to be used within one. An error ends the routine and is shown by
+// MostraErro; a transaction that the routine leaves open is abandoned.
 template <class Routine>
 void guarded(Routine&& routine)
 {
@@ -39,11 +39,11 @@ void guarded(Routine&& routine)
     mesmoQueFalhe(std::forward<Routine>(routine));
 }
 
-// Chooses the first entry with that item number and returns its index; -1, with the choice as it was, where there is
-// none or the value is null or blank. Throws Error 13 for a text that is no number.
+// Chooses the first entry with that item number and returns its index; -1, with the choice unchanged, if there is none
+// or the value is null or blank. Throws Error 13 for a text that is no number.
 int ProcuraItemData(ComboBox& lista, const QVariant& valor);
 
-// Chooses the first entry whose trimmed text is the value without its "*"s, trimmed; as ProcuraItemData otherwise.
+// Chooses the first entry whose trimmed text is the value without its "*"s, trimmed; otherwise as ProcuraItemData.
 int ProcuraTexto(ComboBox& lista, const QVariant& valor);
 
 // Fills a coded list from all rows of a recordset: a first entry of two blanks, then one entry a row. Where the columns
@@ -51,7 +51,7 @@ int ProcuraTexto(ComboBox& lista, const QVariant& valor);
 // Precondition: the recordset is open (Error 3704), and no row has a null there (Error 94).
 void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, int colunaDados);
 
-// Opens a document in the program of its type; a failure is told in a box. An empty path does nothing.
+// Opens a document in the program of its type; a failure is reported in a box. An empty path does nothing.
 void AbreFicheiro(const QString& caminho);
 
 // Brings up the family card behind the splash, which stays for three seconds or until Escape.

@@ -8,7 +8,7 @@
 
 class TextBox;
 
-// Without a point where it is whole; "" for null. A text comes back as it is.
+// A whole number has no decimal point; "" for null. A text comes back unchanged.
 QString textoDoNumero(const QVariant& numero);
 
 // The decimal sign is a comma or a point.
@@ -20,8 +20,8 @@ bool eNumero(const QString& texto); // whether numeroDoTexto() takes it
 // Precondition: a whole number of 32 bits; Error 13 otherwise.
 qint32 codigoDoTexto(const QString& texto);
 
-// The check of a number field that is left: it is blank, or holds a number within the bounds. Otherwise the user is
-// told `recusa`, and the field is cleared and gets the focus again.
-// Kept: the conversion comes first, so that a text which is no number is told as an error and stays.
+// Checks a number field when it is left: it may be blank or hold a number within the bounds. Otherwise the user is
+// shown `recusa`, and the field is cleared and gets the focus back.
+// Kept: the conversion comes first, so a text that is no number is shown as an error and stays.
 void VerificaNumero(TextBox& campo, const QString& recusa, double minimo,
                     double maximo = std::numeric_limits<double>::max());

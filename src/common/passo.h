@@ -1,4 +1,4 @@
-// The step that a window with commands has reached, and what its commands are called in it.
+// The step that a window with commands has reached, and the captions of its commands in that step.
 #pragma once
 
 #include <QList>
@@ -10,7 +10,7 @@ enum class Passo
     Repouso, // a record is shown, or none
     Insercao,
     Alteracao,
-    Pesquisa // from the empty form to search by until its results are accepted or dropped
+    Pesquisa // from the empty search form until its results are accepted or dropped
 };
 
 // The captions of the commands.
@@ -27,7 +27,7 @@ inline constexpr auto editarAParte = "ed&Itar"; // an edit of its own beside the
 inline constexpr auto confirmarOuCancelar = "&Conf./Canc.";
 } // namespace legenda
 
-// The captions of one command. A null is a step that leaves the caption as it finds it.
+// The captions of one command. Null: the step leaves the caption as it is.
 struct LegendasDoComando
 {
     QAbstractButton* comando;
@@ -37,11 +37,11 @@ struct LegendasDoComando
     const char* pesquisa = nullptr;
 };
 
-// The commands of a window. A click asks for the step; the captions only tell it to the user.
+// The commands of a window. A click acts by the step; the captions only show it to the user.
 class Comandos
 {
 public:
-    // Once, while the window is made. The captions stay as the window has them until the first passaA().
+    // Called once, while the window is constructed. The captions stay as the window has them until the first passaA().
     void usa(QList<LegendasDoComando> legendas) { legendas_ = std::move(legendas); }
 
     Passo passo() const { return passo_; }

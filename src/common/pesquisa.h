@@ -1,9 +1,9 @@
 // Whether a search for families is under way.
 #pragma once
 
-// From the empty form to search by until its results are accepted or dropped. Nothing may be added, altered or deleted
+// From the empty search form until its results are accepted or dropped. Nothing may be added, altered or deleted
 // meanwhile, in any window. It outlives the card that searches.
-// Kept: a search for people isn't told here.
+// Kept: a search for people doesn't count.
 class Pesquisa
 {
 public:
@@ -12,7 +12,7 @@ public:
 private:
     friend class FrmFam;          // whose search it is
     friend class Ficha;           // whose results end it
-    friend void recomecaSessao(); // the change of the BDP forgets it
+    friend void recomecaSessao(); // a change of the BDP drops it
 
     void comeca() { emCurso_ = true; }
     void acaba() { emCurso_ = false; }

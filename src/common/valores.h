@@ -1,5 +1,5 @@
-// What the system numbers, places and dates, as types of their own. A value becomes one of them at the border of a row
-// or of a field, and a column's value or a text again there; nothing in between can take one for another.
+// What the system numbers, places and dates, as types of their own. Values are converted where a row or a field is read
+// or written; nothing in between can mistake one for another.
 #pragma once
 
 #include <QDate>
@@ -10,7 +10,7 @@
 #include <optional>
 
 // The number of a person or of a family, or none. It is kept as its column keeps it: any number that the column takes
-// is one, 0 and 30.5 too, so that none is not a number at all. None comes before every number.
+// is valid, 0 and 30.5 too, so "none" is no number at all. It comes before every number.
 template <class Tag>
 class Numero
 {
@@ -18,12 +18,12 @@ public:
     constexpr Numero() = default; // none
     constexpr explicit Numero(double numero) : valor_(numero) {}
 
-    // None for null. Error 13 for what is no number.
+    // None for null. Error 13 for anything that is no number.
     static Numero daColuna(const QVariant& coluna);
 
     // As numeroDoTexto(): Error 13 for a text that is no number, an empty one included.
     static Numero doCampo(const QString& texto);
-    // The same, but none for nothing but blanks.
+    // The same, but none for a blank text.
     static Numero doCampoOuNenhum(const QString& texto);
 
     constexpr explicit operator bool() const { return valor_.has_value(); } // whether there is one
@@ -35,7 +35,7 @@ public:
     QString paraSQL() const;     // within a statement: "null" for none
     QVariant paraColuna() const; // null for none
 
-    // The number that follows in the numbering, which counts from 1: 1 after none.
+    // The next number; 1 after none.
     Numero seguinte() const { return Numero(valor_.value_or(0) + 1); }
 
     friend bool operator==(const Numero&, const Numero&) = default;
@@ -56,22 +56,22 @@ extern template class Numero<struct DaFamilia>;
 struct Local
 {
     QString codigo;
-    QString nivel; // P, Z, D, C, F, L or S; out of a misled text form any letter. "" for no place
+    QString nivel; // P, Z, D, C, F, L or S; any letter if it was read from a misleading text. "" for no place
 
-    // Out of the two columns; "" for null.
+    // From the two columns; "" for null.
     static Local daLinha(const QVariant& codigo, const QVariant& nivel);
 
     bool operator==(const Local&) const = default;
 };
 
 // A date with its flag, as datanasc with DnascFixa, dataobito with dobitofixa, datacasam with dcasamfixa and dataref
-// with datafixa. The flag is kept also where it stands without a date.
+// with datafixa. The flag is kept even without a date.
 struct DataRegistada
 {
-    QDate data;        // null where it isn't known
+    QDate data;        // null if it isn't known
     bool fixa = false; // known to the day
 
-    // Out of the two columns; a null flag is false. Error 13 for what is neither null nor a date.
+    // From the two columns; a null flag is false. Error 13 for anything that is neither null nor a date.
     static DataRegistada daLinha(const QVariant& data, const QVariant& fixa);
 
     bool conhecida() const { return data.isValid(); }

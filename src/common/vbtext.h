@@ -1,9 +1,9 @@
-// Text functions that count from 1 and never fail, as the rules of the system are written with them.
+// Text functions that count from 1 and never fail; the rules of the system are written with them.
 #pragma once
 
 #include <QString>
 
-// Position of `part` in `text`, from 1; 0 where it isn't there.
+// Position of `part` in `text`, from 1; 0 if it isn't there.
 inline int InStr(const QString& text, const QString& part, int from = 1)
 {
     return static_cast<int>(text.indexOf(part, from - 1)) + 1;

@@ -56,7 +56,7 @@ void FrmFam::connectEvents()
 
 void FrmFam::Form_Load()
 {
-    if (parentWidget()) parentWidget()->move(0, 0); // where it fits, whatever dialog stands there yet
+    if (parentWidget()) parentWidget()->move(0, 0); // where it fits, even if a dialog is still there
     guarded([&] {
         const Hourglass ampulheta;
         adoFam.setRecordSource("select * from familia");

@@ -36,10 +36,10 @@ public:
     void AplicarModo(Modo modo) override;
     void LimpaCampos() override;
     // Shows the family with the number nf, or for 0 and none the one of the current row of rs, and puts the file on it.
-    // An error is shown, and leaves the fields behind it cleared.
+    // An error is shown, and leaves the fields not yet filled cleared.
     void ActualizaCampos(jet::Recordset& rs, Nfam nf);
-    // The card of a person brings the card up on a family: the way back is by cmdFechar, where that card was called up
-    // for a person. The card comes up before the family is sought: it stays where it was if the number leads nowhere.
+    // The card of a person brings the card up on a family: if that card was called up for a person, cmdFechar leads
+    // back to it. The card comes up before the family is looked up: a number that leads nowhere leaves it where it was.
     void mostraPara(OrigemFam origem, const QString& nfam);
     void abrePeloMenu();
     QString numero() const override { return txtNFam->text(); }
@@ -52,8 +52,8 @@ public:
     // stays.
     void eliminaFamilia();
 
-    // The seven types of a family, by what is known of its people; an error is shown and answers "7". No command calls
-    // it: the type is the user's choice.
+    // The type of a family, "1" to "7", by what is known of its people; an error is shown, and gives "7". No command
+    // calls it: the type is the user's choice.
     QString CalculaTipoFamilia(Nfam nfamilia);
 
 protected:
@@ -82,8 +82,8 @@ private:
     void mostraFicheiroVazio();
     void mostraMembro(const jet::Recordset& membro);
     void mostraFamilia();
-    // Puts adoFam on the family of the card, where a refresh has moved it away; on EOF for a family that has no row
-    // yet. Whoever writes to the row of adoFam calls it first.
+    // Puts adoFam back on the family of the card, as a refresh may have moved it away; at EOF for a family that has no
+    // row yet. To be called before the row of adoFam is written to.
     void poeFicheiroNaFicha();
     void cmdAnt_Click();
     void cmdSeg_Click();
@@ -142,7 +142,7 @@ private:
     jet::DataControl adoFilhos{cnBDP}; // its children
 
     Metade metades_[2];
-    Nfam NfamCorrente; // where a search that is cancelled comes back to; in an insert, the number proposed
+    Nfam NfamCorrente; // where a cancelled search comes back to; in an insert, the number proposed
     OrigemFam OrigemFam_ = OrigemFam::Menu;
     QString dtCasamAnterior; // what mskData held when it was entered
 };

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Kept: a movement that fails is passed over; where the cursor stands afterwards tells the edges.
+// Kept: a movement that fails is passed over; the cursor's place afterwards tells whether it was at an end.
 template <class Passo>
 void semErros(Passo passo)
 {
@@ -106,14 +106,14 @@ void FrmFam::mostraMembro(const jet::Recordset& membro)
     ProcuraItemData(*lado.estadoCivil, membro["estadocivil"]);
 }
 
-// What stands in the row of the family itself.
+// The columns of the family's own row.
 void FrmFam::mostraFamilia()
 {
     const jet::Recordset& familia = adoFam.recordset();
     ProcuraItemData(*cmbSit, familia["sfamilia"]);
     ProcuraTexto(*cmbTipoFam, familia["tipocasal"]);
 
-    // Stored dates stand without their mask until the fields are cleared again.
+    // Stored dates are shown without the mask, which comes back when the fields are cleared.
     const auto mostraData = [&](MaskedEdit* campo, const char* coluna) {
         const QVariant valor = familia[coluna];
         if (!valor.isNull()) campo->showPlain(textoDaData(valor));

@@ -21,7 +21,7 @@ void escolheLegitima(ComboBox& situacoes)
 void FrmFam::iniciaInsercao()
 {
     abreInsercao();
-    // Kept: the number behind the last row of the file, which isn't always the highest one.
+    // Kept: the number after that of the last row of the file, which isn't always the highest one.
     Nfam ultima;
     if (adoFam.hasRows()) {
         adoFam.recordset().moveLast();
@@ -102,7 +102,7 @@ void FrmFam::insereMembro(const Metade& membro)
                       " and nind = " + m);
 }
 
-// Kept: back on the last family, where the insert had taken its number, and not on the one shown before.
+// Kept: back on the last family, where the insert took its number from, and not on the one shown before.
 void FrmFam::cancelaInsercao()
 {
     fechaEdicao();
@@ -169,7 +169,7 @@ void FrmFam::reescreveMembro(const Metade& membro, bool temNumCasam)
                       " and nfamilia =" + n);
 }
 
-// On the card that the last family left empty there is no number to come back to.
+// On a card left empty by the deletion of the last family there is no number to come back to.
 void FrmFam::cancelaAlteracao()
 {
     fechaEdicao();

@@ -8,7 +8,7 @@
 #include "platform/forms/forms.h"
 #include "views/frmRP.h"
 
-// On an empty half nobody is sought, and the first individual is shown.
+// For an empty half there is nobody to look up, and the first individual is shown.
 void FrmFam::cmdDirInd_Click(int indice)
 {
     guarded([&] {
@@ -46,7 +46,7 @@ void FrmFam::mostraPara(OrigemFam origem, const QString& nfam)
     setEnabled(true);
     setFocusToForm();
     OrigemFam_ = origem;
-    // A search that is cancelled comes back to the family constituted, or to the one that stood there before that of
+    // A cancelled search comes back to the family that the person founded, or to the one shown before the family of
     // origin.
     NfamCorrente = Nfam::doCampo(origem == OrigemFam::FamiliaOrigem ? numero() : nfam);
     adoFam.recordset().moveFirst();
@@ -67,7 +67,7 @@ Dono FrmFam::dono()
     return {TipoDeDono::Familia, numero(), {}, mskData->text(), this, &adoFam.recordset()};
 }
 
-// The picker enables the card again when it goes.
+// The picker enables the card again when it closes.
 void FrmFam::cmdEncLoc_Click()
 {
     guarded([&] { pedeLocal(paraLista(OrigemLoc::Casamento, *this, *cmbLoc)); });
@@ -81,13 +81,13 @@ void FrmFam::cmdRP_Click()
 void FrmFam::cmdInt_Click()
 {
     guarded([&] {
-        // In an insertion the family has no row yet, and the file stands on the last one, where its number came from.
+        // In an insertion the family has no row yet, and the file is on the last one, where its number came from.
         if (passo() != Passo::Insercao) poeFicheiroNaFicha();
         JanelaDoDono::abre("frmIntervenientes", dono());
     });
 }
 
-// Kept: back on the individual's card, this one is left standing as it is.
+// Kept: on the way back to the individual's card, this one stays as it is.
 void FrmFam::cmdFechar_Click()
 {
     guarded([&] {

@@ -19,7 +19,7 @@ const QList<ModeRow>& FrmFam::modos() const
         {"txtIdade2",       {Open, blue},      {Shut, white},     {Keep}},
         {"txtNC1",          {Open, blue},      {Shut, white},     {Keep}},
         {"txtNC2",          {Open, blue},      {Shut, white},     {Keep}},
-        // Kept: stays shut in a search, so that the notes can't be sought.
+        // Kept: stays shut in a search, so that the notes can't be searched.
         {"txtObs",          {Open, blue},      {Shut, white},     {Keep}},
         {"cmbSit",          {Open, blue},      {Shut, white},     {Open, orange}},
         {"cmbTipoFam",      {Open, blue},      {Shut, white},     {Open, orange}},

@@ -32,7 +32,7 @@ void mostraIdade(QLabel* rotulo, const QVariant& nascimento, const QString& casa
 
 } // namespace
 
-// Runs while a family is being put on the card too: mskData is still empty then, and no age comes out.
+// Also runs while a family is being put on the card: mskData is still empty then, and no age results.
 void FrmFam::txtNind_Change(int indice)
 {
     guarded([&] {
@@ -52,7 +52,7 @@ void FrmFam::txtNind_Change(int indice)
     });
 }
 
-// The age of each member whose birth is known, where the marriage has a date.
+// The age of each member whose birth is known, if the marriage has a date.
 void FrmFam::mostraIdades()
 {
     for (const Metade& membro : metades_)

@@ -12,7 +12,7 @@
 
 namespace {
 
-// The dates stand between the signs as they were typed. Kept: the store reads them month first.
+// The dates go between the # signs as they were typed. Kept: the store reads them month first.
 QString condicaoDasDatas(const CriterioDeDatas& datas)
 {
     if (datas.fixa.isEmpty()) return " between #" + datas.inicio + "# and #" + datas.fim + "#";
@@ -118,7 +118,7 @@ void FrmFam::desistePorFaltaDeCriterio()
     fechaPesquisa();
 }
 
-// Back to the family in hand. Kept: the opening of the search doesn't take that from the card.
+// Back to NfamCorrente. Kept: opening the search doesn't set it from the card.
 void FrmFam::cancelaPesquisa()
 {
     AplicarModo(Modo::Cons);

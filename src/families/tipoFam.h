@@ -1,4 +1,4 @@
-// The type of a family, as what is known of its people defines it.
+// The type of a family, by what is known of its people.
 #pragma once
 
 #include <QString>

@@ -3,6 +3,6 @@
 
 #include <QString>
 
-// Kept: day and month of the text, without icon or title, at each leaving. A text that is no date stands there as it
-// is.
+// Kept: it shows day and month of the text, without icon or title, each time the field is left. A text that is no date
+// is shown as it is.
 void mostraDiaEMes(const QString& data);

@@ -41,9 +41,9 @@ void FrmDatas::Form_Load()
 void FrmDatas::mostraPara(Form& cartao, Procura procura)
 {
     const bool individuo = procura == Procura::Individuo;
-    if (isVisible() && isEnabled()) largaCartao(); // the other card would wait for good
+    if (isVisible() && isEnabled()) largaCartao(); // the other card would wait forever
     display();
-    setEnabled(true); // it may stand there as an earlier "Ok" left it, also for the other card
+    setEnabled(true); // an earlier "Ok" may have left it disabled, perhaps for the other card
     optData_0->setEnabled(individuo);
     optData_2->setEnabled(individuo);
     setFocusToForm();
@@ -63,7 +63,7 @@ CriterioDeDatas FrmDatas::criterio() const
     return criterio;
 }
 
-// One date or two: the fields of the other way are emptied.
+// One date or two: the fields of the other choice are emptied.
 void FrmDatas::optTData_Click(int indice)
 {
     guarded([&] {

@@ -11,11 +11,10 @@
 
 #include <optional>
 
-// What frmDatas says: one date, or where that stands empty, an interval. The texts are as the fields hold them, dates
-// or not.
+// What frmDatas says: one date or, if that is empty, an interval. The texts are as the fields hold them, dates or not.
 struct CriterioDeDatas
 {
-    int data = -1; // index of the option that is on, disabled or not; -1 where none is
+    int data = -1; // index of the option that is on, disabled or not; -1 if none is
     QString fixa;  // empty: the interval counts
     QString inicio, fim;
 };
@@ -30,7 +29,7 @@ public:
 
     FrmDatas();
 
-    // Whose dates are sought. A family offers the marriage and the first child alone.
+    // Whose dates are searched for. A family offers only the marriage and the first child.
     enum class Procura
     {
         Individuo,
@@ -56,12 +55,12 @@ private:
 // The one form, loaded at first touch.
 FrmDatas& frmDatas();
 
-// Where frmDatas has to stand in the order of the loaded forms to be read.
+// Where frmDatas has to be in the order of the loaded forms to be read.
 enum class Onde
 {
     UltimaFicha, // the last one
     QualquerFicha
 };
 
-// Reads a frmDatas that was left loaded, and unloads it: so it is used once. Nothing where there is none.
+// Reads a frmDatas that was left loaded, and unloads it, so that it is used once. Nothing if there is none.
 std::optional<CriterioDeDatas> recolheDatas(Onde onde);

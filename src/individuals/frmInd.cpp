@@ -79,7 +79,7 @@ void FrmInd::connectEvents()
 
 void FrmInd::Form_Load()
 {
-    if (parentWidget()) parentWidget()->move(0, 0); // where it fits, whatever dialog stands there yet
+    if (parentWidget()) parentWidget()->move(0, 0); // where it fits, even if a dialog is still there
     guarded([&] {
         const Hourglass ampulheta;
         adoInd.setRecordSource("select nind from individuo order by nind");

@@ -28,38 +28,38 @@ public:
     FrmInd();
 
     void LimpaCampos() override;
-    // Shows the individual whose number stands in the field `Nind` of the current row. An error is shown, and leaves
-    // the fields behind it cleared.
+    // Shows the individual whose number is in the field `Nind` of the current row. An error is shown, and leaves the
+    // fields not yet filled cleared.
     void ActualizaCampos(jet::Recordset& rs);
     // Moves the list to the person with that number, to its first row for an empty text, and shows the person.
     void mostra(const QString& nind);
     // Deletes the references of the person shown, then the person, and shows the one before. An error on a reference
-    // leaves everything; a person who can't be deleted afterwards stays, and nothing is said.
+    // leaves everything as it was; a person who then can't be deleted silently stays.
     void eliminaIndividuo();
 
-    // Brings the card up, behind the splash where it has to be loaded first, to have a person chosen. It shows the
+    // Brings the card up, behind the splash if it has to be loaded first, so that a person is chosen. It shows the
     // person with the number `primeiro`, the first one for an empty text, and stays as it is without one. The newer
     // request takes the place of the older, whose asker is enabled when the card closes.
     static void pede(PedidoDeIndividuo pedido, const std::optional<QString>& primeiro);
-    // Brings the card up to look at a person; nobody asks for one any more.
+    // Brings the card up to look at a person; any request for one ends.
     static void consulta(const QString& nind);
     static void abrePeloMenu();
-    // Brings it up, behind the splash where it has to be loaded first, with "a&Tribuir" as the Chamada says.
+    // Brings it up, behind the splash if it has to be loaded first, with "a&Tribuir" as the Chamada says.
     static void FrmIndLoaded();
-    // A form that asks by `origem` goes: its request ends, and the card shows the person with that number again.
+    // The form that asks as `origem` closes: its request ends, and the card shows the person with that number again.
     void desiste(OrigemInd origem, const QString& nind);
-    // The participants of a baptism go: the card comes forward on the person baptized.
+    // The window of a baptism closes: the card comes to the front, on the person baptized.
     void voltaDoBaptismo(const QString& nind);
-    // The list, not the card, goes to its first row, unless somebody edits or searches there.
+    // The list, not the card, goes to its first row, unless an edit or a search is under way.
     void vaiAoPrincipio();
     // Enables whoever waits for this card: the card of families and all who have asked for a person.
     void FrmLoaded();
 
-    // What stands on the card
-    QString numero() const override { return txtNind->text(); } // "" where nobody is shown
+    // What the card shows
+    QString numero() const override { return txtNind->text(); } // "" if nobody is shown
     QString nome() const { return txtNome->text(); }
-    QString sexo() const;       // "m", "f" or "d"; "" where none is chosen
-    QString dataDaVida() const; // of the birth, or of the death where the birth is no date; "" for neither
+    QString sexo() const;       // "m", "f" or "d"; "" if none is chosen
+    QString dataDaVida() const; // of the birth, or of the death if the birth is no date; "" for neither
 
     Dono dono() override;
 
@@ -126,12 +126,12 @@ private:
     void iniciaPesquisa() override;
     void confirmaPesquisa() override;
     void cancelaPesquisa() override;
-    QString instrucaoDaPesquisa() const; // "" where nothing is sought
+    QString instrucaoDaPesquisa() const; // "" if nothing is searched for
     Filtro condicoesDosCampos() const;
 
     // Handing an individual over, and closing
     void atendeActo(const std::optional<QString>& primeiro);
-    void permiteAtribuir(); // after an edit or a search, where somebody waits for a person
+    void permiteAtribuir(); // after an edit or a search, if somebody waits for a person
     void cmdAtribuir_Click();
     void cmdTest_Click();
     void atribuiTestamenteiro();

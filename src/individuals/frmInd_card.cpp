@@ -76,7 +76,7 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
         txtFamOrig->setText(textoDoNumero(registo["famorig"]));
         txtTit->setText(registo["titulo"].toString());
         txtAlcunha->setText(registo["alcunha"].toString());
-        // Stored dates stand without their mask until the fields are cleared again.
+        // Stored dates are shown without the mask, which comes back when the fields are cleared.
         mskini->showPlain(textoDaData(registo["inicioobs"]));
         mskFim->showPlain(textoDaData(registo["fimobs"]));
 

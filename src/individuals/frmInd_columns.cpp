@@ -55,7 +55,7 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
     };
 }
 
-// Every column is written, null where the field is empty. Kept: the mother's age goes in as 0 then, and the radio that
+// Every column is written, null where the field is empty. Kept: the mother's age goes in as 0 then, and the option that
 // is on leaves the other's column as it was.
 FrmInd::Valores FrmInd::valoresDaAlteracao()
 {

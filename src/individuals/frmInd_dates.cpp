@@ -49,7 +49,8 @@ void FrmInd::mskDtObito_GotFocus()
     DataObitoAntiga = mskDtObito->text();
 }
 
-// Kept: not the mirror of the birth field. An invalid date leaves mskFim alone, and each leaving proposes the parish.
+// Kept: not the mirror of the birth field. An invalid date leaves mskFim alone, and the parish is proposed each time
+// the field is left.
 void FrmInd::mskDtObito_LostFocus()
 {
     guarded([&] {
@@ -80,7 +81,7 @@ void FrmInd::recusaData(MaskedEdit* campo, const QString& motivo)
     Focus::setTo(campo);
 }
 
-// The age by the two dates, for the eye only. Called with one of them valid; the other may be any text.
+// The age by the two dates, shown and not stored. Called with one of them valid; the other may be any text.
 void FrmInd::mostraIdadeCalculada()
 {
     lblIdCalc->clear();

@@ -7,8 +7,8 @@
 
 namespace {
 
-// Kept: the statement of the own appearances as assistant is sent twice. Those who assisted at the death, the heirs and
-// the columns in which others name the person keep the number.
+// Kept: the statement for the person's own appearances as an assistant is sent twice. Those who assisted at the death,
+// the heirs and the columns in which others name the person keep the number.
 void eliminaReferencias(const QString& n)
 {
     cnBDP.execute("delete from residencia where tiporesid = 'i' and numero = " + n);
@@ -22,8 +22,8 @@ void eliminaReferencias(const QString& n)
     cnBDP.execute("delete from passaporte where nind = " + n);
 }
 
-// A family that loses its only spouse goes, and its children have no family of origin any more. Kept: a couple loses
-// both spouses, and the family stays without any; more than two are left alone.
+// A family that loses its only spouse is deleted, and its children no longer have a family of origin. Kept: a couple
+// loses both spouses, and the family stays without any; more than two are left alone.
 void desfazFamilia(const QString& f)
 {
     const jet::Recordset contagem(cnBDP, "select count(*) as cont from familias where nfamilia = " + f);
@@ -48,7 +48,7 @@ void FrmInd::elimina()
 // Kept: the row itself goes after the commit, and the family card is not told.
 void FrmInd::eliminaIndividuo()
 {
-    poeListaNoNumero(txtNind->text()); // the list may stand elsewhere, as before an alteration
+    poeListaNoNumero(txtNind->text()); // the list may be elsewhere, as at the start of an alteration
     const QString n = textoDoNumero(adoInd.recordset()["Nind"]);
     jet::Transaction transaccao(cnBDP);
     eliminaReferencias(n);

@@ -15,7 +15,7 @@ void FrmInd::iniciaInsercao()
     propoeIndividuo();
 }
 
-// A blank card for the next individual: the number behind the last one, which the user may overtype, and the type "T".
+// A blank card for the next individual: the number after the last one, which the user may overtype, and the type "T".
 void FrmInd::propoeIndividuo()
 {
     if (adoInd.hasRows()) {
@@ -61,7 +61,7 @@ void FrmInd::cancelaInsercao()
 
 void FrmInd::iniciaAlteracao()
 {
-    // The list may stand elsewhere: on its first row after an alteration or after the menu brought the card up.
+    // The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
     poeListaNoNumero(txtNind->text());
     abreAlteracao();
     Tipo = Trim(cmbTipoInd->text());

@@ -18,7 +18,7 @@ const QList<ModeRow>& FrmInd::modos() const
         {"cmbTipoInd",      {Open, blue},          {Shut, white},         {Open, orange}},
         {"optSexo_0",       {Enabled, highlight},  {Disabled, highlight}, {Enabled, deepOrange}},
         {"optSexo_1",       {Enabled, highlight},  {Disabled, highlight}, {Enabled, deepOrange}},
-        // Kept: stays shut as "Cons" left it, so that "D" can't be sought.
+        // Kept: stays shut as "Cons" left it, so that "D" can't be searched for.
         {"optSexo_2",       {Enabled, highlight},  {Disabled, highlight}, {Keep, deepOrange}},
         {"mskini",          {Enabled, blue},       {Disabled, white},     {Disabled}},
         {"mskFim",          {Enabled, blue},       {Disabled, white},     {Disabled}},

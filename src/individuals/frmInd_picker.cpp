@@ -1,4 +1,4 @@
-// The card as a picker: the individual shown goes to whoever called the card up, and so does the user who closes it.
+// The card as a picker: it hands the individual shown to whoever called it up, and leads back there when it closes.
 #include "individuals/frmInd.h"
 
 #include "common/dates.h"
@@ -28,7 +28,7 @@ void FrmInd::atendeActo(const std::optional<QString>& primeiro)
         if (!primeiro->isEmpty()) NindCorrente = Nind::doCampo(*primeiro);
         procuraRegisto(primeiro->isEmpty() ? QString() : "nind = " + *primeiro);
     }
-    cmdAtribuir->setEnabled(modo() == Modo::Cons); // whoever edits or searches there ends that first
+    cmdAtribuir->setEnabled(modo() == Modo::Cons); // an edit or a search there has to end first
 }
 
 void FrmInd::consulta(const QString& nind)
@@ -105,7 +105,7 @@ void FrmInd::cmdTest_Click()
 {
     guarded([&] {
         NindCorrente = Nind::doCampo(numero());
-        testador = NindCorrente; // a value of its own: each person shown becomes NindCorrente
+        testador = NindCorrente; // a copy, as each person shown becomes NindCorrente
         chamada().comeca({.origem = OrigemInd::Testamenteiro,
                           .quem = this,
                           .espera = false,

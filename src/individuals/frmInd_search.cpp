@@ -12,7 +12,7 @@
 
 namespace {
 
-// Month first, as a statement takes a date. A text that is none goes on as it is, for the store to refuse.
+// Month first, as a statement takes a date. A text that is no date is left as it is, for the store to refuse.
 QString mesPrimeiro(const QString& data)
 {
     return eData(data) ? dataDoTexto(data).toString("MM/dd/yyyy") : data;
@@ -38,7 +38,7 @@ QString pelosCampos(const Filtro& filtro)
            " order by nome";
 }
 
-// Kept: who married more than once is tested on the first marriage that the store gives.
+// Kept: anybody married more than once is tested on the first marriage that the store returns.
 QString peloCasamento(const Filtro& filtro, const QString& data)
 {
     return "select individuo.nind as Nind, nome, datanasc, dataobito,  famorig, first(datacasam) from individuo, "
@@ -161,5 +161,5 @@ void FrmInd::aceitaAchado(const QString& numero)
 
 void FrmInd::terminaNoAchado()
 {
-    permiteAtribuir(); // Kept: the list of all people stays where it stood before the search.
+    permiteAtribuir(); // Kept: the list of all people stays where it was before the search.
 }

@@ -35,33 +35,33 @@ struct RecusaDeIndividuo
     Icon icone = Icon::Information;
 };
 
-// What becomes of the card when a person was handed over, and when it is closed instead.
+// What happens to the card when a person was handed over, and when it is closed instead.
 enum class DepoisDePedido
 {
     Esconde,       // it is hidden, all who wait are enabled, and nobody asks any more
-    FicaAberta,    // it waits, disabled, beside who asked, who may ask again; closing it ends the request
+    FicaAberta,    // it waits, disabled, beside the asker, who may ask again; closing it ends the request
     FicaEscondida, // the same, hidden
     ReabreEdicao   // it goes on with the edit that it was called up from; closing it leaves it on its list
 };
 
-// A request for a person. The card knows who asks by nothing else.
+// A request for a person: all that the card knows of who asks.
 struct PedidoDeIndividuo
 {
     OrigemInd origem = OrigemInd::Ninguem;
     QPointer<Form> quem = {}; // who waits
     bool espera = true;       // disabled meanwhile
 
-    // The request of an act: the card is enabled for it and comes up as it is; one that is being edited or searched by
-    // stays on its person, and that ends before "a&Tribuir" is open.
+    // The request of an act: the card is enabled for it and comes up as it is; in the middle of an edit or a search it
+    // stays on its person, and "a&Tribuir" only opens when that is over.
     bool deActo = false;
     bool IndChamado = false; // sets that of the Chamada; else it stays as it was
 
     DepoisDePedido depois = DepoisDePedido::Esconde;
-    QString DataActo = {}; // when the person must have been observable, dd/mm/yyyy; "" where that isn't known
-    // The reason not to hand the person shown over; none where there is none.
+    QString DataActo = {}; // when the person must have been observable, dd/mm/yyyy; "" if that isn't known
+    // The reason not to hand over the person shown, if there is one.
     std::function<std::optional<RecusaDeIndividuo>(const PedidoDeIndividuo&, const FrmInd&)> recusa = {};
     std::function<void(FrmInd&)> recebe = {};               // takes the person shown
-    std::function<void(const FrmInd&)> segueAlteracao = {}; // the person shown was altered while the request stood
+    std::function<void(const FrmInd&)> segueAlteracao = {}; // the person shown was altered during the request
 };
 
 // The request in force. It outlives the card, which may be called up before it is loaded.
@@ -80,12 +80,12 @@ public:
 
     // Takes the place of the request in force. Its asker gets nobody, and goes on waiting until libertaQuemEspera().
     void comeca(PedidoDeIndividuo pedido);
-    // Disables the new asker: once the card stands before the user, as a card that fails to come up leaves nobody
+    // Disables the new asker. Called once the card is on the screen, so that a card that fails to come up leaves nobody
     // waiting.
     void espera();
     // Nobody asks any more. IndChamado stays.
     void desiste() { pedido_ = {}; }
-    // Nobody asks or calls any more, but for a family that is being edited: there the other spouse may come next.
+    // Nobody asks or calls any more, except for a family that is being edited: there the other spouse may come next.
     void acaba();
     void terminaIndChamado() { IndChamado_ = familiaEmEdicao_; }
     // Enables all who have waited since the last time.

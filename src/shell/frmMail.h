@@ -9,9 +9,9 @@ namespace Ui {
 class frmMail;
 }
 
-// The URL that opens a new message: empty parts are left out. Blanks and "%" of a part stay as they are; "&" and what
-// isn't printable ASCII is encoded by its code in code page 1252 ("?" for a character beyond it). Line breaks of any
-// kind count as CR LF. The address isn't encoded.
+// The URL that opens a new message: empty parts are left out. Blanks and "%" of a part stay as they are; "&" and
+// anything that isn't printable ASCII are encoded by their codes in code page 1252 ("?" for a character that it doesn't
+// have). Line breaks of any kind count as CR LF. The address isn't encoded.
 QString urlDoMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
                   const QString& body);
 

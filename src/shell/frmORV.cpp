@@ -67,7 +67,7 @@ void FrmORV::connectMenus()
     on(ui->mnuSair, &FrmORV::mnuSair_Click);
 }
 
-// These stand in the tree with their handlers, out of the user's reach for good.
+// These items exist, with their handlers, but the user can never reach them.
 void FrmORV::switchOffItems()
 {
     for (QMenu* menu : {ui->mnuLocais, ui->mnuActual, ui->mnuRel}) {
@@ -128,7 +128,8 @@ void FrmORV::mudaBDP(const QString& operacao)
         Forms::unloadAll();
         recomecaSessao(); // a search left behind would bar every insert in the next BDP
         CodParoquia.clear();
-        // The dialog names the parish that is being left: it reads the caption in its load, before the caption changes.
+        // The dialog names the parish that is being left: it reads the caption while it loads, before the caption
+        // changes.
         if (windowTitle() != QString::fromUtf8(tituloCurto)) frmBack().displayFor("a");
         setSessionMenus(false);
         setWindowTitle(tituloCurto);

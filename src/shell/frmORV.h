@@ -18,7 +18,7 @@ public:
     FrmORV();
     ~FrmORV() override;
 
-    // Opens the BDP that the command line names and shows its card; without one, waits with the session's items off.
+    // Opens the BDP that the command line names and shows its card; without one, the menu items of a session stay off.
     void Form_Load(const QString& commandLine);
 
 protected:

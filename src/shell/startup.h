@@ -8,17 +8,17 @@ class FrmORV;
 // Runs the program on the command line given, to its end. Returns the exit status.
 int runProgram(int argc, char** argv);
 
-// The text behind the program's name: one argument as it is, several joined by one blank.
+// The text after the program's name: one argument as it is, several joined by one blank.
 QString commandLineText(int argc, char** argv);
 
 // Makes every form known by its name.
 void registerForms();
 
-// Loads and shows the main window, with `commandLine` as the text behind the program's name (untrimmed; "" for none).
+// Loads and shows the main window, with `commandLine` as the text after the program's name (untrimmed; "" for none).
 // Precondition: the application object exists, and prepareApplication() has run.
 FrmORV& startProgram(const QString& commandLine);
 
-// Another session begins: nobody asks for a person or a place, and no search is under way.
+// Another session begins: nobody is asking for a person or a place, and no search is under way.
 void recomecaSessao();
 
 // What the program sets up on its application object: language, style, focus watch, icons.

@@ -19,7 +19,7 @@ public:
     FrmBack();
     ~FrmBack() override;
 
-    // Shows the dialog, and then notes the occasion, which decides what its unload does, copy or no copy:
+    // Shows the dialog, then notes the occasion, which decides what unloading it does, with or without a copy:
     // "a" shows frmIni, "f" ends the program, "b" nothing.
     void displayFor(const QString& ocasiao);
 

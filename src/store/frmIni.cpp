@@ -81,7 +81,7 @@ void FrmIni::escolheNovaBDP()
 void FrmIni::Command1_Click()
 {
     guarded([&] {
-        // A picker that stands open for the cards offers more than parishes.
+        // A picker left open for the cards offers more than parishes.
         if (Form* aberta = Forms::find("frmLocalizacao")) aberta->unload();
         // The picker sets CodParoquia and CodPais itself.
         pedeLocal(
@@ -107,7 +107,7 @@ void FrmIni::cmdOk_Click()
 }
 
 // Kept: cancelling a creation leaves the connection and the menus alone; cancelling an opening closes an open
-// connection and yet leaves the menus on.
+// connection but leaves the menus on.
 void FrmIni::cmdC_Click()
 {
     guarded([&] {

@@ -1,4 +1,4 @@
-// The dialog that opens or creates a BDP and fixes its parish.
+// The dialog that opens or creates a BDP and sets its parish.
 #pragma once
 
 #include "platform/forms/form.h"
@@ -9,7 +9,7 @@ namespace Ui {
 class frmIni;
 }
 
-// Serves the operation that OperacaoBDP names when it is loaded. It is left only by "OK" or "Cancelar".
+// Carries out the operation that OperacaoBDP names when it is loaded. Only "OK" and "Cancelar" close it.
 class FrmIni : public Form
 {
     Q_OBJECT

@@ -5,16 +5,16 @@
 
 #include <QString>
 
-// Opens cnBDP on the file and brings its schema up to date. False, and the error shown, where it can't be opened; the
-// connection is closed then and StrLigacao holds the path that failed.
+// Opens cnBDP on the file and brings its schema up to date. If it can't be opened, shows the error and returns false;
+// the connection is then closed, and StrLigacao holds the path that failed.
 bool AbreBDP(const QString& caminho);
 
 // Makes a BDP from the data files of the program's folder, asking before it replaces a file. Errors are shown here;
-// what was made before one stays on the disk.
+// what was made before an error stays on the disk.
 void CriaBDP(const QString& caminho);
 
 // CriaBDP without windows, and its two halves. Throw jet::Error; what was made before the error is kept in the file.
-// Precondition: no file stands at `caminho` (Error 58 otherwise); `bdp` is open.
+// Precondition: there is no file at `caminho` (Error 58 otherwise); `bdp` is open.
 void EscreveBDP(const QString& caminho);
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro);
 void CarregaDadosIniciais(jet::Connection& bdp);

@@ -17,7 +17,7 @@ struct Destino
     const char* tabela;
 };
 
-// By hierarchy, so that parents stand before their children.
+// By hierarchy, so that parents come before their children.
 constexpr std::array locais{
     Destino{"paises.dat", "pais"},       Destino{"zonas.dat", "zonapais"},     Destino{"distrito.dat", "distrito"},
     Destino{"concelho.dat", "concelho"}, Destino{"freguesia.dat", "paroquia"}, Destino{"lugares.dat", "lugar"},
@@ -30,7 +30,7 @@ constexpr std::array codigos{
 
 using Insert = jet::Connection::Insert;
 
-// Null where the header isn't one of the table: the first row tells what is wrong.
+// Null if the header doesn't fit the table: the first row then tells what is wrong.
 std::unique_ptr<Insert> preparedFor(jet::Connection& bdp, const QString& tabela, const QString& cabecalho)
 {
     try {
@@ -54,7 +54,7 @@ void slice(const QByteArray& line, QList<QByteArray>& values)
 
 // Loads a file whose first line names the columns and whose others are rows, all with ";" between the values. The
 // values are texts, with no escaping of any kind: the engine converts them. A line that doesn't fit the header, or
-// holds an apostrophe, goes to the engine as the statement that it makes, so that the failure is the engine's own.
+// holds an apostrophe, is sent to the engine as a whole statement, so that the failure is the engine's own.
 void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
 {
     DataFile dados = DataFile::inProgramFolder(destino.ficheiro);
@@ -90,7 +90,7 @@ void keepingAll(jet::Connection& bdp, Load&& load)
     } catch (...) {
         try {
             bdp.commitTrans();
-        } catch (const jet::Error&) { // the first failure, such as a full disk, tells more
+        } catch (const jet::Error&) { // the first failure, such as a full disk, says more
         }
         throw;
     }
@@ -152,7 +152,7 @@ void ActualizaLocais()
 
 // Reads the older form of prof.dat: no header, fields separated by ",".
 // Kept: the name's length is right only for a code of one character, the note loses its first letter, and any error
-// ends the update without a word.
+// ends the update silently.
 void ActualizaProfissoes()
 {
     jet::RoutineScope scope(cnBDP);

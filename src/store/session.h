@@ -8,7 +8,7 @@
 
 #include <functional>
 
-extern jet::Connection cnBDP; // the one connection; every form speaks through it
+extern jet::Connection cnBDP; // the one connection; every form uses it
 extern QString StrLigacao;    // connection string of the open BDP
 extern QString CodParoquia;   // code of the parish under study; "": none chosen yet
 extern QString CodPais;       // its country, two characters
@@ -21,11 +21,11 @@ inline constexpr auto tituloLongo = "ORV - Sistema de Ordenação de Róis e Vid
 // The filter of every dialog that names a BDP.
 inline constexpr auto filtroBDP = "BDP - ORV (*.orv)|*.orv";
 
-// Connection string of the BDP at `caminho`, which is taken as it stands.
+// Connection string of the BDP at `caminho`, which is taken as it is.
 QString ligacaoPara(const QString& caminho);
 
-// The three menu items that follow the session: mnuEditInd, mnuEditFam, mnuManut. The main window, which has them,
-// tells once how they are enabled.
+// The three menu items that follow the session: mnuEditInd, mnuEditFam, mnuManut. The main window, which owns them,
+// registers once how they are enabled.
 void setSessionMenus(bool enabled);
 void onSessionMenus(std::function<void(bool enabled)> enable);
 

@@ -38,7 +38,7 @@ Arvore::No Arvore::junta(const QString& texto)
 Arvore::No Arvore::junta(No pai, const jet::Recordset& pessoa)
 {
     ultimo_ = new QTreeWidgetItem(pai, {nomeNaArvore(pessoa["nome"].toString()) + resumo_(pessoa)});
-    pai->setExpanded(true); // laid out only when a node is shown in the end
+    pai->setExpanded(true); // only laid out when a node is shown at the end
     return ultimo_;
 }
 
@@ -53,7 +53,7 @@ void Arvore::juntaPaisEAvos(No no, const QString& familia)
 {
     jet::Recordset membro(cnBDP, membros(familia));
     if (membro.eof()) return;
-    // Kept: a family of one, or of three, draws its first member alone.
+    // Kept: of a family of one, or of three, only the first member is drawn.
     if (membro.recordCount() == 2) {
         juntaComPais(no, membro);
         membro.moveNext();

@@ -10,12 +10,12 @@
 struct PessoaDaArvore
 {
     QString nind, nome;
-    QString famorig = {}; // "" where no family of origin is known
+    QString famorig = {}; // "" if no family of origin is known
 };
 
 // Draws upward only: a node stands for a person, the nodes under it for the members of that person's family of origin.
-// A node is a text: the name, and what `resumo` says of the person's record. The depth is that of the calls, so a
-// person who is his own ancestor is merely drawn twice.
+// A node is a text: the name, and what `resumo` says of the person's record. The tree is as deep as the calls make it,
+// so somebody recorded as their own ancestor is merely drawn twice.
 class Arvore
 {
 public:
@@ -30,9 +30,9 @@ public:
     // The members of a family under a node; none for 0 or null.
     void juntaMembros(No no, const QVariant& familia);
     // Two generations under a node: the parents and, under each, theirs. Of two members both are drawn; of any other
-    // number the first one alone.
+    // number only the first.
     void juntaPaisEAvos(No no, const QString& familia);
-    // The end of the drawing: brings a node into sight.
+    // Ends the drawing: scrolls to a node.
     void mostraUltimo();
     void mostra(No no);
 
@@ -45,5 +45,5 @@ private:
     No ultimo_ = nullptr;
 };
 
-// A name as the nodes show it: every run of four blanks is gone.
+// A name as the nodes show it: every run of four blanks is removed.
 QString nomeNaArvore(QString nome);

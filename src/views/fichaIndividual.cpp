@@ -11,7 +11,8 @@
 
 namespace {
 
-// Kept: the order names a table that the statement hasn't got, so the engine refuses it, and the parents stay blank.
+// Kept: the "order by" names a table that the statement doesn't have, so the engine refuses it, and the parents stay
+// blank.
 QString nomesDosPais(const QString& familia)
 {
     jet::Recordset pais(cnBDP, "select nome, sexo from  individuo, familia, familias where "
@@ -23,7 +24,7 @@ QString nomesDosPais(const QString& familia)
     return pais.eof() ? nome : nome + " e de " + pais[0].toString();
 }
 
-// A mark that isn't found gets its text where the last one ended.
+// If a mark isn't found, its text goes where the last one ended.
 void SubstituiMarca(RtfDocument& ficha, const QString& marca, const QString& texto)
 {
     ficha.find(marca);

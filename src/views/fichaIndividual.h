@@ -4,6 +4,6 @@
 #include "platform/jet/recordset.h"
 
 // Fills the template fichInd.doc in with the current row of `individuo` and leaves the result beside it, as
-// resultfichInd.doc, in the place of an earlier one.
-// Kept: what fails is passed over, and the end is told all the same.
+// resultfichInd.doc, in place of an earlier one.
+// Kept: failures are passed over, and the end is announced all the same.
 void FichaIndividual(const jet::Recordset& pessoa);

@@ -12,7 +12,7 @@
 
 #include <functional>
 
-// The card that shows it is disabled until it goes.
+// The card that opens it is disabled until the window closes.
 class FrmArv : public Form, private Ui::FrmArv
 {
     Q_OBJECT

@@ -44,7 +44,7 @@ bool FrmRP::Form_QueryUnload(UnloadMode mode)
     return mode != UnloadMode::ControlMenu;
 }
 
-// Kept: the caption doesn't tell the record.
+// Kept: the caption doesn't name the record.
 void FrmRP::mostraPara(Ficha& ficha, const QString& tipo)
 {
     display();
@@ -64,7 +64,7 @@ void FrmRP::cmdLoc_Click()
     guarded([&] { txtLoc->setText(QDir::toNativeSeparators(openFileName("Registos Paroquiais"))); });
 }
 
-// Kept: a path can be replaced, and never taken away. The form stays, and the card hidden.
+// Kept: a path can be replaced, but never removed. The form stays open, and the card hidden.
 void FrmRP::cmdG_0_Click()
 {
     guarded([&] {
@@ -82,7 +82,7 @@ void FrmRP::cmdG_1_Click()
     guarded([&] { voltaAFicha(); });
 }
 
-// Shows what stands in the field, stored or not.
+// Shows the file in the field, stored or not.
 void FrmRP::cmdG_2_Click()
 {
     guarded([&] {

@@ -23,7 +23,8 @@ public:
     // ("c") of a family.
     struct Registo;
 
-    // Takes the place of the card, which is hidden until the form goes, for a record of what it shows.
+    // Takes the place of the card, which is hidden until the form closes, for a record of the person or family that it
+    // shows.
     // Precondition: `tipo` is one of the three letters.
     void mostraPara(Ficha& ficha, const QString& tipo);
 
@@ -38,7 +39,7 @@ private:
     void voltaAFicha();
 
     QPointer<Ficha> ficha_;
-    const Registo* registo_ = nullptr; // null while no card has told which
+    const Registo* registo_ = nullptr; // null until a card has said which
 };
 
 // Loaded at first touch.

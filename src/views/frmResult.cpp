@@ -50,7 +50,7 @@ FrmResult::FrmResult() : Form(Name)
     connect(cmdFechar, &CommandButton::clicked, this, &FrmResult::cmdFechar_Click);
 }
 
-// Beside the card, at the right under the top edge, and as high as there is room.
+// Beside the card, at the top right, and as tall as there is room for.
 void FrmResult::Form_Load()
 {
     constexpr int margem = 13;

@@ -1,4 +1,4 @@
-// The list of what a search has found. While it stands, it drives the card that has searched.
+// The list of what a search has found. While it is open, it drives the card that has searched.
 #pragma once
 
 #include "common/ficha.h"
@@ -14,7 +14,7 @@
 #include <functional>
 
 // The row chosen by the user is shown on the card, its tree is drawn and its dated facts are listed. Each of the three
-// buttons ends the window: it accepts the hit, ends the search on it, or drops the results for a new search.
+// buttons closes the window: it accepts the hit, ends the search on it, or drops the results for a new search.
 class FrmResult : public Form, private Ui::FrmResult
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ class FrmResult : public Form, private Ui::FrmResult
 public:
     static constexpr auto Name = "frmResult";
 
-    // What was sought.
+    // What was searched for.
     enum class Uso
     {
         Individuos,

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The place of birth stands behind the date, and also without one.
+// The place of birth follows the date, and is shown without one too.
 QString datasELocal(const jet::Recordset& pessoa)
 {
     const QVariant codigo = pessoa["localnasc"];

@@ -8,7 +8,7 @@
 
 namespace {
 
-// A text as the format writes it, in ASCII. Characters that have no picture are left out.
+// A text as the format writes it, in ASCII. Characters with nothing to show are left out.
 QByteArray encoded(QString text)
 {
     QByteArray bytes;
@@ -61,7 +61,7 @@ bool RtfDocument::find(const QString& text)
 void RtfDocument::paste(const QString& text)
 {
     const QByteArray bytes = encoded(text);
-    if (from_ == to_ && pasted_ >= 0) { // behind what was pasted last
+    if (from_ == to_ && pasted_ >= 0) { // after what was pasted last
         edits_[pasted_].bytes += bytes;
         return;
     }

@@ -12,21 +12,21 @@
 class RtfDocument
 {
 public:
-    // Nothing where the file can't be read or is no such document.
+    // Nothing if the file can't be read or is no such document.
     static std::optional<RtfDocument> open(const QString& path);
 
     // The text as it was opened.
     const QString& text() const { return read_.text; }
 
-    // Selects the first occurrence behind the selection, whatever its case and its formatting. False, with the
-    // selection as it was, where there is none.
+    // Selects the first occurrence after the selection, whatever its case and its formatting. False, with the selection
+    // unchanged, if there is none.
     bool find(const QString& text);
 
-    // Puts a text in the place of the selection, which then is empty and stands behind it.
+    // Replaces the selection with a text; the selection is then empty and follows it.
     void paste(const QString& text);
 
-    // Writes the whole document or nothing: false then, and an earlier file stays. A folder or a file that nobody may
-    // write is left alone for the superuser, too.
+    // Writes the whole document, or nothing: then it returns false, and an earlier file stays. A folder or a file that
+    // nobody may write is left alone even by the superuser.
     bool saveAs(const QString& path) const;
 
 private:

@@ -173,7 +173,7 @@ private:
     bool wasAfterWord_ = false;
     bool ended_ = false;
     int toSkip_ = 0;
-    QList<Group> groups_{Group{}}; // what stands around the document, and the groups that are open
+    QList<Group> groups_{Group{}}; // the outside of the document, and the groups that are open
     RtfText result_;
 };
 

@@ -1,4 +1,4 @@
-// The text of a document in Rich Text Format, and where each of its characters stands in the bytes.
+// The text of a document in Rich Text Format, and where in the bytes each of its characters is.
 #pragma once
 
 #include <QByteArray>
@@ -12,12 +12,11 @@ struct RtfText
     {
         qsizetype begin;
         qsizetype end;
-        bool
-            afterWord; // behind a control word that nothing separates from it: a letter or a digit would be read as its
+        bool afterWord; // directly after a control word: a letter or a digit here would be read as a part of it
     };
 
     QString text;      // paragraphs, lines and the rows of a table end in "\n", its cells in a tab
-    QList<Span> spans; // of the characters, and an empty one where the text ends
+    QList<Span> spans; // of the characters, and an empty one at the end of the text
 };
 
 // The text of the pages alone: no tables of fonts or styles, no properties, headers, footers and notes, and nothing

@@ -9,8 +9,8 @@
 // Whether the bytes mean the same in every encoding that the program meets.
 bool isAscii(const QByteArray& bytes);
 
-// Nothing where a byte has no character in the code page, or where the bytes beyond ASCII read as UTF-8: the text was
-// saved in another encoding then.
+// Nothing if a byte has no character in the code page, or if the bytes beyond ASCII read as UTF-8: then the text was
+// saved in another encoding.
 std::optional<QString> fromCodePage(const QByteArray& bytes);
 
 // A character that the code page doesn't have gives "?".

@@ -13,7 +13,7 @@ namespace {
 std::function<int(const QString&)> opener;
 QString folder;
 
-// The desktop gets the very text: no toolkit's idea of a URL comes between.
+// The desktop gets the text unchanged, without the toolkit's idea of a URL in between.
 int handOver(const QString& text)
 {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)

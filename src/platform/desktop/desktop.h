@@ -1,4 +1,4 @@
-// What the program hands to the desktop, and where its own files stand.
+// What the program hands to the desktop, and where its own files are.
 #pragma once
 
 #include <QString>
@@ -13,17 +13,17 @@ inline constexpr int outOfMemory = 8;
 inline constexpr int noProgram = 31;
 inline constexpr int success = 33;
 
-// Opens a document in the program registered for its type. A relative path is taken against the working folder; a
-// folder is no document, and not found.
+// Opens a document in the program registered for its type. A relative path starts at the working folder; a folder is no
+// document, and counts as not found.
 int openDocument(const QString& path);
 
-// Hands a URL to the desktop, its text exactly as it stands.
+// Hands a URL to the desktop, its text unchanged.
 int openUrl(const QString& url);
 
 // What is called instead of the desktop; for the tests. Gets the path or URL as it was given. Null: the desktop again.
 void setOpener(std::function<int(const QString&)> opener);
 
-// The program's folder: where the data files, the manuals and the sheet's template stand. No slash at the end.
+// The program's folder: where the data files, the manuals and the sheet's template are. No slash at the end.
 QString programFolder();
 void setProgramFolder(const QString& folder); // for the tests
 

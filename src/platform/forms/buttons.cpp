@@ -13,7 +13,7 @@ OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
 
 void OptionButton::setValue(bool on)
 {
-    // An exclusive radio refuses to go off.
+    // An exclusive radio can't be switched off.
     const bool exclusive = autoExclusive();
     if (!on) setAutoExclusive(false);
     setChecked(on);

@@ -62,13 +62,13 @@ protected:
 
 private:
     qsizetype limit() const;
-    qsizetype room() const; // for characters instead of the selected text
+    qsizetype room() const; // for characters that replace the selected text
 
     int maxLength_ = 0;
 };
 
-// A date field with two states. With the mask it shows "__/__/____" where empty, takes digits only, and its text always
-// has ten characters. Without it, it is a plain field and empty is "". text() is what stands there in either state.
+// A date field with two states. With the mask it shows "__/__/____" when empty, takes digits only, and its text always
+// has ten characters. Without it, it is a plain field and empty is "". text() is what it shows in either state.
 // A new field has the mask.
 class MaskedEdit : public QLineEdit
 {
@@ -82,11 +82,11 @@ public:
     QString text() const;
     void setText(const QString& text); // without the mask; under it, only an empty text
 
-    bool isBlank() const; // nothing stands there in either state
+    bool isBlank() const; // empty, in either state
 
     // The three steps that clear the field and give it its mask back.
     void clearMasked();
-    // The mask taken off and the text set: how a stored date is shown.
+    // Takes the mask off and sets the text: how a stored date is shown.
     void showPlain(const QString& text);
 
 protected:
@@ -99,8 +99,8 @@ private:
 };
 
 // A drop-down list whose entries have a text and a 32-bit number, 0 where none was given.
-// No entry chosen is index -1, also after entries were added. Clicked comes when the user picks an entry, also the one
-// that was chosen already, and when the index is changed by the program; not when the list is cleared.
+// No entry chosen is index -1, even after entries were added. clicked is emitted when the user picks an entry, even the
+// one already chosen, and when the program changes the index; not when the list is cleared.
 // Locked: it shows and can be focused; the list can't be opened, nor the choice changed by key or wheel.
 class ComboBox : public QComboBox
 {
@@ -117,7 +117,7 @@ public:
     int listIndex() const { return currentIndex(); }
     void setListIndex(int index);                  // beyond the last entry, or 0 of an empty list: none
     QString text() const { return currentText(); } // "" where none is chosen
-    void setText(const QString& text);             // chooses the first entry with that text; none where there is none
+    void setText(const QString& text);             // chooses the first entry with that text; none if there is none
     void clear();                                  // no entries, nothing chosen, no event
 
     bool isLocked() const { return locked_; }
@@ -137,7 +137,7 @@ private:
     bool locked_ = false;
 };
 
-// A list box with the same entries. The entry chosen is the one that is seen chosen: the focus alone chooses none.
+// A list box with the same entries. The entry chosen is the one shown as chosen: the focus alone chooses none.
 class ListBox : public QListWidget
 {
     Q_OBJECT
@@ -186,8 +186,8 @@ struct GridColumn
 };
 
 // A grid as the program counts it: row 0 is the heading, and 0 rows is an empty grid. Cells are texts.
-// A grid with rows behind its heading has one of them chosen: the first, until setRow() or the user chooses another.
-// picked comes only when the user picks a row, also the one that was chosen already.
+// A grid with rows below its heading has one of them chosen: the first, until setRow() or the user chooses another.
+// picked is emitted only when the user picks a row, even the one already chosen.
 class Grid : public QTableView
 {
     Q_OBJECT
@@ -204,10 +204,10 @@ public:
     QString textMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, const QString& text);
     // Rows whose cells the source gives, for a row from 1 on. Each is read when it is first shown or asked for, so that
-    // a hundred thousand stand at once. The heading stays.
+    // a hundred thousand appear at once. The heading stays.
     // Precondition: the source doesn't throw.
     void fill(int rows, std::function<QStringList(int row)> source);
-    int row() const; // the row chosen; 0 where none is
+    int row() const; // the row chosen; 0 if none is
     void setRow(int row);
     void setColWidth(int col, int width); // in pixels, 0 hides it; the last column takes what is left
 

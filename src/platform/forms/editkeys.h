@@ -3,5 +3,5 @@
 
 class QEvent;
 
-// True for the claim of a text field on a key that belongs to the menus: Ctrl and a letter, but for those that edit.
+// True if a text field claims a key that belongs to the menus: Ctrl and a letter, except those that edit.
 bool leftToMenus(const QEvent* event);

@@ -17,7 +17,7 @@
 
 namespace {
 
-// The form that a control belongs to; null for what stands in boxes, popups, menus and forms of their own.
+// The form that a control belongs to; null for controls in boxes, popups, menus and forms that aren't child windows.
 Form* formOf(QWidget* widget)
 {
     for (; widget; widget = widget->parentWidget()) {
@@ -41,8 +41,7 @@ class Tracker : public QObject
 public:
     explicit Tracker(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
 
-    // The child windows of the area listen to the focus too: hearing of it behind them, a leave routine may move it
-    // again.
+    // The child windows of the area listen to the focus too: called after them, a leave routine may move it again.
     void listenLast()
     {
         disconnect(qApp, &QApplication::focusChanged, this, nullptr);
@@ -98,7 +97,7 @@ protected:
         case QEvent::Shortcut:
             return formOf(widget) ? shortcut(widget, static_cast<QShortcutEvent*>(event))
                                   : yields(widget, static_cast<QShortcutEvent*>(event));
-        case QEvent::Wheel: // a page that turns without the focus would take a field away without its being left
+        case QEvent::Wheel: // a page turned without the focus would hide a field that was never left
             return qobject_cast<QTabBar*>(widget) && formOf(widget);
         default:
             return false;
@@ -136,7 +135,7 @@ private:
         if (form && field->isVisible() && field->window()->focusWidget() == field) holder_ = field;
     }
 
-    // Runs what leaving and entering bring, until the focus rests.
+    // Runs the leave and enter routines until the focus settles.
     void settle()
     {
         if (settling_) return;
@@ -166,8 +165,8 @@ private:
         if (copy) copy();
     }
 
-    // Moves the focus to the control. False where the leave routine of another sent it elsewhere and didn't ask for the
-    // click, or shut the control.
+    // Moves the focus to the control. False if the leave routine of another control sent it elsewhere without asking
+    // for the click, or shut this one.
     bool keeps(QWidget* control, Qt::FocusReason reason)
     {
         kept_ = false;
@@ -175,7 +174,7 @@ private:
         return (holder_ == control || kept_) && control->isEnabled();
     }
 
-    // The focus has moved to where the mouse was pressed. True where nothing is left to be clicked.
+    // The focus has moved to where the mouse was pressed. True if nothing is left to be clicked.
     bool press(QWidget* widget, QMouseEvent* event)
     {
         if (auto* bar = qobject_cast<QTabBar*>(widget); bar && bar->tabAt(event->position().toPoint()) >= 0)
@@ -229,7 +228,7 @@ private:
     bool settling_ = false;
     bool quiet_ = false;
     bool byMouse_ = false;
-    bool kept_ = false; // the click goes on though the focus went back
+    bool kept_ = false; // the click goes on although the focus went back
     int boxes_ = 0;
     Click click_ = Click::Straight; // what the press that moved the focus may still do
 };

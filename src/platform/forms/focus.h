@@ -9,8 +9,8 @@
 // Watches the focus of the whole program. A field is left when the focus moves to another control of the program's
 // forms, or to a form itself; not when a window loses the desktop's focus, a box or a menu comes up, or the field is
 // re-entered. The leave routine runs to its end, with the boxes that it brings, before the control that took the focus
-// sees the click that brought it there; and that click is lost where the routine moved the focus elsewhere, unless it
-// asks for it.
+// sees the click that brought it there; and that click is lost if the routine moved the focus elsewhere, unless it asks
+// for the click.
 namespace Focus {
 
 // Precondition of the calls below: this ran before the first form, and again after each window that the document area
@@ -31,7 +31,7 @@ void keepClick();
 // Takes the focus off every control, to the form itself.
 void release();
 
-// Tells that what had the focus inside `form` was disabled or hidden under it: nothing of the form is left then.
+// Reports that the control of `form` that had the focus was disabled or hidden: it doesn't count as left.
 void drop(QWidget* form);
 
 } // namespace Focus

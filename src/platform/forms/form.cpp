@@ -28,7 +28,7 @@ protected:
         if (form_->isEnabled()) form_->unload(Form::UnloadMode::ControlMenu);
     }
 
-    // The window goes with the form that is hidden; one that is only rolled up into its title bar stays.
+    // The window is hidden along with its form; one that is only rolled up into its title bar stays.
     bool eventFilter(QObject* object, QEvent* event) override
     {
         if (object == form_ && event->type() == QEvent::HideToParent && !isMinimized() && !isShaded()) {
@@ -40,7 +40,7 @@ protected:
     }
 
 private:
-    // The form that was active before comes forward again.
+    // The form that was active before comes to the front again.
     void activateNext()
     {
         const QList<QMdiSubWindow*> history = mdiArea()->subWindowList(QMdiArea::ActivationHistoryOrder);

@@ -8,12 +8,12 @@ class QMdiArea;
 class QMdiSubWindow;
 
 // What every form relies on. A form is loaded when it is first touched, may be hidden and shown any number of times,
-// and lives until it is unloaded. Forms are child windows of the document area; the splash and the like stand on their
-// own.
+// and lives until it is unloaded. Forms are child windows of the document area; the splash and the like are windows of
+// their own.
 //
-// A derived class sets its object name (the form's name, "frmInd") and its controls in the constructor, and does what
-// belongs to its load in Form_Load(). Names of controls are object names; members of a control array carry their index
-// behind an underscore ("optSexo_0").
+// A derived class sets its object name (the form's name, "frmInd") and its controls in the constructor, and does the
+// rest of its loading in Form_Load(). Names of controls are object names; members of a control array carry their index
+// after an underscore ("optSexo_0").
 class Form : public QWidget
 {
     Q_OBJECT
@@ -40,7 +40,7 @@ public:
     void setCaption(const QString& caption) { setWindowTitle(caption); }
 
     // Shows the form, brings it to the front and makes it the active one, with the focus on the control that had it
-    // last. A disabled form is shown all the same. Where it stands and how large it is outlasts its being hidden.
+    // last. A disabled form is shown all the same. Its place and its size survive being hidden.
     void display();
     // Takes it off the screen; it stays loaded, with all its state. As QWidget::hide().
     void conceal() { hide(); }
@@ -49,11 +49,11 @@ public:
     // Brings it to the front with the focus (of its last focused control), if it is shown and enabled.
     void setFocusToForm();
 
-    // Asks Form_QueryUnload(); where that agrees, runs Form_Unload(), takes the form off the list of loaded forms and
-    // destroys it once control is back in the event loop. Returns false where it was refused.
+    // Asks Form_QueryUnload(); if that agrees, runs Form_Unload(), takes the form off the list of loaded forms and
+    // destroys it once control is back in the event loop. Returns false if it was refused.
     bool unload(UnloadMode mode = UnloadMode::Code);
 
-    // False for a form that stands on its own: the focus doesn't count as moved when it comes and goes.
+    // False for a form that is a window of its own: the focus doesn't count as moved when it comes and goes.
     bool isChild() const { return window_ == Window::Child; }
     // The control that gets the focus when the form does.
     void setLastFocus(QWidget* control) { lastFocus_ = control == this ? nullptr : control; }
@@ -62,14 +62,14 @@ signals:
     void unloaded();
 
 protected:
-    // Run once, after construction, with the form on the list of loaded forms and not yet shown. What it throws undoes
-    // the load and goes on to whoever touched the form.
+    // Run once, after construction, with the form on the list of loaded forms and not yet shown. An exception undoes
+    // the load and is passed on to whoever touched the form.
     virtual void Form_Load() {}
     // False refuses the unload.
     virtual bool Form_QueryUnload(UnloadMode) { return true; }
     virtual void Form_Unload() {}
 
-    bool focusNextPrevChild(bool next) override; // a control that is disabled under the focus leaves it to the form
+    bool focusNextPrevChild(bool next) override; // a control disabled while focused leaves the focus to the form
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 

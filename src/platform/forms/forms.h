@@ -11,22 +11,22 @@
 class QMdiArea;
 
 // The list of the loaded forms, in the order of their loading. The main window is at index 0; a hidden form is on the
-// list, an unloaded one isn't; showing a loaded form again doesn't move it. The names are compared as they stand.
+// list, an unloaded one isn't; showing a loaded form again doesn't move it. Names are case-sensitive.
 class Forms
 {
 public:
-    // The main window and its document area. The window goes on the list by its object name.
+    // Sets the main window and its document area. The window is listed by its object name.
     // Precondition: no form is loaded yet.
     static void setMainWindow(QWidget* window, QMdiArea* area);
     static QWidget* mainWindow();
 
-    // Makes a form known by its name. Rooms show each other's forms by name, so that no room has to include what stands
-    // above it.
+    // Makes a form known by its name. Rooms show each other's forms by name, so that no room has to include a higher
+    // one.
     static void add(const QString& name, const std::function<Form*()>& make);
     static bool exists(const QString& name);
 
-    // The loaded form of that name, loading it where it isn't loaded; null where no such form exists. A form that is
-    // loaded is prepared before its Form_Load().
+    // The form of that name, which is loaded if it isn't yet; null if no such form exists. `prepare` runs on a form
+    // that is being loaded, before its Form_Load().
     static Form* load(const QString& name, const std::function<void(Form&)>& prepare = {});
     // The loaded form of that name, or null. Never loads.
     static Form* find(const QString& name);

@@ -5,7 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
-// The cells, row by row. The view sees the rows behind the heading.
+// The cells, row by row. The view sees the rows below the heading.
 class Grid::Model : public QAbstractTableModel
 {
 public:
@@ -204,7 +204,7 @@ void Grid::keyPressEvent(QKeyEvent* event)
 void Grid::mouseReleaseEvent(QMouseEvent* event)
 {
     QTableView::mouseReleaseEvent(event);
-    // Any button chooses a row where it goes down, and it may come up outside the grid.
+    // Any mouse button chooses a row when it is pressed, and may be released outside the grid.
     const QPoint where = event->position().toPoint();
     if (row() > 0 && (indexAt(where).isValid() || !viewport()->rect().contains(where))) emit picked();
 }

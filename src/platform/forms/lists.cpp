@@ -100,7 +100,7 @@ void ComboBox::showPopup()
 {
     if (locked_) return;
     const int entry = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
-    view()->setMinimumWidth(std::max(width(), entry)); // a long name is read whole
+    view()->setMinimumWidth(std::max(width(), entry)); // so that a long name can be read whole
     QComboBox::showPopup();
 }
 
@@ -113,7 +113,7 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent)
     });
 }
 
-// The toolkit would make the first entry the current one, and tell so.
+// The toolkit would make the first entry the current one, and announce it.
 void ListBox::focusInEvent(QFocusEvent* event)
 {
     if (listIndex() >= 0) return QListWidget::focusInEvent(event);

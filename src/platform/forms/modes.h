@@ -6,7 +6,7 @@
 
 class QWidget;
 
-// The modes, by the system's words: a record is edited, consulted, or sought.
+// The modes, by the system's words: a record is edited, consulted, or searched for.
 enum class Modo
 {
     Edi,
@@ -17,7 +17,7 @@ enum class Modo
 // What one mode does to one control.
 enum class Effect
 {
-    Keep, // leaves the control as it found it
+    Keep, // leaves the control as it is
     Open, // not locked; a control that can't be locked: enabled
     Shut, // locked; a control that can't be locked: disabled
     Enabled,
@@ -29,7 +29,7 @@ enum class Effect
 struct ModeCell
 {
     Effect effect = Effect::Keep;
-    QColor color = {}; // background given besides the effect; invalid: left as it is
+    QColor color = {}; // background, set as well; invalid: left as it is
 };
 
 // One line of a card's table: the control, and its cell in each mode, in the order of the modes.

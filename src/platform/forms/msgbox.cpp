@@ -14,8 +14,8 @@ namespace {
 
 int hourglasses = 0;
 
-// While a box waits for an answer: the user has the pointer, and the window in use gets the keys back afterwards, also
-// where the desktop sees to nothing.
+// While a box waits for an answer, the user has the usual pointer; afterwards the window in use gets the keyboard back,
+// even if the desktop doesn't see to it.
 class Interruption
 {
 public:
@@ -70,7 +70,7 @@ struct Filter
     QString suffix;    // of the first: "orv"; empty for any file
 };
 
-// Pairs of description and pattern, all parted by "|".
+// Pairs of description and pattern, all separated by "|".
 Filter parseFilter(const QString& filter)
 {
     Filter result;
@@ -92,7 +92,7 @@ QString chooseFile(QFileDialog::AcceptMode mode, const Filter& filter, const QSt
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setAcceptMode(mode);
-    dialog.setFileMode(QFileDialog::AnyFile); // opening what isn't there is told by whoever opens it
+    dialog.setFileMode(QFileDialog::AnyFile); // whoever opens a missing file reports it
     dialog.setNameFilters(filter.names);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

@@ -26,7 +26,7 @@ bool ask(const QString& text, Icon icon = Icon::Question, const QString& title =
 QString openFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
 QString saveFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
 
-// The hourglass, while it lives.
+// Shows the hourglass as long as it exists.
 class Hourglass
 {
 public:

@@ -14,7 +14,7 @@ struct Text
     const char* portuguese;
 };
 
-// What a user of this program can meet of the toolkit's own texts.
+// Those of the toolkit's own texts that a user of this program can meet.
 constexpr Text texts[] = {
     {"QPlatformTheme", "OK", "OK"},
     {"QPlatformTheme", "&Yes", "&Sim"},

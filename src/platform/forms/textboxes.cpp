@@ -31,7 +31,7 @@ static QString asLines(QString text, qsizetype length)
 
 TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
 {
-    // What the program writes is shown from its beginning, where it is longer than the field.
+    // A text set by the program is shown from its beginning if it is longer than the field.
     connect(this, &QLineEdit::textChanged, this, [this] {
         if (!hasFocus()) setCursorPosition(0);
     });
