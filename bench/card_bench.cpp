@@ -48,7 +48,7 @@ public:
     {
         Forms::clear();
         cnBDP.close();
-        recomecaSessao();
+        beginSession();
     }
 
 private:

@@ -83,5 +83,5 @@ People::~People()
 {
     sqlite3_close(bare_);
     cnBDP.close();
-    recomecaSessao();
+    beginSession();
 }

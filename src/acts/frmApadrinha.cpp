@@ -1,8 +1,8 @@
 #include "acts/frmApadrinha.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "platform/forms/forms.h"
 
 FrmApadrinha::FrmApadrinha() : JanelaDoDono(Name)

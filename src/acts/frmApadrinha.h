@@ -1,7 +1,7 @@
 // At which acts a person assisted, as godparent or witness. The form only reads.
 #pragma once
 
-#include "acts/FichaDoAssistente.h"
+#include "acts/fichaDoAssistente.h"
 #include "common/dono.h"
 #include "platform/forms/controls.h"
 #include "platform/jet/recordset.h"

@@ -6,7 +6,7 @@
 #include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "common/pesquisa.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"

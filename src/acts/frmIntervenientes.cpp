@@ -4,8 +4,8 @@
 #include "common/codigos.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 

@@ -2,7 +2,7 @@
 // assistants, godparents and witnesses, each a row of `assistente`.
 #pragma once
 
-#include "acts/FichaDoAssistente.h"
+#include "acts/fichaDoAssistente.h"
 #include "common/dono.h"
 #include "common/passo.h"
 #include "individuals/pedido.h"

@@ -5,7 +5,7 @@
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "common/pesquisa.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"

@@ -1,6 +1,6 @@
 #include "acts/observacao.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "individuals/frmInd.h"
 
 namespace {

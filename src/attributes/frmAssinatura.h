@@ -1,7 +1,7 @@
 // How a person signed, in which documents.
 #pragma once
 
-#include "attributes/ListaDatada.h"
+#include "attributes/listaDatada.h"
 
 #include "ui_frmAssinatura.h"
 

@@ -1,7 +1,7 @@
 // What a person left by will to the heirs: one row for each heir or bequest.
 #pragma once
 
-#include "attributes/ListaDatada.h"
+#include "attributes/listaDatada.h"
 
 #include "ui_frmLegados.h"
 

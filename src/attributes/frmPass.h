@@ -1,7 +1,7 @@
 // The passports issued to a person, and the description of the person that they give.
 #pragma once
 
-#include "attributes/ListaDatada.h"
+#include "attributes/listaDatada.h"
 
 #include "ui_frmPass.h"
 

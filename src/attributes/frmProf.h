@@ -1,7 +1,7 @@
 // What a person did for a living, at which dates.
 #pragma once
 
-#include "attributes/ListaDatada.h"
+#include "attributes/listaDatada.h"
 
 #include "ui_frmProf.h"
 

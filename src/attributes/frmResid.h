@@ -1,7 +1,7 @@
 // Where a person or a family lived, at most one place for each date.
 #pragma once
 
-#include "attributes/ListaDatada.h"
+#include "attributes/listaDatada.h"
 
 #include "ui_frmResid.h"
 

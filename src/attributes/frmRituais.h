@@ -1,7 +1,7 @@
 // What a person left for the good of the soul: masses, offices and alms. Nothing is computed; the total is typed.
 #pragma once
 
-#include "attributes/ListaDatada.h"
+#include "attributes/listaDatada.h"
 
 #include "ui_frmRituais.h"
 

@@ -2,8 +2,8 @@
 
 #include "common/marca.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 #include "store/modBD.h"

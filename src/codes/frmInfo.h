@@ -1,7 +1,7 @@
 // The codes of the complementary information: the small coded lists of the cards.
 #pragma once
 
-#include "common/EditorDeTabela.h"
+#include "common/editorDeTabela.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 

@@ -1,7 +1,7 @@
 // The catalogue of professions.
 #pragma once
 
-#include "common/EditorDeTabela.h"
+#include "common/editorDeTabela.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 

@@ -1,10 +1,10 @@
 // The contents of fields as values for the store, and the refusal of what it can't take.
 #pragma once
 
-#include "common/dates.h"
-#include "common/numbers.h"
-#include "common/places.h"
-#include "common/vbtext.h"
+#include "common/datas.h"
+#include "common/locais.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/forms/controls.h"
 
 #include <QVariant>

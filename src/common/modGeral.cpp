@@ -1,10 +1,10 @@
 #include "common/modGeral.h"
 
 #include "common/marca.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "common/resumo.h"
-#include "common/SplashForm.h"
-#include "common/vbtext.h"
+#include "common/splashForm.h"
+#include "common/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/forms.h"

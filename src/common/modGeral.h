@@ -21,7 +21,7 @@ void MostraErro(const std::exception& erro);
 
 // Runs a step of a routine: an error is shown, and the routine goes on after the step.
 template <class Step>
-void mesmoQueFalhe(Step&& step)
+void evenIfItFails(Step&& step)
 {
     try {
         std::forward<Step>(step)();
@@ -36,7 +36,7 @@ template <class Routine>
 void guarded(Routine&& routine)
 {
     jet::RoutineScope scope(cnBDP);
-    mesmoQueFalhe(std::forward<Routine>(routine));
+    evenIfItFails(std::forward<Routine>(routine));
 }
 
 // Chooses the first entry with that item number and returns its index; -1, with the choice unchanged, if there is none

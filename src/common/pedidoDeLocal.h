@@ -1,7 +1,7 @@
 // A request for a place, with its receiver.
 #pragma once
 
-#include "common/places.h"
+#include "common/locais.h"
 #include "platform/forms/form.h"
 
 #include <QPointer>

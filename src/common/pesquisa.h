@@ -10,9 +10,9 @@ public:
     explicit operator bool() const { return emCurso_; }
 
 private:
-    friend class FrmFam;          // whose search it is
-    friend class Ficha;           // whose results end it
-    friend void recomecaSessao(); // a change of the BDP drops it
+    friend class FrmFam;        // whose search it is
+    friend class Ficha;         // whose results end it
+    friend void beginSession(); // a change of the BDP drops it
 
     void comeca() { emCurso_ = true; }
     void acaba() { emCurso_ = false; }

@@ -1,6 +1,6 @@
 #include "common/resumo.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "common/valores.h"
 
-#include "common/dates.h"
-#include "common/numbers.h"
-#include "common/vbtext.h"
+#include "common/datas.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/jet/error.h"
 
 template <class Tag>

@@ -2,8 +2,8 @@
 
 #include "common/codigos.h"
 #include "common/listasAbertas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/places.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -69,7 +69,7 @@ void FrmFam::Form_Load()
 
 void FrmFam::PreencheListas()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         PreencheLocais(*cmbLoc);
 
         jet::Recordset situacoes(cnBDP, "Select codigo, descricao from infocomplementar where  categoria = 'SitFa'");

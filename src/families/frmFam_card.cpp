@@ -1,11 +1,11 @@
 // Showing one family, and moving through all of them.
 #include "families/frmFam.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/places.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/forms/msgbox.h"
 
 namespace {
@@ -45,7 +45,7 @@ void FrmFam::LimpaCampos()
 
 void FrmFam::ActualizaCampos(jet::Recordset& rs, Nfam nf)
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         LimpaCampos();
         if (rs.bof() && rs.eof()) return mostraFicheiroVazio();
 

@@ -1,16 +1,16 @@
 // The children of the family: their grid and its three commands.
 #include "families/frmFam.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "common/pesquisa.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/msgbox.h"
 
 void FrmFam::ActualizaFilhos()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         PreencheFG();
         cmdInsF->setEnabled(true);
         const int filhos = adoFilhos.hasRows() ? adoFilhos.recordset().recordCount() : 0;
@@ -24,7 +24,7 @@ void FrmFam::ActualizaFilhos()
 
 void FrmFam::PreencheFG()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         dtgFilho->setRows(0);
         if (!adoFilhos.hasRows()) {
             cmdConsultar->setEnabled(false);

@@ -1,7 +1,7 @@
 // What goes with a family. Its people stay.
 #include "families/frmFam.h"
 
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 

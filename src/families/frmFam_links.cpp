@@ -3,7 +3,7 @@
 
 #include "common/modGeral.h"
 #include "common/pedidoDeLocal.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 #include "views/frmRP.h"

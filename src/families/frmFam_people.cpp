@@ -1,10 +1,10 @@
 // The two members, and what follows from the date of their marriage.
 #include "families/frmFam.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/places.h"
+#include "common/numeros.h"
 #include "families/tipoFam.h"
 
 namespace {
@@ -109,7 +109,7 @@ void FrmFam::txtNC_Validate(int indice)
 QString FrmFam::CalculaTipoFamilia(Nfam nfamilia)
 {
     QString tipo = "7";
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         const jet::Recordset mae(cnBDP, "select datanasc, dataobito from individuo where nind = " + txtSnind->text());
         const jet::Recordset pai(cnBDP, "select dataobito from individuo where nind = " + txtPnind->text());
         const jet::Recordset filhos(cnBDP, "select count(datanasc) as Datas, count(nind) as  Filhos from individuo "

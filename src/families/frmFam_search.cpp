@@ -3,7 +3,7 @@
 
 #include "common/campos.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "common/pesquisa.h"
 #include "individuals/frmDatas.h"
 #include "platform/forms/focus.h"

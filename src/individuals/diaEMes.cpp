@@ -1,6 +1,6 @@
 #include "individuals/diaEMes.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "platform/forms/msgbox.h"
 
 void mostraDiaEMes(const QString& data)

@@ -1,6 +1,6 @@
 #include "individuals/frmDatas.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "common/modGeral.h"
 #include "individuals/diaEMes.h"
 #include "platform/forms/focus.h"

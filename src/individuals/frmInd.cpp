@@ -1,10 +1,10 @@
 #include "individuals/frmInd.h"
 
 #include "common/listasAbertas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/pedidoDeLocal.h"
-#include "common/places.h"
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -93,7 +93,7 @@ void FrmInd::Form_Load()
 
 void FrmInd::PreencheCombos()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         PreencheLocais(*cmbLoc);
         PreencheLocais(*cmbLocObito);
 

@@ -1,11 +1,11 @@
 // Showing one person, and moving through the list.
 #include "individuals/frmInd.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/places.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/forms/msgbox.h"
 
 void FrmInd::LimpaCampos()
@@ -51,7 +51,7 @@ void FrmInd::LimpaCampos()
 
 void FrmInd::ActualizaCampos(jet::Recordset& rs)
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         LimpaCampos();
         if (rs.bof() && rs.eof()) return mostraListaVazia();
 
@@ -148,7 +148,7 @@ void FrmInd::mostraListaVazia()
 
 void FrmInd::PreencheFamilias()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         const bool tem = adoRel.hasRows();
         cmdConsRel->setEnabled(tem);
         Command1->setEnabled(tem);

@@ -1,11 +1,11 @@
 // The date fields and the ages: what is checked when one is left, and what it sets in other fields.
 #include "individuals/frmInd.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/places.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "individuals/diaEMes.h"
 #include "individuals/tipoInd.h"
 #include "platform/forms/focus.h"

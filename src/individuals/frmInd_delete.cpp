@@ -1,7 +1,7 @@
 // What goes with a person: the dated attributes, the acts, the family links.
 #include "individuals/frmInd.h"
 
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
 

@@ -2,10 +2,10 @@
 #include "individuals/frmInd.h"
 
 #include "common/campos.h"
-#include "common/dates.h"
+#include "common/datas.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 

@@ -1,12 +1,12 @@
 // From the card of a person to families, trees, and the forms of the person's acts and dated attributes.
 #include "individuals/frmInd.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "common/dono.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "common/pedidoDeLocal.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"

@@ -1,9 +1,9 @@
 // The card as a picker: it hands the individual shown to whoever called it up, and leads back there when it closes.
 #include "individuals/frmInd.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"

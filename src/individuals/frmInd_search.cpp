@@ -4,7 +4,7 @@
 #include "common/campos.h"
 #include "common/filtro.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "individuals/frmDatas.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"

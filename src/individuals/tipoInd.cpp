@@ -1,6 +1,6 @@
 #include "individuals/tipoInd.h"
 
-#include "common/vbtext.h"
+#include "common/text.h"
 
 #include <QStringList>
 

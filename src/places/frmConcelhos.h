@@ -1,7 +1,7 @@
 // The editor of the municipalities of a district. No command that a user reaches shows it.
 #pragma once
 
-#include "places/EditorComCodigo.h"
+#include "places/editorComCodigo.h"
 
 #include "ui_frmConcelhos.h"
 

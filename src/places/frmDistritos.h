@@ -1,7 +1,7 @@
 // The editor of the districts of Portugal. Only the editor of countries shows it.
 #pragma once
 
-#include "places/EditorComCodigo.h"
+#include "places/editorComCodigo.h"
 
 #include "ui_frmDistritos.h"
 

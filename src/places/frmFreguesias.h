@@ -1,7 +1,7 @@
 // The editor of the parishes of a municipality. Only the editor of municipalities shows it.
 #pragma once
 
-#include "places/EditorComCodigo.h"
+#include "places/editorComCodigo.h"
 
 #include "ui_frmFreguesias.h"
 

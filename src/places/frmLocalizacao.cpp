@@ -2,7 +2,7 @@
 #include "places/frmLocalizacao.h"
 
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 

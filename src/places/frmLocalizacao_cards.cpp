@@ -1,7 +1,7 @@
 // The forms that ask for a place: who waits, what comes back, and the place lists of the cards.
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "places/frmLocalizacao.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"

@@ -1,7 +1,7 @@
 // The walk down the levels: each combo fills the next.
 #include "common/marca.h"
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "individuals/pedido.h"
 #include "places/frmLocalizacao.h"
 

@@ -1,7 +1,7 @@
 // The working list of the BDP: the places that the cards offer.
+#include "common/locais.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
-#include "common/places.h"
 #include "places/frmLocalizacao.h"
 #include "platform/forms/msgbox.h"
 

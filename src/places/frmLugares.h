@@ -1,7 +1,7 @@
 // The editor of the localities of a parish.
 #pragma once
 
-#include "places/EditorProvisorio.h"
+#include "places/editorProvisorio.h"
 
 #include "ui_frmLugares.h"
 

@@ -1,7 +1,7 @@
 #include "places/frmPais.h"
 
 #include "common/modGeral.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "platform/forms/forms.h"
 
 FrmPais::FrmPais() : EditorDeLocais(Name)

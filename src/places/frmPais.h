@@ -1,7 +1,7 @@
 // The editor of countries. Nothing shows it: it stands as the head of the editors.
 #pragma once
 
-#include "places/EditorDeLocais.h"
+#include "places/editorDeLocais.h"
 
 #include "ui_frmPais.h"
 

@@ -1,7 +1,7 @@
 // The editor of the sites of a locality.
 #pragma once
 
-#include "places/EditorProvisorio.h"
+#include "places/editorProvisorio.h"
 
 #include "ui_frmSitios.h"
 

@@ -1,7 +1,7 @@
 // The editor of the zones of a country.
 #pragma once
 
-#include "places/EditorProvisorio.h"
+#include "places/editorProvisorio.h"
 
 #include "ui_frmZona.h"
 

@@ -1,11 +1,11 @@
 #include "shell/frmAcerca.h"
 
 #include "common/modGeral.h"
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "platform/forms/forms.h"
 #include "ui_frmAcerca.h"
 
-FrmAcerca::FrmAcerca() : Form(Name), ui(std::make_unique<Ui::frmAcerca>())
+FrmAcerca::FrmAcerca() : Form(Name), ui(std::make_unique<Ui::FrmAcerca>())
 {
     ui->setupUi(this);
     ui->Image1->setPixmap(windowIcon().pixmap(64, 64));
@@ -17,7 +17,7 @@ FrmAcerca::~FrmAcerca() = default;
 
 void FrmAcerca::Form_Load()
 {
-    ui->label->setText(textoDaVersao());
+    ui->label->setText(versionText());
 }
 
 void FrmAcerca::Command1_Click()

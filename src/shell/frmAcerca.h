@@ -6,7 +6,7 @@
 #include <memory>
 
 namespace Ui {
-class frmAcerca;
+class FrmAcerca;
 }
 
 class FrmAcerca : public Form
@@ -26,5 +26,5 @@ private:
     void Command1_Click();
     void cmdFechar_Click();
 
-    std::unique_ptr<Ui::frmAcerca> ui;
+    std::unique_ptr<Ui::FrmAcerca> ui;
 };

@@ -23,8 +23,8 @@ QString encoded(QString part)
 
 } // namespace
 
-QString urlDoMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
-                  const QString& body)
+QString mailUrl(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
+                const QString& body)
 {
     QString parameters;
     const auto add = [&](const char* name, const QString& part) {
@@ -38,7 +38,7 @@ QString urlDoMail(const QString& address, const QString& cc, const QString& bcc,
     return "mailto:" + address + parameters;
 }
 
-FrmMail::FrmMail() : Form(Name), ui(std::make_unique<Ui::frmMail>())
+FrmMail::FrmMail() : Form(Name), ui(std::make_unique<Ui::FrmMail>())
 {
     ui->setupUi(this);
     connect(ui->cmdSend, &QPushButton::clicked, this, &FrmMail::cmdSend_Click);
@@ -78,5 +78,5 @@ void FrmMail::Command1_Click()
 void FrmMail::SendMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
                        const QString& body)
 {
-    Desktop::openUrl(urlDoMail(address, cc, bcc, subject, body));
+    Desktop::openUrl(mailUrl(address, cc, bcc, subject, body));
 }

@@ -6,14 +6,14 @@
 #include <memory>
 
 namespace Ui {
-class frmMail;
+class FrmMail;
 }
 
 // The URL that opens a new message: empty parts are left out. Blanks and "%" of a part stay as they are; "&" and
 // anything that isn't printable ASCII are encoded by their codes in code page 1252 ("?" for a character that it doesn't
 // have). Line breaks of any kind count as CR LF. The address isn't encoded.
-QString urlDoMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
-                  const QString& body);
+QString mailUrl(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
+                const QString& body);
 
 class FrmMail : public Form
 {
@@ -37,5 +37,5 @@ private:
     void SendMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
                   const QString& body);
 
-    std::unique_ptr<Ui::frmMail> ui;
+    std::unique_ptr<Ui::FrmMail> ui;
 };

@@ -5,7 +5,7 @@
 #include "common/dono.h"
 #include "common/modGeral.h"
 #include "common/pedidoDeLocal.h"
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "families/frmFam.h"
 #include "individuals/frmInd.h"
 #include "platform/desktop/desktop.h"
@@ -24,7 +24,7 @@ namespace {
 constexpr auto creditos = "Desenvolvido pela equipa do projecto ORV";
 } // namespace
 
-FrmORV::FrmORV() : ui(std::make_unique<Ui::frmORV>())
+FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
 {
     ui->setupUi(this);
     Forms::setMainWindow(this, ui->mdi);
@@ -98,7 +98,7 @@ void FrmORV::Form_Load(const QString& commandLine)
             registos.open("select cod, nome from infopar");
         }
         CodParoquia = requiredText(registos["cod"]);
-        setWindowTitle(tituloLongo + requiredText(registos["Nome"]));
+        setWindowTitle(longTitle + requiredText(registos["Nome"]));
         registos.close();
         frmFam().display();
     });
@@ -126,13 +126,13 @@ void FrmORV::mudaBDP(const QString& operacao)
         if (!ask("Deseja fechar a BDP em tratamento?")) return;
 
         Forms::unloadAll();
-        recomecaSessao(); // a search left behind would bar every insert in the next BDP
+        beginSession(); // a search left behind would bar every insert in the next BDP
         CodParoquia.clear();
         // The dialog names the parish that is being left: it reads the caption while it loads, before the caption
         // changes.
-        if (windowTitle() != QString::fromUtf8(tituloCurto)) frmBack().displayFor("a");
+        if (windowTitle() != QString::fromUtf8(shortTitle)) frmBack().mostraPara("a");
         setSessionMenus(false);
-        setWindowTitle(tituloCurto);
+        setWindowTitle(shortTitle);
     });
 }
 
@@ -184,7 +184,7 @@ void FrmORV::mnuCInfo_Click()
 
 void FrmORV::mnuBack_Click()
 {
-    guarded([&] { frmBack().displayFor("b"); });
+    guarded([&] { frmBack().mostraPara("b"); });
 }
 
 void FrmORV::mnupais_Click()
@@ -228,7 +228,7 @@ void FrmORV::mnuSair_Click()
 {
     guarded([&] {
         if (!ask("Deseja realmente fechar a sessão de trabalho?", Icon::None)) return;
-        if (cnBDP.state() == jet::Connection::Open) return frmBack().displayFor("f");
+        if (cnBDP.state() == jet::Connection::Open) return frmBack().mostraPara("f");
         endProgram();
     });
 }

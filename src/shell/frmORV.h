@@ -6,7 +6,7 @@
 #include <memory>
 
 namespace Ui {
-class frmORV;
+class FrmORV;
 }
 
 // Its close box asks nothing and offers no backup: it ends the program, with whatever is pending rolled back.
@@ -49,5 +49,5 @@ private:
     void switchOffItems();
     void mudaBDP(const QString& operacao);
 
-    std::unique_ptr<Ui::frmORV> ui;
+    std::unique_ptr<Ui::FrmORV> ui;
 };

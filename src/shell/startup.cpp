@@ -14,7 +14,7 @@
 #include "common/modGeral.h"
 #include "common/pedidoDeLocal.h"
 #include "common/pesquisa.h"
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "families/frmFam.h"
 #include "individuals/frmDatas.h"
 #include "individuals/frmInd.h"
@@ -118,7 +118,7 @@ void prepareApplication()
     registerForms();
 }
 
-void recomecaSessao()
+void beginSession()
 {
     EmPesquisa.acaba();
     chamada().recomeca();
@@ -127,7 +127,7 @@ void recomecaSessao()
 
 FrmORV& startProgram(const QString& commandLine)
 {
-    recomecaSessao();
+    beginSession();
     auto* window = new FrmORV;
     window->show();
     window->Form_Load(commandLine);

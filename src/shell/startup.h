@@ -19,7 +19,7 @@ void registerForms();
 FrmORV& startProgram(const QString& commandLine);
 
 // Another session begins: nobody is asking for a person or a place, and no search is under way.
-void recomecaSessao();
+void beginSession();
 
 // What the program sets up on its application object: language, style, focus watch, icons.
 // Precondition: the application object exists.

@@ -1,8 +1,8 @@
 #include "store/frmBack.h"
 
 #include "common/modGeral.h"
-#include "common/SplashForm.h"
-#include "common/vbtext.h"
+#include "common/splashForm.h"
+#include "common/text.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -13,7 +13,7 @@ FrmBack& frmBack()
     return theForm<FrmBack>();
 }
 
-FrmBack::FrmBack() : Form(Name), ui(std::make_unique<Ui::frmBack>())
+FrmBack::FrmBack() : Form(Name), ui(std::make_unique<Ui::FrmBack>())
 {
     ui->setupUi(this);
     ui->lblTipo->hide();
@@ -24,7 +24,7 @@ FrmBack::FrmBack() : Form(Name), ui(std::make_unique<Ui::frmBack>())
 
 FrmBack::~FrmBack() = default;
 
-void FrmBack::displayFor(const QString& ocasiao)
+void FrmBack::mostraPara(const QString& ocasiao)
 {
     display();
     ui->lblTipo->setText(ocasiao);
@@ -47,7 +47,7 @@ void FrmBack::Form_Unload()
 
 void FrmBack::cmdLoc_Click()
 {
-    guarded([&] { ui->txtLoc->setText(saveFileName(filtroBDP)); });
+    guarded([&] { ui->txtLoc->setText(saveFileName(bdpFilter)); });
 }
 
 void FrmBack::cmdB_0_Click()

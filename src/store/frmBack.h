@@ -6,7 +6,7 @@
 #include <memory>
 
 namespace Ui {
-class frmBack;
+class FrmBack;
 }
 
 class FrmBack : public Form
@@ -21,7 +21,7 @@ public:
 
     // Shows the dialog, then notes the occasion, which decides what unloading it does, with or without a copy:
     // "a" shows frmIni, "f" ends the program, "b" nothing.
-    void displayFor(const QString& ocasiao);
+    void mostraPara(const QString& ocasiao);
 
 protected:
     void Form_Load() override;
@@ -32,7 +32,7 @@ private:
     void cmdB_0_Click();
     void cmdB_1_Click();
 
-    std::unique_ptr<Ui::frmBack> ui;
+    std::unique_ptr<Ui::FrmBack> ui;
 };
 
 FrmBack& frmBack();

@@ -7,7 +7,7 @@
 #include "store/modBD.h"
 #include "ui_frmIni.h"
 
-FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::frmIni>())
+FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::FrmIni>())
 {
     ui->setupUi(this);
     connect(ui->txtLoc, &QLineEdit::textChanged, this, &FrmIni::txtLoc_Change);
@@ -53,7 +53,7 @@ void FrmIni::cmdLoc_Click()
 
 void FrmIni::escolheBDP()
 {
-    ui->txtLoc->setText(openFileName(filtroBDP));
+    ui->txtLoc->setText(openFileName(bdpFilter));
     if (ui->txtLoc->text().isEmpty()) return;
 
     AbreBDP(ui->txtLoc->text());
@@ -66,7 +66,7 @@ void FrmIni::escolheBDP()
 
 void FrmIni::escolheNovaBDP()
 {
-    ui->txtLoc->setText(saveFileName(filtroBDP));
+    ui->txtLoc->setText(saveFileName(bdpFilter));
     if (ui->txtLoc->text().isEmpty()) return;
 
     CriaBDP(ui->txtLoc->text());
@@ -94,7 +94,7 @@ void FrmIni::cmdOk_Click()
     guarded([&] {
         if (cnBDP.state() == jet::Connection::Open) setSessionMenus(true);
         const QString nome = ui->txtParoquia->text();
-        Forms::mainWindow()->setWindowTitle(tituloLongo + nome);
+        Forms::mainWindow()->setWindowTitle(longTitle + nome);
         cnBDP.beginTrans();
         cnBDP.execute("delete from infopar");
         cnBDP.execute("insert into infopar (cod, nome,pais) values ('" + CodParoquia + "','" + nome + "','" + CodPais +

@@ -6,7 +6,7 @@
 #include <memory>
 
 namespace Ui {
-class frmIni;
+class FrmIni;
 }
 
 // Carries out the operation that OperacaoBDP names when it is loaded. Only "OK" and "Cancelar" close it.
@@ -35,5 +35,5 @@ private:
     void escolheBDP();
     void escolheNovaBDP();
 
-    std::unique_ptr<Ui::frmIni> ui;
+    std::unique_ptr<Ui::FrmIni> ui;
 };

@@ -1,7 +1,7 @@
 #include "store/modBD.h"
 
 #include "common/modGeral.h"
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "platform/forms/msgbox.h"
 
 #include <QFileInfo>
@@ -13,7 +13,7 @@ bool AbreBDP(const QString& caminho)
     bool aberta = false;
     guarded([&] {
         Hourglass ampulheta;
-        StrLigacao = ligacaoPara(caminho);
+        StrLigacao = connectionString(caminho);
         cnBDP.close();
         cnBDP.open(StrLigacao);
         aberta = true;

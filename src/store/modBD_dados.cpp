@@ -1,9 +1,9 @@
 // The reference data: how the files of the program's folder become rows.
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
-#include "store/datafile.h"
+#include "store/dataFile.h"
 #include "store/modBD.h"
 
 #include <array>
@@ -31,7 +31,7 @@ constexpr std::array codigos{
 using Insert = jet::Connection::Insert;
 
 // Null if the header doesn't fit the table: the first row then tells what is wrong.
-std::unique_ptr<Insert> preparedFor(jet::Connection& bdp, const QString& tabela, const QString& cabecalho)
+std::unique_ptr<Insert> insercaoPara(jet::Connection& bdp, const QString& tabela, const QString& cabecalho)
 {
     try {
         return std::make_unique<Insert>(bdp, tabela, cabecalho.split(';'));
@@ -41,7 +41,7 @@ std::unique_ptr<Insert> preparedFor(jet::Connection& bdp, const QString& tabela,
 }
 
 // The values of a line, as slices of it.
-void slice(const QByteArray& line, QList<QByteArray>& values)
+void separa(const QByteArray& line, QList<QByteArray>& values)
 {
     values.clear();
     for (qsizetype begin = 0; begin <= line.size();) {
@@ -62,15 +62,15 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
     const QString cabecalho = dados.readLine();
     const QString inicio =
         QStringLiteral("insert into %1 (%2) values ('").arg(destino.tabela, QString(cabecalho).replace(';', ','));
-    const auto prepared = preparedFor(bdp, destino.tabela, cabecalho);
+    const auto insercao = insercaoPara(bdp, destino.tabela, cabecalho);
     const auto colunas = cabecalho.count(';') + 1;
     QList<QByteArray> valores;
     while (!dados.atEnd()) {
         const QByteArray linha = dados.readUtf8Line();
-        slice(linha, valores);
+        separa(linha, valores);
         try {
-            if (prepared && valores.size() == colunas && !linha.contains('\''))
-                prepared->run(valores);
+            if (insercao && valores.size() == colunas && !linha.contains('\''))
+                insercao->run(valores);
             else
                 bdp.execute(inicio + QString::fromUtf8(linha).replace(';', "','") + "')");
         } catch (const jet::Error& erro) {
@@ -82,7 +82,7 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
 // Runs a load as if it had no transaction, yet without a write to the disk for each row: what was made before an error
 // is committed too.
 template <class Load>
-void keepingAll(jet::Connection& bdp, Load&& load)
+void guardandoTudo(jet::Connection& bdp, Load&& load)
 {
     bdp.beginTrans();
     try {
@@ -103,8 +103,8 @@ void EscreveBDP(const QString& caminho)
 {
     jet::createDatabase(caminho);
     jet::Connection bdp;
-    bdp.open(ligacaoPara(caminho));
-    keepingAll(bdp, [&] {
+    bdp.open(connectionString(caminho));
+    guardandoTudo(bdp, [&] {
         CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
         CarregaDadosIniciais(bdp);
     });
@@ -113,7 +113,7 @@ void EscreveBDP(const QString& caminho)
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)
 {
     DataFile instrucoes(ficheiro);
-    keepingAll(bdp, [&] {
+    guardandoTudo(bdp, [&] {
         while (!instrucoes.atEnd()) {
             const QString linha = instrucoes.readLine();
             try {
@@ -127,7 +127,7 @@ void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)
 
 void CarregaDadosIniciais(jet::Connection& bdp)
 {
-    keepingAll(bdp, [&] {
+    guardandoTudo(bdp, [&] {
         for (const Destino& destino : locais)
             carregaFicheiro(bdp, destino);
         for (const Destino& destino : codigos)

@@ -13,9 +13,9 @@ bool ending = false;
 std::function<void(bool)> enableMenus;
 } // namespace
 
-QString ligacaoPara(const QString& caminho)
+QString connectionString(const QString& path)
 {
-    return "Provider=Microsoft.Jet.OLEDB.4.0; Persist Security Info=False; Data Source= " + caminho;
+    return "Provider=Microsoft.Jet.OLEDB.4.0; Persist Security Info=False; Data Source= " + path;
 }
 
 void setSessionMenus(bool enabled)

@@ -15,14 +15,14 @@ extern QString CodPais;       // its country, two characters
 extern QString OperacaoBDP;   // what frmIni is open for: "a" open a BDP, "c" create one
 
 // The main window's caption while no parish is shown. The word "BDP" in the long one marks where the parish begins.
-inline constexpr auto tituloCurto = "ORV - Sistema de Ordenação de Róis e Vidas";
-inline constexpr auto tituloLongo = "ORV - Sistema de Ordenação de Róis e Vidas / BDP: "; // and the parish's name
+inline constexpr auto shortTitle = "ORV - Sistema de Ordenação de Róis e Vidas";
+inline constexpr auto longTitle = "ORV - Sistema de Ordenação de Róis e Vidas / BDP: "; // and the parish's name
 
 // The filter of every dialog that names a BDP.
-inline constexpr auto filtroBDP = "BDP - ORV (*.orv)|*.orv";
+inline constexpr auto bdpFilter = "BDP - ORV (*.orv)|*.orv";
 
-// Connection string of the BDP at `caminho`, which is taken as it is.
-QString ligacaoPara(const QString& caminho);
+// Connection string of the BDP at `path`, which is taken as it is.
+QString connectionString(const QString& path);
 
 // The three menu items that follow the session: mnuEditInd, mnuEditFam, mnuManut. The main window, which owns them,
 // registers once how they are enabled.

@@ -1,6 +1,6 @@
 #include "views/arvore.h"
 
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "store/session.h"
 
 #include <QHeaderView>

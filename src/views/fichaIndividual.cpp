@@ -1,13 +1,13 @@
 #include "views/fichaIndividual.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/places.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
-#include "views/rtfdocument.h"
+#include "views/rtfDocument.h"
 
 namespace {
 

@@ -43,7 +43,7 @@ void FrmArv::mostra(Form& cartao, const QString& tipo, const PessoaDaArvore& pes
     txtNome->setText(pessoa.nome);
     cartao_ = &cartao;
     cartao.setEnabled(false);
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         Arvore arvore(*tvw, DatasResumo);
         arvore.mostra(desenha(arvore));
     });

@@ -10,7 +10,7 @@
 #include <QPointer>
 #include <QString>
 
-class FrmRP : public Form, private Ui::frmRP
+class FrmRP : public Form, private Ui::FrmRP
 {
     Q_OBJECT
 

@@ -1,9 +1,9 @@
 #include "views/frmResult.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/places.h"
+#include "common/numeros.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 
@@ -97,7 +97,7 @@ void FrmResult::mostraResultados(Ficha& ficha, Uso uso, Le le)
 
 void FrmResult::PreencheFG()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         dtgProf->setRows(0);
         dtgProf->fill(ficha_->adoFiltro.recordset().recordCount() + 1, [dona = ficha_, le = le_](int linha) {
             return dona ? leAchado(dona->adoFiltro.recordset(), linha, le).celulas : QStringList();
@@ -110,7 +110,7 @@ void FrmResult::PreencheFG()
 // The professions of the person, or the residences of the family.
 void FrmResult::Dados()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         lvInfo->clear();
         const bool familia = uso_ == Uso::Familias;
         const QString instrucao =

@@ -1,8 +1,8 @@
 // The trees of the row chosen.
+#include "common/locais.h"
 #include "common/modGeral.h"
-#include "common/places.h"
 #include "common/resumo.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "views/frmResult.h"
 
 namespace {
@@ -30,7 +30,7 @@ void juntaConjuge(Arvore& arvore, const PessoaDaArvore& conjuge)
 
 void FrmResult::desenhaArvore()
 {
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         const Achado achado = leAchado(ficha_->adoFiltro.recordset(), dtgProf->row(), le_);
         uso_ == Uso::Individuos ? PreencheArvore(achado) : PreencheArvoreFam(achado);
     });

@@ -1,6 +1,6 @@
 #include "frmProva.h"
 
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/focus.h"

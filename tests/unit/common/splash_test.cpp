@@ -1,4 +1,4 @@
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 
 #include "forms/house.h"
 

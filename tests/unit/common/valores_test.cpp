@@ -1,7 +1,7 @@
 #include "common/valores.h"
 
-#include "common/numbers.h"
-#include "common/places.h"
+#include "common/locais.h"
+#include "common/numeros.h"
 #include "platform/jet/error.h"
 #include "platform/jet/recordset.h"
 

@@ -3,7 +3,7 @@
 
 #include "common/modGeral.h"
 #include "common/pesquisa.h"
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "control.h"
 #include "individuals/frmInd.h"
 #include "store/parish.h"

@@ -4,7 +4,7 @@
 #include "individuals/frmInd.h"
 
 #include "common/passo.h"
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 #include "control.h"
 #include "families/frmFam.h"
 #include "platform/forms/msgbox.h"

@@ -44,7 +44,7 @@ protected:
     {
         cnBDP.close();
         CodParoquia.clear();
-        recomecaSessao();
+        beginSession();
     }
 
     Form* card(const QString& nome, const QList<const char*>& combos)

@@ -32,7 +32,7 @@ protected:
     {
         Forms::clear();
         cnBDP.close();
-        recomecaSessao();
+        beginSession();
     }
 
     void chooseMenu() { window.findChild<QAction*>("mnuPass")->trigger(); }

@@ -21,7 +21,7 @@ protected:
     {
         Forms::clear();
         cnBDP.close();
-        recomecaSessao();
+        beginSession();
     }
 
     QTemporaryDir folder;

@@ -4,7 +4,7 @@
 #include "common/dono.h"
 #include "individuals/individual_card.h"
 #include "platform/desktop/desktop.h"
-#include "views/rtfdocument.h"
+#include "views/rtfDocument.h"
 
 #include <QClipboard>
 #include <QDir>

@@ -1,8 +1,8 @@
-#include "common/places.h"
+#include "common/locais.h"
 #include "common/marca.h"
 
 #include "common/niveis.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "platform/forms/controls.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"

@@ -1,6 +1,6 @@
-#include "common/places.h"
+#include "common/locais.h"
 
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "platform/forms/controls.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"

@@ -1,9 +1,9 @@
-#include "acts/FichaDoAssistente.h"
+#include "acts/fichaDoAssistente.h"
 
 #include "common/codigos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 
 void FichaDoAssistente::preencheListas()
 {

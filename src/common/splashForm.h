@@ -51,4 +51,4 @@ private:
 SplashForm& splashForm();
 
 // "Versão 1.0.6"
-QString textoDaVersao();
+QString versionText();

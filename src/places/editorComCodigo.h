@@ -1,7 +1,7 @@
 // The pattern of the editors of districts, municipalities and parishes, whose codes the user types.
 #pragma once
 
-#include "places/EditorDeLocais.h"
+#include "places/editorDeLocais.h"
 
 #include <utility>
 

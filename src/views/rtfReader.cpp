@@ -1,4 +1,4 @@
-#include "views/rtfreader.h"
+#include "views/rtfReader.h"
 
 #include "platform/desktop/codepage.h"
 

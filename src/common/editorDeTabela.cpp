@@ -1,4 +1,4 @@
-#include "common/EditorDeTabela.h"
+#include "common/editorDeTabela.h"
 
 #include "common/modGeral.h"
 

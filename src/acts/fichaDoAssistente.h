@@ -5,7 +5,7 @@
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 
-#include "ui_FichaDoAssistente.h"
+#include "ui_fichaDoAssistente.h"
 
 #include <QWidget>
 

@@ -1,10 +1,10 @@
-#include "places/EditorDeLocais.h"
+#include "places/editorDeLocais.h"
 
 #include "common/campos.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
-#include "common/numbers.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"

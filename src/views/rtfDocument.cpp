@@ -1,4 +1,4 @@
-#include "views/rtfdocument.h"
+#include "views/rtfDocument.h"
 
 #include "platform/desktop/codepage.h"
 

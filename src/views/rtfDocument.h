@@ -1,7 +1,7 @@
 // A document in Rich Text Format: as much of a word processor as it takes to fill in a template.
 #pragma once
 
-#include "views/rtfreader.h"
+#include "views/rtfReader.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
-#include "common/numbers.h"
+#include "common/numeros.h"
 
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"

@@ -1,4 +1,4 @@
-#include "common/dates.h"
+#include "common/datas.h"
 
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
@@ -72,7 +72,7 @@ int CalculaIdade(const QDate& primeira, const QDate& segunda)
 bool DentroObservacao(Nind nind, const QString& dataActo)
 {
     bool dentro = true;
-    mesmoQueFalhe([&] {
+    evenIfItFails([&] {
         const jet::Recordset individuo(
             cnBDP, "select datanasc, dataobito, inicioobs, fimobs from individuo where nind = " + nind.paraSQL());
         if (!individuo.eof()) dentro = podeEstarPresente(individuo, dataDoTexto(dataActo));

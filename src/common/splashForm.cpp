@@ -1,7 +1,7 @@
-#include "common/SplashForm.h"
+#include "common/splashForm.h"
 
 #include "platform/forms/forms.h"
-#include "ui_SplashForm.h"
+#include "ui_splashForm.h"
 
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -11,7 +11,7 @@ SplashForm& splashForm()
     return theForm<SplashForm>();
 }
 
-QString textoDaVersao()
+QString versionText()
 {
     return QStringLiteral("Versão %1.%2.%3").arg(ORV_VERSION_MAJOR).arg(ORV_VERSION_MINOR).arg(ORV_VERSION_REVISION);
 }
@@ -27,7 +27,7 @@ SplashForm::~SplashForm() = default;
 
 void SplashForm::Form_Load()
 {
-    ui->Label3->setText(textoDaVersao());
+    ui->Label3->setText(versionText());
     readyToClose_ = false;
     Timer1.start(3 * 1000);
     display();

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "common/dono.h"
-#include "common/numbers.h"
+#include "common/numeros.h"
 #include "common/passo.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"

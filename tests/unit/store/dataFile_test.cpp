@@ -1,4 +1,4 @@
-#include "store/datafile.h"
+#include "store/dataFile.h"
 
 #include "store/programfolder.h"
 

@@ -1,9 +1,9 @@
-#include "places/EditorProvisorio.h"
+#include "places/editorProvisorio.h"
 
 #include "common/ficha.h"
 #include "common/marca.h"
-#include "common/numbers.h"
-#include "common/vbtext.h"
+#include "common/numeros.h"
+#include "common/text.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 

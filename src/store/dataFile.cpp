@@ -1,4 +1,4 @@
-#include "store/datafile.h"
+#include "store/dataFile.h"
 
 #include "platform/desktop/codepage.h"
 #include "platform/desktop/desktop.h"

@@ -1,7 +1,7 @@
-#include "places/EditorComCodigo.h"
+#include "places/editorComCodigo.h"
 
 #include "common/modGeral.h"
-#include "common/vbtext.h"
+#include "common/text.h"
 
 void EditorComCodigo::usaCodigo(Codigo codigo, ComboBox* superiores)
 {

@@ -1,7 +1,7 @@
 // The pattern of the seven editors of the place tables.
 #pragma once
 
-#include "common/EditorDeTabela.h"
+#include "common/editorDeTabela.h"
 #include "common/niveis.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"

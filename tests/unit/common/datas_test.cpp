@@ -1,4 +1,4 @@
-#include "common/dates.h"
+#include "common/datas.h"
 
 #include "forms/house.h"
 #include "platform/jet/error.h"

@@ -1,6 +1,6 @@
-#include "attributes/ListaDatada.h"
+#include "attributes/listaDatada.h"
 
-#include "common/dates.h"
+#include "common/datas.h"
 #include "common/modGeral.h"
 #include "common/pesquisa.h"
 #include "platform/forms/focus.h"

@@ -1,7 +1,7 @@
 // The pattern of the editors of the places that the researcher makes: zones, localities and sites.
 #pragma once
 
-#include "places/EditorDeLocais.h"
+#include "places/editorDeLocais.h"
 #include "places/frmLocalizacao.h"
 
 // Opened from the picker, which waits disabled. The place above is the one that the picker shows. What is written here

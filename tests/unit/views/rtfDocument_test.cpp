@@ -1,5 +1,5 @@
 // Filling in a document: what is found, what stands in its place, and what is written.
-#include "views/rtfdocument.h"
+#include "views/rtfDocument.h"
 
 #include <gtest/gtest.h>
 
