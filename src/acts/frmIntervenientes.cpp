@@ -117,14 +117,14 @@ void FrmIntervenientes::cmdSair_Click()
 
 bool FrmIntervenientes::Form_QueryUnload(UnloadMode mode)
 {
-    return mode != UnloadMode::ControlMenu || cmdSair->isEnabled(); // keeps an assistant being edited
+    return mode != UnloadMode::ControlMenu || assistentes_.passo() == Passo::Repouso; // keeps an assistant being edited
 }
 
 void FrmIntervenientes::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
     guarded([&] {
-        chamada().acaba();
+        chamada().acaba(); // Kept: whoever asks by now.
         // The hand-over has disabled the card of a person, even if the act was a marriage.
         if (Form* individuo = Forms::find(FrmInd::Name)) individuo->setEnabled(true);
         casamento() ? voltaAFamilia() : voltaAoIndividuo();

@@ -48,7 +48,7 @@ private:
     void connectEvents();
 
     // The act, and the way back to its card
-    bool casamento() const { return donoDaJanela().familia(); }
+    bool casamento() const { return donoDaJanela().tipo == OrigemInterv::Familia; }
     void preencheListas();
     void abreCasamento();
     void abreBaptismo();

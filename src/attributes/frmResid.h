@@ -14,7 +14,7 @@ public:
 
     FrmResid();
 
-    bool doIndividuo() const { return !donoDaJanela().familia(); }
+    bool doIndividuo() const { return donoDaJanela().tipo == OrigemResid::Individuo; }
     QString localNaFicha() const { return cmbLoc->text(); } // "" if none is chosen
 
     void LimpaCampos() override;

@@ -71,9 +71,7 @@ void FrmInfo::PreencheFG()
     jet::Recordset& registos = adoInfo.recordset();
     const int linhas = registos.recordCount();
     dtgInfo->setRows(linhas == 0 ? 0 : linhas + 1);
-    dtgInfo->setCols(2);
-    dtgInfo->setTextMatrix(0, 0, "Código");
-    dtgInfo->setTextMatrix(0, 1, "Descrição");
+    dtgInfo->setColumns({{"Código"}, {"Descrição"}});
     for (int linha = 1; linha <= linhas; ++linha) {
         registos.setAbsolutePosition(linha);
         dtgInfo->setTextMatrix(linha, 0, registos["codigo"].toString());

@@ -25,6 +25,7 @@ protected:
         ligaComandos();
     }
 
+    bool emRepouso() const { return comandos_.passo() == Passo::Repouso; }
     bool inserindo() const { return comandos_.passo() == Passo::Insercao; }
 
     // What the first and the second click of a command do. The step has already begun when its opening routine runs,

@@ -39,7 +39,7 @@ void Ficha::procuraRegisto(const QString& criterio)
 
 jet::Recordset& Ficha::registoNaFicha()
 {
-    if (numero().isEmpty() || passo() == Passo::Insercao || modo_ == Modo::Loc) throw jet::noCurrentRow();
+    if (numero().isEmpty() || inserindo() || modo_ == Modo::Loc) throw jet::noCurrentRow();
     return registo();
 }
 
@@ -68,7 +68,7 @@ void Ficha::eliminaDoFicheiro()
 void Ficha::cmdIns_Click()
 {
     guarded([&] {
-        if (passo() == Passo::Insercao) return confirmaInsercao();
+        if (inserindo()) return confirmaInsercao();
         if (passo() == Passo::Pesquisa) return cancelaPesquisa();
         if (!EmPesquisa) iniciaInsercao();
     });
@@ -104,6 +104,7 @@ void Ficha::abreInsercao()
     LimpaCampos();
     AplicarModo(Modo::Edi);
     comandos_.passaA(Passo::Insercao);
+    insercaoParada_ = false;
     alt_->setEnabled(true);
     elim_->setEnabled(false);
 }
@@ -167,6 +168,9 @@ void Ficha::fechaPesquisa()
 {
     comandos_.passaA(Passo::Repouso);
     comandos_.passaA(interrompido_);
+    // Kept: an insertion that a search has interrupted can only be cancelled, and its command begins another one.
+    insercaoParada_ = interrompido_ == Passo::Insercao;
+    if (insercaoParada_) ins_->setText(legenda::inserir);
 }
 
 void Ficha::entregaAosResultados()

@@ -71,6 +71,7 @@ protected:
     }
 
     Passo passo() const { return comandos_.passo(); }
+    bool inserindo() const { return passo() == Passo::Insercao && !insercaoParada_; }
 
     virtual const QList<ModeRow>& modos() const = 0;
     virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement buttons
@@ -124,6 +125,7 @@ private:
     QWidget* filtro_ = nullptr;
     CommandButton *ins_ = nullptr, *alt_ = nullptr, *elim_ = nullptr, *loc_ = nullptr, *fechar_ = nullptr;
     Comandos comandos_;
-    Passo interrompido_ = Passo::Repouso;
+    Passo interrompido_ = Passo::Repouso; // by the search under way
+    bool insercaoParada_ = false;
     CommandButton *prim_ = nullptr, *ant_ = nullptr, *seg_ = nullptr, *ult_ = nullptr;
 };

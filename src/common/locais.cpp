@@ -7,8 +7,6 @@
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
-#include <ranges>
-
 namespace {
 
 // Chooses the first entry whose text behind the first "-" is `resto`.
@@ -45,9 +43,9 @@ void PreencheLocais(ComboBox& lista)
 {
     lista.add("  ");
     lista.setListIndex(0);
-    for (const DadosDoNivel& nivel : std::views::reverse(niveis)) {
-        for (jet::Recordset locais(cnBDP, nivel.locaisDaLista()); !locais.eof(); locais.moveNext())
-            lista.add(textoDoLocal(semMarca(locais[1].toString()), nivel.tipo, locais[0].toString()));
+    for (auto nivel = niveis.rbegin(); nivel != niveis.rend(); ++nivel) {
+        for (jet::Recordset locais(cnBDP, nivel->locaisDaLista()); !locais.eof(); locais.moveNext())
+            lista.add(textoDoLocal(semMarca(locais[1].toString()), nivel->tipo, locais[0].toString()));
     }
 }
 

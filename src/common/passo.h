@@ -10,7 +10,7 @@ enum class Passo
     Repouso, // a record is shown, or none
     Insercao,
     Alteracao,
-    Pesquisa // from the empty search form until its results are accepted or dropped
+    Pesquisa // from the empty search form until a result is accepted or the search is given up
 };
 
 // The captions of the commands.

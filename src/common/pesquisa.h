@@ -1,9 +1,9 @@
 // Whether a search for families is under way.
 #pragma once
 
-// From the empty search form until its results are accepted or dropped. Nothing may be added, altered or deleted
-// meanwhile, in any window. It outlives the card that searches.
-// Kept: a search for people doesn't count.
+// From the empty search form until a result is accepted or the search is given up. Nothing may be added, altered or
+// deleted meanwhile, in any window. It outlives the card that searches.
+// Kept: a search for people doesn't begin it, though its end ends it; and a search without criteria leaves it on.
 class Pesquisa
 {
 public:
@@ -11,7 +11,7 @@ public:
 
 private:
     friend class FrmFam;        // whose search it is
-    friend class Ficha;         // whose results end it
+    friend class Ficha;         // the end of a search on either card
     friend void beginSession(); // a change of the BDP drops it
 
     void comeca() { emCurso_ = true; }

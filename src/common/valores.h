@@ -39,6 +39,7 @@ public:
     Numero seguinte() const { return Numero(valor_.value_or(0) + 1); }
 
     friend bool operator==(const Numero&, const Numero&) = default;
+    // NOLINTNEXTLINE(modernize-use-nullptr): it takes the comparison with 0 behind the default for a pointer
     friend auto operator<=>(const Numero&, const Numero&) = default;
     friend size_t qHash(const Numero& numero, size_t seed = 0) { return numero ? qHash(*numero.valor_, seed) : seed; }
 

@@ -135,14 +135,16 @@ private:
     void desistePorFaltaDeCriterio();
     void cancelaPesquisa() override;
     Filtro filtroDosCampos() const;
-    Achado achado(const jet::Recordset& registo) const;
+    Achado achado(const jet::Recordset& linha) const;
 
     jet::DataControl adoFam{cnBDP};    // all families: what the movement buttons run through
     jet::DataControl adonFam{cnBDP};   // the members of the family shown
     jet::DataControl adoFilhos{cnBDP}; // its children
 
     Metade metades_[2];
-    Nfam NfamCorrente; // where a cancelled search comes back to; in an insert, the number proposed
+    // Where a search that is cancelled comes back to; in an insert, the number proposed. Kept: it outlives the card,
+    // and a search cancelled first thing in another BDP goes to the family with the number of the last.
+    inline static Nfam NfamCorrente;
     OrigemFam OrigemFam_ = OrigemFam::Menu;
     QString dtCasamAnterior; // what mskData held when it was entered
 };

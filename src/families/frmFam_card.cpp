@@ -11,11 +11,11 @@
 namespace {
 
 // Kept: a movement that fails is passed over; the cursor's place afterwards tells whether it was at an end.
-template <class Passo>
-void semErros(Passo passo)
+template <class Movimento>
+void semErros(Movimento movimento)
 {
     try {
-        passo();
+        movimento();
     } catch (const jet::Error&) {
     }
 }

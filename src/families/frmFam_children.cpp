@@ -89,7 +89,8 @@ void FrmFam::cmdElimF_Click()
     guarded([&] {
         if (EmPesquisa || !adoFilhos.hasRows() || dtgFilho->row() == 0) return;
         if (!ask("Tem a certeza que deseja eliminar este registo?")) return;
-        cnBDP.execute("update individuo set famorig = null where nind = " + dtgFilho->textMatrix(dtgFilho->row(), 0));
+        cnBDP.execute(jet::NativeSql("update individuo set famorig = null where nind = ?",
+                                     {dtgFilho->textMatrix(dtgFilho->row(), 0)}));
         adoFilhos.refresh();
         ActualizaFilhos();
     });

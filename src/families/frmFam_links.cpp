@@ -82,7 +82,7 @@ void FrmFam::cmdInt_Click()
 {
     guarded([&] {
         // In an insertion the family has no row yet, and the file is on the last one, where its number came from.
-        if (passo() != Passo::Insercao) poeFicheiroNaFicha();
+        if (!inserindo()) poeFicheiroNaFicha();
         JanelaDoDono::abre("frmIntervenientes", dono());
     });
 }

@@ -71,18 +71,17 @@ void FrmFam::confirmaPesquisa()
     cmdInsF->setEnabled(false);
     cmdElimF->setEnabled(false);
     frmResult().mostraResultados(*this, FrmResult::Uso::Familias,
-                                 [this](const jet::Recordset& registo) { return achado(registo); });
+                                 [this](const jet::Recordset& linha) { return achado(linha); });
 }
 
 // Kept: the couple is that of the card, which shows the hit chosen before.
-Achado FrmFam::achado(const jet::Recordset& registo) const
+Achado FrmFam::achado(const jet::Recordset& linha) const
 {
     QList<PessoaDaArvore> raizes;
     for (const Metade& membro : metades_)
         raizes << PessoaDaArvore{membro.nind->text(), membro.nome->text()};
-    return {
-        {textoDoNumero(registo["nfamilia"]), textoDoNumero(registo["tipocasal"]), textoDaData(registo["datacasam"])},
-        raizes};
+    return {{textoDoNumero(linha["nfamilia"]), textoDoNumero(linha["tipocasal"]), textoDaData(linha["datacasam"])},
+            raizes};
 }
 
 void FrmFam::escolheAchado(int, const QString& nfam)

@@ -41,13 +41,14 @@ void FrmDatas::Form_Load()
 void FrmDatas::mostraPara(Form& cartao, Procura procura)
 {
     const bool individuo = procura == Procura::Individuo;
-    if (isVisible() && isEnabled()) largaCartao(); // the other card would wait forever
+    if (espera_) largaCartao(); // the other card would wait forever
     display();
     setEnabled(true); // an earlier "Ok" may have left it disabled, perhaps for the other card
     optData_0->setEnabled(individuo);
     optData_2->setEnabled(individuo);
     setFocusToForm();
     cartao_ = &cartao;
+    espera_ = true;
     cartao.setEnabled(false);
 }
 
@@ -97,5 +98,6 @@ void FrmDatas::Form_Unload()
 
 void FrmDatas::largaCartao()
 {
+    espera_ = false;
     if (cartao_) cartao_->setEnabled(true);
 }

@@ -50,6 +50,7 @@ private:
     void largaCartao(); // enables it again
 
     QPointer<Form> cartao_; // whose search it serves
+    bool espera_ = false;   // whether that card waits, disabled
 };
 
 // The one form, loaded at first touch.

@@ -52,8 +52,6 @@ public:
     void voltaDoBaptismo(const QString& nind);
     // The list, not the card, goes to its first row, unless an edit or a search is under way.
     void vaiAoPrincipio();
-    // Enables whoever waits for this card: the card of families and all who have asked for a person.
-    void FrmLoaded();
 
     // What the card shows
     QString numero() const override { return txtNind->text(); } // "" if nobody is shown
@@ -136,6 +134,8 @@ private:
     void cmdTest_Click();
     void atribuiTestamenteiro();
     void cmdFechar_Click();
+    // Enables whoever waits for this card: the card of families and all who have asked for a person.
+    void FrmLoaded();
     void devolveAoChamador();
     void termina();
     void voltaA(const PedidoDeIndividuo& pedido);

@@ -61,55 +61,55 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
         NindCorrente = Nind::daColuna(rs["Nind"]);
         txtNind->setText(numero);
 
-        const jet::Recordset& registo = adoNind.recordset();
-        txtNome->setText(registo["Nome"].toString());
-        const QString tipo = registo["Tipo"].toString();
+        const jet::Recordset& guardado = adoNind.recordset();
+        txtNome->setText(guardado["Nome"].toString());
+        const QString tipo = guardado["Tipo"].toString();
         for (int i = 0; !Trim(tipo).isEmpty() && i < cmbTipoInd->count(); ++i) {
             if (Trim(cmbTipoInd->list(i)) != tipo) continue;
             cmbTipoInd->setListIndex(i);
             break;
         }
-        const QString sexoGuardado = registo["sexo"].toString();
+        const QString sexoGuardado = guardado["sexo"].toString();
         if (sexoGuardado == "m") optSexo_0->setValue(true);
         if (sexoGuardado == "f") optSexo_1->setValue(true);
         if (sexoGuardado == "d") optSexo_2->setValue(true);
-        txtFamOrig->setText(textoDoNumero(registo["famorig"]));
-        txtTit->setText(registo["titulo"].toString());
-        txtAlcunha->setText(registo["alcunha"].toString());
+        txtFamOrig->setText(textoDoNumero(guardado["famorig"]));
+        txtTit->setText(guardado["titulo"].toString());
+        txtAlcunha->setText(guardado["alcunha"].toString());
         // Stored dates are shown without the mask, which comes back when the fields are cleared.
-        mskini->showPlain(textoDaData(registo["inicioobs"]));
-        mskFim->showPlain(textoDaData(registo["fimobs"]));
+        mskini->showPlain(textoDaData(guardado["inicioobs"]));
+        mskFim->showPlain(textoDaData(guardado["fimobs"]));
 
-        const bool temNascimento = !registo["datanasc"].isNull();
-        mskDtNasc->showPlain(textoDaData(registo["datanasc"]));
-        chkDtNasc->setChecked(temNascimento && registo["DnascFixa"].toBool());
+        const bool temNascimento = !guardado["datanasc"].isNull();
+        mskDtNasc->showPlain(textoDaData(guardado["datanasc"]));
+        chkDtNasc->setChecked(temNascimento && guardado["DnascFixa"].toBool());
         cmdInterv->setEnabled(temNascimento);
-        if (!registo["localnasc"].isNull())
-            SeleccionaLocal(*cmbLoc, registo["localnasc"].toString(), registo["tipolocalnasc"].toString(),
+        if (!guardado["localnasc"].isNull())
+            SeleccionaLocal(*cmbLoc, guardado["localnasc"].toString(), guardado["tipolocalnasc"].toString(),
                             TabelaDosSitios::lugar);
-        ProcuraItemData(*cmbFiliacao, registo["filiacao"]);
-        txtIdPai->setText(textoDoNumero(registo["idadepai"]));
-        txtIdMae->setText(textoDoNumero(registo["idademae"]));
-        ProcuraItemData(*cmbECPai, registo["estadocivilpai"]);
-        ProcuraItemData(*cmbECMae, registo["estadocivilmae"]);
+        ProcuraItemData(*cmbFiliacao, guardado["filiacao"]);
+        txtIdPai->setText(textoDoNumero(guardado["idadepai"]));
+        txtIdMae->setText(textoDoNumero(guardado["idademae"]));
+        ProcuraItemData(*cmbECPai, guardado["estadocivilpai"]);
+        ProcuraItemData(*cmbECMae, guardado["estadocivilmae"]);
 
-        mskDtObito->showPlain(textoDaData(registo["dataobito"]));
-        if (!registo["dataobito"].isNull()) chkDFixa->setChecked(registo["dobitofixa"].toBool());
-        if (!registo["localobito"].isNull())
-            SeleccionaLocal(*cmbLocObito, registo["localobito"].toString(), registo["tipolocalobito"].toString(),
+        mskDtObito->showPlain(textoDaData(guardado["dataobito"]));
+        if (!guardado["dataobito"].isNull()) chkDFixa->setChecked(guardado["dobitofixa"].toBool());
+        if (!guardado["localobito"].isNull())
+            SeleccionaLocal(*cmbLocObito, guardado["localobito"].toString(), guardado["tipolocalobito"].toString(),
                             TabelaDosSitios::lugar);
-        ProcuraItemData(*cmbSacram, registo["sacramentos"]);
-        ProcuraItemData(*cmbEC, registo["estadoobito"]);
-        txtIdade->setText(textoDoNumero(registo["idadeobito"]));
-        chkMenor->setChecked(registo["menor"].toBool());
-        txtCausa->setText(registo["causa"].toString());
-        ProcuraItemData(*cmbclass, registo["classparoquial"]);
+        ProcuraItemData(*cmbSacram, guardado["sacramentos"]);
+        ProcuraItemData(*cmbEC, guardado["estadoobito"]);
+        txtIdade->setText(textoDoNumero(guardado["idadeobito"]));
+        chkMenor->setChecked(guardado["menor"].toBool());
+        txtCausa->setText(guardado["causa"].toString());
+        ProcuraItemData(*cmbclass, guardado["classparoquial"]);
         // Kept: two columns shown as one choice, the will first.
-        if (registo["testam"].toBool())
+        if (guardado["testam"].toBool())
             optTest_0->setValue(true);
-        else if (registo["escrit"].toBool())
+        else if (guardado["escrit"].toBool())
             optTest_1->setValue(true);
-        txtObs->setText(registo["obs"].toString());
+        txtObs->setText(guardado["obs"].toString());
 
         adoRel.setRecordSource(
             "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "

@@ -59,7 +59,7 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
 // is on leaves the other's column as it was.
 FrmInd::Valores FrmInd::valoresDaAlteracao()
 {
-    const jet::Recordset& registo = adoNind.recordset();
+    const jet::Recordset& linha = adoNind.recordset();
     const bool testamento = optTest_0->isChecked(), escritura = optTest_1->isChecked();
     const QVariant idadeMae = textoDe(txtIdMae);
     return {
@@ -78,9 +78,9 @@ FrmInd::Valores FrmInd::valoresDaAlteracao()
         {"estadocivilpai", itemDe(cmbECPai)},
         {"estadocivilmae", itemDe(cmbECMae)},
         {"testam", testamento  ? true
-                   : escritura ? registo["testam"]
+                   : escritura ? linha["testam"]
                                : false},
-        {"escrit", testamento ? registo["escrit"] : escritura},
+        {"escrit", testamento ? linha["escrit"] : escritura},
         {"dataobito", dataDe(mskDtObito)},
         {"dobitofixa", chkDFixa->isChecked()},
         {"localobito", codigoDe(cmbLocObito)},

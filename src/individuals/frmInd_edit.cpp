@@ -38,11 +38,11 @@ void FrmInd::confirmaInsercao()
         adoNind.setRecordSource("select * from individuo");
         adoNind.refresh();
     }
-    jet::Recordset& registo = adoNind.recordset();
-    registo.addNew();
+    jet::Recordset& linha = adoNind.recordset();
+    linha.addNew();
     for (const auto& [coluna, valor] : valoresDaInsercao())
-        if (!valor.isNull()) registo.set(coluna, valor);
-    registo.update();
+        if (!valor.isNull()) linha.set(coluna, valor);
+    linha.update();
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());

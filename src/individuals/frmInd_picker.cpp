@@ -15,7 +15,7 @@ void FrmInd::pede(PedidoDeIndividuo pedido, const std::optional<QString>& primei
     FrmIndLoaded();
     if (deActo)
         frmInd().atendeActo(primeiro);
-    else if (primeiro)
+    else if (primeiro && frmInd().adoInd.hasRows()) // with nobody to show, the card stays as it is
         frmInd().mostra(*primeiro);
     chamada().espera();
 }
@@ -128,7 +128,7 @@ void FrmInd::atribuiTestamenteiro()
     AplicarModo(Modo::Edi);
     for (CommandButton* comando : {cmdAtribuir, cmdLoc, cmdFechar})
         comando->setEnabled(false);
-    (passo() == Passo::Insercao ? cmdElim : cmdIns)->setEnabled(false);
+    (inserindo() ? cmdElim : cmdIns)->setEnabled(false);
 }
 
 void FrmInd::cmdFechar_Click()

@@ -88,9 +88,9 @@ void FrmInd::confirmaPesquisa()
     AplicarModo(Modo::Cons);
     ActualizaCampos(adoFiltro.recordset());
     entregaAosResultados();
-    frmResult().mostraResultados(*this, FrmResult::Uso::Individuos, [](const jet::Recordset& registo) {
-        const PessoaDaArvore pessoa{textoDoNumero(registo["nind"]), registo["nome"].toString(),
-                                    textoDoNumero(registo["famorig"])};
+    frmResult().mostraResultados(*this, FrmResult::Uso::Individuos, [](const jet::Recordset& linha) {
+        const PessoaDaArvore pessoa{textoDoNumero(linha["nind"]), linha["nome"].toString(),
+                                    textoDoNumero(linha["famorig"])};
         return Achado{{pessoa.nind, pessoa.nome, pessoa.famorig}, {pessoa}};
     });
 }

@@ -48,7 +48,7 @@ enum class DepoisDePedido
 struct PedidoDeIndividuo
 {
     OrigemInd origem = OrigemInd::Ninguem;
-    QPointer<Form> quem = {}; // who waits
+    QPointer<Form> quem = {}; // Precondition: given where `espera`; who waits
     bool espera = true;       // disabled meanwhile
 
     // The request of an act: the card is enabled for it and comes up as it is; in the middle of an edit or a search it

@@ -32,7 +32,7 @@ void EditorDeLocais::carrega()
 
 bool EditorDeLocais::Form_QueryUnload(UnloadMode modo)
 {
-    return modo != UnloadMode::ControlMenu || sair_->isEnabled();
+    return modo != UnloadMode::ControlMenu || emRepouso();
 }
 
 void EditorDeLocais::grelha_Click()
@@ -79,15 +79,14 @@ void EditorDeLocais::preencheGrelha()
     jet::Recordset& linhas = registos_->recordset();
     const int total = linhas.recordCount();
     grelha_->setRows(total > 0 ? total + 1 : 0);
-    grelha_->setCols(static_cast<int>(regras_.colunas.size()));
-    for (int coluna = 0; coluna < regras_.colunas.size(); ++coluna) {
-        const auto& [titulo, campo, largura] = regras_.colunas[coluna];
-        grelha_->setTextMatrix(0, coluna, titulo);
-        if (largura >= 0) grelha_->setColWidth(coluna, largura);
-        for (int linha = 1; linha <= total; ++linha) {
-            linhas.setAbsolutePosition(linha);
-            grelha_->setTextMatrix(linha, coluna, semMarca(valor(campo)));
-        }
+    QList<GridColumn> colunas;
+    for (const Coluna& coluna : regras_.colunas)
+        colunas << GridColumn{coluna.titulo, coluna.largura};
+    grelha_->setColumns(colunas);
+    for (int linha = 1; linha <= total; ++linha) {
+        linhas.setAbsolutePosition(linha);
+        for (int coluna = 0; coluna < regras_.colunas.size(); ++coluna)
+            grelha_->setTextMatrix(linha, coluna, semMarca(valor(regras_.colunas[coluna].campo)));
     }
 }
 

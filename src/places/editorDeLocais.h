@@ -24,12 +24,6 @@ public:
     using EditorDeTabela::EditorDeTabela;
 
 protected:
-    enum class Passo
-    {
-        Insercao,
-        Alteracao
-    };
-
     // What the user is told.
     struct Recusas
     {
@@ -46,7 +40,7 @@ protected:
 
     struct Regras
     {
-        Nivel nivel;
+        Nivel nivel = Nivel::Pais;
         QString ordem = {};          // of the rows; empty: as the source gives them
         QList<Coluna> colunas;       // of the grid
         Recusas recusas;             // of an insertion

@@ -68,7 +68,7 @@ void FrmLocalizacao::cmdSair_Click()
 // The place on the combos goes to the card that asks for it, whether or not it is on the working list.
 void FrmLocalizacao::atribuiLocal()
 {
-    const PedidoDeLocal pedido = pedidoDeLocal();
+    const PedidoDeLocal& pedido = pedidoDeLocal();
     if (!pedido.quemPede) return;
     for (const auto& aberta : ListasAbertas::deLocais())
         if (aberta.janela == pedido.quemPede) refaz(*aberta.combo, *lstLocal);

@@ -6,7 +6,6 @@
 #include "places/frmLocalizacao.h"
 
 #include <algorithm>
-#include <ranges>
 
 void FrmLocalizacao::lista_Click(Nivel nivel)
 {
@@ -127,7 +126,8 @@ QString FrmLocalizacao::codigoAte(Nivel nivel) const
 // it is still the deeper one's.
 void FrmLocalizacao::LocalEscolhido()
 {
-    for (const DadosDoNivel& dados : std::views::reverse(niveis)) {
+    for (auto nivel = niveis.rbegin(); nivel != niveis.rend(); ++nivel) {
+        const DadosDoNivel& dados = *nivel;
         // Kept: it is the funeral's picker of persons that shuts the narrowest levels out.
         if (chamada().origem() == OrigemInd::PadreDoFuneral && dados.nivel >= Nivel::Lugar) continue;
         const QString texto = lista(dados.nivel)->text();

@@ -39,6 +39,8 @@ bool FrmZona::nomeRepetido(const QString& nome, Passo) const
 const QList<ModeRow>& FrmZona::modos() const
 {
     using enum Effect;
+    // As the countries: the code, too, is open here, unlike in the other provisional editors.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     static const QList<ModeRow> tabela = EditorDeLocais::modos() + QList<ModeRow>{{"cmbTipo", {Open}, {Shut}}};
     return tabela;
 }

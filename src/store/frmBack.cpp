@@ -28,6 +28,7 @@ void FrmBack::mostraPara(const QString& ocasiao)
 {
     display();
     ui->lblTipo->setText(ocasiao);
+    ocasiao_ = ocasiao;
 }
 
 void FrmBack::Form_Load()
@@ -41,8 +42,8 @@ void FrmBack::Form_Load()
 void FrmBack::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
-    if (ui->lblTipo->text() == "a") Forms::show("frmIni");
-    if (ui->lblTipo->text() == "f") endProgram();
+    if (ocasiao_ == "a") Forms::show("frmIni");
+    if (ocasiao_ == "f") endProgram();
 }
 
 void FrmBack::cmdLoc_Click()

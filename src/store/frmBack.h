@@ -33,6 +33,7 @@ private:
     void cmdB_1_Click();
 
     std::unique_ptr<Ui::FrmBack> ui;
+    QString ocasiao_; // "" until it is told
 };
 
 FrmBack& frmBack();

@@ -125,7 +125,7 @@ bool valuesOutsideWhere(const Tokens& t, const Clauses& clauses)
     const int begin = clauses.where > 0 ? clauses.where : clauses.end;
     const int end = clauses.where > 0 ? clauses.endOf(clauses.where) : clauses.end;
     for (int i = 0; i < clauses.end; ++i)
-        if (t[i].is("?") && (i < begin || i >= end)) return true;
+        if ((i < begin || i >= end) && t[i].is("?")) return true;
     return false;
 }
 

@@ -40,13 +40,6 @@ TEST_F(FamilyLinks, TheRegisterIsThatOfTheFamilyShownAndNotOfTheFirstRow)
     EXPECT_EQ(control<TextBox>(frmRP(), "txtLoc").text(), "/rp/2.png");
 }
 
-TEST_F(FamilyLinks, WithoutTheFormOfResidencesTheCardStaysAsItIs)
-{
-    click("cmdResid");
-    EXPECT_TRUE(frmFam().isShown());
-    EXPECT_TRUE(frmFam().isEnabled());
-}
-
 TEST_F(FamilyLinks, ClosingGoesBackToAPersonWhoWaitsToBeHandedOver)
 {
     Forms::show(FrmInd::Name)->conceal();

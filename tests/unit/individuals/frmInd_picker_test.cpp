@@ -165,15 +165,6 @@ TEST_F(IndividualCard, TheFormThatAskedGoesAndTheCardIsBackOnItsPerson)
     EXPECT_FALSE(command("cmdAtribuir").isEnabled());
 }
 
-TEST_F(IndividualCard, CommandsOfFormsThatDontExistDoNothing)
-{
-    for (const char* opening :
-         {"cmdProf", "cmdResid", "cmdAssin", "cmdApadrinha", "cmdCerFun", "cmdRMorte", "cmdLegProf"}) {
-        click(opening);
-        EXPECT_TRUE(frmInd().isEnabled() && frmInd().isShown()) << opening;
-    }
-}
-
 TEST_F(IndividualCard, TheParishRecordTakesTheCardsPlace)
 {
     cnBDP.execute("update individuo set rpObi = 'c:\\obitos.jpg' where nind = 7");
