@@ -6,7 +6,7 @@
 #include "individuals/frmInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
-#include "shell/startup.h"
+#include "shell/beginSession.h"
 #include "store/modBD.h"
 
 #include <QMainWindow>

@@ -1,6 +1,6 @@
 #include "people.h"
 
-#include "shell/startup.h"
+#include "shell/beginSession.h"
 #include "store/modBD.h"
 #include "store/session.h"
 

@@ -12,7 +12,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
-#include "shell/startup.h"
+#include "shell/beginSession.h"
 #include "store/frmBack.h"
 #include "store/modBD.h"
 #include "ui_frmORV.h"

@@ -12,13 +12,10 @@
 #include "codes/frmInfo.h"
 #include "codes/frmProfissao.h"
 #include "common/modGeral.h"
-#include "common/pedidoDeLocal.h"
-#include "common/pesquisa.h"
 #include "common/splashForm.h"
 #include "families/frmFam.h"
 #include "individuals/frmDatas.h"
 #include "individuals/frmInd.h"
-#include "individuals/pedido.h"
 #include "places/frmConcelhos.h"
 #include "places/frmDistritos.h"
 #include "places/frmFreguesias.h"
@@ -32,6 +29,7 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "shell/application.h"
+#include "shell/beginSession.h"
 #include "shell/frmAcerca.h"
 #include "shell/frmMail.h"
 #include "shell/frmORV.h"
@@ -116,13 +114,6 @@ void prepareApplication()
     QApplication::setWindowIcon(QIcon(":/icons/orv.svg"));
     QApplication::setQuitOnLastWindowClosed(false);
     registerForms();
-}
-
-void beginSession()
-{
-    EmPesquisa.acaba();
-    chamada().recomeca();
-    esquecePedidoDeLocal();
 }
 
 FrmORV& startProgram(const QString& commandLine)

@@ -18,9 +18,6 @@ void registerForms();
 // Precondition: the application object exists, and prepareApplication() has run.
 FrmORV& startProgram(const QString& commandLine);
 
-// Another session begins: nobody is asking for a person or a place, and no search is under way.
-void beginSession();
-
 // What the program sets up on its application object: language, style, focus watch, icons.
 // Precondition: the application object exists.
 void prepareApplication();

@@ -4,7 +4,7 @@
 #include "common/pedidoDeLocal.h"
 #include "forms/house.h"
 #include "individuals/pedido.h"
-#include "shell/startup.h"
+#include "shell/beginSession.h"
 #include "store/session.h"
 
 #include <QTemporaryDir>

@@ -6,6 +6,7 @@
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
 #include "platform/jet/database.h"
+#include "shell/beginSession.h"
 #include "shell/startup.h"
 #include "store/modBD.h"
 

@@ -3,7 +3,7 @@
 
 #include "forms/house.h"
 #include "platform/jet/database.h"
-#include "shell/startup.h"
+#include "shell/beginSession.h"
 #include "store/modBD.h"
 
 #include <QTemporaryDir>
