@@ -11,7 +11,7 @@
 bool AbreBDP(const QString& caminho)
 {
     bool aberta = false;
-    guarded([&] {
+    evenIfItFails([&] {
         Hourglass ampulheta;
         StrLigacao = connectionString(caminho);
         cnBDP.close();
@@ -24,7 +24,7 @@ bool AbreBDP(const QString& caminho)
 
 void CriaBDP(const QString& caminho)
 {
-    guarded([&] {
+    evenIfItFails([&] {
         if (QFileInfo(caminho).isFile()) {
             if (!ask("Essa BDP já existe! Deseja substituí-la?", Icon::None)) return;
             cnBDP.close();
@@ -53,7 +53,8 @@ bool ExisteColuna(const QString& tabela, const QString& coluna, jet::Connection&
 
 void ActualizaEstrutura()
 {
-    guarded([&] {
+    const jet::RoutineScope scope(cnBDP); // what fails is undone before anything else is written
+    evenIfItFails([&] {
         cnBDP.beginTrans();
         if (!ExisteColuna("InfoPar", "Pais", cnBDP)) cnBDP.execute("alter table InfoPar add column Pais char(2)");
         if (ExisteColuna("Residencia", "idresidencia", cnBDP)) {
