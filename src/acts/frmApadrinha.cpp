@@ -10,6 +10,7 @@ FrmApadrinha::FrmApadrinha() : JanelaDoDono(Name)
     setupUi(this);
     assistente->AplicarModo(Modo::Cons);
     assistente->mostraParentescos(false);
+    opensOn(dtgAp, cmdSair);
     connect(dtgAp, &Grid::picked, this, &FrmApadrinha::dtgAp_Click);
     connect(cmdSair, &CommandButton::clicked, this, &FrmApadrinha::cmdSair_Click);
 }

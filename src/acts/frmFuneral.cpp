@@ -88,7 +88,9 @@ void FrmFuneral::cmdIrpara_Click()
                       .depois = DepoisDePedido::FicaAberta,
                       .DataActo = frmInd().dataDaVida(),
                       .recusa = recusaNoFuneral,
-                      .recebe = [this](const FrmInd& ficha) { txtNindP->setText(ficha.numero()); }},
+                      .recebe = [this](const FrmInd& ficha) { txtNindP->setText(ficha.numero()); },
+                      .comoQue = [morto = txtNind->text()](
+                                     const FrmInd&) { return "padre do funeral do indivíduo nº " + morto; }},
                      txtNindP->text());
     });
 }

@@ -36,6 +36,7 @@ void FrmIntervenientes::connectEvents()
     }
     connect(cmdE, &CommandButton::clicked, this, &FrmIntervenientes::cmdE_Click);
 
+    opensOn(dtInterv, cmdIns);
     connect(dtInterv, &Grid::picked, this, &FrmIntervenientes::dtInterv_Click);
     connect(cmdIndAss, &CommandButton::clicked, this, [this] { chamaIndividuo(OrigemInd::Assistente, txtIndAss); });
     connect(cmdIns, &CommandButton::clicked, this, &FrmIntervenientes::cmdIns_Click);
@@ -91,6 +92,20 @@ void FrmIntervenientes::abreBaptismo()
     if (donoDaJanela().registo) mostraPadres(*donoDaJanela().registo);
 }
 
+QString FrmIntervenientes::papel(OrigemInd origem, const FrmInd& ficha) const
+{
+    if (origem == OrigemInd::PrimeiroPadre) return "primeiro padre";
+    if (origem == OrigemInd::SegundoPadre) return "segundo padre";
+    if (assistente->optassistente_1->isChecked()) return "testemunha";
+    if (!assistente->optassistente_0->isChecked()) return "assistente";
+    return ficha.sexo() == "f" ? "madrinha" : "padrinho";
+}
+
+QString FrmIntervenientes::acto() const
+{
+    return (casamento() ? " do casamento nº " : " do baptismo nº ") + txtNum->text();
+}
+
 // Calls up the card of a person, on the one in the field. Kept: only the second priest is asked for without the splash,
 // and sends the list to its first row.
 void FrmIntervenientes::chamaIndividuo(OrigemInd origem, TextBox* campo)
@@ -105,7 +120,8 @@ void FrmIntervenientes::chamaIndividuo(OrigemInd origem, TextBox* campo)
                       .depois = casamento() ? DepoisDePedido::FicaEscondida : DepoisDePedido::FicaAberta,
                       .DataActo = mskData->text(),
                       .recusa = recusaNoActo,
-                      .recebe = [=](const FrmInd& ficha) { campo->setText(ficha.numero()); }},
+                      .recebe = [=](const FrmInd& ficha) { campo->setText(ficha.numero()); },
+                      .comoQue = [=, this](const FrmInd& ficha) { return papel(origem, ficha) + acto(); }},
                      Trim(actual).isEmpty() ? std::optional<QString>() : actual);
     });
 }

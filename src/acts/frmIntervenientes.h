@@ -54,6 +54,8 @@ private:
     void abreBaptismo();
     void voltaAoIndividuo();
     void voltaAFamilia();
+    QString papel(OrigemInd origem, const FrmInd& ficha) const; // what the person would be at the act
+    QString acto() const;
     void chamaIndividuo(OrigemInd origem, TextBox* campo);
     void cmdSair_Click();
 

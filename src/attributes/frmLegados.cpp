@@ -113,7 +113,12 @@ void FrmLegados::cmdIrpara_Click()
                       .quem = this,
                       .deActo = true,
                       .depois = DepoisDePedido::FicaAberta,
-                      .recebe = [this](const FrmInd& ficha) { txtNindH->setText(ficha.numero()); }},
+                      .recebe = [this](const FrmInd& ficha) { txtNindH->setText(ficha.numero()); },
+                      .comoQue =
+                          [testador = txtNind->text()](const FrmInd& ficha) {
+                              return QString(ficha.sexo() == "f" ? "herdeira" : "herdeiro") + " do indivíduo nº " +
+                                     testador;
+                          }},
                      txtNindH->text());
     });
 }

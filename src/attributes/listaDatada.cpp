@@ -18,6 +18,7 @@ void ListaDatada::usa(const Botoes& botoes, Grid* grelha, QList<GridColumn> colu
     grelha_ = grelha;
     colunas_ = std::move(colunas);
     regras_ = std::move(regras);
+    opensOn(grelha_, cmd_.ins);
     connect(grelha_, &Grid::picked, this, &ListaDatada::grelha_Click);
     connect(cmd_.ins, &CommandButton::clicked, this, &ListaDatada::cmdIns_Click);
     connect(cmd_.alt, &CommandButton::clicked, this, &ListaDatada::cmdAlt_Click);

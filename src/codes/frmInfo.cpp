@@ -14,6 +14,7 @@ FrmInfo::FrmInfo() : EditorDeTabela(Name)
     connect(cmbCat, &ComboBox::clicked, this, &FrmInfo::cmbCat_Click);
     connect(dtgInfo, &Grid::picked, this, &FrmInfo::dtgInfo_Click);
     usaComandos<Ui::FrmInfo>(*this);
+    opensOn(dtgInfo, cmdIns);
 }
 
 void FrmInfo::Form_Load()

@@ -17,6 +17,7 @@ FrmProfissao::FrmProfissao() : EditorDeTabela(Name)
     connect(lstProf, &ListBox::clicked, this, &FrmProfissao::lstProf_Click);
     connect(lstProf, &ListBox::currentRowChanged, this, &FrmProfissao::lstProf_Click); // the arrow keys choose too
     usaComandos<Ui::FrmProfissao>(*this);
+    opensOn(lstProf, cmdIns);
 }
 
 void FrmProfissao::Form_Load()

@@ -70,7 +70,11 @@ void FrmFam::cmdInsF_Click()
                       .quem = this,
                       .espera = false,
                       .IndChamado = true,
-                      .recebe = [this](FrmInd& ficha) { recebeFilho(ficha); }},
+                      .recebe = [this](FrmInd& ficha) { recebeFilho(ficha); },
+                      .comoQue =
+                          [this](const FrmInd& ficha) {
+                              return QString(ficha.sexo() == "f" ? "filha" : "filho") + " da família nº " + numero();
+                          }},
                      QString());
     });
 }

@@ -37,7 +37,10 @@ PedidoDeIndividuo FrmFam::pedidoDeConjuge(int indice)
             .quem = this,
             .recusa = recusa,
             .recebe = recebe,
-            .segueAlteracao = segue};
+            .segueAlteracao = segue,
+            .comoQue = [homem, nfam = numero()](const FrmInd&) {
+                return QString(homem ? "marido" : "esposa") + " da família nº " + nfam;
+            }};
 }
 
 void FrmFam::mostraPara(OrigemFam origem, const QString& nfam)

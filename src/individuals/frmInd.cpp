@@ -35,6 +35,7 @@ FrmInd::FrmInd() : Ficha(Name)
         ListasAbertas::segueLocais(*this, *lista);
     ListasAbertas::segueCodigos(*this, *cmbclass, "ClaPa");
     ListasAbertas::segueCodigos(*this, *cmbSacram, "Sacra");
+    cmdAtribuir->installEventFilter(this);
     connectEvents();
 }
 
@@ -79,7 +80,6 @@ void FrmInd::connectEvents()
 
 void FrmInd::Form_Load()
 {
-    if (parentWidget()) parentWidget()->move(0, 0); // where it fits, even if a dialog is still there
     guarded([&] {
         const Hourglass ampulheta;
         adoInd.setRecordSource("select nind from individuo order by nind");

@@ -70,6 +70,7 @@ public:
     void poeFamiliaDeOrigem(const QString& nfam);
 
 protected:
+    bool eventFilter(QObject* objecto, QEvent* evento) override; // the tool tip of "a&Tribuir" tells for whom
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }

@@ -111,7 +111,12 @@ void FrmInd::cmdTest_Click()
                           .espera = false,
                           .IndChamado = true,
                           .depois = DepoisDePedido::ReabreEdicao,
-                          .recebe = [](FrmInd& ficha) { ficha.atribuiTestamenteiro(); }});
+                          .recebe = [](FrmInd& ficha) { ficha.atribuiTestamenteiro(); },
+                          .comoQue =
+                              [numero = testador.texto()](const FrmInd& ficha) {
+                                  return (ficha.sexo() == "f" ? "testamenteira" : "testamenteiro") +
+                                         (" do indivíduo nº " + numero);
+                              }});
         adoInd.recordset().moveFirst();
         ActualizaCampos(adoInd.recordset());
         AplicarModo(Modo::Cons);
@@ -175,6 +180,15 @@ void FrmInd::FrmLoaded()
 {
     if (Form* familia = Forms::find(FrmFam::Name)) familia->setEnabled(true);
     chamada().libertaQuemEspera();
+}
+
+bool FrmInd::eventFilter(QObject* objecto, QEvent* evento)
+{
+    if (objecto == cmdAtribuir && (evento->type() == QEvent::ToolTip || evento->type() == QEvent::EnabledChange)) {
+        const auto& comoQue = chamada().pedido().comoQue;
+        cmdAtribuir->setToolTip(comoQue && cmdAtribuir->isEnabled() ? "Atribuir como " + comoQue(*this) : QString());
+    }
+    return Ficha::eventFilter(objecto, evento);
 }
 
 void FrmInd::permiteAtribuir()

@@ -62,6 +62,7 @@ struct PedidoDeIndividuo
     std::function<std::optional<RecusaDeIndividuo>(const PedidoDeIndividuo&, const FrmInd&)> recusa = {};
     std::function<void(FrmInd&)> recebe = {};               // takes the person shown
     std::function<void(const FrmInd&)> segueAlteracao = {}; // the person shown was altered during the request
+    std::function<QString(const FrmInd&)> comoQue = {}; // what the person shown would be: "padrinho do baptismo nº 5"
 };
 
 // The request in force. It outlives the card, which may be called up before it is loaded.

@@ -13,6 +13,7 @@
 
 void EditorDeLocais::ligaGrelha()
 {
+    opensOn(grelha_, ins_);
     connect(grelha_, &Grid::picked, this, &EditorDeLocais::grelha_Click);
 }
 

@@ -43,6 +43,8 @@
 #include <QFile>
 #include <QIcon>
 #include <QPointer>
+#include <QScreen>
+#include <QStyle>
 
 static void initResources() // at global scope, as the macro needs it
 {
@@ -116,10 +118,20 @@ void prepareApplication()
     registerForms();
 }
 
+// With the frame that the desktop puts around it.
+static void fitOnScreen(QWidget& window)
+{
+    const QStyle* style = window.style();
+    const int border = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const int title = style->pixelMetric(QStyle::PM_TitleBarHeight);
+    window.resize(window.size().boundedTo(window.screen()->availableSize() - QSize(2 * border, title + 2 * border)));
+}
+
 FrmORV& startProgram(const QString& commandLine)
 {
     beginSession();
     auto* window = new FrmORV;
+    fitOnScreen(*window);
     window->show();
     window->Form_Load(commandLine);
     return *window;

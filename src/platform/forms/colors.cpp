@@ -4,20 +4,40 @@
 #include <QPalette>
 #include <QVariant>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 constexpr auto property = "backColor";
 
-// Black or white, whichever can be read on the colour.
-QColor textOn(const QColor& color)
+double linear(double part)
 {
-    const double light = 0.299 * color.red() + 0.587 * color.green() + 0.114 * color.blue();
-    return light > 140 ? Qt::black : Qt::white;
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
 }
 
-QColor between(const QColor& a, const QColor& b)
+double luminance(const QColor& color)
 {
-    return QColor((2 * a.red() + b.red()) / 3, (2 * a.green() + b.green()) / 3, (2 * a.blue() + b.blue()) / 3);
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+constexpr double readable = 4.5;
+
+// Black or white, whichever can be read better on the colour.
+QColor textOn(const QColor& color)
+{
+    return contrast(Qt::black, color) >= contrast(Qt::white, color) ? Qt::black : Qt::white;
+}
+
+// The text colour, paler as far as it can still be read on the background.
+QColor pale(const QColor& text, const QColor& back)
+{
+    for (int share = 60; share < 100; share += 5) {
+        const auto mix = [share](int a, int b) { return (share * a + (100 - share) * b) / 100; };
+        const QColor paler(mix(text.red(), back.red()), mix(text.green(), back.green()), mix(text.blue(), back.blue()));
+        if (contrast(paler, back) >= readable) return paler;
+    }
+    return text;
 }
 
 struct Look
@@ -46,7 +66,8 @@ void setBackColor(QWidget* control, const QColor& color)
         const QColor text = textOn(color);
         palette.setColor(look.back, color);
         palette.setColor(look.text, text);
-        palette.setColor(QPalette::Disabled, look.text, between(text, color));
+        palette.setColor(QPalette::Disabled, look.text, pale(text, color));
+        palette.setColor(QPalette::PlaceholderText, pale(text, color));
     }
     control->setProperty(property, color.isValid() ? QVariant(color) : QVariant());
     control->setPalette(palette);
@@ -57,4 +78,25 @@ QColor backColor(const QWidget* control)
 {
     const QVariant set = control->property(property);
     return set.isValid() ? set.value<QColor>() : control->palette().color(lookOf(control).back);
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+void keepReadableWhenDisabled(QWidget* control)
+{
+    if (control->property(property).isValid()) return;
+    const Look look = lookOf(control);
+    QPalette palette = control->palette();
+    const QColor back = palette.color(QPalette::Disabled, look.back);
+    if (contrast(palette.color(QPalette::Disabled, look.text), back) >= readable) return;
+    const QColor own = palette.color(QPalette::Active, look.text);
+    const QColor text = contrast(own, back) >= readable ? own : textOn(back);
+    palette = QPalette();
+    palette.setResolveMask(0);
+    palette.setColor(QPalette::Disabled, look.text, pale(text, back));
+    control->setPalette(palette);
 }

@@ -17,6 +17,13 @@
 void setBackColor(QWidget* control, const QColor& color);
 QColor backColor(const QWidget* control);
 
+// How well one colour can be read on the other: from 1 to 21, and from 4.5 on as text.
+double contrast(const QColor& a, const QColor& b);
+
+// Sees to it that the control can be read while it is disabled, in the colours of the desktop, whatever they are. A
+// control that has a background colour of its own can be anyway.
+void keepReadableWhenDisabled(QWidget* control);
+
 // The mask of every date field, and its text when nothing was typed.
 inline constexpr auto dateMask = "##/##/####";
 inline constexpr auto emptyMaskedDate = "__/__/____";
@@ -69,7 +76,7 @@ private:
 
 // A date field with two states. With the mask it shows "__/__/____" when empty, takes digits only, and its text always
 // has ten characters. Without it, it is a plain field and empty is "". text() is what it shows in either state.
-// A new field has the mask.
+// A new field has the mask. The Tab key selects what it holds, a click under the mask the day, the month or the year.
 class MaskedEdit : public QLineEdit
 {
     Q_OBJECT
@@ -90,9 +97,11 @@ public:
     void showPlain(const QString& text);
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     QString mask_;
@@ -101,7 +110,8 @@ private:
 // A drop-down list whose entries have a text and a 32-bit number, 0 where none was given.
 // No entry chosen is index -1, even after entries were added. clicked is emitted when the user picks an entry, even the
 // one already chosen, and when the program changes the index; not when the list is cleared.
-// Locked: it shows and can be focused; the list can't be opened, nor the choice changed by key or wheel.
+// Locked: it looks like a line of text, without its arrow, and can be focused; the list can't be opened, nor the choice
+// changed by key or wheel.
 class ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -177,12 +187,17 @@ class OptionButton : public QRadioButton
 public:
     explicit OptionButton(QWidget* parent = nullptr);
     void setValue(bool on); // on: the others of the frame go off
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override; // with a mark of the focus that is plain on any background
 };
 
 struct GridColumn
 {
     QString title;
-    int width = -1; // in pixels, 0 hides it; not given: as it is, and the last column takes what is left
+    int width =
+        -1; // in pixels of the usual font, 0 hides it; not given: as it is, and the last column takes what is left
 };
 
 // A grid as the program counts it: row 0 is the heading, and 0 rows is an empty grid. Cells are texts.

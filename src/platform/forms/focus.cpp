@@ -1,5 +1,6 @@
 #include "platform/forms/focus.h"
 
+#include "platform/forms/accelerators.h"
 #include "platform/forms/form.h"
 
 #include <QAbstractButton>
@@ -11,6 +12,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QScrollBar>
 #include <QShortcutEvent>
 #include <QTabBar>
 #include <QTabWidget>
@@ -34,6 +36,21 @@ void bringToFront(QWidget* field)
         if (auto* child = qobject_cast<QMdiSubWindow*>(parent); child && child->isVisible())
             child->mdiArea()->setActiveSubWindow(child);
     }
+}
+
+// Scrolls the document area to a control that is out of sight there.
+void scrollTo(const QWidget* control, const Form* form)
+{
+    const auto* child = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+    if (!child || control == form || !control->isVisible()) return;
+    const QMdiArea* area = child->mdiArea();
+    const QRect there(control->mapTo(area->viewport(), QPoint()), control->size());
+    const auto scroll = [](QScrollBar* bar, int begin, int end, int room) {
+        const int by = begin < 0 ? begin : end > room ? std::min(end - room, begin) : 0;
+        if (by != 0) bar->setValue(bar->value() + by);
+    };
+    scroll(area->horizontalScrollBar(), there.left(), there.right() + 1, area->viewport()->width());
+    scroll(area->verticalScrollBar(), there.top(), there.bottom() + 1, area->viewport()->height());
 }
 
 class Tracker : public QObject
@@ -95,8 +112,7 @@ protected:
         case QEvent::MouseButtonDblClick:
             return formOf(widget) && press(widget, static_cast<QMouseEvent*>(event));
         case QEvent::Shortcut:
-            return formOf(widget) ? shortcut(widget, static_cast<QShortcutEvent*>(event))
-                                  : yields(widget, static_cast<QShortcutEvent*>(event));
+            return letter(widget, static_cast<QShortcutEvent*>(event));
         case QEvent::Wheel: // a page turned without the focus would hide a field that was never left
             return qobject_cast<QTabBar*>(widget) && formOf(widget);
         default:
@@ -119,7 +135,9 @@ private:
     void take(QWidget* control)
     {
         holder_ = control;
-        formOf(control)->setLastFocus(control);
+        Form* form = formOf(control);
+        form->setLastFocus(control);
+        scrollTo(control, form);
         settle();
     }
 
@@ -132,7 +150,9 @@ private:
         quiet_ = false;
         Form* form = formOf(field);
         if (form && field->isEnabled()) form->setLastFocus(field);
-        if (form && field->isVisible() && field->window()->focusWidget() == field) holder_ = field;
+        if (!form || !field->isVisible() || field->window()->focusWidget() != field) return;
+        holder_ = field;
+        scrollTo(field, form);
     }
 
     // Runs the leave and enter routines until the focus settles.
@@ -195,30 +215,22 @@ private:
         return false;
     }
 
-    bool shortcut(QWidget* widget, const QShortcutEvent* event)
+    // A letter belongs to the form in use before it belongs to a menu. Where several open controls bear it, it means
+    // the next one behind the focus; where only a shut one does, nobody.
+    bool letter(QWidget* widget, const QShortcutEvent* event)
     {
-        if (auto* bar = qobject_cast<QTabBar*>(widget)) return !keeps(bar, Qt::ShortcutFocusReason);
-        auto* button = qobject_cast<QAbstractButton*>(widget);
-        if (!button || event->shortcutId() == 0) return false;
-        if (keeps(button, Qt::ShortcutFocusReason)) button->click();
+        const bool menu = qobject_cast<QMenuBar*>(widget);
+        const bool bearer = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QTabBar*>(widget);
+        const Form* form = menu ? formOf(holder_) : bearer ? formOf(widget) : nullptr;
+        if (!form || event->shortcutId() == 0) return false;
+        const LetterBearer next = nextBearer(form, holder_, event->key());
+        if (!next.control) return menu && next.shut;
+        if (!keeps(next.control, Qt::ShortcutFocusReason)) return true;
+        if (auto* button = qobject_cast<QAbstractButton*>(next.control))
+            button->click();
+        else if (auto* tabs = qobject_cast<QTabWidget*>(next.control->parentWidget()))
+            tabs->setCurrentIndex(next.page);
         return true;
-    }
-
-    // A letter that a menu shares with a button or a page of the form in use belongs to the form.
-    bool yields(QWidget* widget, const QShortcutEvent* event)
-    {
-        const Form* form = formOf(holder_);
-        if (!form || !event->isAmbiguous() || !qobject_cast<QMenuBar*>(widget)) return false;
-        for (auto* button : form->findChildren<QAbstractButton*>())
-            if (button->shortcut() == event->key() && button->isEnabled() && button->isVisible())
-                return shortcut(button, event);
-        for (auto* tabs : form->findChildren<QTabWidget*>())
-            for (int page = 0; page < tabs->count(); ++page)
-                if (QKeySequence::mnemonic(tabs->tabText(page)) == event->key()) {
-                    if (keeps(tabs->tabBar(), Qt::ShortcutFocusReason)) tabs->setCurrentIndex(page);
-                    return true;
-                }
-        return false;
     }
 
     QHash<QObject*, Watch> watches_;

@@ -1,13 +1,19 @@
 #include "platform/forms/form.h"
 
+#include "platform/forms/dressing.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
+#include "platform/forms/tabstops.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace {
 
@@ -70,13 +76,41 @@ Form::~Form()
 
 void Form::dress(QWidget* mainWindow, QMdiArea* area)
 {
+    nameControls(this);
+    followFont(this);
     if (isChild() && area) {
+        const QSize drawn = testAttribute(Qt::WA_Resized) ? size() * fontScale(this) : QSize();
         child_ = new ChildWindow(this);
         area->addSubWindow(child_);
+        fitIn(area, drawn.isValid() ? drawn : sizeHint());
+        child_->move(0, 0);
+        stepAside(true);
         Focus::install();
     } else if (!isChild()) {
         setParent(mainWindow, Qt::Dialog | Qt::FramelessWindowHint);
     }
+}
+
+// What finds no room in the area is scrolled to; see Focus.
+void Form::fitIn(QMdiArea* area, const QSize& drawn)
+{
+    const QSize wanted = drawn.grownBy(child_->contentsMargins());
+    child_->resize(wanted.boundedTo(area->viewport()->size()).expandedTo(child_->minimumSizeHint()));
+}
+
+void Form::stepAside(bool first)
+{
+    const QSize room = child_->mdiArea()->viewport()->size();
+    const QRect here = child_->geometry();
+    const QMdiSubWindow* front = child_->mdiArea()->currentSubWindow();
+    QPoint spot = here.topLeft();
+    if (front && front != child_ && front->isVisible() && (first || here.contains(front->geometry()))) {
+        const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, child_);
+        spot = placeBeside(front->geometry(), here.size(), room, step);
+    }
+    spot = {std::clamp(spot.x(), 0, std::max(room.width() - here.width(), 0)),
+            std::clamp(spot.y(), 0, std::max(room.height() - here.height(), 0))};
+    if (spot != here.topLeft()) child_->move(spot);
 }
 
 QWidget* Form::frame()
@@ -90,6 +124,8 @@ void Form::display()
         adjustSize();
         move(QApplication::primaryScreen()->availableGeometry().center() - rect().center());
     }
+    if (child_ && !isVisible() && !child_->isMaximized()) stepAside(false);
+    const bool opens = !lastFocus_;
     show();
     if (frame()->isMinimized()) frame()->showNormal();
     frame()->raise();
@@ -97,6 +133,7 @@ void Form::display()
         child_->mdiArea()->setActiveSubWindow(child_);
     else
         activateWindow();
+    if (opens) lastFocus_ = nullptr; // the area gives the focus to whatever comes first
     setFocusToForm();
 }
 
@@ -114,10 +151,19 @@ void Form::setFocusToForm()
         setFocus();
 }
 
-// The control that had the focus last, else the first in the tab order, else the form itself.
+void Form::opensOn(QAbstractItemView* list, QWidget* command)
+{
+    list_ = list;
+    listCommand_ = command;
+}
+
+// The control that had the focus last, else the list or its command, else the first in the tab order, else the form
+// itself.
 QWidget* Form::focusTarget()
 {
-    if (lastFocus_ && lastFocus_->isVisible() && lastFocus_->isEnabled()) return lastFocus_;
+    QWidget* first = list_ && list_->model()->rowCount(list_->rootIndex()) > 0 ? list_.data() : listCommand_.data();
+    for (QWidget* target : {lastFocus_.data(), first})
+        if (target && target->isVisible() && target->isEnabled()) return target;
     for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain())
         if (isAncestorOf(next) && canTakeFocus(next)) return next;
     return this;
@@ -142,6 +188,10 @@ bool Form::focusNextPrevChild(bool next)
     if (focused && focused != this && isAncestorOf(focused) && !(focused->isEnabled() && focused->isVisible())) {
         Focus::drop(this);
         setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    if (QWidget* stop = isChild() ? nextTabStop(this, window()->focusWidget(), next) : nullptr) {
+        stop->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
         return true;
     }
     return QWidget::focusNextPrevChild(next);

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class QAbstractItemView;
 class QMdiArea;
 class QMdiSubWindow;
 
@@ -12,7 +13,9 @@ class QMdiSubWindow;
 // their own.
 //
 // A derived class sets its object name (the form's name, "frmInd") and its controls in the constructor, and does the
-// rest of its loading in Form_Load(). Names of controls are object names; members of a control array carry their index
+// rest of its loading in Form_Load(). A child window takes the size that its .ui gives, or else the one that its
+// controls want, as far as the document area has room, and stands beside the window that is active when it is loaded,
+// or a step off. Names of controls are object names; members of a control array carry their index
 // after an underscore ("optSexo_0").
 class Form : public QWidget
 {
@@ -69,18 +72,26 @@ protected:
     virtual bool Form_QueryUnload(UnloadMode) { return true; }
     virtual void Form_Unload() {}
 
-    bool focusNextPrevChild(bool next) override; // a control disabled while focused leaves the focus to the form
+    // The window of a list gets the focus on the list when it opens, or on the command if the list is empty.
+    void opensOn(QAbstractItemView* list, QWidget* command);
+
+    // Leads where nextTabStop() says. A control disabled while focused leaves the focus to the form.
+    bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     friend class Forms;
-    void dress(QWidget* mainWindow, QMdiArea* area); // gives the finished form its window
-    QWidget* frame();                                // the child window, or the form itself
+    void dress(QWidget* mainWindow, QMdiArea* area); // gives the finished form its names, its window and its place
+    void fitIn(QMdiArea* area, const QSize& drawn);
+    void stepAside(bool first); // beside the window in front at first, later where it would cover it; within the area
+    QWidget* frame();           // the child window, or the form itself
     QWidget* focusTarget();
 
     Window window_;
     QMdiSubWindow* child_ = nullptr;
     QPointer<QWidget> lastFocus_;
+    QPointer<QAbstractItemView> list_; // see opensOn()
+    QPointer<QWidget> listCommand_;
     bool unloading_ = false;
 };

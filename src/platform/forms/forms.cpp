@@ -44,6 +44,11 @@ bool Forms::exists(const QString& name)
     return makers.contains(name);
 }
 
+QStringList Forms::names()
+{
+    return makers.keys();
+}
+
 Form* Forms::load(const QString& name, const std::function<void(Form&)>& prepare)
 {
     if (Form* form = find(name)) return form;

@@ -24,6 +24,7 @@ public:
     // one.
     static void add(const QString& name, const std::function<Form*()>& make);
     static bool exists(const QString& name);
+    static QStringList names(); // of all forms made known, in no order
 
     // The form of that name, which is loaded if it isn't yet; null if no such form exists. `prepare` runs on a form
     // that is being loaded, before its Form_Load().

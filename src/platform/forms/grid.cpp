@@ -1,4 +1,5 @@
 #include "platform/forms/controls.h"
+#include "platform/forms/dressing.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
@@ -142,7 +143,7 @@ void Grid::setColumns(const QList<GridColumn>& columns)
     setCols(static_cast<int>(columns.size()));
     for (int column = 0; column < cols(); ++column) {
         setTextMatrix(0, column, columns[column].title);
-        if (columns[column].width >= 0) setColWidth(column, columns[column].width);
+        if (columns[column].width >= 0) setColWidth(column, qRound(columns[column].width * fontScale(this)));
     }
 }
 

@@ -57,6 +57,7 @@ void ComboBox::setLocked(bool locked)
 {
     locked_ = locked;
     if (locked) hidePopup();
+    update();
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event)
@@ -80,12 +81,23 @@ void ComboBox::wheelEvent(QWheelEvent* event)
         QComboBox::wheelEvent(event);
 }
 
-// A list that is closed looks like a field, in the field's colour, with a button beside it.
+// A list that is closed looks like a field, in the field's colour, with a button beside it unless it is locked.
 void ComboBox::paintEvent(QPaintEvent*)
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     QStylePainter painter(this);
+    if (locked_) {
+        QStyleOptionFrame frame;
+        frame.initFrom(this);
+        frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, this);
+        frame.state |= QStyle::State_Sunken | QStyle::State_ReadOnly;
+        painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
+        painter.setPen(frame.palette.color(QPalette::Text));
+        const QRect field = rect().adjusted(frame.lineWidth + 2, 0, -frame.lineWidth - 2, 0);
+        const QString text = fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width());
+        return painter.drawText(field, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    }
     option.editable = true;
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);

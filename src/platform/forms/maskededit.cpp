@@ -6,10 +6,12 @@
 MaskedEdit::MaskedEdit(QWidget* parent) : QLineEdit(parent)
 {
     setMask(QString::fromLatin1(dateMask));
+    keepReadableWhenDisabled(this);
 }
 
 void MaskedEdit::setMask(const QString& mask)
 {
+    const bool selected = hasSelectedText() && selectedText() == displayText();
     const QString before = isBlank() ? QString() : text();
     mask_ = mask;
     QString input = mask;
@@ -17,6 +19,7 @@ void MaskedEdit::setMask(const QString& mask)
     setInputMask(input.isEmpty() ? QString() : input + QLatin1String(";_"));
     QLineEdit::setText(before);
     home(false);
+    if (selected && !isBlank()) selectAll();
 }
 
 QString MaskedEdit::text() const
@@ -53,15 +56,33 @@ bool MaskedEdit::event(QEvent* event)
     return leftToMenus(event) ? false : QLineEdit::event(event);
 }
 
+void MaskedEdit::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) keepReadableWhenDisabled(this);
+}
+
 void MaskedEdit::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    if (!mask_.isEmpty() && event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
-        home(false);
+    if (mask_.isEmpty() || event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
+        return;
+    home(false);
+    const bool byKey = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byKey && !isBlank()) selectAll();
 }
 
 void MaskedEdit::mousePressEvent(QMouseEvent* event)
 {
     QLineEdit::mousePressEvent(event);
     if (!mask_.isEmpty() && isBlank()) home(false);
+}
+
+void MaskedEdit::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    if (mask_.isEmpty() || isBlank() || hasSelectedText() || event->button() != Qt::LeftButton) return;
+    const int at = cursorPosition();
+    const int begin = at < 3 ? 0 : at < 6 ? 3 : 6;
+    setSelection(begin, begin == 6 ? 4 : 2);
 }

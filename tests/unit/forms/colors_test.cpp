@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QTest>
 
 namespace {
 
@@ -88,6 +90,100 @@ TEST(BackColor, TheTextCanBeReadOnIt)
             EXPECT_GT(std::abs(light(radio.palette().color(group, QPalette::WindowText)) - light(color)), 60);
         }
     }
+}
+
+TEST(BackColor, TheTextIsChosenByHowWellItCanBeRead)
+{
+    TextBox field;
+    for (const QColor& color : {editing, consulting, searching, orange, night, QColor(48, 140, 198), QColor(0, 150, 0),
+                                QColor(Qt::darkGray), QColor(Qt::magenta)})
+    {
+        setBackColor(&field, color);
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            EXPECT_GE(contrast(field.palette().color(group, QPalette::Text), color), 4.5) << qPrintable(color.name());
+            EXPECT_GE(contrast(field.palette().color(group, QPalette::PlaceholderText), color), 4.5);
+        }
+    }
+}
+
+TEST(BackColor, ADateThatIsDisabledCanBeReadOnAnyDesktop)
+{
+    const QPalette before = QApplication::palette();
+    for (const QColor& window : {QColor(239, 239, 239), QColor(35, 38, 41), QColor(Qt::black), QColor(Qt::white)}) {
+        QApplication::setPalette(QPalette(window));
+        MaskedEdit date;
+        OptionButton radio;
+        QWidget top;
+        MaskedEdit changed(&top);
+        for (const bool enabled : {true, false}) {
+            date.setEnabled(enabled);
+            radio.setEnabled(enabled);
+            const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
+            EXPECT_GE(
+                contrast(date.palette().color(group, QPalette::Text), date.palette().color(group, QPalette::Base)), 4.5)
+                << qPrintable(window.name()) << enabled;
+            EXPECT_GE(contrast(radio.palette().color(group, QPalette::WindowText),
+                               radio.palette().color(group, QPalette::Window)),
+                      4.5)
+                << qPrintable(window.name()) << enabled;
+        }
+    }
+    QApplication::setPalette(before);
+}
+
+TEST(BackColor, ADateCanStillBeReadWhenTheDesktopTurnsDark)
+{
+    const QPalette before = QApplication::palette();
+    MaskedEdit date;
+    date.setEnabled(false);
+    date.show();
+    QApplication::setPalette(QPalette(QColor(35, 38, 41)));
+    QCoreApplication::processEvents();
+    EXPECT_GE(contrast(date.palette().color(QPalette::Text), date.palette().color(QPalette::Base)), 4.5);
+    QApplication::setPalette(before);
+}
+
+TEST(BackColor, TheFocusOfARadioIsPlainOnItsBackground)
+{
+    const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+    for (const QColor& color : {highlight, orange}) {
+        QWidget frame;
+        OptionButton radio(&frame);
+        OptionButton other(&frame);
+        for (OptionButton* each : {&radio, &other}) {
+            each->setText(QStringLiteral("M"));
+            setBackColor(each, color);
+        }
+        other.move(0, 40);
+        frame.show();
+        frame.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+        radio.setFocus(Qt::TabFocusReason);
+        const QImage with = radio.grab().toImage();
+        const QPoint edge(with.width() / 2, 0);
+        EXPECT_GE(contrast(with.pixelColor(edge), color), 3);
+        EXPECT_LT(contrast(other.grab().toImage().pixelColor(edge), color), 1.5);
+    }
+}
+
+TEST(BackColor, AListThatIsLockedHasNoArrow)
+{
+    ComboBox list;
+    list.resize(160, 30);
+    list.add(QStringLiteral("Viúvo"));
+    list.setListIndex(0);
+    setBackColor(&list, consulting);
+    const auto arrow = [&] { return list.grab(QRect(130, 6, 24, 18)).toImage(); };
+    const QImage open = arrow();
+    list.setLocked(true);
+    const QImage locked = arrow();
+    EXPECT_NE(open, locked);
+    EXPECT_EQ(locked.pixelColor(12, 9), consulting);
+    bool plain = true;
+    for (int x = 0; x < locked.width(); ++x)
+        for (int y = 0; y < locked.height(); ++y)
+            plain &= locked.pixelColor(x, y) == consulting;
+    EXPECT_TRUE(plain);
 }
 
 TEST(BackColor, ALockedFieldKeepsItsColour)

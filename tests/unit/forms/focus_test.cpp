@@ -2,6 +2,8 @@
 
 #include "platform/forms/msgbox.h"
 
+#include <QMenuBar>
+
 namespace {
 
 class FocusTest : public House
@@ -370,4 +372,123 @@ TEST_F(FocusTest, ASplashLeavesNothing)
     splash->unload();
     QCoreApplication::processEvents();
     EXPECT_EQ(log, QStringList());
+}
+
+TEST_F(FocusTest, ALetterThatSeveralButtonsBearMeansTheNextOpenOneBehindTheFocus)
+{
+    auto* confirm = form->put<CommandButton>("cmdConfirmar");
+    confirm->setText(QStringLiteral("conf&Irmar"));
+    auto* end = form->put<TextBox>("txtUltimo");
+    QObject::connect(confirm, &QPushButton::clicked, [this] { log << "confirm"; });
+    QCoreApplication::processEvents();
+    Focus::setTo(last);
+    log.clear();
+    QTest::keyClick(last, Qt::Key_I, Qt::AltModifier);
+    EXPECT_EQ(log.last(), "confirm");
+    Focus::setTo(end);
+    QTest::keyClick(end, Qt::Key_I, Qt::AltModifier);
+    EXPECT_EQ(log.last(), "click");
+    confirm->setEnabled(false);
+    Focus::setTo(last);
+    QTest::keyClick(last, Qt::Key_I, Qt::AltModifier);
+    EXPECT_EQ(log.last(), "click");
+    EXPECT_TRUE(button->hasFocus());
+}
+
+TEST_F(FocusTest, ALetterOfAShutButtonOpensNoMenu)
+{
+    bool opened = false;
+    auto* menu = window.menuBar()->addAction(QStringLiteral("&Inverno"));
+    QObject::connect(menu, &QAction::triggered, [&] { opened = true; });
+    QCoreApplication::processEvents();
+    button->setEnabled(false);
+    Focus::setTo(first);
+    QTest::keyClick(first, Qt::Key_I, Qt::AltModifier);
+    EXPECT_FALSE(opened);
+    button->hide();
+    QTest::keyClick(first, Qt::Key_I, Qt::AltModifier);
+    EXPECT_TRUE(opened);
+}
+
+TEST_F(FocusTest, TheTabKeyPassesOverWhatIsLocked)
+{
+    last->setLocked(true);
+    Focus::setTo(check);
+    QTest::keyClick(check, Qt::Key_Tab);
+    EXPECT_TRUE(first->hasFocus());
+    QTest::keyClick(first, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(check->hasFocus());
+}
+
+TEST_F(FocusTest, TheTabKeyStopsAtTheFirstRadioOfAGroupWithNothingChosenAndElseAtTheOneChosen)
+{
+    auto* group = form->put<QWidget>("fra");
+    auto* row = new QVBoxLayout(group);
+    OptionButton* radio[3] = {};
+    for (OptionButton*& each : radio)
+        row->addWidget(each = new OptionButton(group));
+    auto* behind = form->put<TextBox>("txtDepois");
+    QCoreApplication::processEvents();
+    radio[1]->setFocus();
+    radio[1]->setValue(true);
+    Focus::setTo(last);
+    QTest::keyClick(last, Qt::Key_Tab);
+    EXPECT_TRUE(radio[1]->hasFocus());
+    radio[1]->setValue(false);
+    Focus::setTo(last);
+    QTest::keyClick(last, Qt::Key_Tab);
+    EXPECT_TRUE(radio[0]->hasFocus());
+    QTest::keyClick(radio[0], Qt::Key_Tab);
+    EXPECT_TRUE(behind->hasFocus());
+    QTest::keyClick(behind, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(radio[0]->hasFocus());
+    radio[0]->setEnabled(false);
+    Focus::setTo(last);
+    QTest::keyClick(last, Qt::Key_Tab);
+    EXPECT_TRUE(radio[1]->hasFocus());
+}
+
+TEST_F(FocusTest, WhatHasTheFocusIsScrolledIntoSight)
+{
+    TestForm* tall = make("frmAlto", [](TestForm& made) {
+        made.put<TextBox>("txtCima");
+        made.put<QLabel>("lbl")->setMinimumSize(1500, 1200);
+        made.put<TextBox>("txtBaixo");
+    });
+    tall->display();
+    QCoreApplication::processEvents();
+    auto* low = tall->findChild<TextBox*>("txtBaixo");
+    auto* high = tall->findChild<TextBox*>("txtCima");
+    const auto top = [this](const QWidget* field) { return field->mapTo(area->viewport(), QPoint()).y(); };
+    EXPECT_GT(top(low), area->viewport()->height());
+    QTest::keyClick(high, Qt::Key_Tab);
+    EXPECT_TRUE(low->hasFocus());
+    EXPECT_LE(top(low) + low->height(), area->viewport()->height());
+    Focus::setTo(high);
+    EXPECT_GE(top(high), 0);
+}
+
+TEST_F(FocusTest, AMaskedDateEnteredByTheTabKeyIsReplacedByWhatIsTyped)
+{
+    QTest::keyClicks(date, "09031750");
+    Focus::setTo(first);
+    QTest::keyClick(first, Qt::Key_Tab);
+    EXPECT_TRUE(date->hasFocus());
+    QTest::keyClicks(date, "1");
+    EXPECT_EQ(date->text(), "1_/__/____");
+}
+
+TEST_F(FocusTest, AClickOnAMaskedDateSelectsItsPart)
+{
+    QTest::keyClicks(date, "09031750");
+    const auto clickAt = [this](const char* before) {
+        const int x = date->fontMetrics().horizontalAdvance(QLatin1String(before)) + 6;
+        QTest::mouseClick(date, Qt::LeftButton, {}, QPoint(x, date->height() / 2));
+        return date->selectedText();
+    };
+    EXPECT_EQ(clickAt("0"), "09");
+    EXPECT_EQ(clickAt("09/0"), "03");
+    EXPECT_EQ(clickAt("09/03/17"), "1750");
+    QTest::keyClicks(date, "1812");
+    EXPECT_EQ(date->text(), "09/03/1812");
 }

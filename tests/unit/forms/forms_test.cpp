@@ -282,3 +282,103 @@ TEST_F(FormsTest, AFormOfItsOwnStandsInTheMiddleOfTheScreen)
     splash->unload();
     EXPECT_EQ(names(), QStringList("frmORV"));
 }
+
+TEST_F(FormsTest, AFormStandsBesideItsCallerOrAStepOffWhollyWithinTheArea)
+{
+    const auto drawn = [](int width, int height) { return [=](TestForm& form) { form.resize(width, height); }; };
+    TestForm* card = make("frmA", drawn(500, 400));
+    card->display();
+    EXPECT_EQ(frameOf(card)->pos(), QPoint(0, 0));
+    TestForm* beside = make("frmB", drawn(300, 300));
+    beside->display();
+    EXPECT_EQ(frameOf(beside)->x(), frameOf(card)->geometry().right() + 1);
+    card->display();
+    TestForm* large = make("frmC", drawn(700, 500));
+    large->display();
+    EXPECT_TRUE(area->viewport()->rect().contains(frameOf(large)->geometry()));
+    EXPECT_GT(frameOf(large)->x(), 0);
+    EXPECT_GT(frameOf(large)->y(), 0);
+    TestForm* huge = make("frmD", drawn(3000, 2000));
+    huge->display();
+    EXPECT_EQ(frameOf(huge)->geometry(), area->viewport()->rect());
+}
+
+TEST_F(FormsTest, AFormThatWouldCoverItsCallerStepsAside)
+{
+    const auto drawn = [](int width, int height) { return [=](TestForm& form) { form.resize(width, height); }; };
+    TestForm* picker = make("frmA", drawn(600, 500));
+    picker->display();
+    picker->conceal();
+    TestForm* caller = make("frmB", drawn(400, 300));
+    caller->display();
+    frameOf(caller)->move(10, 10);
+    picker->display();
+    EXPECT_FALSE(frameOf(picker)->geometry().contains(frameOf(caller)->geometry()));
+}
+
+TEST_F(FormsTest, AListOpensOnItsRowsAndAnEmptyOneOnItsCommand)
+{
+    struct List : TestForm
+    {
+        using TestForm::opensOn;
+        using TestForm::TestForm;
+    };
+    for (const int rows : {0, 3}) {
+        Forms::add("frmLista", [=] {
+            auto* form = new List("frmLista");
+            form->put<TextBox>("txt");
+            auto* command = form->put<CommandButton>("cmd");
+            auto* grid = form->put<Grid>("dtg");
+            grid->setCols(1);
+            grid->setRows(rows);
+            form->opensOn(grid, command);
+            return form;
+        });
+        Form* form = Forms::show("frmLista");
+        EXPECT_EQ(QApplication::focusWidget()->objectName(), rows > 0 ? "dtg" : "cmd");
+        form->unload();
+        settle();
+    }
+}
+
+TEST_F(FormsTest, AControlIsNamedByItsLabels)
+{
+    TestForm* form = make("frmA", [](TestForm& made) {
+        auto* field = made.put<TextBox>("txtIdade");
+        for (const char* text : {"&Pai:", "Idade"}) {
+            auto* label = made.put<QLabel>("lbl");
+            label->setText(QLatin1String(text));
+            label->setBuddy(field);
+        }
+        auto* named = made.put<TextBox>("txtNome");
+        named->setAccessibleName("Nome completo");
+        auto* label = made.put<QLabel>("lblNome");
+        label->setText("Nome");
+        label->setBuddy(named);
+    });
+    EXPECT_EQ(form->findChild<TextBox*>("txtIdade")->accessibleName(), "Pai Idade");
+    EXPECT_EQ(form->findChild<TextBox*>("txtNome")->accessibleName(), "Nome completo");
+}
+
+TEST_F(FormsTest, AFieldHoldsAsManyLettersInALargeFont)
+{
+    const QFont before = QApplication::font();
+    const auto digits = [this] {
+        TestForm* form = make("frmA", [](TestForm& made) {
+            auto* field = made.put<TextBox>("txtNum");
+            field->setMinimumWidth(80);
+            field->setMaximumWidth(80);
+        });
+        const auto* field = form->findChild<TextBox*>("txtNum");
+        const double fit = field->maximumWidth() / QFontMetricsF(field->font()).horizontalAdvance('0');
+        form->unload();
+        settle();
+        return fit;
+    };
+    const double small = digits();
+    QFont large = before;
+    large.setPointSizeF(2 * before.pointSizeF());
+    QApplication::setFont(large);
+    EXPECT_GT(digits(), 0.85 * small);
+    QApplication::setFont(before);
+}

@@ -5,6 +5,7 @@
 #include "platform/jet/database.h"
 #include "shell/beginSession.h"
 #include "store/modBD.h"
+#include "store/session.h"
 
 #include <QTemporaryDir>
 

@@ -1,0 +1,22 @@
+// What a form gets when it is loaded, before it is shown.
+#pragma once
+
+#include <QRect>
+#include <QSize>
+
+class QWidget;
+
+// Gives each control without an accessible name the text of the labels that are its buddies, for screen readers; a
+// frame its title.
+void nameControls(QWidget* form);
+
+// How much wider the letters are than those that the forms were drawn with; 1 at least.
+double fontScale(const QWidget* form);
+
+// Widens the widths that the form fixes for its controls, so that they hold as many letters as they were drawn for.
+void followFont(QWidget* form);
+
+// Where a window of `size` goes in an area of `room`: beside `caller`, below it, or else a step off and as far to the
+// right as there is room, wholly within the area if it fits in. Without a caller (an empty rectangle) it stands in the
+// corner.
+QPoint placeBeside(const QRect& caller, const QSize& size, const QSize& room, int step);
