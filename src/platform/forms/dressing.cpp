@@ -7,6 +7,7 @@
 #include <QTabBar>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -65,14 +66,26 @@ void followFont(QWidget* form)
 QPoint placeBeside(const QRect& caller, const QSize& size, const QSize& room, int step)
 {
     if (caller.isEmpty()) return {0, 0};
-    const auto within = [](int wanted, int length, int space) {
-        return std::clamp(wanted, 0, std::max(space - length, 0));
-    };
-    const QPoint aligned(within(caller.x(), size.width(), room.width()),
-                         within(caller.y(), size.height(), room.height()));
-    if (caller.right() + 1 + size.width() <= room.width()) return {caller.right() + 1, aligned.y()};
-    if (caller.left() - size.width() >= 0) return {caller.left() - size.width(), aligned.y()};
-    if (caller.bottom() + 1 + size.height() <= room.height()) return {aligned.x(), caller.bottom() + 1};
-    return {within(std::max(caller.x() + step, room.width() - size.width()), size.width(), room.width()),
-            within(caller.y() + step, size.height(), room.height())};
+    const int right = std::max(room.width() - size.width(), 0);
+    const int bottom = std::max(room.height() - size.height(), 0);
+    const int x = std::clamp(caller.x(), 0, right);
+    const int y = std::clamp(caller.y(), 0, bottom);
+    const int stepX = std::clamp(caller.x() + step, 0, right);
+    const int stepY = std::clamp(caller.y() + step, 0, bottom);
+    // The first three may have no room, the others always have.
+    const QList<QPoint> spots{{caller.right() + 1, y},
+                              {caller.left() - size.width(), y},
+                              {x, caller.bottom() + 1},
+                              {right, stepY},
+                              {0, stepY},
+                              {stepX, stepY}};
+    QPoint best;
+    int least = std::numeric_limits<int>::max();
+    for (const QPoint& spot : spots) {
+        if (spot.x() < 0 || spot.x() > right || spot.y() > bottom) continue;
+        const QRect covered = QRect(spot, size) & caller;
+        const int area = covered.width() * covered.height();
+        if (area < least) best = spot, least = area;
+    }
+    return best;
 }

@@ -16,7 +16,6 @@ double fontScale(const QWidget* form);
 // Widens the widths that the form fixes for its controls, so that they hold as many letters as they were drawn for.
 void followFont(QWidget* form);
 
-// Where a window of `size` goes in an area of `room`: beside `caller`, below it, or else a step off and as far to the
-// right as there is room, wholly within the area if it fits in. Without a caller (an empty rectangle) it stands in the
-// corner.
+// Where a window of `size` goes in an area of `room`: beside `caller`, below it, or else a step off, where it covers
+// the least of it; wholly within the area if it fits in. Without a caller (an empty rectangle) it stands in the corner.
 QPoint placeBeside(const QRect& caller, const QSize& size, const QSize& room, int step);

@@ -103,10 +103,14 @@ void Form::stepAside(bool first)
     const QSize room = child_->mdiArea()->viewport()->size();
     const QRect here = child_->geometry();
     const QMdiSubWindow* front = child_->mdiArea()->currentSubWindow();
+    const auto* caller = front && front != child_ ? qobject_cast<Form*>(front->widget()) : nullptr;
+    const bool called = caller && caller->isVisible() && !caller->unloading_;
     QPoint spot = here.topLeft();
-    if (front && front != child_ && front->isVisible() && (first || here.contains(front->geometry()))) {
+    if (called && (first || here.contains(front->geometry()))) {
         const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, child_);
         spot = placeBeside(front->geometry(), here.size(), room, step);
+    } else if (isVisible()) {
+        return; // where the user has left it
     }
     spot = {std::clamp(spot.x(), 0, std::max(room.width() - here.width(), 0)),
             std::clamp(spot.y(), 0, std::max(room.height() - here.height(), 0))};
@@ -124,7 +128,7 @@ void Form::display()
         adjustSize();
         move(QApplication::primaryScreen()->availableGeometry().center() - rect().center());
     }
-    if (child_ && !isVisible() && !child_->isMaximized()) stepAside(false);
+    if (child_ && !child_->isMaximized()) stepAside(false);
     const bool opens = !lastFocus_;
     show();
     if (frame()->isMinimized()) frame()->showNormal();

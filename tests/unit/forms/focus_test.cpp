@@ -492,3 +492,12 @@ TEST_F(FocusTest, AClickOnAMaskedDateSelectsItsPart)
     QTest::keyClicks(date, "1812");
     EXPECT_EQ(date->text(), "09/03/1812");
 }
+
+TEST_F(FocusTest, ATextEnteredByTheTabKeyIsSelected)
+{
+    last->setText(QStringLiteral("Maria"));
+    Focus::setTo(check);
+    QTest::keyClick(check, Qt::Key_Tab);
+    EXPECT_TRUE(last->hasFocus());
+    EXPECT_EQ(last->selectedText(), "Maria");
+}

@@ -314,6 +314,16 @@ TEST_F(FormsTest, AFormThatWouldCoverItsCallerStepsAside)
     frameOf(caller)->move(10, 10);
     picker->display();
     EXPECT_FALSE(frameOf(picker)->geometry().contains(frameOf(caller)->geometry()));
+    frameOf(picker)->move(0, 0); // and while it stands behind its caller
+    caller->display();
+    picker->display();
+    EXPECT_FALSE(frameOf(picker)->geometry().contains(frameOf(caller)->geometry()));
+    const QRect there = frameOf(picker)->geometry();
+    frameOf(caller)->move(there.topLeft());
+    caller->display();
+    caller->onUnload = [picker] { picker->display(); }; // not for a caller that goes
+    caller->unload();
+    EXPECT_EQ(frameOf(picker)->geometry(), there);
 }
 
 TEST_F(FormsTest, AListOpensOnItsRowsAndAnEmptyOneOnItsCommand)

@@ -234,3 +234,18 @@ TEST_F(IndividualCard, TheSplashTellsThatThePeopleAreBeingLoaded)
     FrmInd::FrmIndLoaded();
     EXPECT_EQ(step, "A carregar fichas de indivíduo. Aguarde por favor ...");
 }
+
+TEST_F(IndividualCard, TheToolTipOfTheHandOverTellsForWhom)
+{
+    PedidoDeIndividuo godmother = request(DepoisDePedido::Esconde);
+    godmother.comoQue = [](const FrmInd& card) {
+        return (card.sexo() == "f" ? "madrinha" : "padrinho") + QStringLiteral(" do baptismo nº 12");
+    };
+    ask(godmother);
+    EXPECT_TRUE(command("cmdAtribuir").isEnabled());
+    EXPECT_EQ(command("cmdAtribuir").toolTip(), "Atribuir como madrinha do baptismo nº 12");
+    click("cmdFechar");
+    frmInd().display();
+    command("cmdAtribuir").setEnabled(false);
+    EXPECT_EQ(command("cmdAtribuir").toolTip(), "");
+}

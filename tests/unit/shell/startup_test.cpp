@@ -1,7 +1,13 @@
 #include "shell/startup.h"
 
+#include "platform/forms/forms.h"
+#include "shell/frmORV.h"
+
 #include <gtest/gtest.h>
 
+#include <QScreen>
+
+#include <memory>
 #include <vector>
 
 namespace {
@@ -27,4 +33,13 @@ TEST(CommandLine, SeveralAreJoinedByOneBlank)
 {
     EXPECT_EQ(textOf({"São", "Mamede.orv"}), "São Mamede.orv");
     EXPECT_EQ(textOf({"-style", "fusion"}), "-style fusion");
+}
+
+TEST(MainWindow, StandsOnTheScreenWithItsFrame)
+{
+    const std::unique_ptr<FrmORV> window(&startProgram({}));
+    const QSize room = window->screen()->availableSize();
+    EXPECT_LT(window->width(), room.width());
+    EXPECT_LT(window->height(), room.height());
+    Forms::clear();
 }
