@@ -1,6 +1,7 @@
 // The card of one family: the couple, the marriage, the children, and the movement through all families.
 #pragma once
 
+#include "common/dataAoEntrar.h"
 #include "common/dono.h"
 #include "common/ficha.h"
 #include "common/filtro.h"
@@ -146,7 +147,7 @@ private:
     // and a search cancelled first thing in another BDP goes to the family with the number of the last.
     inline static Nfam NfamCorrente;
     OrigemFam OrigemFam_ = OrigemFam::Menu;
-    QString dtCasamAnterior; // what mskData held when it was entered
+    DataAoEntrar dtCasamAnterior; // what mskData held when it was entered
 };
 
 // The one card, loaded at first touch.

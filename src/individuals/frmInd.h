@@ -1,6 +1,7 @@
 // The card of one person: the navigation list, the person shown, and the three modes.
 #pragma once
 
+#include "common/dataAoEntrar.h"
 #include "common/ficha.h"
 #include "common/valores.h"
 #include "individuals/pedido.h"
@@ -114,7 +115,8 @@ private:
     void mskDtNasc_LostFocus();
     void mskDtObito_GotFocus();
     void mskDtObito_LostFocus();
-    void recusaData(MaskedEdit* campo, const QString& motivo);
+    void recusaData(MaskedEdit* campo, DataAoEntrar& antiga, const QString& motivo);
+    bool alterando() const { return passo() == Passo::Alteracao; }
     void mostraIdadeCalculada();
     void propoeTipo(const QString& tipo);
     void VerificaIdade(TextBox* campo);
@@ -153,11 +155,11 @@ private:
     jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
     jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
 
-    QString Tipo;           // the type code as the date fields have worked it out while editing
-    Nind NindCorrente;      // shown last, or looked for last
-    Nind testador;          // whose executor is being chosen
-    QString DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
-    QString DataObitoAntiga;
+    QString Tipo;                // the type code as the date fields have worked it out while editing
+    Nind NindCorrente;           // shown last, or looked for last
+    Nind testador;               // whose executor is being chosen
+    DataAoEntrar DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
+    DataAoEntrar DataObitoAntiga;
 };
 
 // The one card, loaded at first touch.
