@@ -16,6 +16,9 @@
 
 #include <QString>
 
+#include <QVariant>
+
+#include <optional>
 // Who has brought the card up, by the system's numbers.
 enum class OrigemFam
 {
@@ -40,7 +43,8 @@ public:
     // An error is shown, and leaves the fields not yet filled cleared.
     void ActualizaCampos(jet::Recordset& rs, Nfam nf);
     // The card of a person brings the card up on a family: if that card was called up for a person, cmdFechar leads
-    // back to it. The card comes up before the family is looked up: a number that leads nowhere leaves it where it was.
+    // back to it. The card comes up before the family is looked up: a number that leads nowhere leaves it where it was,
+    // and so does an edit or a search on it.
     void mostraPara(OrigemFam origem, const QString& nfam);
     void abrePeloMenu();
     QString numero() const override { return txtNFam->text(); }
@@ -113,6 +117,7 @@ private:
     void iniciaAlteracao() override;
     void confirmaAlteracao() override;
     void cancelaAlteracao() override;
+    std::optional<RecusaDeIndividuo> recusaDeFilho() const;
     void elimina() override;
     bool temObrigatorios();
     void insereFamilia();

@@ -70,9 +70,23 @@ void FrmFam::cmdInsF_Click()
                       .quem = this,
                       .espera = false,
                       .IndChamado = true,
+                      .recusa = [this](const PedidoDeIndividuo&, const FrmInd&) { return recusaDeFilho(); },
                       .recebe = [this](FrmInd& ficha) { recebeFilho(ficha); }},
                      QString());
     });
+}
+
+// Only a family that is stored, and that nobody is editing or searching for, takes a child.
+std::optional<RecusaDeIndividuo> FrmFam::recusaDeFilho() const
+{
+    const auto guardada = [&] {
+        return !jet::Recordset(cnBDP, jet::NativeSql("select nfamilia from familia where nfamilia = ?",
+                                                     {Nfam::doCampo(numero()).paraColuna()}))
+                    .eof();
+    };
+    if (modo() == Modo::Cons && !numero().isEmpty() && guardada()) return {};
+    return RecusaDeIndividuo{"Só pode atribuir um filho a uma família já registada, e que não esteja a ser editada nem "
+                             "pesquisada!"};
 }
 
 // A family of origin that was known is replaced without a question.

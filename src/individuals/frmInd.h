@@ -32,7 +32,8 @@ public:
     // Shows the individual whose number is in the field `Nind` of the current row. An error is shown, and leaves the
     // fields not yet filled cleared.
     void ActualizaCampos(jet::Recordset& rs);
-    // Moves the list to the person with that number, to its first row for an empty text, and shows the person.
+    // Moves the list to the person with that number, to its first row for an empty text, and shows the person. A card
+    // in the middle of an edit or a search stays as it is.
     void mostra(const QString& nind);
     // Deletes the references of the person shown, then the person, and shows the one before. An error on a reference
     // leaves everything as it was; a person who then can't be deleted silently stays.
@@ -133,6 +134,7 @@ private:
     void atendeActo(const std::optional<QString>& primeiro);
     void permiteAtribuir(); // after an edit or a search, if somebody waits for a person
     void cmdAtribuir_Click();
+    void permiteAtribuirAoSubir();
     void cmdTest_Click();
     void atribuiTestamenteiro();
     void cmdFechar_Click();
