@@ -54,6 +54,7 @@ public:
     void aceitaAchado(const QString& numero) override;
     void terminaNoAchado() override;
     // Deletes the family shown, with all references but its people, and shows the one before. On an error everything
+    void terminaOutraLista() override;
     // stays.
     void eliminaFamilia();
 
@@ -67,6 +68,7 @@ protected:
     void mostraRegistoDoFicheiro() override;
     jet::Recordset& registo() override;
     void Form_Load() override;
+    QWidget* primeiroCampo() override { return txtNFam; }
     bool Form_QueryUnload(UnloadMode mode) override;
 
 private:

@@ -67,6 +67,7 @@ public:
     void mostraAchado() override;
     void aceitaAchado(const QString& numero) override;
     void terminaNoAchado() override;
+    void terminaOutraLista() override;
 
     // Puts the family of origin on the row of the person shown.
     void poeFamiliaDeOrigem(const QString& nfam);
@@ -76,6 +77,7 @@ protected:
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
     jet::Recordset& registo() override { return adoNind.recordset(); }
+    QWidget* primeiroCampo() override { return txtNind; }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
