@@ -33,7 +33,7 @@ void FrmFam::PreencheFG()
         }
         dtgFilho->setRows(adoFilhos.recordset().recordCount() + 1);
         dtgFilho->setColumns(
-            {{"Nind", 70}, {"Nome", 240}, {"D. Nasc.", 90}, {"D. Cas.", 90}, {"Fim Obs.", 90}, {"D. Obito", 90}});
+            {{"Nind", 67}, {"Nome", 167}, {"D. Nasc.", 80}, {"D. Cas.", 80}, {"Fim Obs.", 80}, {"D. Obito", 80}});
         adoFilhos.recordset().moveFirst();
         for (int linha = 1; !adoFilhos.recordset().eof(); adoFilhos.recordset().moveNext())
             PreencheLinhaFilho(linha++);

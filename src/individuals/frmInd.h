@@ -134,9 +134,9 @@ private:
 
     // Handing an individual over, and closing
     void atendeActo(const std::optional<QString>& primeiro);
+    void permiteAtribuirAoSubir();
     void permiteAtribuir(); // after an edit or a search, if somebody waits for a person
     void cmdAtribuir_Click();
-    void permiteAtribuirAoSubir();
     void cmdTest_Click();
     void atribuiTestamenteiro();
     void cmdFechar_Click();
