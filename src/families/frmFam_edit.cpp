@@ -5,6 +5,7 @@
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
+#include "platform/jet/errors.h"
 #include "platform/jet/transaction.h"
 
 #include <algorithm>
@@ -115,8 +116,8 @@ void FrmFam::cancelaInsercao()
 // It starts from what is stored, whatever the card shows by now; a family that can't be shown isn't altered.
 void FrmFam::iniciaAlteracao()
 {
-    jet::Recordset& familia = registoNaFicha();
-    mostraRegisto(familia, Nfam::doCampo(numero()));
+    if (!numero().isEmpty()) mostraRegisto(adoFam.recordset(), Nfam::doCampo(numero()));
+    if (numero().isEmpty()) throw jet::noCurrentRow(); // a cleared card, or a file without families
     abreAlteracao();
     for (int indice : {0, 1}) {
         const Metade& membro = metade(indice);
