@@ -70,6 +70,7 @@ void FrmFam::cmdInsF_Click()
                       .quem = this,
                       .espera = false,
                       .IndChamado = true,
+                      .oferece = [this] { return modo() == Modo::Cons; },
                       .recusa = [this](const PedidoDeIndividuo&, const FrmInd&) { return recusaDeFilho(); },
                       .recebe = [this](FrmInd& ficha) { recebeFilho(ficha); }},
                      QString());

@@ -79,7 +79,7 @@ public:
     // Kept: the end of a request by the card alone leaves it on.
     bool IndChamado() const { return IndChamado_; }
     // Whether the card offers "a&Tribuir" when it comes up, and after an edit or a search.
-    bool ofereceAoSubir() const { return pedido_.oferece ? pedido_.oferece() : IndChamado_; }
+    bool ofereceAoSubir() const { return pedido_.oferece ? pedido_.quem && pedido_.oferece() : IndChamado_; }
     bool ofereceAtribuir() const { return existe() && ofereceAoSubir(); }
 
     // Takes the place of the request in force. Its asker gets nobody, and goes on waiting until libertaQuemEspera().
