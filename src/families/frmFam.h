@@ -68,9 +68,9 @@ protected:
     jet::DataControl& ficheiro() override { return adoFam; }
     void mostraRegistoDoFicheiro() override;
     jet::Recordset& registo() override;
-    QWidget* primeiroCampo() override { return txtNFam; }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
+    QWidget* primeiroCampo() override { return txtNFam; }
 
 private:
     // One of the two halves of the card.

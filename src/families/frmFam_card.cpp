@@ -166,13 +166,12 @@ jet::Recordset& FrmFam::registo()
     return adoFam.recordset();
 }
 
-// From the number on the card, as with cmdSeg.
 void FrmFam::cmdAnt_Click()
 {
     guarded([&] {
         if (!adoFam.hasRows()) return;
         jet::Recordset& familias = adoFam.recordset();
-        semErros([&] { poeFicheiroNaFicha(); });
+        semErros([&] { poeFicheiroNaFicha(); }); // a refresh may have moved the file away from the card
         semErros([&] { familias.movePrevious(); });
         const bool passouOInicio = familias.bof();
         if (passouOInicio) {

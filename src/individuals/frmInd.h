@@ -77,10 +77,10 @@ protected:
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
     jet::Recordset& registo() override { return adoNind.recordset(); }
-    QWidget* primeiroCampo() override { return txtNind; }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
+    QWidget* primeiroCampo() override { return txtNind; }
 
 private:
     // A column of `individuo` with its value, in the order in which they are set.
