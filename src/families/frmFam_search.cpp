@@ -29,7 +29,7 @@ void FrmFam::cmdLocDat_Click()
 void FrmFam::iniciaPesquisa()
 {
     abrePesquisa();
-    Focus::setTo(txtNFam);
+    Focus::setTo(primeiroCampo());
     EmPesquisa.comeca();
 }
 
@@ -65,6 +65,8 @@ void FrmFam::confirmaPesquisa()
         adoFiltro.recordset().close();
         return;
     }
+    terminaOutraLista();
+    EmPesquisa.comeca(); // the end of the other search has ended it
     ActualizaCampos(adoFiltro.recordset(), {});
     AplicarModo(Modo::Cons);
     entregaAosResultados();
@@ -74,7 +76,7 @@ void FrmFam::confirmaPesquisa()
                                  [this](const jet::Recordset& linha) { return achado(linha); });
 }
 
-// Kept: the couple is that of the card, which shows the hit chosen before.
+// The couple is that of the card, which shows the row already when its tree is drawn.
 Achado FrmFam::achado(const jet::Recordset& linha) const
 {
     QList<PessoaDaArvore> raizes;
@@ -82,6 +84,11 @@ Achado FrmFam::achado(const jet::Recordset& linha) const
         raizes << PessoaDaArvore{membro.nind->text(), membro.nome->text()};
     return {{textoDoNumero(linha["nfamilia"]), textoDoNumero(linha["tipocasal"]), textoDaData(linha["datacasam"])},
             raizes};
+}
+
+void FrmFam::terminaOutraLista()
+{
+    FrmResult::terminaOutra(*this);
 }
 
 void FrmFam::escolheAchado(int, const QString& nfam)

@@ -1,6 +1,7 @@
 // The card of one person: the navigation list, the person shown, and the three modes.
 #pragma once
 
+#include "common/dataAoEntrar.h"
 #include "common/ficha.h"
 #include "common/valores.h"
 #include "individuals/pedido.h"
@@ -31,7 +32,8 @@ public:
     // Shows the individual whose number is in the field `Nind` of the current row. An error is shown, and leaves the
     // fields not yet filled cleared.
     void ActualizaCampos(jet::Recordset& rs);
-    // Moves the list to the person with that number, to its first row for an empty text, and shows the person.
+    // Moves the list to the person with that number, to its first row for an empty text, and shows the person. A card
+    // in the middle of an edit or a search stays as it is.
     void mostra(const QString& nind);
     // Deletes the references of the person shown, then the person, and shows the one before. An error on a reference
     // leaves everything as it was; a person who then can't be deleted silently stays.
@@ -65,6 +67,7 @@ public:
     void mostraAchado() override;
     void aceitaAchado(const QString& numero) override;
     void terminaNoAchado() override;
+    void terminaOutraLista() override;
 
     // Puts the family of origin on the row of the person shown.
     void poeFamiliaDeOrigem(const QString& nfam);
@@ -78,6 +81,7 @@ protected:
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
+    QWidget* primeiroCampo() override { return txtNind; }
 
 private:
     // A column of `individuo` with its value, in the order in which they are set.
@@ -115,7 +119,8 @@ private:
     void mskDtNasc_LostFocus();
     void mskDtObito_GotFocus();
     void mskDtObito_LostFocus();
-    void recusaData(MaskedEdit* campo, const QString& motivo);
+    void recusaData(MaskedEdit* campo, DataAoEntrar& antiga, const QString& motivo);
+    bool alterando() const { return passo() == Passo::Alteracao; }
     void mostraIdadeCalculada();
     void propoeTipo(const QString& tipo);
     void VerificaIdade(TextBox* campo);
@@ -130,6 +135,7 @@ private:
 
     // Handing an individual over, and closing
     void atendeActo(const std::optional<QString>& primeiro);
+    void permiteAtribuirAoSubir();
     void permiteAtribuir(); // after an edit or a search, if somebody waits for a person
     void cmdAtribuir_Click();
     void cmdTest_Click();
@@ -154,11 +160,11 @@ private:
     jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
     jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
 
-    QString Tipo;           // the type code as the date fields have worked it out while editing
-    Nind NindCorrente;      // shown last, or looked for last
-    Nind testador;          // whose executor is being chosen
-    QString DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
-    QString DataObitoAntiga;
+    QString Tipo;                // the type code as the date fields have worked it out while editing
+    Nind NindCorrente;           // shown last, or looked for last
+    Nind testador;               // whose executor is being chosen
+    DataAoEntrar DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
+    DataAoEntrar DataObitoAntiga;
 };
 
 // The one card, loaded at first touch.

@@ -129,6 +129,7 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
 
 void FrmInd::mostra(const QString& nind)
 {
+    if (modo() != Modo::Cons) return;
     jet::Recordset& lista = adoInd.recordset();
     if (adoInd.hasRows()) {
         lista.moveFirst();
