@@ -118,10 +118,19 @@ void FrmLegados::cmdIrpara_Click()
     });
 }
 
-// The card goes back to the testator, and isn't a picker any more.
+// The card isn't a picker any more.
 void FrmLegados::Form_Unload()
 {
     ListaDatada::Form_Unload();
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    guarded([&] { frmInd().desiste(OrigemInd::Herdeiro, txtNind->text()); });
+    guarded([] { frmInd().desiste(OrigemInd::Herdeiro); });
+}
+
+// And goes back to the testator.
+void FrmLegados::volta()
+{
+    ListaDatada::volta();
+    guarded([&] {
+        if (Ficha* ficha = donoDaJanela().ficha) ficha->procuraRegisto("nind = " + txtNind->text());
+    });
 }

@@ -80,9 +80,21 @@ void FrmPass::mostraLinha(const jet::Recordset& linha)
     txtOutras_1->setText(linha["obs"].toString());
 }
 
-// Kept: the focus goes to the date even if it is the number that is missing.
-bool FrmPass::VerificaCampos(Passo)
+// The statements of an alteration would pass over a row that has gone.
+bool FrmPass::passaporteGuardado()
 {
+    const QString numero = textoDoNumero(rsPass.recordset()["npass"]);
+    const jet::Recordset linha(cnBDP, "select npass from passaporte where nind = " + Label2_1->text() +
+                                          " and npass = " + numero);
+    if (!linha.eof()) return true;
+    showMessage("O passaporte nº " + numero + " já não existe na base de dados, e nada foi gravado.");
+    return false;
+}
+
+// Kept: the focus goes to the date even if it is the number that is missing.
+bool FrmPass::VerificaCampos(Passo passo)
+{
+    if (passo == Passo::Alteracao && !passaporteGuardado()) return false;
     const char* falta = !preenchido(txtDados_0) ? "Deve indicar o nº do passaporte!"
                         : !preenchido(mskData)  ? "Deve indicar uma data de referência!"
                                                 : nullptr;
@@ -147,10 +159,12 @@ void FrmPass::cmdE_Click()
             descricao_.passaA(Passo::Alteracao);
             return aplicaModoDaDescricao(Modo::Edi);
         }
-        if (ask("Deseja realmente confirmar as alterações?"))
+        if (!ask("Deseja realmente confirmar as alterações?"))
+            mostraDescricao();
+        else if (donoGuardado())
             gravaDescricao();
         else
-            mostraDescricao();
+            return;
         descricao_.passaA(Passo::Repouso);
         aplicaModoDaDescricao(Modo::Cons);
     });

@@ -166,7 +166,7 @@ void ListaDatada::iniciaInsercao()
 
 void ListaDatada::confirmaInsercao()
 {
-    if (!VerificaCampos(Passo::Insercao)) return;
+    if (!donoGuardado() || !VerificaCampos(Passo::Insercao)) return;
     if (const QString nova = acrescenta(); !nova.isEmpty()) Chave = nova;
     registos().refresh();
     PreencheFG();
@@ -203,7 +203,7 @@ void ListaDatada::iniciaAlteracao()
 
 void ListaDatada::confirmaAlteracao()
 {
-    if (!VerificaCampos(Passo::Alteracao)) return;
+    if (!donoGuardado() || !VerificaCampos(Passo::Alteracao)) return;
     const QString alterada = altera();
     if (regras_.releAoAlterar) registos().refresh();
     AplicarModo(Modo::Cons);
@@ -260,13 +260,14 @@ QString ListaDatada::chaveVizinha()
     return grelha_->textMatrix(linha > 1 ? linha - 1 : linha + 1, 0);
 }
 
-void ListaDatada::Form_Unload()
+bool ListaDatada::Form_QueryUnload(UnloadMode modo)
 {
-    if (Forms::isUnloadingAll()) return;
-    Ficha* ficha = cartao();
-    if (!ficha) return;
-    ficha->display();
-    ficha->setEnabled(true);
+    return modo != UnloadMode::ControlMenu || emRepouso();
+}
+
+void ListaDatada::volta()
+{
+    if (Ficha* ficha = donoDaJanela().ficha) ficha->display();
 }
 
 void ListaDatada::acrescentaLinha(const Valores& valores)

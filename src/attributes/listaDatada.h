@@ -90,10 +90,11 @@ protected:
     // Stores the fields in the current row. Returns the key of the row to show, empty for the grid's current one.
     virtual QString altera() = 0;
     virtual void elimina() { registos().recordset().deleteRow(); }
-    // The card that waits for this window; null if none does.
-    virtual Ficha* cartao() const { return donoDaJanela().ficha; }
 
-    void Form_Unload() override;
+    bool emRepouso() const { return comandos_.passo() == Passo::Repouso; }
+    bool podeMudarDeDono() const override { return emRepouso(); }
+    bool Form_QueryUnload(UnloadMode modo) override; // while an edit runs the close box does nothing
+    void volta() override;
 
     // Collected first and written in one go, so that a refused value leaves nothing pending.
     void acrescentaLinha(const Valores& valores); // nulls are left out

@@ -46,8 +46,9 @@ public:
     static void abrePeloMenu();
     // Brings it up, behind the splash if it has to be loaded first, with "a&Tribuir" as the Chamada says.
     static void FrmIndLoaded();
-    // The form that asks as `origem` closes: its request ends, and the card shows the person with that number again.
-    void desiste(OrigemInd origem, const QString& nind);
+    // The form that asks as `origem` closes: its request ends, and the card shows the person with that number again;
+    // for an empty text it stays where it is.
+    void desiste(OrigemInd origem, const QString& nind = {});
     // The window of a baptism closes: the card comes to the front, on the person baptized.
     void voltaDoBaptismo(const QString& nind);
     // The list, not the card, goes to its first row, unless an edit or a search is under way.

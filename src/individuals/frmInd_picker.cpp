@@ -53,7 +53,7 @@ void FrmInd::desiste(OrigemInd origem, const QString& nind)
     setEnabled(true);
     if (chamada().origem() == origem) chamada().desiste();
     if (!chamada().existe()) cmdAtribuir->setEnabled(false);
-    procuraRegisto("nind = " + nind);
+    if (!nind.isEmpty()) procuraRegisto("nind = " + nind);
 }
 
 void FrmInd::voltaDoBaptismo(const QString& nind)
