@@ -61,8 +61,7 @@ void FrmInd::cancelaInsercao()
 
 void FrmInd::iniciaAlteracao()
 {
-    // The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
-    poeListaNoNumero(txtNind->text());
+    mostraGuardado(numero());
     abreAlteracao();
     Tipo = Trim(cmbTipoInd->text());
     for (MaskedEdit* campo : {mskDtNasc, mskDtObito})
@@ -74,12 +73,13 @@ void FrmInd::iniciaAlteracao()
 void FrmInd::confirmaAlteracao()
 {
     const Hourglass ampulheta;
-    if (!temObrigatorios("confirmar a alteração!")) return;
-
-    for (const auto& [coluna, valor] : valoresDaAlteracao())
-        adoNind.recordset().set(coluna, valor);
-    adoNind.recordset().update();
-    adoNind.refresh();
+    if (modo() == Modo::Edi) { // while an executor is chosen the card shows others, whom nobody has altered
+        if (!temObrigatorios("confirmar a alteração!")) return;
+        for (const auto& [coluna, valor] : valoresDaAlteracao())
+            adoNind.recordset().set(coluna, valor);
+        adoNind.recordset().update();
+        adoNind.refresh();
+    }
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
 
     fechaEdicao();
@@ -107,6 +107,7 @@ bool FrmInd::temObrigatorios(const QString& accao)
     return true;
 }
 
+// The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
 void FrmInd::poeListaNoNumero(const QString& nind)
 {
     adoInd.recordset().moveFirst();

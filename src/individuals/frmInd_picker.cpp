@@ -124,7 +124,7 @@ void FrmInd::atribuiTestamenteiro()
 {
     if (!Trim(numero()).isEmpty())
         cnBDP.execute("update individuo set testamenteiro = " + numero() + " where nind = " + testador.texto());
-    mostra(testador.texto());
+    inserindo() ? mostra(testador.texto()) : mostraGuardado(testador.texto());
     AplicarModo(Modo::Edi);
     for (CommandButton* comando : {cmdAtribuir, cmdLoc, cmdFechar})
         comando->setEnabled(false);
