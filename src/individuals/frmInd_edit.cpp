@@ -26,6 +26,7 @@ void FrmInd::propoeIndividuo()
     }
     ProcuraTexto(*cmbTipoInd, "T");
     Tipo = "T";
+    SST->setCurrentIndex(0);
     Focus::setTo(txtNome);
 }
 
@@ -42,7 +43,12 @@ void FrmInd::confirmaInsercao()
     linha.addNew();
     for (const auto& [coluna, valor] : valoresDaInsercao())
         if (!valor.isNull()) linha.set(coluna, valor);
-    linha.update();
+    try {
+        linha.update();
+    } catch (const jet::Error& erro) {
+        if (erro.number != jet::number::duplicateKey) throw;
+        throw jet::Error{erro.number, "Já existe o indivíduo nº " + Trim(numero()) + "."};
+    }
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());
