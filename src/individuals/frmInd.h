@@ -109,6 +109,7 @@ private:
     void cancelaAlteracao() override;
     void elimina() override;
     void propoeIndividuo();
+    void gravaAlteracao();
     bool temObrigatorios(const QString& accao);
     void poeListaNoNumero(const QString& nind);
     Valores valoresDaInsercao() const;
@@ -158,6 +159,7 @@ private:
     jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
     jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
 
+    Valores mostrados_;     // what the fields said of the columns when the alteration began
     QString Tipo;           // the type code as the date fields have worked it out while editing
     Nind NindCorrente;      // shown last, or looked for last
     Nind testador;          // whose executor is being chosen

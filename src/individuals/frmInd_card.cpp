@@ -141,6 +141,11 @@ void FrmInd::mostraGuardado(const QString& nind)
     for (const auto& [coluna, lista] : listasDeCodigos())
         if (ProcuraItemData(*lista, adoNind.recordset()[coluna]) < 0 && !adoNind.recordset()[coluna].isNull())
             lista->setListIndex(-1);
+    mostrados_.clear();
+    try {
+        mostrados_ = valoresDaAlteracao();
+    } catch (const jet::Error&) { // a stored value that the store would refuse today: the confirm will tell
+    }
 }
 
 void FrmInd::mostra(const QString& nind)

@@ -55,8 +55,8 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
     };
 }
 
-// Every column is written, null where the field is empty, but those of a list where nothing is chosen. Kept: the
-// mother's age goes in as 0 then, and the option that is on leaves the other's column as it was.
+// Null where the field is empty; the columns of a list where nothing is chosen aren't there. Kept: the mother's age is
+// 0 then, and the option that is on leaves the other's column as it was.
 FrmInd::Valores FrmInd::valoresDaAlteracao()
 {
     const jet::Recordset& linha = adoNind.recordset();

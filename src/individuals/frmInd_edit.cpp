@@ -9,6 +9,20 @@
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 
+#include <QRegularExpression>
+
+namespace {
+
+// The store tells of tables and columns; the user knows the person.
+jet::Error doIndividuo(const QString& nind, const jet::Error& erro)
+{
+    if (erro.number == jet::number::duplicateKey) return {erro.number, "Já existe o indivíduo nº " + nind + "."};
+    static const QRegularExpression coluna(R"re( \(coluna "[^"]*" da tabela "[^"]*"\))re");
+    return {erro.number, "O indivíduo nº " + nind + " não foi gravado: " + QString(erro.description).remove(coluna)};
+}
+
+} // namespace
+
 void FrmInd::iniciaInsercao()
 {
     abreInsercao();
@@ -40,14 +54,13 @@ void FrmInd::confirmaInsercao()
         adoNind.refresh();
     }
     jet::Recordset& linha = adoNind.recordset();
-    linha.addNew();
-    for (const auto& [coluna, valor] : valoresDaInsercao())
-        if (!valor.isNull()) linha.set(coluna, valor);
     try {
+        linha.addNew();
+        for (const auto& [coluna, valor] : valoresDaInsercao())
+            if (!valor.isNull()) linha.set(coluna, valor);
         linha.update();
     } catch (const jet::Error& erro) {
-        if (erro.number != jet::number::duplicateKey) throw;
-        throw jet::Error{erro.number, "Já existe o indivíduo nº " + Trim(numero()) + "."};
+        throw doIndividuo(Trim(numero()), erro);
     }
     adoNind.refresh();
     adoInd.refresh();
@@ -81,9 +94,7 @@ void FrmInd::confirmaAlteracao()
     const Hourglass ampulheta;
     if (modo() == Modo::Edi) { // while an executor is chosen the card shows others, whom nobody has altered
         if (!temObrigatorios("confirmar a alteração!")) return;
-        for (const auto& [coluna, valor] : valoresDaAlteracao())
-            adoNind.recordset().set(coluna, valor);
-        adoNind.recordset().update();
+        gravaAlteracao();
         adoNind.refresh();
     }
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
@@ -91,6 +102,21 @@ void FrmInd::confirmaAlteracao()
     fechaEdicao();
     if (const auto& segue = chamada().pedido().segueAlteracao) segue(*this);
     permiteAtribuir();
+}
+
+// A column whose field is as it was shown isn't written in another form. Kept: but a null becomes the 0 of a box that
+// is off, and of the mother's age.
+void FrmInd::gravaAlteracao()
+{
+    jet::Recordset& linha = adoNind.recordset();
+    try {
+        for (const auto& valor : valoresDaAlteracao())
+            if (!mostrados_.contains(valor) || (linha[valor.first].isNull() && !valor.second.isNull()))
+                linha.set(valor.first, valor.second);
+        linha.update();
+    } catch (const jet::Error& erro) {
+        throw doIndividuo(numero(), erro);
+    }
 }
 
 void FrmInd::cancelaAlteracao()
