@@ -2,6 +2,7 @@
 // and commands that add, alter and delete.
 #pragma once
 
+#include "common/campos.h"
 #include "common/dataAoEntrar.h"
 #include "common/dono.h"
 #include "common/numeros.h"
@@ -59,8 +60,7 @@ protected:
         bool guardaUltimaNaGrelha = false; // the only row left stays on the grid when it is deleted
     };
 
-    // Columns of a row with their values, in the order in which they are set.
-    using Valores = QList<std::pair<QString, QVariant>>;
+    using Valores = Colunas;
 
     using JanelaDoDono::JanelaDoDono;
 
@@ -92,10 +92,11 @@ protected:
     // Stores the fields in the current row. Returns the key of the row to show, empty for the grid's current one.
     virtual QString altera() = 0;
     virtual void elimina() { registos().recordset().deleteRow(); }
-    // The card that waits for this window; null if none does.
-    virtual Ficha* cartao() const { return donoDaJanela().ficha; }
 
-    void Form_Unload() override;
+    bool emRepouso() const { return comandos_.passo() == Passo::Repouso; }
+    bool podeMudarDeDono() const override { return emRepouso(); }
+    bool Form_QueryUnload(UnloadMode modo) override; // while an edit runs the close box does nothing
+    void volta() override;
 
     // Collected first and written in one go, so that a refused value leaves nothing pending.
     void acrescentaLinha(const Valores& valores); // nulls are left out
@@ -128,6 +129,7 @@ private:
     void eliminaRegisto();
 
     bool temLinhas() const { return grelha_->rows() > 0; }
+    void mostraGuardada();
     bool linhaPerdida();
     QString chaveVizinha();
 

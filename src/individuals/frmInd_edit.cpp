@@ -9,6 +9,20 @@
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 
+#include <QRegularExpression>
+
+namespace {
+
+// The store tells of tables and columns; the user knows the person.
+jet::Error doIndividuo(const QString& nind, const jet::Error& erro)
+{
+    if (erro.number == jet::number::duplicateKey) return {erro.number, "Já existe o indivíduo nº " + nind + "."};
+    static const QRegularExpression coluna(R"re( \(coluna "[^"]*" da tabela "[^"]*"\))re");
+    return {erro.number, "O indivíduo nº " + nind + " não foi gravado: " + QString(erro.description).remove(coluna)};
+}
+
+} // namespace
+
 void FrmInd::iniciaInsercao()
 {
     abreInsercao();
@@ -26,6 +40,7 @@ void FrmInd::propoeIndividuo()
     }
     ProcuraTexto(*cmbTipoInd, "T");
     Tipo = "T";
+    SST->setCurrentIndex(0);
     Focus::setTo(txtNome);
 }
 
@@ -39,10 +54,14 @@ void FrmInd::confirmaInsercao()
         adoNind.refresh();
     }
     jet::Recordset& linha = adoNind.recordset();
-    linha.addNew();
-    for (const auto& [coluna, valor] : valoresDaInsercao())
-        if (!valor.isNull()) linha.set(coluna, valor);
-    linha.update();
+    try {
+        linha.addNew();
+        for (const auto& [coluna, valor] : valoresDaInsercao())
+            if (!valor.isNull()) linha.set(coluna, valor);
+        linha.update();
+    } catch (const jet::Error& erro) {
+        throw doIndividuo(Trim(numero()), erro);
+    }
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());
@@ -61,8 +80,7 @@ void FrmInd::cancelaInsercao()
 
 void FrmInd::iniciaAlteracao()
 {
-    // The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
-    poeListaNoNumero(txtNind->text());
+    mostraGuardado(numero());
     abreAlteracao();
     Tipo = Trim(cmbTipoInd->text());
     for (MaskedEdit* campo : {mskDtNasc, mskDtObito})
@@ -74,17 +92,31 @@ void FrmInd::iniciaAlteracao()
 void FrmInd::confirmaAlteracao()
 {
     const Hourglass ampulheta;
-    if (!temObrigatorios("confirmar a alteração!")) return;
-
-    for (const auto& [coluna, valor] : valoresDaAlteracao())
-        adoNind.recordset().set(coluna, valor);
-    adoNind.recordset().update();
-    adoNind.refresh();
+    if (modo() == Modo::Edi) { // while an executor is chosen the card shows others, whom nobody has altered
+        if (!temObrigatorios("confirmar a alteração!")) return;
+        gravaAlteracao();
+        adoNind.refresh();
+    }
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
 
     fechaEdicao();
     if (const auto& segue = chamada().pedido().segueAlteracao) segue(*this);
     permiteAtribuir();
+}
+
+// A column whose field is as it was shown isn't written in another form. Kept: but a null becomes the 0 of a box that
+// is off, and of the mother's age.
+void FrmInd::gravaAlteracao()
+{
+    jet::Recordset& linha = adoNind.recordset();
+    try {
+        for (const auto& valor : valoresDaAlteracao())
+            if (!mostrados_.contains(valor) || (linha[valor.first].isNull() && !valor.second.isNull()))
+                linha.set(valor.first, valor.second);
+        linha.update();
+    } catch (const jet::Error& erro) {
+        throw doIndividuo(numero(), erro);
+    }
 }
 
 void FrmInd::cancelaAlteracao()
@@ -107,6 +139,7 @@ bool FrmInd::temObrigatorios(const QString& accao)
     return true;
 }
 
+// The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
 void FrmInd::poeListaNoNumero(const QString& nind)
 {
     adoInd.recordset().moveFirst();
