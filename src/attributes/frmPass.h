@@ -30,6 +30,7 @@ protected:
     QString acrescenta() override;
     QString altera() override;
     void elimina() override;
+    QString chaveNoCriterio() const override;
     Ficha* cartao() const override { return nullptr; }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode modo) override { return modo != UnloadMode::ControlMenu; }

@@ -68,8 +68,12 @@ protected:
     // The date field is checked when it is left; a date sets the flag beside it, an empty field clears it. As with the
     // number fields, the command whose click took the focus still runs, on what the check has left.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
-    // The number field takes 0 and more.
+    // The number field takes 0 and more; that of a column of whole numbers takes no fraction.
     void vigiaNumero(TextBox* campo, const QString& recusa);
+    void vigiaInteiro(TextBox* campo, const QString& recusa);
+    // For a column of whole numbers whose field has no check of its own: a number that the column can't take is refused
+    // and stays. The confirmation refuses it too, as it does a text that is no number.
+    static void vigiaFraccao(TextBox* campo, const QString& motivo);
 
     // For Form_Load(): the rows, the grid and mode "Cons". No row is shown yet.
     void abreLista(const QString& instrucao);
@@ -90,6 +94,8 @@ protected:
     // Stores the fields in the current row. Returns the key of the row to show, empty for the grid's current one.
     virtual QString altera() = 0;
     virtual void elimina() { registos().recordset().deleteRow(); }
+    // Chave as a criterion takes it.
+    virtual QString chaveNoCriterio() const { return Chave; }
     // The card that waits for this window; null if none does.
     virtual Ficha* cartao() const { return donoDaJanela().ficha; }
 
@@ -105,7 +111,7 @@ protected:
     template <class Campo>
     static void mostraSeHouver(Campo* campo, const QVariant& valor)
     {
-        if (const QString texto = textoDoNumero(valor); !Trim(texto).isEmpty()) campo->setText(texto);
+        if (const QString texto = textoDaQuantidade(valor); !Trim(texto).isEmpty()) campo->setText(texto);
     }
 
 private:

@@ -33,6 +33,12 @@ inline QVariant numeroDe(const TextBox* campo)
     return preenchido(campo) ? numeroDoTexto(campo->text()) : QVariant();
 }
 
+// For a column of whole numbers. Error 13 for any other number, too.
+inline QVariant inteiroDe(const TextBox* campo)
+{
+    return preenchido(campo) ? inteiroDoTexto(campo->text()) : QVariant();
+}
+
 inline QVariant itemDe(const ComboBox* lista)
 {
     return preenchido(lista) ? lista->itemData(lista->listIndex()) : QVariant();

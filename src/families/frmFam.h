@@ -114,6 +114,7 @@ private:
     void cancelaAlteracao() override;
     void elimina() override;
     bool temObrigatorios();
+    void verificaNumeros() const;
     void insereFamilia();
     void insereMembro(const Metade& membro);
     void alteraFamilia();

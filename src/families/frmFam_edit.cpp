@@ -16,6 +16,17 @@ void escolheLegitima(ComboBox& situacoes)
         if (situacoes.list(i).startsWith('l', Qt::CaseInsensitive)) situacoes.setListIndex(i);
 }
 
+// The numbers that were typed, as a statement takes them. Error 13 for what can't be one.
+QString registoEmSQL(const TextBox* campo)
+{
+    return textoDoNumero(registoDoTexto(campo->text()));
+}
+
+QString inteiroEmSQL(const TextBox* campo)
+{
+    return preenchido(campo) ? QString::number(inteiroDoTexto(campo->text())) : QString();
+}
+
 } // namespace
 
 void FrmFam::iniciaInsercao()
@@ -44,10 +55,23 @@ bool FrmFam::temObrigatorios()
     return true;
 }
 
+// Before the first statement: Error 13 for a number of a member that can't be stored.
+void FrmFam::verificaNumeros() const
+{
+    for (const Metade& membro : metades_) {
+        if (membro.nind->text().isEmpty()) continue;
+        registoEmSQL(membro.nind);
+        inteiroEmSQL(membro.idade);
+        inteiroEmSQL(membro.numCasam);
+    }
+}
+
 void FrmFam::confirmaInsercao()
 {
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
+    registoEmSQL(txtNFam);
+    verificaNumeros();
     jet::Transaction transaccao(cnBDP);
     insereFamilia();
     for (const Metade& membro : metades_)
@@ -88,17 +112,17 @@ void FrmFam::insereFamilia()
 
 void FrmFam::insereMembro(const Metade& membro)
 {
-    const QString n = txtNFam->text(), m = membro.nind->text();
-    if (m.isEmpty()) return;
+    if (membro.nind->text().isEmpty()) return;
+    const QString n = txtNFam->text(), m = registoEmSQL(membro.nind);
     cnBDP.execute("insert into familias (nfamilia, nind) values (" + n + "," + m + ")");
     if (preenchido(membro.idade))
-        cnBDP.execute("update familias set idade = " + membro.idade->text() + " where nfamilia = " + n +
+        cnBDP.execute("update familias set idade = " + inteiroEmSQL(membro.idade) + " where nfamilia = " + n +
                       " and nind = " + m);
     if (preenchido(membro.estadoCivil))
         cnBDP.execute("update familias set estadocivil = " + itemDe(membro.estadoCivil).toString() +
                       " where nfamilia = " + n + " and nind = " + m);
     if (preenchido(membro.numCasam))
-        cnBDP.execute("update familias set numcasam = " + membro.numCasam->text() + " where nfamilia = " + n +
+        cnBDP.execute("update familias set numcasam = " + inteiroEmSQL(membro.numCasam) + " where nfamilia = " + n +
                       " and nind = " + m);
 }
 
@@ -121,6 +145,7 @@ void FrmFam::confirmaAlteracao()
 {
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
+    verificaNumeros();
     poeFicheiroNaFicha();
     alteraFamilia();
     adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
@@ -155,17 +180,17 @@ void FrmFam::alteraFamilia()
 
 void FrmFam::reescreveMembro(const Metade& membro, bool temNumCasam)
 {
-    const QString n = txtNFam->text(), m = membro.nind->text();
-    if (m.isEmpty()) return;
+    if (membro.nind->text().isEmpty()) return;
+    const QString n = txtNFam->text(), m = registoEmSQL(membro.nind);
     cnBDP.execute("insert into familias (nind, nfamilia)  values (" + m + "," + n + ")");
     if (preenchido(membro.idade))
-        cnBDP.execute("update familias set idade =" + membro.idade->text() + " where nind = " + m +
+        cnBDP.execute("update familias set idade =" + inteiroEmSQL(membro.idade) + " where nind = " + m +
                       " and nfamilia =" + n);
     if (preenchido(membro.estadoCivil))
         cnBDP.execute("update familias set estadocivil =" + itemDe(membro.estadoCivil).toString() +
                       " where nind = " + m + " and nfamilia =" + n);
     if (temNumCasam)
-        cnBDP.execute("update familias set numcasam =" + membro.numCasam->text() + " where nind = " + m +
+        cnBDP.execute("update familias set numcasam =" + inteiroEmSQL(membro.numCasam) + " where nind = " + m +
                       " and nfamilia =" + n);
 }
 

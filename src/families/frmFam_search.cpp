@@ -128,7 +128,7 @@ void FrmFam::cancelaPesquisa()
 Filtro FrmFam::filtroDosCampos() const
 {
     Filtro filtro;
-    if (!txtNFam->text().isEmpty()) filtro.junta("nfamilia=" + txtNFam->text());
+    if (!txtNFam->text().isEmpty()) filtro.junta("nfamilia=" + numeroEmSQL(txtNFam->text()));
     if (preenchido(cmbSit)) filtro.junta("sfamilia= '" + itemDe(cmbSit).toString() + "'");
     if (preenchido(cmbTipoFam)) filtro.junta("tipocasal = " + cmbTipoFam->text());
 

@@ -88,8 +88,8 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
             SeleccionaLocal(*cmbLoc, guardado["localnasc"].toString(), guardado["tipolocalnasc"].toString(),
                             TabelaDosSitios::lugar);
         ProcuraItemData(*cmbFiliacao, guardado["filiacao"]);
-        txtIdPai->setText(textoDoNumero(guardado["idadepai"]));
-        txtIdMae->setText(textoDoNumero(guardado["idademae"]));
+        txtIdPai->setText(textoDaQuantidade(guardado["idadepai"]));
+        txtIdMae->setText(textoDaQuantidade(guardado["idademae"]));
         ProcuraItemData(*cmbECPai, guardado["estadocivilpai"]);
         ProcuraItemData(*cmbECMae, guardado["estadocivilmae"]);
 
@@ -100,7 +100,7 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
                             TabelaDosSitios::lugar);
         ProcuraItemData(*cmbSacram, guardado["sacramentos"]);
         ProcuraItemData(*cmbEC, guardado["estadoobito"]);
-        txtIdade->setText(textoDoNumero(guardado["idadeobito"]));
+        txtIdade->setText(textoDaQuantidade(guardado["idadeobito"]));
         chkMenor->setChecked(guardado["menor"].toBool());
         txtCausa->setText(guardado["causa"].toString());
         ProcuraItemData(*cmbclass, guardado["classparoquial"]);
