@@ -136,6 +136,7 @@ private:
     void desistePorFaltaDeCriterio();
     void cancelaPesquisa() override;
     Filtro filtroDosCampos() const;
+    void contaDias(const QString& dias);
     Achado achado(const jet::Recordset& linha) const;
 
     jet::DataControl adoFam{cnBDP};    // all families: what the movement buttons run through
@@ -147,7 +148,8 @@ private:
     // and a search cancelled first thing in another BDP goes to the family with the number of the last.
     inline static Nfam NfamCorrente;
     OrigemFam OrigemFam_ = OrigemFam::Menu;
-    QString dtCasamAnterior; // what mskData held when it was entered
+    QString dtCasamAnterior;    // what mskData held when it was entered
+    bool diasContados_ = false; // the status bar tells the days of a search
 };
 
 // The one card, loaded at first touch.
