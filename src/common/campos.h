@@ -46,12 +46,14 @@ inline QVariant itemDe(const ComboBox* lista)
 
 inline QVariant codigoDe(const ComboBox* lista)
 {
-    return preenchido(lista) ? localDoTexto(lista->text()).codigo : QVariant();
+    const QString codigo = localDoTexto(lista->text()).codigo;
+    return codigo.isEmpty() ? QVariant() : codigo;
 }
 
 inline QVariant letraDe(const ComboBox* lista)
 {
-    return preenchido(lista) ? localDoTexto(lista->text()).nivel : QVariant();
+    const QString letra = localDoTexto(lista->text()).nivel;
+    return letra.isEmpty() ? QVariant() : letra;
 }
 
 // Tells the user why, gives the field the focus, and returns false.
