@@ -98,11 +98,11 @@ QString FrmLegados::altera()
 // Nothing is required: a legacy may be empty.
 ListaDatada::Valores FrmLegados::valores() const
 {
-    return {{"nindherd", textoDe(txtNindH)},
-            {"parentesco", itemDe(cmbParentesco)},
-            {"obs", textoDe(txtObs)},
-            {"bensmoveis", textoDe(txtMov)},
-            {"bensraiz", textoDe(txtRaiz)}};
+    return Valores{{"nindherd", textoDe(txtNindH)},
+                   {"obs", textoDe(txtObs)},
+                   {"bensmoveis", textoDe(txtMov)},
+                   {"bensraiz", textoDe(txtRaiz)}} +
+           itemPara("parentesco", cmbParentesco);
 }
 
 // Kept: an heir isn't checked against any date.
@@ -118,10 +118,19 @@ void FrmLegados::cmdIrpara_Click()
     });
 }
 
-// The card goes back to the testator, and isn't a picker any more.
+// The card isn't a picker any more.
 void FrmLegados::Form_Unload()
 {
     ListaDatada::Form_Unload();
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    guarded([&] { frmInd().desiste(OrigemInd::Herdeiro, txtNind->text()); });
+    guarded([] { frmInd().desiste(OrigemInd::Herdeiro); });
+}
+
+// And goes back to the testator.
+void FrmLegados::volta()
+{
+    ListaDatada::volta();
+    guarded([&] {
+        if (Ficha* ficha = donoDaJanela().ficha) ficha->procuraRegisto("nind = " + txtNind->text());
+    });
 }

@@ -26,6 +26,7 @@ protected:
     QString altera() override;
     void Form_Load() override;
     void Form_Unload() override;
+    void volta() override;
 
 private:
     void cmdIrpara_Click();

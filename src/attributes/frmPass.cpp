@@ -42,7 +42,7 @@ void FrmPass::Form_Load()
     ActualizaCampos();
 }
 
-// Kept: the grid and the place picker are open in both modes.
+// Kept: the grid is open in both modes.
 const QList<ModeRow>& FrmPass::modos() const
 {
     using enum Effect;
@@ -54,6 +54,7 @@ const QList<ModeRow>& FrmPass::modos() const
         {"mskData",     {Enabled, blue}, {Disabled, white}},
         {"cmbDados_1",  {Open, blue},    {Shut, white}},
         {"txtOutras_1", {Open, blue},    {Shut, white}},
+        {"cmdLoc",      {Enabled},       {Disabled}},
         {"cmdE",        {Disabled},      {Enabled}},
     };
     // clang-format on
@@ -81,9 +82,21 @@ void FrmPass::mostraLinha(const jet::Recordset& linha)
     txtOutras_1->setText(linha["obs"].toString());
 }
 
-// Kept: the focus goes to the date even if it is the number that is missing.
-bool FrmPass::VerificaCampos(Passo)
+// The statements of an alteration would pass over a row that has gone.
+bool FrmPass::passaporteGuardado()
 {
+    const QString numero = textoDoNumero(rsPass.recordset()["npass"]);
+    const jet::Recordset linha(cnBDP, "select npass from passaporte where nind = " + Label2_1->text() +
+                                          " and npass = " + numero);
+    if (!linha.eof()) return true;
+    showMessage("O passaporte nº " + numero + " já não existe na base de dados, e nada foi gravado.");
+    return false;
+}
+
+// Kept: the focus goes to the date even if it is the number that is missing.
+bool FrmPass::VerificaCampos(Passo passo)
+{
+    if (passo == Passo::Alteracao && !passaporteGuardado()) return false;
     const char* falta = !preenchido(txtDados_0) ? "Deve indicar o nº do passaporte!"
                         : !preenchido(mskData)  ? "Deve indicar uma data de referência!"
                                                 : nullptr;
@@ -151,13 +164,17 @@ void FrmPass::cmdE_Click()
     guarded([&] {
         if (descricao_.passo() == Passo::Repouso) {
             if (EmPesquisa) return;
+            limpaDescricao();
+            mostraDescricao();
             descricao_.passaA(Passo::Alteracao);
             return aplicaModoDaDescricao(Modo::Edi);
         }
-        if (ask("Deseja realmente confirmar as alterações?"))
+        if (!ask("Deseja realmente confirmar as alterações?"))
+            mostraDescricao();
+        else if (donoGuardado())
             gravaDescricao();
         else
-            mostraDescricao();
+            return;
         descricao_.passaA(Passo::Repouso);
         aplicaModoDaDescricao(Modo::Cons);
     });
@@ -184,6 +201,13 @@ jet::Recordset FrmPass::individuo() const
     return {cnBDP, "select * from individuo where nind = " + Label2_1->text()};
 }
 
+void FrmPass::limpaDescricao()
+{
+    cmbDados_0->setListIndex(-1);
+    txtDados_1->clear();
+    txtOutras_0->clear();
+}
+
 // Kept: a blank column leaves its field as it was.
 void FrmPass::mostraDescricao()
 {
@@ -197,7 +221,7 @@ void FrmPass::mostraDescricao()
 void FrmPass::gravaDescricao()
 {
     jet::Recordset pessoa = individuo();
-    pessoa.set("estatura", textoDe(cmbDados_0));
+    if (cmbDados_0->listIndex() >= 0) pessoa.set("estatura", textoDe(cmbDados_0)); // it may be in other words
     pessoa.set("altura", inteiroDe(txtDados_1));
     pessoa.set("cfisicas", textoDe(txtOutras_0));
     pessoa.update();

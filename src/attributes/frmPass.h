@@ -31,9 +31,10 @@ protected:
     QString altera() override;
     void elimina() override;
     QString chaveNoCriterio() const override;
-    Ficha* cartao() const override { return nullptr; }
     void Form_Load() override;
+    bool podeMudarDeDono() const override { return emRepouso() && descricao_.passo() == Passo::Repouso; }
     bool Form_QueryUnload(UnloadMode modo) override { return modo != UnloadMode::ControlMenu; }
+    void volta() override {}
 
 private:
     void cmdLoc_Click();
@@ -41,9 +42,11 @@ private:
 
     void gravaDestinoEObs();
     QString chaveEscrita() const;
+    bool passaporteGuardado();
 
     void aplicaModoDaDescricao(Modo modo);
     jet::Recordset individuo() const;
+    void limpaDescricao();
     void mostraDescricao();
     void gravaDescricao();
 

@@ -87,10 +87,11 @@ void ListaDatada::PreencheFG()
         cmd_.alt->setEnabled(total > 0);
     }
     const int actual = grelha_->row();
+    const bool semCabecalho = grelha_->rows() == 0;
     grelha_->setRows(total > 0 ? total + 1 : 0);
     if (total == 0) return;
 
-    grelha_->setColumns(colunas_);
+    if (semCabecalho) grelha_->setColumns(colunas_); // else it would scroll back under the mouse
     linhas.moveFirst();
     for (int linha = 1; !linhas.eof(); ++linha, linhas.moveNext()) {
         const QStringList celulas = PreencheLinha(linhas);
@@ -182,7 +183,7 @@ void ListaDatada::iniciaInsercao()
 
 void ListaDatada::confirmaInsercao()
 {
-    if (!VerificaCampos(Passo::Insercao)) return;
+    if (!donoGuardado() || !VerificaCampos(Passo::Insercao)) return;
     if (const QString nova = acrescenta(); !nova.isEmpty()) Chave = nova;
     registos().refresh();
     PreencheFG();
@@ -209,6 +210,8 @@ void ListaDatada::terminaInsercao()
 void ListaDatada::iniciaAlteracao()
 {
     if (EmPesquisa || !temLinhas() || linhaPerdida()) return;
+    mostraGuardada();
+    if (linhaPerdida()) return showMessage("O registo já não existe na base de dados.");
     comandos_.passaA(Passo::Alteracao);
     cmd_.ins->setEnabled(false);
     cmd_.sair->setEnabled(false);
@@ -219,7 +222,7 @@ void ListaDatada::iniciaAlteracao()
 
 void ListaDatada::confirmaAlteracao()
 {
-    if (!VerificaCampos(Passo::Alteracao)) return;
+    if (!donoGuardado() || !VerificaCampos(Passo::Alteracao)) return;
     const QString alterada = altera();
     if (regras_.releAoAlterar) registos().refresh();
     AplicarModo(Modo::Cons);
@@ -263,6 +266,16 @@ void ListaDatada::eliminaRegisto()
     ActualizaCampos();
 }
 
+// The row as it is stored now, whatever a refill of the lists or the row shown before has left in the fields.
+void ListaDatada::mostraGuardada()
+{
+    LimpaCampos();
+    if (!registos().hasRows()) return;
+    jet::Recordset& linhas = registos().recordset();
+    linhas.setAbsolutePosition(linhas.absolutePosition()); // a row is read when the cursor comes to it
+    ActualizaCampos();
+}
+
 // The row of Chave is gone from the store, so none is shown.
 bool ListaDatada::linhaPerdida()
 {
@@ -276,13 +289,14 @@ QString ListaDatada::chaveVizinha()
     return grelha_->textMatrix(linha > 1 ? linha - 1 : linha + 1, 0);
 }
 
-void ListaDatada::Form_Unload()
+bool ListaDatada::Form_QueryUnload(UnloadMode modo)
 {
-    if (Forms::isUnloadingAll()) return;
-    Ficha* ficha = cartao();
-    if (!ficha) return;
-    ficha->display();
-    ficha->setEnabled(true);
+    return modo != UnloadMode::ControlMenu || emRepouso();
+}
+
+void ListaDatada::volta()
+{
+    if (Ficha* ficha = donoDaJanela().ficha) ficha->display();
 }
 
 void ListaDatada::acrescentaLinha(const Valores& valores)

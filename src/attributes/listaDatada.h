@@ -2,6 +2,7 @@
 // and commands that add, alter and delete.
 #pragma once
 
+#include "common/campos.h"
 #include "common/dono.h"
 #include "common/numeros.h"
 #include "common/passo.h"
@@ -58,8 +59,7 @@ protected:
         bool guardaUltimaNaGrelha = false; // the only row left stays on the grid when it is deleted
     };
 
-    // Columns of a row with their values, in the order in which they are set.
-    using Valores = QList<std::pair<QString, QVariant>>;
+    using Valores = Colunas;
 
     using JanelaDoDono::JanelaDoDono;
 
@@ -96,10 +96,11 @@ protected:
     virtual void elimina() { registos().recordset().deleteRow(); }
     // Chave as a criterion takes it.
     virtual QString chaveNoCriterio() const { return Chave; }
-    // The card that waits for this window; null if none does.
-    virtual Ficha* cartao() const { return donoDaJanela().ficha; }
 
-    void Form_Unload() override;
+    bool emRepouso() const { return comandos_.passo() == Passo::Repouso; }
+    bool podeMudarDeDono() const override { return emRepouso(); }
+    bool Form_QueryUnload(UnloadMode modo) override; // while an edit runs the close box does nothing
+    void volta() override;
 
     // Collected first and written in one go, so that a refused value leaves nothing pending.
     void acrescentaLinha(const Valores& valores); // nulls are left out
@@ -132,6 +133,7 @@ private:
     void eliminaRegisto();
 
     bool temLinhas() const { return grelha_->rows() > 0; }
+    void mostraGuardada();
     bool linhaPerdida();
     QString chaveVizinha();
 

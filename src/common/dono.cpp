@@ -1,12 +1,61 @@
 #include "common/dono.h"
 
+#include "common/modGeral.h"
 #include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
 
-void JanelaDoDono::abre(const QString& nome, const Dono& dono)
+void JanelaDoDono::abre(const QString& nome, const Dono& dono, bool fichaEspera)
 {
-    if (Form* aberta = Forms::find(nome)) return aberta->display();
-    Form* janela = Forms::load(nome, [&dono](Form& nova) { static_cast<JanelaDoDono&>(nova).dono_ = dono; });
-    if (!janela) return;
-    static_cast<JanelaDoDono*>(janela)->dono_.registo = nullptr;
+    auto* janela = static_cast<JanelaDoDono*>(Forms::find(nome));
+    if (janela && !janela->eDe(dono.tipo, dono.numero) && janela->podeMudarDeDono()) {
+        janela->larga();
+        janela = nullptr;
+    }
+    if (!janela) {
+        janela = static_cast<JanelaDoDono*>(
+            Forms::load(nome, [&dono](Form& nova) { static_cast<JanelaDoDono&>(nova).dono_ = dono; }));
+        if (!janela) return;
+        janela->dono_.registo = nullptr;
+    }
+    if (fichaEspera && dono.ficha && janela->isEnabled()) { // one that waits for the card must not be waited for
+        janela->esperam_ << dono.ficha;
+        dono.ficha->setEnabled(false);
+    }
     janela->display();
+}
+
+void JanelaDoDono::fechaAsDe(TipoDeDono tipo, const QString& numero)
+{
+    const QList<QWidget*> abertas = Forms::loaded(); // a copy, as the list gets shorter
+    for (QWidget* aberta : abertas)
+        if (auto* janela = qobject_cast<JanelaDoDono*>(aberta); janela && janela->eDe(tipo, numero)) janela->larga();
+}
+
+void JanelaDoDono::larga()
+{
+    semVolta_ = true;
+    unload();
+}
+
+// Without a number nobody is looked for, and the store tells what is missing.
+bool JanelaDoDono::donoGuardado() const
+{
+    const QString& numero = dono_.numero;
+    if (numero.isEmpty()) return true;
+    const jet::Recordset linha(cnBDP, (dono_.familia() ? "select nfamilia from familia where nfamilia = "
+                                                       : "select nind from individuo where nind = ") +
+                                          numero);
+    if (!linha.eof()) return true;
+    showMessage((dono_.familia()
+                     ? "A família nº " + numero + " já não existe na base de dados, e nada foi gravado."
+                     : "O indivíduo nº " + numero + " já não existe na base de dados, e nada foi gravado."));
+    return false;
+}
+
+void JanelaDoDono::Form_Unload()
+{
+    if (Forms::isUnloadingAll()) return;
+    for (const QPointer<Ficha>& ficha : std::as_const(esperam_))
+        if (ficha) ficha->setEnabled(true);
+    if (!semVolta_) volta();
 }

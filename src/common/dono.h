@@ -5,6 +5,7 @@
 #include "platform/forms/form.h"
 #include "platform/jet/recordset.h"
 
+#include <QList>
 #include <QPointer>
 #include <QString>
 
@@ -38,14 +39,35 @@ class JanelaDoDono : public Form
 public:
     using Form::Form;
 
-    // Loads the window with that name for the owner and brings it up. One that is already open keeps its owner and only
-    // comes to the front; a name that no form has does nothing.
+    // Brings the window with that name up for the owner. One that is open for another owner is loaded anew, if it may
+    // change (podeMudarDeDono()); else it comes to the front as it is. A name that no form has does nothing.
+    // If the card waits, it is disabled until the window goes, whoever the owner is; but not for a window that itself
+    // waits, perhaps for the card.
     // Precondition: a form with that name is a JanelaDoDono.
-    static void abre(const QString& nome, const Dono& dono);
+    static void abre(const QString& nome, const Dono& dono, bool fichaEspera = false);
+
+    // The record was deleted: unloads the windows that stand open for it.
+    static void fechaAsDe(TipoDeDono tipo, const QString& numero);
 
 protected:
     const Dono& donoDaJanela() const { return dono_; } // known from Form_Load() on
 
+    // Whether nothing is being edited that another owner would take off the screen.
+    virtual bool podeMudarDeDono() const { return false; }
+
+    // Asked before anything is stored for the owner: whether its record is still there. Tells the user if it isn't.
+    bool donoGuardado() const;
+
+    // Enables the cards that wait. One that overrides it calls it first.
+    void Form_Unload() override;
+    // The window was closed, and makes room for no other owner, nor has its own gone: back to the card.
+    virtual void volta() {}
+
 private:
+    bool eDe(TipoDeDono tipo, const QString& numero) const { return dono_.tipo == tipo && dono_.numero == numero; }
+    void larga(); // unloads it, without going back
+
     Dono dono_;
+    QList<QPointer<Ficha>> esperam_;
+    bool semVolta_ = false;
 };

@@ -45,18 +45,16 @@ jet::Recordset& Ficha::registoNaFicha()
 
 void Ficha::abreJanela(const QString& nome)
 {
-    guarded([&] {
-        if (!Forms::exists(nome)) return;
-        if (!Forms::isLoaded(nome)) setEnabled(false);
-        JanelaDoDono::abre(nome, dono());
-    });
+    guarded([&] { JanelaDoDono::abre(nome, dono(), true); });
 }
 
 void Ficha::eliminaDoFicheiro()
 {
     jet::Recordset& registos = ficheiro().recordset();
+    const Dono eliminado = dono();
     try {
         registos.deleteRow();
+        JanelaDoDono::fechaAsDe(eliminado.tipo, eliminado.numero);
     } catch (const jet::Error&) {
     }
     if (!ficheiro().hasRows()) return LimpaCampos(); // kept: position, total and commands stay as they were

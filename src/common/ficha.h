@@ -95,13 +95,13 @@ protected:
     void abreAlteracao();
     void fechaEdicao();
 
-    // Deletes the current row of the file, and shows the row before it, or the new first one. If the row can't be
-    // deleted, it silently stays.
+    // Deletes the current row of the file, which is that of the record shown, and shows the row before it, or the new
+    // first one; the windows of the record go. If the row can't be deleted, it silently stays.
     void eliminaDoFicheiro();
 
     virtual Dono dono() = 0; // of the windows that are opened for the record shown
-    // Opens the window with that name for the record shown. The card is disabled until the window closes. One that is
-    // already open keeps its owner and only comes to the front.
+    // Opens the window with that name for the record shown, as JanelaDoDono::abre(). The card is disabled until the
+    // window closes.
     void abreJanela(const QString& nome);
 
     void abrePesquisa(); // turns the card into a search form

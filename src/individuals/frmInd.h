@@ -1,7 +1,9 @@
 // The card of one person: the navigation list, the person shown, and the three modes.
 #pragma once
 
+#include "common/campos.h"
 #include "common/ficha.h"
+#include "common/locais.h"
 #include "common/valores.h"
 #include "individuals/pedido.h"
 
@@ -46,8 +48,9 @@ public:
     static void abrePeloMenu();
     // Brings it up, behind the splash if it has to be loaded first, with "a&Tribuir" as the Chamada says.
     static void FrmIndLoaded();
-    // The form that asks as `origem` closes: its request ends, and the card shows the person with that number again.
-    void desiste(OrigemInd origem, const QString& nind);
+    // The form that asks as `origem` closes: its request ends, and the card shows the person with that number again;
+    // for an empty text it stays where it is.
+    void desiste(OrigemInd origem, const QString& nind = {});
     // The window of a baptism closes: the card comes to the front, on the person baptized.
     void voltaDoBaptismo(const QString& nind);
     // The list, not the card, goes to its first row, unless an edit or a search is under way.
@@ -79,12 +82,14 @@ protected:
     void Form_Unload() override;
 
 private:
-    // A column of `individuo` with its value, in the order in which they are set.
-    using Valores = QList<std::pair<QString, QVariant>>;
+    using Valores = Colunas; // of `individuo`
 
     void connectEvents();
 
     // Showing a record
+    void mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios);
+    void mostraGuardado(const QString& nind);
+    QList<std::pair<QString, ComboBox*>> listasDeCodigos() const;
     void PreencheCombos();
     void PreencheFamilias();
     void EscreveLinhaFam(int linha);

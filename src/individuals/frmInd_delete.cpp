@@ -1,6 +1,7 @@
 // What goes with a person: the dated attributes, the acts, the family links.
 #include "individuals/frmInd.h"
 
+#include "common/dono.h"
 #include "common/numeros.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
@@ -23,8 +24,8 @@ void eliminaReferencias(const QString& n)
 }
 
 // A family that loses its only spouse is deleted, and its children no longer have a family of origin. Kept: a couple
-// loses both spouses, and the family stays without any; more than two are left alone.
-void desfazFamilia(const QString& f)
+// loses both spouses, and the family stays without any; more than two are left alone. Whether it was deleted.
+bool desfazFamilia(const QString& f)
 {
     const jet::Recordset contagem(cnBDP, "select count(*) as cont from familias where nfamilia = " + f);
     const double conjuges = contagem["cont"].toDouble();
@@ -35,6 +36,7 @@ void desfazFamilia(const QString& f)
     } else if (conjuges == 2) {
         cnBDP.execute("delete from familias where nfamilia = " + f);
     }
+    return conjuges == 1;
 }
 
 } // namespace
@@ -52,10 +54,13 @@ void FrmInd::eliminaIndividuo()
     const QString n = textoDoNumero(adoInd.recordset()["Nind"]);
     jet::Transaction transaccao(cnBDP);
     eliminaReferencias(n);
+    QStringList desfeitas;
     for (jet::Recordset familias(cnBDP, "select nfamilia from familias where nind = " + n); !familias.eof();
          familias.moveNext())
-        desfazFamilia(textoDoNumero(familias["nfamilia"]));
+        if (const QString f = textoDoNumero(familias["nfamilia"]); desfazFamilia(f)) desfeitas << f;
     transaccao.commit();
+    for (const QString& f : std::as_const(desfeitas))
+        JanelaDoDono::fechaAsDe(TipoDeDono::Familia, f);
 
     eliminaDoFicheiro();
 }

@@ -26,6 +26,7 @@ void FrmInd::propoeIndividuo()
     }
     ProcuraTexto(*cmbTipoInd, "T");
     Tipo = "T";
+    SST->setCurrentIndex(0);
     Focus::setTo(txtNome);
 }
 
@@ -42,7 +43,12 @@ void FrmInd::confirmaInsercao()
     linha.addNew();
     for (const auto& [coluna, valor] : valoresDaInsercao())
         if (!valor.isNull()) linha.set(coluna, valor);
-    linha.update();
+    try {
+        linha.update();
+    } catch (const jet::Error& erro) {
+        if (erro.number != jet::number::duplicateKey) throw;
+        throw jet::Error{erro.number, "Já existe o indivíduo nº " + Trim(numero()) + "."};
+    }
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());
@@ -61,8 +67,7 @@ void FrmInd::cancelaInsercao()
 
 void FrmInd::iniciaAlteracao()
 {
-    // The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
-    poeListaNoNumero(txtNind->text());
+    mostraGuardado(numero());
     abreAlteracao();
     Tipo = Trim(cmbTipoInd->text());
     for (MaskedEdit* campo : {mskDtNasc, mskDtObito})
@@ -74,12 +79,13 @@ void FrmInd::iniciaAlteracao()
 void FrmInd::confirmaAlteracao()
 {
     const Hourglass ampulheta;
-    if (!temObrigatorios("confirmar a alteração!")) return;
-
-    for (const auto& [coluna, valor] : valoresDaAlteracao())
-        adoNind.recordset().set(coluna, valor);
-    adoNind.recordset().update();
-    adoNind.refresh();
+    if (modo() == Modo::Edi) { // while an executor is chosen the card shows others, whom nobody has altered
+        if (!temObrigatorios("confirmar a alteração!")) return;
+        for (const auto& [coluna, valor] : valoresDaAlteracao())
+            adoNind.recordset().set(coluna, valor);
+        adoNind.recordset().update();
+        adoNind.refresh();
+    }
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
 
     fechaEdicao();
@@ -107,6 +113,7 @@ bool FrmInd::temObrigatorios(const QString& accao)
     return true;
 }
 
+// The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
 void FrmInd::poeListaNoNumero(const QString& nind)
 {
     adoInd.recordset().moveFirst();

@@ -53,7 +53,7 @@ void FrmInd::desiste(OrigemInd origem, const QString& nind)
     setEnabled(true);
     if (chamada().origem() == origem) chamada().desiste();
     if (!chamada().existe()) cmdAtribuir->setEnabled(false);
-    procuraRegisto("nind = " + nind);
+    if (!nind.isEmpty()) procuraRegisto("nind = " + nind);
 }
 
 void FrmInd::voltaDoBaptismo(const QString& nind)
@@ -124,7 +124,7 @@ void FrmInd::atribuiTestamenteiro()
 {
     if (!Trim(numero()).isEmpty())
         cnBDP.execute("update individuo set testamenteiro = " + numero() + " where nind = " + testador.texto());
-    mostra(testador.texto());
+    inserindo() ? mostra(testador.texto()) : mostraGuardado(testador.texto());
     AplicarModo(Modo::Edi);
     for (CommandButton* comando : {cmdAtribuir, cmdLoc, cmdFechar})
         comando->setEnabled(false);
