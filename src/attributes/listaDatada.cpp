@@ -28,12 +28,16 @@ void ListaDatada::usa(const Botoes& botoes, Grid* grelha, QList<GridColumn> colu
 
 void ListaDatada::vigiaData(MaskedEdit* campo, QCheckBox* fixa)
 {
-    Focus::watch(campo, {}, [=] {
-        guarded([=] {
-            if (VerificaData(*campo) && fixa) fixa->setChecked(!semData(campo->text()));
-            Focus::keepClick();
-        });
-    });
+    const auto deixa = [=, this] {
+        if (comandos_.passo() == Passo::Alteracao && dataAntiga_.inalterada(*campo)) return;
+        if (!VerificaData(*campo))
+            dataAntiga_.recusa();
+        else if (fixa)
+            fixa->setChecked(!semData(campo->text()));
+        Focus::keepClick();
+    };
+    Focus::watch(
+        campo, [=, this] { dataAntiga_.entra(*campo); }, [=] { guarded(deixa); });
 }
 
 void ListaDatada::vigiaNumero(TextBox* campo, const QString& recusa)

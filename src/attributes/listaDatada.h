@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/campos.h"
+#include "common/dataAoEntrar.h"
 #include "common/dono.h"
 #include "common/numeros.h"
 #include "common/passo.h"
@@ -65,8 +66,9 @@ protected:
 
     // Once, after setupUi().
     void usa(const Botoes& botoes, Grid* grelha, QList<GridColumn> colunas, Regras regras);
-    // The date field is checked when it is left; a date sets the flag beside it, an empty field clears it. As with the
-    // number fields, the command whose click took the focus still runs, on what the check has left.
+    // The date field is checked when it is left; a date sets the flag beside it, an empty field clears it, and in an
+    // alteration a date left as it was entered leaves it alone. As with the number fields, the command whose click took
+    // the focus still runs, on what the check has left.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
     // The number field takes 0 and more; that of a column of whole numbers takes no fraction.
     void vigiaNumero(TextBox* campo, const QString& recusa);
@@ -142,4 +144,5 @@ private:
     Grid* grelha_ = nullptr;
     QList<GridColumn> colunas_;
     Regras regras_;
+    DataAoEntrar dataAntiga_;
 };

@@ -3,6 +3,7 @@
 #include "common/dono.h"
 #include "common/modGeral.h"
 #include "common/pesquisa.h"
+#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/jet/errors.h"
 
@@ -93,6 +94,7 @@ void Ficha::cmdLoc_Click()
 {
     guarded([&] {
         if (passo() == Passo::Pesquisa) return confirmaPesquisa();
+        terminaOutraLista();
         if (!EmPesquisa) iniciaPesquisa();
     });
 }
@@ -192,6 +194,7 @@ void Ficha::retomaPesquisa()
     AplicarModo(Modo::Loc);
     loc_->setEnabled(true);
     ins_->setEnabled(true);
+    Focus::setTo(primeiroCampo());
 }
 
 void Ficha::marcaFiltro(bool resultados)

@@ -55,7 +55,7 @@ public:
     void entregaAosResultados();
     // The search is over: the frame is blue, the commands have their captions, and EmPesquisa is off.
     void retomaFicheiro();
-    // The results are dropped: an empty form for a new search.
+    // The results are dropped: an empty form for a new search, on its first field.
     void retomaPesquisa();
 
 protected:
@@ -89,6 +89,10 @@ protected:
     virtual void iniciaPesquisa() = 0;
     virtual void confirmaPesquisa() = 0;
     virtual void cancelaPesquisa() = 0;
+
+    // A search begins: the one of the other card ends, if its list of results stands, as that list's "&Terminar" does.
+    virtual void terminaOutraLista() = 0;
+    virtual QWidget* primeiroCampo() = 0; // of a new search
 
     // Set mode and step at the beginning and the end of an edit.
     void abreInsercao(); // on cleared fields

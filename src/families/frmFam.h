@@ -1,6 +1,7 @@
 // The card of one family: the couple, the marriage, the children, and the movement through all families.
 #pragma once
 
+#include "common/dataAoEntrar.h"
 #include "common/dono.h"
 #include "common/ficha.h"
 #include "common/filtro.h"
@@ -13,7 +14,11 @@
 
 #include "ui_frmFam.h"
 
+#include <QHash>
 #include <QString>
+#include <QVariant>
+
+#include <optional>
 
 // Who has brought the card up, by the system's numbers.
 enum class OrigemFam
@@ -39,7 +44,8 @@ public:
     // An error is shown, and leaves the fields not yet filled cleared.
     void ActualizaCampos(jet::Recordset& rs, Nfam nf);
     // The card of a person brings the card up on a family: if that card was called up for a person, cmdFechar leads
-    // back to it. The card comes up before the family is looked up: a number that leads nowhere leaves it where it was.
+    // back to it. The card comes up before the family is looked up: a number that leads nowhere leaves it where it was,
+    // and so does an edit or a search on it.
     void mostraPara(OrigemFam origem, const QString& nfam);
     void abrePeloMenu();
     QString numero() const override { return txtNFam->text(); }
@@ -48,6 +54,7 @@ public:
     void mostraAchado() override;
     void aceitaAchado(const QString& numero) override;
     void terminaNoAchado() override;
+    void terminaOutraLista() override;
     // Deletes the family shown, with all references but its people, and shows the one before. On an error everything
     // stays.
     void eliminaFamilia();
@@ -63,6 +70,7 @@ protected:
     jet::Recordset& registo() override;
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
+    QWidget* primeiroCampo() override { return txtNFam; }
 
 private:
     // One of the two halves of the card.
@@ -72,6 +80,19 @@ private:
         ComboBox* estadoCivil;
         QLabel* idCalc;
     };
+    // What a half showed of its member when the alteration began.
+    struct MetadeAberta
+    {
+        Nind nind;
+        QString idade, numCasam;
+        int estadoCivil = -1;
+    };
+    // The columns of a member's row.
+    struct Membro
+    {
+        QVariant idade, estadoCivil, numCasam;
+    };
+    using Membros = QHash<Nind, Membro>;
     const Metade& metade(int indice) const { return metades_[indice]; } // 0 the father's, 1 the mother's
 
     void connectEvents();
@@ -80,8 +101,10 @@ private:
     void PreencheListas();
     void cmbTipoFam_Click();
     void mostraFicheiroVazio();
+    void mostraRegisto(jet::Recordset& rs, Nfam nf); // ActualizaCampos(), with the error for the caller
     void mostraMembro(const jet::Recordset& membro);
     void mostraFamilia();
+    void esvaziaContagens(); // no family is shown: neither its place nor its children are counted
     // Puts adoFam back on the family of the card, as a refresh may have moved it away; at EOF for a family that has no
     // row yet. To be called before the row of adoFam is written to.
     void poeFicheiroNaFicha();
@@ -94,6 +117,7 @@ private:
     void PreencheLinhaFilho(int linha);
     void cmdConsultar_Click();
     void cmdInsF_Click();
+    std::optional<RecusaDeIndividuo> recusaDeFilho() const;
     void recebeFilho(FrmInd& filho);
     void cmdElimF_Click();
 
@@ -118,7 +142,11 @@ private:
     void insereFamilia();
     void insereMembro(const Metade& membro);
     void alteraFamilia();
-    void reescreveMembro(const Metade& membro, bool temNumCasam);
+    Membros membrosGuardados() const;
+    bool mostrado(Nind nind) const; // when the alteration began
+    void reescreveMembros();
+    void reescreveMembro(int indice, Membros& guardados, bool noLugar);
+    bool mantemNumCasam(int indice) const;
 
     // frmFam_people.cpp: the two members, and what follows from their dates
     void txtNind_Change(int indice);
@@ -144,12 +172,13 @@ private:
     jet::DataControl adoFilhos{cnBDP}; // its children
 
     Metade metades_[2];
+    MetadeAberta abertas_[2];
     // Where a search that is cancelled comes back to; in an insert, the number proposed. Kept: it outlives the card,
     // and a search cancelled first thing in another BDP goes to the family with the number of the last.
     inline static Nfam NfamCorrente;
     OrigemFam OrigemFam_ = OrigemFam::Menu;
-    QString dtCasamAnterior;    // what mskData held when it was entered
-    bool diasContados_ = false; // the status bar tells the days of a search
+    DataAoEntrar dtCasamAnterior; // what mskData held when it was entered
+    bool diasContados_ = false;   // the status bar tells the days of a search
 };
 
 // The one card, loaded at first touch.

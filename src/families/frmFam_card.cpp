@@ -45,41 +45,50 @@ void FrmFam::LimpaCampos()
 
 void FrmFam::ActualizaCampos(jet::Recordset& rs, Nfam nf)
 {
-    evenIfItFails([&] {
-        LimpaCampos();
-        if (rs.bof() && rs.eof()) return mostraFicheiroVazio();
+    evenIfItFails([&] { mostraRegisto(rs, nf); });
+}
 
-        // Read before the file moves, as rs may be the file itself.
-        const QString numero = nf && nf != Nfam(0) ? nf.texto() : textoDoNumero(rs["nfamilia"]);
-        adoFam.recordset().moveFirst();
-        adoFam.recordset().find("nfamilia = " + numero);
-        adonFam.setRecordSource("Select * from  familias where nfamilia = " + numero);
-        adonFam.refresh();
-        txtNFam->setText(numero);
+void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
+{
+    LimpaCampos();
+    if (rs.bof() && rs.eof()) return mostraFicheiroVazio();
 
-        jet::Recordset& membros = adonFam.recordset();
-        if (!membros.eof()) mostraMembro(membros);
-        if (membros.recordCount() == 2) { // Kept: of three or more, the first alone is shown.
-            membros.moveNext();
-            mostraMembro(membros);
-        }
-        mostraFamilia();
+    // Read before the file moves, as rs may be the file itself.
+    const QString numero = nf && nf != Nfam(0) ? nf.texto() : textoDoNumero(rs["nfamilia"]);
+    adoFam.recordset().moveFirst();
+    adoFam.recordset().find("nfamilia = " + numero);
+    adonFam.setRecordSource("Select * from  familias where nfamilia = " + numero);
+    adonFam.refresh();
+    txtNFam->setText(numero);
 
-        adoFilhos.setRecordSource(
-            "SELECT [individuo].[FAMORIG], [individuo].[FimObs], [individuo].[NIND], [individuo].[NOME], "
-            "[individuo].[Datanasc], [individuo].[DataObito],  MIN([Familia].[DaTacASAM]) as dataCasam  From individuo "
-            " LEFT JOIN ( familia RIGHT JOIN familias  ON [familia].[nfamilia] =[familias].[nfamilia]) ON "
-            "[individuo].[nind]=[familias].[nind] where famorig = " +
-            numero +
-            " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
-        adoFilhos.refresh();
-        ActualizaFilhos();
+    jet::Recordset& membros = adonFam.recordset();
+    if (!membros.eof()) mostraMembro(membros);
+    if (membros.recordCount() == 2) { // Kept: of three or more, the first alone is shown.
+        membros.moveNext();
+        mostraMembro(membros);
+    }
+    mostraFamilia();
 
-        cmdResid->setEnabled(true);
-        cmdRP->setEnabled(true);
-        lblFam->setText(QString::number(adoFam.recordset().absolutePosition()));
-        lblTotal->setText(QString::number(adoFam.recordset().recordCount()));
-    });
+    adoFilhos.setRecordSource(
+        "SELECT [individuo].[FAMORIG], [individuo].[FimObs], [individuo].[NIND], [individuo].[NOME], "
+        "[individuo].[Datanasc], [individuo].[DataObito],  MIN([Familia].[DaTacASAM]) as dataCasam  From individuo "
+        " LEFT JOIN ( familia RIGHT JOIN familias  ON [familia].[nfamilia] =[familias].[nfamilia]) ON "
+        "[individuo].[nind]=[familias].[nind] where famorig = " +
+        numero + " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
+    adoFilhos.refresh();
+    ActualizaFilhos();
+
+    cmdResid->setEnabled(true);
+    cmdRP->setEnabled(true);
+    lblFam->setText(QString::number(adoFam.recordset().absolutePosition()));
+    lblTotal->setText(QString::number(adoFam.recordset().recordCount()));
+}
+
+void FrmFam::esvaziaContagens()
+{
+    lblFam->clear();
+    lblTotal->clear();
+    fraFilhos->setTitle("Filhos");
 }
 
 void FrmFam::mostraFicheiroVazio()
@@ -162,11 +171,13 @@ void FrmFam::cmdAnt_Click()
     guarded([&] {
         if (!adoFam.hasRows()) return;
         jet::Recordset& familias = adoFam.recordset();
+        semErros([&] { poeFicheiroNaFicha(); }); // a refresh may have moved the file away from the card
         semErros([&] { familias.movePrevious(); });
         const bool passouOInicio = familias.bof();
         if (passouOInicio) {
             familias.moveNext();
             showMessage("Não é possível ir para o registo anterior!");
+            if (familias.recordCount() > 1) permiteAvancar(true);
         } else {
             mostraRegistoDoFicheiro();
             permiteAvancar(true);

@@ -33,7 +33,7 @@ void FrmFam::PreencheFG()
         }
         dtgFilho->setRows(adoFilhos.recordset().recordCount() + 1);
         dtgFilho->setColumns(
-            {{"Nind", 70}, {"Nome", 240}, {"D. Nasc.", 90}, {"D. Cas.", 90}, {"Fim Obs.", 90}, {"D. Obito", 90}});
+            {{"Nind", 67}, {"Nome", 167}, {"D. Nasc.", 80}, {"D. Cas.", 80}, {"Fim Obs.", 80}, {"D. Obito", 80}});
         adoFilhos.recordset().moveFirst();
         for (int linha = 1; !adoFilhos.recordset().eof(); adoFilhos.recordset().moveNext())
             PreencheLinhaFilho(linha++);
@@ -70,9 +70,24 @@ void FrmFam::cmdInsF_Click()
                       .quem = this,
                       .espera = false,
                       .IndChamado = true,
+                      .oferece = [this] { return modo() == Modo::Cons; },
+                      .recusa = [this](const PedidoDeIndividuo&, const FrmInd&) { return recusaDeFilho(); },
                       .recebe = [this](FrmInd& ficha) { recebeFilho(ficha); }},
                      QString());
     });
+}
+
+// Only a family that is stored, and that nobody is editing or searching for, takes a child.
+std::optional<RecusaDeIndividuo> FrmFam::recusaDeFilho() const
+{
+    const auto guardada = [&] {
+        return !jet::Recordset(cnBDP, jet::NativeSql("select nfamilia from familia where nfamilia = ?",
+                                                     {Nfam::doCampo(numero()).paraColuna()}))
+                    .eof();
+    };
+    if (modo() == Modo::Cons && !numero().isEmpty() && guardada()) return {};
+    return RecusaDeIndividuo{"Só pode atribuir um filho a uma família já registada, e que não esteja a ser editada nem "
+                             "pesquisada!"};
 }
 
 // A family of origin that was known is replaced without a question.

@@ -5,7 +5,10 @@
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
+#include "platform/jet/errors.h"
 #include "platform/jet/transaction.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -32,6 +35,7 @@ QString inteiroEmSQL(const TextBox* campo)
 void FrmFam::iniciaInsercao()
 {
     abreInsercao();
+    esvaziaContagens();
     // Kept: the number after that of the last row of the file, which isn't always the highest one.
     Nfam ultima;
     if (adoFam.hasRows()) {
@@ -55,14 +59,18 @@ bool FrmFam::temObrigatorios()
     return true;
 }
 
-// Before the first statement: Error 13 for a number of a member that can't be stored.
+// Before the first statement: Error 13 for a number of a member that can't be stored. What an alteration leaves as it
+// was opened isn't written, and may be any number that is stored.
 void FrmFam::verificaNumeros() const
 {
-    for (const Metade& membro : metades_) {
+    const bool altera = passo() == Passo::Alteracao;
+    for (int indice : {0, 1}) {
+        const Metade& membro = metades_[indice];
+        const MetadeAberta& aberta = abertas_[indice];
         if (membro.nind->text().isEmpty()) continue;
-        registoEmSQL(membro.nind);
-        inteiroEmSQL(membro.idade);
-        inteiroEmSQL(membro.numCasam);
+        if (!altera || Nind::doCampo(membro.nind->text()) != aberta.nind) registoEmSQL(membro.nind);
+        if (!altera || membro.idade->text() != aberta.idade) inteiroEmSQL(membro.idade);
+        if (!altera || membro.numCasam->text() != aberta.numCasam) inteiroEmSQL(membro.numCasam);
     }
 }
 
@@ -133,9 +141,17 @@ void FrmFam::cancelaInsercao()
     ActualizaCampos(adoFam.recordset(), adoFam.hasRows() ? Nfam::daColuna(adoFam.recordset()["nfamilia"]) : Nfam());
 }
 
+// It starts from what is stored, whatever the card shows by now; a family that can't be shown isn't altered.
 void FrmFam::iniciaAlteracao()
 {
+    if (!numero().isEmpty()) mostraRegisto(adoFam.recordset(), Nfam::doCampo(numero()));
+    if (numero().isEmpty()) throw jet::noCurrentRow(); // a cleared card, or a file without families
     abreAlteracao();
+    for (int indice : {0, 1}) {
+        const Metade& membro = metade(indice);
+        abertas_[indice] = {Nind::doCampoOuNenhum(membro.nind->text()), membro.idade->text(), membro.numCasam->text(),
+                            membro.estadoCivil->listIndex()};
+    }
     if (!eData(mskData->text())) mskData->setText({});
     Focus::setTo(cmbSit);
 }
@@ -151,11 +167,7 @@ void FrmFam::confirmaAlteracao()
     adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
 
     jet::Transaction transaccao(cnBDP);
-    cnBDP.execute("delete from familias where nfamilia = " + txtNFam->text());
-    // Kept: the first member's number of marriages decides for the second's too.
-    const bool temNumCasam = preenchido(txtNC1);
-    for (const Metade& membro : metades_)
-        reescreveMembro(membro, temNumCasam);
+    reescreveMembros();
     transaccao.commit();
 
     fechaEdicao();
@@ -170,28 +182,92 @@ void FrmFam::alteraFamilia()
     familia.set("tipocasal", Trim(cmbTipoFam->text()));
     familia.set("datacasam", dataDe(mskData));
     familia.set("dcasamfixa", eData(mskData->text()) ? chkDF->isChecked() : QVariant());
-    familia.set("localcasam", codigoDe(cmbLoc));
-    familia.set("tipolocalcasam", letraDe(cmbLoc));
+    if (cmbLoc->listIndex() >= 0) { // no entry, not even the blank one: nobody has chosen
+        familia.set("localcasam", codigoDe(cmbLoc));
+        familia.set("tipolocalcasam", letraDe(cmbLoc));
+    }
     familia.set("inicioobs", dataDe(mskini));
     familia.set("fimobs", dataDe(mskFim));
     familia.set("obs", textoDe(txtObs));
     familia.update();
 }
 
-void FrmFam::reescreveMembro(const Metade& membro, bool temNumCasam)
+FrmFam::Membros FrmFam::membrosGuardados() const
 {
+    Membros guardados;
+    for (jet::Recordset membro(cnBDP, "select * from familias where nfamilia = " + txtNFam->text()); !membro.eof();
+         membro.moveNext())
+        guardados.insert(Nind::daColuna(membro["nind"]), {membro["idade"], membro["estadocivil"], membro["numcasam"]});
+    return guardados;
+}
+
+bool FrmFam::mostrado(Nind nind) const
+{
+    return std::ranges::any_of(abertas_, [=](const auto& aberta) { return aberta.nind == nind; });
+}
+
+// A member that the card couldn't show stays, and so does the order of the members, as it says who is shown.
+void FrmFam::reescreveMembros()
+{
+    Membros guardados = membrosGuardados();
+    const QList<Nind> todos = guardados.keys();
+    const bool noLugar = !std::ranges::all_of(todos, [this](Nind nind) { return mostrado(nind); });
+    const QString daFamilia = " where nfamilia = " + txtNFam->text();
+    if (!noLugar) {
+        cnBDP.execute("delete from familias" + daFamilia);
+    } else {
+        const auto naFicha = [this](Nind nind) {
+            return std::ranges::any_of(
+                metades_, [=](const auto& lado) { return Nind::doCampoOuNenhum(lado.nind->text()) == nind; });
+        };
+        for (const Nind nind : todos)
+            if (mostrado(nind) && !naFicha(nind))
+                cnBDP.execute("delete from familias" + daFamilia + " and nind = " + nind.paraSQL());
+    }
+    for (int indice : {0, 1})
+        reescreveMembro(indice, guardados, noLugar);
+}
+
+// A column whose box is as it was opened stays as it is stored: the box of a half that two share may show the other's
+// value.
+void FrmFam::reescreveMembro(int indice, Membros& guardados, bool noLugar)
+{
+    const Metade& membro = metade(indice);
+    const MetadeAberta& aberta = abertas_[indice];
     if (membro.nind->text().isEmpty()) return;
-    const QString n = txtNFam->text(), m = registoEmSQL(membro.nind);
-    cnBDP.execute("insert into familias (nind, nfamilia)  values (" + m + "," + n + ")");
-    if (preenchido(membro.idade))
-        cnBDP.execute("update familias set idade =" + inteiroEmSQL(membro.idade) + " where nind = " + m +
+    const QString n = txtNFam->text(), m = numeroEmSQL(membro.nind->text());
+    const Nind nind = Nind::doCampo(m);
+    const bool existe = guardados.contains(nind), oculto = existe && !mostrado(nind);
+    const bool oMesmo = existe && aberta.nind == nind;
+    const Membro antes = guardados.take(nind); // so a number in both halves is refused by the key
+    if (!existe || !noLugar) {
+        cnBDP.execute("insert into familias (nind, nfamilia)  values (" + m + "," + n + ")");
+        if (oMesmo)
+            cnBDP.execute(jet::NativeSql(
+                "update familias set idade = ?, estadocivil = ?, numcasam = ? where nind = ? and nfamilia = ?",
+                {antes.idade, antes.estadoCivil, antes.numCasam, nind.paraColuna(), n}));
+    }
+
+    const auto escreve = [&](const QString& coluna, bool preenchida, const QString& valor) {
+        if (!preenchida && oculto) return;
+        cnBDP.execute("update familias set " + coluna + " =" + (preenchida ? valor : "null") + " where nind = " + m +
                       " and nfamilia =" + n);
-    if (preenchido(membro.estadoCivil))
-        cnBDP.execute("update familias set estadocivil =" + itemDe(membro.estadoCivil).toString() +
-                      " where nind = " + m + " and nfamilia =" + n);
-    if (temNumCasam)
-        cnBDP.execute("update familias set numcasam =" + inteiroEmSQL(membro.numCasam) + " where nind = " + m +
-                      " and nfamilia =" + n);
+    };
+    if (!oMesmo || membro.idade->text() != aberta.idade)
+        escreve("idade", preenchido(membro.idade), inteiroEmSQL(membro.idade));
+    if (!oMesmo || membro.estadoCivil->listIndex() != aberta.estadoCivil)
+        escreve("estadocivil", preenchido(membro.estadoCivil), itemDe(membro.estadoCivil).toString());
+    if (!oMesmo || !mantemNumCasam(indice))
+        escreve("numcasam", preenchido(txtPnind->text().isEmpty() ? txtNC2 : txtNC1), inteiroEmSQL(membro.numCasam));
+}
+
+// Kept: of a couple, the first member's number of marriages decides whether the second's is written. If it is filled
+// and the second's isn't, the store refuses both.
+bool FrmFam::mantemNumCasam(int indice) const
+{
+    const auto intacto = [&](int i) { return metade(i).numCasam->text() == abertas_[i].numCasam; };
+    if (indice == 0 || txtPnind->text().isEmpty()) return intacto(indice);
+    return intacto(1) && (preenchido(txtNC1) ? preenchido(txtNC2) : intacto(0));
 }
 
 // On a card left empty by the deletion of the last family there is no number to come back to.

@@ -22,7 +22,9 @@ void FrmFam::cmdDirInd_Click(int indice)
 PedidoDeIndividuo FrmFam::pedidoDeConjuge(int indice)
 {
     const bool homem = indice == 0;
-    const auto recusa = [homem](const PedidoDeIndividuo&, const FrmInd& ficha) -> std::optional<RecusaDeIndividuo> {
+    const auto edita = [this, familia = numero()] { return modo() == Modo::Edi && numero() == familia; };
+    const auto recusa = [=](const PedidoDeIndividuo&, const FrmInd& ficha) -> std::optional<RecusaDeIndividuo> {
+        if (!edita()) return RecusaDeIndividuo{"A família que pediu o indivíduo já não está a ser editada!"};
         if (ficha.sexo() == (homem ? "m" : "f")) return {};
         return RecusaDeIndividuo{homem ? "Deve seleccionar um indivíduo de sexo masculino!"
                                        : "Deve seleccionar um indivíduo de sexo feminino!"};
@@ -37,6 +39,7 @@ PedidoDeIndividuo FrmFam::pedidoDeConjuge(int indice)
     };
     return {.origem = homem ? OrigemInd::Marido : OrigemInd::Esposa,
             .quem = this,
+            .oferece = edita,
             .recusa = recusa,
             .recebe = recebe,
             .segueAlteracao = segue};
@@ -45,6 +48,7 @@ PedidoDeIndividuo FrmFam::pedidoDeConjuge(int indice)
 void FrmFam::mostraPara(OrigemFam origem, const QString& nfam)
 {
     display();
+    if (modo() != Modo::Cons) return setFocusToForm();
     setEnabled(true);
     setFocusToForm();
     OrigemFam_ = origem;

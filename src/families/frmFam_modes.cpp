@@ -58,4 +58,5 @@ void FrmFam::AplicarModo(Modo modo)
 {
     Ficha::AplicarModo(modo);
     chamada().familiaMudaDeModo(modo == Modo::Edi);
+    if (modo == Modo::Loc) esvaziaContagens();
 }

@@ -69,7 +69,7 @@ void FrmFam::mskData_GotFocus()
 {
     guarded([&] {
         if (mskData->text() == emptyMaskedDate) mskData->clearMasked();
-        dtCasamAnterior = mskData->text();
+        dtCasamAnterior.entra(*mskData);
         mostraIdades();
     });
 }
@@ -83,14 +83,19 @@ void FrmFam::mskData_Change()
 void FrmFam::mskData_LostFocus()
 {
     guarded([&] {
+        // Nobody has changed the date: what was stored beside it stays.
+        if (passo() == Passo::Alteracao && dtCasamAnterior.inalterada(*mskData)) {
+            cmdInt->setEnabled(!semData(mskData->text()));
+            return;
+        }
         if (semData(mskData->text())) {
             chkDF->setChecked(false);
             cmdInt->setEnabled(false);
             return;
         }
-        if (!VerificaData(*mskData)) return;
+        if (!VerificaData(*mskData)) return dtCasamAnterior.recusa();
         // The first date proposes the parish of the BDP; a corrected one leaves the place alone.
-        if (semData(dtCasamAnterior)) SeleccionaParoquiaDaBDP(*cmbLoc);
+        if (semData(dtCasamAnterior.texto())) SeleccionaParoquiaDaBDP(*cmbLoc);
         mskini->showPlain(mskData->text());
         chkDF->setChecked(true);
         mostraIdades();

@@ -38,7 +38,7 @@ void FrmFam::cmdLocDat_Click()
 void FrmFam::iniciaPesquisa()
 {
     abrePesquisa();
-    Focus::setTo(txtNFam);
+    Focus::setTo(primeiroCampo());
     EmPesquisa.comeca();
 }
 
@@ -75,6 +75,8 @@ void FrmFam::confirmaPesquisa()
         adoFiltro.recordset().close();
         return;
     }
+    terminaOutraLista();
+    EmPesquisa.comeca(); // the end of the other search has ended it
     ActualizaCampos(adoFiltro.recordset(), {});
     AplicarModo(Modo::Cons);
     entregaAosResultados();
@@ -91,7 +93,7 @@ void FrmFam::contaDias(const QString& dias)
     diasContados_ = !dias.isEmpty();
 }
 
-// Kept: the couple is that of the card, which shows the hit chosen before.
+// The couple is that of the card, which shows the row already when its tree is drawn.
 Achado FrmFam::achado(const jet::Recordset& linha) const
 {
     QList<PessoaDaArvore> raizes;
@@ -99,6 +101,11 @@ Achado FrmFam::achado(const jet::Recordset& linha) const
         raizes << PessoaDaArvore{membro.nind->text(), membro.nome->text()};
     return {{textoDoNumero(linha["nfamilia"]), textoDoNumero(linha["tipocasal"]), textoDaData(linha["datacasam"])},
             raizes};
+}
+
+void FrmFam::terminaOutraLista()
+{
+    FrmResult::terminaOutra(*this);
 }
 
 void FrmFam::escolheAchado(int, const QString& nfam)

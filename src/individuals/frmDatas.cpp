@@ -6,6 +6,10 @@
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 
+#include <QKeyEvent>
+
+#include <utility>
+
 FrmDatas& frmDatas()
 {
     return theForm<FrmDatas>();
@@ -42,11 +46,11 @@ void FrmDatas::mostraPara(Form& cartao, Procura procura)
 {
     const bool individuo = procura == Procura::Individuo;
     if (espera_) largaCartao(); // the other card would wait forever
-    display();
-    setEnabled(true); // an earlier "Ok" may have left it disabled, perhaps for the other card
+    setEnabled(true);           // an earlier "Ok" may have left it disabled, perhaps for the other card
     optData_0->setEnabled(individuo);
     optData_2->setEnabled(individuo);
-    setFocusToForm();
+    if (std::exchange(procura_, procura) != procura) (individuo ? optData_0 : optData_1)->setValue(true);
+    display(); // now that it is settled what can take the focus
     cartao_ = &cartao;
     espera_ = true;
     cartao.setEnabled(false);
@@ -84,6 +88,16 @@ void FrmDatas::cmdOk_Click()
         setEnabled(false);
         if (cartao_) cartao_->setFocusToForm();
     });
+}
+
+// The button gets the focus first, as with a click: the field that had it is left.
+void FrmDatas::keyPressEvent(QKeyEvent* event)
+{
+    const bool aceita = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!aceita && event->key() != Qt::Key_Escape) return Form::keyPressEvent(event);
+    CommandButton* const botao = aceita ? cmdOk : cmdC;
+    botao->setFocus(Qt::ShortcutFocusReason);
+    botao->click();
 }
 
 void FrmDatas::cmdC_Click()

@@ -35,13 +35,15 @@ public:
         Individuo,
         Familia
     };
-    // Brings it up for a card, which is disabled.
+    // Brings it up for a card, which is disabled. Where the last search was of the other kind, the first date offered
+    // is chosen.
     void mostraPara(Form& cartao, Procura procura);
     CriterioDeDatas criterio() const;
 
 protected:
     void Form_Load() override;
     void Form_Unload() override;
+    void keyPressEvent(QKeyEvent* event) override; // Return is cmdOk, Escape cmdC
 
 private:
     void optTData_Click(int indice);
@@ -51,6 +53,7 @@ private:
 
     QPointer<Form> cartao_; // whose search it serves
     bool espera_ = false;   // whether that card waits, disabled
+    Procura procura_ = Procura::Individuo;
 };
 
 // The one form, loaded at first touch.

@@ -24,7 +24,7 @@ void FrmInd::FrmIndLoaded()
         frmInd().display();
         splashForm().unload();
     }
-    frmInd().cmdAtribuir->setEnabled(chamada().IndChamado());
+    frmInd().permiteAtribuirAoSubir();
 }
 
 FrmInd::FrmInd() : Ficha(Name)
@@ -85,8 +85,8 @@ void FrmInd::Form_Load()
         adoInd.setRecordSource("select nind from individuo order by nind");
         adoInd.refresh();
         PreencheCombos();
-        cmdAtribuir->setEnabled(chamada().IndChamado());
         AplicarModo(Modo::Cons);
+        permiteAtribuirAoSubir();
         ActualizaCampos(adoInd.recordset());
     });
 }

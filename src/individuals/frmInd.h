@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/campos.h"
+#include "common/dataAoEntrar.h"
 #include "common/ficha.h"
 #include "common/locais.h"
 #include "common/valores.h"
@@ -33,7 +34,8 @@ public:
     // Shows the individual whose number is in the field `Nind` of the current row. An error is shown, and leaves the
     // fields not yet filled cleared.
     void ActualizaCampos(jet::Recordset& rs);
-    // Moves the list to the person with that number, to its first row for an empty text, and shows the person.
+    // Moves the list to the person with that number, to its first row for an empty text, and shows the person. A card
+    // in the middle of an edit or a search stays as it is.
     void mostra(const QString& nind);
     // Deletes the references of the person shown, then the person, and shows the one before. An error on a reference
     // leaves everything as it was; a person who then can't be deleted silently stays.
@@ -68,6 +70,7 @@ public:
     void mostraAchado() override;
     void aceitaAchado(const QString& numero) override;
     void terminaNoAchado() override;
+    void terminaOutraLista() override;
 
     // Puts the family of origin on the row of the person shown.
     void poeFamiliaDeOrigem(const QString& nfam);
@@ -80,6 +83,7 @@ protected:
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
+    QWidget* primeiroCampo() override { return txtNind; }
 
 private:
     using Valores = Colunas; // of `individuo`
@@ -119,7 +123,8 @@ private:
     void mskDtNasc_LostFocus();
     void mskDtObito_GotFocus();
     void mskDtObito_LostFocus();
-    void recusaData(MaskedEdit* campo, const QString& motivo);
+    void recusaData(MaskedEdit* campo, DataAoEntrar& antiga, const QString& motivo);
+    bool alterando() const { return passo() == Passo::Alteracao; }
     void mostraIdadeCalculada();
     void propoeTipo(const QString& tipo);
     void VerificaIdade(TextBox* campo);
@@ -134,6 +139,7 @@ private:
 
     // Handing an individual over, and closing
     void atendeActo(const std::optional<QString>& primeiro);
+    void permiteAtribuirAoSubir();
     void permiteAtribuir(); // after an edit or a search, if somebody waits for a person
     void cmdAtribuir_Click();
     void cmdTest_Click();
@@ -158,11 +164,11 @@ private:
     jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
     jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
 
-    QString Tipo;           // the type code as the date fields have worked it out while editing
-    Nind NindCorrente;      // shown last, or looked for last
-    Nind testador;          // whose executor is being chosen
-    QString DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
-    QString DataObitoAntiga;
+    QString Tipo;                // the type code as the date fields have worked it out while editing
+    Nind NindCorrente;           // shown last, or looked for last
+    Nind testador;               // whose executor is being chosen
+    DataAoEntrar DataNascAntiga; // what mskDtNasc and mskDtObito held when they were entered
+    DataAoEntrar DataObitoAntiga;
 };
 
 // The one card, loaded at first touch.

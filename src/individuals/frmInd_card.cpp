@@ -145,6 +145,7 @@ void FrmInd::mostraGuardado(const QString& nind)
 
 void FrmInd::mostra(const QString& nind)
 {
+    if (modo() != Modo::Cons) return;
     jet::Recordset& lista = adoInd.recordset();
     if (adoInd.hasRows()) {
         lista.moveFirst();

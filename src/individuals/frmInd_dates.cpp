@@ -14,7 +14,7 @@
 void FrmInd::mskDtNasc_GotFocus()
 {
     Tipo = cmbTipoInd->text();
-    DataNascAntiga = mskDtNasc->text();
+    DataNascAntiga.entra(*mskDtNasc);
 }
 
 void FrmInd::mskDtNasc_LostFocus()
@@ -22,6 +22,12 @@ void FrmInd::mskDtNasc_LostFocus()
     guarded([&] {
         const QString nascimento = mskDtNasc->text();
         mostraDiaEMes(nascimento);
+        // Nobody has changed the date: what was stored beside it stays.
+        if (alterando() && DataNascAntiga.inalterada(*mskDtNasc)) {
+            cmdInterv->setEnabled(eData(nascimento));
+            if (eData(nascimento)) mostraIdadeCalculada();
+            return;
+        }
         if (!eData(nascimento)) {
             chkDtNasc->setChecked(false);
             cmdInterv->setEnabled(false);
@@ -30,12 +36,13 @@ void FrmInd::mskDtNasc_LostFocus()
         }
         const bool temObito = eData(mskDtObito->text());
         if (temObito && dataDoTexto(mskDtObito->text()) < dataDoTexto(nascimento)) {
-            recusaData(mskDtNasc, "Não é possível atribuir uma data de nascimento maior que uma data de óbito. Por "
-                                  "favor, reveja os seus dados.");
+            recusaData(mskDtNasc, DataNascAntiga,
+                       "Não é possível atribuir uma data de nascimento maior que uma data de óbito. Por "
+                       "favor, reveja os seus dados.");
             cmdInterv->setEnabled(false);
             return;
         }
-        if (semData(DataNascAntiga)) SeleccionaParoquiaDaBDP(*cmbLoc);
+        if (semData(DataNascAntiga.texto())) SeleccionaParoquiaDaBDP(*cmbLoc);
         mskini->showPlain(nascimento);
         chkDtNasc->setChecked(true);
         cmdInterv->setEnabled(true);
@@ -46,7 +53,7 @@ void FrmInd::mskDtNasc_LostFocus()
 
 void FrmInd::mskDtObito_GotFocus()
 {
-    DataObitoAntiga = mskDtObito->text();
+    DataObitoAntiga.entra(*mskDtObito);
 }
 
 // Kept: not the mirror of the birth field. An invalid date leaves mskFim alone, and the parish is proposed each time
@@ -56,14 +63,19 @@ void FrmInd::mskDtObito_LostFocus()
     guarded([&] {
         const QString obito = mskDtObito->text();
         mostraDiaEMes(obito);
+        if (alterando() && DataObitoAntiga.inalterada(*mskDtObito)) {
+            if (eData(obito)) mostraIdadeCalculada();
+            return;
+        }
         if (!eData(obito)) {
             chkDFixa->setChecked(false);
             return;
         }
         const bool temNascimento = eData(mskDtNasc->text());
         if (temNascimento && dataDoTexto(mskDtNasc->text()) > dataDoTexto(obito)) {
-            recusaData(mskDtObito, "Não é possível atribuir uma data de óbito menor que uma data de nascimento ou de "
-                                   "baptismo. Por favor, reveja os seus dados.");
+            recusaData(mskDtObito, DataObitoAntiga,
+                       "Não é possível atribuir uma data de óbito menor que uma data de nascimento ou de "
+                       "baptismo. Por favor, reveja os seus dados.");
             return;
         }
         SeleccionaParoquiaDaBDP(*cmbLocObito);
@@ -74,9 +86,10 @@ void FrmInd::mskDtObito_LostFocus()
     });
 }
 
-void FrmInd::recusaData(MaskedEdit* campo, const QString& motivo)
+void FrmInd::recusaData(MaskedEdit* campo, DataAoEntrar& antiga, const QString& motivo)
 {
     showMessage(motivo);
+    if (alterando()) antiga.recusa();
     campo->clearMasked();
     Focus::setTo(campo);
 }

@@ -33,7 +33,7 @@ void FrmInd::atendeActo(const std::optional<QString>& primeiro)
 
 void FrmInd::consulta(const QString& nind)
 {
-    chamada().desiste();
+    chamada().interrompe();
     FrmIndLoaded();
     frmInd().mostra(nind);
     frmInd().cmdAtribuir->setEnabled(false);
@@ -45,7 +45,7 @@ void FrmInd::abrePeloMenu()
     FrmIndLoaded();
     frmInd().adoInd.refresh(); // Kept: the list goes to its first row, and the fields stay as they are.
     frmInd().cmdAtribuir->setEnabled(false);
-    chamada().desiste();
+    chamada().interrompe();
 }
 
 void FrmInd::desiste(OrigemInd origem, const QString& nind)
@@ -175,6 +175,13 @@ void FrmInd::FrmLoaded()
 {
     if (Form* familia = Forms::find(FrmFam::Name)) familia->setEnabled(true);
     chamada().libertaQuemEspera();
+}
+
+// An edit or a search there has to end first.
+void FrmInd::permiteAtribuirAoSubir()
+{
+    const bool livre = modo() == Modo::Cons && passo() != Passo::Pesquisa;
+    cmdAtribuir->setEnabled(livre && chamada().ofereceAoSubir());
 }
 
 void FrmInd::permiteAtribuir()

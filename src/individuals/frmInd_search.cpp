@@ -85,6 +85,7 @@ void FrmInd::confirmaPesquisa()
         return;
     }
 
+    terminaOutraLista();
     AplicarModo(Modo::Cons);
     ActualizaCampos(adoFiltro.recordset());
     entregaAosResultados();
@@ -140,6 +141,11 @@ void FrmInd::cancelaPesquisa()
     ActualizaCampos(adoInd.recordset());
     permiteAtribuir();
     retomaFicheiro();
+}
+
+void FrmInd::terminaOutraLista()
+{
+    FrmResult::terminaOutra(*this);
 }
 
 void FrmInd::escolheAchado(int linha, const QString&)

@@ -13,6 +13,12 @@ void Chamada::espera()
     pedido_.quem->setEnabled(false);
 }
 
+void Chamada::interrompe()
+{
+    if (pedido_.IndChamado) terminaIndChamado();
+    desiste();
+}
+
 void Chamada::acaba()
 {
     desiste();

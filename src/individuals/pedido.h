@@ -55,6 +55,9 @@ struct PedidoDeIndividuo
     // stays on its person, and "a&Tribuir" only opens when that is over.
     bool deActo = false;
     bool IndChamado = false; // sets that of the Chamada; else it stays as it was
+    // Whether the asker, as it stands now, takes a person: then "a&Tribuir" is offered. If not given, IndChamado says
+    // it.
+    std::function<bool()> oferece = {};
 
     DepoisDePedido depois = DepoisDePedido::Esconde;
     QString DataActo = {}; // when the person must have been observable, dd/mm/yyyy; "" if that isn't known
@@ -72,11 +75,12 @@ public:
     OrigemInd origem() const { return pedido_.origem; }
     bool existe() const { return origem() != OrigemInd::Ninguem; }
 
-    // Whether the card is called up, or the card of families may call it up next: then it offers "a&Tribuir" when it
-    // comes up, and doesn't lead to families. Kept: the end of a request by the card alone leaves it on.
+    // Whether the card is called up, or the card of families may call it up next: then it doesn't lead to families.
+    // Kept: the end of a request by the card alone leaves it on.
     bool IndChamado() const { return IndChamado_; }
-    // After an edit or a search.
-    bool ofereceAtribuir() const { return existe() && IndChamado_; }
+    // Whether the card offers "a&Tribuir" when it comes up, and after an edit or a search.
+    bool ofereceAoSubir() const { return pedido_.oferece ? pedido_.quem && pedido_.oferece() : IndChamado_; }
+    bool ofereceAtribuir() const { return existe() && ofereceAoSubir(); }
 
     // Takes the place of the request in force. Its asker gets nobody, and goes on waiting until libertaQuemEspera().
     void comeca(PedidoDeIndividuo pedido);
@@ -85,6 +89,8 @@ public:
     void espera();
     // Nobody asks any more. IndChamado stays.
     void desiste() { pedido_ = {}; }
+    // The card is wanted for something else: nobody asks any more, and what the request called ends with it.
+    void interrompe();
     // Nobody asks or calls any more, except for a family that is being edited: there the other spouse may come next.
     void acaba();
     void terminaIndChamado() { IndChamado_ = familiaEmEdicao_; }

@@ -8,6 +8,7 @@
 #include "platform/forms/forms.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 // What differs between the two uses.
 struct FrmResult::Aspecto
@@ -45,6 +46,7 @@ FrmResult::FrmResult() : Form(Name)
 {
     setupUi(this);
     connect(dtgProf, &Grid::picked, this, &FrmResult::dtgProf_RowColChange);
+    connect(dtgProf, &Grid::doubleClicked, this, &FrmResult::cmdOK_Click);
     connect(cmdOK, &CommandButton::clicked, this, &FrmResult::cmdOK_Click);
     connect(cmdT, &CommandButton::clicked, this, &FrmResult::cmdT_Click);
     connect(cmdFechar, &CommandButton::clicked, this, &FrmResult::cmdFechar_Click);
@@ -129,12 +131,21 @@ void FrmResult::Dados()
 
 void FrmResult::dtgProf_RowColChange()
 {
+    if (isHidden()) return; // the last release of a double click, which was the OK
     guarded([&] {
         ficha_->escolheAchado(dtgProf->row(), chave()); // the rows of the grid are those of the set
-        desenhaArvore();
-        Dados();
         ficha_->mostraAchado();
+        desenhaArvore(); // of what the card shows now
+        Dados();
     });
+}
+
+// Return on a row is OK.
+void FrmResult::keyPressEvent(QKeyEvent* event)
+{
+    const bool aceita = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (aceita && dtgProf->hasFocus()) return cmdOK_Click();
+    Form::keyPressEvent(event);
 }
 
 void FrmResult::cmdOK_Click()
@@ -148,15 +159,24 @@ void FrmResult::cmdOK_Click()
     });
 }
 
-// The search ends on what the card shows.
 void FrmResult::cmdT_Click()
 {
-    guarded([&] {
-        ficha_->retomaFicheiro();
-        ficha_->AplicarModo(Modo::Cons);
-        ficha_->terminaNoAchado();
-        unload();
-    });
+    guarded([&] { termina(); });
+}
+
+// The search ends on what the card shows.
+void FrmResult::termina()
+{
+    ficha_->retomaFicheiro();
+    ficha_->AplicarModo(Modo::Cons);
+    ficha_->terminaNoAchado();
+    unload();
+}
+
+void FrmResult::terminaOutra(const Ficha& ficha)
+{
+    auto* lista = static_cast<FrmResult*>(Forms::find(Name));
+    if (lista && lista->ficha_ && lista->ficha_ != &ficha) lista->termina();
 }
 
 void FrmResult::cmdFechar_Click()

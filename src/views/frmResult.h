@@ -37,7 +37,12 @@ public:
     void mostraResultados(Ficha& ficha, Uso uso, Le le);
     void desenhaArvore(); // of the row chosen
 
+    // A search of this card begins or is shown: if the list of another card's search stands, that one ends as with
+    // "&Terminar", on what its card shows.
+    static void terminaOutra(const Ficha& ficha);
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Load() override;
     void resizeEvent(QResizeEvent* event) override;
@@ -59,6 +64,7 @@ private:
     void dtgProf_RowColChange();
     void cmdOK_Click();
     void cmdT_Click();
+    void termina();
     void cmdFechar_Click();
 
     QPointer<Ficha> ficha_;

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyle>
 
 // The cells, row by row. The view sees the rows below the heading.
 class Grid::Model : public QAbstractTableModel
@@ -19,7 +20,10 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override
     {
-        return role == Qt::DisplayRole ? text(index.row() + 1, index.column()) : QVariant();
+        const QString shown = text(index.row() + 1, index.column());
+        if (role == Qt::DisplayRole) return shown;
+        if (role == Qt::ToolTipRole && isCut(shown, index.column())) return shown;
+        return {};
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
@@ -81,6 +85,14 @@ public:
     }
 
 private:
+    // Whether the column is too narrow for the text.
+    bool isCut(const QString& text, int col) const
+    {
+        const auto* view = static_cast<const QTableView*>(QObject::parent());
+        const int margin = view->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
+        return view->fontMetrics().horizontalAdvance(text) + 2 * margin > view->columnWidth(col);
+    }
+
     bool holds(int row, int col) const { return row >= 0 && row < rows_ && col >= 0 && col < cols_; }
 
     QStringList& texts(int row) const

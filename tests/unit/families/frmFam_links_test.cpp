@@ -80,10 +80,11 @@ TEST_F(FamilyLinks, ASearchInProgressBarsTheChangesOfTheChildren)
     frmFam().mostraPara(OrigemFam::FamiliaConstituida, "2");
     EXPECT_EQ(control<Grid>(frmFam(), "dtgFilho").rows(), 2);
     click("cmdLoc");
+    click("cmdLoc"); // without a criterion: the card consults, and the search goes on
     ASSERT_TRUE(EmPesquisa);
+    frmFam().mostraPara(OrigemFam::FamiliaConstituida, "2");
     for (const char* name : {"cmdElimF", "cmdInsF"})
         control<CommandButton>(frmFam(), name).setEnabled(true);
-    frmFam().mostraPara(OrigemFam::FamiliaConstituida, "2");
     click("cmdElimF");
     click("cmdInsF");
     EXPECT_FALSE(Forms::isLoaded(FrmInd::Name));

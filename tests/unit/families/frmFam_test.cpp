@@ -76,3 +76,15 @@ TEST_F(FamilyCard, TellsTheLifeOfAMemberInTheToolTip)
     control<TextBox>(frmFam(), "txtSnind").clear();
     EXPECT_EQ(control<TextBox>(frmFam(), "txtSnome").toolTip(), "");
 }
+
+TEST_F(FamilyCard, GivesTheNamesOfTheChildrenTwiceTheRoomOfADate)
+{
+    person(3, "m", "'1750-01-01'", "null", 1);
+    frmFam().procuraRegisto({});
+    const auto& children = control<Grid>(frmFam(), "dtgFilho");
+    ASSERT_EQ(children.rows(), 2);
+    EXPECT_EQ(children.columnWidth(0), 67);
+    EXPECT_EQ(children.columnWidth(1), 167);
+    for (int date = 2; date < 5; ++date)
+        EXPECT_EQ(children.columnWidth(date), 80);
+}

@@ -203,3 +203,20 @@ TEST_F(GridTest, AHundredThousandRowsStandAtOnce)
     EXPECT_EQ(grid->textMatrix(100000, 1), "100000,1");
     EXPECT_LT(timer.elapsed(), 5000);
 }
+
+TEST_F(GridTest, TellsInAToolTipATextThatItsColumnCuts)
+{
+    grid->setRows(2);
+    grid->setColumns({{"Nome", 60}, {"D. Nasc.", 60}, {"Obs."}});
+    const auto tip = [this](int col) { return grid->model()->index(0, col).data(Qt::ToolTipRole).toString(); };
+    const QString name = "Maria Josefa da Conceição de Sousa e Vasconcelos";
+    grid->setTextMatrix(1, 0, name);
+    grid->setTextMatrix(1, 1, "Ana");
+    EXPECT_EQ(tip(0), name);
+    EXPECT_EQ(tip(1), "");
+    EXPECT_EQ(tip(2), "");
+    grid->setColWidth(0, grid->fontMetrics().horizontalAdvance(name) + 20);
+    EXPECT_EQ(tip(0), "");
+    grid->setTextMatrix(1, 1, "31/12/1751 ou 1752");
+    EXPECT_EQ(tip(1), "31/12/1751 ou 1752");
+}

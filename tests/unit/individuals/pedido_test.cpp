@@ -111,3 +111,38 @@ TEST_F(Request, ThatEndsLeavesAFamilyInItsEditCalling)
     call.acaba();
     EXPECT_FALSE(call.IndChamado());
 }
+
+TEST_F(Request, IsOfferedByTheStateOfTheAskerWhoKnowsOne)
+{
+    bool editing = false;
+    PedidoDeIndividuo spouse = by(first, OrigemInd::Marido);
+    spouse.oferece = [&] { return editing; };
+    begin(spouse);
+    EXPECT_TRUE(call.IndChamado());
+    EXPECT_FALSE(call.ofereceAtribuir());
+    editing = true;
+    EXPECT_TRUE(call.ofereceAtribuir());
+    call.terminaIndChamado();
+    EXPECT_TRUE(call.ofereceAtribuir());
+    call.desiste();
+    EXPECT_FALSE(call.ofereceAtribuir());
+}
+
+TEST_F(Request, ThatIsInterruptedTakesOnlyItsOwnCallWithIt)
+{
+    begin(by(first, OrigemInd::Filho));
+    call.interrompe();
+    EXPECT_FALSE(call.existe());
+    EXPECT_FALSE(call.IndChamado());
+    call.chama();
+    PedidoDeIndividuo quiet = by(first);
+    quiet.IndChamado = false;
+    begin(quiet);
+    call.interrompe();
+    EXPECT_FALSE(call.existe());
+    EXPECT_TRUE(call.IndChamado());
+    call.familiaMudaDeModo(true);
+    begin(by(first, OrigemInd::Marido));
+    call.interrompe();
+    EXPECT_TRUE(call.IndChamado()); // the other spouse may come next
+}
