@@ -18,7 +18,8 @@ FrmAssinatura::FrmAssinatura() : ListaDatada(Name)
     regras.releAoAlterar = false; // kept: a row whose date was altered keeps its place until the rows are read again
     usa({cmdIns, cmdAlt, cmdElim, cmdSair}, dtgAssinat, {{"IdAss", 0}, {"Data de Referência", 140}, {"Nível"}}, regras);
     vigiaData(mskData, chkDF);
-    vigiaNumero(txtIdade, "Deve inserir uma idade válida!");
+    vigiaInteiro(txtIdade, "Deve inserir uma idade válida!");
+    vigiaFraccao(txtNivel, "O nível tem de ser um número inteiro!");
     connect(cmdLocalizar, &CommandButton::clicked, this, &FrmAssinatura::cmdLocalizar_Click);
     connect(cmdV, &CommandButton::clicked, this, &FrmAssinatura::cmdV_Click);
 }
@@ -73,7 +74,7 @@ void FrmAssinatura::LimpaCampos()
 QStringList FrmAssinatura::PreencheLinha(const jet::Recordset& linha) const
 {
     return {textoDoNumero(linha["idassinatura"]), textoDaData(linha["dataref"]),
-            textoDoNumero(linha["nivelassinatura"])};
+            textoDaQuantidade(linha["nivelassinatura"])};
 }
 
 void FrmAssinatura::mostraLinha(const jet::Recordset& linha)
@@ -125,9 +126,9 @@ QString FrmAssinatura::altera()
 
 ListaDatada::Valores FrmAssinatura::valores() const
 {
-    return {{"dataref", mskData->text()},   {"datafixa", chkDF->isChecked()},        {"fonte", textoDe(txtFonte)},
-            {"funcao", textoDe(txtFuncao)}, {"nivelassinatura", numeroDe(txtNivel)}, {"idade", numeroDe(txtIdade)},
-            {"assina", textoDe(txtAssina)}, {"assinatura", textoDe(txtLocAss)},      {"obs", textoDe(txtObs)}};
+    return {{"dataref", mskData->text()},   {"datafixa", chkDF->isChecked()},         {"fonte", textoDe(txtFonte)},
+            {"funcao", textoDe(txtFuncao)}, {"nivelassinatura", inteiroDe(txtNivel)}, {"idade", inteiroDe(txtIdade)},
+            {"assina", textoDe(txtAssina)}, {"assinatura", textoDe(txtLocAss)},       {"obs", textoDe(txtObs)}};
 }
 
 // Kept: cancelling the dialog is an error.

@@ -74,7 +74,7 @@ QStringList FrmLegados::PreencheLinha(const jet::Recordset& linha) const
 
 void FrmLegados::mostraLinha(const jet::Recordset& linha)
 {
-    mostraSeHouver(txtNindH, linha["nindherd"]);
+    txtNindH->setText(textoDoNumero(linha["nindherd"]));
     ProcuraItemData(*cmbParentesco, linha["parentesco"]);
     mostraSeHouver(txtObs, linha["obs"]);
     mostraSeHouver(txtMov, linha["bensmoveis"]);

@@ -22,6 +22,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
     usa({cmdIns, cmdAlt, cmdElim, cmdF}, flgPass, {{"Nº Pass.", 130}, {"Destino"}}, regras);
     descricao_.usa({{cmdE, legenda::editarAParte, nullptr, legenda::confirmarOuCancelar}});
     vigiaData(mskData);
+    vigiaFraccao(txtDados_1, "A altura tem de ser um número inteiro de centímetros!");
     ListasAbertas::segueLocais(*this, *cmbDados_1);
     connect(cmdLoc, &CommandButton::clicked, this, &FrmPass::cmdLoc_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmPass::cmdE_Click);
@@ -70,12 +71,12 @@ void FrmPass::LimpaCampos()
 
 QStringList FrmPass::PreencheLinha(const jet::Recordset& linha) const
 {
-    return {textoDoNumero(linha["npass"]), semMarca(NomeLocal(linha["LocalDestino"], linha["TipoLocalDest"]))};
+    return {textoDaQuantidade(linha["npass"]), semMarca(NomeLocal(linha["LocalDestino"], linha["TipoLocalDest"]))};
 }
 
 void FrmPass::mostraLinha(const jet::Recordset& linha)
 {
-    txtDados_0->setText(textoDoNumero(linha["nPass"]));
+    txtDados_0->setText(textoDaQuantidade(linha["nPass"]));
     if (const QVariant quando = linha["dataref"]; !quando.isNull()) mskData->showPlain(textoDaData(quando));
     SeleccionaLocal(*cmbDados_1, Trim(linha["localdestino"].toString()), Trim(linha["tipolocaldest"].toString()));
     txtOutras_1->setText(linha["obs"].toString());
@@ -102,11 +103,11 @@ bool FrmPass::VerificaCampos(Passo passo)
     return !falta || recusa(falta, mskData);
 }
 
-// No transaction: what was written before a failing statement stays.
+// No transaction: what was written before a failing statement stays. The number is read before the first one.
 QString FrmPass::acrescenta()
 {
     cnBDP.execute("insert into passaporte (nind, npass, dataref) values (" + Label2_1->text() + "," +
-                  txtDados_0->text() + "," + literalDaData(mskData->text()) + ")");
+                  numeroEmSQL(txtDados_0->text()) + "," + literalDaData(mskData->text()) + ")");
     gravaDestinoEObs();
     return chaveEscrita();
 }
@@ -116,7 +117,7 @@ QString FrmPass::altera()
 {
     const QString onde = " where nind = " + Label2_1->text();
     jet::Transaction transaccao(cnBDP);
-    cnBDP.execute("update passaporte set npass = " + txtDados_0->text() + onde);
+    cnBDP.execute("update passaporte set npass = " + numeroEmSQL(txtDados_0->text()) + onde);
     cnBDP.execute("update passaporte set dataref = " + literalDaData(mskData->text()) + onde);
     gravaDestinoEObs();
     transaccao.commit();
@@ -138,12 +139,18 @@ void FrmPass::gravaDestinoEObs()
 // The number as the grid shows it.
 QString FrmPass::chaveEscrita() const
 {
-    return textoDoNumero(numeroDoTexto(txtDados_0->text()));
+    return textoDaQuantidade(numeroDoTexto(txtDados_0->text()));
+}
+
+QString FrmPass::chaveNoCriterio() const
+{
+    return numeroEmSQL(Chave);
 }
 
 void FrmPass::elimina()
 {
-    cnBDP.execute("Delete from passaporte where nind = " + Label2_1->text() + " and npass = " + txtDados_0->text());
+    cnBDP.execute("Delete from passaporte where nind = " + Label2_1->text() +
+                  " and npass = " + numeroEmSQL(txtDados_0->text()));
 }
 
 // The picker puts the place into cmbDados_1 and enables this window again.
@@ -215,7 +222,7 @@ void FrmPass::gravaDescricao()
 {
     jet::Recordset pessoa = individuo();
     if (cmbDados_0->listIndex() >= 0) pessoa.set("estatura", textoDe(cmbDados_0)); // it may be in other words
-    pessoa.set("altura", numeroDe(txtDados_1));
+    pessoa.set("altura", inteiroDe(txtDados_1));
     pessoa.set("cfisicas", textoDe(txtOutras_0));
     pessoa.update();
 }

@@ -30,6 +30,7 @@ protected:
     QString acrescenta() override;
     QString altera() override;
     void elimina() override;
+    QString chaveNoCriterio() const override;
     void Form_Load() override;
     bool podeMudarDeDono() const override { return emRepouso() && descricao_.passo() == Passo::Repouso; }
     bool Form_QueryUnload(UnloadMode modo) override { return modo != UnloadMode::ControlMenu; }

@@ -91,17 +91,16 @@ void FrmResid::mostraLinha(const jet::Recordset& linha)
     mostraSeHouver(txtObs, linha["obs"]);
 }
 
-// Kept: the row being altered counts too, so its date has to change. The date goes into the count as typed, and is read
-// month first if that makes a date: then only the key refuses a second row of that date.
+// Kept: the row being altered counts too, so its date has to change.
 bool FrmResid::VerificaCampos(Passo)
 {
     if (!preenchido(cmbLoc)) return recusa("Deve indicar o local da residência!", cmbLoc);
     if (mskData->text() == emptyMaskedDate) return recusa("Deve indicar uma data de referência!", mskData);
     if (!adoResid.hasRows()) return true;
     const jet::Recordset mesmaData(cnBDP, "select count(*) from residencia where numero =" + txtNum->text() +
-                                              (donoDaJanela().familia() ? " and tiporesid = 'f' and dataref = #"
-                                                                        : " and tiporesid = 'i' and dataref = #") +
-                                              mskData->text() + "#");
+                                              (donoDaJanela().familia() ? " and tiporesid = 'f' and dataref = "
+                                                                        : " and tiporesid = 'i' and dataref = ") +
+                                              literalDaData(mskData->text()));
     if (mesmaData.eof() || mesmaData[0].toInt() == 0) return true;
     return recusa("Não pode indicar duas residências para uma mesma data de referência!", mskData);
 }

@@ -27,8 +27,8 @@ FrmRituais::FrmRituais() : ListaDatada(Name)
     connect(optLeg_2, &OptionButton::clicked, this, [this] { optLeg_Click(2); });
     connect(cmbMoeda_0, &ComboBox::clicked, this, [this] { cmbMoeda_Click(cmbMoeda_0, cmbMoeda_1); });
     connect(cmbMoeda_1, &ComboBox::clicked, this, [this] { cmbMoeda_Click(cmbMoeda_1, cmbMoeda_0); });
-    for (TextBox* campo : {txtQ, txtNP})
-        vigiaNumero(campo, "Deve inserir um número maior ou igual a 0!");
+    vigiaNumero(txtQ, "Deve inserir um número maior ou igual a 0!");
+    vigiaInteiro(txtNP, "Deve inserir um número maior ou igual a 0!");
     for (TextBox* campo : {txtVU, txtVTotal})
         vigiaNumero(campo, "Deve inserir um valor monetário válido!");
 }
@@ -87,7 +87,7 @@ void FrmRituais::LimpaCampos()
 
 QStringList FrmRituais::PreencheLinha(const jet::Recordset& linha) const
 {
-    return {textoDoNumero(linha["idlegpio"]), linha["tipolegPio"].toString(), textoDoNumero(linha["valortotal"])};
+    return {textoDoNumero(linha["idlegpio"]), linha["tipolegPio"].toString(), textoDaQuantidade(linha["valortotal"])};
 }
 
 void FrmRituais::mostraLinha(const jet::Recordset& linha)
@@ -177,9 +177,9 @@ std::optional<int> FrmRituais::opcao() const
 // Only the first of the two currencies is stored.
 ListaDatada::Valores FrmRituais::valores() const
 {
-    Valores valores{{"quantidade", numeroDe(txtQ)}, {"valorunit", numeroDe(txtVU)},
-                    {"obs", textoDe(txtObs)},       {"destino", textoDe(txtDest)},
-                    {"numpadres", numeroDe(txtNP)}, {"valortotal", numeroDe(txtVTotal)}};
+    Valores valores{{"quantidade", numeroDe(txtQ)},  {"valorunit", numeroDe(txtVU)},
+                    {"obs", textoDe(txtObs)},        {"destino", textoDe(txtDest)},
+                    {"numpadres", inteiroDe(txtNP)}, {"valortotal", numeroDe(txtVTotal)}};
     valores << itemPara("tipo", cmbTipo);
     if (cmbMoeda_0->listIndex() >= 0) valores << std::pair("tipomoeda", colunaDaMoeda(cmbMoeda_0->text()));
     return valores;

@@ -1,5 +1,6 @@
 #include "attributes/listaDatada.h"
 
+#include "common/campos.h"
 #include "common/datas.h"
 #include "common/modGeral.h"
 #include "common/pesquisa.h"
@@ -45,6 +46,21 @@ void ListaDatada::vigiaNumero(TextBox* campo, const QString& recusa)
     Focus::watch(campo, {}, [=] {
         VerificaNumero(*campo, recusa, 0);
         Focus::keepClick();
+    });
+}
+
+void ListaDatada::vigiaInteiro(TextBox* campo, const QString& recusa)
+{
+    Focus::watch(campo, {}, [=] {
+        VerificaInteiro(*campo, recusa, 0);
+        Focus::keepClick();
+    });
+}
+
+void ListaDatada::vigiaFraccao(TextBox* campo, const QString& motivo)
+{
+    Focus::watch(campo, {}, [=] {
+        if (eNumero(campo->text()) && !eInteiro(campo->text())) recusa(motivo, campo);
     });
 }
 
@@ -104,7 +120,7 @@ void ListaDatada::ActualizaCampos()
         if (linhas.bof()) linhas.moveNext();
     } else {
         linhas.moveFirst();
-        linhas.find(regras_.procura.arg(Chave));
+        linhas.find(regras_.procura.arg(chaveNoCriterio()));
         if (linhas.eof()) return LimpaCampos();
     }
     grelha_->setRow(linhas.absolutePosition());

@@ -70,8 +70,12 @@ protected:
     // alteration a date left as it was entered leaves it alone. As with the number fields, the command whose click took
     // the focus still runs, on what the check has left.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
-    // The number field takes 0 and more.
+    // The number field takes 0 and more; that of a column of whole numbers takes no fraction.
     void vigiaNumero(TextBox* campo, const QString& recusa);
+    void vigiaInteiro(TextBox* campo, const QString& recusa);
+    // For a column of whole numbers whose field has no check of its own: a number that the column can't take is refused
+    // and stays. The confirmation refuses it too, as it does a text that is no number.
+    static void vigiaFraccao(TextBox* campo, const QString& motivo);
 
     // For Form_Load(): the rows, the grid and mode "Cons". No row is shown yet.
     void abreLista(const QString& instrucao);
@@ -92,6 +96,8 @@ protected:
     // Stores the fields in the current row. Returns the key of the row to show, empty for the grid's current one.
     virtual QString altera() = 0;
     virtual void elimina() { registos().recordset().deleteRow(); }
+    // Chave as a criterion takes it.
+    virtual QString chaveNoCriterio() const { return Chave; }
 
     bool emRepouso() const { return comandos_.passo() == Passo::Repouso; }
     bool podeMudarDeDono() const override { return emRepouso(); }
@@ -108,7 +114,7 @@ protected:
     template <class Campo>
     static void mostraSeHouver(Campo* campo, const QVariant& valor)
     {
-        if (const QString texto = textoDoNumero(valor); !Trim(texto).isEmpty()) campo->setText(texto);
+        if (const QString texto = textoDaQuantidade(valor); !Trim(texto).isEmpty()) campo->setText(texto);
     }
 
 private:

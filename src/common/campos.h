@@ -36,6 +36,12 @@ inline QVariant numeroDe(const TextBox* campo)
     return preenchido(campo) ? numeroDoTexto(campo->text()) : QVariant();
 }
 
+// For a column of whole numbers. Error 13 for any other number, too.
+inline QVariant inteiroDe(const TextBox* campo)
+{
+    return preenchido(campo) ? inteiroDoTexto(campo->text()) : QVariant();
+}
+
 inline QVariant itemDe(const ComboBox* lista)
 {
     return preenchido(lista) ? lista->itemData(lista->listIndex()) : QVariant();
@@ -43,12 +49,14 @@ inline QVariant itemDe(const ComboBox* lista)
 
 inline QVariant codigoDe(const ComboBox* lista)
 {
-    return preenchido(lista) ? localDoTexto(lista->text()).codigo : QVariant();
+    const QString codigo = localDoTexto(lista->text()).codigo;
+    return codigo.isEmpty() ? QVariant() : codigo;
 }
 
 inline QVariant letraDe(const ComboBox* lista)
 {
-    return preenchido(lista) ? localDoTexto(lista->text()).nivel : QVariant();
+    const QString letra = localDoTexto(lista->text()).nivel;
+    return letra.isEmpty() ? QVariant() : letra;
 }
 
 // Columns with their values, in the order in which they are set.

@@ -4,6 +4,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
+#include "platform/jet/date.h"
 #include "platform/jet/dialect.h"
 
 #include <cmath>
@@ -53,6 +54,15 @@ bool semData(const QString& texto)
 QString literalDaData(const QString& texto)
 {
     return dataDoTexto(texto).toString("'#'MM/dd/yyyy'#'");
+}
+
+QString diaDoLiteral(const QString& texto)
+{
+    static const char* const meses[] = {"Janeiro", "Fevereiro", "Março",    "Abril",   "Maio",     "Junho",
+                                        "Julho",   "Agosto",    "Setembro", "Outubro", "Novembro", "Dezembro"};
+    const auto dia = jet::readDateLiteral(texto);
+    if (!dia) return {};
+    return QString("%1 de %2 de %3").arg(dia->day()).arg(meses[dia->month() - 1]).arg(dia->year());
 }
 
 bool VerificaData(MaskedEdit& campo)

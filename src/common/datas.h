@@ -9,7 +9,8 @@
 
 class MaskedEdit;
 
-// True for a date of the calendar (1582 and before included), written exactly as dd/mm/yyyy.
+// True for a date of the calendar (1582 and before included), written as dd/mm/yyyy, d/m/yyyy or with its eight digits
+// alone.
 bool eData(const QString& texto);
 
 // The date of such a text.
@@ -25,6 +26,9 @@ bool semData(const QString& texto);
 // For SQL: #mm/dd/yyyy#, from the text of a field.
 // Precondition: eData(texto); Error 13 otherwise.
 QString literalDaData(const QString& texto);
+
+// The day that a statement reads between # signs in words, as "9 de Março de 1750"; "" for a text that is no date.
+QString diaDoLiteral(const QString& texto);
 
 // Checks a date field when it is left, for frmFam, frmProf, frmAssinatura and frmResid: true if the field is empty or
 // holds a date. Otherwise tells the user, clears the field and gives it the focus back.

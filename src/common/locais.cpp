@@ -7,9 +7,19 @@
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
+#include <QRegularExpression>
+
 namespace {
 
-// Chooses the first entry whose text behind the first "-" is `resto`.
+// Where the letter of the last " -X- " stands; -1: nowhere.
+qsizetype ondeEstaALetra(const QString& texto)
+{
+    static const QRegularExpression marca(" -\\S- ");
+    const qsizetype onde = texto.lastIndexOf(marca);
+    return onde < 0 ? -1 : onde + 2;
+}
+
+// Chooses the first entry whose text from the letter on is `resto`.
 bool escolhePeloResto(ComboBox& lista, const QString& resto)
 {
     for (int indice = 0; indice < lista.count(); ++indice) {
@@ -29,13 +39,15 @@ QString textoDoLocal(const QString& nome, const QString& tipo, const QString& co
 
 Local localDoTexto(const QString& texto)
 {
-    const int p = InStr(texto, "-");
-    return {Trim(Mid(texto, p + 3)), Trim(Mid(texto, p + 1, 1))};
+    const qsizetype letra = ondeEstaALetra(texto);
+    if (letra < 0) return {};
+    return {Trim(texto.mid(letra + 2)), texto.mid(letra, 1)};
 }
 
 QString restoDoLocal(const QString& texto)
 {
-    return Mid(texto, InStr(texto, "-") + 1);
+    const qsizetype letra = ondeEstaALetra(texto);
+    return letra < 0 ? texto : texto.mid(letra);
 }
 
 // The narrow levels come first, which keeps the places of everyday use at the top of the lists.

@@ -11,11 +11,11 @@ class ComboBox;
 // Text form of a place: name + " -F- " + code.
 QString textoDoLocal(const QString& nome, const QString& tipo, const QString& codigo);
 
-// Code and letter out of the text form, by the first "-" of the whole text: a hyphen in the name misleads it, as
-// always.
+// Code and letter out of the text form, by the last " -X- " of the text: the name may hold hyphens. Both are "" where
+// the text holds none.
 Local localDoTexto(const QString& texto);
 
-// The text behind the first "-"; the whole text where there is none.
+// The text from that letter on ("F- 030302"); the whole text where there is none.
 QString restoDoLocal(const QString& texto);
 
 // Adds the blank entry and the places of the working list, from sites to countries, and chooses the blank one.

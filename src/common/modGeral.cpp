@@ -34,7 +34,8 @@ int ProcuraItemData(ComboBox& lista, const QVariant& valor)
     const QString texto = Trim(valor.toString());
     if (texto.isEmpty()) return -1;
 
-    const double procurado = numeroDoTexto(texto);
+    const bool numero = valor.metaType() == QMetaType::fromType<double>();
+    const double procurado = numero ? valor.toDouble() : numeroDoTexto(texto);
     for (int i = 0; i < lista.count(); ++i) {
         if (lista.itemData(i) != procurado) continue;
         lista.setListIndex(i);

@@ -3,13 +3,13 @@
 #include <algorithm>
 
 const std::array<DadosDoNivel, numNiveis> niveis{{
-    {Nivel::Pais, "P", "País", "pais", "codpais", "nomepais", nullptr, 0, 0},
-    {Nivel::Zona, "Z", "Zona", "zonapais", "codzona", "nomezona", "codpais", 3, 0},
-    {Nivel::Distrito, "D", "Distrito", "distrito", "coddistrito", "nomedistrito", "codpais", 1, 2},
-    {Nivel::Concelho, "C", "Concelho", "concelho", "codconcelho", "nomeconcelho", "coddistrito", 3, 2},
-    {Nivel::Paroquia, "F", "Paroquia", "paroquia", "codparoquia", "nomeparoquia", "codconcelho", 5, 2},
-    {Nivel::Lugar, "L", "Lugar", "lugar", "codlugar", "nomelugar", "codparoquia", 7, 2},
-    {Nivel::Sitio, "S", "Sitio", "sitio", "codsitio", "nomesitio", "codlugar", 9, 2},
+    {Nivel::Pais, "P", "País", "pais", "codpais", "nomepais", nullptr, 0},
+    {Nivel::Zona, "Z", "Zona", "zonapais", "codzona", "nomezona", "codpais", 3},
+    {Nivel::Distrito, "D", "Distrito", "distrito", "coddistrito", "nomedistrito", "codpais", 1},
+    {Nivel::Concelho, "C", "Concelho", "concelho", "codconcelho", "nomeconcelho", "coddistrito", 3},
+    {Nivel::Paroquia, "F", "Paroquia", "paroquia", "codparoquia", "nomeparoquia", "codconcelho", 5},
+    {Nivel::Lugar, "L", "Lugar", "lugar", "codlugar", "nomelugar", "codparoquia", 7},
+    {Nivel::Sitio, "S", "Sitio", "sitio", "codsitio", "nomesitio", "codlugar", 9},
 }};
 
 jet::NativeSql DadosDoNivel::locaisDaLista() const

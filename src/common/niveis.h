@@ -39,7 +39,6 @@ struct DadosDoNivel
     const char* nome;     // that of the name,
     const char* superior; // and that of the code of the place above; null: none
     int inicio;           // where in a code the level's own number begins; 0: the code is no number
-    int algarismos;       // of that number within the code of a place below; 0: no place below has it
 
     // The names of all places on the working list, behind their codes.
     jet::NativeSql locaisDaLista() const;

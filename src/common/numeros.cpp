@@ -7,9 +7,51 @@
 #include "platform/forms/msgbox.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <optional>
+
+namespace {
+
+constexpr double maiorInteiro = std::numeric_limits<qint32>::max();
+
+std::optional<double> lido(const QString& texto)
+{
+    static const QRegularExpression milhares("^[+-]?[1-9][0-9]{0,2}(\\.[0-9]{3})+(,[0-9]*)?$");
+    static const QRegularExpression simples("^[+-]?([0-9]+[.,]?[0-9]*|[.,][0-9]+)$");
+    QString digitos = texto.trimmed();
+    if (milhares.match(digitos).hasMatch())
+        digitos.remove(u'.');
+    else if (!simples.match(digitos).hasMatch())
+        return std::nullopt;
+    const double numero = digitos.replace(u',', u'.').toDouble();
+    if (std::isfinite(numero)) return numero;
+    return std::nullopt;
+}
+
+bool eInteiro(double numero)
+{
+    return std::nearbyint(numero) == numero && std::abs(numero) <= maiorInteiro;
+}
+
+jet::Error recusado(const QString& texto, const char* porque)
+{
+    return {jet::number::typeMismatch, "\"" + texto + "\" " + QString::fromUtf8(porque)};
+}
+
+template <class Condicao>
+void verifica(TextBox& campo, const QString& recusa, Condicao aceita)
+{
+    guarded([&] {
+        if (Trim(campo.text()).isEmpty() || aceita(numeroDoTexto(campo.text()))) return;
+        showMessage(recusa);
+        campo.clear();
+        Focus::setTo(&campo);
+    });
+}
+
+} // namespace
 
 QString textoDoNumero(const QVariant& numero)
 {
@@ -17,26 +59,16 @@ QString textoDoNumero(const QVariant& numero)
     return QString::number(numero.toDouble(), 'f', QLocale::FloatingPointShortest);
 }
 
-static std::optional<double> lido(const QString& texto)
+QString textoDaQuantidade(const QVariant& quantidade)
 {
-    bool valido = false;
-    const double numero = texto.trimmed().replace(u',', u'.').toDouble(&valido);
-    if (valido && std::isfinite(numero)) return numero;
-    return std::nullopt;
+    const bool texto = quantidade.metaType() == QMetaType::fromType<QString>();
+    return texto ? quantidade.toString() : textoDoNumero(quantidade).replace(u'.', u',');
 }
 
 double numeroDoTexto(const QString& texto)
 {
     if (const auto numero = lido(texto)) return *numero;
-    throw jet::Error{jet::number::typeMismatch, "\"" + texto + "\" não é um número."};
-}
-
-qint32 codigoDoTexto(const QString& texto)
-{
-    bool valido = false;
-    const qint32 codigo = texto.toInt(&valido);
-    if (valido) return codigo;
-    throw jet::Error{jet::number::typeMismatch, "O código \"" + texto + "\" não é um número."};
+    throw recusado(texto, "não é um número.");
 }
 
 bool eNumero(const QString& texto)
@@ -44,14 +76,44 @@ bool eNumero(const QString& texto)
     return lido(texto).has_value();
 }
 
+qint32 inteiroDoTexto(const QString& texto)
+{
+    const double numero = numeroDoTexto(texto);
+    if (eInteiro(numero)) return static_cast<qint32>(numero);
+    throw recusado(texto, "não é um número inteiro, ou é demasiado grande.");
+}
+
+bool eInteiro(const QString& texto)
+{
+    const auto numero = lido(texto);
+    return numero && eInteiro(*numero);
+}
+
+qint32 codigoDoTexto(const QString& texto)
+{
+    const auto codigo = lido(texto);
+    if (codigo && eInteiro(*codigo)) return static_cast<qint32>(*codigo);
+    throw jet::Error{jet::number::typeMismatch, "O código \"" + texto + "\" não é um número."};
+}
+
+double registoDoTexto(const QString& texto)
+{
+    const auto numero = lido(texto);
+    if (numero && eInteiro(*numero) && *numero >= 1) return *numero;
+    throw recusado(texto, "não serve de número a um registo: tem de ser inteiro, de 1 a 2147483647.");
+}
+
+QString numeroEmSQL(const QString& texto)
+{
+    return textoDoNumero(numeroDoTexto(texto));
+}
+
 void VerificaNumero(TextBox& campo, const QString& recusa, double minimo, double maximo)
 {
-    guarded([&] {
-        if (Trim(campo.text()).isEmpty()) return;
-        const double numero = numeroDoTexto(campo.text());
-        if (numero >= minimo && numero <= maximo) return;
-        showMessage(recusa);
-        campo.clear();
-        Focus::setTo(&campo);
-    });
+    verifica(campo, recusa, [=](double numero) { return numero >= minimo && numero <= maximo; });
+}
+
+void VerificaInteiro(TextBox& campo, const QString& recusa, qint32 minimo, qint32 maximo)
+{
+    verifica(campo, recusa, [=](double numero) { return eInteiro(numero) && numero >= minimo && numero <= maximo; });
 }

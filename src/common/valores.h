@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <cmath>
 #include <compare>
 #include <optional>
 
@@ -35,8 +36,8 @@ public:
     QString paraSQL() const;     // within a statement: "null" for none
     QVariant paraColuna() const; // null for none
 
-    // The next number; 1 after none.
-    Numero seguinte() const { return Numero(valor_.value_or(0) + 1); }
+    // The next whole number; 1 after none.
+    Numero seguinte() const { return Numero(std::floor(valor_.value_or(0)) + 1); }
 
     friend bool operator==(const Numero&, const Numero&) = default;
     // NOLINTNEXTLINE(modernize-use-nullptr): it takes the comparison with 0 behind the default for a pointer

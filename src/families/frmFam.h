@@ -138,6 +138,7 @@ private:
     void cancelaAlteracao() override;
     void elimina() override;
     bool temObrigatorios();
+    void verificaNumeros() const;
     void insereFamilia();
     void insereMembro(const Metade& membro);
     void alteraFamilia();
@@ -163,6 +164,7 @@ private:
     void desistePorFaltaDeCriterio();
     void cancelaPesquisa() override;
     Filtro filtroDosCampos() const;
+    void contaDias(const QString& dias);
     Achado achado(const jet::Recordset& linha) const;
 
     jet::DataControl adoFam{cnBDP};    // all families: what the movement buttons run through
@@ -176,6 +178,7 @@ private:
     inline static Nfam NfamCorrente;
     OrigemFam OrigemFam_ = OrigemFam::Menu;
     DataAoEntrar dtCasamAnterior; // what mskData held when it was entered
+    bool diasContados_ = false;   // the status bar tells the days of a search
 };
 
 // The one card, loaded at first touch.

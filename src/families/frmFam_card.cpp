@@ -110,8 +110,8 @@ void FrmFam::mostraMembro(const jet::Recordset& membro)
 
     const Metade& lado = metade(sexo == "m" ? 0 : 1);
     lado.nind->setText(nind);
-    if (!membro["idade"].isNull()) lado.idade->setText(textoDoNumero(membro["idade"]));
-    if (!membro["numcasam"].isNull()) lado.numCasam->setText(textoDoNumero(membro["numcasam"]));
+    if (!membro["idade"].isNull()) lado.idade->setText(textoDaQuantidade(membro["idade"]));
+    if (!membro["numcasam"].isNull()) lado.numCasam->setText(textoDaQuantidade(membro["numcasam"]));
     ProcuraItemData(*lado.estadoCivil, membro["estadocivil"]);
 }
 

@@ -19,6 +19,17 @@ void escolheLegitima(ComboBox& situacoes)
         if (situacoes.list(i).startsWith('l', Qt::CaseInsensitive)) situacoes.setListIndex(i);
 }
 
+// The numbers that were typed, as a statement takes them. Error 13 for what can't be one.
+QString registoEmSQL(const TextBox* campo)
+{
+    return textoDoNumero(registoDoTexto(campo->text()));
+}
+
+QString inteiroEmSQL(const TextBox* campo)
+{
+    return preenchido(campo) ? QString::number(inteiroDoTexto(campo->text())) : QString();
+}
+
 } // namespace
 
 void FrmFam::iniciaInsercao()
@@ -48,10 +59,27 @@ bool FrmFam::temObrigatorios()
     return true;
 }
 
+// Before the first statement: Error 13 for a number of a member that can't be stored. What an alteration leaves as it
+// was opened isn't written, and may be any number that is stored.
+void FrmFam::verificaNumeros() const
+{
+    const bool altera = passo() == Passo::Alteracao;
+    for (int indice : {0, 1}) {
+        const Metade& membro = metades_[indice];
+        const MetadeAberta& aberta = abertas_[indice];
+        if (membro.nind->text().isEmpty()) continue;
+        if (!altera || Nind::doCampo(membro.nind->text()) != aberta.nind) registoEmSQL(membro.nind);
+        if (!altera || membro.idade->text() != aberta.idade) inteiroEmSQL(membro.idade);
+        if (!altera || membro.numCasam->text() != aberta.numCasam) inteiroEmSQL(membro.numCasam);
+    }
+}
+
 void FrmFam::confirmaInsercao()
 {
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
+    registoEmSQL(txtNFam);
+    verificaNumeros();
     jet::Transaction transaccao(cnBDP);
     insereFamilia();
     for (const Metade& membro : metades_)
@@ -92,17 +120,17 @@ void FrmFam::insereFamilia()
 
 void FrmFam::insereMembro(const Metade& membro)
 {
-    const QString n = txtNFam->text(), m = membro.nind->text();
-    if (m.isEmpty()) return;
+    if (membro.nind->text().isEmpty()) return;
+    const QString n = txtNFam->text(), m = registoEmSQL(membro.nind);
     cnBDP.execute("insert into familias (nfamilia, nind) values (" + n + "," + m + ")");
     if (preenchido(membro.idade))
-        cnBDP.execute("update familias set idade = " + membro.idade->text() + " where nfamilia = " + n +
+        cnBDP.execute("update familias set idade = " + inteiroEmSQL(membro.idade) + " where nfamilia = " + n +
                       " and nind = " + m);
     if (preenchido(membro.estadoCivil))
         cnBDP.execute("update familias set estadocivil = " + itemDe(membro.estadoCivil).toString() +
                       " where nfamilia = " + n + " and nind = " + m);
     if (preenchido(membro.numCasam))
-        cnBDP.execute("update familias set numcasam = " + membro.numCasam->text() + " where nfamilia = " + n +
+        cnBDP.execute("update familias set numcasam = " + inteiroEmSQL(membro.numCasam) + " where nfamilia = " + n +
                       " and nind = " + m);
 }
 
@@ -133,6 +161,7 @@ void FrmFam::confirmaAlteracao()
 {
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
+    verificaNumeros();
     poeFicheiroNaFicha();
     alteraFamilia();
     adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
@@ -205,8 +234,8 @@ void FrmFam::reescreveMembro(int indice, Membros& guardados, bool noLugar)
 {
     const Metade& membro = metade(indice);
     const MetadeAberta& aberta = abertas_[indice];
-    const QString n = txtNFam->text(), m = membro.nind->text();
-    if (m.isEmpty()) return;
+    if (membro.nind->text().isEmpty()) return;
+    const QString n = txtNFam->text(), m = numeroEmSQL(membro.nind->text());
     const Nind nind = Nind::doCampo(m);
     const bool existe = guardados.contains(nind), oculto = existe && !mostrado(nind);
     const bool oMesmo = existe && aberta.nind == nind;
@@ -225,11 +254,11 @@ void FrmFam::reescreveMembro(int indice, Membros& guardados, bool noLugar)
                       " and nfamilia =" + n);
     };
     if (!oMesmo || membro.idade->text() != aberta.idade)
-        escreve("idade", preenchido(membro.idade), membro.idade->text());
+        escreve("idade", preenchido(membro.idade), inteiroEmSQL(membro.idade));
     if (!oMesmo || membro.estadoCivil->listIndex() != aberta.estadoCivil)
         escreve("estadocivil", preenchido(membro.estadoCivil), itemDe(membro.estadoCivil).toString());
     if (!oMesmo || !mantemNumCasam(indice))
-        escreve("numcasam", preenchido(txtPnind->text().isEmpty() ? txtNC2 : txtNC1), membro.numCasam->text());
+        escreve("numcasam", preenchido(txtPnind->text().isEmpty() ? txtNC2 : txtNC1), inteiroEmSQL(membro.numCasam));
 }
 
 // Kept: of a couple, the first member's number of marriages decides whether the second's is written. If it is filled

@@ -2,6 +2,7 @@
 #include "families/frmFam.h"
 
 #include "common/modGeral.h"
+#include "common/numeros.h"
 #include "common/pedidoDeLocal.h"
 #include "common/text.h"
 #include "individuals/frmInd.h"
@@ -12,7 +13,8 @@
 void FrmFam::cmdDirInd_Click(int indice)
 {
     guarded([&] {
-        const QString nind = metade(indice).nind->text();
+        const QString digitado = metade(indice).nind->text();
+        const QString nind = eNumero(digitado) ? numeroEmSQL(digitado) : digitado;
         FrmInd::pede(pedidoDeConjuge(indice), indice == 0 ? Trim(nind) : nind); // Kept: one of them trimmed.
     });
 }

@@ -41,8 +41,8 @@ void FrmFam::txtNind_Change(int indice)
             membro.nome->setText(nome + vida);
             membro.nome->setToolTip(vida);
         };
-        const QString nind = membro.nind->text();
-        if (nind.isEmpty()) return descreve({}, {});
+        if (membro.nind->text().isEmpty()) return descreve({}, {});
+        const QString nind = numeroEmSQL(membro.nind->text());
         const jet::Recordset pessoa(cnBDP, "select nome, sexo, datanasc, localnasc,  tipolocalnasc, dataobito from "
                                            "individuo where nind = " +
                                                nind);
@@ -59,7 +59,8 @@ void FrmFam::mostraIdades()
         membro.idCalc->clear();
     for (const Metade& membro : metades_) {
         if (membro.nind->text().isEmpty() || !eData(mskData->text())) continue;
-        const jet::Recordset pessoa(cnBDP, "select datanasc from individuo where nind = " + membro.nind->text());
+        const jet::Recordset pessoa(cnBDP,
+                                    "select datanasc from individuo where nind = " + numeroEmSQL(membro.nind->text()));
         if (!pessoa.eof()) mostraIdade(membro.idCalc, pessoa["datanasc"], mskData->text());
     }
 }
@@ -103,20 +104,22 @@ void FrmFam::mskData_LostFocus()
 
 void FrmFam::txtIdade_Validate(int indice)
 {
-    VerificaNumero(*metade(indice).idade, "Deve inserir uma idade válida!", 13, 120);
+    VerificaInteiro(*metade(indice).idade, "Deve inserir uma idade válida!", 13, 120);
 }
 
 void FrmFam::txtNC_Validate(int indice)
 {
-    VerificaNumero(*metade(indice).numCasam, "Deve inserir um número maior ou igual a 0!", 0);
+    VerificaInteiro(*metade(indice).numCasam, "Deve inserir um número maior ou igual a 0!", 0);
 }
 
 QString FrmFam::CalculaTipoFamilia(Nfam nfamilia)
 {
     QString tipo = "7";
     evenIfItFails([&] {
-        const jet::Recordset mae(cnBDP, "select datanasc, dataobito from individuo where nind = " + txtSnind->text());
-        const jet::Recordset pai(cnBDP, "select dataobito from individuo where nind = " + txtPnind->text());
+        const jet::Recordset mae(cnBDP, "select datanasc, dataobito from individuo where nind = " +
+                                            numeroEmSQL(txtSnind->text()));
+        const jet::Recordset pai(cnBDP,
+                                 "select dataobito from individuo where nind = " + numeroEmSQL(txtPnind->text()));
         const jet::Recordset filhos(cnBDP, "select count(datanasc) as Datas, count(nind) as  Filhos from individuo "
                                            "where  famorig = " +
                                                nfamilia.texto());

@@ -8,6 +8,7 @@
 #include "individuals/frmDatas.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/statusline.h"
 #include "views/frmResult.h"
 
 namespace {
@@ -17,6 +18,14 @@ QString condicaoDasDatas(const CriterioDeDatas& datas)
 {
     if (datas.fixa.isEmpty()) return " between #" + datas.inicio + "# and #" + datas.fim + "#";
     return " = #" + datas.fixa + "#";
+}
+
+// The same days in words, as the store reads them: what was typed as 9 March is searched as 3 September.
+QString diasProcurados(const CriterioDeDatas& datas)
+{
+    const QString que = datas.data == 1 ? "Procurados os casamentos" : "Procurados os nascimentos do 1º filho";
+    if (!datas.fixa.isEmpty()) return que + " de " + diaDoLiteral(datas.fixa);
+    return que + " entre " + diaDoLiteral(datas.inicio) + " e " + diaDoLiteral(datas.fim);
 }
 
 } // namespace
@@ -58,6 +67,7 @@ void FrmFam::confirmaPesquisa()
         adoFiltro.setRecordSource("select nfamilia , tipocasal, datacasam  from familia where " + filtro.texto() +
                                   " order by datacasam");
     adoFiltro.refresh();
+    contaDias(casamento || primeiroFilho ? diasProcurados(*datas) : QString());
 
     if (!adoFiltro.hasRows()) {
         showMessage("Não existem registos que cumprem os requisitos especificados.");
@@ -74,6 +84,13 @@ void FrmFam::confirmaPesquisa()
     cmdElimF->setEnabled(false);
     frmResult().mostraResultados(*this, FrmResult::Uso::Familias,
                                  [this](const jet::Recordset& linha) { return achado(linha); });
+}
+
+// In the status bar, where nothing is left of the days of an earlier search.
+void FrmFam::contaDias(const QString& dias)
+{
+    if (!dias.isEmpty() || diasContados_) showStatus(dias);
+    diasContados_ = !dias.isEmpty();
 }
 
 // The couple is that of the card, which shows the row already when its tree is drawn.
@@ -135,7 +152,7 @@ void FrmFam::cancelaPesquisa()
 Filtro FrmFam::filtroDosCampos() const
 {
     Filtro filtro;
-    if (!txtNFam->text().isEmpty()) filtro.junta("nfamilia=" + txtNFam->text());
+    if (!txtNFam->text().isEmpty()) filtro.junta("nfamilia=" + numeroEmSQL(txtNFam->text()));
     if (preenchido(cmbSit)) filtro.junta("sfamilia= '" + itemDe(cmbSit).toString() + "'");
     if (preenchido(cmbTipoFam)) filtro.junta("tipocasal = " + cmbTipoFam->text());
 

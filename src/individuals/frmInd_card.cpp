@@ -94,8 +94,8 @@ void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
     if (!guardado["localnasc"].isNull())
         SeleccionaLocal(*cmbLoc, guardado["localnasc"].toString(), guardado["tipolocalnasc"].toString(), sitios);
     ProcuraItemData(*cmbFiliacao, guardado["filiacao"]);
-    txtIdPai->setText(textoDoNumero(guardado["idadepai"]));
-    txtIdMae->setText(textoDoNumero(guardado["idademae"]));
+    txtIdPai->setText(textoDaQuantidade(guardado["idadepai"]));
+    txtIdMae->setText(textoDaQuantidade(guardado["idademae"]));
     ProcuraItemData(*cmbECPai, guardado["estadocivilpai"]);
     ProcuraItemData(*cmbECMae, guardado["estadocivilmae"]);
 
@@ -105,7 +105,7 @@ void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
         SeleccionaLocal(*cmbLocObito, guardado["localobito"].toString(), guardado["tipolocalobito"].toString(), sitios);
     ProcuraItemData(*cmbSacram, guardado["sacramentos"]);
     ProcuraItemData(*cmbEC, guardado["estadoobito"]);
-    txtIdade->setText(textoDoNumero(guardado["idadeobito"]));
+    txtIdade->setText(textoDaQuantidade(guardado["idadeobito"]));
     chkMenor->setChecked(guardado["menor"].toBool());
     txtCausa->setText(guardado["causa"].toString());
     ProcuraItemData(*cmbclass, guardado["classparoquial"]);

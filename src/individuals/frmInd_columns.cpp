@@ -22,7 +22,7 @@ QVariant seLigado(bool ligado)
 FrmInd::Valores FrmInd::valoresDaInsercao() const
 {
     return {
-        {"Nind", txtNind->text()},
+        {"Nind", registoDoTexto(txtNind->text())},
         {"Nome", txtNome->text()},
         {"Tipo", cmbTipoInd->text().left(1)},
         {"sexo", sexo()},
@@ -33,8 +33,8 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
         {"localnasc", codigoDe(cmbLoc)},
         {"tipolocalnasc", letraDe(cmbLoc)},
         {"filiacao", itemDe(cmbFiliacao)},
-        {"idadepai", textoDe(txtIdPai)},
-        {"idademae", textoDe(txtIdMae)},
+        {"idadepai", inteiroDe(txtIdPai)},
+        {"idademae", inteiroDe(txtIdMae)},
         {"estadocivilpai", itemDe(cmbECPai)},
         {"estadocivilmae", itemDe(cmbECMae)},
         {"dataobito", dataDe(mskDtObito)},
@@ -42,7 +42,7 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
         {"localobito", codigoDe(cmbLocObito)},
         {"tipolocalobito", letraDe(cmbLocObito)},
         {"causa", textoDe(txtCausa)},
-        {"idadeobito", textoDe(txtIdade)},
+        {"idadeobito", inteiroDe(txtIdade)},
         {"menor", seLigado(chkMenor->isChecked())},
         {"sacramentos", itemDe(cmbSacram)},
         {"classparoquial", itemDe(cmbclass)},
@@ -61,7 +61,7 @@ FrmInd::Valores FrmInd::valoresDaAlteracao()
 {
     const jet::Recordset& linha = adoNind.recordset();
     const bool testamento = optTest_0->isChecked(), escritura = optTest_1->isChecked();
-    const QVariant idadeMae = textoDe(txtIdMae);
+    const QVariant idadeMae = inteiroDe(txtIdMae);
     Valores valores{
         {"Nome", txtNome->text()},
         {"Tipo", Trim(cmbTipoInd->text())},
@@ -70,7 +70,7 @@ FrmInd::Valores FrmInd::valoresDaAlteracao()
         {"alcunha", textoDe(txtAlcunha)},
         {"datanasc", dataDe(mskDtNasc)},
         {"DnascFixa", chkDtNasc->isChecked()},
-        {"idadepai", textoDe(txtIdPai)},
+        {"idadepai", inteiroDe(txtIdPai)},
         {"idademae", idadeMae.isNull() ? 0 : idadeMae},
         {"testam", testamento  ? true
                    : escritura ? linha["testam"]
@@ -78,7 +78,7 @@ FrmInd::Valores FrmInd::valoresDaAlteracao()
         {"escrit", testamento ? linha["escrit"] : escritura},
         {"dataobito", dataDe(mskDtObito)},
         {"dobitofixa", chkDFixa->isChecked()},
-        {"idadeobito", textoDe(txtIdade)},
+        {"idadeobito", inteiroDe(txtIdade)},
         {"menor", chkMenor->isChecked()},
         {"causa", textoDe(txtCausa)},
         {"inicioobs", dataDe(mskini)},

@@ -111,5 +111,5 @@ void FrmInd::propoeTipo(const QString& tipo)
 
 void FrmInd::VerificaIdade(TextBox* campo)
 {
-    VerificaNumero(*campo, "Deve inserir uma idade válida!", 0);
+    VerificaInteiro(*campo, "Deve inserir uma idade válida!", 0);
 }

@@ -34,7 +34,7 @@ void FrmInd::propoeIndividuo()
 {
     if (adoInd.hasRows()) {
         adoInd.recordset().moveLast();
-        txtNind->setText(textoDoNumero(adoInd.recordset()["Nind"].toDouble() + 1));
+        txtNind->setText(Nind::daColuna(adoInd.recordset()["Nind"]).seguinte().texto());
     } else {
         txtNind->setText("1");
     }

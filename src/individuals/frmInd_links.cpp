@@ -57,9 +57,11 @@ void FrmInd::mostraArvore()
     frmArv().mostraIndividuo(*this, {numero(), nome(), txtFamOrig->text()}, adoNind.recordset());
 }
 
+// In an insertion the number is what was typed: it has to be one, as the windows put it into their statements.
 Dono FrmInd::dono()
 {
-    return {TipoDeDono::Individuo, numero(), nome(), mskDtNasc->text(), this, &adoNind.recordset()};
+    const QString dele = inserindo() ? textoDoNumero(registoDoTexto(numero())) : numero();
+    return {TipoDeDono::Individuo, dele, nome(), mskDtNasc->text(), this, &adoNind.recordset()};
 }
 
 void FrmInd::cmdInterv_Click()

@@ -120,7 +120,7 @@ QString FrmInd::instrucaoDaPesquisa() const
 Filtro FrmInd::condicoesDosCampos() const
 {
     Filtro filtro;
-    if (!txtNind->text().isEmpty()) filtro.junta("individuo.nind=" + txtNind->text());
+    if (!txtNind->text().isEmpty()) filtro.junta("individuo.nind=" + numeroEmSQL(txtNind->text()));
     if (!txtNome->text().isEmpty()) filtro.junta("individuo.nome like '" + txtNome->text() + "'");
     if (preenchido(cmbTipoInd)) filtro.junta("individuo.tipo= '" + Trim(cmbTipoInd->text()) + "'");
     if (!sexo().isEmpty()) filtro.junta("individuo.sexo = '" + sexo() + "'");

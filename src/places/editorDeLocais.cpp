@@ -11,10 +11,20 @@
 
 #include <algorithm>
 
-void EditorDeLocais::ligaGrelha()
+void EditorDeLocais::ligaControlos()
 {
     opensOn(grelha_, ins_);
     connect(grelha_, &Grid::picked, this, &EditorDeLocais::grelha_Click);
+    connect(txtNome_, &TextBox::textEdited, this, &EditorDeLocais::txtNome_Edited);
+}
+
+// Names of places have no hyphens, as in the reference data: a hyphen begins the code in the text of a place.
+void EditorDeLocais::txtNome_Edited(const QString& texto)
+{
+    if (!texto.contains('-')) return;
+    const int onde = txtNome_->cursorPosition();
+    txtNome_->setText(QString(texto).replace('-', ' '));
+    txtNome_->setCursorPosition(onde);
 }
 
 void EditorDeLocais::Form_Load()
@@ -216,6 +226,7 @@ bool EditorDeLocais::recusaComTexto(const QString& mensagem, TextBox* campo, con
 void EditorDeLocais::elimina()
 {
     if (!posiciona() || !ask("Tem a certeza que deseja eliminar este registo?")) return;
+    exigeQueNinguemUse(valor(nivel().codigo));
     if (const auto descendentes = eliminacaoDosDescendentes(valor(nivel().codigo))) {
         jet::Transaction transaccao(cnBDP);
         cnBDP.execute(*descendentes);

@@ -55,7 +55,7 @@ protected:
         registos_ = &registos, grelha_ = grelha, regras_ = std::move(regras);
         txtCod_ = ui.txtCod, txtNome_ = ui.txtNome, txtObs_ = ui.txtObs;
         usaComandos(ui);
-        ligaGrelha();
+        ligaControlos();
     }
 
     virtual jet::NativeSql fonte() const = 0; // the source of the rows
@@ -68,6 +68,8 @@ protected:
     virtual QString codigoAGravar() const;
     virtual QString superior() const { return {}; } // the code of the level above
     virtual QString nomeAGravar() const;
+    // Throws an error that tells who uses a row that is to be deleted, if it can't be deleted therefore.
+    virtual void exigeQueNinguemUse(const QString&) const {}
     // Deletes what hangs on a row, before the row itself.
     virtual std::optional<jet::NativeSql> eliminacaoDosDescendentes(const QString&) const { return {}; }
     virtual const QList<ModeRow>& modos() const;
@@ -108,8 +110,9 @@ protected:
     MemoBox* txtObs_ = nullptr;
 
 private:
-    void ligaGrelha();
+    void ligaControlos();
     void grelha_Click();
+    void txtNome_Edited(const QString& texto);
     void preencheGrelha();
     void limpaCampos();
     void escreveCampos();

@@ -2,12 +2,12 @@
 
 #include "common/ficha.h"
 #include "common/marca.h"
-#include "common/numeros.h"
 #include "common/text.h"
+#include "places/usosDoLocal.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
-#include <cmath>
+#include <algorithm>
 
 void EditorProvisorio::carrega()
 {
@@ -18,7 +18,7 @@ void EditorProvisorio::carrega()
 void EditorProvisorio::Form_Unload()
 {
     if (!Forms::isUnloadingAll() && Forms::isLoaded(FrmLocalizacao::Name))
-        frmLocalizacao().retomaDoEditor(nivelSuperior_);
+        frmLocalizacao().retomaDoEditor(nivelSuperior_, txtCod_->text());
 }
 
 // The code is the program's matter.
@@ -50,13 +50,30 @@ void EditorProvisorio::elimina()
     if (posiciona() && provisorio("Não é possível eliminar este registo!")) EditorDeLocais::elimina();
 }
 
-// Kept: the last row of the order of texts. "100" stands before "99", so that behind 99 the same code comes again.
-QString EditorProvisorio::proximoCodigo()
+void EditorProvisorio::exigeQueNinguemUse(const QString& codigo) const
 {
-    double ultimo = 0;
-    if (registos_->hasRows()) {
-        registos_->recordset().moveLast();
-        ultimo = std::floor(numeroDoTexto(Mid(valor(nivel().codigo), nivel().inicio)));
-    }
-    return CodSup + textoDoNumero(ultimo + 1).rightJustified(2, '0');
+    const QString usos = usosDoLocal(nivel(), codigo);
+    if (!usos.isEmpty())
+        throw jet::Error{jet::number::notUpdatable, "Não é possível eliminar este registo: é usado por " + usos + "."};
+}
+
+// The number behind the code of the place above, however long that is; in a code that has another one before it, the
+// number at the place of the level.
+qlonglong EditorProvisorio::numeroDe(const QString& codigo) const
+{
+    const int inicio = codigo.startsWith(CodSup) ? int(CodSup.size()) + 1 : nivel().inicio;
+    return Mid(codigo, inicio).toLongLong();
+}
+
+// A longer code above may have taken the next one already, as site 101 of locality 10 is site 01 of locality 101.
+QString EditorProvisorio::proximoCodigo() const
+{
+    qlonglong numero = 0;
+    for (jet::Recordset linhas(cnBDP, nivel().locaisDe(CodSup)); !linhas.eof(); linhas.moveNext())
+        numero = std::max(numero, numeroDe(linhas[nivel().codigo].toString()));
+    QString codigo;
+    do
+        codigo = CodSup + QString::number(++numero).rightJustified(2, '0');
+    while (!jet::Recordset(cnBDP, nivel().nomeDe(codigo)).eof());
+    return codigo;
 }

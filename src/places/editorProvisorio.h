@@ -18,17 +18,20 @@ protected:
 
     // Whether the current row is the researcher's own; of a reference row the user is told.
     bool provisorio(const QString& mensagem);
-    // The code with the number behind that of the last row.
-    QString proximoCodigo();
+    // The code with the number behind the greatest one under the place above.
+    QString proximoCodigo() const;
 
     QString superior() const override { return CodSup; }
     QString nomeAGravar() const override;
     const QList<ModeRow>& modos() const override;
     void elimina() override;
+    void exigeQueNinguemUse(const QString& codigo) const override;
     void fecha() override { unload(); }
     void carrega() override;
     void Form_Unload() override;
 
 private:
+    qlonglong numeroDe(const QString& codigo) const;
+
     Nivel nivelSuperior_;
 };

@@ -3,12 +3,28 @@
 
 #include "common/modGeral.h"
 #include "common/text.h"
+#include "places/paisesPorNome.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
+
+#include <algorithm>
 
 FrmLocalizacao& frmLocalizacao()
 {
     return theForm<FrmLocalizacao>();
+}
+
+// What is chosen in the window is seen at once on the other one, as far as both have room.
+static void poeAoLado(const Form& janela, const Form& outra)
+{
+    QWidget* moldura = janela.parentWidget();
+    const QWidget* dela = outra.parentWidget();
+    if (!moldura || !dela || moldura->parentWidget() != dela->parentWidget()) return;
+    const int espaco = moldura->parentWidget()->width();
+    const QRect ocupado = dela->geometry();
+    int x = ocupado.right() + 1;
+    if (x + moldura->width() > espaco && ocupado.left() >= moldura->width()) x = ocupado.left() - moldura->width();
+    moldura->move(std::max(0, std::min(x, espaco - moldura->width())), ocupado.top());
 }
 
 FrmLocalizacao::FrmLocalizacao() : Form(Name)
@@ -16,6 +32,7 @@ FrmLocalizacao::FrmLocalizacao() : Form(Name)
     setupUi(this);
     fraLista->setVisible(pedidoDeLocal().origem != OrigemLoc::BDP); // a BDP's parish is no matter of the list
     listas_ = {cmbPais, cmbZona, cmbDistrito, cmbConcelho, cmbParoquia, cmbLugar, cmbS};
+    cmbPais->setView(new PaisesPorNome(cmbPais));
     editores_ = {nullptr, cmdZ, nullptr, nullptr, nullptr, cmdLug, cmdSit};
     for (const DadosDoNivel& dados : niveis)
         connect(lista(dados.nivel), &ComboBox::clicked, this, [this, nivel = dados.nivel] { lista_Click(nivel); });
@@ -60,7 +77,10 @@ void FrmLocalizacao::cmdSit_Click()
 void FrmLocalizacao::cmdLoc_Click()
 {
     guarded([&] {
-        if (Forms::show("frmPesq")) setEnabled(false);
+        Form* pesquisa = Forms::show("frmPesq");
+        if (!pesquisa) return;
+        poeAoLado(*pesquisa, *this);
+        setEnabled(false);
     });
 }
 
@@ -75,10 +95,11 @@ void FrmLocalizacao::abreEditor(const QString& nome, const QString& titulo, Nive
     }
 }
 
-void FrmLocalizacao::retomaDoEditor(Nivel superior)
+void FrmLocalizacao::retomaDoEditor(Nivel superior, const QString& codigo)
 {
     emit lista(superior)->clicked();
     setEnabled(true);
-    ComboBox* abaixo = lista(Nivel(int(superior) + 1));
-    if (isShown() && abaixo->count() > 1) Focus::setTo(abaixo);
+    const auto nivel = Nivel(int(superior) + 1);
+    if (!codigo.isEmpty()) escolhe(nivel, codigo);
+    if (isShown() && lista(nivel)->count() > 1) Focus::setTo(lista(nivel));
 }

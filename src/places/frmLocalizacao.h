@@ -23,15 +23,15 @@ public:
 
     FrmLocalizacao();
 
-    // The code of the place chosen in a level, from the numbers of its combos.
+    // The code of the place chosen in a level, as its table has it; "" where none is.
     QString codigoAte(Nivel nivel) const;
     // Chooses a place on the combos, from the top down; `superior` is the code of the place above, which countries and
     // districts have none of. Each choice fills the list of the next, so that one which isn't found ends the walk; so
     // does a list that is shut, as below the parishes where only a parish can be chosen.
     void mostraLocal(Nivel nivel, const QString& codigo, const QString& superior);
-    // The editor of the places below `superior` is closing: their list is read again, and gets the focus where it has
-    // places.
-    void retomaDoEditor(Nivel superior);
+    // The editor of the places below `superior` is closing: their list is read again, with the place of that code
+    // chosen, and gets the focus where it has places.
+    void retomaDoEditor(Nivel superior, const QString& codigo);
 
     void setVisible(bool visible) override;
 
@@ -46,13 +46,15 @@ private:
 
     // The combos, each filling the next
     void lista_Click(Nivel nivel);
-    bool desceAte(Nivel nivel);
+    void desceAte(Nivel nivel);
     void preencheAbaixo(Nivel nivel);
     void preenche(Nivel nivel, const jet::NativeSql& instrucao);
     void preenchePaises();
     void escolheParoquiaDaBDP();
     bool escolhePais(const QString& codigo);
-    bool escolhe(Nivel nivel, const QString& numero);
+    bool escolheAte(Nivel nivel, const QString& codigo, const QString& superior);
+    bool escolhe(Nivel nivel, const QString& codigo);
+    int indiceDe(Nivel nivel, const QString& codigo) const;
     void LocalEscolhido();
 
     // The working list
@@ -75,6 +77,7 @@ private:
     void abreEditor(const QString& nome, const QString& titulo, Nivel superior);
 
     std::array<ComboBox*, numNiveis> listas_;
+    std::array<QStringList, numNiveis> codigos_;     // of the entries of each list; "" of the blank one
     std::array<CommandButton*, numNiveis> editores_; // each opens with its list; null where a level has none here
 
     QString LocalNome; // the place now chosen on the combos

@@ -86,7 +86,7 @@ bool FrmLocalizacao::atribuiParoquia()
     }
     if (const PedidoDeLocal& pedido = pedidoDeLocal(); pedido.quemPede) pedido.recebe(LocalNome, {LocalCod, LocalTipo});
     CodParoquia = LocalCod;
-    CodPais = Mid(cmbPais->text(), 1, 2);
+    CodPais = codigoAte(Nivel::Pais);
     cnBDP.execute(dadosDe(Nivel::Paroquia).marca(LocalCod, Prioridade::DaBDP));
     return true;
 }

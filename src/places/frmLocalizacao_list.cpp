@@ -24,7 +24,8 @@ void FrmLocalizacao::cmdGuardar_Click()
                 return showMessage("O local que pretende adicionar já se encontra na lista!");
         }
         marcaLocal();
-        lstLocal->add(textoDoLocal(LocalNome, LocalTipo, LocalCod));
+        lstLocal->setListIndex(lstLocal->add(textoDoLocal(LocalNome, LocalTipo, LocalCod)));
+        lstLocal->scrollToItem(lstLocal->currentItem());
         cmdRem->setEnabled(lstLocal->listCount() > 0);
     });
 }

@@ -1,11 +1,13 @@
 #include "places/frmPesq.h"
 
+#include "common/marca.h"
 #include "common/modGeral.h"
 #include "places/frmLocalizacao.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QShortcut>
 
 namespace {
@@ -24,6 +26,47 @@ QString instrucaoDaProcura(const DadosDoNivel& nivel, const QString& texto)
            QString("%' order by ") + nivel.nome;
 }
 
+// The names of the places above one, the nearest first: "Miranda do Corvo, Coimbra". Of a district it isn't asked: all
+// are Portugal's.
+QString nomesAcima(Nivel nivel, QString codigo)
+{
+    QStringList nomes;
+    while (nivel != Nivel::Pais && nivel != Nivel::Distrito) {
+        const jet::Recordset local(cnBDP, dadosDe(nivel).superiorDe(codigo));
+        if (local.eof()) break;
+        codigo = local[0].toString();
+        nivel = nivel == Nivel::Zona ? Nivel::Pais : Nivel(int(nivel) - 1);
+        const jet::Recordset acima(cnBDP, dadosDe(nivel).nomeDe(codigo));
+        if (acima.eof()) break;
+        nomes << semMarca(acima[0].toString());
+    }
+    return nomes.join(", ");
+}
+
+// A place found. What stands above it is looked up when the pointer rests on it: a search may find thousands.
+class LocalAchado : public QTreeWidgetItem
+{
+public:
+    LocalAchado(QTreeWidget* lista, const DadosDoNivel& nivel, const QString& nome, const QString& codigo)
+        : QTreeWidgetItem(lista, {nome, nivel.palavra, codigo}), nivel_(nivel.nivel)
+    {
+        setData(Tipo, Qt::UserRole, int(nivel.nivel));
+    }
+
+    QVariant data(int coluna, int papel) const override
+    {
+        if (papel != Qt::ToolTipRole) return QTreeWidgetItem::data(coluna, papel);
+        try {
+            return nomesAcima(nivel_, text(Codigo));
+        } catch (const jet::Error&) {
+            return {}; // no box comes up because the pointer rests somewhere
+        }
+    }
+
+private:
+    Nivel nivel_;
+};
+
 } // namespace
 
 FrmPesq::FrmPesq() : Form(Name)
@@ -37,6 +80,9 @@ FrmPesq::FrmPesq() : Form(Name)
     for (const int tecla : {Qt::Key_Return, Qt::Key_Enter}) // the double click of the keyboard
         connect(new QShortcut(tecla, LV, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
                 &FrmPesq::LV_DblClick);
+    for (QCheckBox* caixa : caixas) // open until "Todos" is clicked: a level chosen first is meant instead of all
+        connect(caixa, &QCheckBox::clicked, chkLoc_0, [this] { chkLoc_0->setChecked(false); });
+    chkLoc_0->setChecked(true);
 }
 
 void FrmPesq::Form_Unload()
@@ -45,19 +91,24 @@ void FrmPesq::Form_Unload()
     if (Form* ficha = Forms::find(FrmLocalizacao::Name)) ficha->setEnabled(true);
 }
 
+void FrmPesq::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        cmdLoc_Click();
+    else
+        Form::keyPressEvent(event);
+}
+
 void FrmPesq::cmdLoc_Click()
 {
     guarded([&] {
         Hourglass ampulheta;
         LV->clear();
         for (const DadosDoNivel& nivel : niveis) {
-            const int indice = int(nivel.nivel);
-            if (!chkLoc_0->isChecked() && !caixas[indice]->isChecked()) continue;
+            if (!chkLoc_0->isChecked() && !caixas[int(nivel.nivel)]->isChecked()) continue;
             jet::Recordset locais(cnBDP, instrucaoDaProcura(nivel, txtSeq->text()));
-            for (; !locais.eof(); locais.moveNext()) {
-                auto* item = new QTreeWidgetItem(LV, {locais[1].toString(), nivel.palavra, locais[0].toString()});
-                item->setData(Tipo, Qt::UserRole, indice);
-            }
+            for (; !locais.eof(); locais.moveNext())
+                new LocalAchado(LV, nivel, locais[1].toString(), locais[0].toString());
         }
         lblRes->setText(QString::number(LV->topLevelItemCount()));
     });

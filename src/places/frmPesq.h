@@ -19,6 +19,7 @@ public:
 
 protected:
     void Form_Unload() override;
+    void keyPressEvent(QKeyEvent* event) override; // Return searches
 
 private:
     void cmdLoc_Click();

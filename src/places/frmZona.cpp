@@ -5,6 +5,8 @@
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
 
+#include <QRegularExpression>
+
 FrmZona::FrmZona() : EditorProvisorio(Name, Nivel::Pais)
 {
     setupUi(this);
@@ -56,7 +58,23 @@ QString FrmZona::codigoNovo()
 bool FrmZona::VerificaCampos(Passo passo)
 {
     if (!EditorProvisorio::VerificaCampos(passo)) return false;
-    return preenchido(cmbTipo) || recusa("Deve especificar o tipo de zona!", cmbTipo);
+    if (!preenchido(cmbTipo)) return recusa("Deve especificar o tipo de zona!", cmbTipo);
+    if (passo != Passo::Insercao || codigoDoPais()) return true;
+    return recusa("O código da zona é o do país (" + CodSup + ") seguido de um número!", txtCod);
+}
+
+// Whether the code is one of this country. None at all is left to the store, which refuses it.
+bool FrmZona::codigoDoPais() const
+{
+    static const QRegularExpression numero("^[0-9]{1,9}$");
+    const QString codigo = codigoAGravar();
+    return codigo.isEmpty() || (codigo.startsWith(CodSup) && numero.match(codigo.mid(CodSup.size())).hasMatch());
+}
+
+void FrmZona::abreAlteracao()
+{
+    EditorProvisorio::abreAlteracao();
+    txtCod->setLocked(true); // who was born in the zone points to its code
 }
 
 void FrmZona::limpaOutros()

@@ -19,6 +19,7 @@ protected:
     bool nomeRepetido(const QString& nome, Passo passo) const override;
     QString codigoNovo() override;
     bool VerificaCampos(Passo passo) override;
+    void abreAlteracao() override;
     const QList<ModeRow>& modos() const override;
     void limpaOutros() override;
     void mostraOutros(const jet::Recordset& linha) override;
@@ -26,5 +27,7 @@ protected:
     void carrega() override;
 
 private:
+    bool codigoDoPais() const;
+
     jet::DataControl adoZona{cnBDP};
 };

@@ -12,6 +12,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/statusline.h"
 #include "shell/beginSession.h"
 #include "store/frmBack.h"
 #include "store/modBD.h"
@@ -78,14 +79,19 @@ void FrmORV::switchOffItems()
     ui->mnuTipIn->setVisible(false);
 }
 
+void FrmORV::showCredits()
+{
+    showStatus(QStringLiteral("%1 (31/08/2004 - V. %2.%3.%4)")
+                   .arg(creditos)
+                   .arg(ORV_VERSION_MAJOR)
+                   .arg(ORV_VERSION_MINOR)
+                   .arg(ORV_VERSION_REVISION));
+}
+
 void FrmORV::Form_Load(const QString& commandLine)
 {
     guarded([&] {
-        ui->SB->showMessage(QStringLiteral("%1 (31/08/2004 - V. %2.%3.%4)")
-                                .arg(creditos)
-                                .arg(ORV_VERSION_MAJOR)
-                                .arg(ORV_VERSION_MINOR)
-                                .arg(ORV_VERSION_REVISION));
+        showCredits();
         CodParoquia.clear();
         if (commandLine.isEmpty()) return setSessionMenus(false);
 
@@ -126,6 +132,7 @@ void FrmORV::mudaBDP(const QString& operacao)
         if (!ask("Deseja fechar a BDP em tratamento?")) return;
 
         Forms::unloadAll();
+        showCredits();  // what was told last belongs to the BDP that is being left
         beginSession(); // a search left behind would bar every insert in the next BDP
         CodParoquia.clear();
         // The dialog names the parish that is being left: it reads the caption while it loads, before the caption

@@ -45,6 +45,7 @@ private:
     void mnuAcerca_Click();
     void mnuSair_Click();
 
+    void showCredits(); // in the status bar
     void connectMenus();
     void switchOffItems();
     void mudaBDP(const QString& operacao);

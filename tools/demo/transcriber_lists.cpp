@@ -6,16 +6,16 @@ namespace demo {
 namespace {
 
 // Codes of prof.dat; the commonest stand more than once.
-const QList<int> tradesOfMen{384, 384, 384, 384, 384, 368, 368, 368, 153, 153,  // lavrador, jornaleiro, caseiro
-                             459, 580, 27,  138, 306, 497, 618, 614, 33,  609}; // moleiro, sapateiro ... taberneiro
-const QList<int> tradesOfWomen{617, 617, 308, 308, 485, 208, 216, 216, 492};    // tecedeiro, fiandeiro ... parteira
-const QList<int> tradesOfNobles{132, 465, 540}; // capitão de ordenanças ... proprietário
-constexpr int servant = 453;                    // moço de lavoura
-constexpr int parishPriestTrade = 491, priestTrade = 486;
+const QList<int> tradesOfMen{401, 401, 401, 401, 401, 384, 384, 384, 156, 156,  // lavrador, jornaleiro, caseiro
+                             479, 604, 28,  141, 317, 518, 645, 640, 34,  635}; // moleiro, sapateiro ... taberneiro
+const QList<int> tradesOfWomen{643, 643, 319, 319, 505, 212, 220, 220, 513};    // tecedeira, fiandeira ... parteira
+const QList<int> tradesOfNobles{135, 485, 562}; // capitão de ordenanças ... proprietário
+constexpr int servant = 471;                    // moço de lavoura
+constexpr int parishPriestTrade = 512, priestTrade = 507;
 constexpr int workingFrom = 16;
 
-const QList<Local> overseas{{"0219", "Z"}, {"0219", "Z"}, {"0219", "Z"}, {"025", "Z"},
-                            {"025", "Z"},  {"0213", "Z"}, {"0217", "Z"}, {"02", "P"}};
+const QList<Local> overseas{{"1528", "Z"}, {"1528", "Z"}, {"1528", "Z"}, {"1514", "Z"},
+                            {"1514", "Z"}, {"1522", "Z"}, {"1526", "Z"}, {"15", "P"}}; // Rio de Janeiro ... Brasil
 const QStringList faces{"Rosto comprido", "Rosto redondo", "Rosto bexigoso", "Rosto moreno"};
 const QStringList eyes{"olhos castanhos", "olhos pretos", "olhos azuis", "olhos pardos"};
 const QStringList hair{"cabelo preto", "cabelo castanho", "cabelo louro", "cabelo ruivo", "cabelo crespo"};

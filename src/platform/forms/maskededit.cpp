@@ -2,6 +2,23 @@
 #include "platform/forms/editkeys.h"
 
 #include <QMouseEvent>
+#include <QRegularExpression>
+
+namespace {
+
+// d/m/yyyy and ddmmyyyy in the form that every date is shown in; whether the calendar has the day is not asked here.
+QString completed(const QString& text)
+{
+    static const QRegularExpression separated(QStringLiteral("^([0-9]{1,2})/([0-9]{1,2})/([0-9]{4})$"));
+    static const QRegularExpression together(QStringLiteral("^([0-9]{2})([0-9]{2})([0-9]{4})$"));
+    auto match = separated.match(text);
+    if (!match.hasMatch()) match = together.match(text);
+    if (!match.hasMatch()) return text;
+    const auto two = [&](int part) { return match.captured(part).rightJustified(2, u'0'); };
+    return two(1) + u'/' + two(2) + u'/' + match.captured(3);
+}
+
+} // namespace
 
 MaskedEdit::MaskedEdit(QWidget* parent) : QLineEdit(parent)
 {
@@ -17,6 +34,7 @@ void MaskedEdit::setMask(const QString& mask)
     QString input = mask;
     input.replace('#', '9');
     setInputMask(input.isEmpty() ? QString() : input + QLatin1String(";_"));
+    setPlaceholderText(mask.isEmpty() ? QStringLiteral("dd/mm/aaaa") : QString());
     QLineEdit::setText(before);
     home(false);
     if (selected && !isBlank()) selectAll();
@@ -53,6 +71,9 @@ void MaskedEdit::showPlain(const QString& text)
 
 bool MaskedEdit::event(QEvent* event)
 {
+    if (event->type() == QEvent::FocusOut && mask_.isEmpty()) { // before the field's leave routine reads it
+        if (const QString whole = completed(text()); whole != text()) setText(whole);
+    }
     return leftToMenus(event) ? false : QLineEdit::event(event);
 }
 

@@ -42,7 +42,12 @@ std::optional<QDate> typedDate(const QString& text, bool monthFirst)
 
 std::optional<QDate> readDate(const QString& text)
 {
-    return typedDate(text, false);
+    static const QRegularExpression separated(QStringLiteral("^([0-9]{1,2})/([0-9]{1,2})/([0-9]{4})$"));
+    static const QRegularExpression together(QStringLiteral("^([0-9]{2})([0-9]{2})([0-9]{4})$"));
+    auto match = separated.match(text);
+    if (!match.hasMatch()) match = together.match(text);
+    if (!match.hasMatch()) return {};
+    return date(match.captured(3).toInt(), match.captured(2).toInt(), match.captured(1).toInt());
 }
 
 std::optional<QDate> readDateEitherWay(const QString& text)

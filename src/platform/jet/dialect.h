@@ -14,11 +14,11 @@ struct sqlite3;
 
 namespace jet {
 
-// A date typed by the user: exactly dd/mm/yyyy, four digits for the year (100 to 9999), in the proleptic Gregorian
-// calendar. Nothing else is a date.
+// A date typed by the user: dd/mm/yyyy, where a day or a month below 10 may go without its nought, or the eight digits
+// alone; four digits for the year (100 to 9999), in the proleptic Gregorian calendar. Nothing else is a date.
 std::optional<QDate> readDate(const QString& text);
 
-// The same where a statement takes a text: day first, and where that is no date, month first.
+// Where a statement takes a text, dd/mm/yyyy with all its digits: day first, and where that is no date, month first.
 std::optional<QDate> readDateEitherWay(const QString& text);
 
 // One statement of the dialect in the engine's own. Throws Error (invalidStatement) for a date literal that is no date,

@@ -11,10 +11,12 @@ namespace {
 
 TEST(DateText, IsADateWhereTheCalendarHasItDayFirst)
 {
-    for (const char* texto : {"09/03/1750", "29/02/1752", "31/12/0999", "15/10/1582", "10/10/1582", "13/02/1800"})
+    for (const char* texto : {"09/03/1750", "29/02/1752", "31/12/0999", "15/10/1582", "10/10/1582", "13/02/1800",
+                              "1/3/1750", "9/12/1750", "09031750"})
         EXPECT_TRUE(eData(texto)) << texto;
-    for (const char* texto : {"31/02/1750", "29/02/1700", "02/13/1800", "1/3/1750", "09/03/50", "09-03-1750",
-                              "__/__/____", "1_/__/____", "", "abc", "00/01/1800", "09/03/1750 "})
+    for (const char* texto :
+         {"31/02/1750", "29/02/1700", "02/13/1800", "1/13/1750", "09/03/50", "31021700", "1/3/150", "9031750",
+          "09-03-1750", "__/__/____", "1_/__/____", "", "abc", "00/01/1800", "09/03/1750 "})
         EXPECT_FALSE(eData(texto)) << texto;
 }
 
@@ -32,8 +34,18 @@ TEST(DateText, ShowsAStoredDateDayFirst)
     EXPECT_EQ(textoDaData(QVariant()), "");
 }
 
+TEST(DateText, OfAStatementIsTheDayThatTheStoreReadsInWords)
+{
+    EXPECT_EQ(diaDoLiteral("09/03/1750"), "3 de Setembro de 1750");
+    EXPECT_EQ(diaDoLiteral("25/03/1699"), "25 de Março de 1699");
+    EXPECT_EQ(diaDoLiteral("31/02/1750"), "");
+    EXPECT_EQ(diaDoLiteral("__/__/____"), "");
+}
+
 TEST(DateText, GoesIntoStatementsMonthFirst)
 {
+    EXPECT_EQ(literalDaData("9/3/1750"), "#03/09/1750#");
+    EXPECT_EQ(literalDaData("09031750"), "#03/09/1750#");
     EXPECT_EQ(literalDaData("09/03/1750"), "#03/09/1750#");
     EXPECT_EQ(literalDaData("25/12/1699"), "#12/25/1699#");
     EXPECT_THROW(literalDaData("31/02/1750"), jet::Error);

@@ -42,6 +42,12 @@ TEST_F(SharedLists, AnEntryIsFoundByItsNumber)
     EXPECT_EQ(ProcuraItemData(lista, " 3 "), 3);
 }
 
+TEST_F(SharedLists, AFractionOfAColumnIsNotReadAsThousands)
+{
+    lista.add("Mil", 1125);
+    EXPECT_EQ(ProcuraItemData(lista, 1.125), -1);
+}
+
 TEST_F(SharedLists, TheNumberZeroFindsTheBlankEntry)
 {
     EXPECT_EQ(ProcuraItemData(lista, 0), 0);

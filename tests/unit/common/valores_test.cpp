@@ -67,8 +67,8 @@ TEST(Numero, OfAFieldIsReadAsEveryNumberIs)
 {
     EXPECT_EQ(Nfam::doCampo(" 30,5 ").valor(), 30.5);
     EXPECT_EQ(Nfam::doCampo("30.5").valor(), 30.5);
-    EXPECT_EQ(Nfam::doCampo("1e3").valor(), 1000);
-    for (const char* text : {"", "  ", "3a", "inf", "nan"})
+    EXPECT_EQ(Nfam::doCampo("12.000").valor(), 12000);
+    for (const char* text : {"", "  ", "3a", "1e3", "inf", "nan"})
         EXPECT_EQ(errorOf([&] { Nfam::doCampo(text); }), jet::number::typeMismatch) << text;
 }
 
@@ -139,11 +139,11 @@ TEST(Numero, IsOneKeyOfASetHoweverItWasWritten)
     EXPECT_FALSE(people.contains(Nind(0)));
 }
 
-TEST(Numero, IsFollowedByTheNextOneAndTheFirstIsOne)
+TEST(Numero, IsFollowedByTheNextWholeOneAndTheFirstIsOne)
 {
     EXPECT_EQ(Nfam().seguinte().texto(), "1");
     EXPECT_EQ(Nfam(41).seguinte().texto(), "42");
-    EXPECT_EQ(Nfam(30.5).seguinte().texto(), "31.5");
+    EXPECT_EQ(Nfam(30.5).seguinte().texto(), "31");
 }
 
 TEST(LocalDaLinha, HasTheCodeAndTheLevelOfTheRowAndNothingForNull)

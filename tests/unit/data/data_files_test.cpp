@@ -2,6 +2,7 @@
 #include "datafolder.h"
 
 #include "platform/desktop/codepage.h"
+#include "platform/jet/alphabet.h"
 
 #include <gtest/gtest.h>
 
@@ -40,6 +41,12 @@ QStringList unlike(const QStringList& values, const QString& pattern)
     for (const QString& value : values)
         if (!whole.match(value).hasMatch()) others << value;
     return others;
+}
+
+bool inAlphabeticalOrder(const QStringList& names)
+{
+    return std::ranges::is_sorted(
+        names, [](const QString& a, const QString& b) { return jet::compareAlphabetically(a, b) < 0; });
 }
 
 QStringList zipped(const QStringList& first, const QStringList& second)
@@ -104,7 +111,7 @@ TEST(DataFiles, NameNoPlaceWithAHyphenOrAMarkOfTheResearcher)
 {
     for (const Table& place : places)
         expectNone(unlike(content(place.file).column(place.name), "[^-*]+"), place.file);
-    expectNone(unlike(content("prof.dat").column("profissao"), "[^-*]+"), "prof.dat");
+    expectNone(unlike(content("prof.dat").column("profissao"), "[^*]+"), "prof.dat");
     expectNone(unlike(content("dados.dat").column("descricao"), "[^*]+"), "dados.dat");
 }
 
@@ -137,7 +144,7 @@ TEST(DataFiles, HaveTheParentOfEveryPlace)
 TEST(DataFiles, GiveCodesOfTheFormThatThePickerRebuilds)
 {
     expectNone(unlike(content("paises.dat").column("codpais"), "PT|[0-9]{2}"), "paises.dat");
-    expectNone(unlike(content("zonas.dat").column("codzona"), "[0-9]{2}[1-9][0-9]*"), "zonas.dat");
+    expectNone(unlike(content("zonas.dat").column("codzona"), "[0-9]{2}[1-9][0-9]"), "zonas.dat");
     expectNone(unlike(content("distrito.dat").column("coddistrito"), "[0-9]{2}"), "distrito.dat");
     expectNone(unlike(content("concelho.dat").column("codconcelho"), "[0-9]{4}"), "concelho.dat");
     expectNone(unlike(content("freguesia.dat").column("codparoquia"), "[0-9]{6}"), "freguesia.dat");
@@ -149,22 +156,39 @@ TEST(DataFiles, GiveCodesOfTheFormThatThePickerRebuilds)
     }
 }
 
-TEST(DataFiles, NumberTheZonesOfACountryFromOneWithoutAGap)
+// Two digits each: the greatest code of a country is then the same as a text and as a number, and the next one is free.
+TEST(DataFiles, NumberTheZonesOfACountryFromTenWithoutAGapInTheOrderOfTheirNames)
 {
-    QHash<QString, int> last;
-    for (const QStringList& row : content("zonas.dat").rows)
-        EXPECT_EQ(row[0], row[2] + QString::number(++last[row[2]]));
+    QHash<QString, QStringList> names;
+    for (const QStringList& row : content("zonas.dat").rows) {
+        QStringList& before = names[row[2]];
+        EXPECT_EQ(row[0], row[2] + QString::number(10 + before.size()));
+        before << row[1];
+    }
+    for (const QStringList& zones : names)
+        EXPECT_TRUE(inAlphabeticalOrder(zones)) << qUtf8Printable(zones.join(" | "));
+}
+
+TEST(DataFiles, NumberTheCountriesInTheOrderOfTheirNamesBehindTheOneThatIsNotKnown)
+{
+    QStringList names = content("paises.dat").column("nomepais");
+    ASSERT_EQ(names.size(), 101);
+    EXPECT_EQ(names.takeFirst(), "País não identificado");
+    EXPECT_EQ(names.takeLast(), "Portugal");
+    EXPECT_TRUE(inAlphabeticalOrder(names)) << qUtf8Printable(names.join(" | "));
+    for (const char* name : {"Andorra", "Marrocos", "Myanmar", "Omã", "Singapura"})
+        EXPECT_TRUE(names.contains(name)) << name;
+    const QStringList codes = content("paises.dat").column("codpais");
+    for (int i = 0; i < 100; ++i)
+        EXPECT_EQ(codes[i], QString::number(i).rightJustified(2, '0'));
 }
 
 TEST(DataFiles, StandInTheOrderOfTheirCodes)
 {
     for (const Table& place : places) {
-        if (place.table == "zonapais") continue; // unpadded numbers, see above
         const QStringList codes = content(place.file).column(place.code);
         EXPECT_TRUE(std::ranges::is_sorted(codes)) << qUtf8Printable(place.file);
     }
-    const Content zones = content("zonas.dat");
-    EXPECT_TRUE(std::ranges::is_sorted(zones.column("codpais")));
     const QStringList professions = content("prof.dat").column("codprof");
     EXPECT_TRUE(std::ranges::is_sorted(professions, {}, [](const QString& code) { return code.toInt(); }));
     const auto key = [](const QStringList& row) { return std::tuple(row[0], row[1] == "T", row[1].toInt()); };
@@ -196,6 +220,22 @@ TEST(DataFiles, NameFourHundredProfessionsAndMore)
     EXPECT_GE(professions.rows.size(), 400);
     expectNone(unlike(professions.column("codprof"), "[1-9][0-9]*"), "prof.dat");
     expectNone(unlike(professions.column("obs"), "|HISCO [0-9]{5}"), "prof.dat");
+    const QStringList names = professions.column("profissao");
+    EXPECT_TRUE(inAlphabeticalOrder(names)); // codprof is their order
+    for (const char* name : {"Lavadeira", "Tecedeira", "Fiandeira", "Costureira", "Padeira", "Regateira",
+                             "Criada de servir", "Cabaneiro", "Serviçal", "Moço de soldada", "Freira", "Abadessa",
+                             "Mestre-escola", "Fidalgo", "Familiar do Santo Ofício", "Cavaleiro do hábito de Cristo"})
+        EXPECT_TRUE(names.contains(name)) << name;
+}
+
+// A code once given keeps its meaning: what is new stands behind the last one.
+TEST(DataFiles, NameTheKinshipOfASideAndThatOfNone)
+{
+    const QStringList values = lines("dados.dat").filter(QRegularExpression("^Paren;"));
+    for (const char* kin :
+         {"Paren;5;Avô paterno", "Paren;19;Tio paterno", "Paren;29;Tio-avô", "Paren;33;Primo direito", "Paren;73;Avô",
+          "Paren;74;Avó", "Paren;75;Tio", "Paren;76;Tia", "Paren;77;Primo", "Paren;78;Prima"})
+        EXPECT_TRUE(values.contains(kin)) << kin;
 }
 
 TEST(DataFiles, FillEveryCategoryOfTheSchemaAndNoOther)

@@ -163,7 +163,7 @@ TEST_F(DemoRecords, TellsWhatPeopleDid)
                "profissao)");
     expectAlive("profissoes", "nind", "dataref");
     expectNumbered("profissoes", "idprofissao");
-    expectNone("select nind from profissoes where codprof = 491 and nind not in (select nind from individuo where "
+    expectNone("select nind from profissoes where codprof = 512 and nind not in (select nind from individuo where "
                "titulo = 'Padre')");
 }
 

@@ -195,6 +195,37 @@ TEST_F(MaskedEditTest, WithoutItsMaskItIsAPlainField)
     EXPECT_EQ(field->text(), "09/03/1750 ?");
 }
 
+TEST_F(MaskedEditTest, WithoutItsMaskAnEmptyFieldTellsTheFormOfADate)
+{
+    auto* field = shown<MaskedEdit>();
+    EXPECT_EQ(field->placeholderText(), "");
+    field->showPlain({});
+    EXPECT_EQ(field->placeholderText(), "dd/mm/aaaa");
+    field->clearMasked();
+    EXPECT_EQ(field->placeholderText(), "");
+}
+
+TEST_F(MaskedEditTest, WithoutItsMaskADateIsCompletedWhenTheFieldIsLeft)
+{
+    auto* field = shown<MaskedEdit>();
+    const std::pair<const char*, const char*> typed[] = {
+        {"9/3/1750", "09/03/1750"}, {"09031750", "09/03/1750"}, {"31/2/1750", "31/02/1750"}, {"9/3/50", "9/3/50"},
+        {"9-3-1750", "9-3-1750"},   {"amanhã", "amanhã"},       {"19/3/1750", "19/03/1750"}, {"", ""},
+    };
+    for (const auto& [text, left] : typed) {
+        QString seen;
+        Focus::watch(field, {}, [&] { seen = field->text(); });
+        field->showPlain({});
+        Focus::setTo(field);
+        field->setText(QString::fromUtf8(text));
+        EXPECT_EQ(field->text(), QString::fromUtf8(text));
+        Focus::release();
+        EXPECT_EQ(field->text(), QString::fromUtf8(left));
+        EXPECT_EQ(seen, QString::fromUtf8(left)); // the leave routine meets it complete
+    }
+    Focus::watch(field, {}, {});
+}
+
 TEST_F(MaskedEditTest, ChangingTheMaskKeepsTheTextThatFits)
 {
     auto* field = shown<MaskedEdit>();

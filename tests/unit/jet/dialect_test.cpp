@@ -314,18 +314,22 @@ TEST_F(TheDialect, KeepsTheFileOpenToAnyToolOfTheEngine)
     EXPECT_EQ(rows("select nome, datanasc from individuo where nind = 99"), "ZÉ|02/01/1750");
 }
 
-TEST(DatesOfTheUser, AreReadDayFirstWithAllTheirDigits)
+TEST(DatesOfTheUser, AreReadDayFirstWithOrWithoutNoughtsAndStrokes)
 {
     EXPECT_EQ(readDate(QStringLiteral("05/03/1750")), QDate(1750, 3, 5));
     EXPECT_EQ(readDate(QStringLiteral("29/02/1704")), QDate(1704, 2, 29));
     EXPECT_EQ(readDate(QStringLiteral("15/10/1582")), QDate(1582, 10, 15));
     EXPECT_EQ(readDate(QStringLiteral("10/10/1582")), QDate(1582, 10, 10));
-    for (const char* text : {"5/3/1750", "29/02/1700", "01/13/1750", "01/01/99", "01/01/0099", " 05/03/1750",
-                             "05-03-1750", "1750-03-05", "__/__/____", "", "05/03/17500", "٠١/٠١/١٧٥٠"})
+    for (const char* text : {"5/3/1750", "05/3/1750", "05031750"})
+        EXPECT_EQ(readDate(QString::fromUtf8(text)), QDate(1750, 3, 5)) << text;
+    for (const char* text :
+         {"29/02/1700", "5/13/1750", "5/3/50", "5031750", "5/31750", "005/03/1750", "01/13/1750", "01/01/99",
+          "01/01/0099", " 05/03/1750", "05-03-1750", "1750-03-05", "__/__/____", "", "05/03/17500", "٠١/٠١/١٧٥٠"})
         EXPECT_FALSE(readDate(QString::fromUtf8(text))) << text;
     EXPECT_EQ(readDateEitherWay(QStringLiteral("01/13/1750")), QDate(1750, 1, 13));
     EXPECT_EQ(readDateEitherWay(QStringLiteral("05/03/1750")), QDate(1750, 3, 5));
     EXPECT_FALSE(readDateEitherWay(QStringLiteral("31/31/1750")));
+    EXPECT_FALSE(readDateEitherWay(QStringLiteral("5/3/1750")));
 }
 
 } // namespace jet::test

@@ -4,10 +4,13 @@
 #include "common/pedidoDeLocal.h"
 #include "forms/house.h"
 #include "individuals/pedido.h"
+#include "places/frmPesq.h"
 #include "shell/beginSession.h"
 #include "store/session.h"
 
+#include <QMdiSubWindow>
 #include <QTemporaryDir>
+#include <QTreeWidget>
 
 namespace {
 
@@ -168,11 +171,12 @@ TEST_F(Picker, LeavesLocalitiesAndSitesOutForTheFuneralsPriest)
     list("cmbLugar").setText("Outeiro");
     list("cmbS").setText("Fonte");
     chamada().comeca({.origem = OrigemInd::PadreDoFuneral, .espera = false});
+    Answer already("OK");
     click("cmdGuardar");
-    EXPECT_EQ(control<ListBox>("lstLocal").list(2), "São Mamede -F- 0303030101"); // the code stays the deeper one
+    EXPECT_EQ(control<ListBox>("lstLocal").listCount(), 2); // the parish is on the list already
     chamada().desiste();
-    click("cmdGuardar"); // the same code under its own letter
-    EXPECT_EQ(control<ListBox>("lstLocal").list(3), "Fonte -S- 0303030101");
+    click("cmdGuardar");
+    EXPECT_EQ(control<ListBox>("lstLocal").list(2), "Fonte -S- 0303030101");
 }
 
 TEST_F(Picker, OpensAnEditorUnderTheNameOfItsPlaceAndWaitsForIt)
@@ -199,6 +203,36 @@ TEST_F(Picker, OpensAnEditorUnderTheNameOfItsPlaceAndWaitsForIt)
     EXPECT_EQ(caption("frmZona"), "Zonas de 01 - Espanha");
     click("cmdLoc");
     EXPECT_FALSE(frmLocalizacao().isEnabled());
+}
+
+TEST_F(Picker, OpensTheSearchBesideItself)
+{
+    Forms::add(FrmPesq::Name, [] { return new FrmPesq; });
+    window.resize(1600, 900);
+    pedeLocal({});
+    frmLocalizacao().parentWidget()->setGeometry(10, 20, 500, 400);
+    click("cmdLoc");
+    const QRect search = Forms::find(FrmPesq::Name)->parentWidget()->geometry();
+    EXPECT_FALSE(search.intersects(frmLocalizacao().parentWidget()->geometry()));
+    EXPECT_TRUE(area->viewport()->rect().contains(search));
+}
+
+TEST_F(Picker, TellsThePlacesAboveOneThatWasFound)
+{
+    Forms::add(FrmPesq::Name, [] { return new FrmPesq; });
+    pedeLocal({});
+    click("cmdLoc");
+    auto& pesquisa = theForm<FrmPesq>();
+    const auto chain = [&](const char* nome) {
+        pesquisa.findChild<TextBox*>("txtSeq")->setText(nome);
+        pesquisa.findChild<CommandButton*>("cmdLoc")->click();
+        const auto* list = pesquisa.findChild<QTreeWidget*>("LV");
+        return list->topLevelItem(list->topLevelItemCount() - 1)->toolTip(0);
+    };
+    EXPECT_EQ(chain("Fonte"), "Outeiro, São Mamede, Braga, Braga");
+    EXPECT_EQ(chain("São Mamede"), "Braga, Braga");
+    EXPECT_EQ(chain("Galiza"), "Espanha");
+    EXPECT_EQ(chain("Espanha"), "");
 }
 
 TEST_F(Picker, CanBeSetByTheProgramWhileItIsDisabled)

@@ -1,0 +1,11 @@
+#include "platform/forms/statusline.h"
+
+#include "platform/forms/forms.h"
+
+#include <QStatusBar>
+
+void showStatus(const QString& text)
+{
+    const QWidget* window = Forms::mainWindow();
+    if (auto* bar = window ? window->findChild<QStatusBar*>() : nullptr) bar->showMessage(text);
+}
