@@ -26,6 +26,8 @@ protected:
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
+    bool podeMudarDeDono() const override { return comandos_.passo() == Passo::Repouso; }
+    void volta() override;
 
 private:
     void AplicarModo(Modo modo);
@@ -38,4 +40,5 @@ private:
     void terminaEdicao();
 
     Comandos comandos_;
+    QString DataActo; // taken when the form opens, as the card moves away in a pick
 };

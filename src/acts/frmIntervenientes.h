@@ -18,7 +18,8 @@
 
 #include <utility>
 
-// The cards stay enabled beside it: number and date of the act are copies, taken from the card at the load.
+// The cards stay enabled beside it: the number of the act is a copy, and the date is read from the card at the load and
+// at every addition.
 class FrmIntervenientes : public JanelaDoDono, private Ui::FrmIntervenientes
 {
     Q_OBJECT
@@ -32,6 +33,8 @@ protected:
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
+    bool podeMudarDeDono() const override;
+    void volta() override;
 
 private:
     // One of the two places for a priest.
@@ -76,6 +79,7 @@ private:
     void PreencheLinha(int linha);
     void dtInterv_Click();
     void cmdIns_Click();
+    void releData();
     void cmdAlt_Click();
     void cmdElim_Click();
     void confirmaAdicao();

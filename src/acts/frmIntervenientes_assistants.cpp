@@ -53,6 +53,7 @@ void FrmIntervenientes::ActualizaCampos()
         if (linha.eof()) linha.movePrevious();
         if (linha.bof()) linha.moveNext();
     }
+    dtInterv->setRow(linha.absolutePosition());
     txtIndAss->setText(textoDoNumero(linha["nind"]));
     assistente->mostra(linha);
     // Kept: the columns decide, not the act.
@@ -102,12 +103,21 @@ void FrmIntervenientes::cmdIns_Click()
     guarded([&] {
         if (assistentes_.passo() == Passo::Insercao) return confirmaAdicao();
         if (EmPesquisa) return;
+        releData();
         LimpaCampos();
         AplicarModo(Modo::Edi);
         assistentes_.passaA(Passo::Insercao);
         cmdElim->setEnabled(false);
         Focus::setTo(assistente->optassistente_0);
     });
+}
+
+// The act may have another date by now. A card that shows another one, or searches, says nothing of this one.
+void FrmIntervenientes::releData()
+{
+    Ficha* ficha = donoDaJanela().ficha;
+    if (!ficha || ficha->modo() == Modo::Loc || ficha->numero() != txtNum->text()) return;
+    mskData->showPlain(ficha->dono().data);
 }
 
 // "&Alterar", or the end of an edit: the confirmation of an alteration, the cancel of an addition.
@@ -137,7 +147,7 @@ void FrmIntervenientes::cmdElim_Click()
 // The date of the act is copied here, and never written again.
 void FrmIntervenientes::confirmaAdicao()
 {
-    if (!temObrigatorios()) return;
+    if (!donoGuardado() || !temObrigatorios()) return;
     Valores valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
     valores += valoresDoParentesco() + valoresDoAssistente();
     adoInterv.recordset().addNew();
@@ -146,7 +156,7 @@ void FrmIntervenientes::confirmaAdicao()
 
 void FrmIntervenientes::confirmaAlteracao()
 {
-    if (temObrigatorios()) gravaLinha(valoresDoParentesco() + valoresDoAssistente());
+    if (donoGuardado() && temObrigatorios()) gravaLinha(valoresDoParentesco() + valoresDoAssistente());
 }
 
 bool FrmIntervenientes::temObrigatorios()
@@ -196,16 +206,11 @@ void FrmIntervenientes::terminaEdicao()
     ActualizaCampos();
 }
 
-// Kept: the date is in the statement day first. If it can be read month first, it is, and the statement misses the row;
-// otherwise it deletes every row of that person at the act.
+// The row shown, and no other one of the same person.
 void FrmIntervenientes::eliminaAssistente()
 {
-    jet::Recordset& linha = adoInterv.recordset();
     try {
-        cnBDP.execute("delete from assistente where dataref = #" + textoDaData(linha["dataref"]) + "# and entidade = " +
-                      textoDoNumero(linha["entidade"]) + " and nind = " + textoDoNumero(linha["nind"]) +
-                      " and tipoacto = '" + (casamento() ? "c" : "b") + "'");
-        linha.deleteRow();
+        adoInterv.recordset().deleteRow();
     } catch (const jet::Error& erro) {
         if (erro.number != jet::number::noCurrentRow) throw; // the row was gone already
     }

@@ -12,6 +12,7 @@
 void FrmInd::iniciaInsercao()
 {
     abreInsercao();
+    cmdTest->setEnabled(false); // there is no row yet that could name an executor
     propoeIndividuo();
 }
 
@@ -24,6 +25,7 @@ void FrmInd::propoeIndividuo()
     } else {
         txtNind->setText("1");
     }
+    txtNind->setLocked(false);
     ProcuraTexto(*cmbTipoInd, "T");
     Tipo = "T";
     Focus::setTo(txtNome);
@@ -53,8 +55,12 @@ void FrmInd::confirmaInsercao()
 
 void FrmInd::cancelaInsercao()
 {
+    largaActoPorGuardar();
     fechaEdicao();
-    if (adoInd.hasRows()) poeListaNoNumero(NindCorrente.texto());
+    if (adoInd.hasRows()) {
+        poeListaNoNumero(NindCorrente.texto());
+        if (adoInd.recordset().eof()) adoInd.recordset().moveFirst(); // nobody has the number looked for last
+    }
     ActualizaCampos(adoInd.recordset());
     permiteAtribuir();
 }
@@ -74,17 +80,23 @@ void FrmInd::iniciaAlteracao()
 void FrmInd::confirmaAlteracao()
 {
     const Hourglass ampulheta;
-    if (!temObrigatorios("confirmar a alteração!")) return;
+    // Where the card consults, an executor is being chosen: it shows somebody else, and nothing typed is left to store.
+    if (modo() == Modo::Edi && !gravaAlteracao()) return;
+    fechaEdicao();
+    acabaEscolhaDoTestamenteiro();
+    if (const auto& segue = chamada().pedido().segueAlteracao) segue(*this);
+    permiteAtribuir();
+}
 
+bool FrmInd::gravaAlteracao()
+{
+    if (!temObrigatorios("confirmar a alteração!")) return false;
     for (const auto& [coluna, valor] : valoresDaAlteracao())
         adoNind.recordset().set(coluna, valor);
     adoNind.recordset().update();
     adoNind.refresh();
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
-
-    fechaEdicao();
-    if (const auto& segue = chamada().pedido().segueAlteracao) segue(*this);
-    permiteAtribuir();
+    return true;
 }
 
 void FrmInd::cancelaAlteracao()
@@ -92,6 +104,7 @@ void FrmInd::cancelaAlteracao()
     fechaEdicao();
     poeListaNoNumero(txtNind->text()); // the menu may have moved the list meanwhile
     ActualizaCampos(adoInd.recordset());
+    acabaEscolhaDoTestamenteiro();
     permiteAtribuir();
 }
 

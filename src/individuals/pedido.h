@@ -70,13 +70,14 @@ class Chamada
 public:
     const PedidoDeIndividuo& pedido() const { return pedido_; }
     OrigemInd origem() const { return pedido_.origem; }
-    bool existe() const { return origem() != OrigemInd::Ninguem; }
+    // A request ends with the form that has made it.
+    bool existe() const { return origem() != OrigemInd::Ninguem && pedido_.quem; }
 
     // Whether the card is called up, or the card of families may call it up next: then it offers "a&Tribuir" when it
     // comes up, and doesn't lead to families. Kept: the end of a request by the card alone leaves it on.
     bool IndChamado() const { return IndChamado_; }
-    // After an edit or a search.
-    bool ofereceAtribuir() const { return existe() && IndChamado_; }
+    // After an edit or a search: where the card is called up, or the form of an act waits.
+    bool ofereceAtribuir() const { return existe() && (IndChamado_ || (pedido_.deActo && !pedido_.quem->isEnabled())); }
 
     // Takes the place of the request in force. Its asker gets nobody, and goes on waiting until libertaQuemEspera().
     void comeca(PedidoDeIndividuo pedido);
