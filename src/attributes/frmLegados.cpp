@@ -98,11 +98,11 @@ QString FrmLegados::altera()
 // Nothing is required: a legacy may be empty.
 ListaDatada::Valores FrmLegados::valores() const
 {
-    return {{"nindherd", textoDe(txtNindH)},
-            {"parentesco", itemDe(cmbParentesco)},
-            {"obs", textoDe(txtObs)},
-            {"bensmoveis", textoDe(txtMov)},
-            {"bensraiz", textoDe(txtRaiz)}};
+    return Valores{{"nindherd", textoDe(txtNindH)},
+                   {"obs", textoDe(txtObs)},
+                   {"bensmoveis", textoDe(txtMov)},
+                   {"bensraiz", textoDe(txtRaiz)}} +
+           itemPara("parentesco", cmbParentesco);
 }
 
 // Kept: an heir isn't checked against any date.

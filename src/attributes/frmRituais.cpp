@@ -134,31 +134,53 @@ bool FrmRituais::VerificaCampos(Passo passo)
     return false;
 }
 
+// A row without a currency isn't given that of the row shown before.
+void FrmRituais::preparaAlteracao()
+{
+    if (!moedaDaColuna(adoRit.recordset()["tipomoeda"].toString())) cmbMoeda_0->setListIndex(-1);
+}
+
+// Kept: with no option on, it counts as alms.
 QString FrmRituais::acrescenta()
 {
     const QString numero = proximoNumero("idlegpio");
-    acrescentaLinha(Valores{{"nind", txtNind->text()}, {"idlegpio", numero}} + valores());
+    acrescentaLinha(Valores{{"nind", txtNind->text()},
+                            {"idlegpio", numero},
+                            {"tipolegpio", sufragios[opcao().value_or(2)].tipolegpio}} +
+                    valores());
     return numero;
 }
 
+// No option on: the kind stays as it is. Another one: a type of the former says nothing any more.
 QString FrmRituais::altera()
 {
-    const QString numero = textoDoNumero(adoRit.recordset()["idlegpio"]);
-    alteraLinha(valores());
+    const jet::Recordset& linha = adoRit.recordset();
+    const QString numero = textoDoNumero(linha["idlegpio"]);
+    Valores alteradas;
+    if (opcao()) {
+        alteradas << std::pair("tipolegpio", sufragios[*opcao()].tipolegpio);
+        if (opcao() != sufragioDaColuna(linha["tipolegpio"].toString()))
+            alteradas << std::pair("tipo", itemDe(cmbTipo));
+    }
+    alteraLinha(alteradas + valores());
     return numero;
 }
 
-// Kept: with no option on, it counts as alms. Only the first of the two currencies is stored.
+std::optional<int> FrmRituais::opcao() const
+{
+    const OptionButton* const opcoes[] = {optLeg_0, optLeg_1, optLeg_2};
+    for (int i = 0; i < 3; ++i)
+        if (opcoes[i]->isChecked()) return i;
+    return {};
+}
+
+// Only the first of the two currencies is stored.
 ListaDatada::Valores FrmRituais::valores() const
 {
-    const int opcao = optLeg_0->isChecked() ? 0 : optLeg_1->isChecked() ? 1 : 2;
-    return {{"tipolegpio", sufragios[opcao].tipolegpio},
-            {"tipo", itemDe(cmbTipo)},
-            {"quantidade", numeroDe(txtQ)},
-            {"valorunit", numeroDe(txtVU)},
-            {"obs", textoDe(txtObs)},
-            {"destino", textoDe(txtDest)},
-            {"numpadres", numeroDe(txtNP)},
-            {"valortotal", numeroDe(txtVTotal)},
-            {"tipomoeda", colunaDaMoeda(cmbMoeda_0->text())}};
+    Valores valores{{"quantidade", numeroDe(txtQ)}, {"valorunit", numeroDe(txtVU)},
+                    {"obs", textoDe(txtObs)},       {"destino", textoDe(txtDest)},
+                    {"numpadres", numeroDe(txtNP)}, {"valortotal", numeroDe(txtVTotal)}};
+    valores << itemPara("tipo", cmbTipo);
+    if (cmbMoeda_0->listIndex() >= 0) valores << std::pair("tipomoeda", colunaDaMoeda(cmbMoeda_0->text()));
+    return valores;
 }

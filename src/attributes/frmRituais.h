@@ -5,6 +5,8 @@
 
 #include "ui_frmRituais.h"
 
+#include <optional>
+
 class FrmRituais : public ListaDatada, private Ui::FrmRituais
 {
     Q_OBJECT
@@ -22,6 +24,7 @@ protected:
     QStringList PreencheLinha(const jet::Recordset& linha) const override;
     void mostraLinha(const jet::Recordset& linha) override;
     bool VerificaCampos(Passo passo) override;
+    void preparaAlteracao() override;
     QString acrescenta() override;
     QString altera() override;
     void Form_Load() override;
@@ -32,6 +35,7 @@ private:
     void PreencheTipo(int sufragio);
     void optLeg_Click(int indice);
     void cmbMoeda_Click(const ComboBox* escolhida, ComboBox* outra);
+    std::optional<int> opcao() const; // the kind that is on
     Valores valores() const;
 
     jet::DataControl adoRit{cnBDP};

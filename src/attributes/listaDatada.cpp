@@ -193,6 +193,8 @@ void ListaDatada::terminaInsercao()
 void ListaDatada::iniciaAlteracao()
 {
     if (EmPesquisa || !temLinhas() || linhaPerdida()) return;
+    mostraGuardada();
+    if (linhaPerdida()) return showMessage("O registo já não existe na base de dados.");
     comandos_.passaA(Passo::Alteracao);
     cmd_.ins->setEnabled(false);
     cmd_.sair->setEnabled(false);
@@ -244,6 +246,16 @@ void ListaDatada::eliminaRegisto()
     }
     PreencheFG();
     Chave = regras_.eliminarVaiAPrimeira ? grelha_->textMatrix(1, 0) : vizinha;
+    ActualizaCampos();
+}
+
+// The row as it is stored now, whatever a refill of the lists or the row shown before has left in the fields.
+void ListaDatada::mostraGuardada()
+{
+    LimpaCampos();
+    if (!registos().hasRows()) return;
+    jet::Recordset& linhas = registos().recordset();
+    linhas.setAbsolutePosition(linhas.absolutePosition()); // a row is read when the cursor comes to it
     ActualizaCampos();
 }
 

@@ -2,6 +2,7 @@
 // and commands that add, alter and delete.
 #pragma once
 
+#include "common/campos.h"
 #include "common/dono.h"
 #include "common/numeros.h"
 #include "common/passo.h"
@@ -58,8 +59,7 @@ protected:
         bool guardaUltimaNaGrelha = false; // the only row left stays on the grid when it is deleted
     };
 
-    // Columns of a row with their values, in the order in which they are set.
-    using Valores = QList<std::pair<QString, QVariant>>;
+    using Valores = Colunas;
 
     using JanelaDoDono::JanelaDoDono;
 
@@ -127,6 +127,7 @@ private:
     void eliminaRegisto();
 
     bool temLinhas() const { return grelha_->rows() > 0; }
+    void mostraGuardada();
     bool linhaPerdida();
     QString chaveVizinha();
 

@@ -7,7 +7,10 @@
 #include "common/text.h"
 #include "platform/forms/controls.h"
 
+#include <QList>
 #include <QVariant>
+
+#include <utility>
 
 // False if there are only blanks, or an empty date with or without its mask.
 template <class Campo>
@@ -46,6 +49,22 @@ inline QVariant codigoDe(const ComboBox* lista)
 inline QVariant letraDe(const ComboBox* lista)
 {
     return preenchido(lista) ? localDoTexto(lista->text()).nivel : QVariant();
+}
+
+// Columns with their values, in the order in which they are set.
+using Colunas = QList<std::pair<QString, QVariant>>;
+
+// What a list says of its columns in an alteration: null for the blank entry, and nothing at all where no entry is
+// chosen, so that they stay as they are.
+inline Colunas itemPara(const QString& coluna, const ComboBox* lista)
+{
+    return lista->listIndex() < 0 ? Colunas() : Colunas{{coluna, itemDe(lista)}};
+}
+
+inline Colunas localPara(const QString& colunaDoCodigo, const QString& colunaDaLetra, const ComboBox* lista)
+{
+    return lista->listIndex() < 0 ? Colunas()
+                                  : Colunas{{colunaDoCodigo, codigoDe(lista)}, {colunaDaLetra, letraDe(lista)}};
 }
 
 // Tells the user why, gives the field the focus, and returns false.

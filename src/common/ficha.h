@@ -44,7 +44,7 @@ public:
 
     // Whether the record on the card has a row, as far as the card knows: not in an insert, in a search, nor on a
     // cleared card.
-    bool mostraGuardado() const { return !numero().isEmpty() && !inserindo() && modo_ != Modo::Loc; }
+    bool temRegisto() const { return !numero().isEmpty() && !inserindo() && modo_ != Modo::Loc; }
     // Whether the record with that number is being inserted.
     bool insere(const QString& numero) const { return inserindo() && this->numero() == numero; }
 

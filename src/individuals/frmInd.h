@@ -1,7 +1,9 @@
 // The card of one person: the navigation list, the person shown, and the three modes.
 #pragma once
 
+#include "common/campos.h"
 #include "common/ficha.h"
+#include "common/locais.h"
 #include "common/valores.h"
 #include "individuals/pedido.h"
 
@@ -77,12 +79,14 @@ protected:
     void Form_Unload() override;
 
 private:
-    // A column of `individuo` with its value, in the order in which they are set.
-    using Valores = QList<std::pair<QString, QVariant>>;
+    using Valores = Colunas; // of `individuo`
 
     void connectEvents();
 
     // Showing a record
+    void mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios);
+    void mostraGuardado(const QString& nind);
+    QList<std::pair<QString, ComboBox*>> listasDeCodigos() const;
     void PreencheCombos();
     void PreencheFamilias();
     void EscreveLinhaFam(int linha);
@@ -98,6 +102,7 @@ private:
     void confirmaInsercao() override;
     void cancelaInsercao() override;
     void iniciaAlteracao() override;
+    void abreAlteracaoDe(const QString& nind);
     void confirmaAlteracao() override;
     bool gravaAlteracao();
     void cancelaAlteracao() override;

@@ -49,82 +49,98 @@ void FrmInd::LimpaCampos()
     adoRel.setRecordSource({});
 }
 
+// Kept: the name of a site is looked for among the localities, which stops the showing of a person who has one.
 void FrmInd::ActualizaCampos(jet::Recordset& rs)
 {
     evenIfItFails([&] {
         LimpaCampos();
         if (rs.bof() && rs.eof()) return mostraListaVazia();
-
-        const QString numero = textoDoNumero(rs["Nind"]);
-        adoNind.setRecordSource("select * from individuo where nind = " + numero);
-        adoNind.refresh();
-        NindCorrente = Nind::daColuna(rs["Nind"]);
-        txtNind->setText(numero);
-
-        const jet::Recordset& guardado = adoNind.recordset();
-        txtNome->setText(guardado["Nome"].toString());
-        const QString tipo = guardado["Tipo"].toString();
-        for (int i = 0; !Trim(tipo).isEmpty() && i < cmbTipoInd->count(); ++i) {
-            if (Trim(cmbTipoInd->list(i)) != tipo) continue;
-            cmbTipoInd->setListIndex(i);
-            break;
-        }
-        const QString sexoGuardado = guardado["sexo"].toString();
-        if (sexoGuardado == "m") optSexo_0->setValue(true);
-        if (sexoGuardado == "f") optSexo_1->setValue(true);
-        if (sexoGuardado == "d") optSexo_2->setValue(true);
-        txtFamOrig->setText(textoDoNumero(guardado["famorig"]));
-        txtTit->setText(guardado["titulo"].toString());
-        txtAlcunha->setText(guardado["alcunha"].toString());
-        // Stored dates are shown without the mask, which comes back when the fields are cleared.
-        mskini->showPlain(textoDaData(guardado["inicioobs"]));
-        mskFim->showPlain(textoDaData(guardado["fimobs"]));
-
-        const bool temNascimento = !guardado["datanasc"].isNull();
-        mskDtNasc->showPlain(textoDaData(guardado["datanasc"]));
-        chkDtNasc->setChecked(temNascimento && guardado["DnascFixa"].toBool());
-        cmdInterv->setEnabled(temNascimento);
-        if (!guardado["localnasc"].isNull())
-            SeleccionaLocal(*cmbLoc, guardado["localnasc"].toString(), guardado["tipolocalnasc"].toString(),
-                            TabelaDosSitios::lugar);
-        ProcuraItemData(*cmbFiliacao, guardado["filiacao"]);
-        txtIdPai->setText(textoDoNumero(guardado["idadepai"]));
-        txtIdMae->setText(textoDoNumero(guardado["idademae"]));
-        ProcuraItemData(*cmbECPai, guardado["estadocivilpai"]);
-        ProcuraItemData(*cmbECMae, guardado["estadocivilmae"]);
-
-        mskDtObito->showPlain(textoDaData(guardado["dataobito"]));
-        if (!guardado["dataobito"].isNull()) chkDFixa->setChecked(guardado["dobitofixa"].toBool());
-        if (!guardado["localobito"].isNull())
-            SeleccionaLocal(*cmbLocObito, guardado["localobito"].toString(), guardado["tipolocalobito"].toString(),
-                            TabelaDosSitios::lugar);
-        ProcuraItemData(*cmbSacram, guardado["sacramentos"]);
-        ProcuraItemData(*cmbEC, guardado["estadoobito"]);
-        txtIdade->setText(textoDoNumero(guardado["idadeobito"]));
-        chkMenor->setChecked(guardado["menor"].toBool());
-        txtCausa->setText(guardado["causa"].toString());
-        ProcuraItemData(*cmbclass, guardado["classparoquial"]);
-        // Kept: two columns shown as one choice, the will first.
-        if (guardado["testam"].toBool())
-            optTest_0->setValue(true);
-        else if (guardado["escrit"].toBool())
-            optTest_1->setValue(true);
-        txtObs->setText(guardado["obs"].toString());
-
-        adoRel.setRecordSource(
-            "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
-            "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
-            numero + " order by datacasam asc");
-        adoRel.refresh();
-        PreencheFamilias();
-
-        // Kept: cmdInterv and cmdConsRel end enabled, whatever the birth date and the families said before.
-        for (CommandButton* botao : {cmdDirFam_0, cmdDirFam_1, cmdProf, cmdResid, cmdAssin, cmdInterv, cmdRP_0, cmdRP_1,
-                                     cmdConsRel, cmdCerFun, cmdRMorte, cmdLegProf})
-            botao->setEnabled(true);
-        lblInd->setText(QString::number(rs.absolutePosition()));
-        lblTotal->setText(QString::number(rs.recordCount()));
+        mostraRegisto(rs, TabelaDosSitios::lugar);
     });
+}
+
+// The fields are clear. An error leaves those not yet filled so.
+void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
+{
+    const QString numero = textoDoNumero(rs["Nind"]);
+    adoNind.setRecordSource("select * from individuo where nind = " + numero);
+    adoNind.refresh();
+    NindCorrente = Nind::daColuna(rs["Nind"]);
+    txtNind->setText(numero);
+
+    const jet::Recordset& guardado = adoNind.recordset();
+    txtNome->setText(guardado["Nome"].toString());
+    const QString tipo = guardado["Tipo"].toString();
+    for (int i = 0; !Trim(tipo).isEmpty() && i < cmbTipoInd->count(); ++i) {
+        if (Trim(cmbTipoInd->list(i)) != tipo) continue;
+        cmbTipoInd->setListIndex(i);
+        break;
+    }
+    const QString sexoGuardado = guardado["sexo"].toString();
+    if (sexoGuardado == "m") optSexo_0->setValue(true);
+    if (sexoGuardado == "f") optSexo_1->setValue(true);
+    if (sexoGuardado == "d") optSexo_2->setValue(true);
+    txtFamOrig->setText(textoDoNumero(guardado["famorig"]));
+    txtTit->setText(guardado["titulo"].toString());
+    txtAlcunha->setText(guardado["alcunha"].toString());
+    // Stored dates are shown without the mask, which comes back when the fields are cleared.
+    mskini->showPlain(textoDaData(guardado["inicioobs"]));
+    mskFim->showPlain(textoDaData(guardado["fimobs"]));
+
+    const bool temNascimento = !guardado["datanasc"].isNull();
+    mskDtNasc->showPlain(textoDaData(guardado["datanasc"]));
+    chkDtNasc->setChecked(temNascimento && guardado["DnascFixa"].toBool());
+    cmdInterv->setEnabled(temNascimento);
+    if (!guardado["localnasc"].isNull())
+        SeleccionaLocal(*cmbLoc, guardado["localnasc"].toString(), guardado["tipolocalnasc"].toString(), sitios);
+    ProcuraItemData(*cmbFiliacao, guardado["filiacao"]);
+    txtIdPai->setText(textoDoNumero(guardado["idadepai"]));
+    txtIdMae->setText(textoDoNumero(guardado["idademae"]));
+    ProcuraItemData(*cmbECPai, guardado["estadocivilpai"]);
+    ProcuraItemData(*cmbECMae, guardado["estadocivilmae"]);
+
+    mskDtObito->showPlain(textoDaData(guardado["dataobito"]));
+    if (!guardado["dataobito"].isNull()) chkDFixa->setChecked(guardado["dobitofixa"].toBool());
+    if (!guardado["localobito"].isNull())
+        SeleccionaLocal(*cmbLocObito, guardado["localobito"].toString(), guardado["tipolocalobito"].toString(), sitios);
+    ProcuraItemData(*cmbSacram, guardado["sacramentos"]);
+    ProcuraItemData(*cmbEC, guardado["estadoobito"]);
+    txtIdade->setText(textoDoNumero(guardado["idadeobito"]));
+    chkMenor->setChecked(guardado["menor"].toBool());
+    txtCausa->setText(guardado["causa"].toString());
+    ProcuraItemData(*cmbclass, guardado["classparoquial"]);
+    // Kept: two columns shown as one choice, the will first.
+    if (guardado["testam"].toBool())
+        optTest_0->setValue(true);
+    else if (guardado["escrit"].toBool())
+        optTest_1->setValue(true);
+    txtObs->setText(guardado["obs"].toString());
+
+    adoRel.setRecordSource(
+        "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
+        "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
+        numero + " order by datacasam asc");
+    adoRel.refresh();
+    PreencheFamilias();
+
+    // Kept: cmdInterv and cmdConsRel end enabled, whatever the birth date and the families said before.
+    for (CommandButton* botao : {cmdDirFam_0, cmdDirFam_1, cmdProf, cmdResid, cmdAssin, cmdInterv, cmdRP_0, cmdRP_1,
+                                 cmdConsRel, cmdCerFun, cmdRMorte, cmdLegProf})
+        botao->setEnabled(true);
+    lblInd->setText(QString::number(rs.absolutePosition()));
+    lblTotal->setText(QString::number(rs.recordCount()));
+}
+
+// The person as stored, whatever the card shows by now, so that an alteration begins with nothing missing: a site is
+// read where it stands, and a list that has no entry for what is stored has none chosen. Throws if that fails.
+void FrmInd::mostraGuardado(const QString& nind)
+{
+    poeListaNoNumero(nind);
+    LimpaCampos();
+    mostraRegisto(adoInd.recordset(), TabelaDosSitios::sitio);
+    for (const auto& [coluna, lista] : listasDeCodigos())
+        if (ProcuraItemData(*lista, adoNind.recordset()[coluna]) < 0 && !adoNind.recordset()[coluna].isNull())
+            lista->setListIndex(-1);
 }
 
 void FrmInd::mostra(const QString& nind)

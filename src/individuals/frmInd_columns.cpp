@@ -55,14 +55,14 @@ FrmInd::Valores FrmInd::valoresDaInsercao() const
     };
 }
 
-// Every column is written, null where the field is empty. Kept: the mother's age goes in as 0 then, and the option that
-// is on leaves the other's column as it was.
+// Every column is written, null where the field is empty, but those of a list where nothing is chosen. Kept: the
+// mother's age goes in as 0 then, and the option that is on leaves the other's column as it was.
 FrmInd::Valores FrmInd::valoresDaAlteracao()
 {
     const jet::Recordset& linha = adoNind.recordset();
     const bool testamento = optTest_0->isChecked(), escritura = optTest_1->isChecked();
     const QVariant idadeMae = textoDe(txtIdMae);
-    return {
+    Valores valores{
         {"Nome", txtNome->text()},
         {"Tipo", Trim(cmbTipoInd->text())},
         {"sexo", sexo()},
@@ -70,29 +70,31 @@ FrmInd::Valores FrmInd::valoresDaAlteracao()
         {"alcunha", textoDe(txtAlcunha)},
         {"datanasc", dataDe(mskDtNasc)},
         {"DnascFixa", chkDtNasc->isChecked()},
-        {"localnasc", codigoDe(cmbLoc)},
-        {"tipolocalnasc", letraDe(cmbLoc)},
-        {"filiacao", itemDe(cmbFiliacao)},
         {"idadepai", textoDe(txtIdPai)},
         {"idademae", idadeMae.isNull() ? 0 : idadeMae},
-        {"estadocivilpai", itemDe(cmbECPai)},
-        {"estadocivilmae", itemDe(cmbECMae)},
         {"testam", testamento  ? true
                    : escritura ? linha["testam"]
                                : false},
         {"escrit", testamento ? linha["escrit"] : escritura},
         {"dataobito", dataDe(mskDtObito)},
         {"dobitofixa", chkDFixa->isChecked()},
-        {"localobito", codigoDe(cmbLocObito)},
-        {"tipolocalobito", letraDe(cmbLocObito)},
-        {"estadoobito", itemDe(cmbEC)},
         {"idadeobito", textoDe(txtIdade)},
         {"menor", chkMenor->isChecked()},
-        {"sacramentos", itemDe(cmbSacram)},
         {"causa", textoDe(txtCausa)},
-        {"classparoquial", itemDe(cmbclass)},
         {"inicioobs", dataDe(mskini)},
         {"fimobs", dataDe(mskFim)},
         {"obs", textoDe(txtObs)},
     };
+    valores << localPara("localnasc", "tipolocalnasc", cmbLoc)
+            << localPara("localobito", "tipolocalobito", cmbLocObito);
+    for (const auto& [coluna, lista] : listasDeCodigos())
+        valores << itemPara(coluna, lista);
+    return valores;
+}
+
+// The lists that show a column by its code.
+QList<std::pair<QString, ComboBox*>> FrmInd::listasDeCodigos() const
+{
+    return {{"filiacao", cmbFiliacao}, {"estadocivilpai", cmbECPai}, {"estadocivilmae", cmbECMae},
+            {"estadoobito", cmbEC},    {"sacramentos", cmbSacram},   {"classparoquial", cmbclass}};
 }

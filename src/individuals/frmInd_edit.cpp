@@ -67,8 +67,12 @@ void FrmInd::cancelaInsercao()
 
 void FrmInd::iniciaAlteracao()
 {
-    // The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
-    poeListaNoNumero(txtNind->text());
+    abreAlteracaoDe(numero());
+}
+
+void FrmInd::abreAlteracaoDe(const QString& nind)
+{
+    mostraGuardado(nind);
     abreAlteracao();
     Tipo = Trim(cmbTipoInd->text());
     for (MaskedEdit* campo : {mskDtNasc, mskDtObito})
@@ -120,6 +124,7 @@ bool FrmInd::temObrigatorios(const QString& accao)
     return true;
 }
 
+// The list may be elsewhere: on its first row, after an alteration or after the menu brought the card up.
 void FrmInd::poeListaNoNumero(const QString& nind)
 {
     adoInd.recordset().moveFirst();

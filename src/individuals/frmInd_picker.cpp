@@ -115,8 +115,7 @@ void FrmInd::atribuiTestamenteiro()
 {
     if (!Trim(numero()).isEmpty())
         cnBDP.execute("update individuo set testamenteiro = " + numero() + " where nind = " + testador.texto());
-    mostra(testador.texto());
-    iniciaAlteracao();
+    abreAlteracaoDe(testador.texto());
 }
 
 // With the alteration that it belongs to, however the choice itself ended. A newer request goes on.

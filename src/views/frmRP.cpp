@@ -55,7 +55,7 @@ bool FrmRP::Form_QueryUnload(UnloadMode mode)
 
 void FrmRP::mostraPara(Ficha& ficha, const QString& tipo)
 {
-    if (!ficha.mostraGuardado()) return;
+    if (!ficha.temRegisto()) return;
     const Registo& registo =
         *std::ranges::find_if(registos, [&](const Registo& candidato) { return tipo == candidato.tipo; });
     const Dono dono = ficha.dono();
