@@ -87,6 +87,12 @@ void FrmFuneral::ActualizaCampos(const jet::Recordset& individuo)
     txtEnterro->setText(individuo["enterro"].toString());
 }
 
+// As the store has it by now.
+jet::Recordset FrmFuneral::guardado() const
+{
+    return {cnBDP, "select * from individuo where nind = " + txtNind->text()};
+}
+
 // The priest must have been observable at the funeral.
 void FrmFuneral::cmdIrpara_Click()
 {
@@ -111,7 +117,8 @@ void FrmFuneral::cmdE_Click()
             grava();
             return terminaEdicao();
         }
-        if (EmPesquisa) return;
+        if (EmPesquisa || !donoGuardado()) return;
+        ActualizaCampos(guardado());
         AplicarModo(Modo::Edi);
         comandos_.passaA(Passo::Alteracao);
     });
@@ -129,8 +136,8 @@ void FrmFuneral::grava()
         gravaColuna(coluna, campo->text().isEmpty() ? "null" : "'" + campo->text() + "'");
     };
     gravaColuna("primpadreobito", preenchido(txtNindP) ? Trim(txtNindP->text()) : "null");
-    gravaColuna("funcprimpobito",
-                preenchido(cmbFuncao) ? QString::number(cmbFuncao->itemData(cmbFuncao->listIndex())) : "null");
+    if (cmbFuncao->listIndex() >= 0) // a function that has no entry stays
+        gravaColuna("funcprimpobito", preenchido(cmbFuncao) ? itemDe(cmbFuncao).toString() : "null");
     gravaTexto("mortalha", txtMort);
     gravaTexto("igreja", txtIgreja);
     gravaTexto("enterro", txtEnterro);
@@ -145,7 +152,7 @@ void FrmFuneral::cmdF_Click()
             return;
         }
         terminaEdicao();
-        ActualizaCampos(jet::Recordset(cnBDP, "select * from individuo where nind = " + txtNind->text()));
+        ActualizaCampos(guardado());
     });
 }
 
@@ -164,10 +171,7 @@ void FrmFuneral::Form_Unload()
 {
     JanelaDoDono::Form_Unload();
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    guarded([&] {
-        chamada().terminaIndChamado();
-        frmInd().desiste(*this);
-    });
+    guarded([&] { frmInd().desiste(*this); });
 }
 
 void FrmFuneral::volta()

@@ -33,6 +33,7 @@ private:
     void AplicarModo(Modo modo);
     void LimpaCampos();
     void ActualizaCampos(const jet::Recordset& individuo);
+    jet::Recordset guardado() const;
     void cmdIrpara_Click();
     void cmdE_Click();
     void cmdF_Click();

@@ -53,6 +53,12 @@ void FrmIntervenientes::ActualizaCampos()
         if (linha.eof()) linha.movePrevious();
         if (linha.bof()) linha.moveNext();
     }
+    mostraLinha();
+}
+
+void FrmIntervenientes::mostraLinha()
+{
+    const jet::Recordset& linha = adoInterv.recordset();
     dtInterv->setRow(linha.absolutePosition());
     txtIndAss->setText(textoDoNumero(linha["nind"]));
     assistente->mostra(linha);
@@ -127,12 +133,22 @@ void FrmIntervenientes::cmdAlt_Click()
         if (assistentes_.passo() == Passo::Alteracao) return confirmaAlteracao();
         if (assistentes_.passo() == Passo::Insercao) return terminaEdicao();
         if (EmPesquisa) return;
+        releLinha();
         AplicarModo(Modo::Edi);
         chamada().chama();
         assistentes_.passaA(Passo::Alteracao);
         cmdIns->setEnabled(false);
         Focus::setTo(assistente->optassistente_0);
     });
+}
+
+// An alteration starts from what is stored by now. A row that has gone is told as an error.
+void FrmIntervenientes::releLinha()
+{
+    jet::Recordset& linha = adoInterv.recordset();
+    linha.setAbsolutePosition(linha.absolutePosition());
+    LimpaCampos();
+    mostraLinha();
 }
 
 void FrmIntervenientes::cmdElim_Click()
@@ -148,7 +164,7 @@ void FrmIntervenientes::cmdElim_Click()
 void FrmIntervenientes::confirmaAdicao()
 {
     if (!donoGuardado() || !temObrigatorios()) return;
-    Valores valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
+    Colunas valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
     valores += valoresDoParentesco() + valoresDoAssistente();
     adoInterv.recordset().addNew();
     gravaLinha(valores);
@@ -167,25 +183,24 @@ bool FrmIntervenientes::temObrigatorios()
     return true;
 }
 
-FrmIntervenientes::Valores FrmIntervenientes::valoresDoParentesco() const
+Colunas FrmIntervenientes::valoresDoParentesco() const
 {
-    const QVariant primeiro = itemDe(assistente->cmbPar1);
-    if (!casamento()) return {{"parentbapt", primeiro}};
-    return {{"parentnoivo", primeiro}, {"parentnoiva", itemDe(assistente->cmbPar2)}};
+    if (!casamento()) return itemPara("parentbapt", assistente->cmbPar1);
+    return itemPara("parentnoivo", assistente->cmbPar1) + itemPara("parentnoiva", assistente->cmbPar2);
 }
 
-FrmIntervenientes::Valores FrmIntervenientes::valoresDoAssistente() const
+Colunas FrmIntervenientes::valoresDoAssistente() const
 {
-    return {{"Nind", txtIndAss->text()},
-            {"tipoassistente", assistente->optassistente_0->isChecked() ? "p" : "t"},
-            {"estadocivil", itemDe(assistente->cmbEC)},
-            {"falecidopai", assistente->chkFalPai->isChecked()},
-            {"falecidomae", assistente->chkFalMae->isChecked()},
-            {"obs", textoDe(assistente->txtObs)}};
+    return Colunas{{"Nind", txtIndAss->text()},
+                   {"tipoassistente", assistente->optassistente_0->isChecked() ? "p" : "t"}} +
+           itemPara("estadocivil", assistente->cmbEC) +
+           Colunas{{"falecidopai", assistente->chkFalPai->isChecked()},
+                   {"falecidomae", assistente->chkFalMae->isChecked()},
+                   {"obs", textoDe(assistente->txtObs)}};
 }
 
 // Writes to the row at the cursor, or to the new one. A refused row leaves the edit as it is.
-void FrmIntervenientes::gravaLinha(const Valores& valores)
+void FrmIntervenientes::gravaLinha(const Colunas& valores)
 {
     for (const auto& [coluna, valor] : valores)
         adoInterv.recordset().set(coluna, valor);

@@ -43,6 +43,16 @@ void Ficha::abreJanela(const QString& nome)
     guarded([&] { JanelaDoDono::abre(nome, dono(), true); });
 }
 
+namespace {
+
+void apagaActo(const Dono& dono)
+{
+    cnBDP.execute(jet::NativeSql("delete from assistente where tipoacto = ? and entidade = ?",
+                                 {dono.familia() ? "c" : "b", Nind::doCampo(dono.numero).paraColuna()}));
+}
+
+} // namespace
+
 bool Ficha::abreIntervenientes()
 {
     const Dono acto = dono();
@@ -52,6 +62,7 @@ bool Ficha::abreIntervenientes()
             showMessage("Já existe " + acto.designacao() + '.');
             return false;
         }
+        if (actoPorGuardar_ != acto.numero) apagaActo(acto); // rows that nobody has seen are nobody's
         actoPorGuardar_ = acto.numero;
     }
     JanelaDoDono::abre("frmIntervenientes", acto);
@@ -68,9 +79,13 @@ void Ficha::largaActoPorGuardar()
     if (!inserindo() || actoPorGuardar_.isEmpty() || actoPorGuardar_ != numero()) return;
     const Dono acto = dono();
     JanelaDoDono::fechaAsDe(acto.tipo, acto.numero);
-    if (!acto.guardado()) // another program may have stored it meanwhile
-        cnBDP.execute(jet::NativeSql("delete from assistente where tipoacto = ? and entidade = ?",
-                                     {acto.familia() ? "c" : "b", Nind::doCampo(acto.numero).paraColuna()}));
+    if (!acto.guardado()) apagaActo(acto); // another program may have stored it meanwhile
+    actoPorGuardar_.clear();
+}
+
+void Ficha::guardouInsercao()
+{
+    if (actoPorGuardar_ != numero()) apagaActo(dono());
     actoPorGuardar_.clear();
 }
 

@@ -111,6 +111,9 @@ protected:
     bool abreIntervenientes();
     // The insert is given up: that window goes, and what was written there for the number that nobody has.
     void largaActoPorGuardar();
+    // The record was stored: others who took part in its act than those whom the insert has written, left over from
+    // a record that had the number before or an insert that was cut off, are no longer there.
+    void guardouInsercao();
 
     void abrePesquisa(); // turns the card into a search form
     // Goes back to the step that the search interrupted: an alteration may be waiting for the person.

@@ -52,6 +52,7 @@ void FrmFam::confirmaInsercao()
     insereFamilia();
     for (const Metade& membro : metades_)
         insereMembro(membro);
+    guardouInsercao();
     transaccao.commit();
 
     adoFam.refresh();

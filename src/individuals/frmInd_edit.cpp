@@ -45,6 +45,7 @@ void FrmInd::confirmaInsercao()
     for (const auto& [coluna, valor] : valoresDaInsercao())
         if (!valor.isNull()) linha.set(coluna, valor);
     linha.update();
+    guardouInsercao();
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());

@@ -51,7 +51,9 @@ void FrmInd::desiste(const Form& quem)
 {
     setEnabled(true);
     if (chamada().pedido().quem == &quem) chamada().desiste();
-    if (!chamada().existe()) cmdAtribuir->setEnabled(false);
+    if (chamada().existe()) return;
+    cmdAtribuir->setEnabled(false);
+    chamada().terminaIndChamado();
 }
 
 void FrmInd::voltaDoBaptismo(const QString& nind)
