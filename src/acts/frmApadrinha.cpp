@@ -104,9 +104,7 @@ void FrmApadrinha::cmdSair_Click()
     guarded([&] { unload(); });
 }
 
-void FrmApadrinha::Form_Unload()
+void FrmApadrinha::volta()
 {
-    if (Forms::isUnloadingAll() || !donoDaJanela().ficha) return;
-    donoDaJanela().ficha->setEnabled(true);
-    donoDaJanela().ficha->display();
+    if (Ficha* ficha = donoDaJanela().ficha) ficha->display();
 }

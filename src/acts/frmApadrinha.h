@@ -23,7 +23,8 @@ public:
 
 protected:
     void Form_Load() override;
-    void Form_Unload() override;
+    bool podeMudarDeDono() const override { return true; }
+    void volta() override;
 
 private:
     void LimpaCampos();

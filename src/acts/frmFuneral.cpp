@@ -3,6 +3,7 @@
 #include "acts/observacao.h"
 #include "common/campos.h"
 #include "common/codigos.h"
+#include "common/datas.h"
 #include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
@@ -14,6 +15,14 @@
 namespace {
 
 constexpr auto editar = "&Editar";
+
+// Kept: the birth, and the death only if there is no birth. "" for neither.
+QString dataDoFuneral(const jet::Recordset& individuo)
+{
+    if (individuo.eof()) return {};
+    const QString nascimento = textoDaData(individuo["datanasc"]);
+    return nascimento.isEmpty() ? textoDaData(individuo["dataobito"]) : nascimento;
+}
 
 } // namespace
 
@@ -32,10 +41,12 @@ void FrmFuneral::Form_Load()
     guarded([&] {
         txtNind->setText(donoDaJanela().numero);
         txtNome->setText(donoDaJanela().nome);
-        jet::Recordset funcoes(cnBDP, "Select * from infocomplementar where categoria = 'FunPa' ");
-        PreencheComBranco(*cmbFuncao, funcoes, 2, 1);
+        jet::Recordset funcoes = codigosDaCategoria("FunPa"); // as they stand, with the "*"
+        PreencheComBranco(*cmbFuncao, funcoes, 1, 0);
         AplicarModo(Modo::Cons);
-        if (donoDaJanela().registo) ActualizaCampos(*donoDaJanela().registo);
+        if (!donoDaJanela().registo) return;
+        ActualizaCampos(*donoDaJanela().registo);
+        DataActo = dataDoFuneral(*donoDaJanela().registo);
     });
 }
 
@@ -76,8 +87,13 @@ void FrmFuneral::ActualizaCampos(const jet::Recordset& individuo)
     txtEnterro->setText(individuo["enterro"].toString());
 }
 
-// The priest must have been observable at the funeral. Kept: the date for that is the birth on the card, and the death
-// only if there is no birth; it is read before the card moves away.
+// As the store has it by now.
+jet::Recordset FrmFuneral::guardado() const
+{
+    return {cnBDP, "select * from individuo where nind = " + txtNind->text()};
+}
+
+// The priest must have been observable at the funeral.
 void FrmFuneral::cmdIrpara_Click()
 {
     guarded([&] {
@@ -86,7 +102,7 @@ void FrmFuneral::cmdIrpara_Click()
                       .deActo = true,
                       .IndChamado = true,
                       .depois = DepoisDePedido::FicaAberta,
-                      .DataActo = frmInd().dataDaVida(),
+                      .DataActo = DataActo,
                       .recusa = recusaNoFuneral,
                       .recebe = [this](const FrmInd& ficha) { txtNindP->setText(ficha.numero()); },
                       .comoQue = [morto = txtNind->text()](
@@ -99,10 +115,12 @@ void FrmFuneral::cmdE_Click()
 {
     guarded([&] {
         if (comandos_.passo() == Passo::Alteracao) {
+            if (!donoGuardado()) return;
             grava();
             return terminaEdicao();
         }
-        if (EmPesquisa) return;
+        if (EmPesquisa || !donoGuardado()) return;
+        ActualizaCampos(guardado());
         AplicarModo(Modo::Edi);
         comandos_.passaA(Passo::Alteracao);
     });
@@ -120,8 +138,8 @@ void FrmFuneral::grava()
         gravaColuna(coluna, campo->text().isEmpty() ? "null" : "'" + campo->text() + "'");
     };
     gravaColuna("primpadreobito", preenchido(txtNindP) ? Trim(txtNindP->text()) : "null");
-    gravaColuna("funcprimpobito",
-                preenchido(cmbFuncao) ? QString::number(cmbFuncao->itemData(cmbFuncao->listIndex())) : "null");
+    if (cmbFuncao->listIndex() >= 0) // a function that has no entry stays
+        gravaColuna("funcprimpobito", preenchido(cmbFuncao) ? itemDe(cmbFuncao).toString() : "null");
     gravaTexto("mortalha", txtMort);
     gravaTexto("igreja", txtIgreja);
     gravaTexto("enterro", txtEnterro);
@@ -136,7 +154,7 @@ void FrmFuneral::cmdF_Click()
             return;
         }
         terminaEdicao();
-        ActualizaCampos(jet::Recordset(cnBDP, "select * from individuo where nind = " + txtNind->text()));
+        ActualizaCampos(guardado());
     });
 }
 
@@ -153,9 +171,14 @@ bool FrmFuneral::Form_QueryUnload(UnloadMode mode)
 
 void FrmFuneral::Form_Unload()
 {
+    JanelaDoDono::Form_Unload();
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
+    guarded([&] { frmInd().desiste(*this); });
+}
+
+void FrmFuneral::volta()
+{
     guarded([&] {
-        chamada().terminaIndChamado();
-        frmInd().desiste(OrigemInd::PadreDoFuneral, txtNind->text());
+        if (Ficha* ficha = donoDaJanela().ficha) ficha->procuraRegisto("nind = " + txtNind->text());
     });
 }

@@ -26,11 +26,14 @@ protected:
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
+    bool podeMudarDeDono() const override { return comandos_.passo() == Passo::Repouso; }
+    void volta() override;
 
 private:
     void AplicarModo(Modo modo);
     void LimpaCampos();
     void ActualizaCampos(const jet::Recordset& individuo);
+    jet::Recordset guardado() const;
     void cmdIrpara_Click();
     void cmdE_Click();
     void cmdF_Click();
@@ -38,4 +41,5 @@ private:
     void terminaEdicao();
 
     Comandos comandos_;
+    QString DataActo; // taken when the form opens, as the card moves away in a pick
 };

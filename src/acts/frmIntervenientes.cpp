@@ -136,12 +136,23 @@ bool FrmIntervenientes::Form_QueryUnload(UnloadMode mode)
     return mode != UnloadMode::ControlMenu || assistentes_.passo() == Passo::Repouso; // keeps an assistant being edited
 }
 
+bool FrmIntervenientes::podeMudarDeDono() const
+{
+    return assistentes_.passo() == Passo::Repouso && padres_.passo() == Passo::Repouso && isEnabled();
+}
+
 void FrmIntervenientes::Form_Unload()
 {
-    if (Forms::isUnloadingAll()) return;
+    JanelaDoDono::Form_Unload();
+    if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
+    // The hand-over has disabled the card of a person, even if the act was a marriage.
+    guarded([&] { frmInd().desiste(*this); });
+}
+
+void FrmIntervenientes::volta()
+{
     guarded([&] {
         chamada().acaba(); // Kept: whoever asks by now.
-        // The hand-over has disabled the card of a person, even if the act was a marriage.
         if (Form* individuo = Forms::find(FrmInd::Name)) individuo->setEnabled(true);
         casamento() ? voltaAFamilia() : voltaAoIndividuo();
     });

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "acts/fichaDoAssistente.h"
+#include "common/campos.h"
 #include "common/dono.h"
 #include "common/passo.h"
 #include "individuals/pedido.h"
@@ -14,11 +15,9 @@
 #include "ui_frmIntervenientes.h"
 
 #include <QString>
-#include <QVariant>
 
-#include <utility>
-
-// The cards stay enabled beside it: number and date of the act are copies, taken from the card at the load.
+// The cards stay enabled beside it: the number of the act is a copy, and the date is read from the card at the load and
+// at every addition.
 class FrmIntervenientes : public JanelaDoDono, private Ui::FrmIntervenientes
 {
     Q_OBJECT
@@ -32,6 +31,8 @@ protected:
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
+    bool podeMudarDeDono() const override;
+    void volta() override;
 
 private:
     // One of the two places for a priest.
@@ -42,8 +43,6 @@ private:
         ComboBox* funcao;
         CommandButton *escolher, *retirar;
     };
-    // The columns of a row of `assistente` with their values, in the order in which they are set.
-    using Valores = QList<std::pair<QString, QVariant>>;
 
     void connectEvents();
 
@@ -74,10 +73,13 @@ private:
     void AplicarModo(Modo modo);
     void LimpaCampos();
     void ActualizaCampos();
+    void mostraLinha();
+    void releLinha();
     void PreencheFG();
     void PreencheLinha(int linha);
     void dtInterv_Click();
     void cmdIns_Click();
+    void releData();
     void cmdAlt_Click();
     void cmdElim_Click();
     void confirmaAdicao();
@@ -85,9 +87,9 @@ private:
     void terminaEdicao();
     void eliminaAssistente();
     bool temObrigatorios();
-    Valores valoresDoParentesco() const;
-    Valores valoresDoAssistente() const;
-    void gravaLinha(const Valores& valores);
+    Colunas valoresDoParentesco() const;
+    Colunas valoresDoAssistente() const;
+    void gravaLinha(const Colunas& valores);
 
     jet::DataControl adoInterv{cnBDP}; // the assistants of the act
     QString Chave;                     // `nind` of the row of the grid chosen last; "" for none

@@ -53,6 +53,13 @@ void FrmIntervenientes::ActualizaCampos()
         if (linha.eof()) linha.movePrevious();
         if (linha.bof()) linha.moveNext();
     }
+    mostraLinha();
+}
+
+void FrmIntervenientes::mostraLinha()
+{
+    const jet::Recordset& linha = adoInterv.recordset();
+    dtInterv->setRow(linha.absolutePosition());
     txtIndAss->setText(textoDoNumero(linha["nind"]));
     assistente->mostra(linha);
     // Kept: the columns decide, not the act.
@@ -102,12 +109,21 @@ void FrmIntervenientes::cmdIns_Click()
     guarded([&] {
         if (assistentes_.passo() == Passo::Insercao) return confirmaAdicao();
         if (EmPesquisa) return;
+        releData();
         LimpaCampos();
         AplicarModo(Modo::Edi);
         assistentes_.passaA(Passo::Insercao);
         cmdElim->setEnabled(false);
         Focus::setTo(assistente->optassistente_0);
     });
+}
+
+// The act may have another date by now. A card that shows another one, or searches, says nothing of this one.
+void FrmIntervenientes::releData()
+{
+    Ficha* ficha = donoDaJanela().ficha;
+    if (!ficha || ficha->modo() == Modo::Loc || ficha->numero() != txtNum->text()) return;
+    mskData->showPlain(ficha->dono().data);
 }
 
 // "&Alterar", or the end of an edit: the confirmation of an alteration, the cancel of an addition.
@@ -117,12 +133,22 @@ void FrmIntervenientes::cmdAlt_Click()
         if (assistentes_.passo() == Passo::Alteracao) return confirmaAlteracao();
         if (assistentes_.passo() == Passo::Insercao) return terminaEdicao();
         if (EmPesquisa) return;
+        releLinha();
         AplicarModo(Modo::Edi);
         chamada().chama();
         assistentes_.passaA(Passo::Alteracao);
         cmdIns->setEnabled(false);
         Focus::setTo(assistente->optassistente_0);
     });
+}
+
+// An alteration starts from what is stored by now. A row that has gone is told as an error.
+void FrmIntervenientes::releLinha()
+{
+    jet::Recordset& linha = adoInterv.recordset();
+    linha.setAbsolutePosition(linha.absolutePosition());
+    LimpaCampos();
+    mostraLinha();
 }
 
 void FrmIntervenientes::cmdElim_Click()
@@ -137,8 +163,8 @@ void FrmIntervenientes::cmdElim_Click()
 // The date of the act is copied here, and never written again.
 void FrmIntervenientes::confirmaAdicao()
 {
-    if (!temObrigatorios()) return;
-    Valores valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
+    if (!donoGuardado() || !temObrigatorios()) return;
+    Colunas valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
     valores += valoresDoParentesco() + valoresDoAssistente();
     adoInterv.recordset().addNew();
     gravaLinha(valores);
@@ -146,7 +172,7 @@ void FrmIntervenientes::confirmaAdicao()
 
 void FrmIntervenientes::confirmaAlteracao()
 {
-    if (temObrigatorios()) gravaLinha(valoresDoParentesco() + valoresDoAssistente());
+    if (donoGuardado() && temObrigatorios()) gravaLinha(valoresDoParentesco() + valoresDoAssistente());
 }
 
 bool FrmIntervenientes::temObrigatorios()
@@ -157,25 +183,24 @@ bool FrmIntervenientes::temObrigatorios()
     return true;
 }
 
-FrmIntervenientes::Valores FrmIntervenientes::valoresDoParentesco() const
+Colunas FrmIntervenientes::valoresDoParentesco() const
 {
-    const QVariant primeiro = itemDe(assistente->cmbPar1);
-    if (!casamento()) return {{"parentbapt", primeiro}};
-    return {{"parentnoivo", primeiro}, {"parentnoiva", itemDe(assistente->cmbPar2)}};
+    if (!casamento()) return itemPara("parentbapt", assistente->cmbPar1);
+    return itemPara("parentnoivo", assistente->cmbPar1) + itemPara("parentnoiva", assistente->cmbPar2);
 }
 
-FrmIntervenientes::Valores FrmIntervenientes::valoresDoAssistente() const
+Colunas FrmIntervenientes::valoresDoAssistente() const
 {
-    return {{"Nind", txtIndAss->text()},
-            {"tipoassistente", assistente->optassistente_0->isChecked() ? "p" : "t"},
-            {"estadocivil", itemDe(assistente->cmbEC)},
-            {"falecidopai", assistente->chkFalPai->isChecked()},
-            {"falecidomae", assistente->chkFalMae->isChecked()},
-            {"obs", textoDe(assistente->txtObs)}};
+    return Colunas{{"Nind", txtIndAss->text()},
+                   {"tipoassistente", assistente->optassistente_0->isChecked() ? "p" : "t"}} +
+           itemPara("estadocivil", assistente->cmbEC) +
+           Colunas{{"falecidopai", assistente->chkFalPai->isChecked()},
+                   {"falecidomae", assistente->chkFalMae->isChecked()},
+                   {"obs", textoDe(assistente->txtObs)}};
 }
 
 // Writes to the row at the cursor, or to the new one. A refused row leaves the edit as it is.
-void FrmIntervenientes::gravaLinha(const Valores& valores)
+void FrmIntervenientes::gravaLinha(const Colunas& valores)
 {
     for (const auto& [coluna, valor] : valores)
         adoInterv.recordset().set(coluna, valor);
@@ -196,16 +221,11 @@ void FrmIntervenientes::terminaEdicao()
     ActualizaCampos();
 }
 
-// Kept: the date is in the statement day first. If it can be read month first, it is, and the statement misses the row;
-// otherwise it deletes every row of that person at the act.
+// The row shown, and no other one of the same person.
 void FrmIntervenientes::eliminaAssistente()
 {
-    jet::Recordset& linha = adoInterv.recordset();
     try {
-        cnBDP.execute("delete from assistente where dataref = #" + textoDaData(linha["dataref"]) + "# and entidade = " +
-                      textoDoNumero(linha["entidade"]) + " and nind = " + textoDoNumero(linha["nind"]) +
-                      " and tipoacto = '" + (casamento() ? "c" : "b") + "'");
-        linha.deleteRow();
+        adoInterv.recordset().deleteRow();
     } catch (const jet::Error& erro) {
         if (erro.number != jet::number::noCurrentRow) throw; // the row was gone already
     }

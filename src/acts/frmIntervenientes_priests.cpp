@@ -26,12 +26,13 @@ void FrmIntervenientes::mostraPadres(const jet::Recordset& acto)
         ProcuraItemData(*lugares_[indice].funcao, acto[colunas.funcao[indice]]);
 }
 
-// Kept: the number of the second priest, too, governs the function of the first.
+// Kept: the number of the second priest, too, governs the function of the first. Both commands open in the edit only.
 void FrmIntervenientes::txtIndP_Change(int indice)
 {
     guarded([&] {
         const bool vazio = lugares_[indice].numero->text().isEmpty();
         if (vazio) cmbFuncP1->setListIndex(0);
+        if (padres_.passo() != Passo::Alteracao) return;
         cmbFuncP1->setLocked(vazio);
         lugares_[indice].retirar->setEnabled(!vazio);
     });
@@ -52,8 +53,11 @@ void FrmIntervenientes::cmdE_Click()
     });
 }
 
+// The priests are columns of the act's own row, and one that is being inserted has none yet.
 void FrmIntervenientes::iniciaPadres()
 {
+    if (const Ficha* ficha = donoDaJanela().ficha; ficha && ficha->insere(donoDaJanela().numero))
+        return showMessage("Os padres só podem ser atribuídos depois de gravar " + donoDaJanela().designacao() + "!");
     padres_.passaA(Passo::Alteracao);
     for (const LugarDoPadre& lugar : lugares_) {
         lugar.escolher->setEnabled(true);
@@ -67,11 +71,14 @@ void FrmIntervenientes::iniciaPadres()
 // Kept: where both places are empty, nothing is written, so both priests of an act can't be removed.
 void FrmIntervenientes::confirmaPadres()
 {
-    if (preenchido(txtIndP1) || preenchido(txtIndP2))
-        ask("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
+    const bool haPadres = preenchido(txtIndP1) || preenchido(txtIndP2);
+    if (haPadres && !donoGuardado()) return;
+    if (haPadres) ask("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
     padres_.passaA(Passo::Repouso);
-    for (const LugarDoPadre& lugar : lugares_)
+    for (const LugarDoPadre& lugar : lugares_) {
         lugar.funcao->setLocked(true);
+        lugar.retirar->setEnabled(false);
+    }
     pintaPadres(corDoModo::cons);
 }
 

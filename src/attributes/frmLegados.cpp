@@ -128,7 +128,7 @@ void FrmLegados::Form_Unload()
 {
     ListaDatada::Form_Unload();
     if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    guarded([] { frmInd().desiste(OrigemInd::Herdeiro); });
+    guarded([&] { frmInd().desiste(*this); });
 }
 
 // And goes back to the testator.

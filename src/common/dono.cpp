@@ -4,6 +4,19 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
+bool Dono::guardado() const
+{
+    const jet::Recordset linha(cnBDP, (familia() ? "select nfamilia from familia where nfamilia = "
+                                                 : "select nind from individuo where nind = ") +
+                                          numero);
+    return !linha.eof();
+}
+
+QString Dono::designacao() const
+{
+    return (familia() ? "a família nº " : "o indivíduo nº ") + numero;
+}
+
 void JanelaDoDono::abre(const QString& nome, const Dono& dono, bool fichaEspera)
 {
     auto* janela = static_cast<JanelaDoDono*>(Forms::find(nome));
@@ -26,6 +39,7 @@ void JanelaDoDono::abre(const QString& nome, const Dono& dono, bool fichaEspera)
 
 void JanelaDoDono::fechaAsDe(TipoDeDono tipo, const QString& numero)
 {
+    if (Forms::isUnloadingAll()) return;
     const QList<QWidget*> abertas = Forms::loaded(); // a copy, as the list gets shorter
     for (QWidget* aberta : abertas)
         if (auto* janela = qobject_cast<JanelaDoDono*>(aberta); janela && janela->eDe(tipo, numero)) janela->larga();
@@ -40,15 +54,11 @@ void JanelaDoDono::larga()
 // Without a number nobody is looked for, and the store tells what is missing.
 bool JanelaDoDono::donoGuardado() const
 {
-    const QString& numero = dono_.numero;
-    if (numero.isEmpty()) return true;
-    const jet::Recordset linha(cnBDP, (dono_.familia() ? "select nfamilia from familia where nfamilia = "
-                                                       : "select nind from individuo where nind = ") +
-                                          numero);
-    if (!linha.eof()) return true;
-    showMessage((dono_.familia()
-                     ? "A família nº " + numero + " já não existe na base de dados, e nada foi gravado."
-                     : "O indivíduo nº " + numero + " já não existe na base de dados, e nada foi gravado."));
+    if (dono_.numero.isEmpty() || dono_.guardado()) return true;
+    if (dono_.ficha && dono_.ficha->insere(dono_.numero)) return true;
+    QString quem = dono_.designacao();
+    quem[0] = quem[0].toUpper();
+    showMessage(quem + " já não existe na base de dados, e nada foi gravado.");
     return false;
 }
 

@@ -29,6 +29,10 @@ struct Dono
     const jet::Recordset* registo = nullptr; // the row at the card's cursor; only while the window is being loaded
 
     bool familia() const { return tipo == TipoDeDono::Familia; }
+    // Whether the store has the record.
+    // Precondition: there is a number.
+    bool guardado() const;
+    QString designacao() const; // "o indivíduo nº 2", "a família nº 3"
 };
 
 // A window on the acts or the dated rows of one owner, for as long as it is loaded.
@@ -55,7 +59,8 @@ protected:
     // Whether nothing is being edited that another owner would take off the screen.
     virtual bool podeMudarDeDono() const { return false; }
 
-    // Asked before anything is stored for the owner: whether its record is still there. Tells the user if it isn't.
+    // Asked before anything is stored for the owner: whether its record is still there, or is being inserted on its
+    // card. Tells the user if it isn't.
     bool donoGuardado() const;
 
     // Enables the cards that wait. One that overrides it calls it first.

@@ -3,9 +3,10 @@
 #include "common/dono.h"
 #include "common/modGeral.h"
 #include "common/pesquisa.h"
+#include "common/valores.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
-#include "platform/jet/errors.h"
+#include "platform/forms/msgbox.h"
 
 void Ficha::ligaComandos()
 {
@@ -38,15 +39,55 @@ void Ficha::procuraRegisto(const QString& criterio)
     mostraRegistoDoFicheiro();
 }
 
-jet::Recordset& Ficha::registoNaFicha()
-{
-    if (numero().isEmpty() || inserindo() || modo_ == Modo::Loc) throw jet::noCurrentRow();
-    return registo();
-}
-
 void Ficha::abreJanela(const QString& nome)
 {
     guarded([&] { JanelaDoDono::abre(nome, dono(), true); });
+}
+
+namespace {
+
+void apagaActo(const Dono& dono)
+{
+    cnBDP.execute(jet::NativeSql("delete from assistente where tipoacto = ? and entidade = ?",
+                                 {dono.familia() ? "c" : "b", Nind::doCampo(dono.numero).paraColuna()}));
+}
+
+} // namespace
+
+bool Ficha::abreIntervenientes()
+{
+    const Dono acto = dono();
+    if (inserindo()) {
+        Nind::doCampo(acto.numero); // no other text has a window
+        if (acto.guardado()) {
+            showMessage("Já existe " + acto.designacao() + '.');
+            return false;
+        }
+        if (actoPorGuardar_ != acto.numero) apagaActo(acto); // rows that nobody has seen are nobody's
+        actoPorGuardar_ = acto.numero;
+    }
+    JanelaDoDono::abre("frmIntervenientes", acto);
+    return true;
+}
+
+void Ficha::Form_Unload()
+{
+    guarded([&] { largaActoPorGuardar(); });
+}
+
+void Ficha::largaActoPorGuardar()
+{
+    if (!inserindo() || actoPorGuardar_.isEmpty() || actoPorGuardar_ != numero()) return;
+    const Dono acto = dono();
+    JanelaDoDono::fechaAsDe(acto.tipo, acto.numero);
+    if (!acto.guardado()) apagaActo(acto); // another program may have stored it meanwhile
+    actoPorGuardar_.clear();
+}
+
+void Ficha::guardouInsercao()
+{
+    if (actoPorGuardar_ != numero()) apagaActo(dono());
+    actoPorGuardar_.clear();
 }
 
 void Ficha::eliminaDoFicheiro()
@@ -104,7 +145,7 @@ void Ficha::abreInsercao()
     LimpaCampos();
     AplicarModo(Modo::Edi);
     comandos_.passaA(Passo::Insercao);
-    insercaoParada_ = false;
+    actoPorGuardar_.clear();
     alt_->setEnabled(true);
     elim_->setEnabled(false);
 }
@@ -168,9 +209,6 @@ void Ficha::fechaPesquisa()
 {
     comandos_.passaA(Passo::Repouso);
     comandos_.passaA(interrompido_);
-    // Kept: an insertion that a search has interrupted can only be cancelled, and its command begins another one.
-    insercaoParada_ = interrompido_ == Passo::Insercao;
-    if (insercaoParada_) ins_->setText(legenda::inserir);
 }
 
 void Ficha::entregaAosResultados()

@@ -36,14 +36,17 @@ public:
     virtual void AplicarModo(Modo modo);
     virtual void LimpaCampos() = 0;
     virtual QString numero() const = 0; // of the record shown; "" where there is none
+    virtual Dono dono() = 0;            // of the windows that are opened for the record shown
 
     // Shows the first record of the file that meets the criterion of a find(), or else, as for an empty criterion, the
     // first of all. A card in the middle of an edit or a search stays as it is.
     void procuraRegisto(const QString& criterio);
 
-    // The row of the record on the card, to be read or written.
-    // Precondition: there is one; Error 3021 otherwise: in an insert, in a search, and on a cleared card.
-    jet::Recordset& registoNaFicha();
+    // Whether the record on the card has a row, as far as the card knows: not in an insert, in a search, nor on a
+    // cleared card.
+    bool temRegisto() const { return !numero().isEmpty() && !inserindo() && modo_ != Modo::Loc; }
+    // Whether the record with that number is being inserted.
+    bool insere(const QString& numero) const { return inserindo() && this->numero() == numero; }
 
     // What a list of results does to the card. The number is that of the hit.
     virtual void escolheAchado(int linha, const QString& numero) = 0; // the row of adoFiltro to be shown
@@ -71,12 +74,11 @@ protected:
     }
 
     Passo passo() const { return comandos_.passo(); }
-    bool inserindo() const { return passo() == Passo::Insercao && !insercaoParada_; }
+    bool inserindo() const { return passo() == Passo::Insercao; }
 
     virtual const QList<ModeRow>& modos() const = 0;
     virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement buttons
     virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
-    virtual jet::Recordset& registo() = 0;      // the cursor on the row of the record shown
 
     // What a click on a command means, by the step. The four that begin something aren't called while EmPesquisa is on.
     virtual void iniciaInsercao() = 0;
@@ -103,13 +105,22 @@ protected:
     // first one; the windows of the record go. If the row can't be deleted, it silently stays.
     void eliminaDoFicheiro();
 
-    virtual Dono dono() = 0; // of the windows that are opened for the record shown
     // Opens the window with that name for the record shown, as JanelaDoDono::abre(). The card is disabled until the
     // window closes.
     void abreJanela(const QString& nome);
+    // An insert that goes with the card leaves nothing behind.
+    void Form_Unload() override;
+    // Opens the window of those who took part in the act of the record shown; in an insert, too, unless somebody has
+    // the number already. Returns whether it did.
+    bool abreIntervenientes();
+    // The insert is given up: that window goes, and what was written there for the number that nobody has.
+    void largaActoPorGuardar();
+    // The record was stored: others who took part in its act than those whom the insert has written, left over from
+    // a record that had the number before or an insert that was cut off, are no longer there.
+    void guardouInsercao();
 
     void abrePesquisa(); // turns the card into a search form
-    // Goes back to the step that the search interrupted: an edit may be waiting for the person.
+    // Goes back to the step that the search interrupted: an alteration may be waiting for the person.
     void fechaPesquisa();
     void permiteRecuar(bool permite);
     void permiteAvancar(bool permite);
@@ -130,6 +141,6 @@ private:
     CommandButton *ins_ = nullptr, *alt_ = nullptr, *elim_ = nullptr, *loc_ = nullptr, *fechar_ = nullptr;
     Comandos comandos_;
     Passo interrompido_ = Passo::Repouso; // by the search under way
-    bool insercaoParada_ = false;
+    QString actoPorGuardar_;              // the number for which an insert has opened the window of its act
     CommandButton *prim_ = nullptr, *ant_ = nullptr, *seg_ = nullptr, *ult_ = nullptr;
 };

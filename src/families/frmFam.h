@@ -67,7 +67,6 @@ protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoFam; }
     void mostraRegistoDoFicheiro() override;
-    jet::Recordset& registo() override;
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     QWidget* primeiroCampo() override { return txtNFam; }

@@ -160,12 +160,6 @@ void FrmFam::poeFicheiroNaFicha()
     adoFam.recordset().find("nfamilia = " + txtNFam->text());
 }
 
-jet::Recordset& FrmFam::registo()
-{
-    poeFicheiroNaFicha();
-    return adoFam.recordset();
-}
-
 void FrmFam::cmdAnt_Click()
 {
     guarded([&] {

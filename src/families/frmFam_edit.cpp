@@ -84,6 +84,7 @@ void FrmFam::confirmaInsercao()
     insereFamilia();
     for (const Metade& membro : metades_)
         insereMembro(membro);
+    guardouInsercao();
     transaccao.commit();
 
     adoFam.refresh();
@@ -137,6 +138,7 @@ void FrmFam::insereMembro(const Metade& membro)
 // Kept: back on the last family, where the insert took its number from, and not on the one shown before.
 void FrmFam::cancelaInsercao()
 {
+    largaActoPorGuardar();
     fechaEdicao();
     ActualizaCampos(adoFam.recordset(), adoFam.hasRows() ? Nfam::daColuna(adoFam.recordset()["nfamilia"]) : Nfam());
 }

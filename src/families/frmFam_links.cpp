@@ -84,7 +84,7 @@ void FrmFam::cmdEncLoc_Click()
 
 void FrmFam::cmdRP_Click()
 {
-    guarded([&] { frmRP().mostraPara(*this, "c"); });
+    guarded([&] { FrmRP::mostraPara(*this, "c"); });
 }
 
 void FrmFam::cmdInt_Click()
@@ -92,7 +92,7 @@ void FrmFam::cmdInt_Click()
     guarded([&] {
         // In an insertion the family has no row yet, and the file is on the last one, where its number came from.
         if (!inserindo()) poeFicheiroNaFicha();
-        JanelaDoDono::abre("frmIntervenientes", dono());
+        abreIntervenientes();
     });
 }
 

@@ -50,9 +50,8 @@ public:
     static void abrePeloMenu();
     // Brings it up, behind the splash if it has to be loaded first, with "a&Tribuir" as the Chamada says.
     static void FrmIndLoaded();
-    // The form that asks as `origem` closes: its request ends, and the card shows the person with that number again;
-    // for an empty text it stays where it is.
-    void desiste(OrigemInd origem, const QString& nind = {});
+    // The form that may have asked closes: its request ends, and the card can be used.
+    void desiste(const Form& quem);
     // The window of a baptism closes: the card comes to the front, on the person baptized.
     void voltaDoBaptismo(const QString& nind);
     // The list, not the card, goes to its first row, unless an edit or a search is under way.
@@ -61,8 +60,7 @@ public:
     // What the card shows
     QString numero() const override { return txtNind->text(); } // "" if nobody is shown
     QString nome() const { return txtNome->text(); }
-    QString sexo() const;       // "m", "f" or "d"; "" if none is chosen
-    QString dataDaVida() const; // of the birth, or of the death if the birth is no date; "" for neither
+    QString sexo() const; // "m", "f" or "d"; "" if none is chosen
 
     Dono dono() override;
 
@@ -80,7 +78,6 @@ protected:
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
-    jet::Recordset& registo() override { return adoNind.recordset(); }
     void Form_Load() override;
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
@@ -110,11 +107,12 @@ private:
     void confirmaInsercao() override;
     void cancelaInsercao() override;
     void iniciaAlteracao() override;
+    void abreAlteracaoDe(const QString& nind);
     void confirmaAlteracao() override;
+    bool gravaAlteracao();
     void cancelaAlteracao() override;
     void elimina() override;
     void propoeIndividuo();
-    void gravaAlteracao();
     bool temObrigatorios(const QString& accao);
     void poeListaNoNumero(const QString& nind);
     Valores valoresDaInsercao() const;
@@ -146,6 +144,7 @@ private:
     void cmdAtribuir_Click();
     void cmdTest_Click();
     void atribuiTestamenteiro();
+    void acabaEscolhaDoTestamenteiro();
     void cmdFechar_Click();
     // Enables whoever waits for this card: the card of families and all who have asked for a person.
     void FrmLoaded();

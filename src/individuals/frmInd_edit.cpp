@@ -26,6 +26,7 @@ jet::Error doIndividuo(const QString& nind, const jet::Error& erro)
 void FrmInd::iniciaInsercao()
 {
     abreInsercao();
+    cmdTest->setEnabled(false); // there is no row yet that could name an executor
     propoeIndividuo();
 }
 
@@ -38,6 +39,7 @@ void FrmInd::propoeIndividuo()
     } else {
         txtNind->setText("1");
     }
+    txtNind->setLocked(false);
     ProcuraTexto(*cmbTipoInd, "T");
     Tipo = "T";
     SST->setCurrentIndex(0);
@@ -62,6 +64,7 @@ void FrmInd::confirmaInsercao()
     } catch (const jet::Error& erro) {
         throw doIndividuo(Trim(numero()), erro);
     }
+    guardouInsercao();
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());
@@ -72,15 +75,24 @@ void FrmInd::confirmaInsercao()
 
 void FrmInd::cancelaInsercao()
 {
+    largaActoPorGuardar();
     fechaEdicao();
-    if (adoInd.hasRows()) poeListaNoNumero(NindCorrente.texto());
+    if (adoInd.hasRows()) {
+        poeListaNoNumero(NindCorrente.texto());
+        if (adoInd.recordset().eof()) adoInd.recordset().moveFirst(); // nobody has the number looked for last
+    }
     ActualizaCampos(adoInd.recordset());
     permiteAtribuir();
 }
 
 void FrmInd::iniciaAlteracao()
 {
-    mostraGuardado(numero());
+    abreAlteracaoDe(numero());
+}
+
+void FrmInd::abreAlteracaoDe(const QString& nind)
+{
+    mostraGuardado(nind);
     abreAlteracao();
     Tipo = Trim(cmbTipoInd->text());
     for (MaskedEdit* campo : {mskDtNasc, mskDtObito})
@@ -92,22 +104,19 @@ void FrmInd::iniciaAlteracao()
 void FrmInd::confirmaAlteracao()
 {
     const Hourglass ampulheta;
-    if (modo() == Modo::Edi) { // while an executor is chosen the card shows others, whom nobody has altered
-        if (!temObrigatorios("confirmar a alteração!")) return;
-        gravaAlteracao();
-        adoNind.refresh();
-    }
-    adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
-
+    // Where the card consults, an executor is being chosen: it shows somebody else, and nothing typed is left to store.
+    if (modo() == Modo::Edi && !gravaAlteracao()) return;
     fechaEdicao();
+    acabaEscolhaDoTestamenteiro();
     if (const auto& segue = chamada().pedido().segueAlteracao) segue(*this);
     permiteAtribuir();
 }
 
 // A column whose field is as it was shown isn't written in another form. Kept: but a null becomes the 0 of a box that
 // is off, and of the mother's age.
-void FrmInd::gravaAlteracao()
+bool FrmInd::gravaAlteracao()
 {
+    if (!temObrigatorios("confirmar a alteração!")) return false;
     jet::Recordset& linha = adoNind.recordset();
     try {
         for (const auto& valor : valoresDaAlteracao())
@@ -117,6 +126,9 @@ void FrmInd::gravaAlteracao()
     } catch (const jet::Error& erro) {
         throw doIndividuo(numero(), erro);
     }
+    adoNind.refresh();
+    adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
+    return true;
 }
 
 void FrmInd::cancelaAlteracao()
@@ -124,6 +136,7 @@ void FrmInd::cancelaAlteracao()
     fechaEdicao();
     poeListaNoNumero(txtNind->text()); // the menu may have moved the list meanwhile
     ActualizaCampos(adoInd.recordset());
+    acabaEscolhaDoTestamenteiro();
     permiteAtribuir();
 }
 

@@ -67,14 +67,15 @@ Dono FrmInd::dono()
 void FrmInd::cmdInterv_Click()
 {
     guarded([&] {
-        if (eData(mskDtNasc->text())) JanelaDoDono::abre("frmIntervenientes", dono());
+        if (!eData(mskDtNasc->text()) || !abreIntervenientes()) return;
+        if (inserindo()) txtNind->setLocked(true); // what is written there is written for this number
     });
 }
 
 // Index 0 the record of the baptism, 1 that of the death.
 void FrmInd::cmdRP_Click(int indice)
 {
-    guarded([&] { frmRP().mostraPara(*this, indice == 0 ? "b" : "o"); });
+    guarded([&] { FrmRP::mostraPara(*this, indice == 0 ? "b" : "o"); });
 }
 
 void FrmInd::escolheLocal(OrigemLoc origem, ComboBox& lista)

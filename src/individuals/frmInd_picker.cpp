@@ -1,7 +1,6 @@
 // The card as a picker: it hands the individual shown to whoever called it up, and leads back there when it closes.
 #include "individuals/frmInd.h"
 
-#include "common/datas.h"
 #include "common/modGeral.h"
 #include "common/text.h"
 #include "families/frmFam.h"
@@ -48,17 +47,18 @@ void FrmInd::abrePeloMenu()
     chamada().interrompe();
 }
 
-void FrmInd::desiste(OrigemInd origem, const QString& nind)
+void FrmInd::desiste(const Form& quem)
 {
     setEnabled(true);
-    if (chamada().origem() == origem) chamada().desiste();
-    if (!chamada().existe()) cmdAtribuir->setEnabled(false);
-    if (!nind.isEmpty()) procuraRegisto("nind = " + nind);
+    if (chamada().pedido().quem == &quem) chamada().desiste();
+    if (chamada().existe()) return;
+    cmdAtribuir->setEnabled(false);
+    chamada().terminaIndChamado();
 }
 
 void FrmInd::voltaDoBaptismo(const QString& nind)
 {
-    NindCorrente = Nind::doCampo(nind);
+    if (!insere(nind)) NindCorrente = Nind::doCampo(nind); // an insert that is given up goes back to who was shown
     display();
     cmdAtribuir->setEnabled(false);
     procuraRegisto("nind = " + nind);
@@ -67,13 +67,6 @@ void FrmInd::voltaDoBaptismo(const QString& nind)
 void FrmInd::vaiAoPrincipio()
 {
     if (modo() == Modo::Cons && adoInd.hasRows()) adoInd.recordset().moveFirst();
-}
-
-QString FrmInd::dataDaVida() const
-{
-    for (const MaskedEdit* campo : {mskDtNasc, mskDtObito})
-        if (eData(campo->text())) return campo->text();
-    return {};
 }
 
 void FrmInd::poeFamiliaDeOrigem(const QString& nfam)
@@ -124,16 +117,20 @@ void FrmInd::cmdTest_Click()
     });
 }
 
-// Back to the edit that was left, with the row as it is stored.
+// Back to the alteration that was left, with the row as it is stored.
 void FrmInd::atribuiTestamenteiro()
 {
     if (!Trim(numero()).isEmpty())
         cnBDP.execute("update individuo set testamenteiro = " + numero() + " where nind = " + testador.texto());
-    inserindo() ? mostra(testador.texto()) : mostraGuardado(testador.texto());
-    AplicarModo(Modo::Edi);
-    for (CommandButton* comando : {cmdAtribuir, cmdLoc, cmdFechar})
-        comando->setEnabled(false);
-    (inserindo() ? cmdElim : cmdIns)->setEnabled(false);
+    abreAlteracaoDe(testador.texto());
+}
+
+// With the alteration that it belongs to, however the choice itself ended. A newer request goes on.
+void FrmInd::acabaEscolhaDoTestamenteiro()
+{
+    if (!testador) return;
+    testador = {};
+    if (!chamada().existe() || chamada().origem() == OrigemInd::Testamenteiro) chamada().acaba();
 }
 
 void FrmInd::cmdFechar_Click()
@@ -210,5 +207,6 @@ bool FrmInd::Form_QueryUnload(UnloadMode mode)
 
 void FrmInd::Form_Unload()
 {
+    Ficha::Form_Unload();
     if (!Forms::isUnloadingAll()) guarded([&] { devolveAoChamador(); });
 }

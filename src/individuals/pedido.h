@@ -74,14 +74,19 @@ class Chamada
 public:
     const PedidoDeIndividuo& pedido() const { return pedido_; }
     OrigemInd origem() const { return pedido_.origem; }
-    bool existe() const { return origem() != OrigemInd::Ninguem; }
+    // A request ends with the form that has made it.
+    bool existe() const { return origem() != OrigemInd::Ninguem && pedido_.quem; }
 
     // Whether the card is called up, or the card of families may call it up next: then it doesn't lead to families.
     // Kept: the end of a request by the card alone leaves it on.
     bool IndChamado() const { return IndChamado_; }
-    // Whether the card offers "a&Tribuir" when it comes up, and after an edit or a search.
+    // Whether the card offers "a&Tribuir" when it comes up.
     bool ofereceAoSubir() const { return pedido_.oferece ? pedido_.quem && pedido_.oferece() : IndChamado_; }
-    bool ofereceAtribuir() const { return existe() && ofereceAoSubir(); }
+    // After an edit or a search: there also where the form of an act waits.
+    bool ofereceAtribuir() const
+    {
+        return existe() && (ofereceAoSubir() || (pedido_.deActo && !pedido_.quem->isEnabled()));
+    }
 
     // Takes the place of the request in force. Its asker gets nobody, and goes on waiting until libertaQuemEspera().
     void comeca(PedidoDeIndividuo pedido);

@@ -7,6 +7,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <initializer_list>
 
 struct FrmRP::Registo
 {
@@ -21,6 +22,14 @@ constexpr FrmRP::Registo registos[] = {
     {"c", "rpCas", "Casamento"},
 };
 
+// The row that a person or a family has in the store by now.
+jet::Recordset linhaDe(const Dono& dono, const FrmRP::Registo& registo)
+{
+    const QString chave = dono.familia() ? "nfamilia" : "nind";
+    return {cnBDP, QStringLiteral("select %1, %2 from %3 where %1 = %4")
+                       .arg(chave, registo.coluna, dono.familia() ? "familia" : "individuo", dono.numero)};
+}
+
 } // namespace
 
 FrmRP& frmRP()
@@ -28,7 +37,7 @@ FrmRP& frmRP()
     return theForm<FrmRP>();
 }
 
-FrmRP::FrmRP() : Form(Name)
+FrmRP::FrmRP() : JanelaDoDono(Name)
 {
     setupUi(this);
     lblTipo->hide();
@@ -44,24 +53,42 @@ bool FrmRP::Form_QueryUnload(UnloadMode mode)
     return mode != UnloadMode::ControlMenu;
 }
 
-// Kept: the caption doesn't name the record.
 void FrmRP::mostraPara(Ficha& ficha, const QString& tipo)
 {
-    display();
-    lblTipo->setText(tipo);
-    ficha_ = &ficha;
-    registo_ = std::ranges::find_if(registos, [&](const Registo& registo) { return tipo == registo.tipo; });
+    if (!ficha.temRegisto()) return;
+    const Registo& registo =
+        *std::ranges::find_if(registos, [&](const Registo& candidato) { return tipo == candidato.tipo; });
+    const Dono dono = ficha.dono();
+    const jet::Recordset linha = linhaDe(dono, registo);
+    if (linha.eof()) return; // gone from the store
+    if (Form* aberta = Forms::find(Name); aberta && static_cast<FrmRP*>(aberta)->porGuardar()) return aberta->display();
+    abre(Name, dono);
+    frmRP().mostra(registo, linha[registo.coluna].toString());
     ficha.conceal();
-    try {
-        txtLoc->setText(ficha.registoNaFicha()[registo_->coluna].toString());
-    } catch (const jet::Error&) {
-        // Kept: errors are passed over; with no row to read, the path stays as the form has it.
-    }
+}
+
+// Kept: the caption doesn't name the record; the tool tip does.
+void FrmRP::mostra(const Registo& registo, const QString& caminho)
+{
+    registo_ = &registo;
+    lblTipo->setText(registo.tipo);
+    guardado_ = caminho;
+    txtLoc->setText(caminho);
+    const Dono& dono = donoDaJanela();
+    const QString dica = "Registo de " + QString(registo.nome) + " d" + dono.designacao() +
+                         (dono.nome.isEmpty() ? QString() : ", " + dono.nome);
+    for (QWidget* onde : std::initializer_list<QWidget*>{this, txtLoc})
+        onde->setToolTip(dica);
+}
+
+bool FrmRP::porGuardar() const
+{
+    return registo_ && txtLoc->text() != guardado_;
 }
 
 void FrmRP::cmdLoc_Click()
 {
-    guarded([&] { txtLoc->setText(QDir::toNativeSeparators(openFileName("Registos Paroquiais"))); });
+    guarded([&] { txtLoc->setText(QDir::toNativeSeparators(openFileName("Registos Paroquiais|*"))); });
 }
 
 // Kept: a path can be replaced, but never removed. The form stays open, and the card hidden.
@@ -70,9 +97,11 @@ void FrmRP::cmdG_0_Click()
     guarded([&] {
         if (!registo_ || txtLoc->text().isEmpty()) return;
         const Hourglass ampulheta;
-        jet::Recordset& linha = ficha_->registoNaFicha();
+        if (!donoGuardado()) return;
+        jet::Recordset linha = linhaDe(donoDaJanela(), *registo_);
         linha.set(registo_->coluna, txtLoc->text());
         linha.update();
+        guardado_ = txtLoc->text();
         showMessage("O Registo de " + QString(registo_->nome) + " foi guardado com sucesso!", Icon::None);
     });
 }
@@ -94,8 +123,8 @@ void FrmRP::cmdG_2_Click()
 // A form that no card has opened brings up the card of people.
 void FrmRP::voltaAFicha()
 {
-    if (ficha_)
-        ficha_->display();
+    if (Ficha* ficha = donoDaJanela().ficha)
+        ficha->display();
     else
         Forms::show("frmInd");
     unload();

@@ -148,7 +148,7 @@ TEST_F(IndividualCard, TheRequestOfAnActLeavesACardThatIsBeingEditedAsItIs)
     EXPECT_EQ(frmInd().numero(), "8");
 }
 
-TEST_F(IndividualCard, TheFormThatAskedGoesAndTheCardIsBackOnItsPerson)
+TEST_F(IndividualCard, TheFormThatAskedGoesAndTheCardStaysInUseAndOnItsPerson)
 {
     cnBDP.execute("insert into individuo (nind, nome, tipo, sexo) values (8, 'Rui', 'T', 'm')");
     FrmInd::abrePeloMenu();
@@ -156,12 +156,13 @@ TEST_F(IndividualCard, TheFormThatAskedGoesAndTheCardIsBackOnItsPerson)
     act.deActo = true;
     FrmInd::pede(act, QString("8"));
     frmInd().setEnabled(false);
-    frmInd().desiste(OrigemInd::Herdeiro, "7"); // another form's request stands
+    frmInd().desiste(frmFam()); // another form's request stands
+    EXPECT_TRUE(frmInd().isEnabled());
     EXPECT_TRUE(chamada().existe());
     EXPECT_TRUE(command("cmdAtribuir").isEnabled());
-    frmInd().desiste(OrigemInd::Assistente, "7");
+    frmInd().desiste(*asker);
     EXPECT_FALSE(chamada().existe());
-    EXPECT_EQ(frmInd().numero(), "7");
+    EXPECT_EQ(frmInd().numero(), "8");
     EXPECT_FALSE(command("cmdAtribuir").isEnabled());
 }
 

@@ -58,14 +58,28 @@ TEST_F(Request, WhoDoesntWaitStaysEnabledAndWhoWasFreedIsFreedOnce)
     EXPECT_FALSE(second->isEnabled());
 }
 
-TEST_F(Request, AFormThatIsGoneIsNobodyToFree)
+TEST_F(Request, EndsWithTheFormThatMadeIt)
 {
     begin(by(first));
+    EXPECT_TRUE(call.existe());
     first->unload();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(call.pedido().quem.isNull());
-    call.libertaQuemEspera();
-    EXPECT_TRUE(call.existe());
+    EXPECT_FALSE(call.existe());
+    EXPECT_FALSE(call.ofereceAtribuir());
+    call.libertaQuemEspera(); // nobody to free
+}
+
+TEST_F(Request, OfAnActIsOfferedAPersonAsLongAsItsFormWaits)
+{
+    PedidoDeIndividuo heir = by(first, OrigemInd::Herdeiro);
+    heir.IndChamado = false;
+    begin(heir);
+    EXPECT_FALSE(call.ofereceAtribuir());
+    heir.deActo = true;
+    begin(heir);
+    EXPECT_TRUE(call.ofereceAtribuir());
+    first->setEnabled(true);
+    EXPECT_FALSE(call.ofereceAtribuir());
 }
 
 TEST_F(Request, AttributingIsOfferedOnlyWhileBothStand)
