@@ -74,7 +74,7 @@ public:
     void poeFamiliaDeOrigem(const QString& nfam);
 
 protected:
-    bool eventFilter(QObject* objecto, QEvent* evento) override; // the tool tip of "a&Tribuir" tells for whom
+    bool eventFilter(QObject* objecto, QEvent* evento) override;
     const QList<ModeRow>& modos() const override;
     jet::DataControl& ficheiro() override { return adoInd; }
     void mostraRegistoDoFicheiro() override { ActualizaCampos(adoInd.recordset()); }
@@ -140,6 +140,7 @@ private:
     // Handing an individual over, and closing
     void atendeActo(const std::optional<QString>& primeiro);
     void permiteAtribuirAoSubir();
+    void dizParaQuem();     // in the tool tip of "a&Tribuir"
     void permiteAtribuir(); // after an edit or a search, if somebody waits for a person
     void cmdAtribuir_Click();
     void cmdTest_Click();

@@ -16,6 +16,7 @@ void FrmInd::pede(PedidoDeIndividuo pedido, const std::optional<QString>& primei
         frmInd().atendeActo(primeiro);
     else if (primeiro && frmInd().adoInd.hasRows()) // with nobody to show, the card stays as it is
         frmInd().mostra(*primeiro);
+    frmInd().dizParaQuem();
     chamada().espera();
 }
 
@@ -179,12 +180,18 @@ void FrmInd::FrmLoaded()
     chamada().libertaQuemEspera();
 }
 
+void FrmInd::dizParaQuem()
+{
+    const PedidoDeIndividuo& pedido = chamada().pedido();
+    const bool alguem = pedido.quem && pedido.comoQue && cmdAtribuir->isEnabled();
+    cmdAtribuir->setToolTip(alguem ? "Atribuir como " + pedido.comoQue(*this) : QString());
+}
+
+// The part may depend on the person shown by now.
 bool FrmInd::eventFilter(QObject* objecto, QEvent* evento)
 {
-    if (objecto == cmdAtribuir && (evento->type() == QEvent::ToolTip || evento->type() == QEvent::EnabledChange)) {
-        const auto& comoQue = chamada().pedido().comoQue;
-        cmdAtribuir->setToolTip(comoQue && cmdAtribuir->isEnabled() ? "Atribuir como " + comoQue(*this) : QString());
-    }
+    if (objecto == cmdAtribuir && (evento->type() == QEvent::ToolTip || evento->type() == QEvent::EnabledChange))
+        dizParaQuem();
     return Ficha::eventFilter(objecto, evento);
 }
 

@@ -95,8 +95,8 @@ void ComboBox::paintEvent(QPaintEvent*)
         painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
         painter.setPen(frame.palette.color(QPalette::Text));
         const QRect field = rect().adjusted(frame.lineWidth + 2, 0, -frame.lineWidth - 2, 0);
-        const QString text = fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width());
-        return painter.drawText(field, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+        const QString shown = fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width());
+        return painter.drawText(field, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     }
     option.editable = true;
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
