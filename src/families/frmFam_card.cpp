@@ -54,12 +54,12 @@ void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
     if (rs.bof() && rs.eof()) return mostraFicheiroVazio();
 
     // Read before the file moves, as rs may be the file itself.
-    const QString numero = nf && nf != Nfam(0) ? nf.texto() : textoDoNumero(rs["nfamilia"]);
+    const QString nfam = nf && nf != Nfam(0) ? nf.texto() : textoDoNumero(rs["nfamilia"]);
     adoFam.recordset().moveFirst();
-    adoFam.recordset().find("nfamilia = " + numero);
-    adonFam.setRecordSource("Select * from  familias where nfamilia = " + numero);
+    adoFam.recordset().find("nfamilia = " + nfam);
+    adonFam.setRecordSource("Select * from  familias where nfamilia = " + nfam);
     adonFam.refresh();
-    txtNFam->setText(numero);
+    txtNFam->setText(nfam);
 
     jet::Recordset& membros = adonFam.recordset();
     if (!membros.eof()) mostraMembro(membros);
@@ -74,7 +74,7 @@ void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
         "[individuo].[Datanasc], [individuo].[DataObito],  MIN([Familia].[DaTacASAM]) as dataCasam  From individuo "
         " LEFT JOIN ( familia RIGHT JOIN familias  ON [familia].[nfamilia] =[familias].[nfamilia]) ON "
         "[individuo].[nind]=[familias].[nind] where famorig = " +
-        numero + " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
+        nfam + " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
     adoFilhos.refresh();
     ActualizaFilhos();
 

@@ -46,7 +46,8 @@ void FrmDatas::mostraPara(Form& cartao, Procura procura)
 {
     const bool individuo = procura == Procura::Individuo;
     if (espera_) largaCartao(); // the other card would wait forever
-    setEnabled(true);           // an earlier "Ok" may have left it disabled, perhaps for the other card
+    // An earlier "Ok" may have left it disabled, perhaps for the other card.
+    setEnabled(true);
     optData_0->setEnabled(individuo);
     optData_2->setEnabled(individuo);
     if (std::exchange(procura_, procura) != procura) (individuo ? optData_0 : optData_1)->setValue(true);
