@@ -30,7 +30,7 @@ FrmFuneral::FrmFuneral() : JanelaDoDono(Name)
 {
     setupUi(this);
     comandos_.usa({{cmdE, editar, nullptr, legenda::confirmar}, {cmdF, legenda::fechar, nullptr, legenda::cancelar}});
-    ListasAbertas::segueCodigos(*this, *cmbFuncao, "FunPa", ListasAbertas::Escolha::Mantem);
+    ListasAbertas::segueCodigos(*this, *cmbFuncao, "FunPa");
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmFuneral::cmdIrpara_Click);
     connect(cmdE, &CommandButton::clicked, this, &FrmFuneral::cmdE_Click);
     connect(cmdF, &CommandButton::clicked, this, &FrmFuneral::cmdF_Click);

@@ -19,9 +19,9 @@ FrmIntervenientes::FrmIntervenientes() : JanelaDoDono(Name)
                       {cmdAlt, legenda::alterar, legenda::cancelar, legenda::confirmar},
                       {cmdElim, legenda::eliminar, nullptr, legenda::cancelar}});
     for (ComboBox* parente : {assistente->cmbPar1, assistente->cmbPar2})
-        ListasAbertas::segueCodigos(*this, *parente, "Paren", ListasAbertas::Escolha::Mantem);
+        ListasAbertas::segueCodigos(*this, *parente, "Paren");
     for (ComboBox* funcao : {cmbFuncP1, cmbFuncP2})
-        ListasAbertas::segueCodigos(*this, *funcao, "FunPa", ListasAbertas::Escolha::Mantem);
+        ListasAbertas::segueCodigos(*this, *funcao, "FunPa");
     connectEvents();
 }
 

@@ -5,6 +5,8 @@
 #include "common/modGeral.h"
 #include "platform/forms/msgbox.h"
 
+#include <QDir>
+
 FrmAssinatura::FrmAssinatura() : ListaDatada(Name)
 {
     setupUi(this);
@@ -135,7 +137,7 @@ void FrmAssinatura::cmdLocalizar_Click()
     guarded([&] {
         const QString caminho = openFileName({});
         if (caminho.isEmpty()) throw jet::Error{dialogoCancelado, "A escolha do ficheiro foi cancelada."};
-        mostraFicheiro(caminho);
+        mostraFicheiro(QDir::toNativeSeparators(caminho));
     });
 }
 

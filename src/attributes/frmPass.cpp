@@ -41,7 +41,7 @@ void FrmPass::Form_Load()
     ActualizaCampos();
 }
 
-// Kept: the grid and the place picker are open in both modes.
+// Kept: the grid is open in both modes.
 const QList<ModeRow>& FrmPass::modos() const
 {
     using enum Effect;
@@ -53,6 +53,7 @@ const QList<ModeRow>& FrmPass::modos() const
         {"mskData",     {Enabled, blue}, {Disabled, white}},
         {"cmbDados_1",  {Open, blue},    {Shut, white}},
         {"txtOutras_1", {Open, blue},    {Shut, white}},
+        {"cmdLoc",      {Enabled},       {Disabled}},
         {"cmdE",        {Disabled},      {Enabled}},
     };
     // clang-format on
@@ -156,6 +157,8 @@ void FrmPass::cmdE_Click()
     guarded([&] {
         if (descricao_.passo() == Passo::Repouso) {
             if (EmPesquisa) return;
+            limpaDescricao();
+            mostraDescricao();
             descricao_.passaA(Passo::Alteracao);
             return aplicaModoDaDescricao(Modo::Edi);
         }
@@ -191,6 +194,13 @@ jet::Recordset FrmPass::individuo() const
     return {cnBDP, "select * from individuo where nind = " + Label2_1->text()};
 }
 
+void FrmPass::limpaDescricao()
+{
+    cmbDados_0->setListIndex(-1);
+    txtDados_1->clear();
+    txtOutras_0->clear();
+}
+
 // Kept: a blank column leaves its field as it was.
 void FrmPass::mostraDescricao()
 {
@@ -204,7 +214,7 @@ void FrmPass::mostraDescricao()
 void FrmPass::gravaDescricao()
 {
     jet::Recordset pessoa = individuo();
-    pessoa.set("estatura", textoDe(cmbDados_0));
+    if (cmbDados_0->listIndex() >= 0) pessoa.set("estatura", textoDe(cmbDados_0)); // it may be in other words
     pessoa.set("altura", numeroDe(txtDados_1));
     pessoa.set("cfisicas", textoDe(txtOutras_0));
     pessoa.update();

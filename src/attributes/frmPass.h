@@ -45,6 +45,7 @@ private:
 
     void aplicaModoDaDescricao(Modo modo);
     jet::Recordset individuo() const;
+    void limpaDescricao();
     void mostraDescricao();
     void gravaDescricao();
 

@@ -19,7 +19,7 @@ FrmRituais::FrmRituais() : ListaDatada(Name)
 
     const OptionButton* const opcoes[] = {optLeg_0, optLeg_1, optLeg_2};
     for (size_t i = 0; i < std::size(sufragios); ++i)
-        ListasAbertas::segueCodigos(*this, *cmbTipo, sufragios[i].categoria, ListasAbertas::Escolha::Perde,
+        ListasAbertas::segueCodigos(*this, *cmbTipo, sufragios[i].categoria,
                                     [opcao = opcoes[i]] { return opcao->isChecked(); });
 
     connect(optLeg_0, &OptionButton::clicked, this, [this] { optLeg_Click(0); });

@@ -71,10 +71,11 @@ void ListaDatada::PreencheFG()
         cmd_.alt->setEnabled(total > 0);
     }
     const int actual = grelha_->row();
+    const bool semCabecalho = grelha_->rows() == 0;
     grelha_->setRows(total > 0 ? total + 1 : 0);
     if (total == 0) return;
 
-    grelha_->setColumns(colunas_);
+    if (semCabecalho) grelha_->setColumns(colunas_); // else it would scroll back under the mouse
     linhas.moveFirst();
     for (int linha = 1; !linhas.eof(); ++linha, linhas.moveNext()) {
         const QStringList celulas = PreencheLinha(linhas);

@@ -1,5 +1,6 @@
 #include "codes/frmInfo.h"
 
+#include "common/ficha.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -19,6 +20,7 @@ FrmInfo::FrmInfo() : EditorDeTabela(Name)
 void FrmInfo::Form_Load()
 {
     guarded([&] {
+        fechaCampos();
         adoInfo.setRecordSource("select codigo, descricao,categoria from infocomplementar");
         adoInfo.refresh();
         adoInfo.recordset().setSort("codigo ASC");
@@ -70,8 +72,9 @@ void FrmInfo::PreencheFG()
 {
     jet::Recordset& registos = adoInfo.recordset();
     const int linhas = registos.recordCount();
+    const bool semCabecalho = dtgInfo->rows() == 0;
     dtgInfo->setRows(linhas == 0 ? 0 : linhas + 1);
-    dtgInfo->setColumns({{"Código"}, {"Descrição"}});
+    if (semCabecalho) dtgInfo->setColumns({{"Código"}, {"Descrição"}});
     for (int linha = 1; linha <= linhas; ++linha) {
         registos.setAbsolutePosition(linha);
         dtgInfo->setTextMatrix(linha, 0, registos["codigo"].toString());
@@ -95,16 +98,27 @@ void FrmInfo::mostraLinha()
 void FrmInfo::terminaEdicao()
 {
     EditorDeTabela::terminaEdicao();
+    fechaCampos();
+}
+
+void FrmInfo::fechaCampos()
+{
     dtgInfo->setEnabled(true);
-    txtCod->setLocked(true);
-    txtNome->setLocked(true);
+    abreCampo(*txtCod, false);
+    abreCampo(*txtNome, false);
+}
+
+void FrmInfo::abreCampo(TextBox& campo, bool aberto)
+{
+    campo.setLocked(!aberto);
+    setBackColor(&campo, aberto ? corDoModo::edi : corDoModo::cons);
 }
 
 void FrmInfo::abreInsercao()
 {
     dtgInfo->setEnabled(false);
-    txtCod->setLocked(false);
-    txtNome->setLocked(false);
+    abreCampo(*txtCod, true);
+    abreCampo(*txtNome, true);
     txtNome->clear();
     Focus::setTo(txtNome);
     propoeCodigo();
@@ -129,10 +143,11 @@ bool FrmInfo::descricaoEmFalta(bool comIcone)
 void FrmInfo::confirmaInsercao()
 {
     if (descricaoEmFalta(true)) return;
-    codigoDoTexto(txtCod->text()); // a code that is no number would leave the cards without their lists
+    // As the lists of the cards hold it: a code that is no number would leave them empty, and "007" is the code 7.
+    const QString codigo = QString::number(codigoDoTexto(txtCod->text()));
     jet::Recordset& registos = adoInfo.recordset();
     registos.addNew();
-    registos.set("codigo", txtCod->text());
+    registos.set("codigo", codigo);
     registos.set("categoria", categoria());
     escreve();
 }
@@ -166,7 +181,7 @@ bool FrmInfo::podeAlterar()
 
 void FrmInfo::abreAlteracao()
 {
-    txtNome->setLocked(false);
+    abreCampo(*txtNome, true);
     Focus::setTo(txtNome);
 }
 

@@ -37,6 +37,8 @@ private:
     void preencheCategorias();
     void cmbCat_Click();
     void dtgInfo_Click();
+    void fechaCampos();
+    static void abreCampo(TextBox& campo, bool aberto); // the colour shows it
     void PreencheFG();
     void propoeCodigo();
     void escreve();

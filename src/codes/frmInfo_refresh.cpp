@@ -16,12 +16,11 @@ void preenche(ComboBox& lista, const QString& categoria)
     lista.setItemText(0, " ");
 }
 
-// Kept: most lists lose their choice.
 void actualiza(const ListasAbertas::Lista& aberta)
 {
     if (aberta.quando && !aberta.quando()) return;
     ComboBox& lista = *aberta.combo;
-    const bool escolhida = aberta.escolha == ListasAbertas::Escolha::Mantem && lista.listIndex() >= 0;
+    const bool escolhida = lista.listIndex() >= 0;
     const qint32 codigo = lista.itemData(lista.listIndex());
     preenche(lista, aberta.categoria);
     if (escolhida) ProcuraItemData(lista, codigo);

@@ -1,5 +1,6 @@
 #include "codes/frmProfissao.h"
 
+#include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
@@ -28,6 +29,7 @@ void FrmProfissao::Form_Load()
         for (; !registos.eof(); registos.moveNext())
             lstProf->add(registos["profissao"].toString(), codigoDoTexto(codigoDaLinha()));
         if (adoProf.hasRows()) registos.moveFirst();
+        mostraEstado(false);
         mostraLinha();
     });
 }
@@ -37,9 +39,12 @@ void FrmProfissao::Form_Unload()
 {
     if (Forms::isUnloadingAll()) return;
     for (const ListasAbertas::Lista& aberta : ListasAbertas::deProfissoes()) {
-        aberta.combo->clear();
+        ComboBox& lista = *aberta.combo;
+        const QVariant escolhida = lista.listIndex() < 0 ? QVariant() : lista.itemData(lista.listIndex());
+        lista.clear();
         for (int i = 0; i < lstProf->listCount(); ++i)
-            aberta.combo->add(lstProf->list(i), lstProf->itemData(i));
+            lista.add(lstProf->list(i), lstProf->itemData(i));
+        ProcuraItemData(lista, escolhida);
         aberta.janela->display();
     }
 }
@@ -79,8 +84,26 @@ void FrmProfissao::lstProf_Click()
     });
 }
 
+void FrmProfissao::mostraEstado(bool edicao)
+{
+    for (QWidget* campo : QList<QWidget*>{txtDes, txtObs})
+        setBackColor(campo, edicao ? corDoModo::edi : corDoModo::cons);
+}
+
+void FrmProfissao::abreAlteracao()
+{
+    mostraEstado(true);
+}
+
+void FrmProfissao::terminaEdicao()
+{
+    EditorDeTabela::terminaEdicao();
+    mostraEstado(false);
+}
+
 void FrmProfissao::abreInsercao()
 {
+    mostraEstado(true);
     propoeCodigo();
     txtDes->clear();
     txtObs->clear();
@@ -113,7 +136,7 @@ bool FrmProfissao::designacaoRecusada(const QString& mensagemSeFalta)
     return true;
 }
 
-// The command stays at its confirmation, with the next code proposed: so a series can be typed.
+// The command stays at its confirmation, with empty fields and the next code proposed: so a series can be typed.
 void FrmProfissao::confirmaInsercao()
 {
     if (designacaoRecusada("Deve inserir uma designação para a nova profisssão!")) return;
@@ -125,7 +148,7 @@ void FrmProfissao::confirmaInsercao()
     registos.set("obs", txtObs->text());
     registos.update();
     lstProf->add(marcada, codigoDoTexto(codigoDaLinha()));
-    propoeCodigo();
+    abreInsercao();
 }
 
 bool FrmProfissao::podeAlterar()

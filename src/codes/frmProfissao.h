@@ -27,12 +27,14 @@ protected:
     void abreInsercao() override;
     void confirmaInsercao() override;
     bool podeAlterar() override;
-    void abreAlteracao() override {}
+    void abreAlteracao() override;
     void confirmaAlteracao() override;
     void elimina() override;
+    void terminaEdicao() override;
     void mostraLinha() override;
 
 private:
+    void mostraEstado(bool edicao); // by the colour of the fields
     void lstProf_Click();
     void propoeCodigo();
     bool designacaoRecusada(const QString& mensagemSeFalta);

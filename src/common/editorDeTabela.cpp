@@ -24,6 +24,7 @@ void EditorDeTabela::cmdIns_Click()
         if (inserindo()) return confirmaInsercao();
         sobreAlteracao_ = comandos_.passo() == Passo::Alteracao;
         comandos_.passaA(Passo::Insercao);
+        elim_->setEnabled(sobreAlteracao_); // the row that it would delete isn't on the screen
         abreInsercao();
     });
 }
@@ -39,13 +40,12 @@ void EditorDeTabela::cmdAlt_Click()
     });
 }
 
-// Kept: deletes in the middle of an insertion too, unless that began in the middle of an alteration.
+// In the middle of an insertion it is open only if that began in the middle of an alteration, and cancels both.
 void EditorDeTabela::cmdElim_Click()
 {
     guarded([&] {
-        const bool alteracao = comandos_.passo() == Passo::Alteracao || (inserindo() && sobreAlteracao_);
-        if (alteracao) return cancela();
-        elimina();
+        if (emRepouso()) return elimina();
+        cancela();
     });
 }
 
@@ -63,4 +63,5 @@ void EditorDeTabela::cancela()
 void EditorDeTabela::terminaEdicao()
 {
     comandos_.passaA(Passo::Repouso);
+    elim_->setEnabled(true);
 }

@@ -29,10 +29,9 @@ void segueLocais(Form& janela, ComboBox& lista)
     junta(locais, {&janela, &lista});
 }
 
-void segueCodigos(Form& janela, ComboBox& lista, const QString& categoria, Escolha escolha,
-                  std::function<bool()> quando)
+void segueCodigos(Form& janela, ComboBox& lista, const QString& categoria, std::function<bool()> quando)
 {
-    junta(codigos, {&janela, &lista, categoria, escolha, std::move(quando)});
+    junta(codigos, {&janela, &lista, categoria, std::move(quando)});
 }
 
 void segueProfissoes(Form& janela, ComboBox& lista)

@@ -12,26 +12,18 @@
 
 namespace ListasAbertas {
 
-// Whether the entry chosen is chosen again, by its item number, when the list was filled anew.
-enum class Escolha
-{
-    Perde,
-    Mantem // it stands for a stored value
-};
-
 struct Lista
 {
     QPointer<Form> janela;
     QPointer<ComboBox> combo;
-    QString categoria = {}; // of a list of codes
-    Escolha escolha = Escolha::Perde;
+    QString categoria = {};            // of a list of codes
     std::function<bool()> quando = {}; // whether it shows the category now; empty: always
 };
 
-// A window makes a list known, once, in its constructor. The list is forgotten when it goes.
+// A window makes a list known, once, in its constructor. The list is forgotten when it goes. In a list of codes or
+// professions, the item number that was chosen is chosen again when it was filled anew.
 void segueLocais(Form& janela, ComboBox& lista);
-void segueCodigos(Form& janela, ComboBox& lista, const QString& categoria, Escolha escolha = Escolha::Perde,
-                  std::function<bool()> quando = {});
+void segueCodigos(Form& janela, ComboBox& lista, const QString& categoria, std::function<bool()> quando = {});
 void segueProfissoes(Form& janela, ComboBox& lista);
 
 // Those of the loaded windows, in the order in which they were made known.

@@ -28,6 +28,7 @@ void FrmInd::propoeIndividuo()
     txtNind->setLocked(false);
     ProcuraTexto(*cmbTipoInd, "T");
     Tipo = "T";
+    SST->setCurrentIndex(0);
     Focus::setTo(txtNome);
 }
 
@@ -44,8 +45,13 @@ void FrmInd::confirmaInsercao()
     linha.addNew();
     for (const auto& [coluna, valor] : valoresDaInsercao())
         if (!valor.isNull()) linha.set(coluna, valor);
-    linha.update();
-    guardouInsercao();
+    try {
+        linha.update();
+    } catch (const jet::Error& erro) {
+        if (erro.number != jet::number::duplicateKey) throw;
+        throw jet::Error{erro.number, "Já existe o indivíduo nº " + Trim(numero()) + "."};
+    }
+    evenIfItFails([&] { guardouInsercao(); });
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());

@@ -64,7 +64,6 @@ void EditorDeLocais::terminaEdicao()
 {
     EditorDeTabela::terminaEdicao();
     ins_->setEnabled(true);
-    elim_->setEnabled(true);
     AplicarModo(Modo::Cons);
 }
 
@@ -134,7 +133,6 @@ void EditorDeLocais::mostraLinha()
 
 void EditorDeLocais::abreInsercao()
 {
-    elim_->setEnabled(false);
     AplicarModo(Modo::Edi);
     limpaCampos();
     Focus::setTo(primeiroCampo());

@@ -82,18 +82,33 @@ private:
             add(Token::Text, text, textLiteral(text));
     }
 
+    // What the user types stands in a statement as it was typed. A quote in it ends the text too early: the letters
+    // that were to follow come at once behind it, or the last quote begins a text without end.
+    void refuseQuoteWithin(QChar quote, qsizetype beside) const
+    {
+        if (native_ || quote != u'\'' || beside < 0 || beside >= s_.size() || !continuesWord(s_[beside])) return;
+        throw invalidStatement(QStringLiteral("Há uma plica (') dentro de um texto. Escreva o nome sem plica."));
+    }
+
     // A doubled quote stands for one.
     void readText(QChar quote)
     {
+        refuseQuoteWithin(quote, at_ - 1);
         QString text;
         for (++at_; at_ < s_.size(); ++at_) {
             if (s_[at_] == quote) {
                 ++at_;
-                if (at_ >= s_.size() || s_[at_] != quote) return addQuoted(quote, text);
+                if (at_ < s_.size() && s_[at_] == quote) {
+                    text += quote;
+                    continue;
+                }
+                refuseQuoteWithin(quote, at_);
+                return addQuoted(quote, text);
             }
             text += s_[at_];
         }
-        throw invalidStatement(QStringLiteral("Falta a plica que fecha o texto '%1.").arg(text));
+        throw invalidStatement(
+            QStringLiteral("Falta a plica que fecha o texto '%1. Escreva o nome sem plica.").arg(text));
     }
 
     // What stands up to `closing`, which must come.

@@ -11,8 +11,7 @@ protected:
     {
         return make(nome, [categorias](TestForm& form) {
             for (const char* categoria : categorias)
-                ListasAbertas::segueCodigos(form, *form.put<ComboBox>(categoria), categoria,
-                                            ListasAbertas::Escolha::Mantem, [] { return false; });
+                ListasAbertas::segueCodigos(form, *form.put<ComboBox>(categoria), categoria, [] { return false; });
         });
     }
     static QString categorias()
@@ -33,10 +32,8 @@ TEST_F(OpenLists, StandInTheOrderInWhichTheyWereMadeKnown)
     ListasAbertas::segueCodigos(*a, *a->findChild<ComboBox*>("ClaPa"), "Sacra");
     EXPECT_EQ(categorias(), "frmB Paren, frmB FunPa, frmA ClaPa, frmA Sacra");
     const auto listas = ListasAbertas::deCodigos();
-    EXPECT_EQ(listas[0].escolha, ListasAbertas::Escolha::Mantem);
     EXPECT_FALSE(listas[0].quando());
     EXPECT_EQ(listas[3].combo, a->findChild<ComboBox*>("ClaPa"));
-    EXPECT_EQ(listas[3].escolha, ListasAbertas::Escolha::Perde);
     EXPECT_FALSE(listas[3].quando);
 }
 

@@ -87,3 +87,18 @@ TEST_F(IndividualCard, TheSexStandsInTheHighlightColourOutsideASearch)
             EXPECT_EQ(backColor(field(radio)), highlight) << static_cast<int>(mode);
     }
 }
+
+TEST_F(IndividualCard, EachNewPersonBeginsOnThePageOfTheBirth)
+{
+    auto& pages = control<QTabWidget>(frmInd(), "SST");
+    pages.setCurrentIndex(2);
+    click("cmdIns");
+    EXPECT_EQ(pages.currentIndex(), 0);
+    name().setText("Eva");
+    control<OptionButton>(frmInd(), "optSexo_1").setValue(true);
+    pages.setCurrentIndex(2);
+    click("cmdIns");
+    EXPECT_EQ(command("cmdIns").text(), legenda::confirmar);
+    EXPECT_EQ(name().text(), "");
+    EXPECT_EQ(pages.currentIndex(), 0);
+}

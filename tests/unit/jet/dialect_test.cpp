@@ -203,6 +203,18 @@ TEST_F(TheDialect, TakesOneStatementACall)
     EXPECT_EQ(run(" delete\r\n\tfrom sitio ; "), 1);
 }
 
+TEST_F(TheDialect, TellsInWordsWhatToDoAboutAQuoteInAText)
+{
+    for (const char* name : {"Mestre d'armas", "d'armas d'El-Rei", "armas'", "'armas'"}) {
+        const QString statement =
+            QStringLiteral("select * from profissao where profissao = '%1'").arg(QString::fromUtf8(name));
+        const Error error = errorOf([&] { bdp.execute(statement); });
+        EXPECT_EQ(error.number, number::invalidStatement) << name;
+        EXPECT_TRUE(error.description.contains("Escreva o nome sem plica.")) << error.description.toStdString();
+    }
+    EXPECT_EQ(value("'d''armas'"), "d'armas");
+}
+
 TEST_F(TheDialect, SubtractsWhereTwoMinusSignsMeet)
 {
     EXPECT_EQ(value("5--3"), "8");
