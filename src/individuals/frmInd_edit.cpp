@@ -64,7 +64,7 @@ void FrmInd::confirmaInsercao()
     } catch (const jet::Error& erro) {
         throw doIndividuo(Trim(numero()), erro);
     }
-    guardouInsercao();
+    evenIfItFails([&] { guardouInsercao(); });
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());
