@@ -2,6 +2,7 @@
 #include "families/frmFam.h"
 
 #include "common/campos.h"
+#include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
@@ -55,6 +56,7 @@ void FrmFam::confirmaInsercao()
     transaccao.commit();
 
     adoFam.refresh();
+    contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
     fechaEdicao();
     ActualizaCampos(adoFam.recordset(), Nfam::doCampo(numero()));
 }
@@ -132,6 +134,7 @@ void FrmFam::confirmaAlteracao()
     for (const Metade& membro : metades_)
         reescreveMembro(membro, temNumCasam);
     transaccao.commit();
+    contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
 
     fechaEdicao();
 }

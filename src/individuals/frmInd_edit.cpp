@@ -3,6 +3,7 @@
 
 #include "common/campos.h"
 #include "common/datas.h"
+#include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/text.h"
@@ -46,9 +47,19 @@ void FrmInd::confirmaInsercao()
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());
+    contaIndividuoGravado();
+    const QString total = QString::number(adoInd.recordset().recordCount());
+    lblInd->setText(total); // while people are inserted the band counts them
+    lblTotal->setText(total);
 
     LimpaCampos();
     propoeIndividuo();
+}
+
+void FrmInd::contaIndividuoGravado() const
+{
+    contaGravado("indivíduo nº " + txtNind->text() + ", " + Trim(txtNome->text()),
+                 {mskDtNasc, mskDtObito, mskini, mskFim});
 }
 
 void FrmInd::cancelaInsercao()
@@ -81,6 +92,7 @@ void FrmInd::confirmaAlteracao()
     adoNind.recordset().update();
     adoNind.refresh();
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
+    contaIndividuoGravado();
 
     fechaEdicao();
     if (const auto& segue = chamada().pedido().segueAlteracao) segue(*this);
