@@ -3,6 +3,7 @@
 #include "acts/observacao.h"
 #include "common/campos.h"
 #include "common/codigos.h"
+#include "common/dicaDaPessoa.h"
 #include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
@@ -20,6 +21,7 @@ constexpr auto editar = "&Editar";
 FrmFuneral::FrmFuneral() : JanelaDoDono(Name)
 {
     setupUi(this);
+    mostraPessoaNaDica(txtNindP);
     comandos_.usa({{cmdE, editar, nullptr, legenda::confirmar}, {cmdF, legenda::fechar, nullptr, legenda::cancelar}});
     ListasAbertas::segueCodigos(*this, *cmbFuncao, "FunPa", ListasAbertas::Escolha::Mantem);
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmFuneral::cmdIrpara_Click);
