@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QRegularExpression>
 
 // The cells, row by row. The view sees the rows below the heading.
 class Grid::Model : public QAbstractTableModel
@@ -19,13 +20,15 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override
     {
+        if (role == Qt::TextAlignmentRole) return alignment(index.column());
         return role == Qt::DisplayRole ? text(index.row() + 1, index.column()) : QVariant();
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
     {
-        if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-        return text(0, section);
+        if (orientation != Qt::Horizontal) return {};
+        if (role == Qt::TextAlignmentRole) return alignment(section);
+        return role == Qt::DisplayRole ? text(0, section) : QVariant();
     }
 
     int rows() const { return rows_; }
@@ -81,6 +84,21 @@ public:
     }
 
 private:
+    // Numbers stand to the right. The first cell that isn't empty tells what a column holds; a code with a leading zero
+    // is a text. Only the first rows are asked: the cells of the others may not have been read yet.
+    QVariant alignment(int col) const
+    {
+        static const QRegularExpression number("^-?(0|[1-9][0-9]*)([.,][0-9]+)?$");
+        constexpr int asked = 20;
+        for (int row = 1; row < std::min(rows_, asked); ++row) {
+            const QString cell = text(row, col);
+            if (cell.isEmpty()) continue;
+            const bool right = number.match(cell).hasMatch();
+            return int((right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        }
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
+    }
+
     bool holds(int row, int col) const { return row >= 0 && row < rows_ && col >= 0 && col < cols_; }
 
     QStringList& texts(int row) const
