@@ -41,6 +41,7 @@ protected:
         const auto* pedido = static_cast<QHelpEvent*>(evento);
         auto* onde = static_cast<QWidget*>(objecto);
         onde->setToolTip(pessoa(numero_(pedido->pos())));
+        if (onde->toolTip().isEmpty()) return false; // other columns may have a tip of their own
         QToolTip::showText(pedido->globalPos(), onde->toolTip(), onde);
         return true;
     }
