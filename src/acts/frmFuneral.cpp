@@ -4,6 +4,7 @@
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/datas.h"
+#include "common/dicaDaPessoa.h"
 #include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
@@ -29,6 +30,7 @@ QString dataDoFuneral(const jet::Recordset& individuo)
 FrmFuneral::FrmFuneral() : JanelaDoDono(Name)
 {
     setupUi(this);
+    mostraPessoaNaDica(txtNindP);
     comandos_.usa({{cmdE, editar, nullptr, legenda::confirmar}, {cmdF, legenda::fechar, nullptr, legenda::cancelar}});
     ListasAbertas::segueCodigos(*this, *cmbFuncao, "FunPa");
     connect(cmdIrpara, &CommandButton::clicked, this, &FrmFuneral::cmdIrpara_Click);

@@ -2,6 +2,7 @@
 
 #include "acts/observacao.h"
 #include "common/codigos.h"
+#include "common/dicaDaPessoa.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -12,6 +13,9 @@
 FrmIntervenientes::FrmIntervenientes() : JanelaDoDono(Name)
 {
     setupUi(this);
+    for (TextBox* numero : {txtIndP1, txtIndP2, txtIndAss})
+        mostraPessoaNaDica(numero);
+    mostraPessoaNaDica(dtInterv, 0);
     lugares_[0] = {OrigemInd::PrimeiroPadre, txtIndP1, cmbFuncP1, cmdIndP1, cmdX_0};
     lugares_[1] = {OrigemInd::SegundoPadre, txtIndP2, cmbFuncP2, cmdIndP2, cmdX_1};
     padres_.usa({{cmdE, legenda::editarAParte, nullptr, legenda::confirmarOuCancelar}});

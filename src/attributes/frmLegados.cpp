@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/codigos.h"
+#include "common/dicaDaPessoa.h"
 #include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
@@ -12,6 +13,8 @@
 FrmLegados::FrmLegados() : ListaDatada(Name)
 {
     setupUi(this);
+    mostraPessoaNaDica(txtNindH);
+    mostraPessoaNaDica(dtgLeg, 1);
     Regras regras;
     regras.procura = "idlegprof =%1";
     regras.focoAoInserir = txtNindH;

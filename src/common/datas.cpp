@@ -1,5 +1,6 @@
 #include "common/datas.h"
 
+#include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/focus.h"
@@ -67,6 +68,7 @@ QString diaDoLiteral(const QString& texto)
 
 bool VerificaData(MaskedEdit& campo)
 {
+    contaAnoImprovavel(&campo);
     if (semData(campo.text()) || eData(campo.text())) return true;
     showMessage("Deve inserir uma data válida!\r\nUtilize o formato 'DD/MM/YYYY'");
     campo.clearMasked();

@@ -1,6 +1,7 @@
 #include "families/frmFam.h"
 
 #include "common/codigos.h"
+#include "common/linhaDeEstado.h"
 #include "common/listasAbertas.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
@@ -38,6 +39,8 @@ void FrmFam::connectEvents()
     Focus::watch(
         mskData, [this] { mskData_GotFocus(); }, [this] { mskData_LostFocus(); });
     connect(mskData, &MaskedEdit::textChanged, this, &FrmFam::mskData_Change);
+    for (const MaskedEdit* campo : {mskini, mskFim})
+        connect(campo, &MaskedEdit::editingFinished, this, [campo] { contaAnoImprovavel(campo); });
     connect(cmdRP, &CommandButton::clicked, this, &FrmFam::cmdRP_Click);
     connect(cmdInt, &CommandButton::clicked, this, &FrmFam::cmdInt_Click);
     connect(cmdEncLoc, &CommandButton::clicked, this, &FrmFam::cmdEncLoc_Click);

@@ -2,6 +2,7 @@
 #include "families/frmFam.h"
 
 #include "common/campos.h"
+#include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
@@ -88,6 +89,7 @@ void FrmFam::confirmaInsercao()
     transaccao.commit();
 
     adoFam.refresh();
+    contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
     fechaEdicao();
     ActualizaCampos(adoFam.recordset(), Nfam::doCampo(numero()));
 }
@@ -171,6 +173,7 @@ void FrmFam::confirmaAlteracao()
     jet::Transaction transaccao(cnBDP);
     reescreveMembros();
     transaccao.commit();
+    contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
 
     fechaEdicao();
 }

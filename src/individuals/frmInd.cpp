@@ -1,5 +1,6 @@
 #include "individuals/frmInd.h"
 
+#include "common/linhaDeEstado.h"
 #include "common/listasAbertas.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
@@ -58,6 +59,8 @@ void FrmInd::connectEvents()
 
     Focus::watch(
         mskDtObito, [this] { mskDtObito_GotFocus(); }, [this] { mskDtObito_LostFocus(); });
+    for (const MaskedEdit* campo : {mskini, mskFim})
+        connect(campo, &MaskedEdit::editingFinished, this, [campo] { contaAnoImprovavel(campo); });
     connect(cmdLocOb, &CommandButton::clicked, this, [this] { escolheLocal(OrigemLoc::Obito, *cmbLocObito); });
     connect(cmdTest, &CommandButton::clicked, this, &FrmInd::cmdTest_Click);
     connect(cmdRP_1, &CommandButton::clicked, this, [this] { cmdRP_Click(1); });

@@ -114,6 +114,7 @@ private:
     void elimina() override;
     void propoeIndividuo();
     bool temObrigatorios(const QString& accao);
+    void contaIndividuoGravado() const; // in the status bar
     void poeListaNoNumero(const QString& nind);
     Valores valoresDaInsercao() const;
     Valores valoresDaAlteracao();

@@ -2,6 +2,7 @@
 #include "individuals/frmInd.h"
 
 #include "common/datas.h"
+#include "common/linhaDeEstado.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -22,6 +23,7 @@ void FrmInd::mskDtNasc_LostFocus()
     guarded([&] {
         const QString nascimento = mskDtNasc->text();
         mostraDiaEMes(nascimento);
+        contaAnoImprovavel(mskDtNasc);
         // Nobody has changed the date: what was stored beside it stays.
         if (alterando() && DataNascAntiga.inalterada(*mskDtNasc)) {
             cmdInterv->setEnabled(eData(nascimento));
@@ -63,6 +65,7 @@ void FrmInd::mskDtObito_LostFocus()
     guarded([&] {
         const QString obito = mskDtObito->text();
         mostraDiaEMes(obito);
+        contaAnoImprovavel(mskDtObito);
         if (alterando() && DataObitoAntiga.inalterada(*mskDtObito)) {
             if (eData(obito)) mostraIdadeCalculada();
             return;

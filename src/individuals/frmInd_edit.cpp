@@ -3,6 +3,7 @@
 
 #include "common/campos.h"
 #include "common/datas.h"
+#include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/text.h"
@@ -68,9 +69,19 @@ void FrmInd::confirmaInsercao()
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());
+    contaIndividuoGravado();
+    const QString total = QString::number(adoInd.recordset().recordCount());
+    lblInd->setText(total); // while people are inserted the band counts them
+    lblTotal->setText(total);
 
     LimpaCampos();
     propoeIndividuo();
+}
+
+void FrmInd::contaIndividuoGravado() const
+{
+    contaGravado("indivíduo nº " + txtNind->text() + ", " + Trim(txtNome->text()),
+                 {mskDtNasc, mskDtObito, mskini, mskFim});
 }
 
 void FrmInd::cancelaInsercao()
@@ -128,6 +139,7 @@ bool FrmInd::gravaAlteracao()
     }
     adoNind.refresh();
     adoInd.refresh(); // Kept: the list is on its first row again, and the next movement starts from there.
+    contaIndividuoGravado();
     return true;
 }
 

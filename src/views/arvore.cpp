@@ -17,6 +17,13 @@ QString membros(const QString& familia)
            familia + " order by individuo.sexo desc";
 }
 
+// The whole text also where the node is wider than the tree.
+QTreeWidgetItem* comDica(QTreeWidgetItem* no)
+{
+    no->setToolTip(0, no->text(0));
+    return no;
+}
+
 } // namespace
 
 QString nomeNaArvore(QString nome)
@@ -32,12 +39,12 @@ Arvore::Arvore(QTreeWidget& tvw, Resumo resumo) : tvw_(tvw), resumo_(resumo)
 
 Arvore::No Arvore::junta(const QString& texto)
 {
-    return ultimo_ = new QTreeWidgetItem(&tvw_, {texto});
+    return ultimo_ = comDica(new QTreeWidgetItem(&tvw_, {texto}));
 }
 
 Arvore::No Arvore::junta(No pai, const jet::Recordset& pessoa)
 {
-    ultimo_ = new QTreeWidgetItem(pai, {nomeNaArvore(pessoa["nome"].toString()) + resumo_(pessoa)});
+    ultimo_ = comDica(new QTreeWidgetItem(pai, {nomeNaArvore(pessoa["nome"].toString()) + resumo_(pessoa)}));
     pai->setExpanded(true); // only laid out when a node is shown at the end
     return ultimo_;
 }

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <QStyle>
 
 // The cells, row by row. The view sees the rows below the heading.
@@ -22,15 +23,19 @@ public:
     QVariant data(const QModelIndex& index, int role) const override
     {
         const QString shown = text(index.row() + 1, index.column());
-        if (role == Qt::DisplayRole) return shown;
-        if (role == Qt::ToolTipRole && isCut(shown, index.column())) return shown;
-        return {};
+        switch (role) {
+        case Qt::DisplayRole: return shown;
+        case Qt::TextAlignmentRole: return alignment(index.column());
+        case Qt::ToolTipRole: return isCut(shown, index.column()) ? shown : QVariant();
+        default: return {};
+        }
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
     {
-        if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-        return text(0, section);
+        if (orientation != Qt::Horizontal) return {};
+        if (role == Qt::TextAlignmentRole) return alignment(section);
+        return role == Qt::DisplayRole ? text(0, section) : QVariant();
     }
 
     int rows() const { return rows_; }
@@ -92,6 +97,21 @@ private:
         const auto* view = static_cast<const QTableView*>(QObject::parent());
         const int margin = view->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, view) + 1;
         return view->fontMetrics().horizontalAdvance(text) + 2 * margin > view->columnWidth(col);
+    }
+
+    // Numbers stand to the right. The first cell that isn't empty tells what a column holds; a code with a leading zero
+    // is a text. Only the first rows are asked: the cells of the others may not have been read yet.
+    QVariant alignment(int col) const
+    {
+        static const QRegularExpression number("^-?(0|[1-9][0-9]*)([.,][0-9]+)?$");
+        constexpr int asked = 20;
+        for (int row = 1; row < std::min(rows_, asked); ++row) {
+            const QString cell = text(row, col);
+            if (cell.isEmpty()) continue;
+            const bool right = number.match(cell).hasMatch();
+            return int((right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        }
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
     }
 
     bool holds(int row, int col) const { return row >= 0 && row < rows_ && col >= 0 && col < cols_; }

@@ -220,3 +220,24 @@ TEST_F(GridTest, TellsInAToolTipATextThatItsColumnCuts)
     grid->setTextMatrix(1, 1, "31/12/1751 ou 1752");
     EXPECT_EQ(tip(1), "31/12/1751 ou 1752");
 }
+
+TEST_F(GridTest, StandsNumbersToTheRightAndCodesToTheLeft)
+{
+    grid->setRows(4);
+    grid->setColumns({{"Nº"}, {"Nome"}, {"Código"}, {"Idade"}});
+    const QList<QStringList> rows{{"12", "Ana", "0303", ""}, {"7", "1750", "1301", "30"}, {"", "Rui", "", "4,5"}};
+    for (int row = 1; row < 4; ++row)
+        for (int col = 0; col < 4; ++col)
+            grid->setTextMatrix(row, col, rows[row - 1][col]);
+    const auto right = [&](int col) {
+        const auto at = [&](const QVariant& alignment) { return bool(alignment.toInt() & Qt::AlignRight); };
+        const bool heading = at(grid->model()->headerData(col, Qt::Horizontal, Qt::TextAlignmentRole));
+        for (int row = 0; row < 3; ++row)
+            EXPECT_EQ(at(grid->model()->index(row, col).data(Qt::TextAlignmentRole)), heading);
+        return heading;
+    };
+    EXPECT_TRUE(right(0));
+    EXPECT_FALSE(right(1));
+    EXPECT_FALSE(right(2));
+    EXPECT_TRUE(right(3)) << "the first cell is empty";
+}
