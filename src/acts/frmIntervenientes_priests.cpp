@@ -68,7 +68,7 @@ void FrmIntervenientes::iniciaPadres()
 void FrmIntervenientes::confirmaPadres()
 {
     if (preenchido(txtIndP1) || preenchido(txtIndP2))
-        ask("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
+        askWhetherToStore("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
     padres_.passaA(Passo::Repouso);
     for (const LugarDoPadre& lugar : lugares_)
         lugar.funcao->setLocked(true);
