@@ -13,8 +13,7 @@ bool AbreBDP(const QString& caminho);
 // what was made before an error stays on the disk, but a file that was to be replaced stays as it was.
 void CriaBDP(const QString& caminho);
 
-// CriaBDP without windows, over an old file, which is replaced in one step when the new one is whole. Throws jet::Error;
-// the old file is then as it was.
+// CriaBDP without windows, over an old file, which stays as it was until the new one is whole. Throws jet::Error.
 // Precondition: cnBDP doesn't have it open.
 void SubstituiBDP(const QString& caminho);
 

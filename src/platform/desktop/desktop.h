@@ -15,8 +15,8 @@ inline constexpr int noProgram = 31;
 inline constexpr int success = 33;
 
 // Opens a document in the program registered for its type. A relative path starts at the working folder; a folder is no
-// document, and counts as not found. Waits briefly for what the desktop says; a desktop that takes longer is left to it,
-// which counts as success.
+// document, and counts as not found. Waits briefly for what the desktop says; a desktop that takes longer is left to
+// it, which counts as success.
 int openDocument(const QString& path);
 
 // Hands a URL to the desktop, its text unchanged, and doesn't wait.

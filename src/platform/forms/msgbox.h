@@ -24,8 +24,9 @@ bool ask(const QString& text, Icon icon = Icon::Question, const QString& title =
 bool askWhetherToStore(const QString& text);
 
 // File dialogs. The filter is in the form "BDP - ORV (*.orv)|*.orv". An empty text means that the user cancelled.
-// The save form asks nothing about a file that exists, and appends the filter's suffix to a name that has none. A suffix
-// is what follows the last point, up to four letters or digits that aren't a mere number; nothing at all counts, too.
+// The save form asks nothing about a file that exists, and appends the filter's suffix to a name that has none. A
+// suffix is what follows the last point, up to four letters or digits that aren't a mere number; nothing at all counts,
+// too.
 QString openFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
 QString saveFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
 

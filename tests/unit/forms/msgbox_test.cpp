@@ -149,9 +149,14 @@ TEST_F(MessageBox, SavingAsksNothingAboutAFileThatExists)
 TEST_F(MessageBox, OnlyANameWithoutAnySuffixGetsOne)
 {
     const QTemporaryDir folder;
-    for (const auto& [typed, taken] :
-         {std::pair("nova", "nova.orv"), {"nova.bak", "nova.bak"}, {"S. Mamede", "S. Mamede.orv"}, {"b.orv", "b.orv"},
-          {"S.Mamede", "S.Mamede.orv"}, {"até 31.12.1800", "até 31.12.1800.orv"}, {"nova.", "nova."}, {"a.7z", "a.7z"}})
+    for (const auto& [typed, taken] : {std::pair("nova", "nova.orv"),
+                                       {"nova.bak", "nova.bak"},
+                                       {"S. Mamede", "S. Mamede.orv"},
+                                       {"b.orv", "b.orv"},
+                                       {"S.Mamede", "S.Mamede.orv"},
+                                       {"até 31.12.1800", "até 31.12.1800.orv"},
+                                       {"nova.", "nova."},
+                                       {"a.7z", "a.7z"}})
     {
         Pick pick(folder.filePath(typed));
         EXPECT_EQ(saveFileName(bdp), folder.filePath(taken));
