@@ -8,6 +8,8 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include <memory>
+
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
 #include <unistd.h>
 #endif
@@ -41,18 +43,17 @@ int resultOf(int exitStatus)
 // left running when the patience is over: the process object stays until it ends, as its destructor would kill it.
 int openAndWait(const QString& program, const QString& path)
 {
-    auto* opening = new QProcess;
+    auto opening = std::make_unique<QProcess>();
     opening->setProcessChannelMode(QProcess::ForwardedChannels);
     opening->setStandardInputFile(QProcess::nullDevice());
     opening->setChildProcessModifier([] { ::setsid(); });
-    QObject::connect(opening, &QProcess::finished, opening, &QObject::deleteLater);
     opening->start(program, {path});
-    if (!opening->waitForStarted()) {
-        delete opening;
-        return Desktop::noProgram;
-    }
-    if (!opening->waitForFinished(patienceInMilliseconds)) return Desktop::success;
-    return opening->exitStatus() == QProcess::NormalExit ? resultOf(opening->exitCode()) : Desktop::failure;
+    if (!opening->waitForStarted()) return Desktop::noProgram;
+    if (opening->waitForFinished(patienceInMilliseconds))
+        return opening->exitStatus() == QProcess::NormalExit ? resultOf(opening->exitCode()) : Desktop::failure;
+    QProcess* left = opening.release();
+    QObject::connect(left, &QProcess::finished, left, &QObject::deleteLater);
+    return Desktop::success;
 }
 
 #endif
