@@ -73,7 +73,7 @@ void FrmIntervenientes::confirmaPadres()
 {
     const bool haPadres = preenchido(txtIndP1) || preenchido(txtIndP2);
     if (haPadres && !donoGuardado()) return;
-    if (haPadres) ask("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
+    if (haPadres) askWhetherToStore("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
     padres_.passaA(Passo::Repouso);
     for (const LugarDoPadre& lugar : lugares_) {
         lugar.funcao->setLocked(true);

@@ -169,7 +169,7 @@ void FrmPass::cmdE_Click()
             descricao_.passaA(Passo::Alteracao);
             return aplicaModoDaDescricao(Modo::Edi);
         }
-        if (!ask("Deseja realmente confirmar as alterações?"))
+        if (!askWhetherToStore("Deseja realmente confirmar as alterações?"))
             mostraDescricao();
         else if (donoGuardado())
             gravaDescricao();

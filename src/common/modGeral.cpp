@@ -74,7 +74,10 @@ void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, i
 void AbreFicheiro(const QString& caminho)
 {
     if (caminho.isEmpty()) return;
-    const int resultado = Desktop::openDocument(caminho);
+    const int resultado = [&] {
+        const Hourglass ampulheta; // the desktop may take its time
+        return Desktop::openDocument(caminho);
+    }();
     if (resultado >= 32) return;
     switch (resultado) {
     case Desktop::fileNotFound:

@@ -3,6 +3,7 @@
 #include "platform/forms/forms.h"
 #include "ui_splashForm.h"
 
+#include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
 
@@ -51,6 +52,12 @@ void SplashForm::Timer1_Timer()
 void SplashForm::keyPressEvent(QKeyEvent* event)
 {
     Form_KeyDown(event->key());
+}
+
+void SplashForm::closeEvent(QCloseEvent* event)
+{
+    event->ignore(); // whoever loaded it may still be waiting for it
+    Form_KeyDown(Qt::Key_Escape);
 }
 
 void SplashForm::Form_KeyDown(int key)

@@ -37,6 +37,7 @@ signals:
 protected:
     void Form_Load() override;
     void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override; // counts as Escape
 
 private:
     void Timer1_Timer();

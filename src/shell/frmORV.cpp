@@ -16,6 +16,7 @@
 #include "shell/beginSession.h"
 #include "store/frmBack.h"
 #include "store/modBD.h"
+#include "store/sessionChange.h"
 #include "ui_frmORV.h"
 #include "views/fichaIndividual.h"
 
@@ -29,6 +30,8 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
 {
     ui->setupUi(this);
     Forms::setMainWindow(this, ui->mdi);
+    setSessionCaption(shortTitle);
+    onClearSession(beginSession);
     connectMenus();
     switchOffItems();
     onSessionMenus([this](bool enabled) {
@@ -41,6 +44,7 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
 FrmORV::~FrmORV()
 {
     onSessionMenus({});
+    onClearSession({});
 }
 
 void FrmORV::connectMenus()
@@ -104,7 +108,7 @@ void FrmORV::Form_Load(const QString& commandLine)
             registos.open("select cod, nome from infopar");
         }
         CodParoquia = requiredText(registos["cod"]);
-        setWindowTitle(longTitle + requiredText(registos["Nome"]));
+        setSessionCaption(longTitle + requiredText(registos["Nome"]));
         registos.close();
         frmFam().display();
     });
@@ -131,15 +135,17 @@ void FrmORV::mudaBDP(const QString& operacao)
         }
         if (!ask("Deseja fechar a BDP em tratamento?")) return;
 
-        Forms::unloadAll();
-        showCredits();  // what was told last belongs to the BDP that is being left
-        beginSession(); // a search left behind would bar every insert in the next BDP
+        clearSession();
+        showCredits(); // what was told last belongs to the BDP that is being left
         CodParoquia.clear();
-        // The dialog names the parish that is being left: it reads the caption while it loads, before the caption
-        // changes.
-        if (windowTitle() != QString::fromUtf8(shortTitle)) frmBack().mostraPara("a");
+        if (sessionCaption() == QString::fromUtf8(shortTitle)) { // no parish was confirmed, or its copy was offered
+            cnBDP.close();
+            Forms::show("frmIni");
+        } else {
+            frmBack().mostraPara("a"); // it names the parish that is being left: by the caption, before that changes
+        }
         setSessionMenus(false);
-        setWindowTitle(shortTitle);
+        setSessionCaption(shortTitle);
     });
 }
 

@@ -6,6 +6,7 @@
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "store/sessionChange.h"
 #include "ui_frmBack.h"
 
 FrmBack& frmBack()
@@ -35,7 +36,7 @@ void FrmBack::Form_Load()
 {
     const QWidget* janela = Forms::mainWindow();
     parentWidget()->move(janela->width() / 4, janela->height() / 4);
-    const QString titulo = janela->windowTitle();
+    const QString titulo = sessionCaption();
     if (const int inicio = InStr(titulo, "BDP")) ui->Label1->setText(ui->Label1->text() + Mid(titulo, inicio));
 }
 

@@ -2,10 +2,14 @@
 
 #include "common/modGeral.h"
 #include "common/pedidoDeLocal.h"
+#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "store/modBD.h"
+#include "store/sessionChange.h"
 #include "ui_frmIni.h"
+
+#include <QScopedValueRollback>
 
 FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::FrmIni>())
 {
@@ -27,7 +31,7 @@ void FrmIni::Form_Load()
 
 bool FrmIni::Form_QueryUnload(UnloadMode mode)
 {
-    return mode != UnloadMode::ControlMenu;
+    return mode != UnloadMode::ControlMenu && !fica_;
 }
 
 // Kept: neither change ever disables anything.
@@ -56,7 +60,8 @@ void FrmIni::escolheBDP()
     ui->txtLoc->setText(openFileName(bdpFilter));
     if (ui->txtLoc->text().isEmpty()) return;
 
-    AbreBDP(ui->txtLoc->text());
+    deixaBDP();
+    if (AbreBDP(ui->txtLoc->text())) esqueceParoquia();
     jet::Recordset registos(cnBDP, "select cod, nome, pais from infopar");
     if (registos.eof()) return;
     CodParoquia = requiredText(registos["cod"]);
@@ -69,12 +74,34 @@ void FrmIni::escolheNovaBDP()
     ui->txtLoc->setText(saveFileName(bdpFilter));
     if (ui->txtLoc->text().isEmpty()) return;
 
+    deixaBDP();
     CriaBDP(ui->txtLoc->text());
     if (!AbreBDP(ui->txtLoc->text())) {
         showMessage("Por alguma razão não foi possível criar a BDP!", Icon::Critical);
         unload();
         return;
     }
+    esqueceParoquia();
+}
+
+void FrmIni::limpaSessao()
+{
+    const QScopedValueRollback fica(fica_, true);
+    clearSession();
+}
+
+// Before the connection goes to another file: a card of the one before would work on the new one.
+void FrmIni::deixaBDP()
+{
+    limpaSessao();
+    setSessionCaption(shortTitle);
+}
+
+// The parish of one file is never stored in another.
+void FrmIni::esqueceParoquia()
+{
+    CodParoquia.clear();
+    CodPais.clear();
     ui->txtParoquia->clear();
 }
 
@@ -92,15 +119,21 @@ void FrmIni::Command1_Click()
 void FrmIni::cmdOk_Click()
 {
     guarded([&] {
-        if (cnBDP.state() == jet::Connection::Open) setSessionMenus(true);
         const QString nome = ui->txtParoquia->text();
-        Forms::mainWindow()->setWindowTitle(longTitle + nome);
+        if (nome.isEmpty()) { // cleared, which leaves the button on
+            showMessage("Deve seleccionar uma paróquia!");
+            Focus::setTo(ui->Command1);
+            return;
+        }
+        if (cnBDP.state() == jet::Connection::Open) setSessionMenus(true);
+        setSessionCaption(longTitle + nome);
         cnBDP.beginTrans();
         cnBDP.execute("delete from infopar");
         cnBDP.execute("insert into infopar (cod, nome,pais) values ('" + CodParoquia + "','" + nome + "','" + CodPais +
                       "')");
         cnBDP.execute("update paroquia set prioridade = 2 where codparoquia = '" + CodParoquia + "'");
         cnBDP.commitTrans();
+        limpaSessao();
         CarregaFichaFam();
         unload();
     });
@@ -112,7 +145,9 @@ void FrmIni::cmdC_Click()
 {
     guarded([&] {
         if (OperacaoBDP != "c") {
-            setSessionMenus(cnBDP.state() == jet::Connection::Open);
+            const bool aberta = cnBDP.state() == jet::Connection::Open;
+            setSessionMenus(aberta);
+            if (aberta) deixaBDP();
             cnBDP.close();
         }
         unload();

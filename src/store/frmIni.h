@@ -34,6 +34,10 @@ private:
 
     void escolheBDP();
     void escolheNovaBDP();
+    void limpaSessao();
+    void deixaBDP();
+    void esqueceParoquia();
 
     std::unique_ptr<Ui::FrmIni> ui;
+    bool fica_ = false; // while all other forms are unloaded
 };

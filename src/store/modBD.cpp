@@ -25,14 +25,15 @@ bool AbreBDP(const QString& caminho)
 void CriaBDP(const QString& caminho)
 {
     evenIfItFails([&] {
-        if (QFileInfo(caminho).isFile()) {
+        const bool existe = QFileInfo(caminho).isFile();
+        if (existe) {
             if (!ask("Essa BDP já existe! Deseja substituí-la?", Icon::None)) return;
             cnBDP.close();
-            jet::removeDatabase(caminho);
+            jet::requireReplaceable(caminho); // before the long step
         }
         Hourglass ampulheta;
         splashForm().showStep("A criar a BDP. Aguarde por favor ...");
-        EscreveBDP(caminho);
+        existe ? SubstituiBDP(caminho) : EscreveBDP(caminho);
         splashForm().unload();
     });
 }

@@ -10,8 +10,12 @@
 bool AbreBDP(const QString& caminho);
 
 // Makes a BDP from the data files of the program's folder, asking before it replaces a file. Errors are shown here;
-// what was made before an error stays on the disk.
+// what was made before an error stays on the disk, but a file that was to be replaced stays as it was.
 void CriaBDP(const QString& caminho);
+
+// CriaBDP without windows, over an old file, which stays as it was until the new one is whole. Throws jet::Error.
+// Precondition: cnBDP doesn't have it open.
+void SubstituiBDP(const QString& caminho);
 
 // CriaBDP without windows, and its two halves. Throw jet::Error; what was made before the error is kept in the file.
 // Precondition: there is no file at `caminho` (Error 58 otherwise); `bdp` is open.

@@ -6,6 +6,9 @@
 #include "store/dataFile.h"
 #include "store/modBD.h"
 
+#include <QFileInfo>
+#include <QTemporaryDir>
+
 #include <array>
 #include <memory>
 
@@ -108,6 +111,17 @@ void EscreveBDP(const QString& caminho)
         CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
         CarregaDadosIniciais(bdp);
     });
+}
+
+void SubstituiBDP(const QString& caminho)
+{
+    const QTemporaryDir pasta(caminho + ".XXXXXX");
+    if (!pasta.isValid())
+        throw jet::Error{jet::number::permissionDenied,
+                         "Não foi possível criar a nova BDP ao lado de \"" + caminho + "\"."};
+    const QString nova = pasta.filePath(QFileInfo(caminho).fileName());
+    EscreveBDP(nova);
+    jet::replaceDatabase(nova, caminho);
 }
 
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)

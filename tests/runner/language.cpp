@@ -49,9 +49,9 @@ void makeBdp(Stage& stage, const QString& path, bool bare)
     use(stage, path);
 }
 
-void answer(Stage& stage, bool yes)
+void answer(Stage& stage, Answer answer)
 {
-    stage.state.answers.append(yes);
+    stage.state.answers.append(answer);
     stage.save();
 }
 
@@ -131,8 +131,9 @@ const QList<StepForm>& language()
         {"row CONTROL NUMBER", [](Play& p) { Hands::row(p.stage, p.word(0), p.number(1)); }},
         {"dblclick CONTROL NUMBER", [](Play& p) { Hands::doubleClick(p.stage, p.word(0), p.number(1)); }},
         {"close NAME", [](Play& p) { Hands::close(p.stage, p.word(0)); }},
-        {"answer yes", [](Play& p) { answer(p.stage, true); }},
-        {"answer no", [](Play& p) { answer(p.stage, false); }},
+        {"answer yes", [](Play& p) { answer(p.stage, Answer::Yes); }},
+        {"answer no", [](Play& p) { answer(p.stage, Answer::No); }},
+        {"answer return", [](Play& p) { answer(p.stage, Answer::Return); }},
         {"pick TEXT", [](Play& p) { pick(p.stage, p.path(0)); }},
         {"pick cancel", [](Play& p) { pick(p.stage, {}); }},
         {"splash keep", [](Play& p) { p.stage.state.splashKept = true; }},

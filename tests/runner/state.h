@@ -14,6 +14,14 @@ struct Box
     bool question = false; // had a choice, and an answer was ready for it
 };
 
+// How a question is answered: by a button, or by the Return key, which leaves it to the box.
+enum class Answer
+{
+    No,
+    Yes,
+    Return
+};
+
 // It outlives the process that plays: the scenario goes on in a new one after a restart, or when the program has ended.
 struct State
 {
@@ -27,10 +35,10 @@ struct State
     QString bdp; // absolute path of the BDP that exec and expect sql use
     bool splashKept = false;
     bool programFolderTouched = false;
-    QList<bool> answers; // true: yes
-    QStringList picks;   // absolute paths; empty: cancel
-    QList<Box> boxes;    // not yet expected, oldest first
-    QStringList opened;  // documents and URLs not yet expected
+    QList<Answer> answers;
+    QStringList picks;  // absolute paths; empty: cancel
+    QList<Box> boxes;   // not yet expected, oldest first
+    QStringList opened; // documents and URLs not yet expected
 
     // False where the file holds none.
     bool read(const QString& file);

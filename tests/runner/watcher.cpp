@@ -43,6 +43,12 @@ void press(QWidget* button)
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
+void pressReturn(QDialog* dialog)
+{
+    QWidget* focused = dialog->focusWidget();
+    QTest::keyClick(focused ? focused : dialog, Qt::Key_Return);
+}
+
 } // namespace
 
 Watcher::Watcher(Stage& stage, std::function<void(const QString&)> onFailure)
@@ -87,13 +93,17 @@ void Watcher::attend(QMessageBox* box)
     State& state = stage_.state;
     Box record{box->text(), box->windowTitle(), iconOf(box), box->buttons().size() > 1};
     QAbstractButton* button = box->buttons().value(0);
+    bool byReturn = false;
     if (record.question) {
         if (state.answers.isEmpty()) onFailure_("an unforeseen question: " + quoted(record.text));
-        button = buttonOf(box, state.answers.takeFirst());
+        const Answer answer = state.answers.takeFirst();
+        byReturn = answer == Answer::Return;
+        button = buttonOf(box, answer == Answer::Yes);
     }
     if (!button) onFailure_("a box without the button that it needs: " + quoted(record.text));
     state.boxes.append(record);
     stage_.save();
+    if (byReturn) return pressReturn(box);
     press(button);
 }
 

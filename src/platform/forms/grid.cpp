@@ -24,10 +24,14 @@ public:
     {
         const QString shown = text(index.row() + 1, index.column());
         switch (role) {
-        case Qt::DisplayRole: return shown;
-        case Qt::TextAlignmentRole: return alignment(index.column());
-        case Qt::ToolTipRole: return isCut(shown, index.column()) ? shown : QVariant();
-        default: return {};
+        case Qt::DisplayRole:
+            return shown;
+        case Qt::TextAlignmentRole:
+            return alignment(index.column());
+        case Qt::ToolTipRole:
+            return isCut(shown, index.column()) ? shown : QVariant();
+        default:
+            return {};
         }
     }
 

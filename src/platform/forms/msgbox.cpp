@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QWindow>
 
 namespace {
@@ -97,6 +98,31 @@ QString chooseFile(QFileDialog::AcceptMode mode, const Filter& filter, const QSt
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
+enum class Default
+{
+    Yes,
+    No
+};
+
+bool askWith(Default byReturn, const QString& text, Icon icon, const QString& title)
+{
+    const Interruption interruption;
+    QMessageBox box(Forms::mainWindow());
+    auto* yes = box.addButton(QStringLiteral("&Sim"), QMessageBox::YesRole);
+    auto* no = box.addButton(QStringLiteral("&Não"), QMessageBox::NoRole);
+    box.setDefaultButton(byReturn == Default::Yes ? yes : no);
+    box.setEscapeButton(no);
+    fill(box, text, icon, title);
+    box.exec();
+    return box.clickedButton() == yes;
+}
+
+bool hasSuffix(const QString& name)
+{
+    static const QRegularExpression suffix(QStringLiteral(R"(\.(?!\d+$)[\p{L}\d]{0,4}$)"));
+    return name.contains(suffix);
+}
+
 } // namespace
 
 void showMessage(const QString& text, Icon icon, const QString& title)
@@ -110,14 +136,12 @@ void showMessage(const QString& text, Icon icon, const QString& title)
 
 bool ask(const QString& text, Icon icon, const QString& title)
 {
-    const Interruption interruption;
-    QMessageBox box(Forms::mainWindow());
-    const auto* yes = box.addButton(QStringLiteral("&Sim"), QMessageBox::YesRole);
-    auto* no = box.addButton(QStringLiteral("&Não"), QMessageBox::NoRole);
-    box.setEscapeButton(no);
-    fill(box, text, icon, title);
-    box.exec();
-    return box.clickedButton() == yes;
+    return askWith(Default::No, text, icon, title);
+}
+
+bool askWhetherToStore(const QString& text)
+{
+    return askWith(Default::Yes, text, Icon::Question, QString::fromLatin1(boxTitle));
 }
 
 QString openFileName(const QString& filter, const QString& title)
@@ -129,7 +153,7 @@ QString saveFileName(const QString& filter, const QString& title)
 {
     const Filter parsed = parseFilter(filter);
     QString name = chooseFile(QFileDialog::AcceptSave, parsed, title);
-    const bool bare = !name.isEmpty() && !name.section('/', -1).contains('.');
+    const bool bare = !name.isEmpty() && !hasSuffix(name.section('/', -1));
     if (bare && !parsed.suffix.isEmpty()) name += '.' + parsed.suffix;
     return name;
 }

@@ -18,11 +18,15 @@ inline constexpr auto boxTitle = "NUBE - ORV";
 void showMessage(const QString& text, Icon icon = Icon::Information,
                  const QString& title = QString::fromLatin1(boxTitle));
 
-// A box with "Sim" and "Não", "Não" by Escape. True for "Sim".
+// A box with "Sim" and "Não", "Não" by Escape. True for "Sim". Return is "Não": a "Sim" destroys or leaves something.
 bool ask(const QString& text, Icon icon = Icon::Question, const QString& title = QString::fromLatin1(boxTitle));
+// The same where "Não" is what loses something, as what was typed: Return is "Sim".
+bool askWhetherToStore(const QString& text);
 
 // File dialogs. The filter is in the form "BDP - ORV (*.orv)|*.orv". An empty text means that the user cancelled.
-// The save form asks nothing about a file that exists, and appends the filter's suffix to a name that has none at all.
+// The save form asks nothing about a file that exists, and appends the filter's suffix to a name that has none. A
+// suffix is what follows the last point, up to four letters or digits that aren't a mere number; nothing at all counts,
+// too.
 QString openFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
 QString saveFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
 

@@ -42,8 +42,8 @@ public:
     // Opens the file named by the text behind "Data Source=" of the connection string, or by the whole string where it
     // has none. The path is taken untrimmed but for the one blank behind "=".
     // An existing, writable database file is needed: nothing is ever created by an open. An empty file counts as a
-    // database. Throws fileNotFound, pathNotFound, permissionDenied or engineFailure, naming the file; the connection
-    // is closed then.
+    // database. Throws fileNotFound, pathNotFound, permissionDenied (also where the file's folder can't be written, as
+    // no transaction could begin there) or engineFailure, naming the file; the connection is closed then.
     // Precondition: closed; Error 3705 otherwise.
     void open(const QString& connectionString);
 
@@ -136,10 +136,14 @@ private:
 // permissionDenied where none can be made. The file exists on return and any tool of the engine opens it.
 void createDatabase(const QString& path);
 
-// Deletes a database file with what a killed program may have left beside it. Throws fileNotFound, permissionDenied
-// (also for a read-only file) or engineFailure (a folder, or a file that another program is using); the file is then as
-// it was.
+// Whether the file at `path` can be replaced: throws fileNotFound, permissionDenied (also for a read-only file) or
+// engineFailure (a folder, or a file that another program is using).
 // Precondition: no connection of this program has it open.
-void removeDatabase(const QString& path);
+void requireReplaceable(const QString& path);
+
+// Puts the database file `made` in the place of the one at `path`, in one step, and removes what a killed program may
+// have left beside that. Throws as requireReplaceable(); both files are then as they were.
+// Precondition: no connection of this program has either open, and both stand on the same disk.
+void replaceDatabase(const QString& made, const QString& path);
 
 } // namespace jet

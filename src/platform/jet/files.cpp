@@ -3,6 +3,7 @@
 #include "platform/jet/connection.h"
 #include "platform/jet/errors.h"
 
+#include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <sqlite3.h>
@@ -49,7 +50,7 @@ void requireWritableFolderOf(const QString& path)
 {
     [[maybe_unused]] const fs::file_status status = requireFolderOf(path);
 #ifdef Q_OS_UNIX // elsewhere the mark says nothing about a folder
-    if (!isWritable(status))
+    if (!isWritable(status) || !QFileInfo(QFileInfo(path).absolutePath()).isWritable())
         throw Error{number::permissionDenied,
                     QStringLiteral("Não é permitido escrever na pasta do ficheiro \"%1\".").arg(path)};
 #endif
@@ -106,6 +107,7 @@ void requireWritableFile(const QString& path)
     if (!fs::is_regular_file(status))
         throw Error{number::engineFailure, QStringLiteral("O ficheiro \"%1\" não é uma BDP.").arg(path)};
     if (!isWritable(status)) throw denied(path);
+    requireWritableFolderOf(QFileInfo(path).canonicalFilePath()); // behind a link: the journal stands there
 }
 
 sqlite3* openEngine(const QString& path, Access access)
@@ -156,15 +158,20 @@ void createDatabase(const QString& path)
     run(engine, "pragma synchronous = off; pragma user_version = 0", path);
 }
 
-void removeDatabase(const QString& path)
+void requireReplaceable(const QString& path)
 {
     requireWritableFile(path);
     requireWritableFolderOf(path);
     requireUnlocked(path);
+}
+
+void replaceDatabase(const QString& made, const QString& path)
+{
+    requireReplaceable(path);
+    removeCompanions(path); // they belong to the file that goes: the engine would play them back into the new one
     std::error_code error;
-    if (!fs::remove(nativePath(path), error))
-        throw Error{number::permissionDenied, QStringLiteral("Não foi possível eliminar \"%1\".").arg(path)};
-    removeCompanions(path);
+    fs::rename(nativePath(made), nativePath(path), error);
+    if (error) throw denied(path);
 }
 
 void copyDatabase(const QString& source, const QString& target)
@@ -195,7 +202,7 @@ void copyDatabase(const QString& source, const QString& target)
     const fs::path made = nativePath(temporary.fileName());
     fs::permissions(made, fs::status(nativePath(source)).permissions(), error);
     temporary.close();
-    removeCompanions(target); // they belong to the file that goes: the engine would play them back into the new one
+    removeCompanions(target); // as in replaceDatabase()
     fs::rename(made, to, error);
     if (error) throw denied(target);
     temporary.setAutoRemove(false);

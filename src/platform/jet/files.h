@@ -7,8 +7,8 @@ struct sqlite3;
 
 namespace jet {
 
-// Throws fileNotFound, pathNotFound, engineFailure (a folder) or permissionDenied. A file that nobody may write counts
-// as read-only for the superuser, too.
+// Throws fileNotFound, pathNotFound, engineFailure (a folder) or permissionDenied, also for the folder that the file
+// stands in. What nobody may write counts as read-only for the superuser, too.
 void requireWritableFile(const QString& path);
 
 enum class Access

@@ -39,6 +39,15 @@ TEST_F(Splash, EscapeEndsTheWaitAndHidesItWhoeverHasTheKeyboard)
     EXPECT_FALSE(splashForm().isShown());
 }
 
+TEST_F(Splash, ClosingItCountsAsEscape)
+{
+    QTimer::singleShot(20, &splashForm(), [] { splashForm().close(); });
+    splashForm().waitUntilReady();
+    EXPECT_TRUE(splashForm().ReadyToClose());
+    EXPECT_TRUE(Forms::isLoaded("SplashForm"));
+    EXPECT_FALSE(splashForm().isShown());
+}
+
 TEST_F(Splash, NothingElseCanBeUsedDuringTheWaitAndEverythingAfterIt)
 {
     QTimer::singleShot(20, button, [this] {

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QTest>
 
 namespace {
 
@@ -71,6 +73,58 @@ TEST_F(DesktopTest, ADesktopWithoutAnOpenerSaysSo)
     EXPECT_EQ(Desktop::openUrl("mailto:a@b.pt"), Desktop::noProgram);
     EXPECT_EQ(Desktop::openDocument(document), Desktop::noProgram);
     qputenv("PATH", path);
+}
+
+namespace {
+
+// A desktop whose opener does what a test says.
+class Opener : public DesktopTest
+{
+protected:
+    Opener()
+    {
+        Desktop::setOpener({});
+        QFile(folder.filePath("manual.pdf")).open(QIODevice::WriteOnly);
+        qputenv("PATH", folder.path().toLocal8Bit() + ':' + path);
+    }
+    ~Opener() override { qputenv("PATH", path); }
+
+    int openBy(const QByteArray& script)
+    {
+        QFile program(folder.filePath("xdg-open"));
+        EXPECT_TRUE(program.open(QIODevice::WriteOnly));
+        program.write("#!/bin/sh\n" + script + "\n");
+        program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        program.close();
+        return Desktop::openDocument(folder.filePath("manual.pdf"));
+    }
+
+    QByteArray path = qgetenv("PATH");
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST_F(Opener, ThatFailsTellsWhy)
+{
+    EXPECT_EQ(openBy("exit 0"), Desktop::success);
+    EXPECT_EQ(openBy("exit 2"), Desktop::fileNotFound);
+    EXPECT_EQ(openBy("exit 3"), Desktop::noProgram);
+    EXPECT_EQ(openBy("exit 4"), Desktop::noProgram);
+    EXPECT_EQ(openBy("exit 1"), Desktop::failure);
+    EXPECT_EQ(openBy("kill -9 $$"), Desktop::failure);
+}
+
+TEST_F(Opener, ThatBecomesTheDocumentsProgramIsLeftRunning)
+{
+    const QString done = folder.filePath("done");
+    QElapsedTimer time;
+    time.start();
+    EXPECT_EQ(openBy("sleep 2.5; echo x > \"" + done.toLocal8Bit() + "\""), Desktop::success);
+    EXPECT_LT(time.elapsed(), 2300);
+    EXPECT_FALSE(QFile::exists(done));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(done); }));
+    QTest::qWait(200); // it ends, and what the program kept of it goes
 }
 #endif
 

@@ -89,6 +89,20 @@ TEST_F(MessageBox, EscapeIsNo)
     EXPECT_FALSE(ask("Deseja fechar a BDP?"));
 }
 
+TEST_F(MessageBox, ReturnIsNoUnlessNoLosesSomething)
+{
+    const auto pressReturn = [] {
+        QWidget* box = QApplication::activeModalWidget();
+        QTest::keyClick(box->focusWidget(), Qt::Key_Return);
+    };
+    QTimer::singleShot(0, pressReturn);
+    EXPECT_FALSE(ask("Deseja fechar a BDP?"));
+    QTimer::singleShot(0, pressReturn);
+    EXPECT_TRUE(askWhetherToStore("Deseja confirmar?"));
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    EXPECT_FALSE(askWhetherToStore("Deseja confirmar?"));
+}
+
 TEST_F(MessageBox, TheHourglassMakesWayForABox)
 {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -135,8 +149,14 @@ TEST_F(MessageBox, SavingAsksNothingAboutAFileThatExists)
 TEST_F(MessageBox, OnlyANameWithoutAnySuffixGetsOne)
 {
     const QTemporaryDir folder;
-    for (const auto& [typed, taken] :
-         {std::pair("nova", "nova.orv"), {"nova.bak", "nova.bak"}, {"s. mamede", "s. mamede"}, {"b.orv", "b.orv"}})
+    for (const auto& [typed, taken] : {std::pair("nova", "nova.orv"),
+                                       {"nova.bak", "nova.bak"},
+                                       {"S. Mamede", "S. Mamede.orv"},
+                                       {"b.orv", "b.orv"},
+                                       {"S.Mamede", "S.Mamede.orv"},
+                                       {"até 31.12.1800", "até 31.12.1800.orv"},
+                                       {"nova.", "nova."},
+                                       {"a.7z", "a.7z"}})
     {
         Pick pick(folder.filePath(typed));
         EXPECT_EQ(saveFileName(bdp), folder.filePath(taken));

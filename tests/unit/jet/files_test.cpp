@@ -135,15 +135,19 @@ TEST_F(FilesOfBdps, AreMadeEmptyAndReplaceNothing)
     EXPECT_FALSE(QFile::exists(made + QStringLiteral("-journal")));
 }
 
-TEST_F(FilesOfBdps, AreRemovedWithWhatLiesBesideThem)
+TEST_F(FilesOfBdps, AreReplacedWithoutWhatLiesBesideThem)
 {
     bdp.close();
     for (const char* suffix : {"-journal", "-wal", "-shm"})
         makeFile((std::string("a.orv") + suffix).c_str(), "x");
-    removeDatabase(path());
-    for (const char* suffix : {"", "-journal", "-wal", "-shm"})
-        EXPECT_FALSE(QFile::exists(path() + QLatin1String(suffix)));
-    EXPECT_EQ(numberOf([&] { removeDatabase(path()); }), number::fileNotFound);
+    const QString made = path(QStringLiteral("new.orv"));
+    createDatabase(made);
+    const QByteArray content = contentOf(made);
+    replaceDatabase(made, path());
+    EXPECT_EQ(contentOf(path()), content);
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList(QStringLiteral("a.orv")));
+    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), made); }), number::fileNotFound);
+    EXPECT_EQ(contentOf(path()), content);
 }
 
 TEST_F(FilesOfBdps, AreCopiedWithTheirCommittedState)
@@ -195,27 +199,29 @@ TEST_F(FilesOfBdps, LeaveTheTargetAsItWasWhereTheyCannotBeCopied)
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 2);
 }
 
-TEST_F(FilesOfBdps, StayWhereTheyCannotBeRemoved)
+TEST_F(FilesOfBdps, StayWhereTheyCannotBeReplaced)
 {
     bdp.close();
+    const QString made = makeFile("new.orv", "new");
     const QByteArray before = contentOf(path());
     QFile::setPermissions(path(), QFile::ReadOwner);
-    EXPECT_EQ(numberOf([&] { removeDatabase(path()); }), number::permissionDenied);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(made, path()); }), number::permissionDenied);
     QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner);
     {
         const OtherProgram other(path());
-        const Error error = errorOf([&] { removeDatabase(path()); });
+        const Error error = errorOf([&] { replaceDatabase(made, path()); });
         EXPECT_EQ(error.number, number::engineFailure);
         EXPECT_TRUE(error.description.contains(path()));
     }
     const QString inner = path(QStringLiteral("pasta"));
     ASSERT_TRUE(QDir().mkdir(inner));
-    EXPECT_EQ(numberOf([&] { removeDatabase(inner); }), number::engineFailure);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(made, inner); }), number::engineFailure);
     EXPECT_TRUE(QFileInfo(inner).isDir());
     EXPECT_EQ(contentOf(path()), before);
+    EXPECT_EQ(contentOf(made), "new");
 }
 
-TEST_F(FilesOfBdps, AreNeitherMadeNorRemovedNorCopiedInAFolderThatNobodyMayWrite)
+TEST_F(FilesOfBdps, AreNeitherOpenedNorMadeNorReplacedNorCopiedInAFolderThatNobodyMayWrite)
 {
     const QString inner = path(QStringLiteral("pasta"));
     ASSERT_TRUE(QDir().mkdir(inner));
@@ -224,7 +230,11 @@ TEST_F(FilesOfBdps, AreNeitherMadeNorRemovedNorCopiedInAFolderThatNobodyMayWrite
     EXPECT_EQ(numberOf([&] { createDatabase(inner + QStringLiteral("/new.orv")); }), number::permissionDenied);
     EXPECT_EQ(numberOf([&] { bdp.copyTo(inner + QStringLiteral("/new.orv")); }), number::permissionDenied);
     EXPECT_EQ(numberOf([&] { bdp.copyTo(old); }), number::permissionDenied);
-    EXPECT_EQ(numberOf([&] { removeDatabase(old); }), number::permissionDenied);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), old); }), number::permissionDenied);
+    EXPECT_EQ(refusalOf(old).number, number::permissionDenied);
+    const QString link = path(QStringLiteral("link.orv"));
+    ASSERT_TRUE(QFile::link(old, link));
+    EXPECT_EQ(numberOf([&] { Connection().open(link); }), number::permissionDenied);
     QFile::setPermissions(inner, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EXPECT_EQ(QDir(inner).entryList(QDir::Files), QStringList{QStringLiteral("old.orv")});
     EXPECT_EQ(contentOf(old), "old");

@@ -120,6 +120,7 @@ TEST(ScenarioRunner, AnAnsweredQuestionMayBeExpectedAndNeedNotBe)
         {"answer yes\nclick frmProva.cmdPergunta\nexpect message \"Sim ou não?\" icon question", ""},
         {"answer no\nclick frmProva.cmdPergunta\nclick frmProva.cmdErro\nexpect error", ""},
         {"answer no\nclick frmProva.cmdPergunta\nexpect no message", ""},
+        {"answer return\nclick frmProva.cmdPergunta\nexpect frmProva.lblEstado \"não\"", ""},
     });
 }
 

@@ -2,6 +2,8 @@
 #include "store/modBD.h"
 #include "store/programfolder.h"
 
+#include <QDir>
+
 namespace {
 
 constexpr const char* dataFiles[] = {"paises.dat",  "zonas.dat", "distrito.dat", "concelho.dat", "freguesia.dat",
@@ -123,4 +125,24 @@ TEST_F(ProgramFolder, AFullDiskEndsTheCreationAndNamesTheFile)
     EXPECT_TRUE(error.description.contains(path("nova.orv"))) << error.description.toStdString();
     jet::Connection bdp;
     EXPECT_EQ(errorOf([&] { bdp.open(path("nova.orv")); }).number, 0);
+}
+
+TEST_F(ProgramFolder, AnOldBdpIsReplacedOnceTheNewOneIsWholeAndStaysAsItWasUntilThen)
+{
+    Desktop::setProgramFolder(QStringLiteral(ORV_DATA_DIR));
+    write("velha.orv", "velha");
+    const auto files = [&] { return QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); };
+    {
+        const jet::test::FullDisk full(200000);
+        EXPECT_NE(errorOf([&] { SubstituiBDP(path("velha.orv")); }).number, 0);
+    }
+    QFile velha(path("velha.orv"));
+    ASSERT_TRUE(velha.open(QIODevice::ReadOnly));
+    EXPECT_EQ(velha.readAll(), "velha");
+    EXPECT_EQ(files(), QStringList("velha.orv"));
+    SubstituiBDP(path("velha.orv"));
+    jet::Connection bdp;
+    bdp.open(path("velha.orv"));
+    EXPECT_EQ(value(bdp, "select nomepais from pais where codpais = 'PT'"), "Portugal");
+    EXPECT_EQ(files(), QStringList("velha.orv"));
 }

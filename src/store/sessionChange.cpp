@@ -1,0 +1,30 @@
+#include "store/sessionChange.h"
+
+#include "platform/forms/forms.h"
+
+namespace {
+std::function<void()> beginAnew;
+QString caption;
+} // namespace
+
+void clearSession()
+{
+    Forms::unloadAll();
+    if (beginAnew) beginAnew(); // a search left behind would bar every insert in the next BDP
+}
+
+void onClearSession(std::function<void()> begin)
+{
+    beginAnew = std::move(begin);
+}
+
+void setSessionCaption(const QString& text)
+{
+    caption = text;
+    if (QWidget* window = Forms::mainWindow()) window->setWindowTitle(caption);
+}
+
+QString sessionCaption()
+{
+    return caption;
+}
