@@ -60,7 +60,7 @@ void ListaDatada::vigiaInteiro(TextBox* campo, const QString& recusa)
 void ListaDatada::vigiaFraccao(TextBox* campo, const QString& motivo)
 {
     Focus::watch(campo, {}, [=] {
-        if (eNumero(campo->text()) && !eInteiro(campo->text())) recusa(motivo, campo);
+        if (campo->isModified() && eNumero(campo->text()) && !eInteiro(campo->text())) recusa(motivo, campo);
     });
 }
 

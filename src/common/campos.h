@@ -36,9 +36,11 @@ inline QVariant numeroDe(const TextBox* campo)
     return preenchido(campo) ? numeroDoTexto(campo->text()) : QVariant();
 }
 
-// For a column of whole numbers. Error 13 for any other number, too.
+// For a column of whole numbers: Error 13 for any other number that was typed. What the program has shown goes back as
+// it is, though an older BDP may hold a fraction there.
 inline QVariant inteiroDe(const TextBox* campo)
 {
+    if (!campo->isModified()) return numeroDe(campo);
     return preenchido(campo) ? inteiroDoTexto(campo->text()) : QVariant();
 }
 

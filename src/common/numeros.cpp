@@ -44,6 +44,7 @@ template <class Condicao>
 void verifica(TextBox& campo, const QString& recusa, Condicao aceita)
 {
     guarded([&] {
+        if (!campo.isModified()) return; // a value stored by other means isn't lost by looking at it
         if (Trim(campo.text()).isEmpty() || aceita(numeroDoTexto(campo.text()))) return;
         showMessage(recusa);
         campo.clear();

@@ -37,9 +37,9 @@ double registoDoTexto(const QString& texto);
 // Precondition: eNumero(texto); Error 13 otherwise, so that no expression reaches the store.
 QString numeroEmSQL(const QString& texto);
 
-// Checks a number field when it is left: it may be blank or hold a number within the bounds. Otherwise the user is
-// shown `recusa`, and the field is cleared and gets the focus back.
-// Kept: the conversion comes first, so a text that is no number is shown as an error and stays.
+// Checks a number field when it is left: it may be blank, hold a number within the bounds, or what the program has
+// shown there. Otherwise the user is shown `recusa`, and the field is cleared and gets the focus back. Kept: the
+// conversion comes first, so a text that is no number is shown as an error and stays.
 void VerificaNumero(TextBox& campo, const QString& recusa, double minimo,
                     double maximo = std::numeric_limits<double>::max());
 
