@@ -77,8 +77,8 @@ const QList<ModeRow>& FrmRituais::modos() const
 // The currency stays: a new row proposes that of the row shown before.
 void FrmRituais::LimpaCampos()
 {
-    for (OptionButton* opcao : {optLeg_0, optLeg_1, optLeg_2})
-        opcao->setValue(false);
+    for (OptionButton* tipo : {optLeg_0, optLeg_1, optLeg_2})
+        tipo->setValue(false);
     cmbTipo->clear();
     for (TextBox* campo : {txtVU, txtQ, txtVTotal, txtDest, txtNP})
         campo->clear();

@@ -23,7 +23,7 @@ PedidoDeIndividuo FrmFam::pedidoDeConjuge(int indice)
 {
     const bool homem = indice == 0;
     const auto edita = [this, familia = numero()] { return modo() == Modo::Edi && numero() == familia; };
-    const auto recusa = [=](const PedidoDeIndividuo&, const FrmInd& ficha) -> std::optional<RecusaDeIndividuo> {
+    const auto recusaConjuge = [=](const PedidoDeIndividuo&, const FrmInd& ficha) -> std::optional<RecusaDeIndividuo> {
         if (!edita()) return RecusaDeIndividuo{"A família que pediu o indivíduo já não está a ser editada!"};
         if (ficha.sexo() == (homem ? "m" : "f")) return {};
         return RecusaDeIndividuo{homem ? "Deve seleccionar um indivíduo de sexo masculino!"
@@ -40,7 +40,7 @@ PedidoDeIndividuo FrmFam::pedidoDeConjuge(int indice)
     return {.origem = homem ? OrigemInd::Marido : OrigemInd::Esposa,
             .quem = this,
             .oferece = edita,
-            .recusa = recusa,
+            .recusa = recusaConjuge,
             .recebe = recebe,
             .segueAlteracao = segue,
             .comoQue = [homem, nfam = numero()](const FrmInd&) {

@@ -62,11 +62,11 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
 // The fields are clear. An error leaves those not yet filled so.
 void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
 {
-    const QString numero = textoDoNumero(rs["Nind"]);
-    adoNind.setRecordSource("select * from individuo where nind = " + numero);
+    const QString nind = textoDoNumero(rs["Nind"]);
+    adoNind.setRecordSource("select * from individuo where nind = " + nind);
     adoNind.refresh();
     NindCorrente = Nind::daColuna(rs["Nind"]);
-    txtNind->setText(numero);
+    txtNind->setText(nind);
 
     const jet::Recordset& guardado = adoNind.recordset();
     txtNome->setText(guardado["Nome"].toString());
@@ -119,7 +119,7 @@ void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
     adoRel.setRecordSource(
         "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
         "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
-        numero + " order by datacasam asc");
+        nind + " order by datacasam asc");
     adoRel.refresh();
     PreencheFamilias();
 
