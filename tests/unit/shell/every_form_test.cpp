@@ -112,6 +112,24 @@ TEST_F(EveryForm, WhatItsFieldsHoldCanBeReadWhileTheyAreDisabled)
     });
 }
 
+TEST_F(EveryForm, TheIconsOfItsButtonsAreSeenOnALightAndOnADarkDesktop)
+{
+    forEach([](Form& form) {
+        for (const auto* button : form.findChildren<QPushButton*>()) {
+            if (button->icon().isNull()) continue;
+            const QImage icon = button->icon().pixmap(24).toImage();
+            for (const QColor& desktop : {QColor(239, 239, 239), QColor(49, 54, 59)}) {
+                double plainest = 1;
+                for (int x = 0; x < icon.width(); ++x)
+                    for (int y = 0; y < icon.height(); ++y)
+                        if (const QColor dot = icon.pixelColor(x, y); dot.alpha() == 255)
+                            plainest = std::max(plainest, contrast(dot, desktop));
+                EXPECT_GE(plainest, 3) << qPrintable(form.name() + '.' + button->objectName() + ' ' + desktop.name());
+            }
+        }
+    });
+}
+
 TEST_F(EveryForm, CutsNoLabel)
 {
     setSessionCaption("ORV - BDP: São Salvador de Ribeira de Cima e Santa Maria de Ribeira de Baixo");
