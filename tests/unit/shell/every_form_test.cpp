@@ -95,7 +95,7 @@ TEST_F(EveryForm, WhatItsFieldsHoldCanBeReadWhileTheyAreDisabled)
 {
     forEach([](Form& form) {
         const auto expectReadable = [&](const QWidget* control, QPalette::ColorRole text, QPalette::ColorRole back) {
-            const QPalette palette = control->palette();
+            const QPalette& palette = control->palette();
             EXPECT_GE(contrast(palette.color(QPalette::Disabled, text), palette.color(QPalette::Disabled, back)), 4.5)
                 << qPrintable(form.name() + '.' + control->objectName());
         };
