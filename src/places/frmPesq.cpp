@@ -3,6 +3,7 @@
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "places/frmLocalizacao.h"
+#include "platform/forms/dressing.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
@@ -74,6 +75,7 @@ FrmPesq::FrmPesq() : Form(Name)
     setupUi(this);
     caixas = {chkLoc_1, chkLoc_2, chkLoc_3, chkLoc_4, chkLoc_5, chkLoc_6, chkLoc_7};
     LV->header()->setSectionResizeMode(Designacao, QHeaderView::Stretch);
+    LV->header()->setDefaultSectionSize(qRound(LV->header()->defaultSectionSize() * fontScale(this)));
     connect(cmdLoc, &QPushButton::clicked, this, &FrmPesq::cmdLoc_Click);
     connect(chkLoc_0, &QCheckBox::clicked, this, &FrmPesq::chkLoc_Click);
     connect(LV, &QTreeWidget::itemDoubleClicked, this, &FrmPesq::LV_DblClick);

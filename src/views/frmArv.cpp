@@ -11,6 +11,7 @@ FrmArv& frmArv()
 FrmArv::FrmArv() : Form(Name)
 {
     setupUi(this);
+    opensOn(tvw, tvw);
 }
 
 void FrmArv::mostraIndividuo(Form& cartao, const PessoaDaArvore& pessoa, const jet::Recordset& registo)

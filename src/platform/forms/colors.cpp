@@ -1,6 +1,7 @@
 #include "platform/forms/controls.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QPalette>
 #include <QVariant>
 
@@ -48,11 +49,22 @@ struct Look
 
 Look lookOf(const QWidget* control)
 {
+    if (qobject_cast<const QHeaderView*>(control)) return {QPalette::Button, QPalette::ButtonText, false};
     if (qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control) ||
         qobject_cast<const QAbstractScrollArea*>(control))
         return {QPalette::Base, QPalette::Text, false};
     if (qobject_cast<const QPushButton*>(control)) return {QPalette::Button, QPalette::ButtonText, false};
     return {control->backgroundRole(), QPalette::WindowText, true};
+}
+
+// The dot of a radio and the tick of a check box tell a value, too: while they are disabled they keep their colour.
+void keepMark(QPalette& palette, const QWidget* control)
+{
+    if (!qobject_cast<const QRadioButton*>(control) && !qobject_cast<const QCheckBox*>(control)) return;
+    const QPalette desktop = QApplication::palette(control);
+    const QColor back = desktop.color(QPalette::Disabled, QPalette::Base);
+    const QColor own = desktop.color(QPalette::Active, QPalette::Text);
+    palette.setColor(QPalette::Disabled, QPalette::Text, contrast(own, back) >= readable ? own : textOn(back));
 }
 
 } // namespace
@@ -68,6 +80,7 @@ void setBackColor(QWidget* control, const QColor& color)
         palette.setColor(look.text, text);
         palette.setColor(QPalette::Disabled, look.text, pale(text, color));
         palette.setColor(QPalette::PlaceholderText, pale(text, color));
+        keepMark(palette, control);
     }
     control->setProperty(property, color.isValid() ? QVariant(color) : QVariant());
     control->setPalette(palette);
@@ -98,5 +111,6 @@ void keepReadableWhenDisabled(QWidget* control)
     palette = QPalette();
     palette.setResolveMask(0);
     palette.setColor(QPalette::Disabled, look.text, pale(text, back));
+    keepMark(palette, control);
     control->setPalette(palette);
 }

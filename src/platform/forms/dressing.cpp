@@ -1,6 +1,8 @@
 #include "platform/forms/dressing.h"
 
-#include <QAbstractButton>
+#include "platform/forms/controls.h"
+
+#include <QEvent>
 #include <QFontMetricsF>
 #include <QGroupBox>
 #include <QLabel>
@@ -27,6 +29,19 @@ void addName(QWidget* control, const QString& name)
     const QString before = control->accessibleName();
     control->setAccessibleName(before.isEmpty() ? name : before + ' ' + name);
 }
+
+class ContrastKeeper : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* control, QEvent* event) override
+    {
+        if (event->type() == QEvent::PaletteChange) keepReadableWhenDisabled(static_cast<QWidget*>(control));
+        return false;
+    }
+};
 
 } // namespace
 
@@ -60,6 +75,21 @@ void followFont(QWidget* form)
         const int most = control->maximumWidth();
         if (most < QWIDGETSIZE_MAX) control->setMaximumWidth(qRound(most * scale));
         if (least > 0) control->setMinimumWidth(qRound(least * scale));
+        if (qobject_cast<QAbstractItemView*>(control))
+            control->setMinimumHeight(qRound(control->minimumHeight() * scale));
+    }
+}
+
+void keepFieldsReadable(QWidget* form)
+{
+    auto* keeper = new ContrastKeeper(form);
+    const auto controls = form->findChildren<QWidget*>();
+    for (QWidget* control : controls) {
+        const bool field = qobject_cast<QLineEdit*>(control) || qobject_cast<QComboBox*>(control) ||
+                           qobject_cast<QAbstractScrollArea*>(control) || qobject_cast<QCheckBox*>(control);
+        if (!field) continue;
+        keepReadableWhenDisabled(control);
+        control->installEventFilter(keeper);
     }
 }
 

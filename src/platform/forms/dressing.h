@@ -13,8 +13,13 @@ void nameControls(QWidget* form);
 // How much wider the letters are than those that the forms were drawn with; 1 at least.
 double fontScale(const QWidget* form);
 
-// Widens the widths that the form fixes for its controls, so that they hold as many letters as they were drawn for.
+// Widens the widths that the form fixes for its controls, so that they hold as many letters as they were drawn for, and
+// heightens its lists, so that they show as many rows at least.
 void followFont(QWidget* form);
+
+// Sees to it that what the form's fields, lists and check boxes hold can be read while they are disabled, also after
+// the colours of the desktop have changed.
+void keepFieldsReadable(QWidget* form);
 
 // Where a window of `size` goes in an area of `room`: beside `caller`, below it, or else a step off, where it covers
 // the least of it; wholly within the area if it fits in. Without a caller (an empty rectangle) it stands in the corner.

@@ -78,6 +78,7 @@ void Form::dress(QWidget* mainWindow, QMdiArea* area)
 {
     nameControls(this);
     followFont(this);
+    keepFieldsReadable(this);
     if (isChild() && area) {
         const QSize drawn = testAttribute(Qt::WA_Resized) ? size() * fontScale(this) : QSize();
         child_ = new ChildWindow(this);

@@ -73,9 +73,10 @@ void ComboBox::mousePressEvent(QMouseEvent* event)
     if (!locked_) QComboBox::mousePressEvent(event);
 }
 
+// Without the focus the wheel is meant for the window, which scrolls.
 void ComboBox::wheelEvent(QWheelEvent* event)
 {
-    if (locked_)
+    if (locked_ || !hasFocus())
         event->ignore();
     else
         QComboBox::wheelEvent(event);

@@ -53,6 +53,24 @@ void expectPainted(std::initializer_list<QColor> colors)
     EXPECT_EQ(painted(control), own);
 }
 
+// How well the mark of what is chosen stands out, at its plainest, while the control is disabled.
+double plainness(QAbstractButton& control)
+{
+    control.setEnabled(false);
+    const auto shown = [&](bool chosen) {
+        control.setChecked(chosen);
+        return control.grab().toImage();
+    };
+    if (auto* radio = qobject_cast<OptionButton*>(&control)) radio->setAutoExclusive(false);
+    const QImage chosen = shown(true);
+    const QImage empty = shown(false);
+    double plainest = 1;
+    for (int x = 0; x < empty.width(); ++x)
+        for (int y = 0; y < empty.height(); ++y)
+            plainest = std::max(plainest, contrast(chosen.pixelColor(x, y), empty.pixelColor(x, y)));
+    return plainest;
+}
+
 double light(const QColor& color)
 {
     return 0.299 * color.red() + 0.587 * color.green() + 0.114 * color.blue();
@@ -140,6 +158,23 @@ TEST(BackColor, ADateCanStillBeReadWhenTheDesktopTurnsDark)
     QApplication::setPalette(QPalette(QColor(35, 38, 41)));
     QCoreApplication::processEvents();
     EXPECT_GE(contrast(date.palette().color(QPalette::Text), date.palette().color(QPalette::Base)), 4.5);
+    QApplication::setPalette(before);
+}
+
+TEST(BackColor, WhatIsChosenCanBeReadWhileItIsDisabled)
+{
+    const QPalette before = QApplication::palette();
+    for (const QColor& window : {QColor(239, 239, 239), QColor(49, 54, 59), QColor(Qt::black)}) {
+        QApplication::setPalette(QPalette(window));
+        for (const QColor& color : {QColor(), QApplication::palette().color(QPalette::Highlight), orange}) {
+            OptionButton radio;
+            setBackColor(&radio, color);
+            EXPECT_GE(plainness(radio), 4.5) << qPrintable(window.name() + ' ' + color.name());
+            QCheckBox box;
+            keepReadableWhenDisabled(&box);
+            EXPECT_GE(plainness(box), 4.5) << qPrintable(window.name());
+        }
+    }
     QApplication::setPalette(before);
 }
 

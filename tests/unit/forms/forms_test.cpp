@@ -392,3 +392,22 @@ TEST_F(FormsTest, AFieldHoldsAsManyLettersInALargeFont)
     EXPECT_GT(digits(), 0.85 * small);
     QApplication::setFont(before);
 }
+
+TEST_F(FormsTest, AListShowsAsManyRowsInALargeFont)
+{
+    const QFont before = QApplication::font();
+    const auto rows = [this] {
+        TestForm* form = make("frmA", [](TestForm& made) { made.put<Grid>("dtg")->setMinimumHeight(56); });
+        const auto* grid = form->findChild<Grid*>("dtg");
+        const double fit = double(grid->minimumHeight()) / grid->fontMetrics().height();
+        form->unload();
+        settle();
+        return fit;
+    };
+    const double small = rows();
+    QFont large = before;
+    large.setPointSizeF(2 * before.pointSizeF());
+    QApplication::setFont(large);
+    EXPECT_GT(rows(), 0.85 * small);
+    QApplication::setFont(before);
+}

@@ -160,6 +160,17 @@ TEST_F(ComboBoxTest, TheWheelDoesNotMoveTheFocus)
     EXPECT_TRUE(other->hasFocus());
 }
 
+TEST_F(ComboBoxTest, TheWheelChangesNoChoiceOfAListThatItMerelyPassesOver)
+{
+    combo->setListIndex(1);
+    Focus::setTo(other);
+    wheel(combo);
+    EXPECT_EQ(combo->listIndex(), 1);
+    Focus::setTo(combo);
+    wheel(combo);
+    EXPECT_EQ(combo->listIndex(), 2);
+}
+
 TEST_F(ComboBoxTest, ALongEntryDoesNotWidenTheForm)
 {
     const int before = combo->sizeHint().width();

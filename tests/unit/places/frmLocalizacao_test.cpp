@@ -8,6 +8,7 @@
 #include "shell/beginSession.h"
 #include "store/session.h"
 
+#include <QHeaderView>
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
 #include <QTreeWidget>
@@ -245,3 +246,15 @@ TEST_F(Picker, CanBeSetByTheProgramWhileItIsDisabled)
 }
 
 } // namespace
+
+TEST_F(Picker, TheColumnsOfTheSearchFollowTheFont)
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(2 * before.pointSizeF());
+    QApplication::setFont(large);
+    const FrmPesq pesquisa;
+    const auto* lista = pesquisa.findChild<QTreeWidget*>("LV");
+    EXPECT_GT(lista->header()->sectionSize(1), lista->fontMetrics().horizontalAdvance("Concelho") + 8);
+    QApplication::setFont(before);
+}
