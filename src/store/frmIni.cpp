@@ -61,7 +61,8 @@ void FrmIni::escolheBDP()
     if (ui->txtLoc->text().isEmpty()) return;
 
     deixaBDP();
-    if (AbreBDP(ui->txtLoc->text())) esqueceParoquia();
+    esqueceParoquia();
+    AbreBDP(ui->txtLoc->text());
     jet::Recordset registos(cnBDP, "select cod, nome, pais from infopar");
     if (registos.eof()) return;
     CodParoquia = requiredText(registos["cod"]);
@@ -97,7 +98,7 @@ void FrmIni::deixaBDP()
     setSessionCaption(shortTitle);
 }
 
-// The parish of one file is never stored in another.
+// The parish of one file is never stored in another, nor named where none could be opened.
 void FrmIni::esqueceParoquia()
 {
     CodParoquia.clear();
