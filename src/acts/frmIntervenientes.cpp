@@ -148,9 +148,11 @@ bool FrmIntervenientes::podeMudarDeDono() const
 void FrmIntervenientes::Form_Unload()
 {
     JanelaDoDono::Form_Unload();
-    if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    // The hand-over has disabled the card of a person, even if the act was a marriage.
-    guarded([&] { frmInd().desiste(*this); });
+    if (Forms::isUnloadingAll()) return;
+    guarded([&] {
+        if (!Forms::isLoaded(FrmInd::Name)) return chamada().terminaIndChamado(); // of an alteration that went along
+        frmInd().desiste(*this); // the hand-over has disabled the card, even if the act was a marriage
+    });
 }
 
 void FrmIntervenientes::volta()
