@@ -42,6 +42,7 @@ private:
         TextBox* numero;
         ComboBox* funcao;
         CommandButton *escolher, *retirar;
+        QString antes = {}; // the number that its edit began with
     };
 
     void connectEvents();

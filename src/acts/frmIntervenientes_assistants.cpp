@@ -1,6 +1,7 @@
 // The assistants of the act: the list, and how its rows are added, altered and deleted.
 #include "acts/frmIntervenientes.h"
 
+#include "acts/escolhido.h"
 #include "common/campos.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
@@ -180,7 +181,8 @@ bool FrmIntervenientes::temObrigatorios()
     if (!preenchido(txtIndAss)) return recusa("Deve identificar o assistente!", txtIndAss);
     if (!assistente->optassistente_0->isChecked() && !assistente->optassistente_1->isChecked())
         return recusa("Deve indicar o tipo de assistente!", assistente->optassistente_0);
-    return true;
+    const bool altera = assistentes_.passo() == Passo::Alteracao;
+    return escolhidoExiste(txtIndAss, altera ? textoDoNumero(adoInterv.recordset()["nind"]) : QString());
 }
 
 Colunas FrmIntervenientes::valoresDoParentesco() const
