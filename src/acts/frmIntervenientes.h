@@ -49,9 +49,9 @@ private:
 
     // The act, and the way back to its card
     bool casamento() const { return donoDaJanela().tipo == OrigemInterv::Familia; }
+    QString letraDoActo() const { return casamento() ? "c" : "b"; }
     void preencheListas();
-    void abreCasamento();
-    void abreBaptismo();
+    void abreActo();
     void voltaAoIndividuo();
     void voltaAFamilia();
     QString papel(OrigemInd origem, const FrmInd& ficha) const; // what the person would be at the act

@@ -165,7 +165,7 @@ void FrmIntervenientes::cmdElim_Click()
 void FrmIntervenientes::confirmaAdicao()
 {
     if (!donoGuardado() || !temObrigatorios()) return;
-    Colunas valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
+    Colunas valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", letraDoActo()}};
     valores += valoresDoParentesco() + valoresDoAssistente();
     adoInterv.recordset().addNew();
     gravaLinha(valores);
