@@ -81,6 +81,7 @@ private:
     void dtInterv_Click();
     void cmdIns_Click();
     void releData();
+    void confirmaData();
     void cmdAlt_Click();
     void cmdElim_Click();
     void confirmaAdicao();
@@ -94,6 +95,7 @@ private:
 
     jet::DataControl adoInterv{cnBDP}; // the assistants of the act
     QString Chave;                     // `nind` of the row of the grid chosen last; "" for none
+    bool dataPorConfirmar_ = false;    // the date was read from a card that was being edited
     LugarDoPadre lugares_[2];
     Comandos padres_, assistentes_; // the two edits of the window, each with its step
 };

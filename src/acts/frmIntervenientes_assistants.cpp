@@ -3,6 +3,7 @@
 
 #include "acts/escolhido.h"
 #include "common/campos.h"
+#include "common/datas.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -123,8 +124,22 @@ void FrmIntervenientes::cmdIns_Click()
 void FrmIntervenientes::releData()
 {
     Ficha* ficha = donoDaJanela().ficha;
+    dataPorConfirmar_ = false;
     if (!ficha || ficha->modo() == Modo::Loc || ficha->numero() != txtNum->text()) return;
     mskData->showPlain(ficha->dono().data);
+    dataPorConfirmar_ = ficha->modo() == Modo::Edi;
+}
+
+// What was read in the middle of an edit that is over now may have been given up: the store knows.
+void FrmIntervenientes::confirmaData()
+{
+    const Ficha* ficha = donoDaJanela().ficha;
+    const bool emEdicao = ficha && ficha->modo() == Modo::Edi && ficha->numero() == txtNum->text();
+    if (!dataPorConfirmar_ || emEdicao) return;
+    const jet::Recordset acto(cnBDP, (casamento() ? "select datacasam from familia where nfamilia = "
+                                                  : "select datanasc from individuo where nind = ") +
+                                         txtNum->text());
+    if (!acto.eof()) mskData->showPlain(textoDaData(acto[0]));
 }
 
 // "&Alterar", or the end of an edit: the confirmation of an alteration, the cancel of an addition.
@@ -165,6 +180,7 @@ void FrmIntervenientes::cmdElim_Click()
 void FrmIntervenientes::confirmaAdicao()
 {
     if (!donoGuardado() || !temObrigatorios()) return;
+    confirmaData();
     Colunas valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", letraDoActo()}};
     valores += valoresDoParentesco() + valoresDoAssistente();
     adoInterv.recordset().addNew();
