@@ -61,8 +61,7 @@ void FrmIni::escolheBDP()
     if (ui->txtLoc->text().isEmpty()) return;
 
     deixaBDP();
-    esqueceParoquia();
-    AbreBDP(ui->txtLoc->text());
+    if (AbreBDP(ui->txtLoc->text())) esqueceParoquia();
     jet::Recordset registos(cnBDP, "select cod, nome, pais from infopar");
     if (registos.eof()) return;
     CodParoquia = requiredText(registos["cod"]);
@@ -98,7 +97,7 @@ void FrmIni::deixaBDP()
     setSessionCaption(shortTitle);
 }
 
-// The parish of one file is never stored in another, nor named where none could be opened.
+// The parish of one file is never stored in another.
 void FrmIni::esqueceParoquia()
 {
     CodParoquia.clear();
