@@ -128,12 +128,11 @@ void FrmORV::mudaBDP(const QString& operacao)
 {
     guarded([&] {
         const bool aberta = cnBDP.state() == jet::Connection::Open;
-        if (aberta && !ask("Deseja fechar a BDP em tratamento?")) return; // a dialog that stands keeps its operation
+        if (aberta && !ask("Deseja fechar a BDP em tratamento?")) return; // and a dialog keeps its operation
 
         OperacaoBDP = operacao;
         if (!aberta) {
             CodParoquia.clear();
-            if (Form* dialogo = Forms::find("frmIni")) dialogo->unload(); // it may stand for the other operation
             Forms::show("frmIni");
             return;
         }
