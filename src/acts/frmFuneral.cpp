@@ -1,5 +1,6 @@
 #include "acts/frmFuneral.h"
 
+#include "acts/escolhido.h"
 #include "acts/observacao.h"
 #include "common/campos.h"
 #include "common/codigos.h"
@@ -117,7 +118,7 @@ void FrmFuneral::cmdE_Click()
 {
     guarded([&] {
         if (comandos_.passo() == Passo::Alteracao) {
-            if (!donoGuardado()) return;
+            if (!donoGuardado() || !escolhidoExiste(txtNindP, textoDoNumero(guardado()["primpadreobito"]))) return;
             grava();
             return terminaEdicao();
         }

@@ -55,7 +55,7 @@ void FrmIntervenientes::Form_Load()
     guarded([&] {
         preencheListas();
         assistente->mostraParentescos(casamento());
-        casamento() ? abreCasamento() : abreBaptismo();
+        abreActo();
         AplicarModo(Modo::Cons);
         PreencheFG();
         ActualizaCampos();
@@ -70,30 +70,19 @@ void FrmIntervenientes::preencheListas()
     pintaPadres(corDoModo::cons);
 }
 
-void FrmIntervenientes::abreCasamento()
+void FrmIntervenientes::abreActo()
 {
-    txtNum->setText(donoDaJanela().numero);
-    txtNome->hide();
-    mskData->showPlain(donoDaJanela().data);
-    adoInterv.setRecordSource("Select dataref, entidade, nind,tipoassistente, tipoacto, estadocivil, falecidopai,  "
-                              "falecidomae, parentbapt, parentnoivo, parentnoiva, obs  from assistente where "
-                              "entidade = " +
-                              txtNum->text() + " and  tipoacto = 'c'");
+    const Dono& dono = donoDaJanela();
+    txtNum->setText(dono.numero);
+    txtNome->setText(dono.nome);
+    txtNome->setVisible(!casamento());
+    mskData->showPlain(dono.data);
+    adoInterv.setRecordSource(
+        "Select dataref, entidade, nind, tipoassistente, tipoacto, estadocivil, falecidopai, "
+        "falecidomae, parentbapt, parentnoivo, parentnoiva, obs from assistente where entidade = " +
+        dono.numero + " and tipoacto = '" + letraDoActo() + "'");
     adoInterv.refresh();
-    if (donoDaJanela().registo) mostraPadres(*donoDaJanela().registo);
-}
-
-void FrmIntervenientes::abreBaptismo()
-{
-    txtNum->setText(donoDaJanela().numero);
-    txtNome->setText(donoDaJanela().nome);
-    mskData->showPlain(donoDaJanela().data);
-    adoInterv.setRecordSource("Select dataref, entidade, nind,  tipoassistente, tipoacto, estadocivil, falecidopai,  "
-                              "falecidomae, parentbapt, parentnoivo, parentnoiva, obs  from assistente where "
-                              "entidade = " +
-                              txtNum->text() + " and  tipoacto = 'b'");
-    adoInterv.refresh();
-    if (donoDaJanela().registo) mostraPadres(*donoDaJanela().registo);
+    if (dono.registo) mostraPadres(*dono.registo);
 }
 
 QString FrmIntervenientes::papel(OrigemInd origem, const FrmInd& ficha) const
@@ -148,9 +137,11 @@ bool FrmIntervenientes::podeMudarDeDono() const
 void FrmIntervenientes::Form_Unload()
 {
     JanelaDoDono::Form_Unload();
-    if (Forms::isUnloadingAll() || !Forms::isLoaded(FrmInd::Name)) return;
-    // The hand-over has disabled the card of a person, even if the act was a marriage.
-    guarded([&] { frmInd().desiste(*this); });
+    if (Forms::isUnloadingAll()) return;
+    guarded([&] {
+        if (!Forms::isLoaded(FrmInd::Name)) return chamada().terminaIndChamado(); // of an alteration that went along
+        frmInd().desiste(*this); // the hand-over has disabled the card, even if the act was a marriage
+    });
 }
 
 void FrmIntervenientes::volta()

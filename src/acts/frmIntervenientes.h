@@ -42,15 +42,16 @@ private:
         TextBox* numero;
         ComboBox* funcao;
         CommandButton *escolher, *retirar;
+        QString antes = {}; // the number that its edit began with
     };
 
     void connectEvents();
 
     // The act, and the way back to its card
     bool casamento() const { return donoDaJanela().tipo == OrigemInterv::Familia; }
+    QString letraDoActo() const { return casamento() ? "c" : "b"; }
     void preencheListas();
-    void abreCasamento();
-    void abreBaptismo();
+    void abreActo();
     void voltaAoIndividuo();
     void voltaAFamilia();
     QString papel(OrigemInd origem, const FrmInd& ficha) const; // what the person would be at the act
@@ -80,6 +81,7 @@ private:
     void dtInterv_Click();
     void cmdIns_Click();
     void releData();
+    void confirmaData();
     void cmdAlt_Click();
     void cmdElim_Click();
     void confirmaAdicao();
@@ -93,6 +95,7 @@ private:
 
     jet::DataControl adoInterv{cnBDP}; // the assistants of the act
     QString Chave;                     // `nind` of the row of the grid chosen last; "" for none
+    bool dataPorConfirmar_ = false;    // the date was read from a card that was being edited
     LugarDoPadre lugares_[2];
     Comandos padres_, assistentes_; // the two edits of the window, each with its step
 };

@@ -1,7 +1,9 @@
 // The assistants of the act: the list, and how its rows are added, altered and deleted.
 #include "acts/frmIntervenientes.h"
 
+#include "acts/escolhido.h"
 #include "common/campos.h"
+#include "common/datas.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -122,8 +124,22 @@ void FrmIntervenientes::cmdIns_Click()
 void FrmIntervenientes::releData()
 {
     Ficha* ficha = donoDaJanela().ficha;
+    dataPorConfirmar_ = false;
     if (!ficha || ficha->modo() == Modo::Loc || ficha->numero() != txtNum->text()) return;
     mskData->showPlain(ficha->dono().data);
+    dataPorConfirmar_ = ficha->modo() == Modo::Edi;
+}
+
+// What was read in the middle of an edit that is over now may have been given up: the store knows.
+void FrmIntervenientes::confirmaData()
+{
+    const Ficha* ficha = donoDaJanela().ficha;
+    const bool emEdicao = ficha && ficha->modo() == Modo::Edi && ficha->numero() == txtNum->text();
+    if (!dataPorConfirmar_ || emEdicao) return;
+    const jet::Recordset acto(cnBDP, (casamento() ? "select datacasam from familia where nfamilia = "
+                                                  : "select datanasc from individuo where nind = ") +
+                                         txtNum->text());
+    if (!acto.eof()) mskData->showPlain(textoDaData(acto[0]));
 }
 
 // "&Alterar", or the end of an edit: the confirmation of an alteration, the cancel of an addition.
@@ -164,7 +180,8 @@ void FrmIntervenientes::cmdElim_Click()
 void FrmIntervenientes::confirmaAdicao()
 {
     if (!donoGuardado() || !temObrigatorios()) return;
-    Colunas valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", casamento() ? "c" : "b"}};
+    confirmaData();
+    Colunas valores{{"entidade", txtNum->text()}, {"Dataref", mskData->text()}, {"tipoacto", letraDoActo()}};
     valores += valoresDoParentesco() + valoresDoAssistente();
     adoInterv.recordset().addNew();
     gravaLinha(valores);
@@ -180,7 +197,8 @@ bool FrmIntervenientes::temObrigatorios()
     if (!preenchido(txtIndAss)) return recusa("Deve identificar o assistente!", txtIndAss);
     if (!assistente->optassistente_0->isChecked() && !assistente->optassistente_1->isChecked())
         return recusa("Deve indicar o tipo de assistente!", assistente->optassistente_0);
-    return true;
+    const bool altera = assistentes_.passo() == Passo::Alteracao;
+    return escolhidoExiste(txtIndAss, altera ? textoDoNumero(adoInterv.recordset()["nind"]) : QString());
 }
 
 Colunas FrmIntervenientes::valoresDoParentesco() const

@@ -1,6 +1,7 @@
 // The two priests of the act: columns of its own row, edited and written together.
 #include "acts/frmIntervenientes.h"
 
+#include "acts/escolhido.h"
 #include "acts/padres.h"
 #include "common/campos.h"
 #include "common/ficha.h"
@@ -59,7 +60,8 @@ void FrmIntervenientes::iniciaPadres()
     if (const Ficha* ficha = donoDaJanela().ficha; ficha && ficha->insere(donoDaJanela().numero))
         return showMessage("Os padres só podem ser atribuídos depois de gravar " + donoDaJanela().designacao() + "!");
     padres_.passaA(Passo::Alteracao);
-    for (const LugarDoPadre& lugar : lugares_) {
+    for (LugarDoPadre& lugar : lugares_) {
+        lugar.antes = lugar.numero->text();
         lugar.escolher->setEnabled(true);
         if (!preenchido(lugar.numero)) continue;
         lugar.retirar->setEnabled(true);
@@ -73,7 +75,13 @@ void FrmIntervenientes::confirmaPadres()
 {
     const bool haPadres = preenchido(txtIndP1) || preenchido(txtIndP2);
     if (haPadres && !donoGuardado()) return;
-    if (haPadres) askWhetherToStore("Deseja realmente confirmar as alterações?") ? gravaPadres() : relePadres();
+    if (haPadres && !askWhetherToStore("Deseja realmente confirmar as alterações?")) {
+        relePadres();
+    } else if (haPadres) {
+        for (const LugarDoPadre& lugar : lugares_)
+            if (!escolhidoExiste(lugar.numero, lugar.antes)) return;
+        gravaPadres();
+    }
     padres_.passaA(Passo::Repouso);
     for (const LugarDoPadre& lugar : lugares_) {
         lugar.funcao->setLocked(true);

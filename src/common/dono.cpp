@@ -4,6 +4,8 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
+#include <algorithm>
+
 bool Dono::guardado() const
 {
     const jet::Recordset linha(cnBDP, (familia() ? "select nfamilia from familia where nfamilia = "
@@ -35,6 +37,14 @@ void JanelaDoDono::abre(const QString& nome, const Dono& dono, bool fichaEspera)
         dono.ficha->setEnabled(false);
     }
     janela->display();
+}
+
+bool JanelaDoDono::temAEspera(Ficha& ficha)
+{
+    return std::ranges::any_of(Forms::loaded(), [&](QWidget* aberta) {
+        const auto* janela = qobject_cast<JanelaDoDono*>(aberta);
+        return janela && janela->esperam_.contains(&ficha);
+    });
 }
 
 void JanelaDoDono::fechaAsDe(TipoDeDono tipo, const QString& numero)

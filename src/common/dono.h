@@ -50,6 +50,9 @@ public:
     // Precondition: a form with that name is a JanelaDoDono.
     static void abre(const QString& nome, const Dono& dono, bool fichaEspera = false);
 
+    // Whether the card waits for one of these windows.
+    static bool temAEspera(Ficha& ficha);
+
     // The record was deleted: unloads the windows that stand open for it.
     static void fechaAsDe(TipoDeDono tipo, const QString& numero);
 

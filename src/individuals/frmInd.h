@@ -146,7 +146,9 @@ private:
     void cmdAtribuir_Click();
     void cmdTest_Click();
     void atribuiTestamenteiro();
+    static void libertaDaEntrega();
     void acabaEscolhaDoTestamenteiro();
+    void desisteDoTestamenteiro();
     void cmdFechar_Click();
     // Enables whoever waits for this card: the card of families and all who have asked for a person.
     void FrmLoaded();

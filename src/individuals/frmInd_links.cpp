@@ -57,17 +57,21 @@ void FrmInd::mostraArvore()
     frmArv().mostraIndividuo(*this, {numero(), nome(), txtFamOrig->text()}, adoNind.recordset());
 }
 
-// In an insertion the number is what was typed: it has to be one, as the windows put it into their statements.
+// In an insertion the number is what was typed: it has to be one, as the windows put it into their statements. In a
+// search the card shows nobody.
 Dono FrmInd::dono()
 {
-    const QString dele = inserindo() ? textoDoNumero(registoDoTexto(numero())) : numero();
+    QString dele = modo() == Modo::Loc ? QString() : numero();
+    if (inserindo()) dele = textoDoNumero(registoDoTexto(dele));
     return {TipoDeDono::Individuo, dele, nome(), mskDtNasc->text(), this, &adoNind.recordset()};
 }
 
 void FrmInd::cmdInterv_Click()
 {
     guarded([&] {
-        if (!eData(mskDtNasc->text()) || !abreIntervenientes()) return;
+        if (!eData(mskDtNasc->text())) return;
+        if (inserindo()) txtNind->setText(dono().numero); // as the window has it: "007" is the number 7
+        if (!abreIntervenientes()) return;
         if (inserindo()) txtNind->setLocked(true); // what is written there is written for this number
     });
 }

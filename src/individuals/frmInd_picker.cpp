@@ -1,15 +1,26 @@
 // The card as a picker: it hands the individual shown to whoever called it up, and leads back there when it closes.
 #include "individuals/frmInd.h"
 
+#include "common/dono.h"
 #include "common/modGeral.h"
 #include "common/text.h"
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
+// The hand-over to the form of an act has disabled the card, and the form may stand there long after. Whoever asks the
+// card next finds it in use, unless it waits for a window of its own. Kept: the menu alone brings it up disabled.
+void FrmInd::libertaDaEntrega()
+{
+    const PedidoDeIndividuo& entregue = chamada().pedido();
+    if (!Forms::isLoaded(Name) || !entregue.deActo || !entregue.quem || !entregue.quem->isEnabled()) return;
+    if (!JanelaDoDono::temAEspera(frmInd())) frmInd().setEnabled(true);
+}
+
 void FrmInd::pede(PedidoDeIndividuo pedido, const std::optional<QString>& primeiro)
 {
     const bool deActo = pedido.deActo;
+    libertaDaEntrega();
     chamada().comeca(std::move(pedido));
     FrmIndLoaded();
     if (deActo)
@@ -33,6 +44,7 @@ void FrmInd::atendeActo(const std::optional<QString>& primeiro)
 
 void FrmInd::consulta(const QString& nind)
 {
+    libertaDaEntrega();
     chamada().interrompe();
     FrmIndLoaded();
     frmInd().mostra(nind);
@@ -134,6 +146,15 @@ void FrmInd::acabaEscolhaDoTestamenteiro()
     if (!chamada().existe() || chamada().origem() == OrigemInd::Testamenteiro) chamada().acaba();
 }
 
+// The alteration goes on, unless an insert has taken its place.
+void FrmInd::desisteDoTestamenteiro()
+{
+    ActualizaCampos(adoInd.recordset());
+    if (passo() == Passo::Alteracao) return;
+    acabaEscolhaDoTestamenteiro();
+    permiteAtribuir();
+}
+
 void FrmInd::cmdFechar_Click()
 {
     guarded([&] {
@@ -154,7 +175,7 @@ void FrmInd::devolveAoChamador()
     else if (pedido.depois == DepoisDePedido::Esconde)
         termina();
     else if (pedido.depois == DepoisDePedido::ReabreEdicao)
-        ActualizaCampos(adoInd.recordset());
+        desisteDoTestamenteiro();
     else if (pedido.quem)
         voltaA(pedido);
     chamada().desiste();

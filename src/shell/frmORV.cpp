@@ -127,14 +127,15 @@ void FrmORV::MnuNova_Click()
 void FrmORV::mudaBDP(const QString& operacao)
 {
     guarded([&] {
+        const bool aberta = cnBDP.state() == jet::Connection::Open;
+        if (aberta && !ask("Deseja fechar a BDP em tratamento?")) return; // and a dialog keeps its operation
+
         OperacaoBDP = operacao;
-        if (cnBDP.state() != jet::Connection::Open) {
+        if (!aberta) {
             CodParoquia.clear();
             Forms::show("frmIni");
             return;
         }
-        if (!ask("Deseja fechar a BDP em tratamento?")) return;
-
         clearSession();
         showCredits(); // what was told last belongs to the BDP that is being left
         CodParoquia.clear();
