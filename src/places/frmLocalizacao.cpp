@@ -100,6 +100,7 @@ void FrmLocalizacao::retomaDoEditor(Nivel superior, const QString& codigo)
     emit lista(superior)->clicked();
     setEnabled(true);
     const auto nivel = Nivel(int(superior) + 1);
+    guarded([&] { releNaLista(nivel); });
     if (!codigo.isEmpty()) escolhe(nivel, codigo);
     if (isShown() && lista(nivel)->count() > 1) Focus::setTo(lista(nivel));
 }

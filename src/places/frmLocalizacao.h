@@ -30,7 +30,8 @@ public:
     // does a list that is shut, as below the parishes where only a parish can be chosen.
     void mostraLocal(Nivel nivel, const QString& codigo, const QString& superior);
     // The editor of the places below `superior` is closing: their list is read again, with the place of that code
-    // chosen, and gets the focus where it has places.
+    // chosen, and gets the focus where it has places. One that was deleted goes from the working list and from those of
+    // the open cards, too.
     void retomaDoEditor(Nivel superior, const QString& codigo);
 
     void setVisible(bool visible) override;
@@ -59,6 +60,7 @@ private:
 
     // The working list
     void preencheLista();
+    void releNaLista(Nivel nivel);
     void marcaLocal();
     void cmdGuardar_Click();
     void cmdRem_Click();
