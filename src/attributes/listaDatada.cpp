@@ -43,18 +43,12 @@ void ListaDatada::vigiaData(MaskedEdit* campo, QCheckBox* fixa)
 
 void ListaDatada::vigiaNumero(TextBox* campo, const QString& recusa)
 {
-    Focus::watch(campo, {}, [=] {
-        VerificaNumero(*campo, recusa, 0);
-        Focus::keepClick();
-    });
+    Focus::watch(campo, {}, [=] { VerificaNumero(*campo, recusa, 0); });
 }
 
 void ListaDatada::vigiaInteiro(TextBox* campo, const QString& recusa)
 {
-    Focus::watch(campo, {}, [=] {
-        VerificaInteiro(*campo, recusa, 0);
-        Focus::keepClick();
-    });
+    Focus::watch(campo, {}, [=] { VerificaInteiro(*campo, recusa, 0); });
 }
 
 void ListaDatada::vigiaFraccao(TextBox* campo, const QString& motivo)

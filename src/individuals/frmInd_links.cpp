@@ -67,7 +67,9 @@ Dono FrmInd::dono()
 void FrmInd::cmdInterv_Click()
 {
     guarded([&] {
-        if (!eData(mskDtNasc->text()) || !abreIntervenientes()) return;
+        if (!eData(mskDtNasc->text())) return;
+        if (inserindo()) txtNind->setText(dono().numero); // as the window tells it: the two are compared as texts
+        if (!abreIntervenientes()) return;
         if (inserindo()) txtNind->setLocked(true); // what is written there is written for this number
     });
 }
