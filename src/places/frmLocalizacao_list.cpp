@@ -8,11 +8,20 @@
 
 namespace {
 
-// Nothing is chosen any more where it was the place: an entry beside it would be chosen in its stead.
-void retira(ComboBox& lista, const QString& resto)
+// The text of a place as its table has it now, "" where that has none. A text of another level stays as it is.
+QString textoGuardado(const DadosDoNivel& nivel, const QString& texto)
+{
+    const Local local = localDoTexto(texto);
+    if (local.nivel != QLatin1String(nivel.tipo)) return texto;
+    const jet::Recordset guardado(cnBDP, nivel.nomeDe(local.codigo));
+    return guardado.eof() ? QString() : textoDoLocal(semMarca(guardado[0].toString()), local.nivel, local.codigo);
+}
+
+// Nothing is chosen any more where it was such a place: an entry beside it would be chosen in its stead.
+void retiraEliminados(const DadosDoNivel& nivel, ComboBox& lista)
 {
     for (int indice = lista.count() - 1; indice >= 0; --indice) {
-        if (restoDoLocal(lista.list(indice)) != resto) continue;
+        if (!textoGuardado(nivel, lista.list(indice)).isEmpty()) continue;
         if (lista.listIndex() == indice) lista.setListIndex(-1);
         lista.removeItem(indice);
     }
@@ -33,20 +42,17 @@ void FrmLocalizacao::preencheLista()
 // The places of one level as their editor has left them. The code of one that was deleted may soon be another's.
 void FrmLocalizacao::releNaLista(Nivel nivel)
 {
+    const DadosDoNivel& dados = dadosDe(nivel);
     for (int indice = lstLocal->listCount() - 1; indice >= 0; --indice) {
-        const QString texto = lstLocal->list(indice);
-        const Local local = localDoTexto(texto);
-        if (local.nivel != QLatin1String(dadosDe(nivel).tipo)) continue;
-        const jet::Recordset guardado(cnBDP, dadosDe(nivel).nomeDe(local.codigo));
-        if (!guardado.eof()) {
-            lstLocal->item(indice)->setText(textoDoLocal(semMarca(guardado[0].toString()), local.nivel, local.codigo));
-            continue;
-        }
-        lstLocal->removeItem(indice);
-        for (const auto& aberta : ListasAbertas::deLocais())
-            retira(*aberta.combo, restoDoLocal(texto));
+        const QString texto = textoGuardado(dados, lstLocal->list(indice));
+        if (texto.isEmpty())
+            lstLocal->removeItem(indice);
+        else
+            lstLocal->item(indice)->setText(texto);
     }
     cmdRem->setEnabled(lstLocal->listCount() > 0);
+    for (const auto& aberta : ListasAbertas::deLocais())
+        retiraEliminados(dados, *aberta.combo);
 }
 
 void FrmLocalizacao::cmdGuardar_Click()
