@@ -67,10 +67,11 @@ protected:
     // Once, after setupUi().
     void usa(const Botoes& botoes, Grid* grelha, QList<GridColumn> colunas, Regras regras);
     // The date field is checked when it is left; a date sets the flag beside it, an empty field clears it, and in an
-    // alteration a date left as it was entered leaves it alone. As with the number fields, the command whose click took
-    // the focus still runs, on what the check has left.
+    // alteration a date left as it was entered leaves it alone. The command whose click took the focus still runs: it
+    // stores nothing without a date.
     void vigiaData(MaskedEdit* campo, QCheckBox* fixa = nullptr);
-    // The number field takes 0 and more; that of a column of whole numbers takes no fraction.
+    // The number field takes 0 and more; that of a column of whole numbers takes no fraction. A refusal empties the
+    // field, and the command whose click took the focus doesn't run: it would store the empty field.
     void vigiaNumero(TextBox* campo, const QString& recusa);
     void vigiaInteiro(TextBox* campo, const QString& recusa);
     // For a column of whole numbers whose field has no check of its own: a number that the column can't take is refused

@@ -1,7 +1,6 @@
 #include "common/linhaDeEstado.h"
 
-#include "common/datas.h"
-#include "platform/forms/controls.h"
+#include "common/campos.h"
 #include "platform/forms/statusline.h"
 
 namespace {
@@ -23,10 +22,12 @@ void contaAnoImprovavel(const MaskedEdit* campo)
 
 void contaGravado(const QString& registo, const QList<const MaskedEdit*>& datas)
 {
-    QStringList improvaveis;
-    for (const MaskedEdit* campo : datas)
+    QStringList improvaveis, outras;
+    for (const MaskedEdit* campo : datas) {
         if (anoImprovavel(campo->text())) improvaveis << campo->text();
+        if (preenchido(campo) && !eData(campo->text())) outras << campo->text();
+    }
     improvaveis.removeDuplicates();
-    showStatus("Gravado: " + registo +
+    showStatus("Gravado: " + registo + (outras.isEmpty() ? QString() : ", sem o que não é data: " + outras.join(", ")) +
                (improvaveis.isEmpty() ? QString() : " (ano pouco provável: " + improvaveis.join(", ") + ")"));
 }

@@ -13,12 +13,19 @@ void EditorProvisorio::carrega()
 {
     CodSup = frmLocalizacao().codigoAte(nivelSuperior_);
     EditorDeLocais::carrega();
+    soOlhou_ = true;
+}
+
+void EditorProvisorio::mostraLinha()
+{
+    EditorDeLocais::mostraLinha();
+    soOlhou_ = false;
 }
 
 void EditorProvisorio::Form_Unload()
 {
     if (!Forms::isUnloadingAll() && Forms::isLoaded(FrmLocalizacao::Name))
-        frmLocalizacao().retomaDoEditor(nivelSuperior_, txtCod_->text());
+        frmLocalizacao().retomaDoEditor(nivelSuperior_, txtCod_->text(), soOlhou_);
 }
 
 // The code is the program's matter.

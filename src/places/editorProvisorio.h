@@ -27,6 +27,7 @@ protected:
     void elimina() override;
     void exigeQueNinguemUse(const QString& codigo) const override;
     void fecha() override { unload(); }
+    void mostraLinha() override;
     void carrega() override;
     void Form_Unload() override;
 
@@ -34,4 +35,5 @@ private:
     qlonglong numeroDe(const QString& codigo) const;
 
     Nivel nivelSuperior_;
+    bool soOlhou_ = false; // no row was shown but the one on which the editor opens
 };

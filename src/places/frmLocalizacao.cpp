@@ -95,11 +95,17 @@ void FrmLocalizacao::abreEditor(const QString& nome, const QString& titulo, Nive
     }
 }
 
-void FrmLocalizacao::retomaDoEditor(Nivel superior, const QString& codigo)
+void FrmLocalizacao::retomaDoEditor(Nivel superior, const QString& codigo, bool soOlhou)
 {
+    const auto nivel = Nivel(int(superior) + 1);
+    const QString antes = codigoAte(nivel);
+    const QString sitio = nivel == Nivel::Lugar ? codigoAte(Nivel::Sitio) : QString();
     emit lista(superior)->clicked();
     setEnabled(true);
-    const auto nivel = Nivel(int(superior) + 1);
-    if (!codigo.isEmpty()) escolhe(nivel, codigo);
+    guarded([&] { releNaLista(nivel); });
+    if (!soOlhou || antes.isEmpty())
+        escolhe(nivel, codigo);
+    else if (escolhe(nivel, antes))
+        escolhe(Nivel::Sitio, sitio);
     if (isShown() && lista(nivel)->count() > 1) Focus::setTo(lista(nivel));
 }

@@ -29,9 +29,10 @@ public:
     // districts have none of. Each choice fills the list of the next, so that one which isn't found ends the walk; so
     // does a list that is shut, as below the parishes where only a parish can be chosen.
     void mostraLocal(Nivel nivel, const QString& codigo, const QString& superior);
-    // The editor of the places below `superior` is closing: their list is read again, with the place of that code
-    // chosen, and gets the focus where it has places.
-    void retomaDoEditor(Nivel superior, const QString& codigo);
+    // The editor of the places below `superior` is closing on the row with that code: their list is read again, with
+    // that place chosen, and gets the focus where it has places. If the user has only looked, what was chosen before
+    // stays. A place that was deleted goes from the working list and from those of the open cards, too.
+    void retomaDoEditor(Nivel superior, const QString& codigo, bool soOlhou);
 
     void setVisible(bool visible) override;
 
@@ -59,6 +60,7 @@ private:
 
     // The working list
     void preencheLista();
+    void releNaLista(Nivel nivel);
     void marcaLocal();
     void cmdGuardar_Click();
     void cmdRem_Click();

@@ -6,14 +6,16 @@
 
 namespace {
 
-// d/m/yyyy and ddmmyyyy in the form that every date is shown in; whether the calendar has the day is not asked here.
+// d/m/yyyy and ddmmyyyy, perhaps pasted with blanks around, in the form that every date is shown in; blanks alone are
+// nothing. Whether the calendar has the day is not asked here.
 QString completed(const QString& text)
 {
+    const QString typed = text.trimmed();
     static const QRegularExpression separated(QStringLiteral("^([0-9]{1,2})/([0-9]{1,2})/([0-9]{4})$"));
     static const QRegularExpression together(QStringLiteral("^([0-9]{2})([0-9]{2})([0-9]{4})$"));
-    auto match = separated.match(text);
-    if (!match.hasMatch()) match = together.match(text);
-    if (!match.hasMatch()) return text;
+    auto match = separated.match(typed);
+    if (!match.hasMatch()) match = together.match(typed);
+    if (!match.hasMatch()) return typed.isEmpty() ? typed : text;
     const auto two = [&](int part) { return match.captured(part).rightJustified(2, u'0'); };
     return two(1) + u'/' + two(2) + u'/' + match.captured(3);
 }
