@@ -67,8 +67,9 @@ Dono FrmInd::dono()
 void FrmInd::cmdInterv_Click()
 {
     guarded([&] {
-        if (!eData(mskDtNasc->text()) || !abreIntervenientes()) return;
-        if (inserindo()) txtNind->setLocked(true); // what is written there is written for this number
+        if (!eData(mskDtNasc->text())) return;
+        if (inserindo()) txtNind->setText(dono().numero); // "07" is the number 7 in what is written there
+        if (abreIntervenientes() && inserindo()) txtNind->setLocked(true);
     });
 }
 
