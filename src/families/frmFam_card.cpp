@@ -166,7 +166,7 @@ void FrmFam::cmdAnt_Click()
         if (!adoFam.hasRows()) return;
         jet::Recordset& familias = adoFam.recordset();
         semErros([&] { poeFicheiroNaFicha(); }); // a refresh may have moved the file away from the card
-        if (familias.eof()) { // the family on the card has gone: on to the last one that there is
+        if (familias.eof()) {                    // the family on the card has gone: on to the last one that there is
             adoFam.refresh();
             if (!adoFam.hasRows()) return ActualizaCampos(familias, {});
             familias.moveLast();
@@ -195,6 +195,7 @@ void FrmFam::cmdSeg_Click()
         if (familias.eof()) familias.movePrevious();
         if (familias.bof()) familias.moveNext();
         semErros([&] { familias.find("nfamilia = " + txtNFam->text()); });
+        if (familias.eof()) semErros([&] { poeFicheiroNaFicha(); }); // it stands before the cursor
         semErros([&] { familias.moveNext(); });
         const bool passouOFim = familias.eof();
         if (passouOFim) {
