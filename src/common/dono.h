@@ -32,7 +32,7 @@ struct Dono
     // Whether the store has the record.
     // Precondition: there is a number.
     bool guardado() const;
-    QString designacao() const; // "o indivíduo nº 2", "a família nº 3"
+    QString designacao() const;   // "o indivíduo nº 2", "a família nº 3"
     QString avisoDaFalta() const; // what the user is told where nothing is stored, as there is no such record
 };
 
