@@ -62,8 +62,9 @@ void JanelaDoDono::larga()
 // Without a number nobody is looked for, and the store tells what is missing.
 bool JanelaDoDono::donoGuardado() const
 {
-    if (dono_.numero.isEmpty() || dono_.guardado()) return true;
-    if (serveInsercao() && dono_.ficha && dono_.ficha->insere(dono_.numero)) return true;
+    if (dono_.numero.isEmpty()) return true;
+    const bool insere = dono_.ficha && dono_.ficha->insere(dono_.numero); // perhaps with a number that somebody has
+    if (insere ? serveInsercao() : dono_.guardado()) return true;
     showMessage(dono_.avisoDaFalta());
     return false;
 }
