@@ -195,7 +195,6 @@ void FrmFam::cmdSeg_Click()
         if (familias.eof()) familias.movePrevious();
         if (familias.bof()) familias.moveNext();
         semErros([&] { familias.find("nfamilia = " + txtNFam->text()); });
-        if (familias.eof()) semErros([&] { poeFicheiroNaFicha(); }); // it stands before the cursor
         semErros([&] { familias.moveNext(); });
         const bool passouOFim = familias.eof();
         if (passouOFim) {
