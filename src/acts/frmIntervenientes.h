@@ -32,6 +32,7 @@ protected:
     bool Form_QueryUnload(UnloadMode mode) override;
     void Form_Unload() override;
     bool podeMudarDeDono() const override;
+    bool serveInsercao() const override { return true; }
     void volta() override;
 
 private:

@@ -19,6 +19,14 @@ QString Dono::designacao() const
     return (familia() ? "a família nº " : "o indivíduo nº ") + numero;
 }
 
+QString Dono::avisoDaFalta() const
+{
+    QString quem = designacao();
+    quem[0] = quem[0].toUpper();
+    const QString falta = ficha && ficha->insere(numero) ? " ainda não está registado" : " já não existe";
+    return quem + falta + " na base de dados, e nada foi gravado.";
+}
+
 void JanelaDoDono::abre(const QString& nome, const Dono& dono, bool fichaEspera)
 {
     auto* janela = static_cast<JanelaDoDono*>(Forms::find(nome));
@@ -64,11 +72,10 @@ void JanelaDoDono::larga()
 // Without a number nobody is looked for, and the store tells what is missing.
 bool JanelaDoDono::donoGuardado() const
 {
-    if (dono_.numero.isEmpty() || dono_.guardado()) return true;
-    if (dono_.ficha && dono_.ficha->insere(dono_.numero)) return true;
-    QString quem = dono_.designacao();
-    quem[0] = quem[0].toUpper();
-    showMessage(quem + " já não existe na base de dados, e nada foi gravado.");
+    if (dono_.numero.isEmpty()) return true;
+    const bool insere = dono_.ficha && dono_.ficha->insere(dono_.numero); // perhaps with a number that somebody has
+    if (insere ? serveInsercao() : dono_.guardado()) return true;
+    showMessage(dono_.avisoDaFalta());
     return false;
 }
 

@@ -32,7 +32,8 @@ struct Dono
     // Whether the store has the record.
     // Precondition: there is a number.
     bool guardado() const;
-    QString designacao() const; // "o indivíduo nº 2", "a família nº 3"
+    QString designacao() const;   // "o indivíduo nº 2", "a família nº 3"
+    QString avisoDaFalta() const; // what the user is told where nothing is stored, as there is no such record
 };
 
 // A window on the acts or the dated rows of one owner, for as long as it is loaded.
@@ -62,8 +63,11 @@ protected:
     // Whether nothing is being edited that another owner would take off the screen.
     virtual bool podeMudarDeDono() const { return false; }
 
-    // Asked before anything is stored for the owner: whether its record is still there, or is being inserted on its
-    // card. Tells the user if it isn't.
+    // Whether what the window stores goes with the card's insert, if that is given up.
+    virtual bool serveInsercao() const { return false; }
+
+    // Asked before anything is stored for the owner: whether its record is still there or, where the window serves an
+    // insert, is being inserted on its card. Tells the user if it isn't.
     bool donoGuardado() const;
 
     // Enables the cards that wait. One that overrides it calls it first.

@@ -138,6 +138,7 @@ private:
     void elimina() override;
     bool temObrigatorios();
     void verificaNumeros() const;
+    bool membrosPresentes();
     void insereFamilia();
     void insereMembro(const Metade& membro);
     void alteraFamilia();

@@ -166,7 +166,13 @@ void FrmFam::cmdAnt_Click()
         if (!adoFam.hasRows()) return;
         jet::Recordset& familias = adoFam.recordset();
         semErros([&] { poeFicheiroNaFicha(); }); // a refresh may have moved the file away from the card
-        semErros([&] { familias.movePrevious(); });
+        if (familias.eof()) {                    // the family on the card has gone: on to the last one that there is
+            adoFam.refresh();
+            if (!adoFam.hasRows()) return ActualizaCampos(familias, {});
+            familias.moveLast();
+        } else {
+            semErros([&] { familias.movePrevious(); });
+        }
         const bool passouOInicio = familias.bof();
         if (passouOInicio) {
             familias.moveNext();

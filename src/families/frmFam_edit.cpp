@@ -166,6 +166,7 @@ void FrmFam::confirmaAlteracao()
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
     verificaNumeros();
+    if (!membrosPresentes()) return;
     poeFicheiroNaFicha();
     alteraFamilia();
     adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
@@ -204,6 +205,21 @@ FrmFam::Membros FrmFam::membrosGuardados() const
          membro.moveNext())
         guardados.insert(Nind::daColuna(membro["nind"]), {membro["idade"], membro["estadocivil"], membro["numcasam"]});
     return guardados;
+}
+
+// A person who was deleted since the alteration began, and left the family with that, doesn't come back into it.
+bool FrmFam::membrosPresentes()
+{
+    const Membros guardados = membrosGuardados();
+    for (int indice : {0, 1}) {
+        TextBox* const campo = metade(indice).nind;
+        const Nind nind = Nind::doCampoOuNenhum(campo->text());
+        if (!nind || nind != abertas_[indice].nind || guardados.contains(nind)) continue;
+        Dono pessoa;
+        pessoa.numero = nind.texto();
+        if (!pessoa.guardado()) return recusa(pessoa.avisoDaFalta(), campo);
+    }
+    return true;
 }
 
 bool FrmFam::mostrado(Nind nind) const

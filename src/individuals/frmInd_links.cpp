@@ -57,12 +57,12 @@ void FrmInd::mostraArvore()
     frmArv().mostraIndividuo(*this, {numero(), nome(), txtFamOrig->text()}, adoNind.recordset());
 }
 
-// In an insertion the number is what was typed: it has to be one, as the windows put it into their statements. In a
-// search the card shows nobody.
+// In an insertion and in a search the number is what was typed: it has to be one, as the windows put it into their
+// statements.
 Dono FrmInd::dono()
 {
-    QString dele = modo() == Modo::Loc ? QString() : numero();
-    if (inserindo()) dele = textoDoNumero(registoDoTexto(dele));
+    const bool digitado = inserindo() || (modo() == Modo::Loc && !numero().isEmpty());
+    const QString dele = digitado ? textoDoNumero(registoDoTexto(numero())) : numero();
     return {TipoDeDono::Individuo, dele, nome(), mskDtNasc->text(), this, &adoNind.recordset()};
 }
 
