@@ -136,10 +136,10 @@ void FrmIntervenientes::confirmaData()
     const Ficha* ficha = donoDaJanela().ficha;
     const bool emEdicao = ficha && ficha->modo() == Modo::Edi && ficha->numero() == txtNum->text();
     if (!dataPorConfirmar_ || emEdicao) return;
-    const jet::Recordset acto(cnBDP, (casamento() ? "select datacasam from familia where nfamilia = "
-                                                  : "select datanasc from individuo where nind = ") +
-                                         txtNum->text());
-    if (!acto.eof()) mskData->showPlain(textoDaData(acto[0]));
+    const jet::Recordset guardado(cnBDP, (casamento() ? "select datacasam from familia where nfamilia = "
+                                                      : "select datanasc from individuo where nind = ") +
+                                             txtNum->text());
+    if (!guardado.eof()) mskData->showPlain(textoDaData(guardado[0]));
 }
 
 // "&Alterar", or the end of an edit: the confirmation of an alteration, the cancel of an addition.
