@@ -1,4 +1,4 @@
-// What the fields of a list hold: checked when one is left, and written as a row.
+// The checks of the fields when one is left.
 #include "attributes/listaDatada.h"
 
 #include "common/datas.h"
@@ -34,31 +34,4 @@ void ListaDatada::vigiaFraccao(TextBox* campo, const QString& motivo)
     Focus::watch(campo, {}, [=] {
         if (campo->isModified() && eNumero(campo->text()) && !eInteiro(campo->text())) recusa(motivo, campo);
     });
-}
-
-void ListaDatada::acrescentaLinha(const Valores& valores)
-{
-    jet::Recordset& linhas = registos().recordset();
-    linhas.addNew();
-    for (const auto& [coluna, valor] : valores)
-        if (!valor.isNull()) linhas.set(coluna, valor);
-    linhas.update();
-}
-
-void ListaDatada::alteraLinha(const Valores& valores)
-{
-    jet::Recordset& linhas = registos().recordset();
-    for (const auto& [coluna, valor] : valores)
-        linhas.set(coluna, valor);
-    linhas.update();
-}
-
-QString ListaDatada::proximoNumero(const QString& coluna)
-{
-    if (!registos().hasRows()) return "1";
-    jet::Recordset& linhas = registos().recordset();
-    linhas.setSort(coluna + " Desc");
-    const QVariant ultimo = linhas[coluna];
-    linhas.setSort({}); // back to the order of the grid
-    return textoDoNumero(ultimo.toDouble() + 1);
 }
