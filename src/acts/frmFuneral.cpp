@@ -1,11 +1,11 @@
 #include "acts/frmFuneral.h"
 
-#include "acts/escolhido.h"
 #include "acts/observacao.h"
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/datas.h"
 #include "common/dicaDaPessoa.h"
+#include "common/escolhido.h"
 #include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"

@@ -1,9 +1,9 @@
 // The assistants of the act: the list, and how its rows are added, altered and deleted.
 #include "acts/frmIntervenientes.h"
 
-#include "acts/escolhido.h"
 #include "common/campos.h"
 #include "common/datas.h"
+#include "common/escolhido.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"

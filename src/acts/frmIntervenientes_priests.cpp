@@ -1,9 +1,9 @@
 // The two priests of the act: columns of its own row, edited and written together.
 #include "acts/frmIntervenientes.h"
 
-#include "acts/escolhido.h"
 #include "acts/padres.h"
 #include "common/campos.h"
+#include "common/escolhido.h"
 #include "common/ficha.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"

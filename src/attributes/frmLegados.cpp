@@ -3,6 +3,7 @@
 #include "common/campos.h"
 #include "common/codigos.h"
 #include "common/dicaDaPessoa.h"
+#include "common/escolhido.h"
 #include "common/ficha.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
@@ -84,6 +85,13 @@ void FrmLegados::mostraLinha(const jet::Recordset& linha)
     mostraSeHouver(txtRaiz, linha["bensraiz"]);
 }
 
+// Nothing is required: a legacy may be empty. But an heir must be there.
+bool FrmLegados::VerificaCampos(Passo passo)
+{
+    return escolhidoExiste(txtNindH,
+                           passo == Passo::Alteracao ? textoDoNumero(adoLeg.recordset()["nindherd"]) : QString());
+}
+
 QString FrmLegados::acrescenta()
 {
     const QString numero = proximoNumero("idlegprof");
@@ -98,7 +106,6 @@ QString FrmLegados::altera()
     return numero;
 }
 
-// Nothing is required: a legacy may be empty.
 ListaDatada::Valores FrmLegados::valores() const
 {
     return Valores{{"nindherd", textoDe(txtNindH)},

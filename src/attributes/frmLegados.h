@@ -22,6 +22,7 @@ protected:
     const QList<ModeRow>& modos() const override;
     QStringList PreencheLinha(const jet::Recordset& linha) const override;
     void mostraLinha(const jet::Recordset& linha) override;
+    bool VerificaCampos(Passo passo) override;
     QString acrescenta() override;
     QString altera() override;
     void Form_Load() override;

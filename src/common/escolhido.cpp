@@ -1,4 +1,4 @@
-#include "acts/escolhido.h"
+#include "common/escolhido.h"
 
 #include "common/campos.h"
 #include "common/dono.h"

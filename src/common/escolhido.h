@@ -1,4 +1,4 @@
-// A person who was picked for an act, and may have been deleted since.
+// A person who was picked for an act or as an heir, and may have been deleted since.
 #pragma once
 
 #include "platform/forms/controls.h"
