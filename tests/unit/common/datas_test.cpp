@@ -1,11 +1,10 @@
 #include "common/datas.h"
 
+#include "common/emptybdp.h"
 #include "forms/house.h"
 #include "platform/jet/error.h"
-#include "store/session.h"
 
 #include <gtest/gtest.h>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -102,14 +101,9 @@ class ObservationWindow : public testing::Test
 protected:
     void SetUp() override
     {
-        const QString ficheiro = pasta.filePath("teste.orv");
-        jet::createDatabase(ficheiro);
-        cnBDP.open(ficheiro);
-        cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
         cnBDP.execute("create table individuo (nind double not null, datanasc date, dataobito date, inicioobs date, "
                       "fimobs date)");
     }
-    void TearDown() override { cnBDP.close(); }
 
     static bool dentro(const QString& colunas, const QString& dataActo = "09/03/1800")
     {
@@ -119,7 +113,7 @@ protected:
         return DentroObservacao(Nind(1), dataActo);
     }
 
-    QTemporaryDir pasta;
+    EmptyBdp bdp;
 };
 
 TEST_F(ObservationWindow, OfABirthReachesBackAHundredYearsAndEndsAtTheAct)

@@ -1,12 +1,11 @@
 #include "common/locais.h"
 
+#include "common/emptybdp.h"
 #include "common/text.h"
 #include "platform/forms/controls.h"
 #include "platform/jet/recordset.h"
-#include "store/session.h"
 
 #include <gtest/gtest.h>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -16,10 +15,6 @@ class Places : public testing::Test
 protected:
     void SetUp() override
     {
-        const QString ficheiro = pasta.filePath("teste.orv");
-        jet::createDatabase(ficheiro);
-        cnBDP.open(ficheiro);
-        cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
         for (const auto& [tabela, nivel] : {std::pair{"pais", "pais"},
                                             {"zonapais", "zona"},
                                             {"distrito", "distrito"},
@@ -45,11 +40,7 @@ protected:
         insere("sitio", "'0303010101', 'Fonte', 1");
         insere("sitio", "'0303010102', 'Cruz', 0");
     }
-    void TearDown() override
-    {
-        cnBDP.close();
-        CodParoquia.clear();
-    }
+    void TearDown() override { CodParoquia.clear(); }
 
     static void insere(const char* tabela, const char* valores)
     {
@@ -63,7 +54,7 @@ protected:
         return textos;
     }
 
-    QTemporaryDir pasta;
+    EmptyBdp bdp;
     ComboBox lista;
 };
 

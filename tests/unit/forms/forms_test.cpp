@@ -4,6 +4,8 @@
 #include <QScrollBar>
 #include <QTabWidget>
 
+#include <functional>
+
 namespace {
 
 class FormsTest : public House
@@ -370,9 +372,23 @@ TEST_F(FormsTest, AControlIsNamedByItsLabels)
     EXPECT_EQ(form->findChild<TextBox*>("txtNome")->accessibleName(), "Nome completo");
 }
 
-TEST_F(FormsTest, AFieldHoldsAsManyLettersInALargeFont)
+namespace {
+
+double inALargeFont(const std::function<double()>& measured)
 {
     const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(2 * before.pointSizeF());
+    QApplication::setFont(large);
+    const double found = measured();
+    QApplication::setFont(before);
+    return found;
+}
+
+} // namespace
+
+TEST_F(FormsTest, AFieldHoldsAsManyLettersInALargeFont)
+{
     const auto digits = [this] {
         TestForm* form = make("frmA", [](TestForm& made) {
             auto* field = made.put<TextBox>("txtNum");
@@ -385,17 +401,11 @@ TEST_F(FormsTest, AFieldHoldsAsManyLettersInALargeFont)
         settle();
         return fit;
     };
-    const double small = digits();
-    QFont large = before;
-    large.setPointSizeF(2 * before.pointSizeF());
-    QApplication::setFont(large);
-    EXPECT_GT(digits(), 0.85 * small);
-    QApplication::setFont(before);
+    EXPECT_GT(inALargeFont(digits), 0.85 * digits());
 }
 
 TEST_F(FormsTest, AListShowsAsManyRowsInALargeFont)
 {
-    const QFont before = QApplication::font();
     const auto rows = [this] {
         TestForm* form = make("frmA", [](TestForm& made) { made.put<Grid>("dtg")->setMinimumHeight(56); });
         const auto* grid = form->findChild<Grid*>("dtg");
@@ -404,10 +414,5 @@ TEST_F(FormsTest, AListShowsAsManyRowsInALargeFont)
         settle();
         return fit;
     };
-    const double small = rows();
-    QFont large = before;
-    large.setPointSizeF(2 * before.pointSizeF());
-    QApplication::setFont(large);
-    EXPECT_GT(rows(), 0.85 * small);
-    QApplication::setFont(before);
+    EXPECT_GT(inALargeFont(rows), 0.85 * rows());
 }

@@ -1,16 +1,15 @@
 #include "places/frmLocalizacao.h"
 
+#include "common/emptybdp.h"
 #include "common/listasAbertas.h"
 #include "common/pedidoDeLocal.h"
 #include "forms/house.h"
 #include "individuals/pedido.h"
 #include "places/frmPesq.h"
 #include "shell/beginSession.h"
-#include "store/session.h"
 
 #include <QHeaderView>
 #include <QMdiSubWindow>
-#include <QTemporaryDir>
 #include <QTreeWidget>
 
 namespace {
@@ -21,10 +20,6 @@ class Picker : public House
 protected:
     Picker()
     {
-        const QString ficheiro = pasta.filePath("teste.orv");
-        jet::createDatabase(ficheiro);
-        cnBDP.open(ficheiro);
-        cnBDP.beginTrans(); // given up at the close: nothing goes to the disk
         for (const char* instrucao :
              {"create table pais (codpais varchar, nomepais varchar, prioridade long)",
               "create table zonapais (codzona varchar, nomezona varchar, codpais varchar, prioridade long)",
@@ -46,7 +41,6 @@ protected:
     }
     ~Picker() override
     {
-        cnBDP.close();
         CodParoquia.clear();
         beginSession();
     }
@@ -73,7 +67,7 @@ protected:
     static ComboBox& list(const char* nome) { return control<ComboBox>(nome); }
     static void click(const char* nome) { control<CommandButton>(nome).click(); }
 
-    QTemporaryDir pasta;
+    EmptyBdp bdp;
 };
 
 TEST_F(Picker, HandsThePlaceToTheListOfItsCaller)
