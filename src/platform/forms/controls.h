@@ -76,8 +76,9 @@ private:
 
 // A date field with two states. With the mask it shows "__/__/____" when empty, takes digits only, and its text always
 // has ten characters. Without it, it is a plain field that shows "dd/mm/aaaa" in grey when it is empty, and empty is
-// ""; d/m/yyyy and eight digits become dd/mm/yyyy when it is left. text() is what it shows in either state. A new field
-// has the mask. The Tab key selects what it holds, a click under the mask the day, the month or the year.
+// ""; d/m/yyyy and eight digits, blanks around them or not, become dd/mm/yyyy when it is left. text() is what it shows
+// in either state. A new field has the mask. The Tab key selects what it holds, a click under the mask the day, the
+// month or the year.
 class MaskedEdit : public QLineEdit
 {
     Q_OBJECT
