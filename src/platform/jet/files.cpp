@@ -1,14 +1,14 @@
 #include "platform/jet/files.h"
 
 #include "platform/jet/connection.h"
+#include "platform/jet/disk.h"
 #include "platform/jet/errors.h"
 
 #include <QFileInfo>
-#include <QTemporaryFile>
+#include <QScopeGuard>
 
 #include <sqlite3.h>
 
-#include <filesystem>
 #include <memory>
 
 namespace jet {
@@ -18,12 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int busyMilliseconds = 250;
-
-fs::path nativePath(const QString& path)
-{
-    const QByteArray utf8 = path.toUtf8(); // which has a place holder for what is no character
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 bool isWritable(const fs::file_status& status)
 {
@@ -84,12 +78,19 @@ bool failedInWriting(int code)
     return (code & 0xff) == SQLITE_FULL || ((code & 0xff) == SQLITE_IOERR && !reading);
 }
 
-// What the engine may leave beside a file when its program is killed.
+// What the engine may leave beside a file when its program is killed. It is gone for good before another file takes
+// the name: the engine would play it back into that one.
 void removeCompanions(const QString& path)
 {
-    std::error_code ignored;
-    for (const char* suffix : {"-journal", "-wal", "-shm"})
-        fs::remove(nativePath(path + QLatin1String(suffix)), ignored);
+    bool removed = false;
+    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+        const QString companion = path + QLatin1String(suffix);
+        std::error_code ignored;
+        if (!fs::exists(fs::symlink_status(nativePath(companion), ignored))) continue;
+        disk().remove(companion);
+        removed = true;
+    }
+    if (removed) disk().syncFolder(folderOf(path));
 }
 
 } // namespace
@@ -168,10 +169,9 @@ void requireReplaceable(const QString& path)
 void replaceDatabase(const QString& made, const QString& path)
 {
     requireReplaceable(path);
-    removeCompanions(path); // they belong to the file that goes: the engine would play them back into the new one
-    std::error_code error;
-    fs::rename(nativePath(made), nativePath(path), error);
-    if (error) throw denied(path);
+    removeCompanions(path);
+    if (disk().replace(made, path)) throw denied(path);
+    disk().syncFolder(folderOf(path));
 }
 
 void copyDatabase(const QString& source, const QString& target)
@@ -188,24 +188,24 @@ void copyDatabase(const QString& source, const QString& target)
         requireUnlocked(target);
     }
 
-    QTemporaryFile temporary(target + QStringLiteral(".XXXXXX"));
-    if (!temporary.open()) throw denied(target);
+    const QString made = makeTemporary(target, error);
+    if (error) throw denied(target);
+    auto removeMade = qScopeGuard([&] { disk().remove(made); });
     {
         const Engine from(openEngine(source, Access::ReadOnly));
-        const Engine copy(openEngine(temporary.fileName(), Access::ReadWrite));
+        const Engine copy(openEngine(made, Access::ReadWrite));
         run(copy, "pragma journal_mode = off; pragma synchronous = full", target);
         sqlite3_backup* backup = sqlite3_backup_init(copy.get(), "main", from.get(), "main");
         if (backup) sqlite3_backup_step(backup, -1);
         const int code = backup ? sqlite3_backup_finish(backup) : sqlite3_extended_errcode(copy.get());
         if (code != SQLITE_OK) throw engineError(copy.get(), code, failedInWriting(code) ? target : source);
     }
-    const fs::path made = nativePath(temporary.fileName());
-    fs::permissions(made, fs::status(nativePath(source)).permissions(), error);
-    temporary.close();
-    removeCompanions(target); // as in replaceDatabase()
-    fs::rename(made, to, error);
-    if (error) throw denied(target);
-    temporary.setAutoRemove(false);
+    fs::permissions(nativePath(made), fs::status(nativePath(source)).permissions(), error);
+    if (disk().syncFile(made)) throw denied(target);
+    removeCompanions(target);
+    if (disk().replace(made, target)) throw denied(target);
+    removeMade.dismiss();
+    disk().syncFolder(folderOf(target));
 }
 
 } // namespace jet

@@ -1,0 +1,166 @@
+#include "platform/jet/disk.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#endif
+
+namespace jet {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr auto mark = ".orvtmp-";
+constexpr int letters = 6;
+constexpr int attempts = 100;
+
+Disk* replaced = nullptr;
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
+}
+
+std::error_code syncThrough([[maybe_unused]] const fs::path& path, [[maybe_unused]] int flags)
+{
+#ifdef Q_OS_UNIX
+    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) return lastError();
+    const std::error_code error = ::fsync(descriptor) == 0 ? std::error_code() : lastError();
+    ::close(descriptor);
+    return error;
+#else
+    return {};
+#endif
+}
+
+} // namespace
+
+fs::path nativePath(const QString& path)
+{
+    const QByteArray utf8 = path.toUtf8();
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::error_code Disk::replace(const QString& from, const QString& to)
+{
+    std::error_code error;
+    fs::rename(nativePath(from), nativePath(to), error);
+    return error;
+}
+
+std::error_code Disk::place(const QString& from, const QString& to)
+{
+    const fs::path source = nativePath(from);
+    const fs::path target = nativePath(to);
+    std::error_code error;
+#ifdef Q_OS_LINUX
+    if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) return {};
+    if (errno != EINVAL && errno != ENOSYS) return lastError();
+#endif
+    // A second name is never given over another file, but not every disk knows of second names.
+    fs::create_hard_link(source, target, error);
+    if (!error) {
+        fs::remove(source, error);
+        return {};
+    }
+    if (fs::exists(fs::symlink_status(target, error))) return std::make_error_code(std::errc::file_exists);
+    fs::rename(source, target, error);
+    return error;
+}
+
+std::error_code Disk::remove(const QString& path)
+{
+    std::error_code error;
+    fs::remove(nativePath(path), error);
+    return error;
+}
+
+// Elsewhere than under Unix the engine syncs the files that it writes, as it does here.
+std::error_code Disk::syncFile(const QString& path)
+{
+#ifdef Q_OS_UNIX
+    return syncThrough(nativePath(path), O_RDWR);
+#else
+    return syncThrough(nativePath(path), 0);
+#endif
+}
+
+std::error_code Disk::syncFolder(const QString& path)
+{
+#ifdef Q_OS_UNIX
+    const std::error_code error = syncThrough(nativePath(path), O_RDONLY | O_DIRECTORY);
+    return error == std::errc::invalid_argument ? std::error_code() : error; // a disk that knows of no such thing
+#else
+    return syncThrough(nativePath(path), 0);
+#endif
+}
+
+std::error_code Disk::makeFile(const QString& path)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return {};
+    return QFileInfo(path).exists() ? std::make_error_code(std::errc::file_exists)
+                                    : std::make_error_code(std::errc::permission_denied);
+}
+
+std::error_code Disk::makeFolder(const QString& path)
+{
+    std::error_code error;
+    fs::create_directory(nativePath(path), error);
+    return error;
+}
+
+Disk& disk()
+{
+    static Disk real;
+    return replaced ? *replaced : real;
+}
+
+void setDisk(Disk* replacement)
+{
+    replaced = replacement;
+}
+
+QString folderOf(const QString& path)
+{
+    return QFileInfo(path).path();
+}
+
+QString temporaryName(const QString& target)
+{
+    static const auto alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789");
+    QString name = target + QLatin1String(mark);
+    for (int i = 0; i < letters; ++i)
+        name += alphabet[QRandomGenerator::global()->bounded(alphabet.size())];
+    return name;
+}
+
+bool isTemporaryName(const QString& name)
+{
+    static const QRegularExpression pattern(QStringLiteral("^.+\\.orvtmp-[a-z0-9]{6}(-journal|-wal|-shm)?\\z"),
+                                            QRegularExpression::DotMatchesEverythingOption);
+    return pattern.match(name).hasMatch();
+}
+
+QString makeTemporary(const QString& target, std::error_code& error)
+{
+    for (int i = 0; i < attempts; ++i) {
+        const QString name = temporaryName(target);
+        error = disk().makeFile(name);
+        if (!error) return name;
+        if (error != std::errc::file_exists) break;
+    }
+    return {};
+}
+
+} // namespace jet
