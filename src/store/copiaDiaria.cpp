@@ -19,7 +19,7 @@
 namespace {
 
 constexpr auto pastaDasCopias = "copias";
-constexpr int esperaHabitual = 80; // milliseconds: not felt by who types
+constexpr int esperaHabitual = 60; // milliseconds: not felt by who types
 
 // What the thread works on, and nothing of the session.
 struct Trabalho

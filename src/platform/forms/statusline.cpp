@@ -37,7 +37,8 @@ void showStatusNote(const QString& text, const QString& whole)
     auto* bar = statusBar();
     if (!bar) return;
     QLabel& note = noteOf(*bar);
-    note.setText(note.fontMetrics().elidedText(text, Qt::ElideRight, bar->width() / 2)); // the rest is for what is told
+    note.setText(note.fontMetrics().elidedText(text, Qt::ElideRight,
+                                               bar->window()->width() / 2)); // the rest is for what is told
     note.setToolTip(whole);
     note.setVisible(!text.isEmpty());
 }
