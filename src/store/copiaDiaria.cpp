@@ -109,6 +109,7 @@ void CopiaDiaria::acaba(Trabalho& trabalho)
         if (!trabalho.inteiro && !jet::copyInSteps(trabalho.bdp, trabalho.rascunho.path(), trabalho.destino, larga_))
             return;
         trabalho.rascunho.place();
+        jet::disk().syncFolder(QFileInfo(trabalho.bdp).path()); // where the folder of the copies may be new
         retiraAntigas(trabalho);
         conta(QStringLiteral("Cópia diária guardada em %1/%2")
                   .arg(QLatin1String(pastaDasCopias), QFileInfo(trabalho.destino).fileName()),

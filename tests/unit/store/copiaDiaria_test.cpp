@@ -132,9 +132,10 @@ TEST_F(DailyCopy, IsOnTheDiskBeforeItHasItsNameAndBeforeAnOlderOneGoes)
     escreve("02");
     esperaCopiaDiaria();
     const QStringList feito = disk.done();
-    EXPECT_EQ(feito.mid(0, 5).join(' '), "makefolder copias make x sync x place x>arga_2026-11-23.orv syncfolder");
+    EXPECT_EQ(feito.mid(0, 6).join(' '),
+              "makefolder copias make x sync x place x>arga_2026-11-23.orv syncfolder syncfolder");
     EXPECT_EQ(feito.last(), "syncfolder");
-    EXPECT_EQ(feito.filter("remove").size(), feito.size() - 6);
+    EXPECT_EQ(feito.filter("remove").size(), feito.size() - 7);
     EXPECT_GT(feito.filter("remove").size(), 15);
     EXPECT_TRUE(estranho.exists());
     EXPECT_TRUE(copia.exists("arga_2026-10-29.orv"));
