@@ -4,11 +4,14 @@
 #include "platform/jet/dialect.h"
 #include "platform/jet/errors.h"
 #include "platform/jet/files.h"
+#include "platform/jet/journal.h"
 #include "platform/jet/statement.h"
 
 #include <QScopedValueRollback>
 
 #include <sqlite3.h>
+
+#include <utility>
 
 namespace jet {
 
@@ -40,7 +43,7 @@ QStringList names(Database& database, const QString& sql)
 
 } // namespace
 
-Connection::Connection() : database_(std::make_shared<Database>()) {}
+Connection::Connection(OwnTables own) : database_(std::make_shared<Database>()), own_(std::move(own)) {}
 
 Connection::~Connection()
 {
@@ -56,10 +59,13 @@ void Connection::open(const QString& connectionString)
     database_->path = path;
     ++database_->opened;
     try {
+        requireHarmlessCompanions(database_->handle, path); // before the engine reads the file
         installFunctions(database_->handle);
-        // One file at rest, on the disk with each commit; and the header read now, not at the first statement.
-        database_->run("pragma journal_mode = delete; pragma synchronous = full; select count(*) from sqlite_master");
+        requireHarmlessSchema(database_->handle, path, own_);
         requireWhole(database_->handle, path);
+        // One file at rest, on the disk with each commit. Last, as it writes where the file was used otherwise before.
+        database_->run("pragma journal_mode = delete; pragma synchronous = full");
+        database_->watch.install(database_->handle);
     } catch (...) {
         close();
         throw;
@@ -107,6 +113,12 @@ int Connection::run(const QString& sql, const QVariantList& values)
     return int(sqlite3_total_changes64(database_->handle) - before);
 }
 
+void Connection::onLongStatement(StatementGoesOn goesOn, std::function<void()> over)
+{
+    database_->watch.goesOn = std::move(goesOn);
+    database_->watch.over = std::move(over);
+}
+
 void Connection::beginTrans()
 {
     database_->begin();
@@ -132,10 +144,11 @@ void Connection::abandonAbove(int level)
     if (database_->level > level) database_->abandoned = std::max(database_->abandoned, database_->level - level);
 }
 
+// Virtual tables have no pages of their own, and their modules aren't there.
 QStringList Connection::tables() const
 {
-    return names(*database_, QStringLiteral("select name from sqlite_master where type = 'table' and name not like "
-                                            "'sqlite!_%' escape '!' order by rowid"));
+    return names(*database_, QStringLiteral("select name from sqlite_master where type = 'table' and rootpage > 0 and "
+                                            "name not like 'sqlite!_%' escape '!' order by rowid"));
 }
 
 QList<Connection::Column> Connection::columns() const

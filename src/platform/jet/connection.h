@@ -3,12 +3,15 @@
 
 #include "platform/jet/error.h"
 #include "platform/jet/nativesql.h"
+#include "platform/jet/schemaCheck.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 
 struct sqlite3;
@@ -34,7 +37,8 @@ public:
         Executing = 4
     };
 
-    Connection();
+    // `own`: the tables that no trigger, view, virtual table or calculated column of a file may touch; by default all.
+    explicit Connection(OwnTables own = {});
     ~Connection(); // closes
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -44,6 +48,8 @@ public:
     // An existing, writable database file is needed: nothing is ever created by an open. An empty file counts as a
     // database. Throws fileNotFound, pathNotFound, permissionDenied (also where the file's folder can't be written, as
     // no transaction could begin there) or engineFailure, naming the file; the connection is closed then.
+    // A file is refused with engineFailure, and nothing is touched, where its schema holds what requireHarmlessSchema()
+    // refuses, or where what lies beside it isn't what a killed program leaves (requireHarmlessCompanions()).
     // Precondition: closed; Error 3705 otherwise.
     void open(const QString& connectionString);
 
@@ -57,6 +63,13 @@ public:
     // Text behind the first statement, an empty text and a text of blanks are errors, and nothing is run.
     int execute(const QString& statement);
     int execute(const NativeSql& statement);
+
+    // Asks `goesOn` again and again while one statement runs for long, with the time since its first row was asked for;
+    // false ends the statement, with engineFailure: nothing of it is written, nor of the transaction that it wrote in.
+    // `over` follows when a statement that was asked about has ended, in whatever way.
+    // Neither may throw, and the connection takes no call before `over`.
+    using StatementGoesOn = std::function<bool(std::chrono::milliseconds elapsed)>;
+    void onLongStatement(StatementGoesOn goesOn, std::function<void()> over);
 
     // Transactions nest: each beginTrans() opens a level, commitTrans() and rollbackTrans() end the innermost one.
     // Only the commit of the outermost level reaches the disk.
@@ -95,6 +108,7 @@ private:
     int run(const QString& sql, const QVariantList& values);
 
     std::shared_ptr<Database> database_;
+    OwnTables own_;
     friend class Recordset;
 };
 

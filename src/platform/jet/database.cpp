@@ -13,6 +13,7 @@ namespace jet {
 void Database::close()
 {
     if (!handle) return;
+    if (watch.asking()) return watch.stop();
     while (!statements.empty())
         (*statements.begin())->finalize();
     sqlite3_close(std::exchange(handle, nullptr)); // rolls back
@@ -24,6 +25,8 @@ void Database::close()
 void Database::requireOpen()
 {
     if (!handle) throw connectionClosed();
+    if (watch.asking())
+        throw Error{number::engineFailure, QStringLiteral("A BDP está ocupada com a instrução anterior.")};
 }
 
 void Database::run(const char* sql)

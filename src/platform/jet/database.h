@@ -1,6 +1,8 @@
 // The open file behind a Connection, shared with the recordsets and statements that read it.
 #pragma once
 
+#include "platform/jet/watch.h"
+
 #include <QString>
 
 #include <set>
@@ -28,8 +30,11 @@ struct Database
 
     std::set<Statement*> statements; // prepared and not yet finalised
 
-    void close();       // rolls back and finalises
-    void requireOpen(); // Error 3709
+    Watch watch;
+
+    void close(); // rolls back and finalises; in the middle of a statement, only ends that
+    // Error 3709; engineFailure in the middle of a statement, while somebody is asked whether it goes on.
+    void requireOpen();
 
     // Runs engine SQL of our own, of which nothing but the success is of interest. Throws Error.
     void run(const char* sql);
