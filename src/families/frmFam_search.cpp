@@ -158,12 +158,15 @@ Filtro FrmFam::filtroDosCampos() const
 
     const QString pai = txtPnome->text(), mae = txtSnome->text();
     if (!pai.isEmpty() && !mae.isEmpty())
-        // Kept: the aliases are crossed, and the couple must be of opposite sex.
-        filtro.junta(" nfamilia in (SELECT famPai.nfamilia as nfamilia FROM individuo as mae INNER JOIN Familias as "
-                     "famPai ON mae.nind = famPai.nind, Individuo AS pai INNER JOIN Familias AS famMae ON pai.nind = "
-                     "famMae.nind where famPai.nfamilia =famMae.nfamilia and pai.nind<> mae.nind and pai.sexo ='m' "
-                     "and mae.sexo = 'f' and pai.nome like '" +
-                     pai + "' and mae.nome like '" + mae + "')");
+        // A man and a woman of one family are two people: so each is found by itself, and a file whose families are
+        // crowds is gone through twice instead of pair by pair.
+        filtro.junta(
+            " nfamilia in (SELECT famPai.nfamilia FROM individuo AS pai INNER JOIN Familias AS famPai ON "
+            "pai.nind = famPai.nind where pai.sexo ='m' and pai.nome like '" +
+            pai +
+            "') and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN Familias AS famMae ON "
+            "mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like '" +
+            mae + "')");
     else if (!pai.isEmpty())
         filtro.junta(" nfamilia in (select familia.nfamilia from familia, individuo, familias where "
                      "familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = familias.nind and "

@@ -148,7 +148,7 @@ void CopiaDiaria::espera()
 
 void vigiaCopiaDiaria()
 {
-    cnBDP.setWatch({[] { copiaDiaria().antesDeEscrever(); }, [] { copiaDiaria().antesDeFechar(); }});
+    cnBDP.setObserver({[] { copiaDiaria().antesDeEscrever(); }, [] { copiaDiaria().antesDeFechar(); }});
 }
 
 void esperaCopiaDiaria()

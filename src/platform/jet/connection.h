@@ -3,6 +3,7 @@
 
 #include "platform/jet/error.h"
 #include "platform/jet/nativesql.h"
+#include "platform/jet/schemaCheck.h"
 
 #include <QByteArray>
 #include <QList>
@@ -44,13 +45,14 @@ public:
     };
 
     // What somebody does at turns of the life of a connection. Neither may use it for a statement, or throw.
-    struct Watch
+    struct Observer
     {
         std::function<void()> beforeWrite; // before a statement that writes, where nothing is written and pending yet
         std::function<void()> beforeClose; // while the file is still open
     };
 
-    Connection();
+    // `own`: the tables that no trigger, view, virtual table or calculated column of a file may touch; by default all.
+    explicit Connection(OwnTables own = {});
     ~Connection(); // closes
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -61,6 +63,8 @@ public:
     // database. Throws fileNotFound, pathNotFound, permissionDenied (also where the file's folder can't be written, as
     // no transaction could begin there) or engineFailure (also where it is to be alone and isn't), naming the file; the
     // connection is closed then.
+    // A file is refused with engineFailure, and nothing is touched, where its schema holds what requireHarmlessSchema()
+    // refuses, or where what lies beside it isn't what a killed program leaves (requireHarmlessCompanions()).
     // Precondition: closed; Error 3705 otherwise.
     void open(const QString& connectionString, Sharing sharing = Sharing::Shared);
 
@@ -74,6 +78,13 @@ public:
     // Text behind the first statement, an empty text and a text of blanks are errors, and nothing is run.
     int execute(const QString& statement);
     int execute(const NativeSql& statement);
+
+    // Asks `goesOn` again and again while one statement runs for long, with the time since its first row was asked for;
+    // false ends the statement, with engineFailure: nothing of it is written, nor of the transaction that it wrote in.
+    // `over` follows when a statement that was asked about has ended, in whatever way.
+    // Neither may throw, and the connection takes no call before `over`.
+    using StatementGoesOn = std::function<bool(std::chrono::milliseconds elapsed)>;
+    void onLongStatement(StatementGoesOn goesOn, std::function<void()> over);
 
     // Transactions nest: each beginTrans() opens a level, commitTrans() and rollbackTrans() end the innermost one.
     // Only the commit of the outermost level reaches the disk.
@@ -113,7 +124,7 @@ public:
     bool copyPages(const QString& draft, const QString& target, std::chrono::milliseconds time) const;
 
     // Kept over close() and open().
-    void setWatch(Watch watch);
+    void setObserver(Observer observer);
 
     // A statement prepared once for many rows.
     class Insert;
@@ -125,6 +136,7 @@ private:
     int run(const QString& sql, const QVariantList& values);
 
     std::shared_ptr<Database> database_;
+    OwnTables own_;
     friend class Recordset;
 };
 

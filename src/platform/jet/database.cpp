@@ -13,7 +13,8 @@ namespace jet {
 void Database::close()
 {
     if (!handle) return claim.release();
-    if (watch.beforeClose) watch.beforeClose();
+    if (watch.asking()) return watch.stop();
+    if (observer.beforeClose) observer.beforeClose();
     while (!statements.empty())
         (*statements.begin())->finalize();
     sqlite3_close(std::exchange(handle, nullptr)); // rolls back
@@ -25,12 +26,14 @@ void Database::close()
 
 void Database::beforeWrite()
 {
-    if (watch.beforeWrite && sqlite3_txn_state(handle, "main") != SQLITE_TXN_WRITE) watch.beforeWrite();
+    if (observer.beforeWrite && sqlite3_txn_state(handle, "main") != SQLITE_TXN_WRITE) observer.beforeWrite();
 }
 
 void Database::requireOpen()
 {
     if (!handle) throw connectionClosed();
+    if (watch.asking())
+        throw Error{number::engineFailure, QStringLiteral("A BDP está ocupada com a instrução anterior.")};
 }
 
 void Database::run(const char* sql)

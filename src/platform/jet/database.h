@@ -3,6 +3,7 @@
 
 #include "platform/jet/claim.h"
 #include "platform/jet/connection.h"
+#include "platform/jet/watch.h"
 
 #include <QString>
 
@@ -24,7 +25,7 @@ struct Database
     sqlite3* handle = nullptr; // null: closed
     QString path;
     Claim claim;
-    Connection::Watch watch;
+    Connection::Observer observer;
     bool executing = false;
     int opened = 0; // grows with each open: what was made before belongs to another file
 
@@ -33,9 +34,12 @@ struct Database
 
     std::set<Statement*> statements; // prepared and not yet finalised
 
-    void close();       // rolls back and finalises
+    Watch watch;
+
+    void close();       // rolls back and finalises; in the middle of a statement, only ends that
     void beforeWrite(); // of a statement
-    void requireOpen(); // Error 3709
+    // Error 3709; engineFailure in the middle of a statement, while somebody is asked whether it goes on.
+    void requireOpen();
 
     // Runs engine SQL of our own, of which nothing but the success is of interest. Throws Error.
     void run(const char* sql);

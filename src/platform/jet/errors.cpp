@@ -3,6 +3,7 @@
 #include "platform/jet/columns.h"
 #include "platform/jet/disk.h"
 
+#include <QRandomGenerator>
 #include <QRegularExpression>
 
 #include <sqlite3.h>
@@ -13,7 +14,12 @@ namespace jet {
 
 namespace {
 
-constexpr auto mark = "jet:";
+// Nobody can guess it: no text of a file may speak with the voice of the program.
+const QString& mark()
+{
+    static const QString drawn = QStringLiteral("jet %1:").arg(QRandomGenerator::system()->generate64(), 0, 36);
+    return drawn;
+}
 
 struct Wording
 {
@@ -34,6 +40,8 @@ constexpr Wording wordings[]{
     {"^unrecognized token: \"(.*)\"$", "Erro de sintaxe na instrução, junto de \"%1\"."},
     {"^incomplete input$", "A instrução está incompleta."},
     {"^no such function: (.+)$", "A função \"%1\" não existe."},
+    {"^not authorized to use function: (.+)$", "A função \"%1\" não é permitida."},
+    {"^unsafe use of (.+)$", "A BDP usa num lugar que não pode ser a função ou a tabela \"%1\"."},
     {"^wrong number of arguments to function (.+)$", "A função %1 não leva esse número de argumentos."},
     {"^misuse of (?:aliased )?(?:aggregate|window)(?: function|:)? (.+)$",
      "A função %1 não pode estar nesse lugar da instrução."},
@@ -114,7 +122,7 @@ Error constraintError(sqlite3* database, int code, const QString& message)
 // A message of one of our own functions, which carries its number.
 std::optional<Error> readMarked(const QString& message)
 {
-    if (!message.startsWith(QLatin1String(mark))) return {};
+    if (!message.startsWith(mark())) return {};
     return Error{message.section(u':', 1, 1).toLong(), message.section(u':', 2)};
 }
 
@@ -153,10 +161,15 @@ Error engineError(sqlite3* database, int code, const QString& path)
         return {number::diskFull, QStringLiteral("O disco está cheio: não foi possível escrever em \"%1\".").arg(file)};
     case SQLITE_READONLY:
     case SQLITE_PERM:
-    case SQLITE_AUTH:
     case SQLITE_CANTOPEN:
         return {number::permissionDenied,
                 QStringLiteral("Não é permitido abrir ou escrever o ficheiro \"%1\".").arg(file)};
+    case SQLITE_AUTH:
+        return {number::invalidStatement,
+                QStringLiteral("A instrução não é permitida: só se lêem e escrevem as tabelas da BDP.")};
+    case SQLITE_INTERRUPT:
+        return {number::engineFailure,
+                QStringLiteral("A operação foi interrompida com a tecla Escape: nada foi escrito.")};
     case SQLITE_NOMEM:
         return {number::outOfMemory, QStringLiteral("Não há memória suficiente.")};
     default:
@@ -169,7 +182,7 @@ Error engineError(sqlite3* database, int code, const QString& path)
 
 QString markedMessage(long number, const QString& description)
 {
-    return QStringLiteral("%1%2:%3").arg(QLatin1String(mark)).arg(number).arg(description);
+    return mark() + QString::number(number) + u':' + description;
 }
 
 Error invalidStatement(const QString& description)

@@ -5,6 +5,7 @@
 #include "platform/jet/disk.h"
 #include "platform/jet/draft.h"
 #include "platform/jet/errors.h"
+#include "platform/jet/guard.h"
 
 #include <QFileInfo>
 
@@ -55,12 +56,20 @@ void run(const Engine& engine, const char* sql, const QString& path)
     if (code != SQLITE_OK) throw engineError(engine.get(), code, path);
 }
 
-// Whether another program holds the file by the engine's own locks. What is no database is in nobody's hands.
+// Throws engineFailure where another program is at work on the file, which is to be replaced. What is no database is
+// in nobody's hands. The locks alone are looked at: a journal beside the file would be played back by a transaction.
 void requireUnlocked(const QString& path)
 {
     const Engine engine(openEngine(path, Access::ReadWrite));
-    const int code = sqlite3_exec(engine.get(), "begin exclusive", nullptr, nullptr, nullptr);
-    if ((code & 0xff) == SQLITE_BUSY) throw engineError(engine.get(), code, path);
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(engine.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    for (int waited = 0;; waited += sqlite3_sleep(busyMilliseconds / 10)) {
+        int code = file->pMethods->xLock(file, SQLITE_LOCK_SHARED);
+        if (code == SQLITE_OK) code = file->pMethods->xLock(file, SQLITE_LOCK_EXCLUSIVE);
+        file->pMethods->xUnlock(file, SQLITE_LOCK_NONE);
+        if ((code & 0xff) != SQLITE_BUSY) return;
+        if (waited >= busyMilliseconds) throw engineError(nullptr, SQLITE_BUSY, path);
+    }
 }
 
 void writeHeader(const QString& path)
@@ -118,8 +127,7 @@ sqlite3* openEngine(const QString& path, Access access)
     if (access != Access::ReadOnly && sqlite3_db_readonly(database, "main") == 1) throw denied(path);
     sqlite3_extended_result_codes(database, 1);
     sqlite3_busy_timeout(database, busyMilliseconds);
-    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    guardEngine(database);
     return engine.release();
 }
 

@@ -34,9 +34,11 @@ public:
 
 private:
     void enlist(Database* database, sqlite3_stmt* prepared);
+    void end();
 
     Database* database_ = nullptr;
     sqlite3_stmt* handle_ = nullptr;
+    bool running_ = false; // between its first row and its last
 };
 
 } // namespace jet
