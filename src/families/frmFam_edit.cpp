@@ -151,6 +151,8 @@ void FrmFam::iniciaAlteracao()
     if (!numero().isEmpty()) mostraRegisto(adoFam.recordset(), Nfam::doCampo(numero()));
     if (numero().isEmpty()) throw jet::noCurrentRow(); // a cleared card, or a file without families
     abreAlteracao();
+    vista_.ve(adoFam.recordset());
+    membrosVistos_ = membrosGuardados();
     for (int indice : {0, 1}) {
         const Metade& membro = metade(indice);
         abertas_[indice] = {Nind::doCampoOuNenhum(membro.nind->text()), membro.idade->text(), membro.numCasam->text(),
@@ -168,7 +170,9 @@ void FrmFam::confirmaAlteracao()
     verificaNumeros();
     if (!membrosPresentes()) return;
     poeFicheiroNaFicha();
+    if (!podeGravarFamilia()) return;
     alteraFamilia();
+    vista_.ve(adoFam.recordset()); // where the members fail, the next confirmation finds what this one has written
     adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
 
     jet::Transaction transaccao(cnBDP);
@@ -217,9 +221,22 @@ bool FrmFam::membrosPresentes()
         if (!nind || nind != abertas_[indice].nind || guardados.contains(nind)) continue;
         Dono pessoa;
         pessoa.numero = nind.texto();
-        if (!pessoa.guardado()) return recusa(pessoa.avisoDaFalta(), campo);
+        if (pessoa.guardado()) continue;
+        membrosVistos_ = guardados; // this tells of the change
+        return recusa(pessoa.avisoDaFalta(), campo);
     }
     return true;
+}
+
+// The columns and the members that the alteration writes are as it has found them, or are to be overwritten.
+bool FrmFam::podeGravarFamilia()
+{
+    QStringList colunas{"sfamilia", "tipocasal", "datacasam", "dcasamfixa", "inicioobs", "fimobs", "obs"};
+    if (cmbLoc->listIndex() >= 0)
+        colunas << "localcasam"
+                << "tipolocalcasam";
+    if (membrosGuardados() != membrosVistos_) return gravaPorCima();
+    return vista_.podeGravar(adoFam.recordset(), colunas);
 }
 
 bool FrmFam::mostrado(Nind nind) const

@@ -2,9 +2,12 @@
 
 #include "common/ficha.h"
 #include "common/modGeral.h"
+#include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -41,24 +44,26 @@ void FrmRepor::Form_Load()
 // A BDP in which nobody was deleted has no table.
 void FrmRepor::fillList()
 {
-    cmdRepor->setEnabled(false);
-    dtgElim->setRows(0);
-    lblTotal->setText("Nada foi eliminado.");
-    if (!lixo::existe(cnBDP)) return;
-    deletions_.setRecordSource(lixo::consulta());
-    deletions_.refresh();
-    const int count = deletions_.recordset().recordCount();
+    int count = 0;
+    if (lixo::existe(cnBDP)) {
+        deletions_.setRecordSource(lixo::consulta());
+        deletions_.refresh();
+        count = deletions_.recordset().recordCount();
+    }
+    cmdRepor->setEnabled(count > 0);
+    lblTotal->setText(count == 0   ? QString("Nada foi eliminado.")
+                      : count == 1 ? QString("1 eliminação")
+                                   : QString::number(count) + " eliminações");
+    const int before = dtgElim->row();
+    dtgElim->setRows(count == 0 ? 0 : count + 1);
     if (count == 0) return;
-    dtgElim->setRows(count + 1);
     dtgElim->setColumns({{"Data", 150}, {"Eliminado"}});
     dtgElim->fill(count + 1, [this](int row) -> QStringList {
         const auto deletion = deletionIn(row);
         if (!deletion) return {};
         return {deletion->quando.toString("dd/MM/yyyy HH:mm:ss"), deletion->designacao()};
     });
-    dtgElim->setRow(1);
-    lblTotal->setText(count == 1 ? QString("1 eliminação") : QString::number(count) + " eliminações");
-    cmdRepor->setEnabled(true);
+    dtgElim->setRow(std::clamp(before, 1, count));
 }
 
 std::optional<lixo::Eliminacao> FrmRepor::deletionIn(int row)
@@ -82,6 +87,7 @@ void FrmRepor::cmdRepor_Click()
         const QString reason = restored(chosen);
         if (!reason.isEmpty()) showMessage("Nada foi reposto. " + reason);
         if (!chosen || reason.isEmpty()) fillList();
+        if (!cmdRepor->isEnabled()) Focus::setTo(cmdFechar);
         if (!reason.isEmpty()) return;
         showOnCards(*chosen);
         showStatus("Reposto: " + chosen->designacao() + '.');
