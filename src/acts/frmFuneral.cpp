@@ -18,6 +18,7 @@
 namespace {
 
 constexpr auto editar = "&Editar";
+const QStringList colunasDoFuneral{"primpadreobito", "funcprimpobito", "mortalha", "igreja", "enterro"};
 
 // Kept: the birth, and the death only if there is no birth. "" for neither.
 QString dataDoFuneral(const jet::Recordset& individuo)
@@ -120,11 +121,20 @@ void FrmFuneral::cmdE_Click()
     guarded([&] {
         if (comandos_.passo() == Passo::Alteracao) {
             if (!donoGuardado() || !escolhidoExiste(txtNindP, textoDoNumero(guardado()["primpadreobito"]))) return;
-            grava();
+            jet::Recordset agora = guardado();
+            if (!visto_.podeGravar(agora, colunasDoFuneral)) return;
+            try {
+                grava();
+            } catch (const jet::Error&) {
+                visto_.ve(guardado()); // the next confirmation finds what this one has written
+                throw;
+            }
             return terminaEdicao();
         }
         if (EmPesquisa || !donoGuardado()) return;
-        ActualizaCampos(guardado());
+        const jet::Recordset encontrado = guardado();
+        ActualizaCampos(encontrado);
+        visto_.ve(encontrado);
         AplicarModo(Modo::Edi);
         comandos_.passaA(Passo::Alteracao);
     });

@@ -166,6 +166,7 @@ void FrmIntervenientes::releLinha()
     linha.setAbsolutePosition(linha.absolutePosition());
     LimpaCampos();
     mostraLinha();
+    assistenteVisto_.ve(linha);
 }
 
 void FrmIntervenientes::cmdElim_Click()
@@ -190,7 +191,8 @@ void FrmIntervenientes::confirmaAdicao()
 
 void FrmIntervenientes::confirmaAlteracao()
 {
-    if (donoGuardado() && temObrigatorios()) gravaLinha(valoresDoParentesco() + valoresDoAssistente());
+    if (donoGuardado() && temObrigatorios() && assistenteVisto_.podeGravar(adoInterv.recordset()))
+        gravaLinha(valoresDoParentesco() + valoresDoAssistente());
 }
 
 bool FrmIntervenientes::temObrigatorios()

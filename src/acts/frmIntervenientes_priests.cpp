@@ -61,6 +61,7 @@ void FrmIntervenientes::iniciaPadres()
     if (const Ficha* ficha = donoDaJanela().ficha; ficha && ficha->insere(donoDaJanela().numero))
         return showMessage("Os padres só podem ser atribuídos depois de gravar " + donoDaJanela().designacao() + "!");
     padres_.passaA(Passo::Alteracao);
+    padresVistos_.ve(padresGuardados());
     for (LugarDoPadre& lugar : lugares_) {
         lugar.antes = lugar.numero->text();
         lugar.escolher->setEnabled(true);
@@ -81,6 +82,8 @@ void FrmIntervenientes::confirmaPadres()
     } else if (haPadres) {
         for (const LugarDoPadre& lugar : lugares_)
             if (!escolhidoExiste(lugar.numero, lugar.antes)) return;
+        jet::Recordset agora = padresGuardados();
+        if (!padresVistos_.podeGravar(agora)) return;
         gravaPadres();
     }
     padres_.passaA(Passo::Repouso);
@@ -89,6 +92,15 @@ void FrmIntervenientes::confirmaPadres()
         lugar.retirar->setEnabled(false);
     }
     pintaPadres(corDoModo::cons);
+}
+
+jet::Recordset FrmIntervenientes::padresGuardados() const
+{
+    const ColunasDosPadres& colunas = padresAGravar(casamento());
+    return {cnBDP, jet::NativeSql(QString("select %1, %2, %3, %4 from %5 where %6 = ?")
+                                      .arg(colunas.padre[0], colunas.funcao[0], colunas.padre[1], colunas.funcao[1],
+                                           colunas.tabela, colunas.chave),
+                                  {Nind::doCampo(txtNum->text()).paraColuna()})};
 }
 
 void FrmIntervenientes::gravaPadres()

@@ -169,12 +169,13 @@ void FrmPass::cmdE_Click()
             if (EmPesquisa) return;
             limpaDescricao();
             mostraDescricao();
+            descricaoVista_.ve(individuo());
             descricao_.passaA(Passo::Alteracao);
             return aplicaModoDaDescricao(Modo::Edi);
         }
         if (!askWhetherToStore("Deseja realmente confirmar as alterações?"))
             mostraDescricao();
-        else if (donoGuardado())
+        else if (donoGuardado() && podeGravarDescricao())
             gravaDescricao();
         else
             return;
@@ -219,6 +220,12 @@ void FrmPass::mostraDescricao()
     mostraSeHouver(cmbDados_0, pessoa["estatura"]);
     mostraSeHouver(txtDados_1, pessoa["altura"]);
     mostraSeHouver(txtOutras_0, pessoa["cFisicas"]);
+}
+
+bool FrmPass::podeGravarDescricao() const
+{
+    jet::Recordset agora = individuo();
+    return descricaoVista_.podeGravar(agora, {"estatura", "altura", "cfisicas"});
 }
 
 void FrmPass::gravaDescricao()

@@ -84,6 +84,7 @@ void ListaDatada::ActualizaCampos()
     }
     grelha_->setRow(linhas.absolutePosition());
     mostraLinha(linhas);
+    vista_.ve(linhas);
 }
 
 void ListaDatada::grelha_Click()

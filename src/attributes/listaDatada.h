@@ -8,6 +8,7 @@
 #include "common/instrucao.h"
 #include "common/numeros.h"
 #include "common/passo.h"
+#include "common/registoVisto.h"
 #include "common/text.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/modes.h"
@@ -147,4 +148,5 @@ private:
     QList<GridColumn> colunas_;
     Regras regras_;
     DataAoEntrar dataAntiga_;
+    RegistoVisto vista_; // the row shown
 };

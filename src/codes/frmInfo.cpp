@@ -94,6 +94,7 @@ void FrmInfo::mostraLinha()
     const bool existe = registos.absolutePosition() > 0;
     txtCod->setText(existe ? registos["codigo"].toString() : QString());
     txtNome->setText(existe ? semMarca(registos["descricao"].toString()) : QString());
+    visto_.ve(registos);
 }
 
 // Captions, grid and fields as they are between two edits.
@@ -190,7 +191,7 @@ void FrmInfo::abreAlteracao()
 void FrmInfo::confirmaAlteracao()
 {
     if (descricaoEmFalta(false)) return; // Kept: without the icon
-    escreve();
+    if (visto_.podeGravar(adoInfo.recordset())) escreve();
 }
 
 // Kept: whether a card uses the code isn't asked.

@@ -62,6 +62,7 @@ void FrmProfissao::mostraLinha()
     txtCod->setText(existe ? codigoDaLinha() : QString());
     txtDes->setText(existe ? semMarca(registos["profissao"].toString()) : QString());
     txtObs->setText(existe ? registos["obs"].toString() : QString());
+    vista_.ve(registos);
 }
 
 QString FrmProfissao::codigoDaLinha()
@@ -163,6 +164,7 @@ void FrmProfissao::confirmaAlteracao()
     if (designacaoRecusada("Deve inserir a designação da profissão!")) return;
     const QString marcada = comMarca(txtDes->text());
     jet::Recordset& registos = adoProf.recordset();
+    if (!vista_.podeGravar(registos)) return;
     registos.set("profissao", marcada);
     registos.set("obs", txtObs->text());
     registos.update();

@@ -40,7 +40,9 @@ bool FrmFam::membrosPresentes()
         if (!nind || nind != abertas_[indice].nind || guardados.contains(nind)) continue;
         Dono pessoa;
         pessoa.numero = nind.texto();
-        if (!pessoa.guardado()) return recusa(pessoa.avisoDaFalta(), campo);
+        if (pessoa.guardado()) continue;
+        membrosVistos_ = guardados; // this tells of the change
+        return recusa(pessoa.avisoDaFalta(), campo);
     }
     return true;
 }
@@ -73,4 +75,15 @@ bool FrmFam::datasValidas()
         if (preenchido(campo) && !eData(campo->text())) return recusa(dataInvalida, campo);
     }
     return true;
+}
+
+// The columns and the members that the alteration writes are as it has found them, or are to be overwritten.
+bool FrmFam::podeGravarFamilia()
+{
+    QStringList colunas{"sfamilia", "tipocasal", "datacasam", "dcasamfixa", "obs"};
+    if (mskini->text() != inicioAberto_) colunas << "inicioobs";
+    if (mskFim->text() != fimAberto_) colunas << "fimobs";
+    if (cmbLoc->listIndex() >= 0) colunas << "localcasam" << "tipolocalcasam";
+    if (membrosGuardados() != membrosVistos_) return gravaPorCima();
+    return vista_.podeGravar(adoFam.recordset(), colunas);
 }

@@ -117,6 +117,8 @@ void FrmFam::iniciaAlteracao()
     if (!numero().isEmpty()) mostraRegisto(adoFam.recordset(), Nfam::doCampo(numero()));
     if (numero().isEmpty()) throw jet::noCurrentRow(); // a cleared card, or a file without families
     abreAlteracao();
+    vista_.ve(adoFam.recordset());
+    membrosVistos_ = membrosGuardados();
     for (int indice : {0, 1}) {
         const Metade& membro = metade(indice);
         abertas_[indice] = {Nind::doCampoOuNenhum(membro.nind->text()), membro.idade->text(), membro.numCasam->text(),
@@ -136,7 +138,9 @@ void FrmFam::confirmaAlteracao()
     verificaNumeros();
     if (!membrosPresentes() || !conjugesExistem() || !datasValidas()) return;
     poeFicheiroNaFicha();
+    if (!podeGravarFamilia()) return;
     alteraFamilia();
+    vista_.ve(adoFam.recordset()); // where the members fail, the next confirmation finds what this one has written
     adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
 
     jet::Transaction transaccao(cnBDP);

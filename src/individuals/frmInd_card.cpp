@@ -142,6 +142,7 @@ void FrmInd::mostraGuardado(const QString& nind)
     for (const auto& [coluna, lista] : listasDeCodigos())
         if (ProcuraItemData(*lista, adoNind.recordset()[coluna]) < 0 && !adoNind.recordset()[coluna].isNull())
             lista->setListIndex(-1);
+    visto_.ve(adoNind.recordset());
     mostrados_.clear();
     try {
         mostrados_ = valoresDaAlteracao();

@@ -141,6 +141,7 @@ void EditorDeLocais::mostraLinha()
     txtNome_->setText(semMarca(valor(nivel().nome)));
     txtObs_->setText(valor("obs"));
     mostraOutros(registos_->recordset());
+    vista_.ve(registos_->recordset());
 }
 
 void EditorDeLocais::abreInsercao()
@@ -179,7 +180,7 @@ void EditorDeLocais::abreAlteracao()
 
 void EditorDeLocais::confirmaAlteracao()
 {
-    if (!VerificaCampos(Passo::Alteracao)) return;
+    if (!VerificaCampos(Passo::Alteracao) || !vista_.podeGravar(registos_->recordset())) return;
     const QString codigo = valor(nivel().codigo);
     escreveCampos();
     registos_->recordset().requery();

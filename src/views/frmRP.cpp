@@ -2,6 +2,7 @@
 
 #include "common/instrucao.h"
 #include "common/modGeral.h"
+#include "common/registoVisto.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 
@@ -101,6 +102,7 @@ void FrmRP::cmdG_0_Click()
         const Hourglass ampulheta;
         if (!donoGuardado()) return;
         jet::Recordset linha = linhaDe(donoDaJanela(), *registo_);
+        if (linha[registo_->coluna].toString() != guardado_ && !gravaPorCima()) return;
         linha.set(registo_->coluna, txtLoc->text());
         linha.update();
         guardado_ = txtLoc->text();
