@@ -1,6 +1,7 @@
 #include "views/arvore.h"
 
 #include "common/numeros.h"
+#include "platform/forms/showntext.h"
 #include "store/session.h"
 
 #include <QHeaderView>
@@ -20,7 +21,8 @@ QString membros(const QString& familia)
 // The whole text also where the node is wider than the tree.
 QTreeWidgetItem* comDica(QTreeWidgetItem* no)
 {
-    no->setToolTip(0, no->text(0));
+    no->setToolTip(0, shownTip(no->text(0)));
+    no->setText(0, shownText(no->text(0)));
     return no;
 }
 

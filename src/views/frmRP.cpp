@@ -3,6 +3,7 @@
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 
 #include <QDir>
 
@@ -78,7 +79,7 @@ void FrmRP::mostra(const Registo& registo, const QString& caminho)
     const QString dica = "Registo de " + QString(registo.nome) + " d" + dono.designacao() +
                          (dono.nome.isEmpty() ? QString() : ", " + dono.nome);
     for (QWidget* onde : std::initializer_list<QWidget*>{this, txtLoc})
-        onde->setToolTip(dica);
+        onde->setToolTip(shownTip(dica));
 }
 
 bool FrmRP::porGuardar() const
