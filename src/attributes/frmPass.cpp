@@ -10,6 +10,7 @@
 #include "common/pesquisa.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 #include "platform/jet/transaction.h"
 
 FrmPass::FrmPass() : ListaDatada(Name)
@@ -33,7 +34,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
 void FrmPass::Form_Load()
 {
     Label2_1->setText(donoDaJanela().numero);
-    Label2_2->setText(donoDaJanela().nome);
+    Label2_2->setText(shownText(donoDaJanela().nome, 100));
     for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
         cmbDados_0->add(estatura);
     PreencheLocais(*cmbDados_1);

@@ -6,6 +6,7 @@
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "families/tipoFam.h"
+#include "platform/forms/showntext.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ void FrmFam::txtNind_Change(int indice)
         const Metade& membro = metade(indice);
         const auto descreve = [&](const QString& nome, const QString& vida) {
             membro.nome->setText(nome + vida);
-            membro.nome->setToolTip(vida);
+            membro.nome->setToolTip(shownTip(vida));
         };
         if (membro.nind->text().isEmpty()) return descreve({}, {});
         const jet::Recordset pessoa(cnBDP, "select nome, sexo, datanasc, localnasc,  tipolocalnasc, dataobito from "

@@ -8,6 +8,7 @@
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 
 // The hand-over to the form of an act has disabled the card, and the form may stand there long after. Whoever asks the
 // card next finds it in use, unless it waits for a window of its own. Kept: the menu alone brings it up disabled.
@@ -207,7 +208,7 @@ void FrmInd::dizParaQuem()
 {
     const PedidoDeIndividuo& pedido = chamada().pedido();
     const bool alguem = pedido.quem && pedido.comoQue && cmdAtribuir->isEnabled();
-    cmdAtribuir->setToolTip(alguem ? "Atribuir como " + pedido.comoQue(*this) : QString());
+    cmdAtribuir->setToolTip(alguem ? shownTip("Atribuir como " + pedido.comoQue(*this)) : QString());
 }
 
 // The part may depend on the person shown by now.

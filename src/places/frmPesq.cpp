@@ -7,6 +7,7 @@
 #include "platform/forms/dressing.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -50,7 +51,7 @@ class LocalAchado : public QTreeWidgetItem
 {
 public:
     LocalAchado(QTreeWidget* lista, const DadosDoNivel& nivel, const QString& nome, const QString& codigo)
-        : QTreeWidgetItem(lista, {nome, nivel.palavra, codigo}), nivel_(nivel.nivel)
+        : QTreeWidgetItem(lista, {shownText(nome), nivel.palavra, codigo}), nivel_(nivel.nivel)
     {
         setData(Tipo, Qt::UserRole, int(nivel.nivel));
     }
@@ -59,7 +60,7 @@ public:
     {
         if (papel != Qt::ToolTipRole) return QTreeWidgetItem::data(coluna, papel);
         try {
-            return nomesAcima(nivel_, text(Codigo));
+            return shownTip(nomesAcima(nivel_, text(Codigo)));
         } catch (const jet::Error&) {
             return {}; // no box comes up because the pointer rests somewhere
         }

@@ -21,6 +21,7 @@
 #include "views/fichaIndividual.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 
 namespace {
 constexpr auto creditos = "Desenvolvido pela equipa do projecto ORV";
@@ -102,6 +103,8 @@ void FrmORV::Form_Load(const QString& commandLine)
         if (commandLine.isEmpty()) return setSessionMenus(false);
 
         AbreBDP(commandLine);
+        // Kept: a path where nothing stands leaves the menus as they are.
+        if (cnBDP.state() != jet::Connection::Open && QFileInfo::exists(commandLine)) setSessionMenus(false);
         jet::Recordset registos(cnBDP);
         if (ExisteColuna("Infopar", "pais", cnBDP)) {
             registos.open("select cod, nome, pais from infopar");

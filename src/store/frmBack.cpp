@@ -6,6 +6,7 @@
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 #include "store/sessionChange.h"
 #include "ui_frmBack.h"
 
@@ -47,7 +48,8 @@ void FrmBack::Form_Load()
     const QWidget* janela = Forms::mainWindow();
     parentWidget()->move(janela->width() / 4, janela->height() / 4);
     const QString titulo = sessionCaption();
-    if (const int inicio = InStr(titulo, "BDP")) ui->Label1->setText(ui->Label1->text() + Mid(titulo, inicio));
+    if (const int inicio = InStr(titulo, "BDP"))
+        ui->Label1->setText(shownLines(shownText(ui->Label1->text() + Mid(titulo, inicio), 300)));
 }
 
 void FrmBack::Form_Unload()

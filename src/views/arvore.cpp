@@ -2,6 +2,7 @@
 
 #include "common/instrucao.h"
 #include "common/numeros.h"
+#include "platform/forms/showntext.h"
 #include "store/session.h"
 
 #include <QHeaderView>
@@ -21,7 +22,8 @@ QString membros(const QString& familia)
 // The whole text also where the node is wider than the tree.
 QTreeWidgetItem* comDica(QTreeWidgetItem* no)
 {
-    no->setToolTip(0, no->text(0));
+    no->setToolTip(0, shownTip(no->text(0)));
+    no->setText(0, shownText(no->text(0)));
     return no;
 }
 

@@ -5,6 +5,7 @@
 #include "common/registoVisto.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 
 #include <QDir>
 
@@ -81,7 +82,7 @@ void FrmRP::mostra(const Registo& registo, const QString& caminho)
     const QString dica = "Registo de " + QString(registo.nome) + " d" + dono.designacao() +
                          (dono.nome.isEmpty() ? QString() : ", " + dono.nome);
     for (QWidget* onde : std::initializer_list<QWidget*>{this, txtLoc})
-        onde->setToolTip(dica);
+        onde->setToolTip(shownTip(dica));
 }
 
 bool FrmRP::porGuardar() const

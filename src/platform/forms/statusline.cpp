@@ -1,6 +1,7 @@
 #include "platform/forms/statusline.h"
 
 #include "platform/forms/forms.h"
+#include "platform/forms/showntext.h"
 
 #include <QLabel>
 #include <QStatusBar>
@@ -29,7 +30,7 @@ QLabel& noteOf(QStatusBar& bar)
 
 void showStatus(const QString& text)
 {
-    if (auto* bar = statusBar()) bar->showMessage(text);
+    if (auto* bar = statusBar()) bar->showMessage(shownText(text));
 }
 
 void showStatusNote(const QString& text, const QString& whole)

@@ -2,9 +2,9 @@
 
 #include "platform/jet/columns.h"
 #include "platform/jet/disk.h"
+#include "platform/jet/wordings.h"
 
 #include <QRandomGenerator>
-#include <QRegularExpression>
 
 #include <sqlite3.h>
 
@@ -21,57 +21,11 @@ const QString& mark()
     return drawn;
 }
 
-struct Wording
-{
-    const char* engine; // the engine's message; its groups, and then the file, fill the places of the description
-    const char* description;
-};
-
-// The engine's messages about a statement.
-constexpr Wording wordings[]{
-    {"^no such table: (.+)$", "A tabela \"%1\" não existe na BDP \"%2\"."},
-    {"^no such column: (.+)$", "A coluna \"%1\" não existe nas tabelas da instrução."},
-    {"^table (.+) has no column named (.+)$", "A coluna \"%2\" não existe na tabela \"%1\"."},
-    {"^ambiguous column name: (.+)$", "A coluna \"%1\" existe em mais de uma das tabelas da instrução."},
-    {"^duplicate column name: (.+)$", "A coluna \"%1\" já existe na tabela."},
-    {"^table \"?(.+?)\"? already exists$", "A tabela \"%1\" já existe na BDP."},
-    {"^index (.+) already exists$", "O índice \"%1\" já existe na BDP."},
-    {"^near \"(.*)\": syntax error$", "Erro de sintaxe na instrução, junto de \"%1\"."},
-    {"^unrecognized token: \"(.*)\"$", "Erro de sintaxe na instrução, junto de \"%1\"."},
-    {"^incomplete input$", "A instrução está incompleta."},
-    {"^no such function: (.+)$", "A função \"%1\" não existe."},
-    {"^not authorized to use function: (.+)$", "A função \"%1\" não é permitida."},
-    {"^unsafe use of (.+)$", "A BDP usa num lugar que não pode ser a função ou a tabela \"%1\"."},
-    {"^wrong number of arguments to function (.+)$", "A função %1 não leva esse número de argumentos."},
-    {"^misuse of (?:aliased )?(?:aggregate|window)(?: function|:)? (.+)$",
-     "A função %1 não pode estar nesse lugar da instrução."},
-    {"^row value misused$", "Há vários valores onde a instrução leva um só."},
-    {"^(\\d+) values for (\\d+) columns$", "A instrução dá %1 valores para %2 colunas."},
-    {"^table (.+) has (\\d+) columns but (\\d+) values were supplied$",
-     "A tabela \"%1\" tem %2 colunas, mas a instrução dá %3 valores."},
-    {"^sub-select returns (\\d+) columns - expected (\\d+)$", "A subconsulta dá %1 colunas em vez de %2."},
-    {"^error in table (.+) after drop column: (.+)$", "A coluna não pode ser retirada da tabela \"%1\": %2."},
-    {"^cannot drop .*column: \"(.+)\"$", "A coluna \"%1\" não pode ser retirada da tabela."},
-};
-
-QString statementDescription(const QString& message, const QString& file)
-{
-    for (const Wording& wording : wordings) {
-        const auto match = QRegularExpression(QString::fromUtf8(wording.engine)).match(message);
-        if (!match.hasMatch()) continue;
-        QString description = QString::fromUtf8(wording.description);
-        const QStringList subjects = match.capturedTexts().mid(1) << file;
-        for (qsizetype i = 0; i < subjects.size(); ++i)
-            description.replace(QStringLiteral("%%1").arg(i + 1), subjects[i]);
-        return description;
-    }
-    return QStringLiteral("O motor da base de dados recusou a instrução: %1.").arg(message);
-}
-
-// "tabela.coluna" and more of it, behind the colon of a message about a constraint.
+// "tabela.coluna" and more of it, behind the colon of a message about a constraint; an index stands by its name.
 QString subject(const QString& message)
 {
-    return message.section(QStringLiteral(": "), 1);
+    const QString named = message.section(QStringLiteral(": "), 1);
+    return named.startsWith(QLatin1String("index '")) ? "índice " + named.section(u'\'', 1, -2) : named;
 }
 
 QString checkDescription(sqlite3* database, const QString& message)
@@ -115,7 +69,7 @@ Error constraintError(sqlite3* database, int code, const QString& message)
     case SQLITE_CONSTRAINT_CHECK:
         return {number::invalidStatement, checkDescription(database, message)};
     default:
-        return {number::invalidStatement, QStringLiteral("O valor não é aceite pela base de dados: %1.").arg(message)};
+        return {number::invalidStatement, constraintDescription(message, code)};
     }
 }
 
@@ -141,7 +95,7 @@ Error engineError(sqlite3* database, int code, const QString& path)
                     .arg(file)};
     switch (code & 0xff) {
     case SQLITE_ERROR:
-        return {number::invalidStatement, statementDescription(message, file)};
+        return {number::invalidStatement, statementDescription(message, code, file)};
     case SQLITE_CONSTRAINT:
         return constraintError(database, code, message);
     case SQLITE_MISMATCH:
