@@ -49,10 +49,10 @@ Recolha::Recolha(jet::Connection& bdp, Tipo tipo, QString numero)
 
 QString Recolha::nome() const
 {
-    const auto consulta = tipo_ == Tipo::Individuo ? "select nome from individuo where nind = ?"
-                                                   : "select nome from individuo where nind in (select nind from "
-                                                     "familias where nfamilia = ?) order by sexo desc";
-    return nomesDasPessoas(bdp_, jet::NativeSql(consulta, {numero_.toDouble()}));
+    const auto pessoas = tipo_ == Tipo::Individuo ? "select nome from individuo where nind = ?"
+                                                  : "select nome from individuo where nind in (select nind from "
+                                                    "familias where nfamilia = ?) order by sexo desc";
+    return nomesDasPessoas(bdp_, jet::NativeSql(pessoas, {numero_.toDouble()}));
 }
 
 // The rows that aren't there any more.
