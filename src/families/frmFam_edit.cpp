@@ -150,9 +150,9 @@ void FrmFam::iniciaAlteracao()
 {
     if (!numero().isEmpty()) mostraRegisto(adoFam.recordset(), Nfam::doCampo(numero()));
     if (numero().isEmpty()) throw jet::noCurrentRow(); // a cleared card, or a file without families
-    abreAlteracao();
     vista_.ve(adoFam.recordset());
     membrosVistos_ = membrosGuardados();
+    abreAlteracao();
     for (int indice : {0, 1}) {
         const Metade& membro = metade(indice);
         abertas_[indice] = {Nind::doCampoOuNenhum(membro.nind->text()), membro.idade->text(), membro.numCasam->text(),
@@ -232,9 +232,7 @@ bool FrmFam::membrosPresentes()
 bool FrmFam::podeGravarFamilia()
 {
     QStringList colunas{"sfamilia", "tipocasal", "datacasam", "dcasamfixa", "inicioobs", "fimobs", "obs"};
-    if (cmbLoc->listIndex() >= 0)
-        colunas << "localcasam"
-                << "tipolocalcasam";
+    if (cmbLoc->listIndex() >= 0) colunas += {"localcasam", "tipolocalcasam"};
     if (membrosGuardados() != membrosVistos_) return gravaPorCima();
     return vista_.podeGravar(adoFam.recordset(), colunas);
 }
