@@ -83,7 +83,7 @@ bool FrmFam::podeGravarFamilia()
     QStringList colunas{"sfamilia", "tipocasal", "datacasam", "dcasamfixa", "obs"};
     if (mskini->text() != inicioAberto_) colunas << "inicioobs";
     if (mskFim->text() != fimAberto_) colunas << "fimobs";
-    if (cmbLoc->listIndex() >= 0) colunas << "localcasam" << "tipolocalcasam";
+    if (cmbLoc->listIndex() >= 0) colunas += {"localcasam", "tipolocalcasam"};
     if (membrosGuardados() != membrosVistos_) return gravaPorCima();
     return vista_.podeGravar(adoFam.recordset(), colunas);
 }

@@ -116,9 +116,9 @@ void FrmFam::iniciaAlteracao()
 {
     if (!numero().isEmpty()) mostraRegisto(adoFam.recordset(), Nfam::doCampo(numero()));
     if (numero().isEmpty()) throw jet::noCurrentRow(); // a cleared card, or a file without families
-    abreAlteracao();
     vista_.ve(adoFam.recordset());
     membrosVistos_ = membrosGuardados();
+    abreAlteracao();
     for (int indice : {0, 1}) {
         const Metade& membro = metade(indice);
         abertas_[indice] = {Nind::doCampoOuNenhum(membro.nind->text()), membro.idade->text(), membro.numCasam->text(),

@@ -49,17 +49,17 @@ Recolha::Recolha(jet::Connection& bdp, Tipo tipo, QString numero)
 
 QString Recolha::nome() const
 {
-    const auto consulta = tipo_ == Tipo::Individuo ? "select nome from individuo where nind = ?"
-                                                   : "select nome from individuo where nind in (select nind from "
-                                                     "familias where nfamilia = ?) order by sexo desc";
-    return nomesDasPessoas(bdp_, jet::NativeSql(consulta, {numero_.toDouble()}));
+    const auto pessoas = tipo_ == Tipo::Individuo ? "select nome from individuo where nind = ?"
+                                                  : "select nome from individuo where nind in (select nind from "
+                                                    "familias where nfamilia = ?) order by sexo desc";
+    return nomesDasPessoas(bdp_, jet::NativeSql(pessoas, {numero_.toDouble()}));
 }
 
 // The rows that aren't there any more.
 QJsonArray Recolha::eliminadas() const
 {
     QJsonArray linhas;
-    for (const QJsonValue& linha : antes_) {
+    for (const QJsonValue linha : antes_) {
         const QString tabela = linha["tabela"].toString();
         const jet::NativeSql agora("select 1 as ha from " + tabela + " where rowid = ?",
                                    {linha["valores"]["rowid"].toInteger()});
@@ -72,7 +72,7 @@ QJsonArray Recolha::eliminadas() const
 QJsonArray Recolha::filhosSoltos() const
 {
     QJsonArray filhos;
-    for (const QJsonValue& linha : antes_) {
+    for (const QJsonValue linha : antes_) {
         const QJsonValue valores = linha["valores"];
         if (linha["tabela"] != "individuo" || valores["famorig"].isNull()) continue;
         const jet::NativeSql agora("select famorig from individuo where rowid = ?", {valores["rowid"].toInteger()});
@@ -89,7 +89,7 @@ void Recolha::guarda()
     if (linhas.isEmpty() && filhos.isEmpty()) return;
     if (!existe(bdp_)) bdp_.execute(jet::NativeSql(criacao));
     QStringList familias;
-    for (const QJsonValue& linha : linhas)
+    for (const QJsonValue linha : linhas)
         if (linha["tabela"] == "familia") familias << numeroDe(linha["valores"]["nfamilia"]);
     const QJsonDocument texto(QJsonObject{{"linhas", linhas}, {"filhos", filhos}});
     bdp_.execute(jet::NativeSql(

@@ -45,7 +45,7 @@ public:
     // "", or what stands in the way all the same.
     QString executa() const
     {
-        for (const QJsonValue& linha : linhas_) {
+        for (const QJsonValue linha : linhas_) {
             const QString tabela = linha["tabela"].toString();
             try {
                 jet::insertJsonRow(bdp_, tabela, noSeuLugar(tabela, linha["valores"].toObject()));
@@ -54,7 +54,7 @@ public:
                 return erro.description;
             }
         }
-        for (const QJsonValue& filho : filhos_)
+        for (const QJsonValue filho : filhos_)
             bdp_.execute(jet::NativeSql("update individuo set famorig = ? where nind = ?",
                                         {filho["famorig"].toDouble(), filho["nind"].toDouble()}));
         bdp_.execute(jet::NativeSql("delete from estudo_lixo where id = ?", {id_}));
@@ -85,7 +85,7 @@ private:
     Registos repostos() const
     {
         Registos todos;
-        for (const QJsonValue& linha : linhas_) {
+        for (const QJsonValue linha : linhas_) {
             if (linha["tabela"] == "individuo") todos.emplace(Tipo::Individuo, numeroDe(linha["valores"]["nind"]));
             if (linha["tabela"] == "familia") todos.emplace(Tipo::Familia, numeroDe(linha["valores"]["nfamilia"]));
         }
@@ -95,7 +95,7 @@ private:
     Registos referidos() const
     {
         Registos todos;
-        for (const QJsonValue& linha : linhas_)
+        for (const QJsonValue linha : linhas_)
             for (const Referencia& referencia : referencias()) {
                 const QJsonValue valores = linha["valores"];
                 const QString acto = valores["tipoacto"].toString();
@@ -104,7 +104,7 @@ private:
                     continue;
                 todos.emplace(referencia.tipo, numeroDe(valores[referencia.coluna]));
             }
-        for (const QJsonValue& filho : filhos_)
+        for (const QJsonValue filho : filhos_)
             todos.emplace(Tipo::Individuo, numeroDe(filho["nind"]));
         for (const Registo& reposto : repostos())
             todos.erase(reposto);
@@ -138,7 +138,7 @@ private:
 
     QString numerosOcupados() const
     {
-        for (const QJsonValue& linha : linhas_) {
+        for (const QJsonValue linha : linhas_) {
             const QJsonValue valores = linha["valores"];
             if (linha["tabela"] == "individuo") {
                 const QList<QJsonObject> outro = jet::jsonRows(
@@ -157,7 +157,7 @@ private:
     // Of a family that loses members a deletion leaves none.
     QString familiasAlteradas() const
     {
-        for (const QJsonValue& linha : linhas_) {
+        for (const QJsonValue linha : linhas_) {
             const QJsonValue familia = linha["valores"]["nfamilia"];
             if (linha["tabela"] == "familias" &&
                 ha("select 1 as ha from familias where nfamilia = ?", {familia.toDouble()}))
@@ -168,7 +168,7 @@ private:
 
     QString filhosAlterados() const
     {
-        for (const QJsonValue& filho : filhos_) {
+        for (const QJsonValue filho : filhos_) {
             const QList<QJsonObject> agora = jet::jsonRows(
                 bdp_, jet::NativeSql("select famorig from individuo where nind = ?", {filho["nind"].toDouble()}));
             const QString quem = "O indivíduo nº " + numeroDe(filho["nind"]) + ", que era filho da família nº " +
