@@ -191,7 +191,7 @@ bool LongWork::escapePressed()
 void LongWork::tell(const QString& text)
 {
     QStatusBar* bar = statusBar();
-    if (!bar || isPainting()) return;
+    if (!bar || bar->currentMessage() == text || isPainting()) return;
     Work& current = theWork();
     if (!current.before) current.before = bar->currentMessage();
     showStatus(text);
