@@ -41,22 +41,20 @@ constexpr auto endless = "select count(*) as n from lugar as a, lugar as b, luga
 TEST_F(AStatement, EndsWithEscapeAndWhatWasTypedMeanwhileIsTypedAfterwards)
 {
     QWindow* handle = window.windowHandle();
-    std::thread user([handle] {
+    const auto key = [](int code, const QString& letters) {
+        return new QKeyEvent(QEvent::KeyPress, code, Qt::NoModifier, letters);
+    };
+    std::thread user([handle, keys = QList{key(Qt::Key_A, "a"), key(Qt::Key_Escape, {}), key(Qt::Key_B, "b")}] {
         std::this_thread::sleep_for(600ms);
-        const auto press = [&](int key, const QString& letters) {
-            QCoreApplication::postEvent(handle, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, letters));
-        };
-        press(Qt::Key_A, "a");
-        press(Qt::Key_Escape, {});
-        press(Qt::Key_B, "b");
+        for (QKeyEvent* each : keys)
+            QCoreApplication::postEvent(handle, each);
     });
     const Answer ok("OK");
     guarded([&] { const jet::Recordset rows(cnBDP, endless); });
     user.join();
     EXPECT_EQ(ok.given, 1);
     EXPECT_EQ(ok.text, "Ocorreu o erro -2147467259\nA operação foi interrompida com a tecla Escape: nada foi escrito.");
-    QApplication::processEvents();
-    EXPECT_EQ(text->text(), "ab");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text->text() == "ab"; })) << text->text().toStdString();
     EXPECT_EQ(cnBDP.state(), jet::Connection::Open);
     EXPECT_EQ(jet::Recordset(cnBDP, "select * from lugar").recordCount(), 1000);
 }
