@@ -109,18 +109,13 @@ void registerForms()
     Forms::add("frmMail", [] { return new FrmMail; });
 }
 
-// Escape ends a statement; nobody has to know that before it takes long.
-static void watchStatements()
+bool statementGoesOn(std::chrono::milliseconds elapsed)
 {
-    using namespace std::chrono_literals;
-    cnBDP.onLongStatement(
-        [told = false](std::chrono::milliseconds elapsed) mutable {
-            if (elapsed < 10s) told = false; // another one
-            if (elapsed >= 10s && !std::exchange(told, true))
-                LongWork::tell("A operação está demorada e continua. A tecla Escape interrompe-a.");
-            return !LongWork::escapePressed();
-        },
-        [] { LongWork::ended(); });
+    using namespace std::chrono;
+    if (elapsed >= 10s)
+        LongWork::tell(QStringLiteral("A operação demora há %1 segundos e continua. A tecla Escape interrompe-a.")
+                           .arg(duration_cast<seconds>(elapsed).count()));
+    return !LongWork::escapePressed();
 }
 
 void prepareApplication()
@@ -133,7 +128,7 @@ void prepareApplication()
     QApplication::setWindowIcon(QIcon(":/icons/orv.svg"));
     QApplication::setQuitOnLastWindowClosed(false);
     registerForms();
-    watchStatements();
+    cnBDP.onLongStatement(statementGoesOn, LongWork::ended);
 }
 
 // With the frame that the desktop puts around it.

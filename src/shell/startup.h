@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <chrono>
+
 class FrmORV;
 
 // Runs the program on the command line given, to its end. Returns the exit status.
@@ -21,3 +23,7 @@ FrmORV& startProgram(const QString& commandLine);
 // What the program sets up on its application object: language, style, focus watch, icons.
 // Precondition: the application object exists.
 void prepareApplication();
+
+// What prepareApplication() has cnBDP ask about a statement that takes long: false when Escape was pressed. From ten
+// seconds on the status bar tells of it.
+bool statementGoesOn(std::chrono::milliseconds elapsed);

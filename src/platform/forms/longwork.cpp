@@ -8,10 +8,13 @@
 #include <QPointer>
 #include <QStatusBar>
 #include <QThread>
+#include <QTimer>
 
 #include <algorithm>
+#include <deque>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -46,10 +49,12 @@ bool isBookkeeping(QEvent::Type type)
 struct Kept
 {
     QPointer<QObject> receiver;
+    QPointer<QWidget> modal; // the box that stood when it came
     std::unique_ptr<QEvent> event;
 };
 
-// Gives back what was kept, one by one.
+// Gives back what was kept. What the user did goes one by one, and not into a box that has come up since: it waits
+// until that is closed.
 class Returner : public QObject
 {
 public:
@@ -57,34 +62,56 @@ public:
     {
         for (Kept& each : kept) {
             if (!each.receiver) continue;
-            // A key may be a shortcut by now, or the field that it was typed for has the focus only now.
-            if (each.event->type() == QEvent::KeyPress) {
-                keys_.push_back(std::move(each));
-                QCoreApplication::postEvent(this, new QEvent(QEvent::User));
-            } else {
+            if (each.event->isInputEvent())
+                inputs_.push_back(std::move(each));
+            else
                 QCoreApplication::postEvent(each.receiver, each.event.release());
-            }
         }
+        callAgain();
     }
 
 protected:
+    // All at once: nothing typed later comes between.
     void customEvent(QEvent*) override
     {
-        if (keys_.empty()) return;
-        const Kept kept = std::move(keys_.front());
-        keys_.erase(keys_.begin());
-        if (!kept.receiver) return;
-        auto& key = static_cast<QKeyEvent&>(*kept.event);
-        QObject* focus = QGuiApplication::focusObject();
-        if (focus && qt_sendShortcutOverrideEvent(focus, ulong(key.timestamp()), key.key(), key.modifiers(), key.text(),
-                                                  key.isAutoRepeat(), ushort(key.count())))
-            return;
-        QCoreApplication::sendEvent(kept.receiver, kept.event.get());
+        while (!inputs_.empty()) {
+            const QWidget* modal = QApplication::activeModalWidget();
+            if (modal && modal != inputs_.front().modal) {
+                QTimer::singleShot(50, this, [this] { callAgain(); });
+                return;
+            }
+            const Kept next = std::move(inputs_.front());
+            inputs_.pop_front();
+            callAgain(); // before, as a box may come up with it
+            if (next.receiver && !actsAsShortcut(*next.event))
+                QCoreApplication::sendEvent(next.receiver, next.event.get());
+        }
     }
 
 private:
-    std::vector<Kept> keys_;
+    void callAgain()
+    {
+        if (!inputs_.empty()) QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    }
+
+    // A key may be a shortcut by now, or the field that it was typed for has the focus only now.
+    static bool actsAsShortcut(const QEvent& event)
+    {
+        QObject* focus = QGuiApplication::focusObject();
+        if (event.type() != QEvent::KeyPress || !focus) return false;
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        return qt_sendShortcutOverrideEvent(focus, ulong(key.timestamp()), key.key(), key.modifiers(), key.text(),
+                                            key.isAutoRepeat(), ushort(key.count()));
+    }
+
+    std::deque<Kept> inputs_;
 };
+
+Returner& returner()
+{
+    static auto* only = new Returner; // outlives what was posted to it
+    return *only;
+}
 
 class Keeper : public QObject
 {
@@ -113,14 +140,16 @@ public:
 protected:
     bool eventFilter(QObject* receiver, QEvent* event) override
     {
-        if (isBookkeeping(event->type())) return false;
+        const bool foreign = event->type() >= QEvent::User && receiver != &returner(); // it can't be copied
+        if (foreign || isBookkeeping(event->type())) return false;
         if (painted_ && event->type() == QEvent::Paint && isPainted(receiver)) return false;
         // A timer comes again by itself, and everything is painted afterwards.
-        if (event->type() == QEvent::Timer || event->type() == QEvent::Paint) return true;
+        const bool painting = event->type() == QEvent::Paint || event->type() == QEvent::UpdateLater;
+        if (event->type() == QEvent::Timer || painting) return true;
         if (isEscape(*event)) {
             escaped = escaped || event->type() == QEvent::KeyPress;
         } else if (event->type() != QEvent::ShortcutOverride) { // the key itself follows
-            kept.push_back({receiver, std::unique_ptr<QEvent>(event->clone())});
+            kept.push_back({receiver, QApplication::activeModalWidget(), std::unique_ptr<QEvent>(event->clone())});
         }
         event->setAccepted(event->type() != QEvent::Close);
         return true;
@@ -172,12 +201,6 @@ Work& theWork()
     return *work;
 }
 
-Returner& returner()
-{
-    static auto* only = new Returner; // outlives what was posted to it
-    return *only;
-}
-
 } // namespace
 
 bool LongWork::escapePressed()
@@ -191,7 +214,7 @@ bool LongWork::escapePressed()
 void LongWork::tell(const QString& text)
 {
     QStatusBar* bar = statusBar();
-    if (!bar || isPainting()) return;
+    if (!bar || bar->currentMessage() == text || isPainting()) return;
     Work& current = theWork();
     if (!current.before) current.before = bar->currentMessage();
     showStatus(text);

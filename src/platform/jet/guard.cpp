@@ -39,13 +39,9 @@ constexpr Limit limits[]{
     {SQLITE_LIMIT_LENGTH, 16 * megabyte},    // of a text and of a row: notes have 65,535 characters at most
     {SQLITE_LIMIT_SQL_LENGTH, 4 * megabyte}, // of a statement with such texts in it
     {SQLITE_LIMIT_EXPR_DEPTH, 200},          // a search has one level for each field that was filled
-    {SQLITE_LIMIT_COMPOUND_SELECT, 50},      // the system has none
-    {SQLITE_LIMIT_COLUMN, 1000},             // "select *" over the widest join gives about 100
-    {SQLITE_LIMIT_VDBE_OP, 1'000'000},
-    {SQLITE_LIMIT_FUNCTION_ARG, 16},
+    {SQLITE_LIMIT_COMPOUND_SELECT, 100},     // the system has none; a view of another program is read with the schema
     {SQLITE_LIMIT_ATTACHED, 0},
     {SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 1000}, // of the engine's own like and glob, whose time may grow with its power
-    {SQLITE_LIMIT_VARIABLE_NUMBER, 1000},     // one for each column of a row
     {SQLITE_LIMIT_TRIGGER_DEPTH, 1},
     {SQLITE_LIMIT_WORKER_THREADS, 0},
 };

@@ -50,7 +50,7 @@ bool Watch::mayGoOn()
     if (now - since_ < beforeFirstQuestion || now - asked_ < betweenQuestions) return true;
     told_ = true;
     {
-        const QScopedValueRollback asking(asking_, true);
+        const QScopedValueRollback inTheMiddle(asking_, true);
         if (!goesOn(std::chrono::duration_cast<std::chrono::milliseconds>(now - since_))) stopped_ = true;
     }
     asked_ = Clock::now();

@@ -96,5 +96,5 @@ TEST_F(FamilyCard, DeletesWhatHangsOnAFamilyInItsOrder)
     const Answer yes("&Sim");
     control<CommandButton>(frmFam(), "cmdElim").click();
     EXPECT_EQ(yes.given, 1);
-    EXPECT_EQ(diary.entries.join(' '), "famorig residencia assistente familias familia");
+    EXPECT_EQ(diary.entries.join(' '), "famorig residencia assistente familias familia familia");
 }

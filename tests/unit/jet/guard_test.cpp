@@ -99,10 +99,12 @@ TEST_F(AGuardedConnection, RunsNoTriggerThatAnotherProgramMakesMeanwhile)
 
 TEST_F(AGuardedConnection, DoesNotSpeakWithTheVoiceOfAFile)
 {
-    outside("create table falsa (a long constraint \"jet:3021:Telefone já\" check (a < 5))");
-    const Error error = errorOf([&] { run("insert into falsa (a) values (9)"); });
-    EXPECT_EQ(error.number, number::invalidStatement);
-    EXPECT_EQ(errorOf([&] { run("insert into falsa (a) values (cint('jet:0:x'))"); }).number, number::typeMismatch);
+    const auto raise = [](sqlite3_context* context, int, sqlite3_value**) {
+        sqlite3_result_error(context, "jet:3021:Telefone já para o 555", -1);
+    };
+    sqlite3_create_function(bdp.handle(), "upper", 1, SQLITE_UTF8, nullptr, raise, nullptr, nullptr);
+    EXPECT_EQ(numberOf([&] { run("update individuo set nome = upper(nome)"); }), number::invalidStatement);
+    EXPECT_EQ(numberOf([&] { run("update individuo set altura = cint('jet:0:x')"); }), number::typeMismatch);
 }
 
 TEST_F(AGuardedConnection, TakesNoValueWithoutMeasure)
