@@ -1,6 +1,7 @@
 #include "store/copiaDiaria.h"
 
 #include "platform/forms/statusline.h"
+#include "platform/jet/claim.h"
 #include "platform/jet/copy.h"
 #include "platform/jet/disk.h"
 #include "platform/jet/draft.h"
@@ -31,6 +32,13 @@ struct Trabalho
     bool inteiro = false; // its pages are there already
 };
 
+// Not from under a program that has it open.
+void retira(const QString& copia)
+{
+    jet::Claim posse;
+    if (posse.take(copia) != jet::Claim::Outcome::Held) jet::disk().remove(copia);
+}
+
 void retiraAntigas(const Trabalho& trabalho)
 {
     const QDir pasta(jet::folderOf(trabalho.destino));
@@ -39,7 +47,7 @@ void retiraAntigas(const Trabalho& trabalho)
         if (const QDate dia = diaDaCopia(trabalho.bdp, copia.fileName()); dia.isValid()) dias << dia;
     const QList<QDate> aSair = copiasASair(dias, trabalho.hoje);
     for (const QDate& dia : aSair)
-        jet::disk().remove(pasta.filePath(nomeDaCopia(trabalho.bdp, dia)));
+        retira(pasta.filePath(nomeDaCopia(trabalho.bdp, dia)));
     if (!aSair.isEmpty()) jet::disk().syncFolder(pasta.path());
 }
 
@@ -94,6 +102,9 @@ void CopiaDiaria::faz()
     larga_ = true;
     espera();
     larga_ = false;
+    // The work of the day needs the disk more than its copy does.
+    if (jet::disk().available(bdp.path()) < 2 * std::uintmax_t(bdp.size()))
+        throw jet::writeError(std::make_error_code(std::errc::no_space_on_device), destino);
     if (const auto erro = jet::disk().makeFolder(pasta)) throw jet::writeError(erro, pasta);
     std::shared_ptr<Trabalho> trabalho(new Trabalho{bdp.filePath(), destino, dia_, jet::Draft(destino)});
     QFile::setPermissions(trabalho->rascunho.path(), bdp.permissions());

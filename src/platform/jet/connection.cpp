@@ -18,6 +18,8 @@ namespace jet {
 
 namespace {
 
+constexpr int patientMilliseconds = 5000;
+
 QString pathOf(const QString& connectionString)
 {
     static const QString key = QStringLiteral("Data Source=");
@@ -187,7 +189,9 @@ bool Connection::hasMoved() const
 bool Connection::copyPages(const QString& draft, const QString& target, std::chrono::milliseconds time) const
 {
     database_->requireOpen();
-    return jet::copyPages(database_->handle, draft, database_->path, target, time);
+    const bool whole = jet::copyPages(database_->handle, draft, database_->path, target, time);
+    if (!whole) sqlite3_busy_timeout(database_->handle, patientMilliseconds);
+    return whole;
 }
 
 void Connection::setObserver(Observer observer)

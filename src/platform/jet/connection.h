@@ -119,7 +119,8 @@ public:
     void copyTo(const QString& path) const;
 
     // Copies the pages of the file as it is into the empty file `draft`, which is to become `target`, and brings
-    // nothing to the disk. Returns false where that takes longer. Throws Error.
+    // nothing to the disk. Returns false where that takes longer; from then on a write is patient with those who read
+    // the file meanwhile. Throws Error.
     // Precondition: nothing is written and pending.
     bool copyPages(const QString& draft, const QString& target, std::chrono::milliseconds time) const;
 

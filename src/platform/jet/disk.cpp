@@ -128,6 +128,13 @@ std::error_code Disk::makeFolder(const QString& path)
     return error;
 }
 
+std::uintmax_t Disk::available(const QString& folder)
+{
+    std::error_code error;
+    const auto bytes = fs::space(nativePath(folder), error).available;
+    return error ? std::uintmax_t(-1) : bytes;
+}
+
 Disk& disk()
 {
     static Disk real;

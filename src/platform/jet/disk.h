@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -34,6 +35,8 @@ public:
     virtual std::error_code makeFile(const QString& path);
     // A folder; one that is there already is no error.
     virtual std::error_code makeFolder(const QString& path);
+    // How many bytes the disk of the folder takes yet; the most that can be told where it doesn't say.
+    virtual std::uintmax_t available(const QString& folder);
 };
 
 // The disk that the engine works on: the real one, or that of a test. Null puts the real one back.

@@ -92,7 +92,9 @@ Draft::Draft(const QString& target) : target_(target)
         std::error_code error;
         path_ = makeTemporary(target, error);
         if (error) throw writeError(error, target);
-        if (claim_.take(path_) == Claim::Outcome::Taken || stands(path_)) return;
+        const Claim::Outcome outcome = claim_.take(path_);
+        if (outcome == Claim::Outcome::Taken) return;
+        if (outcome == Claim::Outcome::Unknown && stands(path_)) return;
     }
     throw writeError(std::make_error_code(std::errc::permission_denied), target);
 }

@@ -22,7 +22,7 @@ public:
 
     // Brings the draft to the disk and gives it the name of the target; the folder is synced, too. place() throws
     // fileExists where anything stands there, replace() takes the place of a file. Throws Error as the constructor; the
-    // target is then as it was.
+    // target is then as it was, unless it is the disk itself that failed at the folder.
     // Precondition: no connection of this program has the draft or the target open.
     void place();
     void replace();

@@ -50,6 +50,9 @@ public:
         return record("makefolder", name(path), [&] { return Disk::makeFolder(path); });
     }
 
+    std::uintmax_t available(const QString& folder) override { return full_ ? 0 : Disk::available(folder); }
+    void fill() { full_ = true; }
+
 private:
     static QString name(const QString& path)
     {
@@ -65,6 +68,7 @@ private:
     }
 
     QStringList done_;
+    bool full_ = false;
     QMap<QString, std::errc> failing_;
 };
 

@@ -200,6 +200,36 @@ TEST_F(DailyCopy, ThatFailsNeverStopsTheWriteAndIsToldOnce)
     }
 }
 
+TEST_F(DailyCopy, IsNotMadeWhereTheWorkOfTheDayMayNeedTheDisk)
+{
+    jet::test::RecordedDisk disk;
+    disk.fill();
+    escreve("01");
+    EXPECT_TRUE(nota().contains("O disco está cheio"));
+    EXPECT_EQ(disk.done(), QStringList());
+    EXPECT_FALSE(QDir(pasta.path()).exists("copias"));
+    EXPECT_EQ(paises(bdp), "1");
+}
+
+TEST_F(DailyCopy, ThatAnotherProgramHasOpenDoesNotGo)
+{
+    escreve("01");
+    QDir copia(pasta.filePath("copias"));
+    ASSERT_EQ(copias().size(), 1);
+    QStringList antigas;
+    for (int i = 10; i < 30; ++i) {
+        antigas << copia.filePath("arga_2026-09-" + QString::number(i) + ".orv");
+        ASSERT_TRUE(QFile::copy(copia.filePath("arga_2026-11-22.orv"), antigas.last()));
+    }
+    jet::Connection alheia;
+    alheia.open(antigas.first(), jet::Connection::Sharing::Alone);
+    hoje = hoje.addDays(1);
+    escreve("02");
+    esperaCopiaDiaria();
+    EXPECT_TRUE(QFile::exists(antigas[0]));
+    EXPECT_FALSE(QFile::exists(antigas[1]));
+}
+
 TEST_F(DailyCopy, IsNotMadeWhereAFileHasTheNameOfItsFolder)
 {
     QFile ficheiro(pasta.filePath("copias"));
