@@ -1,7 +1,9 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/cuttext.h"
 #include "platform/forms/editkeys.h"
+#include "platform/forms/statusline.h"
 
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -20,9 +22,16 @@ const QString breaks[]{"\r\n", "", "\n", "\r", QChar(QChar::ParagraphSeparator),
 constexpr qsizetype longestWord = 1000;
 constexpr qsizetype longestLine = 20000;
 
+// A field can't take any number of lines at once. What comes behind the last that it takes is the text of that line's
+// break: it isn't shown, and it stays. No paste is as long.
+constexpr int unshownText = QTextFormat::UserProperty + 1;
+constexpr int mostBreaks = 40000;
+
 QString breakBefore(const QTextBlock& block)
 {
-    return breaks[block.charFormat().intProperty(kindOfBreak)];
+    const QTextCharFormat format = block.charFormat();
+    return format.hasProperty(unshownText) ? format.stringProperty(unshownText)
+                                           : breaks[format.intProperty(kindOfBreak)];
 }
 
 // The kind of the break that begins at a place of the text; -1 for none.
@@ -55,7 +64,7 @@ public:
     void write()
     {
         cursor_.beginEditBlock();
-        for (qsizetype place = 0; place < text_.size(); ++place) {
+        for (qsizetype place = 0; place < text_.size() && !isFull(); ++place) {
             const int kind = kindAt(text_, place);
             if (kind < 0) {
                 if (isTooLong(place)) end(place, nothing, 0);
@@ -70,6 +79,8 @@ public:
         cursor_.endEditBlock();
     }
 
+    bool isFull() const { return breaks_ > mostBreaks; }
+
 private:
     bool isTooLong(qsizetype place) const
     {
@@ -82,6 +93,10 @@ private:
     {
         QTextCharFormat format;
         if (kind > 0) format.setProperty(kindOfBreak, kind);
+        if (++breaks_ > mostBreaks) {
+            format.setProperty(unshownText, text_.mid(place));
+            length = text_.size() - place;
+        }
         cursor_.insertText(text_.mid(begin_, place - begin_), QTextCharFormat());
         cursor_.insertBlock(QTextBlockFormat(), format);
         begin_ = place + length;
@@ -92,7 +107,19 @@ private:
     const QString& text_;
     qsizetype begin_ = 0; // of the piece that isn't written yet
     qsizetype word_ = 0, line_ = 0;
+    int breaks_ = 0;
 };
+
+// Whether the key would take the text away that isn't shown; with a selection the user sees what goes.
+bool wouldDeleteUnshown(const QTextCursor& cursor, const QKeyEvent* event)
+{
+    if (cursor.hasSelection()) return false;
+    const auto isBehind = [](const QTextBlock& block) {
+        return block.isValid() && block.charFormat().hasProperty(unshownText);
+    };
+    return (event->key() == Qt::Key_Backspace && cursor.atBlockStart() && isBehind(cursor.block())) ||
+           (event->key() == Qt::Key_Delete && cursor.atBlockEnd() && isBehind(cursor.block().next()));
+}
 
 } // namespace
 
@@ -114,7 +141,10 @@ void MemoBox::setText(const QString& text)
         setPlainText({});
     }
     document()->setUndoRedoEnabled(false);
-    Writer(textCursor(), text).write();
+    Writer writer(textCursor(), text);
+    writer.write();
+    if (writer.isFull())
+        showStatus(QStringLiteral("O texto é demasiado longo para ser mostrado todo: o resto mantém-se."));
     document()->setUndoRedoEnabled(true);
     document()->setModified(false);
     moveCursor(QTextCursor::Start);
@@ -181,6 +211,7 @@ void MemoBox::keyPressEvent(QKeyEvent* event)
 {
     if (isReadOnly()) return QPlainTextEdit::keyPressEvent(event);
     if (typeBreak(event)) return;
+    if (wouldDeleteUnshown(textCursor(), event)) return QApplication::beep();
     joinWordBefore(event);
     const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
     if (isText && event->text().size() > room())
