@@ -28,7 +28,6 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
     setFocusPolicy(Qt::StrongFocus); // the wheel must not move the focus
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(12);
-    setItemDelegate(new Shortened(this));
     connect(this, &QComboBox::activated, this, &ComboBox::clicked);
 }
 
@@ -137,6 +136,8 @@ void ComboBox::paintEvent(QPaintEvent*)
 void ComboBox::showPopup()
 {
     if (locked_) return;
+    // Not before: a card has many lists, and most are never opened.
+    if (!dynamic_cast<Shortened*>(view()->itemDelegate())) setItemDelegate(new Shortened(this));
     const int entry = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
     view()->setMinimumWidth(std::max(width(), entry)); // so that a long name can be read whole
     QComboBox::showPopup();

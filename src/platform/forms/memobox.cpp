@@ -53,7 +53,7 @@ bool isBlank(QChar character)
 class Writer
 {
 public:
-    Writer(QTextCursor cursor, const QString& text) : cursor_(std::move(cursor)), text_(text)
+    Writer(const QTextCursor& cursor, const QString& text) : cursor_(cursor), text_(text)
     {
         const QString before = cursor_.block().text().left(cursor_.positionInBlock());
         while (word_ < before.size() && !isBlank(before.at(before.size() - 1 - word_)))
@@ -152,14 +152,14 @@ void MemoBox::setText(const QString& text)
 
 QString MemoBox::stored(int from, int to) const
 {
-    QString text;
+    QString result;
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
-        if (block.position() > from) text += breakBefore(block);
+        if (block.position() > from) result += breakBefore(block);
         const int begin = std::max(0, from - block.position());
-        text += block.text().mid(begin, to - block.position() - begin);
+        result += block.text().mid(begin, to - block.position() - begin);
     }
-    return text;
+    return result;
 }
 
 bool MemoBox::event(QEvent* event)
@@ -177,11 +177,11 @@ QMimeData* MemoBox::createMimeDataFromSelection() const
 
 void MemoBox::insertFromMimeData(const QMimeData* source)
 {
-    const QString text = fitting(source->text());
+    const QString pasted = fitting(source->text());
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock();
     cursor.removeSelectedText();
-    Writer(cursor, text).write();
+    Writer(cursor, pasted).write();
     cursor.endEditBlock();
     ensureCursorVisible();
 }
@@ -194,17 +194,18 @@ QString MemoBox::fitting(const QString& text)
     if (lines.size() <= free) return lines;
     qsizetype end = free;
     if (end > 0 && (lines.at(end - 1).isHighSurrogate() || lines.at(end - 1) == u'\r')) --end;
-    tellCut(text, end, maxLength_);
-    return lines.left(end);
+    lines.truncate(end);
+    tellCut(text, end - lines.count('\r'), maxLength_);
+    return lines;
 }
 
 void MemoBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    const QString text = isReadOnly() ? QString() : fitting(event->commitString());
-    const bool lines = text.contains(u'\n'); // these are written as the breaks of the user, whatever stands before them
-    event->setCommitString(lines ? QString() : text, event->replacementStart(), event->replacementLength());
+    const QString composed = isReadOnly() ? QString() : fitting(event->commitString());
+    const bool lines = composed.contains(u'\n'); // written as breaks of the user, whatever stands before them
+    event->setCommitString(lines ? QString() : composed, event->replacementStart(), event->replacementLength());
     QPlainTextEdit::inputMethodEvent(event);
-    if (lines) Writer(textCursor(), text).write();
+    if (lines) Writer(textCursor(), composed).write();
 }
 
 void MemoBox::keyPressEvent(QKeyEvent* event)
