@@ -34,7 +34,7 @@ FrmPass::FrmPass() : ListaDatada(Name)
 void FrmPass::Form_Load()
 {
     Label2_1->setText(donoDaJanela().numero);
-    Label2_2->setText(shownText(donoDaJanela().nome, 100));
+    Label2_2->setText(shownText(donoDaJanela().nome, 255));
     for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
         cmbDados_0->add(estatura);
     PreencheLocais(*cmbDados_1);

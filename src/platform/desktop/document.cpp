@@ -31,8 +31,7 @@ constexpr auto programs =
 
 // What a program, a script or a shortcut begins with, whatever its name.
 constexpr QByteArrayView beginnings[]{
-    "\x7f"
-    "ELF",
+    "\177ELF",
     "MZ",
     "#!",
     "\xEF\xBB\xBF#!",

@@ -4,10 +4,23 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QStylePainter>
 
 namespace {
-constexpr int wholeText = Qt::UserRole + 1; // of an entry that shows less
+
+// Of a long text it measures and draws the beginning; the entry keeps the whole.
+class Shortened : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant& value, const QLocale& locale) const override
+    {
+        return shownText(QStyledItemDelegate::displayText(value, locale));
+    }
+};
+
 } // namespace
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
@@ -23,17 +36,14 @@ int ComboBox::add(const QString& text, qint32 itemData)
     // The first entry of an empty list would choose itself.
     const int chosen = currentIndex();
     const QSignalBlocker quiet(this);
-    addItem(shownText(text), itemData);
-    const int added = count() - 1;
-    if (itemText(added) != text) QComboBox::setItemData(added, text, wholeText);
+    addItem(text, itemData);
     setCurrentIndex(chosen);
-    return added;
+    return count() - 1;
 }
 
 QString ComboBox::list(int index) const
 {
-    const QVariant whole = QComboBox::itemData(index, wholeText);
-    return whole.isValid() ? whole.toString() : itemText(index);
+    return itemText(index);
 }
 
 qint32 ComboBox::itemData(int index) const
@@ -56,8 +66,7 @@ void ComboBox::setListIndex(int index)
 
 void ComboBox::setText(const QString& text)
 {
-    const bool isWhole = shownText(text) == text;
-    setListIndex(isWhole ? findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) : findData(text, wholeText));
+    setListIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
 }
 
 void ComboBox::clear()
@@ -101,6 +110,7 @@ void ComboBox::paintEvent(QPaintEvent*)
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
+    option.currentText = shownText(option.currentText);
     QStylePainter painter(this);
     if (locked_) {
         QStyleOptionFrame frame;
@@ -110,7 +120,7 @@ void ComboBox::paintEvent(QPaintEvent*)
         painter.drawPrimitive(QStyle::PE_PanelLineEdit, frame);
         painter.setPen(frame.palette.color(QPalette::Text));
         const QRect field = rect().adjusted(frame.lineWidth + 2, 0, -frame.lineWidth - 2, 0);
-        const QString shown = fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width());
+        const QString shown = fontMetrics().elidedText(shownText(currentText()), Qt::ElideRight, field.width());
         return painter.drawText(field, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     }
     option.editable = true;
@@ -126,6 +136,8 @@ void ComboBox::paintEvent(QPaintEvent*)
 void ComboBox::showPopup()
 {
     if (locked_) return;
+    // Not before: a card has many lists, and most are never opened.
+    if (!dynamic_cast<Shortened*>(view()->itemDelegate())) setItemDelegate(new Shortened(this));
     const int entry = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
     view()->setMinimumWidth(std::max(width(), entry)); // so that a long name can be read whole
     QComboBox::showPopup();
@@ -133,6 +145,7 @@ void ComboBox::showPopup()
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent)
 {
+    setItemDelegate(new Shortened(this));
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QListWidget::itemClicked, this, &ListBox::clicked);
     connect(this, &QListWidget::itemSelectionChanged, this, [this] {
@@ -151,9 +164,8 @@ void ListBox::focusInEvent(QFocusEvent* event)
 
 int ListBox::add(const QString& text, qint32 itemData)
 {
-    auto* entry = new QListWidgetItem(shownText(text));
+    auto* entry = new QListWidgetItem(text);
     entry->setData(Qt::UserRole, itemData);
-    if (entry->text() != text) entry->setData(wholeText, text);
     addItem(entry);
     return count() - 1;
 }
@@ -161,9 +173,7 @@ int ListBox::add(const QString& text, qint32 itemData)
 QString ListBox::list(int index) const
 {
     const QListWidgetItem* entry = item(index);
-    if (!entry) return {};
-    const QVariant whole = entry->data(wholeText);
-    return whole.isValid() ? whole.toString() : entry->text();
+    return entry ? entry->text() : QString();
 }
 
 qint32 ListBox::itemData(int index) const

@@ -1,7 +1,9 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/cuttext.h"
 #include "platform/forms/editkeys.h"
+#include "platform/forms/statusline.h"
 
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -20,9 +22,16 @@ const QString breaks[]{"\r\n", "", "\n", "\r", QChar(QChar::ParagraphSeparator),
 constexpr qsizetype longestWord = 1000;
 constexpr qsizetype longestLine = 20000;
 
+// A field can't take any number of lines at once. What comes behind the last that it takes is the text of that line's
+// break: it isn't shown, and it stays. No paste is as long.
+constexpr int unshownText = QTextFormat::UserProperty + 1;
+constexpr int mostBreaks = 40000;
+
 QString breakBefore(const QTextBlock& block)
 {
-    return breaks[block.charFormat().intProperty(kindOfBreak)];
+    const QTextCharFormat format = block.charFormat();
+    return format.hasProperty(unshownText) ? format.stringProperty(unshownText)
+                                           : breaks[format.intProperty(kindOfBreak)];
 }
 
 // The kind of the break that begins at a place of the text; -1 for none.
@@ -44,7 +53,7 @@ bool isBlank(QChar character)
 class Writer
 {
 public:
-    Writer(QTextCursor cursor, const QString& text) : cursor_(std::move(cursor)), text_(text)
+    Writer(const QTextCursor& cursor, const QString& text) : cursor_(cursor), text_(text)
     {
         const QString before = cursor_.block().text().left(cursor_.positionInBlock());
         while (word_ < before.size() && !isBlank(before.at(before.size() - 1 - word_)))
@@ -55,7 +64,7 @@ public:
     void write()
     {
         cursor_.beginEditBlock();
-        for (qsizetype place = 0; place < text_.size(); ++place) {
+        for (qsizetype place = 0; place < text_.size() && !isFull(); ++place) {
             const int kind = kindAt(text_, place);
             if (kind < 0) {
                 if (isTooLong(place)) end(place, nothing, 0);
@@ -70,6 +79,8 @@ public:
         cursor_.endEditBlock();
     }
 
+    bool isFull() const { return breaks_ > mostBreaks; }
+
 private:
     bool isTooLong(qsizetype place) const
     {
@@ -82,6 +93,10 @@ private:
     {
         QTextCharFormat format;
         if (kind > 0) format.setProperty(kindOfBreak, kind);
+        if (++breaks_ > mostBreaks) {
+            format.setProperty(unshownText, text_.mid(place));
+            length = text_.size() - place;
+        }
         cursor_.insertText(text_.mid(begin_, place - begin_), QTextCharFormat());
         cursor_.insertBlock(QTextBlockFormat(), format);
         begin_ = place + length;
@@ -92,7 +107,19 @@ private:
     const QString& text_;
     qsizetype begin_ = 0; // of the piece that isn't written yet
     qsizetype word_ = 0, line_ = 0;
+    int breaks_ = 0;
 };
+
+// Whether the key would take the text away that isn't shown; with a selection the user sees what goes.
+bool wouldDeleteUnshown(const QTextCursor& cursor, const QKeyEvent* event)
+{
+    if (cursor.hasSelection()) return false;
+    const auto isBehind = [](const QTextBlock& block) {
+        return block.isValid() && block.charFormat().hasProperty(unshownText);
+    };
+    return (event->key() == Qt::Key_Backspace && cursor.atBlockStart() && isBehind(cursor.block())) ||
+           (event->key() == Qt::Key_Delete && cursor.atBlockEnd() && isBehind(cursor.block().next()));
+}
 
 } // namespace
 
@@ -114,7 +141,10 @@ void MemoBox::setText(const QString& text)
         setPlainText({});
     }
     document()->setUndoRedoEnabled(false);
-    Writer(textCursor(), text).write();
+    Writer writer(textCursor(), text);
+    writer.write();
+    if (writer.isFull())
+        showStatus(QStringLiteral("O texto é demasiado longo para ser mostrado todo: o resto mantém-se."));
     document()->setUndoRedoEnabled(true);
     document()->setModified(false);
     moveCursor(QTextCursor::Start);
@@ -122,14 +152,14 @@ void MemoBox::setText(const QString& text)
 
 QString MemoBox::stored(int from, int to) const
 {
-    QString text;
+    QString result;
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
-        if (block.position() > from) text += breakBefore(block);
+        if (block.position() > from) result += breakBefore(block);
         const int begin = std::max(0, from - block.position());
-        text += block.text().mid(begin, to - block.position() - begin);
+        result += block.text().mid(begin, to - block.position() - begin);
     }
-    return text;
+    return result;
 }
 
 bool MemoBox::event(QEvent* event)
@@ -147,11 +177,11 @@ QMimeData* MemoBox::createMimeDataFromSelection() const
 
 void MemoBox::insertFromMimeData(const QMimeData* source)
 {
-    const QString text = fitting(source->text());
+    const QString pasted = fitting(source->text());
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock();
     cursor.removeSelectedText();
-    Writer(cursor, text).write();
+    Writer(cursor, pasted).write();
     cursor.endEditBlock();
     ensureCursorVisible();
 }
@@ -164,23 +194,25 @@ QString MemoBox::fitting(const QString& text)
     if (lines.size() <= free) return lines;
     qsizetype end = free;
     if (end > 0 && (lines.at(end - 1).isHighSurrogate() || lines.at(end - 1) == u'\r')) --end;
-    tellCut(text, end, maxLength_);
-    return lines.left(end);
+    lines.truncate(end);
+    tellCut(text, end - lines.count('\r'), maxLength_);
+    return lines;
 }
 
 void MemoBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    const QString text = isReadOnly() ? QString() : fitting(event->commitString());
-    const bool lines = text.contains(u'\n'); // these are written as the breaks of the user, whatever stands before them
-    event->setCommitString(lines ? QString() : text, event->replacementStart(), event->replacementLength());
+    const QString composed = isReadOnly() ? QString() : fitting(event->commitString());
+    const bool lines = composed.contains(u'\n'); // written as breaks of the user, whatever stands before them
+    event->setCommitString(lines ? QString() : composed, event->replacementStart(), event->replacementLength());
     QPlainTextEdit::inputMethodEvent(event);
-    if (lines) Writer(textCursor(), text).write();
+    if (lines) Writer(textCursor(), composed).write();
 }
 
 void MemoBox::keyPressEvent(QKeyEvent* event)
 {
     if (isReadOnly()) return QPlainTextEdit::keyPressEvent(event);
     if (typeBreak(event)) return;
+    if (wouldDeleteUnshown(textCursor(), event)) return QApplication::beep();
     joinWordBefore(event);
     const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
     if (isText && event->text().size() > room())

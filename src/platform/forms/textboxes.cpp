@@ -97,7 +97,7 @@ void TextBox::refuse()
 {
     const QString whole = incoming(event_);
     const int limit = QLineEdit::maxLength();
-    whole.isNull() ? tellFull(limit) : tellCut(whole, std::max<qsizetype>(0, room_), limit);
+    whole.size() <= room_ ? tellFull(limit) : tellCut(whole, std::max<qsizetype>(0, room_), limit);
     QMetaObject::invokeMethod(this, &TextBox::removeHalfCharacter, Qt::QueuedConnection);
 }
 

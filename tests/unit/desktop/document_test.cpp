@@ -55,8 +55,7 @@ TEST_F(ADocument, IsAProgramByItsName)
 
 TEST_F(ADocument, IsAProgramByWhatItBeginsWith)
 {
-    const QByteArray beginnings[]{"\x7f"
-                                  "ELF\2\1\1",
+    const QByteArray beginnings[]{"\177ELF\2\1\1",
                                   "MZ\x90",
                                   "#!/bin/sh\nrm -r ~\n",
                                   "[Desktop Entry]\nExec=x",

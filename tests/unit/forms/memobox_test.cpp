@@ -226,6 +226,30 @@ TEST_F(MemoBoxTest, AMillionCharactersWithoutABlankAreShownAndEditedAtOnce)
     EXPECT_EQ(memo->text().size(), 999999);
 }
 
+TEST_F(MemoBoxTest, AMillionLinesAreAtOnceThereAndGivenBackWhole)
+{
+    auto* memo = shown<MemoBox>();
+    const QString text = QString("\n").repeated(999999) + "fim";
+    EXPECT_LT(millisecondsFor([&] {
+                  memo->setText(text);
+                  QCoreApplication::processEvents();
+                  memo->repaint();
+              }),
+              2000);
+    EXPECT_TRUE(memo->text() == text);
+    memo->setMaxLength(2000000);
+    QTest::keyClicks(memo, "ab");
+    EXPECT_TRUE(memo->text() == "ab" + text);
+    QTest::keyClick(memo, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClick(memo, Qt::Key_Backspace); // would take what isn't shown
+    EXPECT_TRUE(memo->text() == "ab" + text);
+    memo->selectAll();
+    QTest::keyClick(memo, Qt::Key_Delete);
+    EXPECT_EQ(memo->text(), "");
+    memo->undo();
+    EXPECT_TRUE(memo->text() == "ab" + text);
+}
+
 TEST_F(MemoBoxTest, TabGoesOnToTheNextField)
 {
     auto* memo = shown<MemoBox>();

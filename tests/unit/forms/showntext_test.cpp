@@ -62,6 +62,11 @@ TEST_F(ALongText, IsAnEntryOfAListAtOnceAndGivenBackWhole)
     EXPECT_TRUE(combo->text() == name);
     EXPECT_EQ(combo->itemData(1), 7);
     EXPECT_TRUE(list->list(0) == name);
+    atOnce([&] { list->item(0)->setText(name + name); });
+    EXPECT_EQ(list->list(0).size(), 2000000);
+    atOnce([&] { combo->setItemText(1, name + name); });
+    EXPECT_EQ(combo->text().size(), 2000000);
+    combo->setItemText(1, name);
     combo->setText("Ana");
     combo->setText(name);
     EXPECT_EQ(combo->listIndex(), 1);
