@@ -31,10 +31,13 @@ enum class Fault
     NoMemory
 };
 
+inline constexpr Fault faults[]{Fault::None, Fault::Error,     Fault::Full,    Fault::Short,
+                                Fault::Busy, Fault::AfterWork, Fault::NoMemory}; // each at its own number
+
 // Which call fails, and how.
 struct Plan
 {
-    int at = 0; // the first that fails, counted from 1; 0: none does
+    int at = 0; // the first that fails, of those that the fault can befall, counted from 1; 0: none does
     Fault fault = Fault::None;
     bool lasting = false; // all that follow fail, too
 };

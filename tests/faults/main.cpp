@@ -1,4 +1,5 @@
 // orv-faults: cuts the power while the program works, and makes the disk fail under it. README.md tells of both.
+#include "errors.h"
 #include "powerLoss.h"
 #include "recorder.h"
 #include "recordingVfs.h"
@@ -8,7 +9,9 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDataStream>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -30,9 +33,18 @@ struct Options
     QString model;
     Weakened weaken = Weakened::No;
     QString folder; // where the last disk stays; empty: it goes
-    int errors = 0;
+    qsizetype errors = 0;
+    Failing failing; // one call alone: its number isn't 0
     int reports = 10;
 };
+
+Fault faultOf(const QString& text)
+{
+    const auto* fault =
+        std::find_if(std::begin(faults), std::end(faults), [&](Fault each) { return told(each) == text; });
+    if (fault == std::end(faults)) qFatal("there is no fault %s", qPrintable(text));
+    return *fault;
+}
 
 Options optionsOf(int argc, char** argv)
 {
@@ -48,20 +60,27 @@ Options optionsOf(int argc, char** argv)
     const QCommandLineOption model("model", "In this model.", "MODEL", told(Model::AllKept));
     const QCommandLineOption weaken("weaken", "Takes syncs for not done: \"folders\" or \"all\".", "WHICH");
     const QCommandLineOption folder("folder", "Works there, and leaves the last disk.", "DIR");
+    const QCommandLineOption step("step", "Makes a call fail in this step of them alone.", "N");
+    const QCommandLineOption fault("fault", "With this fault.", "FAULT", told(Fault::Error));
+    const QCommandLineOption call("call", "This call.", "N", "1");
+    const QCommandLineOption lasting("lasting", "And all that follow.");
     const QCommandLineOption reports("reports", "How many failures are told of each workload.", "N", "10");
-    parser.addOptions({points, errors, seed, only, cut, model, weaken, folder, reports});
+    parser.addOptions({points, errors, seed, only, cut, model, weaken, folder, step, fault, call, lasting, reports});
     parser.addPositionalArgument("FILE...", "The workloads: files of scenarios.");
     parser.process(application);
     Options options;
     options.files = parser.positionalArguments();
     options.only = parser.values(only);
     options.points = parser.value(points).toLongLong();
-    options.errors = parser.value(errors).toInt();
+    options.errors = parser.value(errors).toLongLong();
     options.seed = parser.value(seed).toUInt();
     if (parser.isSet(cut)) options.cut = parser.value(cut).toInt();
     options.model = parser.value(model);
     if (parser.value(weaken) == "folders") options.weaken = Weakened::FolderSyncs;
     if (parser.value(weaken) == "all") options.weaken = Weakened::AllSyncs;
+    if (parser.isSet(step))
+        options.failing = {parser.value(step).toInt(),
+                           {parser.value(call).toInt(), faultOf(parser.value(fault)), parser.isSet(lasting)}};
     options.folder = parser.value(folder);
     options.reports = parser.value(reports).toInt();
     return options;
@@ -109,8 +128,8 @@ int record(const Scenario& scenario, const QString& stage)
 
 Point pointOf(const Options& options)
 {
-    const auto* model = std::find_if(std::begin(models), std::end(models),
-                                     [&](Model each) { return told(each) == options.model; });
+    const auto* model =
+        std::find_if(std::begin(models), std::end(models), [&](Model each) { return told(each) == options.model; });
     if (model == std::end(models)) qFatal("there is no model %s", qPrintable(options.model));
     return {options.cut, *model, options.seed};
 }
@@ -144,10 +163,54 @@ int cutPower(const QList<Recording>& recordings, const Options& options, const Q
     return all.failures == 0 ? 0 : 1;
 }
 
+// Each workload in a process of its own, with its share of the failing calls. Their tallies come back by a file.
+int makeCallsFail(const QList<Scenario>& workloads, const QList<Recording>& recordings, const Options& options,
+                  const QString& folder)
+{
+    QTextStream out(stdout);
+    qsizetype whole = 0;
+    for (const Recording& recording : recordings)
+        whole += failingCalls(recording);
+    qsizetype left = options.errors;
+    ErrorTally all;
+    for (qsizetype i = 0; i < recordings.size(); ++i) {
+        const Recording& recording = recordings[i];
+        const qsizetype calls = failingCalls(recording);
+        const qsizetype share = whole > 0 ? left * calls / whole : 0;
+        whole -= calls;
+        left -= share;
+        const QList<Failing> chosen =
+            options.failing.plan.at > 0 ? QList{options.failing} : failingOf(recording, share, options.seed);
+        const QString stage = makeStage(folder, QStringLiteral("failing%1").arg(i + 1));
+        const int status = inProcess([&] {
+            const ErrorTally tally = playFailing(workloads[i], recording, chosen, stage);
+            QFile file(stage + "/tally");
+            if (!file.open(QIODevice::WriteOnly)) return 1;
+            QDataStream(&file) << tally.failing << tally.done << tally.repeated << tally.problems;
+            return 0;
+        });
+        ErrorTally tally;
+        QFile file(stage + "/tally");
+        if (file.open(QIODevice::ReadOnly)) {
+            QDataStream in(&file);
+            in >> tally.failing >> tally.done >> tally.repeated >> tally.problems;
+        }
+        if (status != 0) ++tally.problems;
+        out << (tally.problems == 0 ? "ok " : "not ok ") << recording.title << ": " << tally.failing
+            << " calls failed, " << tally.done << " steps done all the same, " << tally.repeated << " done again, "
+            << tally.problems << " problems" << Qt::endl;
+        all.failing += tally.failing;
+        all.problems += tally.problems;
+    }
+    out << "failing calls: " << all.failing << " calls, " << all.problems << " failures" << Qt::endl;
+    return all.problems == 0 ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    installFailingMemory();
     const Options options = optionsOf(argc, argv);
     const QList<Scenario> workloads = readWorkloads(options.files, options.only);
     QTemporaryDir temporary(placeForDisks());
@@ -166,7 +229,9 @@ int main(int argc, char** argv)
         recordings << weakened(recording, options.weaken);
     }
     int status = 0;
-    if (options.points > 0 || options.cut >= 0)
+    if (options.failing.plan.at == 0 && (options.points > 0 || options.cut >= 0))
         status = inProcess([&] { return cutPower(recordings, options, folder); });
+    if (options.errors > 0 || options.failing.plan.at > 0)
+        status += makeCallsFail(workloads, recordings, options, folder);
     return status == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -24,6 +24,7 @@ Recorder& recorder()
 void Recorder::begin(const QString& folder)
 {
     const QMutexLocker lock(&mutex_);
+    if (recording_now_) return;
     folder_ = QFileInfo(folder).canonicalFilePath();
     recording_.states << snapshotOf(folder_);
     QDirIterator found(folder_, QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden, QDirIterator::Subdirectories);
@@ -46,7 +47,7 @@ void Recorder::end()
     recording_now_ = false;
 }
 
-void Recorder::mark(const QString& step)
+void Recorder::mark(int number, const QString& step, const QStringList& boxes)
 {
     const QMutexLocker lock(&mutex_);
     if (!recording_now_) return;
@@ -54,7 +55,10 @@ void Recorder::mark(const QString& step)
     const bool untouched = recording_.operations.isEmpty() || recording_.operations.last().did == Did::Mark;
     if (const Snapshot now = untouched ? last : snapshotOf(folder_, last); now != last) recording_.states << now;
     add({Did::Mark, -1, step, {}, recording_.marks.size(), {}});
-    recording_.marks << Mark{step, int(recording_.states.size()) - 1};
+    QList<int> calls;
+    for (std::atomic<int>& counted : calls_)
+        calls << counted.exchange(0);
+    recording_.marks << Mark{number, step, int(recording_.states.size()) - 1, boxes, calls};
 }
 
 QString Recorder::relative(const QString& path) const
@@ -144,10 +148,14 @@ void Recorder::syncedFolder(const QString& path)
 
 Fault Recorder::fault(Call call)
 {
-    if (plan_.at == 0 && plan_.fault == Fault::None) return Fault::None;
-    if (!befalls(plan_.fault, call)) return Fault::None;
-    const int number = ++calls_;
-    if (plan_.at == 0 || number < plan_.at || (number > plan_.at && !plan_.lasting)) return Fault::None;
+    if (!recording_now_) return Fault::None;
+    int reached = 0; // by the calls that the fault of the plan can befall
+    for (const Fault fault : faults)
+        if (befalls(fault, call)) {
+            const int now = ++calls_[size_t(fault)];
+            if (fault == plan_.fault) reached = now;
+        }
+    if (plan_.at == 0 || reached < plan_.at || (reached > plan_.at && !plan_.lasting)) return Fault::None;
     fired_ = true;
     return plan_.fault;
 }
@@ -155,6 +163,7 @@ Fault Recorder::fault(Call call)
 void Recorder::plan(const Plan& plan)
 {
     plan_ = plan;
-    calls_ = 0;
+    for (std::atomic<int>& counted : calls_)
+        counted = 0;
     fired_ = false;
 }

@@ -6,18 +6,19 @@
 
 #include <QMutex>
 
+#include <array>
 #include <atomic>
 
 // One for the process. The VFS and the disk below it report to it, from any thread.
 class Recorder
 {
 public:
-    // From here on what is done below `folder`, which is all synced, goes into the recording.
+    // From here on what is done below `folder`, which is all synced, goes into the recording. Once.
     void begin(const QString& folder);
     void end();
 
     // A step is over: what stands in the BDPs is what the user was told.
-    void mark(const QString& step);
+    void mark(int number, const QString& step, const QStringList& boxes);
 
     // What each operation reports; a path that isn't below the folder gets the file -1, which nothing is recorded of.
     int opened(const QString& path); // the file of that name, a new one where it has none yet
@@ -30,10 +31,9 @@ public:
     void madeFolder(const QString& path);
     void syncedFolder(const QString& path);
 
-    // The calls that can fail: each is counted, and the one that the plan names fails.
+    // Every call that can fail asks here: it is counted, and fails where the plan says so.
     Fault fault(Call call);
-    void plan(const Plan& plan); // counts anew
-    int calls() const { return calls_; }
+    void plan(const Plan& plan); // and counts anew
     bool fired() const { return fired_; }
 
     const Recording& recording() const { return recording_; }
@@ -45,14 +45,14 @@ private:
     void add(const Operation& operation);
 
     QMutex mutex_;
-    bool recording_now_ = false;
+    std::atomic<bool> recording_now_ = false;
     QString folder_;
     QMap<QString, int> names_;
     int files_ = 0;
     Recording recording_;
 
     Plan plan_;
-    std::atomic<int> calls_ = 0;
+    std::array<std::atomic<int>, std::size(faults)> calls_{};
     std::atomic<bool> fired_ = false;
 };
 

@@ -19,12 +19,12 @@ static QDataStream& operator>>(QDataStream& in, Operation& operation)
 
 static QDataStream& operator<<(QDataStream& out, const Mark& mark)
 {
-    return out << mark.step << mark.state;
+    return out << mark.number << mark.step << mark.state << mark.boxes << mark.calls;
 }
 
 static QDataStream& operator>>(QDataStream& in, Mark& mark)
 {
-    return in >> mark.step >> mark.state;
+    return in >> mark.number >> mark.step >> mark.state >> mark.boxes >> mark.calls;
 }
 
 void Recording::write(const QString& path) const

@@ -36,8 +36,11 @@ struct Operation
 // The user has been told that a step is over: what stood in the BDPs then stands for good.
 struct Mark
 {
+    int number = 0; // of the step
     QString step;
-    int state = 0; // index into the states
+    int state = 0;     // index into the states
+    QStringList boxes; // what came up in it
+    QList<int> calls;  // how many of them each fault could befall, by the fault
 };
 
 struct Recording

@@ -154,10 +154,10 @@ int characteristics(sqlite3_file* file)
 }
 
 // Of the first version: no shared memory and no mapping, so nothing reaches the file past the record.
-const sqlite3_io_methods methods{1,          closeFile,  readFile,    writeFile,     truncateFile,
-                                 syncFile,   fileSize,   lockFile,    unlockFile,    checkReserved,
-                                 controlFile, sectorSize, characteristics, nullptr,  nullptr,
-                                 nullptr,    nullptr,    nullptr,     nullptr};
+const sqlite3_io_methods methods{1,           closeFile,  readFile,        writeFile,  truncateFile,
+                                 syncFile,    fileSize,   lockFile,        unlockFile, checkReserved,
+                                 controlFile, sectorSize, characteristics, nullptr,    nullptr,
+                                 nullptr,     nullptr,    nullptr,         nullptr};
 
 int openFile(sqlite3_vfs*, sqlite3_filename name, sqlite3_file* file, int flags, int* given)
 {

@@ -9,3 +9,7 @@ const char* realVfsName();
 
 // The program's own work on files, in the same way.
 void installRecordingDisk();
+
+// The engine's memory, which can run out where the recorder plans it.
+// Precondition: the engine hasn't been used yet.
+void installFailingMemory();

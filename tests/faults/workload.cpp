@@ -98,14 +98,19 @@ bool Workload::is(int step, const char* word) const
     return QString(language()[scenario_.steps[step].form].form).section(' ', 0, 0) == QLatin1String(word);
 }
 
-void Workload::play(int number)
+QStringList Workload::play(int number)
 {
     const Step& step = scenario_.steps[number];
     if (is(number, "restart")) fail("a workload is played in one process");
     if (is(number, "start")) recorder().begin(stage_.dir());
     stage_.state.step = number;
+    const qsizetype before = stage_.state.boxes.size();
     Play play(stage_, step);
     language()[step.form].play(play);
     stage_.settle();
-    recorder().mark(told(number));
+    QStringList boxes;
+    for (qsizetype i = before; i < stage_.state.boxes.size(); ++i)
+        boxes << stage_.state.boxes[i].text;
+    recorder().mark(number, told(number), boxes);
+    return boxes;
 }

@@ -35,8 +35,9 @@ public:
     QString told(int step) const;
     bool is(int step, const char* word) const; // the first word of the step
 
-    // The recorder begins before the program starts, and marks the end of each step from there on. Throws Failure.
-    void play(int step);
+    // The recorder begins before the program starts, and marks the end of each step from there on. Returns the texts of
+    // the boxes that came up. Throws Failure.
+    QStringList play(int step);
     Stage& stage() { return stage_; }
 
 private:
