@@ -106,9 +106,9 @@ public:
         if (!fired) return NothingFailed;
 
         const bool done = isIn(after_);
-        if (!done && !isIn(before_)) return problem("what stands there is half: " + halves());
         const bool silent = boxes == mark_.boxes && failure_.isEmpty();
-        if (!done && silent) return problem("it isn't done, and nobody was told");
+        if (!done && silent) return problem("it isn't done, and nobody was told: " + halves());
+        if (!done && !isIn(before_)) return problem("what stands there is half: " + halves());
         for (const QString& box : boxes)
             if (box.startsWith("Ocorreu o erro") && isForeign(box)) return problem("a box isn't Portuguese: " + box);
         if (const QString reason = unusable(); !reason.isEmpty()) return problem(reason);
@@ -139,7 +139,16 @@ private:
         return boxes;
     }
 
-    Snapshot now() const { return snapshotOf(workload_.stage().dir()); }
+    // What was made under a new name before it was told that it can't be finished stays, and doesn't count.
+    Snapshot now() const
+    {
+        Snapshot found = snapshotOf(workload_.stage().dir());
+        if (found != after_)
+            for (const QString& name : found.keys())
+                if (!before_.contains(name)) found.remove(name);
+        return found;
+    }
+
     bool isIn(const Snapshot& state) const { return now() == state; }
 
     QString halves() const
@@ -158,10 +167,11 @@ private:
     {
         if (cnBDP.state() == jet::Connection::Closed) return {};
         try {
-            const jet::Recordset people(cnBDP, "select count(*) as n from individuo");
             cnBDP.beginTrans();
-            cnBDP.execute("insert into infopar (cod, nome) values ('0', 'outra')");
-            cnBDP.execute("delete from infopar where cod = '0'");
+            cnBDP.execute("create table prova (numero long)");
+            cnBDP.execute("insert into prova (numero) values (1)");
+            const jet::Recordset row(cnBDP, "select numero from prova");
+            cnBDP.execute("drop table prova");
             cnBDP.commitTrans();
             return {};
         } catch (const jet::Error& error) {
@@ -216,16 +226,6 @@ void count(ErrorTally& tally, int outcome)
 }
 
 } // namespace
-
-qsizetype failingCalls(const Recording& recording)
-{
-    qsizetype calls = 0;
-    for (qsizetype mark = 0; mark < recording.marks.size(); ++mark)
-        if (writes(recording, mark))
-            for (const int each : recording.marks[mark].calls)
-                calls += each;
-    return calls;
-}
 
 QList<Failing> failingOf(const Recording& recording, qsizetype count, quint32 seed)
 {

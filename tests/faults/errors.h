@@ -20,8 +20,6 @@ struct ErrorTally
     qsizetype problems = 0;
 };
 
-// How many calls could fail at all.
-qsizetype failingCalls(const Recording& recording);
 // `count` of them, drawn by the seed, of each fault as many, by the steps.
 QList<Failing> failingOf(const Recording& recording, qsizetype count, quint32 seed);
 QString told(const Recording& recording, const Failing& failing);

@@ -168,17 +168,10 @@ int makeCallsFail(const QList<Scenario>& workloads, const QList<Recording>& reco
                   const QString& folder)
 {
     QTextStream out(stdout);
-    qsizetype whole = 0;
-    for (const Recording& recording : recordings)
-        whole += failingCalls(recording);
-    qsizetype left = options.errors;
     ErrorTally all;
     for (qsizetype i = 0; i < recordings.size(); ++i) {
         const Recording& recording = recordings[i];
-        const qsizetype calls = failingCalls(recording);
-        const qsizetype share = whole > 0 ? left * calls / whole : 0;
-        whole -= calls;
-        left -= share;
+        const qsizetype share = options.errors * (i + 1) / recordings.size() - options.errors * i / recordings.size();
         const QList<Failing> chosen =
             options.failing.plan.at > 0 ? QList{options.failing} : failingOf(recording, share, options.seed);
         const QString stage = makeStage(folder, QStringLiteral("failing%1").arg(i + 1));

@@ -15,6 +15,22 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace {
+
+// Nothing is painted: nobody looks, and the threads that help in painting wouldn't be there any more in a process that
+// has forked.
+class NoPainting : public QObject
+{
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        return event->type() == QEvent::Paint || event->type() == QEvent::UpdateRequest ||
+               event->type() == QEvent::Expose;
+    }
+};
+
+} // namespace
+
 QList<Scenario> readWorkloads(const QStringList& files, const QStringList& only)
 {
     QList<Scenario> workloads;
@@ -66,6 +82,8 @@ void runInApplication(const std::function<int()>& work)
     static char* arguments[] = {name, nullptr};
     Application::setAttribute(Qt::AA_DontUseNativeDialogs);
     const Application application(arguments);
+    NoPainting noPainting;
+    QCoreApplication::instance()->installEventFilter(&noPainting);
     QTimer::singleShot(0, [&work] {
         int status = 2;
         try {
