@@ -15,7 +15,7 @@ bool AbreBDP(const QString& caminho)
         Hourglass ampulheta;
         StrLigacao = connectionString(caminho);
         cnBDP.close();
-        cnBDP.open(StrLigacao);
+        cnBDP.open(StrLigacao, jet::Connection::Sharing::Alone);
         aberta = true;
         ActualizaEstrutura();
     });

@@ -6,9 +6,6 @@
 #include "store/dataFile.h"
 #include "store/modBD.h"
 
-#include <QFileInfo>
-#include <QTemporaryDir>
-
 #include <array>
 #include <memory>
 
@@ -100,28 +97,27 @@ void guardandoTudo(jet::Connection& bdp, Load&& load)
     bdp.commitTrans();
 }
 
-} // namespace
-
-void EscreveBDP(const QString& caminho)
+// What was made before an error is kept in the file.
+void encheBDP(const QString& ficheiro)
 {
-    jet::createDatabase(caminho);
     jet::Connection bdp;
-    bdp.open(connectionString(caminho));
+    bdp.open(connectionString(ficheiro));
     guardandoTudo(bdp, [&] {
         CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
         CarregaDadosIniciais(bdp);
     });
 }
 
+} // namespace
+
+void EscreveBDP(const QString& caminho)
+{
+    jet::createDatabase(caminho, encheBDP);
+}
+
 void SubstituiBDP(const QString& caminho)
 {
-    const QTemporaryDir pasta(caminho + ".XXXXXX");
-    if (!pasta.isValid())
-        throw jet::Error{jet::number::permissionDenied,
-                         "Não foi possível criar a nova BDP ao lado de \"" + caminho + "\"."};
-    const QString nova = pasta.filePath(QFileInfo(caminho).fileName());
-    EscreveBDP(nova);
-    jet::replaceDatabase(nova, caminho);
+    jet::replaceDatabase(caminho, encheBDP);
 }
 
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)

@@ -1,5 +1,6 @@
 #include "platform/jet/connection.h"
 
+#include "platform/jet/copy.h"
 #include "platform/jet/database.h"
 #include "platform/jet/dialect.h"
 #include "platform/jet/errors.h"
@@ -47,18 +48,20 @@ Connection::~Connection()
     close();
 }
 
-void Connection::open(const QString& connectionString)
+void Connection::open(const QString& connectionString, Sharing sharing)
 {
     if (database_->handle) throw Error{number::alreadyOpen, QStringLiteral("A ligação já está aberta.")};
     const QString path = pathOf(connectionString);
     requireWritableFile(path);
-    database_->handle = openEngine(path, Access::ReadWrite);
-    database_->path = path;
-    ++database_->opened;
+    if (sharing == Sharing::Alone) requireUnused(path, database_->claim);
     try {
+        database_->handle = openEngine(path, Access::ReadWrite);
+        database_->path = path;
+        ++database_->opened;
         installFunctions(database_->handle);
-        // One file at rest, on the disk with each commit; and the header read now, not at the first statement.
-        database_->run("pragma journal_mode = delete; pragma synchronous = full; select count(*) from sqlite_master");
+        // One file at rest, on the disk with each commit, which is one once the journal's name is gone from the disk;
+        // and the header read now, not at the first statement.
+        database_->run("pragma journal_mode = delete; pragma synchronous = extra; select count(*) from sqlite_master");
         requireWhole(database_->handle, path);
     } catch (...) {
         close();
@@ -159,7 +162,24 @@ void Connection::copyTo(const QString& path) const
 {
     database_->requireOpen();
     database_->dropAbandoned(); // it may lock the file
-    copyDatabase(database_->path, path);
+    copyDatabase(database_->handle, database_->path, path);
+}
+
+bool Connection::hasMoved() const
+{
+    database_->requireOpen();
+    return jet::hasMoved(database_->handle);
+}
+
+bool Connection::copyPages(const QString& draft, const QString& target, std::chrono::milliseconds time) const
+{
+    database_->requireOpen();
+    return jet::copyPages(database_->handle, draft, database_->path, target, time);
+}
+
+void Connection::setWatch(Watch watch)
+{
+    database_->watch = std::move(watch);
 }
 
 sqlite3* Connection::handle() const

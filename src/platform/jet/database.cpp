@@ -12,13 +12,20 @@ namespace jet {
 
 void Database::close()
 {
-    if (!handle) return;
+    if (!handle) return claim.release();
+    if (watch.beforeClose) watch.beforeClose();
     while (!statements.empty())
         (*statements.begin())->finalize();
     sqlite3_close(std::exchange(handle, nullptr)); // rolls back
+    claim.release();                               // its end takes the engine's locks along
     path.clear();
     level = 0;
     abandoned = 0;
+}
+
+void Database::beforeWrite()
+{
+    if (watch.beforeWrite && sqlite3_txn_state(handle, "main") != SQLITE_TXN_WRITE) watch.beforeWrite();
 }
 
 void Database::requireOpen()

@@ -1,6 +1,9 @@
 // The open file behind a Connection, shared with the recordsets and statements that read it.
 #pragma once
 
+#include "platform/jet/claim.h"
+#include "platform/jet/connection.h"
+
 #include <QString>
 
 #include <set>
@@ -20,6 +23,8 @@ struct Database
 
     sqlite3* handle = nullptr; // null: closed
     QString path;
+    Claim claim;
+    Connection::Watch watch;
     bool executing = false;
     int opened = 0; // grows with each open: what was made before belongs to another file
 
@@ -29,6 +34,7 @@ struct Database
     std::set<Statement*> statements; // prepared and not yet finalised
 
     void close();       // rolls back and finalises
+    void beforeWrite(); // of a statement
     void requireOpen(); // Error 3709
 
     // Runs engine SQL of our own, of which nothing but the success is of interest. Throws Error.

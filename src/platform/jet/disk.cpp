@@ -145,11 +145,24 @@ QString temporaryName(const QString& target)
     return name;
 }
 
+namespace {
+const QRegularExpression& temporaryPattern()
+{
+    static const QRegularExpression pattern(QStringLiteral("^(.+)\\.orvtmp-[a-z0-9]{6}(-journal|-wal|-shm)?\\z"),
+                                            QRegularExpression::DotMatchesEverythingOption);
+    return pattern;
+}
+} // namespace
+
 bool isTemporaryName(const QString& name)
 {
-    static const QRegularExpression pattern(QStringLiteral("^.+\\.orvtmp-[a-z0-9]{6}(-journal|-wal|-shm)?\\z"),
-                                            QRegularExpression::DotMatchesEverythingOption);
-    return pattern.match(name).hasMatch();
+    return temporaryPattern().match(name).hasMatch();
+}
+
+QString targetOf(const QString& path)
+{
+    const auto match = temporaryPattern().match(path);
+    return match.hasMatch() ? match.captured(1) : path;
 }
 
 QString makeTemporary(const QString& target, std::error_code& error)

@@ -47,6 +47,7 @@ QString folderOf(const QString& path);
 // The names under which a file is made that isn't whole yet: beside its target, whose name they begin with.
 QString temporaryName(const QString& target); // another one each time
 bool isTemporaryName(const QString& name);    // also of what the engine leaves beside such a file
+QString targetOf(const QString& path);        // the name that such a file is to have; of another, its own
 
 // Makes an empty file under such a name, on the disk of the target. Null where none can be made; `error` then tells.
 QString makeTemporary(const QString& target, std::error_code& error);

@@ -1,6 +1,7 @@
 #include "platform/jet/errors.h"
 
 #include "platform/jet/columns.h"
+#include "platform/jet/disk.h"
 
 #include <QRegularExpression>
 
@@ -119,10 +120,17 @@ std::optional<Error> readMarked(const QString& message)
 
 } // namespace
 
-Error engineError(sqlite3* database, int code, const QString& file)
+Error engineError(sqlite3* database, int code, const QString& path)
 {
+    const QString file = targetOf(path); // the name that the user gave
     const QString message = QString::fromUtf8(database ? sqlite3_errmsg(database) : sqlite3_errstr(code));
     if (const auto own = readMarked(message)) return *own;
+    if (code == SQLITE_READONLY_DBMOVED)
+        return {number::engineFailure,
+                QStringLiteral("O ficheiro \"%1\" já não é a BDP que está aberta: foi mudado de lugar, eliminado ou "
+                               "substituído por outro. Nada mais pode ser escrito nela; faça uma cópia de segurança e "
+                               "continue a trabalhar na cópia.")
+                    .arg(file)};
     switch (code & 0xff) {
     case SQLITE_ERROR:
         return {number::invalidStatement, statementDescription(message, file)};

@@ -1,15 +1,14 @@
 #include "platform/jet/files.h"
 
+#include "platform/jet/claim.h"
 #include "platform/jet/connection.h"
 #include "platform/jet/disk.h"
+#include "platform/jet/draft.h"
 #include "platform/jet/errors.h"
 
 #include <QFileInfo>
-#include <QScopeGuard>
 
 #include <sqlite3.h>
-
-#include <memory>
 
 namespace jet {
 
@@ -50,20 +49,13 @@ void requireWritableFolderOf(const QString& path)
 #endif
 }
 
-struct CloseEngine
-{
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
-};
-using Engine = std::unique_ptr<sqlite3, CloseEngine>;
-
 void run(const Engine& engine, const char* sql, const QString& path)
 {
     const int code = sqlite3_exec(engine.get(), sql, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) throw engineError(engine.get(), code, path);
 }
 
-// Throws engineFailure where another program is at work on the file, which is to be replaced. What is no database is
-// in nobody's hands.
+// Whether another program holds the file by the engine's own locks. What is no database is in nobody's hands.
 void requireUnlocked(const QString& path)
 {
     const Engine engine(openEngine(path, Access::ReadWrite));
@@ -71,32 +63,34 @@ void requireUnlocked(const QString& path)
     if ((code & 0xff) == SQLITE_BUSY) throw engineError(engine.get(), code, path);
 }
 
-// Of a copy: whether it is the new file that failed.
-bool failedInWriting(int code)
+void writeHeader(const QString& path)
 {
-    const bool reading = code == SQLITE_IOERR_READ || code == SQLITE_IOERR_SHORT_READ;
-    return (code & 0xff) == SQLITE_FULL || ((code & 0xff) == SQLITE_IOERR && !reading);
+    const Engine engine(openEngine(path, Access::ReadWrite));
+    run(engine, "pragma synchronous = off; pragma user_version = 0", path);
 }
 
-// What the engine may leave beside a file when its program is killed. It is gone for good before another file takes
-// the name: the engine would play it back into that one.
-void removeCompanions(const QString& path)
+// Another file may have the name that a place holder makes of it.
+void requireReadableName(const QString& path)
 {
-    bool removed = false;
-    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
-        const QString companion = path + QLatin1String(suffix);
-        std::error_code ignored;
-        if (!fs::exists(fs::symlink_status(nativePath(companion), ignored))) continue;
-        disk().remove(companion);
-        removed = true;
-    }
-    if (removed) disk().syncFolder(folderOf(path));
+    if (path.isValidUtf16() && !path.contains(QChar::ReplacementCharacter) && !path.contains(QChar::Null)) return;
+    throw Error{
+        number::pathNotFound,
+        QStringLiteral("O nome \"%1\" tem caracteres que o programa não sabe ler. Mude o nome do ficheiro, ou o "
+                       "da pasta onde ele está, e tente de novo.")
+            .arg(QString(path).remove(QChar::Null))};
+}
+
+void claimReplaceable(const QString& path, Claim& claim)
+{
+    requireWritableFile(path);
+    requireTarget(path, claim);
 }
 
 } // namespace
 
 void requireWritableFile(const QString& path)
 {
+    requireReadableName(path);
     std::error_code ignored;
     const fs::file_status status = fs::status(nativePath(path), ignored);
     if (!fs::exists(status)) {
@@ -147,65 +141,63 @@ void requireWhole(sqlite3* database, const QString& path)
         throw engineError(nullptr, SQLITE_CORRUPT, path);
 }
 
-void createDatabase(const QString& path)
+void requireUnused(const QString& path, Claim& claim)
 {
+    if (claim.take(path) == Claim::Outcome::Held)
+        throw Error{number::engineFailure,
+                    QStringLiteral("O ficheiro \"%1\" já está aberto noutro programa, ou noutra janela do ORV. Feche-o "
+                                   "lá primeiro.")
+                        .arg(path)};
+}
+
+void requireTarget(const QString& path, Claim& claim)
+{
+    requireReadableName(path);
+    requireWritableFolderOf(path);
+    std::error_code ignored;
+    const fs::file_status status = fs::status(nativePath(path), ignored);
+    if (!fs::exists(status)) return;
+    if (!fs::is_regular_file(status) || !isWritable(status)) throw denied(path);
+    requireUnused(path, claim);
+    requireUnlocked(path);
+}
+
+void createDatabase(const QString& path, const Fill& fill)
+{
+    requireReadableName(path);
     std::error_code ignored;
     if (fs::exists(fs::symlink_status(nativePath(path), ignored)))
         throw Error{number::fileExists, QStringLiteral("O ficheiro \"%1\" já existe.").arg(path)};
     requireWritableFolderOf(path);
-    removeCompanions(path);
-    const Engine engine(openEngine(path, Access::Create));
-    // Writes the header. Nothing can be lost with it yet: a file that a power cut leaves empty is a database too.
-    run(engine, "pragma synchronous = off; pragma user_version = 0", path);
+    Draft draft(path);
+    writeHeader(draft.path());
+    try {
+        if (fill) fill(draft.path());
+    } catch (const Error&) {
+        try {
+            draft.place();
+        } catch (const Error&) { // the first failure, such as a full disk, says more
+        }
+        throw;
+    }
+    draft.place();
 }
 
 void requireReplaceable(const QString& path)
 {
-    requireWritableFile(path);
-    requireWritableFolderOf(path);
-    requireUnlocked(path);
+    Claim claim;
+    claimReplaceable(path, claim);
 }
 
-void replaceDatabase(const QString& made, const QString& path)
+void replaceDatabase(const QString& path, const Fill& fill)
 {
     requireReplaceable(path);
-    removeCompanions(path);
-    if (disk().replace(made, path)) throw denied(path);
-    disk().syncFolder(folderOf(path));
-}
-
-void copyDatabase(const QString& source, const QString& target)
-{
-    const fs::path to = nativePath(target);
-    std::error_code error;
-    if (fs::equivalent(nativePath(source), to, error))
-        throw Error{number::permissionDenied,
-                    QStringLiteral("\"%1\" é a BDP aberta: não pode ser copiada sobre si própria.").arg(target)};
-    requireWritableFolderOf(target);
-    const fs::file_status status = fs::status(to, error);
-    if (fs::exists(status)) {
-        if (!fs::is_regular_file(status) || !isWritable(status)) throw denied(target);
-        requireUnlocked(target);
-    }
-
-    const QString made = makeTemporary(target, error);
-    if (error) throw denied(target);
-    auto removeMade = qScopeGuard([&] { disk().remove(made); });
-    {
-        const Engine from(openEngine(source, Access::ReadOnly));
-        const Engine copy(openEngine(made, Access::ReadWrite));
-        run(copy, "pragma journal_mode = off; pragma synchronous = full", target);
-        sqlite3_backup* backup = sqlite3_backup_init(copy.get(), "main", from.get(), "main");
-        if (backup) sqlite3_backup_step(backup, -1);
-        const int code = backup ? sqlite3_backup_finish(backup) : sqlite3_extended_errcode(copy.get());
-        if (code != SQLITE_OK) throw engineError(copy.get(), code, failedInWriting(code) ? target : source);
-    }
-    fs::permissions(nativePath(made), fs::status(nativePath(source)).permissions(), error);
-    if (disk().syncFile(made)) throw denied(target);
-    removeCompanions(target);
-    if (disk().replace(made, target)) throw denied(target);
-    removeMade.dismiss();
-    disk().syncFolder(folderOf(target));
+    Draft draft(path);
+    writeHeader(draft.path());
+    fill(draft.path());
+    Claim claim;
+    claimReplaceable(path, claim);
+    draft.replace();
 }
 
 } // namespace jet

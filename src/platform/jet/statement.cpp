@@ -89,6 +89,7 @@ void Statement::bindAll(const QVariantList& values)
 bool Statement::step()
 {
     if (!handle_) throw connectionClosed();
+    if (!sqlite3_stmt_readonly(handle_)) database_->beforeWrite();
     const int code = sqlite3_step(handle_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;

@@ -31,6 +31,13 @@ private:
     sqlite3* database_ = nullptr;
 };
 
+void fillWithOneTable(const QString& file)
+{
+    Connection bdp;
+    bdp.open(file);
+    bdp.execute(QStringLiteral("create table nova (a long)"));
+}
+
 } // namespace
 
 class FilesOfBdps : public TestBdp
@@ -140,14 +147,12 @@ TEST_F(FilesOfBdps, AreReplacedWithoutWhatLiesBesideThem)
     bdp.close();
     for (const char* suffix : {"-journal", "-wal", "-shm"})
         makeFile((std::string("a.orv") + suffix).c_str(), "x");
-    const QString made = path(QStringLiteral("new.orv"));
-    createDatabase(made);
-    const QByteArray content = contentOf(made);
-    replaceDatabase(made, path());
-    EXPECT_EQ(contentOf(path()), content);
+    replaceDatabase(path(), fillWithOneTable);
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList(QStringLiteral("a.orv")));
-    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), made); }), number::fileNotFound);
-    EXPECT_EQ(contentOf(path()), content);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(path(QStringLiteral("new.orv")), fillWithOneTable); }),
+              number::fileNotFound);
+    bdp.open(path());
+    EXPECT_EQ(bdp.tables(), QStringList(QStringLiteral("nova")));
 }
 
 TEST_F(FilesOfBdps, AreCopiedWithTheirCommittedState)
@@ -202,23 +207,22 @@ TEST_F(FilesOfBdps, LeaveTheTargetAsItWasWhereTheyCannotBeCopied)
 TEST_F(FilesOfBdps, StayWhereTheyCannotBeReplaced)
 {
     bdp.close();
-    const QString made = makeFile("new.orv", "new");
     const QByteArray before = contentOf(path());
     QFile::setPermissions(path(), QFile::ReadOwner);
-    EXPECT_EQ(numberOf([&] { replaceDatabase(made, path()); }), number::permissionDenied);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), fillWithOneTable); }), number::permissionDenied);
     QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner);
     {
         const OtherProgram other(path());
-        const Error error = errorOf([&] { replaceDatabase(made, path()); });
+        const Error error = errorOf([&] { replaceDatabase(path(), fillWithOneTable); });
         EXPECT_EQ(error.number, number::engineFailure);
         EXPECT_TRUE(error.description.contains(path()));
     }
     const QString inner = path(QStringLiteral("pasta"));
     ASSERT_TRUE(QDir().mkdir(inner));
-    EXPECT_EQ(numberOf([&] { replaceDatabase(made, inner); }), number::engineFailure);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(inner, fillWithOneTable); }), number::engineFailure);
     EXPECT_TRUE(QFileInfo(inner).isDir());
     EXPECT_EQ(contentOf(path()), before);
-    EXPECT_EQ(contentOf(made), "new");
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList(QStringLiteral("a.orv")));
 }
 
 TEST_F(FilesOfBdps, AreNeitherOpenedNorMadeNorReplacedNorCopiedInAFolderThatNobodyMayWrite)
@@ -230,7 +234,7 @@ TEST_F(FilesOfBdps, AreNeitherOpenedNorMadeNorReplacedNorCopiedInAFolderThatNobo
     EXPECT_EQ(numberOf([&] { createDatabase(inner + QStringLiteral("/new.orv")); }), number::permissionDenied);
     EXPECT_EQ(numberOf([&] { bdp.copyTo(inner + QStringLiteral("/new.orv")); }), number::permissionDenied);
     EXPECT_EQ(numberOf([&] { bdp.copyTo(old); }), number::permissionDenied);
-    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), old); }), number::permissionDenied);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(old, fillWithOneTable); }), number::permissionDenied);
     EXPECT_EQ(refusalOf(old).number, number::permissionDenied);
     const QString link = path(QStringLiteral("link.orv"));
     ASSERT_TRUE(QFile::link(old, link));
