@@ -136,9 +136,6 @@ private:
     void confirmaAlteracao() override;
     void cancelaAlteracao() override;
     void elimina() override;
-    bool temObrigatorios();
-    void verificaNumeros() const;
-    bool membrosPresentes();
     void insereFamilia();
     void insereMembro(const Metade& membro);
     void alteraFamilia();
@@ -147,6 +144,13 @@ private:
     void reescreveMembros();
     void reescreveMembro(int indice, Membros& guardados, bool noLugar);
     bool mantemNumCasam(int indice) const;
+
+    // frmFam_checks.cpp: before a family is written
+    bool temObrigatorios();
+    void verificaNumeros() const;
+    bool membrosPresentes();
+    bool conjugesExistem();
+    bool datasValidas();
 
     // frmFam_people.cpp: the two members, and what follows from their dates
     void txtNind_Change(int indice);
@@ -173,6 +177,7 @@ private:
 
     Metade metades_[2];
     MetadeAberta abertas_[2];
+    QString inicioAberto_, fimAberto_; // what mskini and mskFim showed then
     // Where a search that is cancelled comes back to; in an insert, the number proposed. Kept: it outlives the card,
     // and a search cancelled first thing in another BDP goes to the family with the number of the last.
     inline static Nfam NfamCorrente;

@@ -1,6 +1,7 @@
 // What goes with a family. Its people stay.
 #include "families/frmFam.h"
 
+#include "common/instrucao.h"
 #include "common/numeros.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
@@ -13,7 +14,7 @@ void FrmFam::elimina()
 void FrmFam::eliminaFamilia()
 {
     poeFicheiroNaFicha();
-    const QString n = textoDoNumero(adoFam.recordset()["nfamilia"]);
+    const QString n = chaveEmSQL(adoFam.recordset()["nfamilia"]);
     jet::Transaction transaccao(cnBDP);
     cnBDP.execute("update individuo set famorig = null where famorig = " + n);
     cnBDP.execute("delete from residencia where tiporesid = 'f' and numero = " + n);

@@ -2,6 +2,7 @@
 #include "individuals/frmInd.h"
 
 #include "common/dono.h"
+#include "common/instrucao.h"
 #include "common/numeros.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
@@ -51,13 +52,13 @@ void FrmInd::elimina()
 void FrmInd::eliminaIndividuo()
 {
     poeListaNoNumero(txtNind->text()); // the list may be elsewhere, as at the start of an alteration
-    const QString n = textoDoNumero(adoInd.recordset()["Nind"]);
+    const QString n = chaveEmSQL(adoInd.recordset()["Nind"]);
     jet::Transaction transaccao(cnBDP);
     eliminaReferencias(n);
     QStringList desfeitas;
     for (jet::Recordset familias(cnBDP, "select nfamilia from familias where nind = " + n); !familias.eof();
          familias.moveNext())
-        if (const QString f = textoDoNumero(familias["nfamilia"]); desfazFamilia(f)) desfeitas << f;
+        if (const QString f = chaveEmSQL(familias["nfamilia"]); desfazFamilia(f)) desfeitas << f;
     transaccao.commit();
     for (const QString& f : std::as_const(desfeitas))
         JanelaDoDono::fechaAsDe(TipoDeDono::Familia, f);

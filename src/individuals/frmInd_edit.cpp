@@ -3,6 +3,7 @@
 
 #include "common/campos.h"
 #include "common/datas.h"
+#include "common/instrucao.h"
 #include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -168,7 +169,7 @@ bool FrmInd::temObrigatorios(const QString& accao)
 void FrmInd::poeListaNoNumero(const QString& nind)
 {
     adoInd.recordset().moveFirst();
-    adoInd.recordset().find("nind = " + nind);
+    adoInd.recordset().find("nind = " + chaveEmSQL(nind));
 }
 
 QString FrmInd::sexo() const

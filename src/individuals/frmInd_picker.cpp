@@ -2,6 +2,7 @@
 #include "individuals/frmInd.h"
 
 #include "common/dono.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/text.h"
 #include "families/frmFam.h"
@@ -37,7 +38,7 @@ void FrmInd::atendeActo(const std::optional<QString>& primeiro)
     display();
     if (primeiro) {
         if (!primeiro->isEmpty()) NindCorrente = Nind::doCampo(*primeiro);
-        procuraRegisto(primeiro->isEmpty() ? QString() : "nind = " + *primeiro);
+        procuraRegisto(primeiro->isEmpty() ? QString() : "nind = " + chaveEmSQL(*primeiro));
     }
     cmdAtribuir->setEnabled(modo() == Modo::Cons); // an edit or a search there has to end first
 }
@@ -74,7 +75,7 @@ void FrmInd::voltaDoBaptismo(const QString& nind)
     if (!insere(nind)) NindCorrente = Nind::doCampo(nind); // an insert that is given up goes back to who was shown
     display();
     cmdAtribuir->setEnabled(false);
-    procuraRegisto("nind = " + nind);
+    procuraRegisto("nind = " + chaveEmSQL(nind));
 }
 
 void FrmInd::vaiAoPrincipio()
@@ -134,7 +135,8 @@ void FrmInd::cmdTest_Click()
 void FrmInd::atribuiTestamenteiro()
 {
     if (!Trim(numero()).isEmpty())
-        cnBDP.execute("update individuo set testamenteiro = " + numero() + " where nind = " + testador.texto());
+        cnBDP.execute("update individuo set testamenteiro = " + chaveEmSQL(numero()) +
+                      " where nind = " + testador.paraSQL());
     abreAlteracaoDe(testador.texto());
 }
 

@@ -1,5 +1,6 @@
 #include "places/editorComCodigo.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/text.h"
 
@@ -24,7 +25,7 @@ void EditorComCodigo::preencheSuperiores(jet::Recordset& linhas)
 void EditorComCodigo::superiores_Click()
 {
     guarded([&] {
-        registos_->recordset().setFilter(QString("%1='%2'").arg(nivel().superior, superior()));
+        registos_->recordset().setFilter(QString(nivel().superior) + "=" + citado(superior()));
         mostraRegistos();
     });
 }
@@ -47,7 +48,7 @@ QString EditorComCodigo::codigoAGravar() const
 bool EditorComCodigo::VerificaCampos(Passo passo)
 {
     if (passo == Passo::Insercao) {
-        if (Trim(txtCod_->text()).isEmpty()) return recusaComTexto(codigo_.emFalta, txtCod_);
+        if (Trim(semPlica(txtCod_->text())).isEmpty()) return recusaComTexto(codigo_.emFalta, txtCod_);
         if (!jet::Recordset(cnBDP, instrucaoDoCodigo(codigoAGravar())).eof())
             return recusaComTexto(codigo_.repetido, txtCod_);
     }

@@ -1,6 +1,7 @@
 #include "places/editorDeLocais.h"
 
 #include "common/campos.h"
+#include "common/instrucao.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -106,7 +107,7 @@ void EditorDeLocais::mostraRegistos(const QString& codigo)
     jet::Recordset& linhas = registos_->recordset();
     if (registos_->hasRows()) {
         linhas.moveFirst();
-        if (!codigo.isEmpty()) linhas.find(QString("%1 ='%2'").arg(nivel().codigo, QString(codigo).replace("'", "''")));
+        if (!codigo.isEmpty()) linhas.find(QString(nivel().codigo) + " =" + citado(codigo));
         grelha_->setRow(std::max(linhas.absolutePosition(), 1));
     }
     mostraLinha();

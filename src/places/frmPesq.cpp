@@ -1,5 +1,6 @@
 #include "places/frmPesq.h"
 
+#include "common/instrucao.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "places/frmLocalizacao.h"
@@ -23,8 +24,8 @@ enum Coluna
 // Kept: the text goes into the statement as it was typed, so that a quote breaks it.
 QString instrucaoDaProcura(const DadosDoNivel& nivel, const QString& texto)
 {
-    return QString("select %1, %2 from %3 where %2 like '%").arg(nivel.codigo, nivel.nome, nivel.tabela) + texto +
-           QString("%' order by ") + nivel.nome;
+    return QString("select %1, %2 from %3 where %2 like ").arg(nivel.codigo, nivel.nome, nivel.tabela) +
+           digitado("%" + texto + "%") + " order by " + nivel.nome;
 }
 
 // The names of the places above one, the nearest first: "Miranda do Corvo, Coimbra". Of a district it isn't asked: all

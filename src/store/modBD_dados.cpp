@@ -1,5 +1,7 @@
 // The reference data: how the files of the program's folder become rows.
+#include "common/instrucao.h"
 #include "common/modGeral.h"
+#include "common/numeros.h"
 #include "common/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
@@ -54,7 +56,7 @@ void separa(const QByteArray& line, QList<QByteArray>& values)
 
 // Loads a file whose first line names the columns and whose others are rows, all with ";" between the values. The
 // values are texts, with no escaping of any kind: the engine converts them. A line that doesn't fit the header, or
-// holds an apostrophe, is sent to the engine as a whole statement, so that the failure is the engine's own.
+// holds an apostrophe, ends in the error that its whole statement has in the engine.
 void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
 {
     DataFile dados = DataFile::inProgramFolder(destino.ficheiro);
@@ -72,7 +74,7 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
             if (insercao && valores.size() == colunas && !linha.contains('\''))
                 insercao->run(valores);
             else
-                bdp.execute(inicio + QString::fromUtf8(linha).replace(';', "','") + "')");
+                bdp.execute(inicio + semPlica(QString::fromUtf8(linha)).replace(';', "','") + "')");
         } catch (const jet::Error& erro) {
             throw dados.located(erro);
         }
@@ -180,8 +182,8 @@ void ActualizaProfissoes()
             if (comprimento < 0) return;
             const QString profissao = Mid(linha, int(codprof.size()) + 2, comprimento);
             const QString obs = Mid(linha, int(codprof.size() + profissao.size()) + 4);
-            cnBDP.execute("Insert into profissao (codprof, profissao, obs) values (" + codprof + ", '" + profissao +
-                          "','" + obs + "')");
+            cnBDP.execute("Insert into profissao (codprof, profissao, obs) values (" + numeroEmSQL(codprof) + ", " +
+                          digitado(profissao) + "," + digitado(obs) + ")");
         }
         cnBDP.commitTrans();
     } catch (const jet::Error&) {
@@ -204,8 +206,8 @@ void ActualizaCategorias()
             throw dados.located({jet::number::invalidCall, "Falta o \";\" entre o código e a descrição."});
         const QString codigo = Mid(resto, 1, separador - 1);
         const QString descricao = Mid(resto, separador + 1);
-        cnBDP.execute("Insert into infocomplementar(categoria,codigo,descricao) values ('" + categoria + "', '" +
-                      codigo + "','" + descricao + "')");
+        cnBDP.execute("Insert into infocomplementar(categoria,codigo,descricao) values (" + digitado(categoria) + ", " +
+                      digitado(codigo) + "," + digitado(descricao) + ")");
     }
     cnBDP.commitTrans();
 }

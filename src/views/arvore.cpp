@@ -1,5 +1,6 @@
 #include "views/arvore.h"
 
+#include "common/instrucao.h"
 #include "common/numeros.h"
 #include "store/session.h"
 
@@ -14,7 +15,7 @@ QString membros(const QString& familia)
            "individuo.inicioobs, individuo.fimobs, individuo.famorig  FROM individuo INNER JOIN (familia INNER JOIN "
            "familias ON  familia.nfamilia = familias.nfamilia) ON individuo.nind = familias.nind WHERE "
            "familias.nfamilia = " +
-           familia + " order by individuo.sexo desc";
+           chaveEmSQL(familia) + " order by individuo.sexo desc";
 }
 
 // The whole text also where the node is wider than the tree.

@@ -1,5 +1,6 @@
 #include "views/frmRP.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -26,8 +27,9 @@ constexpr FrmRP::Registo registos[] = {
 jet::Recordset linhaDe(const Dono& dono, const FrmRP::Registo& registo)
 {
     const QString chave = dono.familia() ? "nfamilia" : "nind";
-    return {cnBDP, QStringLiteral("select %1, %2 from %3 where %1 = %4")
-                       .arg(chave, registo.coluna, dono.familia() ? "familia" : "individuo", dono.numero)};
+    return {cnBDP, QString("select %1, %2 from %3 where %1 = ")
+                           .arg(chave, registo.coluna, dono.familia() ? "familia" : "individuo") +
+                       chaveEmSQL(dono.numero)};
 }
 
 } // namespace
