@@ -38,6 +38,7 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
         ui->mnuEditInd->setEnabled(enabled);
         ui->mnuEditFam->setEnabled(enabled);
         ui->mnuManut->setEnabled(enabled);
+        ui->mnuRepor->setEnabled(enabled);
     });
 }
 
@@ -66,6 +67,7 @@ void FrmORV::connectMenus()
     on(ui->mnuProf, &FrmORV::mnuProf_Click);
     on(ui->mnuCategorias, &FrmORV::mnuCategorias_Click);
     on(ui->mnuRelInd, &FrmORV::mnuRelInd_Click);
+    on(ui->mnuRepor, &FrmORV::mnuRepor_Click);
     on(ui->mnuComo, &FrmORV::mnuComo_Click);
     on(ui->mnuTut, &FrmORV::mnuTut_Click);
     on(ui->mnuAcerca, &FrmORV::mnuAcerca_Click);
@@ -220,6 +222,15 @@ void FrmORV::mnuRelInd_Click()
 {
     guarded([&] {
         if (Forms::loaded().last()->objectName() == FrmInd::Name) FichaIndividual(*frmInd().dono().registo);
+    });
+}
+
+// One that is open is loaded anew, as more may have been deleted since.
+void FrmORV::mnuRepor_Click()
+{
+    guarded([&] {
+        if (Form* aberta = Forms::find("frmRepor")) aberta->unload();
+        Forms::show("frmRepor");
     });
 }
 

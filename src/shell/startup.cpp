@@ -36,6 +36,7 @@
 #include "store/frmBack.h"
 #include "store/frmIni.h"
 #include "store/session.h"
+#include "study/windows/frmRepor.h"
 #include "views/frmArv.h"
 #include "views/frmResult.h"
 #include "views/frmRP.h"
@@ -102,6 +103,7 @@ void registerForms()
     Forms::add("frmArv", [] { return new FrmArv; });
     Forms::add("frmProfissao", [] { return new FrmProfissao; });
     Forms::add("frmInfo", [] { return new FrmInfo; });
+    Forms::add("frmRepor", [] { return new FrmRepor; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });
 }

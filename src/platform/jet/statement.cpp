@@ -68,6 +68,11 @@ void Statement::bind(int parameter, const QVariant& value)
         code = sqlite3_bind_text(handle_, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
         break;
     }
+    case QMetaType::QByteArray: {
+        const QByteArray bytes = value.toByteArray();
+        code = sqlite3_bind_blob(handle_, parameter, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
+        break;
+    }
     default:
         throw Error{number::typeMismatch, QStringLiteral("Um valor do tipo \"%1\" não pode ir numa instrução.")
                                               .arg(QString::fromLatin1(value.typeName()))};

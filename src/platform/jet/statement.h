@@ -24,7 +24,8 @@ public:
     explicit operator bool() const { return handle_; }
     sqlite3_stmt* handle() const { return handle_; }
 
-    // A value as NativeSql takes them; parameters count from 1. Throws Error (typeMismatch) for any other.
+    // A value as NativeSql takes them, or a QByteArray, which is a blob; parameters count from 1. Throws Error
+    // (typeMismatch) for any other.
     void bind(int parameter, const QVariant& value);
     // Precondition: one value for each parameter; Error (invalidStatement) otherwise.
     void bindAll(const QVariantList& values);
