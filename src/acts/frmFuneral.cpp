@@ -14,6 +14,7 @@
 #include "common/pesquisa.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
+#include "platform/jet/transaction.h"
 
 namespace {
 
@@ -120,7 +121,7 @@ void FrmFuneral::cmdE_Click()
     guarded([&] {
         if (comandos_.passo() == Passo::Alteracao) {
             if (!donoGuardado() || !escolhidoExiste(txtNindP, textoDoNumero(guardado()["primpadreobito"]))) return;
-            grava();
+            jet::inOneGo(cnBDP, [this] { grava(); });
             return terminaEdicao();
         }
         if (EmPesquisa || !donoGuardado()) return;
@@ -130,7 +131,7 @@ void FrmFuneral::cmdE_Click()
     });
 }
 
-// Kept: one statement for each column and no transaction. An apostrophe is refused before the first one.
+// Kept: one statement for each column; those before one that fails stay written. An apostrophe is refused before the first one.
 void FrmFuneral::grava()
 {
     const auto gravaColuna = [&](const char* coluna, const QVariant& valor) {

@@ -128,7 +128,7 @@ void FrmFam::iniciaAlteracao()
     Focus::setTo(cmbSit);
 }
 
-// Kept: the row of the family is written outside the transaction, and stays written where the members fail.
+// Kept: the row of the family stays written where the members fail.
 void FrmFam::confirmaAlteracao()
 {
     const Hourglass ampulheta;
@@ -136,12 +136,14 @@ void FrmFam::confirmaAlteracao()
     verificaNumeros();
     if (!membrosPresentes() || !conjugesExistem() || !datasValidas()) return;
     poeFicheiroNaFicha();
-    alteraFamilia();
-    adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
+    jet::inOneGo(cnBDP, [&] {
+        alteraFamilia();
+        adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
 
-    jet::Transaction transaccao(cnBDP);
-    reescreveMembros();
-    transaccao.commit();
+        jet::Transaction transaccao(cnBDP);
+        reescreveMembros();
+        transaccao.commit();
+    });
     contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
 
     fechaEdicao();
