@@ -9,6 +9,16 @@
 #include "store/sessionChange.h"
 #include "ui_frmBack.h"
 
+// What is open is the BDP all the same, and the copy is its own.
+static void avisaDeDesvio(const QString& copia)
+{
+    showMessage(
+        QStringLiteral("O ficheiro \"%1\" já não é a BDP que está aberta: foi mudado de lugar, eliminado ou "
+                       "substituído por outro. A cópia de segurança em \"%2\" foi feita da BDP que está aberta, "
+                       "e está completa. Feche a BDP e continue a trabalhar na cópia.")
+            .arg(cnBDP.dataSource(), copia));
+}
+
 FrmBack& frmBack()
 {
     return theForm<FrmBack>();
@@ -60,12 +70,15 @@ void FrmBack::cmdB_0_Click()
             Focus::setTo(ui->txtLoc);
             return;
         }
+        bool desviada = false;
         {
             Hourglass ampulheta;
             splashForm().showStep("A efectuar a cópia de segurança da BDP. Aguarde por favor ...");
             cnBDP.copyTo(ui->txtLoc->text());
+            desviada = cnBDP.hasMoved();
             splashForm().unload();
         }
+        if (desviada) avisaDeDesvio(ui->txtLoc->text());
         unload();
     });
 }

@@ -5,13 +5,15 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 
-#ifdef Q_OS_UNIX
 #include <fcntl.h>
+#ifdef Q_OS_UNIX
 #include <unistd.h>
+#else
+#include <io.h>
+#endif
 
 #include <cerrno>
 #include <cstdio>
-#endif
 
 namespace jet {
 
@@ -30,18 +32,21 @@ std::error_code lastError()
     return {errno, std::generic_category()};
 }
 
-std::error_code syncThrough([[maybe_unused]] const fs::path& path, [[maybe_unused]] int flags)
-{
 #ifdef Q_OS_UNIX
+std::error_code syncThrough(const fs::path& path, int flags)
+{
     const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) return lastError();
-    const std::error_code error = ::fsync(descriptor) == 0 ? std::error_code() : lastError();
+#ifdef F_FULLFSYNC // the usual call leaves it in the drive's memory there
+    const bool synced = ::fcntl(descriptor, F_FULLFSYNC) == 0 || ::fsync(descriptor) == 0;
+#else
+    const bool synced = ::fsync(descriptor) == 0;
+#endif
+    const std::error_code error = synced ? std::error_code() : lastError();
     ::close(descriptor);
     return error;
-#else
-    return {};
-#endif
 }
+#endif
 
 } // namespace
 
@@ -85,23 +90,26 @@ std::error_code Disk::remove(const QString& path)
     return error;
 }
 
-// Elsewhere than under Unix the engine syncs the files that it writes, as it does here.
 std::error_code Disk::syncFile(const QString& path)
 {
 #ifdef Q_OS_UNIX
     return syncThrough(nativePath(path), O_RDWR);
 #else
-    return syncThrough(nativePath(path), 0);
+    const int descriptor = ::_wopen(nativePath(path).c_str(), _O_RDWR | _O_BINARY);
+    if (descriptor < 0) return lastError();
+    const std::error_code error = ::_commit(descriptor) == 0 ? std::error_code() : lastError();
+    ::_close(descriptor);
+    return error;
 #endif
 }
 
-std::error_code Disk::syncFolder(const QString& path)
+std::error_code Disk::syncFolder([[maybe_unused]] const QString& path)
 {
 #ifdef Q_OS_UNIX
     const std::error_code error = syncThrough(nativePath(path), O_RDONLY | O_DIRECTORY);
     return error == std::errc::invalid_argument ? std::error_code() : error; // a disk that knows of no such thing
 #else
-    return syncThrough(nativePath(path), 0);
+    return {};
 #endif
 }
 

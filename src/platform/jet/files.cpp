@@ -107,11 +107,7 @@ void requireWritableFile(const QString& path)
 
 sqlite3* openEngine(const QString& path, Access access)
 {
-    int flags = SQLITE_OPEN_READWRITE;
-    if (access == Access::ReadOnly)
-        flags = SQLITE_OPEN_READONLY;
-    else if (access == Access::Create)
-        flags |= SQLITE_OPEN_CREATE;
+    const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     // The absolute path keeps the engine from seeing more than a file in names such as ":memory:".
     const auto absolute = fs::absolute(nativePath(path)).u8string();
     sqlite3* database = nullptr;

@@ -24,8 +24,7 @@ void requireWritableFile(const QString& path);
 enum class Access
 {
     ReadOnly,
-    ReadWrite,
-    Create
+    ReadWrite
 };
 
 // Opens the engine on the file, exactly that of the path. Throws Error; nothing is left open then.
