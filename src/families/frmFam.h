@@ -177,7 +177,7 @@ private:
 
     Metade metades_[2];
     MetadeAberta abertas_[2];
-    QString inicioAberto_, fimAberto_; // what mskini and mskFim showed then
+    QString inicioAberto_, fimAberto_; // what mskini and mskFim showed then, or hold since they were written
     // Where a search that is cancelled comes back to; in an insert, the number proposed. Kept: it outlives the card,
     // and a search cancelled first thing in another BDP goes to the family with the number of the last.
     inline static Nfam NfamCorrente;

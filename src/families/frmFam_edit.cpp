@@ -167,6 +167,8 @@ void FrmFam::alteraFamilia()
     if (mskFim->text() != fimAberto_) familia.set("fimobs", dataDe(mskFim));
     familia.set("obs", textoDe(txtObs));
     familia.update();
+    inicioAberto_ = mskini->text(); // the members may still be refused, and the alteration go on
+    fimAberto_ = mskFim->text();
 }
 
 FrmFam::Membros FrmFam::membrosGuardados() const

@@ -15,8 +15,10 @@ void EditorComCodigo::usaCodigo(Codigo codigo, ComboBox* superiores)
 
 void EditorComCodigo::preencheSuperiores(jet::Recordset& linhas)
 {
-    for (; !linhas.eof(); linhas.moveNext())
-        superiores_->add(linhas[1].toString() + "  -" + linhas[0].toString());
+    for (; !linhas.eof(); linhas.moveNext()) {
+        codigosSuperiores_ << linhas[0].toString();
+        superiores_->add(linhas[1].toString() + "  -" + codigosSuperiores_.last());
+    }
     if (superiores_->count() > 0) return superiores_->setListIndex(0);
     for (QWidget* comando : QList<QWidget*>{ins_, alt_, elim_} + regras_.outros)
         comando->setEnabled(comando == superiores_);
@@ -30,10 +32,9 @@ void EditorComCodigo::superiores_Click()
     });
 }
 
-// The code behind the last "-": a name may hold others.
 QString EditorComCodigo::superior() const
 {
-    return superiores_ ? superiores_->text().section('-', -1) : QString();
+    return superiores_ ? codigosSuperiores_.value(superiores_->listIndex()) : QString();
 }
 
 // A number gets its zeros; another text stays as it is.
