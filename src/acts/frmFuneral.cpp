@@ -131,7 +131,7 @@ void FrmFuneral::cmdE_Click()
     });
 }
 
-// Kept: one statement for each column; those before one that fails stay written. An apostrophe is refused before the first one.
+// Kept: one statement for each column; those before one that fails stay written. An apostrophe is refused before all.
 void FrmFuneral::grava()
 {
     const auto gravaColuna = [&](const char* coluna, const QVariant& valor) {
