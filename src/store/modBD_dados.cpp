@@ -82,6 +82,17 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
     }
 }
 
+// What was made before an error is kept in the file.
+void encheBDP(const QString& ficheiro)
+{
+    jet::Connection bdp;
+    bdp.open(connectionString(ficheiro));
+    jet::inOneGo(bdp, [&] {
+        CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
+        CarregaDadosIniciais(bdp);
+    });
+}
+
 } // namespace
 
 void EscreveBDP(const QString& caminho)

@@ -6,6 +6,7 @@
 #include "workload.h"
 
 #include "platform/jet/recordset.h"
+#include "store/copiaDiaria.h"
 #include "store/session.h"
 
 #include <QDir>
@@ -54,11 +55,19 @@ bool isForeign(const QString& text)
     return words.match(text).hasMatch();
 }
 
+// A daily copy that can't be made is no matter of the step.
+Snapshot withoutCopies(Snapshot snapshot)
+{
+    for (const QString& name : snapshot.keys())
+        if (name.startsWith("copias/")) snapshot.remove(name);
+    return snapshot;
+}
+
 // The files of a folder, to be put back in place: open handles stay good.
 class Files
 {
 public:
-    explicit Files(const QString& folder) : folder_(folder)
+    explicit Files(const QString& folder) : folder_(folder), hadCopies_(QDir(folder + "/copias").exists())
     {
         for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
             QFile file(folder + '/' + name);
@@ -70,7 +79,7 @@ public:
     {
         for (const QString& name : QDir(folder_).entryList(QDir::Files | QDir::Hidden))
             if (!files_.contains(name)) QFile::remove(folder_ + '/' + name);
-        QDir(folder_ + "/copias").removeRecursively();
+        if (!hadCopies_) QDir(folder_ + "/copias").removeRecursively();
         for (auto known = files_.begin(); known != files_.end(); ++known) {
             QFile file(folder_ + '/' + known.key());
             if (!file.open(QIODevice::ReadWrite) || file.write(known.value()) != known.value().size() ||
@@ -81,6 +90,7 @@ public:
 
 private:
     QString folder_;
+    bool hadCopies_;
     QMap<QString, QByteArray> files_;
 };
 
@@ -90,10 +100,10 @@ class Trial
 public:
     Trial(Workload& workload, const Recording& recording, const Failing& failing)
         : workload_(workload), recording_(recording), failing_(failing), mark_(markOf(recording, failing.step)),
-          after_(recording.states[mark_.state])
+          after_(withoutCopies(recording.states[mark_.state]))
     {
         const auto number = &mark_ - recording.marks.constData();
-        before_ = recording.states[number == 0 ? 0 : recording.marks[number - 1].state];
+        before_ = withoutCopies(recording.states[number == 0 ? 0 : recording.marks[number - 1].state]);
     }
 
     int play()
@@ -132,6 +142,7 @@ private:
         } catch (const Failure& failure) {
             failure_ = failure.reason;
             workload_.stage().settle();
+            esperaCopiaDiaria();
         }
         QStringList boxes;
         for (const Box& box : workload_.stage().state.boxes.mid(before))
@@ -142,7 +153,7 @@ private:
     // What was made under a new name before it was told that it can't be finished stays, and doesn't count.
     Snapshot now() const
     {
-        Snapshot found = snapshotOf(workload_.stage().dir());
+        Snapshot found = withoutCopies(snapshotOf(workload_.stage().dir()));
         if (found != after_)
             for (const QString& name : found.keys())
                 if (!before_.contains(name)) found.remove(name);

@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "workload.h"
 
+#include "platform/jet/disk.h"
 #include "store/modBD.h"
 #include "store/session.h"
 
@@ -55,6 +56,14 @@ QString Reopening::opened(const QString& path)
     return (open ? "opens with " : "doesn't open: ") + texts(stage_.state.boxes);
 }
 
+// What was under way when the power went is nobody's any more once a BDP is opened there.
+QString Reopening::leftoverBeside(const QString& path)
+{
+    for (const QString& name : QFileInfo(path).dir().entryList(QDir::Files | QDir::Hidden))
+        if (jet::isTemporaryName(name)) return "leaves " + name + " beside it";
+    return {};
+}
+
 // Something more is written and read again, with what was there still there.
 QString Reopening::problemOfLaterWork(const QString& path)
 {
@@ -77,6 +86,7 @@ QString Reopening::problemOf(const QString& name, const Promise& promise)
     const bool mayBeMissing = !promise.before.contains(name) || !promise.after.contains(name);
     if (missing) return mayBeMissing ? QString() : name + " is gone";
     QString problem = opened(path);
+    if (problem.isEmpty()) problem = leftoverBeside(path);
     if (problem.isEmpty() && disks_ % laterWorkEvery == 0) problem = problemOfLaterWork(path);
     cnBDP.close();
     if (!problem.isEmpty()) return name + ' ' + problem;

@@ -28,7 +28,8 @@ private:
     QString problemOf(const QString& name, const Promise& promise);
     QString opened(const QString& path); // what came up instead
     QString problemOfCopy(const QString& name) const;
-    QString problemOfLaterWork(const QString& path);
+    static QString leftoverBeside(const QString& path);
+    static QString problemOfLaterWork(const QString& path);
 
     const Recording& recording_;
     Stage stage_;

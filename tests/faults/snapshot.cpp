@@ -81,7 +81,6 @@ Snapshot snapshotOf(const QString& folder, const Snapshot& before)
     while (found.hasNext()) {
         const QString path = found.next();
         const QString name = path.mid(folder.size() + 1);
-        if (name.startsWith("copias/")) continue;
         try {
             snapshot.insert(name, contentOf(path));
         } catch (const Unreadable&) {

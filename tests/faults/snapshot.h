@@ -11,8 +11,7 @@ using Content = QMap<QString, QByteArray>;
 using Snapshot = QMap<QString, Content>;
 
 // Reads every file of that suffix, below the folder too, through the engine's own VFS, past all that is recorded. One
-// that can't be read, or that another connection is writing, keeps what `before` knows of it. The daily copies don't
-// count: they come when they are ready, not when a step is over.
+// that can't be read, or that another connection is writing, keeps what `before` knows of it.
 Snapshot snapshotOf(const QString& folder, const Snapshot& before = {});
 
 // Of one file. Throws where it can't be read, or isn't sound.

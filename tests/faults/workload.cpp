@@ -6,6 +6,7 @@
 #include "recorder.h"
 
 #include "shell/application.h"
+#include "store/copiaDiaria.h"
 
 #include <QDir>
 #include <QFile>
@@ -126,6 +127,7 @@ QStringList Workload::play(int number)
     Play play(stage_, step);
     language()[step.form].play(play);
     stage_.settle();
+    esperaCopiaDiaria(); // so that each recording is the same
     QStringList boxes;
     for (qsizetype i = before; i < stage_.state.boxes.size(); ++i)
         boxes << stage_.state.boxes[i].text;
