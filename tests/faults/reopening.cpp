@@ -4,6 +4,7 @@
 #include "workload.h"
 
 #include "platform/jet/disk.h"
+#include "store/copiaDiaria.h"
 #include "store/modBD.h"
 #include "store/session.h"
 
@@ -85,10 +86,12 @@ QString Reopening::problemOf(const QString& name, const Promise& promise)
     const bool missing = !QFileInfo::exists(path);
     const bool mayBeMissing = !promise.before.contains(name) || !promise.after.contains(name);
     if (missing) return mayBeMissing ? QString() : name + " is gone";
-    QString problem = opened(path);
-    if (problem.isEmpty()) problem = leftoverBeside(path);
-    if (problem.isEmpty() && disks_ % laterWorkEvery == 0) problem = problemOfLaterWork(path);
+    const bool dailyCopy = name.startsWith("copias/"); // of an older BDP: the opening would bring it up to date
+    QString problem = dailyCopy ? QString() : opened(path);
+    if (problem.isEmpty() && !dailyCopy) problem = leftoverBeside(path);
+    if (problem.isEmpty() && !dailyCopy && disks_ % laterWorkEvery == 0) problem = problemOfLaterWork(path);
     cnBDP.close();
+    esperaCopiaDiaria();
     if (!problem.isEmpty()) return name + ' ' + problem;
     try {
         const Content content = contentOf(path);
@@ -122,6 +125,7 @@ QStringList Reopening::problems(const DiskImage& image, const Promise& promise)
     QStringList problems;
     QStringList names = promise.before.keys() + promise.after.keys();
     names.removeDuplicates();
+    names.sort(); // the daily copies first: what is written here makes new ones
     for (const QString& name : names)
         problems << problemOf(name, promise);
     for (auto file = image.files.begin(); file != image.files.end(); ++file)
