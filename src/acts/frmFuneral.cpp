@@ -14,6 +14,7 @@
 #include "common/pesquisa.h"
 #include "individuals/frmInd.h"
 #include "platform/forms/forms.h"
+#include "platform/jet/transaction.h"
 
 namespace {
 
@@ -124,7 +125,7 @@ void FrmFuneral::cmdE_Click()
             jet::Recordset agora = guardado();
             if (!visto_.podeGravar(agora, colunasDoFuneral)) return;
             try {
-                grava();
+                jet::inOneGo(cnBDP, [this] { grava(); });
             } catch (const jet::Error&) {
                 visto_.ve(guardado()); // the next confirmation finds what this one has written
                 throw;
@@ -140,7 +141,7 @@ void FrmFuneral::cmdE_Click()
     });
 }
 
-// Kept: one statement for each column and no transaction. An apostrophe is refused before the first one.
+// Kept: one statement for each column; those before one that fails stay written. An apostrophe is refused before all.
 void FrmFuneral::grava()
 {
     const auto gravaColuna = [&](const char* coluna, const QVariant& valor) {

@@ -105,13 +105,15 @@ bool FrmPass::VerificaCampos(Passo passo)
     return !falta || recusa(falta, mskData);
 }
 
-// No transaction: what was written before a failing statement stays. What was typed is read before the first one.
+// Kept: what was written before a failing statement stays. What was typed is read before the first one.
 QString FrmPass::acrescenta()
 {
     semPlica(txtOutras_1->text());
-    cnBDP.execute("insert into passaporte (nind, npass, dataref) values (" + chaveEmSQL(Label2_1->text()) + "," +
-                  numeroEmSQL(txtDados_0->text()) + "," + literalDaData(mskData->text()) + ")");
-    gravaDestinoEObs();
+    jet::inOneGo(cnBDP, [this] {
+        cnBDP.execute("insert into passaporte (nind, npass, dataref) values (" + chaveEmSQL(Label2_1->text()) + "," +
+                      numeroEmSQL(txtDados_0->text()) + "," + literalDaData(mskData->text()) + ")");
+        gravaDestinoEObs();
+    });
     return chaveEscrita();
 }
 

@@ -130,7 +130,7 @@ void FrmFam::iniciaAlteracao()
     Focus::setTo(cmbSit);
 }
 
-// Kept: the row of the family is written outside the transaction, and stays written where the members fail.
+// Kept: the row of the family stays written where the members fail.
 void FrmFam::confirmaAlteracao()
 {
     const Hourglass ampulheta;
@@ -139,13 +139,15 @@ void FrmFam::confirmaAlteracao()
     if (!membrosPresentes() || !conjugesExistem() || !datasValidas()) return;
     poeFicheiroNaFicha();
     if (!podeGravarFamilia()) return;
-    alteraFamilia();
-    vista_.ve(adoFam.recordset()); // where the members fail, the next confirmation finds what this one has written
-    adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
+    jet::inOneGo(cnBDP, [&] {
+        alteraFamilia();
+        vista_.ve(adoFam.recordset()); // where the members fail, the next confirmation finds what this one has written
+        adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
 
-    jet::Transaction transaccao(cnBDP);
-    reescreveMembros();
-    transaccao.commit();
+        jet::Transaction transaccao(cnBDP);
+        reescreveMembros();
+        transaccao.commit();
+    });
     contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
 
     fechaEdicao();

@@ -229,12 +229,10 @@ void EditorDeLocais::elimina()
 {
     if (!posiciona() || !ask("Tem a certeza que deseja eliminar este registo?")) return;
     exigeQueNinguemUse(valor(nivel().codigo));
-    if (const auto descendentes = eliminacaoDosDescendentes(valor(nivel().codigo))) {
-        jet::Transaction transaccao(cnBDP);
-        cnBDP.execute(*descendentes);
-        transaccao.commit();
-    }
-    registos_->recordset().deleteRow();
+    jet::inOneGo(cnBDP, [&] {
+        if (const auto descendentes = eliminacaoDosDescendentes(valor(nivel().codigo))) cnBDP.execute(*descendentes);
+        registos_->recordset().deleteRow();
+    });
     const int linha = grelha_->row(); // where the next row stands now, if there is one
     preencheGrelha();
     grelha_->setRow(std::min(linha, registos_->recordset().recordCount()));

@@ -5,6 +5,7 @@
 #include "common/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
+#include "platform/jet/transaction.h"
 #include "store/dataFile.h"
 #include "store/modBD.h"
 
@@ -81,30 +82,12 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
     }
 }
 
-// Runs a load as if it had no transaction, yet without a write to the disk for each row: what was made before an error
-// is committed too.
-template <class Load>
-void guardandoTudo(jet::Connection& bdp, Load&& load)
-{
-    bdp.beginTrans();
-    try {
-        load();
-    } catch (...) {
-        try {
-            bdp.commitTrans();
-        } catch (const jet::Error&) { // the first failure, such as a full disk, says more
-        }
-        throw;
-    }
-    bdp.commitTrans();
-}
-
 // What was made before an error is kept in the file.
 void encheBDP(const QString& ficheiro)
 {
     jet::Connection bdp;
     bdp.open(connectionString(ficheiro));
-    guardandoTudo(bdp, [&] {
+    jet::inOneGo(bdp, [&] {
         CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
         CarregaDadosIniciais(bdp);
     });
@@ -125,7 +108,7 @@ void SubstituiBDP(const QString& caminho)
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)
 {
     DataFile instrucoes(ficheiro);
-    guardandoTudo(bdp, [&] {
+    jet::inOneGo(bdp, [&] {
         while (!instrucoes.atEnd()) {
             const QString linha = instrucoes.readLine();
             try {
@@ -139,7 +122,7 @@ void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)
 
 void CarregaDadosIniciais(jet::Connection& bdp)
 {
-    guardandoTudo(bdp, [&] {
+    jet::inOneGo(bdp, [&] {
         for (const Destino& destino : locais)
             carregaFicheiro(bdp, destino);
         for (const Destino& destino : codigos)
