@@ -1,0 +1,53 @@
+#include "witness.h"
+
+#include "raw.h"
+
+#include <QFile>
+
+#include <unistd.h>
+
+QString nameOf(const QString& mark)
+{
+    return "Pessoa " + mark;
+}
+
+QByteArray Witness::counter() const
+{
+    QFile file(bdp_);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.seek(24)) return {};
+    return file.read(4);
+}
+
+bool Witness::journalStands() const
+{
+    return access(QFile::encodeName(bdp_ + "-journal").constData(), F_OK) == 0;
+}
+
+void Witness::look()
+{
+    const QByteArray before = counter();
+    if (before == seen_ || journalStands()) return;
+    const QStringList names =
+        Raw(bdp_, Raw::Way::Untouched).texts("select nome from individuo where nome like 'Pessoa %'");
+    if (journalStands() || counter() != before) return; // a change was under way: at the next look
+    seen_ = before;
+    names_ += QSet<QString>(names.begin(), names.end());
+}
+
+QString Witness::judge() const
+{
+    Raw raw(bdp_); // restores the file from its journal
+    const QString whole = raw.text("pragma integrity_check");
+    if (whole != "ok") return "the file is damaged: " + whole;
+    const QStringList names = raw.texts("select nome from individuo where nome like 'Pessoa %'");
+    const QSet<QString> stored(names.begin(), names.end());
+    for (const QString& name : names_)
+        if (!stored.contains(name)) return name + " was committed and is lost";
+    if (stored.size() != names.size()) return "somebody is stored twice";
+    const QString half =
+        raw.text("select nome from individuo where nome like 'Pessoa %' and "
+                 "(titulo is not replace(nome, 'Pessoa', 'Titulo') "
+                 "or alcunha is not replace(nome, 'Pessoa', 'Alcunha') "
+                 "or obs is not replace(nome, 'Pessoa', 'Obs') or sexo is not 'm' or tipo is not 'T')");
+    return half.isEmpty() ? QString() : half + " is half stored";
+}
