@@ -89,6 +89,8 @@ QString verdict(const Site& site, const Before& before, const Look& look, const 
     QStringList own{"bdp.orv", "verdadeira.orv"};
     for (const char* suffix : companions)
         own << own[0] + QLatin1String(suffix) << own[1] + QLatin1String(suffix);
+    for (const QString& name : now.keys()) // an upgrade of its schema is a first write
+        if (name == "copias" || name.startsWith("copias/")) own << name;
     if (const QString change = difference(before.files, now, own); !change.isEmpty()) return "opened, and " + change;
     if (now.value("bdp.orv") == before.files.value("bdp.orv") && !site.belongs) return {};
     const QString lost = before.lostRows(site);

@@ -2,14 +2,11 @@
 
 #include "raw.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <unistd.h>
-
-QString nameOf(const QString& mark)
-{
-    return "Pessoa " + mark;
-}
 
 QByteArray Witness::counter() const
 {
@@ -34,11 +31,21 @@ void Witness::look()
     names_ += QSet<QString>(names.begin(), names.end());
 }
 
+QString Witness::damagedCopy() const
+{
+    const QDir folder(QFileInfo(bdp_).path() + "/copias");
+    const auto copies = folder.entryList({"*.orv"}, QDir::Files);
+    for (const QString& copy : copies)
+        if (Raw(folder.filePath(copy), Raw::Way::Untouched).text("pragma integrity_check") != "ok") return copy;
+    return {};
+}
+
 QString Witness::judge() const
 {
     Raw raw(bdp_); // restores the file from its journal
     const QString whole = raw.text("pragma integrity_check");
     if (whole != "ok") return "the file is damaged: " + whole;
+    if (const QString copy = damagedCopy(); !copy.isEmpty()) return "the daily copy is damaged: " + copy;
     const QStringList names = raw.texts("select nome from individuo where nome like 'Pessoa %'");
     const QSet<QString> stored(names.begin(), names.end());
     for (const QString& name : names_)

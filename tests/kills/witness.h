@@ -4,9 +4,6 @@
 #include <QSet>
 #include <QString>
 
-// The texts of a person that is typed: all bear the same mark, so that half a person shows.
-QString nameOf(const QString& mark);
-
 class Witness
 {
 public:
@@ -18,12 +15,14 @@ public:
 
     int acknowledged() const { return int(names_.size()); }
 
+    // The texts of a person who is typed all bear the same mark, so that half a person shows.
     // Opens the file as the next start would. What is wrong with it: damage, somebody taken down who is not there, half
     // a person; empty where nothing is.
     QString judge() const;
 
 private:
     QByteArray counter() const;
+    QString damagedCopy() const; // the name of one; empty where all are whole
 
     QString bdp_;
     QByteArray seen_; // the counter of changes at the last look
