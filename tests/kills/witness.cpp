@@ -8,12 +8,16 @@
 
 #include <unistd.h>
 
-QByteArray Witness::counter() const
+namespace {
+
+// The header's counter of changes.
+QByteArray changesOf(QFile& file)
 {
-    QFile file(bdp_);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.seek(24)) return {};
-    return file.read(4);
+    if (!file.isOpen() && !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
+    return file.seek(24) ? file.read(4) : QByteArray();
 }
+
+} // namespace
 
 bool Witness::journalStands() const
 {
@@ -22,11 +26,12 @@ bool Witness::journalStands() const
 
 void Witness::look()
 {
-    const QByteArray before = counter();
+    QFile file(bdp_);
+    const QByteArray before = changesOf(file);
     if (before == seen_ || journalStands()) return;
     const QStringList names =
         Raw(bdp_, Raw::Way::Untouched).texts("select nome from individuo where nome like 'Pessoa %'");
-    if (journalStands() || counter() != before) return; // a change was under way: at the next look
+    if (journalStands() || changesOf(file) != before) return; // a change was under way: at the next look
     seen_ = before;
     names_ += QSet<QString>(names.begin(), names.end());
 }

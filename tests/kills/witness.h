@@ -21,7 +21,6 @@ public:
     QString judge() const;
 
 private:
-    QByteArray counter() const;
     QString damagedCopy() const; // the name of one; empty where all are whole
 
     QString bdp_;
