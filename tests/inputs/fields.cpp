@@ -127,7 +127,8 @@ QString Inputs::disagreement(const Field& field, const Shown& shown, const Row& 
     if (confirmed && field.oddities & NotAsTyped) return {};
     if (field.oddities & WithDate && (value.null || !shown.checked)) return {};
     const bool date = field.kind == Kind::Date;
-    const bool blank = date ? semData(shown.text) : field.kind != Kind::Flag && field.kind != Kind::Name && shown.text.trimmed().isEmpty();
+    const bool blank = date ? semData(shown.text)
+                            : field.kind != Kind::Flag && field.kind != Kind::Name && shown.text.trimmed().isEmpty();
     if (blank && isBlank(value)) return {};
     if (blank && confirmed && field.oddities & (KeptWhenBlank | Lingers)) return {};
     if (confirmed && !added && isList(field.kind) && shown.index < 0) return {}; // nobody has chosen
