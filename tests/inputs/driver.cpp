@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int enough = 100; // failures after which no further session is begun
+constexpr int enough = 100;   // failures after which no further session is begun
 constexpr int patience = 120; // seconds without a step after which a session counts as hung
 
 struct Settings

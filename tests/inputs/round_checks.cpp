@@ -42,7 +42,9 @@ void Round::checkOutcome(const Dump& now, const QList<Change>& changed, const Ou
         return;
     }
     checkReach(changed);
-    if (outcome.error() && !changed.isEmpty())
+    const bool rowAlone = window_.rowStays && !edit_.adds &&
+                          std::ranges::all_of(changed, [&](const Change& c) { return c.table == window_.table; });
+    if (outcome.error() && !changed.isEmpty() && !rowAlone)
         fail("half is stored beside the error " + quoted(outcome.boxes.last()) + ": " + told(changed));
     const bool blank = window_.silentWhenBlank && seen_.value(window_.fields.first().control).text.isEmpty();
     if (changed.isEmpty() && outcome.boxes.isEmpty() && !blank) {

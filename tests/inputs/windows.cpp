@@ -79,28 +79,31 @@ Window individual()
             {"assistente"}};
 }
 
+// Kept: its row is written before its members.
 Window couple()
 {
     using enum Kind;
-    return {"familia",
-            "frmFam",
-            family,
-            "frmFam",
-            {},
-            "familia",
-            {{"nfamilia", "txtNFam"}},
-            {},
-            usual,
-            {field("cmbSit", Code, "sfamilia"), field("cmbTipoFam", Word, "tipocasal"),
-             field("txtPnind", Whole, {}, NotStored), field("txtIdade1", Whole, {}, NotStored),
-             field("txtNC1", Whole, {}, NotStored), field("cmbEC1", Code, {}, NotStored),
-             field("txtSnind", Whole, {}, NotStored), field("txtIdade2", Whole, {}, NotStored),
-             field("txtNC2", Whole, {}, NotStored), field("cmbEC2", Code, {}, NotStored),
-             field("mskData", Date, "datacasam"), field("chkDF", Flag, "dcasamfixa", WithDate),
-             place("cmbLoc", "localcasam", "tipolocalcasam"), field("mskini", Date, "inicioobs"),
-             field("mskFim", Date, "fimobs"), field("txtObs", Text, "obs")},
-            {"cmdEncLoc"},
-            {"familias", "assistente"}};
+    Window window{"familia",
+                  "frmFam",
+                  family,
+                  "frmFam",
+                  {},
+                  "familia",
+                  {{"nfamilia", "txtNFam"}},
+                  {},
+                  usual,
+                  {field("cmbSit", Code, "sfamilia"), field("cmbTipoFam", Word, "tipocasal"),
+                   field("txtPnind", Whole, {}, NotStored), field("txtIdade1", Whole, {}, NotStored),
+                   field("txtNC1", Whole, {}, NotStored), field("cmbEC1", Code, {}, NotStored),
+                   field("txtSnind", Whole, {}, NotStored), field("txtIdade2", Whole, {}, NotStored),
+                   field("txtNC2", Whole, {}, NotStored), field("cmbEC2", Code, {}, NotStored),
+                   field("mskData", Date, "datacasam"), field("chkDF", Flag, "dcasamfixa", WithDate),
+                   place("cmbLoc", "localcasam", "tipolocalcasam"), field("mskini", Date, "inicioobs"),
+                   field("mskFim", Date, "fimobs"), field("txtObs", Text, "obs")},
+                  {"cmdEncLoc"},
+                  {"familias", "assistente"}};
+    window.rowStays = true;
+    return window;
 }
 
 Window professions()

@@ -73,6 +73,7 @@ struct Window
     QStringList pickers = {};     // buttons that bring a person or a place
     QStringList others = {};      // tables that may change too, in rows with the owner's number
     bool several = false;         // an alteration may reach all rows of the owner
+    bool rowStays = false;        // where what hangs on the row can't be stored, the row itself is altered all the same
     bool silentWhenBlank = false; // the confirm does nothing without a text, and says nothing
 };
 
