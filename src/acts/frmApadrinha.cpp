@@ -1,6 +1,7 @@
 #include "acts/frmApadrinha.h"
 
 #include "common/datas.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "platform/forms/forms.h"
@@ -20,7 +21,8 @@ void FrmApadrinha::Form_Load()
     guarded([&] {
         txtNind->setText(donoDaJanela().numero);
         txtNome->setText(donoDaJanela().nome);
-        adoAp.setRecordSource("select * from assistente where nind = " + donoDaJanela().numero + " order by dataref");
+        adoAp.setRecordSource("select * from assistente where nind = " + chaveEmSQL(donoDaJanela().numero) +
+                              " order by dataref");
         adoAp.refresh();
         assistente->preencheListas();
         PreencheFG();
@@ -62,7 +64,7 @@ void FrmApadrinha::ActualizaCampos(jet::Recordset& actos)
     LimpaCampos();
     if (!adoAp.hasRows()) return;
     actos.moveFirst();
-    actos.find("entidade = " + dtgAp->textMatrix(dtgAp->row(), 0));
+    actos.find("entidade = " + chaveEmSQL(dtgAp->textMatrix(dtgAp->row(), 0)));
     if (actos.eof()) return; // the act's own form has deleted it
     txtNum->setText(textoDoNumero(actos["entidade"]));
     actos["tipoacto"].toString() == "c" ? mostraCasamento(actos) : mostraBaptismo(actos);
@@ -73,7 +75,8 @@ void FrmApadrinha::ActualizaCampos(jet::Recordset& actos)
 void FrmApadrinha::mostraBaptismo(const jet::Recordset& acto)
 {
     lblActo->setText("Baptismo");
-    const jet::Recordset baptizado(cnBDP, "select nome from individuo where individuo.nind= " + txtNum->text());
+    const jet::Recordset baptizado(cnBDP,
+                                   "select nome from individuo where individuo.nind= " + chaveEmSQL(txtNum->text()));
     if (!baptizado.eof()) txtEnt->setText(baptizado["nome"].toString());
     ProcuraItemData(*assistente->cmbPar1, acto["parentbapt"]);
     assistente->mostraParentescos(false);
@@ -84,7 +87,7 @@ void FrmApadrinha::mostraCasamento(const jet::Recordset& acto)
     lblActo->setText("Casamento");
     jet::Recordset esposos(cnBDP, "select nome from individuo, familia, familias  where familia.nfamilia = "
                                   "familias.nfamilia  and familia.nfamilia = " +
-                                      txtNum->text() + " and  familias.nind = individuo.nind");
+                                      chaveEmSQL(txtNum->text()) + " and  familias.nind = individuo.nind");
     QStringList nomes;
     for (; !esposos.eof() && nomes.size() < 2; esposos.moveNext())
         nomes << esposos["nome"].toString();

@@ -7,6 +7,7 @@
 #include "common/dicaDaPessoa.h"
 #include "common/escolhido.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -17,6 +18,7 @@
 namespace {
 
 constexpr auto editar = "&Editar";
+const QStringList colunasDoFuneral{"primpadreobito", "funcprimpobito", "mortalha", "igreja", "enterro"};
 
 // Kept: the birth, and the death only if there is no birth. "" for neither.
 QString dataDoFuneral(const jet::Recordset& individuo)
@@ -93,7 +95,7 @@ void FrmFuneral::ActualizaCampos(const jet::Recordset& individuo)
 // As the store has it by now.
 jet::Recordset FrmFuneral::guardado() const
 {
-    return {cnBDP, "select * from individuo where nind = " + txtNind->text()};
+    return {cnBDP, "select * from individuo where nind = " + chaveEmSQL(txtNind->text())};
 }
 
 // The priest must have been observable at the funeral.
@@ -119,33 +121,42 @@ void FrmFuneral::cmdE_Click()
     guarded([&] {
         if (comandos_.passo() == Passo::Alteracao) {
             if (!donoGuardado() || !escolhidoExiste(txtNindP, textoDoNumero(guardado()["primpadreobito"]))) return;
-            grava();
+            jet::Recordset agora = guardado();
+            if (!visto_.podeGravar(agora, colunasDoFuneral)) return;
+            try {
+                grava();
+            } catch (const jet::Error&) {
+                visto_.ve(guardado()); // the next confirmation finds what this one has written
+                throw;
+            }
             return terminaEdicao();
         }
         if (EmPesquisa || !donoGuardado()) return;
-        ActualizaCampos(guardado());
+        const jet::Recordset encontrado = guardado();
+        ActualizaCampos(encontrado);
+        visto_.ve(encontrado);
         AplicarModo(Modo::Edi);
         comandos_.passaA(Passo::Alteracao);
     });
 }
 
-// Kept: one statement for each column and no transaction; a quote in a text breaks its statement, and the columns
-// before it stay written.
+// Kept: one statement for each column and no transaction. An apostrophe is refused before the first one.
 void FrmFuneral::grava()
 {
-    const auto gravaColuna = [&](const char* coluna, const QString& valor) {
-        cnBDP.execute(
-            QStringLiteral("update individuo set %1 = %2 where nind = %3").arg(coluna, valor, txtNind->text()));
+    const auto gravaColuna = [&](const char* coluna, const QVariant& valor) {
+        cnBDP.execute(jet::NativeSql(QString("update individuo set %1 = ? where nind = ?").arg(coluna),
+                                     {valor, Nind::doCampo(txtNind->text()).paraColuna()}));
     };
-    const auto gravaTexto = [&](const char* coluna, const TextBox* campo) {
-        gravaColuna(coluna, campo->text().isEmpty() ? "null" : "'" + campo->text() + "'");
+    const auto texto = [](const TextBox* campo) {
+        return campo->text().isEmpty() ? QVariant() : semPlica(campo->text());
     };
-    gravaColuna("primpadreobito", preenchido(txtNindP) ? Trim(txtNindP->text()) : "null");
+    const QVariant mortalha = texto(txtMort), igreja = texto(txtIgreja), enterro = texto(txtEnterro);
+    gravaColuna("primpadreobito", preenchido(txtNindP) ? Trim(txtNindP->text()) : QVariant());
     if (cmbFuncao->listIndex() >= 0) // a function that has no entry stays
-        gravaColuna("funcprimpobito", preenchido(cmbFuncao) ? itemDe(cmbFuncao).toString() : "null");
-    gravaTexto("mortalha", txtMort);
-    gravaTexto("igreja", txtIgreja);
-    gravaTexto("enterro", txtEnterro);
+        gravaColuna("funcprimpobito", itemDe(cmbFuncao));
+    gravaColuna("mortalha", mortalha);
+    gravaColuna("igreja", igreja);
+    gravaColuna("enterro", enterro);
 }
 
 // Cancelling reads the row anew: the card may show the candidate, and have read its row before the last confirmation.
@@ -182,6 +193,6 @@ void FrmFuneral::Form_Unload()
 void FrmFuneral::volta()
 {
     guarded([&] {
-        if (Ficha* ficha = donoDaJanela().ficha) ficha->procuraRegisto("nind = " + txtNind->text());
+        if (Ficha* ficha = donoDaJanela().ficha) ficha->procuraRegisto("nind = " + chaveEmSQL(txtNind->text()));
     });
 }

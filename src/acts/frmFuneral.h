@@ -3,6 +3,7 @@
 
 #include "common/dono.h"
 #include "common/passo.h"
+#include "common/registoVisto.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
@@ -41,5 +42,6 @@ private:
     void terminaEdicao();
 
     Comandos comandos_;
-    QString DataActo; // taken when the form opens, as the card moves away in a pick
+    RegistoVisto visto_; // the row as the edit found it
+    QString DataActo;    // taken when the form opens, as the card moves away in a pick
 };

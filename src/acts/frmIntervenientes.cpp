@@ -3,6 +3,7 @@
 #include "acts/observacao.h"
 #include "common/codigos.h"
 #include "common/dicaDaPessoa.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -80,7 +81,7 @@ void FrmIntervenientes::abreActo()
     adoInterv.setRecordSource(
         "Select dataref, entidade, nind, tipoassistente, tipoacto, estadocivil, falecidopai, "
         "falecidomae, parentbapt, parentnoivo, parentnoiva, obs from assistente where entidade = " +
-        dono.numero + " and tipoacto = '" + letraDoActo() + "'");
+        chaveEmSQL(dono.numero) + " and tipoacto = " + citado(letraDoActo()));
     adoInterv.refresh();
     if (dono.registo) mostraPadres(*dono.registo);
 }
@@ -165,5 +166,5 @@ void FrmIntervenientes::voltaAFamilia()
     if (!ficha) return;
     ficha->setEnabled(true);
     ficha->display();
-    ficha->procuraRegisto("nfamilia = " + txtNum->text());
+    ficha->procuraRegisto("nfamilia = " + chaveEmSQL(txtNum->text()));
 }

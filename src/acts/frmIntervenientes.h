@@ -6,6 +6,7 @@
 #include "common/campos.h"
 #include "common/dono.h"
 #include "common/passo.h"
+#include "common/registoVisto.h"
 #include "individuals/pedido.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/modes.h"
@@ -68,6 +69,7 @@ private:
     void iniciaPadres();
     void confirmaPadres();
     void gravaPadres();
+    jet::Recordset padresGuardados() const; // where they are written
     void relePadres();
     void pintaPadres(const QColor& cor);
 
@@ -98,5 +100,6 @@ private:
     QString Chave;                     // `nind` of the row of the grid chosen last; "" for none
     bool dataPorConfirmar_ = false;    // the date was read from a card that was being edited
     LugarDoPadre lugares_[2];
-    Comandos padres_, assistentes_; // the two edits of the window, each with its step
+    RegistoVisto padresVistos_, assistenteVisto_; // the rows as the two edits have found them
+    Comandos padres_, assistentes_;               // the two edits of the window, each with its step
 };

@@ -5,6 +5,7 @@
 #include "common/datas.h"
 #include "common/escolhido.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/pesquisa.h"
@@ -49,7 +50,7 @@ void FrmIntervenientes::ActualizaCampos()
     jet::Recordset& linha = adoInterv.recordset();
     if (!Chave.isEmpty()) {
         linha.moveFirst();
-        linha.find("nind =" + Chave);
+        linha.find("nind =" + chaveEmSQL(Chave));
         if (linha.eof()) return; // another card has deleted it
     } else {
         if (linha.eof()) linha.movePrevious();
@@ -138,7 +139,7 @@ void FrmIntervenientes::confirmaData()
     if (!dataPorConfirmar_ || emEdicao) return;
     const jet::Recordset guardado(cnBDP, (casamento() ? "select datacasam from familia where nfamilia = "
                                                       : "select datanasc from individuo where nind = ") +
-                                             txtNum->text());
+                                             chaveEmSQL(txtNum->text()));
     if (!guardado.eof()) mskData->showPlain(textoDaData(guardado[0]));
 }
 
@@ -165,6 +166,7 @@ void FrmIntervenientes::releLinha()
     linha.setAbsolutePosition(linha.absolutePosition());
     LimpaCampos();
     mostraLinha();
+    assistenteVisto_.ve(linha);
 }
 
 void FrmIntervenientes::cmdElim_Click()
@@ -189,7 +191,8 @@ void FrmIntervenientes::confirmaAdicao()
 
 void FrmIntervenientes::confirmaAlteracao()
 {
-    if (donoGuardado() && temObrigatorios()) gravaLinha(valoresDoParentesco() + valoresDoAssistente());
+    if (donoGuardado() && temObrigatorios() && assistenteVisto_.podeGravar(adoInterv.recordset()))
+        gravaLinha(valoresDoParentesco() + valoresDoAssistente());
 }
 
 bool FrmIntervenientes::temObrigatorios()

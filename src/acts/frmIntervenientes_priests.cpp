@@ -5,6 +5,7 @@
 #include "common/campos.h"
 #include "common/escolhido.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/pesquisa.h"
@@ -60,6 +61,7 @@ void FrmIntervenientes::iniciaPadres()
     if (const Ficha* ficha = donoDaJanela().ficha; ficha && ficha->insere(donoDaJanela().numero))
         return showMessage("Os padres só podem ser atribuídos depois de gravar " + donoDaJanela().designacao() + "!");
     padres_.passaA(Passo::Alteracao);
+    padresVistos_.ve(padresGuardados());
     for (LugarDoPadre& lugar : lugares_) {
         lugar.antes = lugar.numero->text();
         lugar.escolher->setEnabled(true);
@@ -80,6 +82,8 @@ void FrmIntervenientes::confirmaPadres()
     } else if (haPadres) {
         for (const LugarDoPadre& lugar : lugares_)
             if (!escolhidoExiste(lugar.numero, lugar.antes)) return;
+        jet::Recordset agora = padresGuardados();
+        if (!padresVistos_.podeGravar(agora)) return;
         gravaPadres();
     }
     padres_.passaA(Passo::Repouso);
@@ -90,22 +94,30 @@ void FrmIntervenientes::confirmaPadres()
     pintaPadres(corDoModo::cons);
 }
 
+jet::Recordset FrmIntervenientes::padresGuardados() const
+{
+    const ColunasDosPadres& colunas = padresAGravar(casamento());
+    return {cnBDP, jet::NativeSql(QString("select %1, %2, %3, %4 from %5 where %6 = ?")
+                                      .arg(colunas.padre[0], colunas.funcao[0], colunas.padre[1], colunas.funcao[1],
+                                           colunas.tabela, colunas.chave),
+                                  {Nind::doCampo(txtNum->text()).paraColuna()})};
+}
+
 void FrmIntervenientes::gravaPadres()
 {
     const ColunasDosPadres& colunas = padresAGravar(casamento());
-    const auto grava = [&](const char* coluna, const QString& valor) {
-        cnBDP.execute(QStringLiteral("update %1 set %2 = %3 where %4 = %5")
-                          .arg(colunas.tabela, coluna, valor, colunas.chave, txtNum->text()));
+    const auto grava = [&](const char* coluna, const QVariant& valor) {
+        cnBDP.execute(
+            jet::NativeSql(QString("update %1 set %2 = ? where %3 = ?").arg(colunas.tabela, coluna, colunas.chave),
+                           {valor, Nind::doCampo(txtNum->text()).paraColuna()}));
     };
     jet::Transaction transaccao(cnBDP);
-    for (int indice : {0, 1})
-        grava(colunas.padre[indice],
-              preenchido(lugares_[indice].numero) ? Trim(lugares_[indice].numero->text()) : "null");
     for (int indice : {0, 1}) {
-        const ComboBox* funcao = lugares_[indice].funcao;
-        grava(colunas.funcao[indice],
-              preenchido(funcao) ? QString::number(funcao->itemData(funcao->listIndex())) : "null");
+        const TextBox* numero = lugares_[indice].numero;
+        grava(colunas.padre[indice], preenchido(numero) ? Trim(numero->text()) : QVariant());
     }
+    for (int indice : {0, 1})
+        grava(colunas.funcao[indice], itemDe(lugares_[indice].funcao));
     transaccao.commit();
 }
 
@@ -121,7 +133,7 @@ void FrmIntervenientes::relePadres()
         (casamento() ? "select primpadrebapt, funcprimpbapt,segpadrebapt, funcsegpbapt  from individuo where nind = "
                      : "select primpadrecasam, funcprimpcasam,segpadrecasam, funcsegpcasam  from familia where "
                        "nfamilia = ") +
-            txtNum->text());
+            chaveEmSQL(txtNum->text()));
     if (guardados.eof()) return;
     for (int indice : {0, 1}) {
         if (const QVariant numero = guardados[2 * indice]; !numero.isNull())

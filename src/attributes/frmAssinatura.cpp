@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "platform/forms/msgbox.h"
 
@@ -11,7 +12,7 @@ FrmAssinatura::FrmAssinatura() : ListaDatada(Name)
 {
     setupUi(this);
     Regras regras;
-    regras.procura = "idassinatura = %1";
+    regras.procura = "idassinatura = ";
     regras.focoAoInserir = mskData;
     regras.focoAoAlterar = mskData;
     regras.pergunta = " Tem a certeza que deseja eliminar este registo?";
@@ -31,7 +32,7 @@ void FrmAssinatura::Form_Load()
         txtNome->setText(donoDaJanela().nome);
         abreLista("select nind, idassinatura, dataref, idade, datafixa, nivelassinatura,assinatura, assina, fonte, "
                   "funcao, obs from assinatura where nind = " +
-                  donoDaJanela().numero + " order by dataref");
+                  chaveEmSQL(donoDaJanela().numero) + " order by dataref");
         mostraPrimeira();
     });
 }

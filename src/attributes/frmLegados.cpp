@@ -5,6 +5,7 @@
 #include "common/dicaDaPessoa.h"
 #include "common/escolhido.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
@@ -17,7 +18,7 @@ FrmLegados::FrmLegados() : ListaDatada(Name)
     mostraPessoaNaDica(txtNindH);
     mostraPessoaNaDica(dtgLeg, 1);
     Regras regras;
-    regras.procura = "idlegprof =%1";
+    regras.procura = "idlegprof =";
     regras.focoAoInserir = txtNindH;
     regras.focoAoAlterar = txtNindH;
     regras.preencheAoMostrar = true;
@@ -37,7 +38,7 @@ void FrmLegados::Form_Load()
         PreencheCodigos(*cmbParentesco, "Paren");
         abreLista("Select idlegprof,nindherd, parentesco, bensmoveis, obs, bensraiz,  nind from legadosprofanos where "
                   " nind =" +
-                  txtNind->text() + " order by idlegprof");
+                  chaveEmSQL(txtNind->text()) + " order by idlegprof");
         ActualizaCampos();
     });
 }
@@ -146,6 +147,6 @@ void FrmLegados::volta()
 {
     ListaDatada::volta();
     guarded([&] {
-        if (Ficha* ficha = donoDaJanela().ficha) ficha->procuraRegisto("nind = " + txtNind->text());
+        if (Ficha* ficha = donoDaJanela().ficha) ficha->procuraRegisto("nind = " + chaveEmSQL(txtNind->text()));
     });
 }

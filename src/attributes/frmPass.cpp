@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
@@ -9,13 +10,14 @@
 #include "common/pesquisa.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 #include "platform/jet/transaction.h"
 
 FrmPass::FrmPass() : ListaDatada(Name)
 {
     setupUi(this);
     Regras regras;
-    regras.procura = "npass=%1";
+    regras.procura = "npass=";
     regras.focoAoInserir = txtDados_0;
     regras.focoAoAlterar = txtDados_0;
     regras.fechaSemLinhas = true;
@@ -32,12 +34,12 @@ FrmPass::FrmPass() : ListaDatada(Name)
 void FrmPass::Form_Load()
 {
     Label2_1->setText(donoDaJanela().numero);
-    Label2_2->setText(donoDaJanela().nome);
+    Label2_2->setText(shownText(donoDaJanela().nome, 100));
     for (const char* estatura : {"  ", "Alta", "Baixa", "Média"})
         cmbDados_0->add(estatura);
     PreencheLocais(*cmbDados_1);
     aplicaModoDaDescricao(Modo::Cons);
-    abreLista("select * from passaporte where nind = " + Label2_1->text());
+    abreLista("select * from passaporte where nind = " + chaveEmSQL(Label2_1->text()));
     mostraDescricao();
     ActualizaCampos();
 }
@@ -86,8 +88,8 @@ void FrmPass::mostraLinha(const jet::Recordset& linha)
 bool FrmPass::passaporteGuardado()
 {
     const QString numero = textoDoNumero(rsPass.recordset()["npass"]);
-    const jet::Recordset linha(cnBDP, "select npass from passaporte where nind = " + Label2_1->text() +
-                                          " and npass = " + numero);
+    const jet::Recordset linha(cnBDP, "select npass from passaporte where nind = " + chaveEmSQL(Label2_1->text()) +
+                                          " and npass = " + chaveEmSQL(numero));
     if (!linha.eof()) return true;
     showMessage("O passaporte nº " + numero + " já não existe na base de dados, e nada foi gravado.");
     return false;
@@ -103,10 +105,11 @@ bool FrmPass::VerificaCampos(Passo passo)
     return !falta || recusa(falta, mskData);
 }
 
-// No transaction: what was written before a failing statement stays. The number is read before the first one.
+// No transaction: what was written before a failing statement stays. What was typed is read before the first one.
 QString FrmPass::acrescenta()
 {
-    cnBDP.execute("insert into passaporte (nind, npass, dataref) values (" + Label2_1->text() + "," +
+    semPlica(txtOutras_1->text());
+    cnBDP.execute("insert into passaporte (nind, npass, dataref) values (" + chaveEmSQL(Label2_1->text()) + "," +
                   numeroEmSQL(txtDados_0->text()) + "," + literalDaData(mskData->text()) + ")");
     gravaDestinoEObs();
     return chaveEscrita();
@@ -115,10 +118,10 @@ QString FrmPass::acrescenta()
 // Kept: every passport of the person is renumbered, which the key refuses if there are two.
 QString FrmPass::altera()
 {
-    const QString onde = " where nind = " + Label2_1->text();
+    const QString nind = chaveEmSQL(Label2_1->text());
     jet::Transaction transaccao(cnBDP);
-    cnBDP.execute("update passaporte set npass = " + numeroEmSQL(txtDados_0->text()) + onde);
-    cnBDP.execute("update passaporte set dataref = " + literalDaData(mskData->text()) + onde);
+    cnBDP.execute("update passaporte set npass = " + numeroEmSQL(txtDados_0->text()) + " where nind = " + nind);
+    cnBDP.execute("update passaporte set dataref = " + literalDaData(mskData->text()) + " where nind = " + nind);
     gravaDestinoEObs();
     transaccao.commit();
     return chaveEscrita();
@@ -127,13 +130,14 @@ QString FrmPass::altera()
 // Kept: destination and notes go to every passport of the person. Blank ones leave the old values.
 void FrmPass::gravaDestinoEObs()
 {
-    const QString onde = "' where nind = " + Label2_1->text();
+    const QString nind = chaveEmSQL(Label2_1->text());
     if (preenchido(cmbDados_1)) {
         const Local destino = localDoTexto(cmbDados_1->text());
-        cnBDP.execute("update passaporte set localdestino = '" + destino.codigo + onde);
-        cnBDP.execute("update passaporte set tipolocaldest = '" + destino.nivel + onde);
+        cnBDP.execute("update passaporte set localdestino = " + citado(destino.codigo) + " where nind = " + nind);
+        cnBDP.execute("update passaporte set tipolocaldest = " + citado(destino.nivel) + " where nind = " + nind);
     }
-    if (preenchido(txtOutras_1)) cnBDP.execute("update passaporte set obs = '" + txtOutras_1->text() + onde);
+    if (preenchido(txtOutras_1))
+        cnBDP.execute("update passaporte set obs = " + digitado(txtOutras_1->text()) + " where nind = " + nind);
 }
 
 // The number as the grid shows it.
@@ -149,7 +153,7 @@ QString FrmPass::chaveNoCriterio() const
 
 void FrmPass::elimina()
 {
-    cnBDP.execute("Delete from passaporte where nind = " + Label2_1->text() +
+    cnBDP.execute("Delete from passaporte where nind = " + chaveEmSQL(Label2_1->text()) +
                   " and npass = " + numeroEmSQL(txtDados_0->text()));
 }
 
@@ -166,12 +170,13 @@ void FrmPass::cmdE_Click()
             if (EmPesquisa) return;
             limpaDescricao();
             mostraDescricao();
+            descricaoVista_.ve(individuo());
             descricao_.passaA(Passo::Alteracao);
             return aplicaModoDaDescricao(Modo::Edi);
         }
         if (!askWhetherToStore("Deseja realmente confirmar as alterações?"))
             mostraDescricao();
-        else if (donoGuardado())
+        else if (donoGuardado() && podeGravarDescricao())
             gravaDescricao();
         else
             return;
@@ -198,7 +203,7 @@ void FrmPass::aplicaModoDaDescricao(Modo modo)
 // The row of this person, not that of the card, which may show somebody else by now.
 jet::Recordset FrmPass::individuo() const
 {
-    return {cnBDP, "select * from individuo where nind = " + Label2_1->text()};
+    return {cnBDP, "select * from individuo where nind = " + chaveEmSQL(Label2_1->text())};
 }
 
 void FrmPass::limpaDescricao()
@@ -216,6 +221,12 @@ void FrmPass::mostraDescricao()
     mostraSeHouver(cmbDados_0, pessoa["estatura"]);
     mostraSeHouver(txtDados_1, pessoa["altura"]);
     mostraSeHouver(txtOutras_0, pessoa["cFisicas"]);
+}
+
+bool FrmPass::podeGravarDescricao() const
+{
+    jet::Recordset agora = individuo();
+    return descricaoVista_.podeGravar(agora, {"estatura", "altura", "cfisicas"});
 }
 
 void FrmPass::gravaDescricao()

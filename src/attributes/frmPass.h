@@ -49,8 +49,10 @@ private:
     void limpaDescricao();
     void mostraDescricao();
     void gravaDescricao();
+    bool podeGravarDescricao() const;
 
     Comandos descricao_; // the edit of the description
+    RegistoVisto descricaoVista_;
 
     jet::DataControl rsPass{cnBDP};
 };

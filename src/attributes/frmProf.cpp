@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
@@ -10,7 +11,7 @@ FrmProf::FrmProf() : ListaDatada(Name)
 {
     setupUi(this);
     Regras regras;
-    regras.procura = "idprofissao =%1";
+    regras.procura = "idprofissao =";
     regras.focoAoInserir = mskData;
     regras.focoAoAlterar = mskData;
     regras.pergunta = " Tem a certeza que deseja eliminar este registo?";
@@ -28,7 +29,7 @@ void FrmProf::Form_Load()
         txtNome->setText(donoDaJanela().nome);
         PreencheProfissoes();
         abreLista("select nind, idprofissao,dataref, datafixa, codprof, fonte, obs from profissoes where nind = " +
-                  donoDaJanela().numero + " order by dataref");
+                  chaveEmSQL(donoDaJanela().numero) + " order by dataref");
         mostraPrimeira();
     });
 }
@@ -71,7 +72,7 @@ QStringList FrmProf::PreencheLinha(const jet::Recordset& linha) const
     QString nome;
     if (const QVariant codigo = linha["codprof"]; !codigo.isNull()) {
         const jet::Recordset profissao(cnBDP,
-                                       "select profissao from profissao where codprof = " + textoDoNumero(codigo));
+                                       jet::NativeSql("select profissao from profissao where codprof = ?", {codigo}));
         if (!profissao.eof()) nome = semMarca(profissao["profissao"].toString());
     }
     return {textoDoNumero(linha["idprofissao"]), textoDaData(linha["dataref"]), nome};

@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
@@ -11,7 +12,7 @@ FrmResid::FrmResid() : ListaDatada(Name)
 {
     setupUi(this);
     Regras regras;
-    regras.procura = "dataref =#%1#";
+    regras.procura = "dataref =";
     regras.focoAoInserir = mskData;
     regras.focoAoAlterar = mskData;
     regras.perguntaPrimeiro = true;
@@ -42,10 +43,10 @@ QString FrmResid::instrucao() const
     if (donoDaJanela().familia())
         return "select numero,  dataref, datafixa, tiporesid, localresid, tipolocal, fonte, obs from residencia where "
                "numero = " +
-               txtNum->text() + " and tiporesid = 'f' order by dataref";
+               chaveEmSQL(txtNum->text()) + " and tiporesid = 'f' order by dataref";
     return "select numero, dataref, datafixa,tiporesid, localresid, tipolocal,fonte, obs from residencia where "
            "numero = " +
-           txtNum->text() + " and tiporesid = 'i' order by dataref";
+           chaveEmSQL(txtNum->text()) + " and tiporesid = 'i' order by dataref";
 }
 
 const QList<ModeRow>& FrmResid::modos() const
@@ -76,6 +77,11 @@ void FrmResid::LimpaCampos()
     txtObs->clear();
 }
 
+QString FrmResid::chaveNoCriterio() const
+{
+    return dataDigitada(Chave);
+}
+
 QStringList FrmResid::PreencheLinha(const jet::Recordset& linha) const
 {
     return {textoDaData(linha["dataref"]), semMarca(NomeLocal(linha["localresid"], linha["tipolocal"]))};
@@ -97,10 +103,11 @@ bool FrmResid::VerificaCampos(Passo)
     if (!preenchido(cmbLoc)) return recusa("Deve indicar o local da residência!", cmbLoc);
     if (mskData->text() == emptyMaskedDate) return recusa("Deve indicar uma data de referência!", mskData);
     if (!adoResid.hasRows()) return true;
-    const jet::Recordset mesmaData(cnBDP, "select count(*) from residencia where numero =" + txtNum->text() +
-                                              (donoDaJanela().familia() ? " and tiporesid = 'f' and dataref = "
-                                                                        : " and tiporesid = 'i' and dataref = ") +
-                                              literalDaData(mskData->text()));
+    const jet::Recordset mesmaData(
+        cnBDP,
+        "select count(*) from residencia where numero =" + chaveEmSQL(txtNum->text()) +
+            (donoDaJanela().familia() ? " and tiporesid = 'f' and dataref = " : " and tiporesid = 'i' and dataref = ") +
+            literalDaData(mskData->text()));
     if (mesmaData.eof() || mesmaData[0].toInt() == 0) return true;
     return recusa("Não pode indicar duas residências para uma mesma data de referência!", mskData);
 }

@@ -27,6 +27,7 @@ protected:
     bool VerificaCampos(Passo passo) override;
     QString acrescenta() override;
     QString altera() override;
+    QString chaveNoCriterio() const override;
     void Form_Load() override;
 
 private:

@@ -3,6 +3,7 @@
 #include "attributes/sufragios.h"
 #include "common/campos.h"
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/modGeral.h"
 #include "platform/forms/msgbox.h"
@@ -11,7 +12,7 @@ FrmRituais::FrmRituais() : ListaDatada(Name)
 {
     setupUi(this);
     Regras regras;
-    regras.procura = "idlegpio =%1";
+    regras.procura = "idlegpio =";
     regras.focoAoInserir = optLeg_0;
     regras.preencheAoMostrar = true;
     regras.eliminarVaiAPrimeira = true;
@@ -46,7 +47,7 @@ void FrmRituais::Form_Load()
         }
         abreLista("Select nind, idlegpio, tipolegpio, quantidade, valorunit,  tipoMoeda, tipo, destino, "
                   "numpadres,valortotal, obs from  rituaismorte where nind = " +
-                  txtNind->text());
+                  chaveEmSQL(txtNind->text()));
         mostraPrimeira();
     });
 }
@@ -108,8 +109,8 @@ void FrmRituais::PreencheTipo(int sufragio)
 {
     OptionButton* const opcoes[] = {optLeg_0, optLeg_1, optLeg_2};
     opcoes[sufragio]->setValue(true);
-    jet::Recordset tipos(cnBDP, QStringLiteral("select codigo, descricao from infocomplementar where categoria = '") +
-                                    sufragios[sufragio].categoria + "' order by codigo");
+    jet::Recordset tipos(cnBDP, "select codigo, descricao from infocomplementar where categoria = " +
+                                    citado(sufragios[sufragio].categoria) + " order by codigo");
     if (!tipos.eof()) PreencheCombo(*cmbTipo, tipos, 1, 0);
 }
 

@@ -79,11 +79,12 @@ void ListaDatada::ActualizaCampos()
         if (linhas.bof()) linhas.moveNext();
     } else {
         linhas.moveFirst();
-        linhas.find(regras_.procura.arg(chaveNoCriterio()));
+        linhas.find(regras_.procura + chaveNoCriterio());
         if (linhas.eof()) return LimpaCampos();
     }
     grelha_->setRow(linhas.absolutePosition());
     mostraLinha(linhas);
+    vista_.ve(linhas);
 }
 
 void ListaDatada::grelha_Click()

@@ -5,8 +5,10 @@
 #include "common/campos.h"
 #include "common/dataAoEntrar.h"
 #include "common/dono.h"
+#include "common/instrucao.h"
 #include "common/numeros.h"
 #include "common/passo.h"
+#include "common/registoVisto.h"
 #include "common/text.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/modes.h"
@@ -46,7 +48,7 @@ protected:
 
     struct Regras
     {
-        QString procura; // the criterion by which a key finds its row, %1 in place of the key
+        QString procura; // the criterion by which a key finds its row, up to the key
         QWidget* focoAoInserir = nullptr;
         QWidget* focoAoAlterar = nullptr; // null: it stays where it is
         QString pergunta = "Tem a certeza que deseja eliminar este registo?";
@@ -98,7 +100,7 @@ protected:
     virtual QString altera() = 0;
     virtual void elimina() { registos().recordset().deleteRow(); }
     // Chave as a criterion takes it.
-    virtual QString chaveNoCriterio() const { return Chave; }
+    virtual QString chaveNoCriterio() const { return chaveEmSQL(Chave); }
 
     bool emRepouso() const { return comandos_.passo() == Passo::Repouso; }
     bool podeMudarDeDono() const override { return emRepouso(); }
@@ -146,4 +148,5 @@ private:
     QList<GridColumn> colunas_;
     Regras regras_;
     DataAoEntrar dataAntiga_;
+    RegistoVisto vista_; // the row shown
 };

@@ -59,6 +59,7 @@ void ListaDatada::iniciaAlteracao()
 void ListaDatada::confirmaAlteracao()
 {
     if (!donoGuardado() || !VerificaCampos(Passo::Alteracao)) return;
+    if (!vista_.podeGravar(registos().recordset())) return;
     const QString alterada = altera();
     if (regras_.releAoAlterar) registos().refresh();
     AplicarModo(Modo::Cons);

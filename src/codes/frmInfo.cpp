@@ -1,6 +1,7 @@
 #include "codes/frmInfo.h"
 
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -51,7 +52,7 @@ QString FrmInfo::categoria() const
 void FrmInfo::cmbCat_Click()
 {
     guarded([&] {
-        adoInfo.recordset().setFilter("categoria='" + categoria() + "'");
+        adoInfo.recordset().setFilter("categoria=" + citado(categoria()));
         Chave.clear();
         PreencheFG();
         if (inserindo()) propoeCodigo(); // the new row goes to the category that is chosen now
@@ -63,7 +64,7 @@ void FrmInfo::dtgInfo_Click()
     guarded([&] {
         jet::Recordset& registos = adoInfo.recordset();
         registos.moveFirst();
-        registos.find("codigo ='" + dtgInfo->textMatrix(dtgInfo->row(), 0) + "'");
+        registos.find("codigo =" + citado(dtgInfo->textMatrix(dtgInfo->row(), 0)));
         mostraLinha();
     });
 }
@@ -82,7 +83,7 @@ void FrmInfo::PreencheFG()
         dtgInfo->setTextMatrix(linha, 1, semMarca(registos["descricao"].toString()));
     }
     if (linhas > 0) registos.moveFirst();
-    if (!Chave.isEmpty()) registos.find("codigo ='" + Chave + "'");
+    if (!Chave.isEmpty()) registos.find("codigo =" + citado(Chave));
     dtgInfo->setRow(registos.absolutePosition());
     if (!inserindo()) mostraLinha();
 }
@@ -93,6 +94,7 @@ void FrmInfo::mostraLinha()
     const bool existe = registos.absolutePosition() > 0;
     txtCod->setText(existe ? registos["codigo"].toString() : QString());
     txtNome->setText(existe ? semMarca(registos["descricao"].toString()) : QString());
+    visto_.ve(registos);
 }
 
 // Captions, grid and fields as they are between two edits.
@@ -189,7 +191,7 @@ void FrmInfo::abreAlteracao()
 void FrmInfo::confirmaAlteracao()
 {
     if (descricaoEmFalta(false)) return; // Kept: without the icon
-    escreve();
+    if (visto_.podeGravar(adoInfo.recordset())) escreve();
 }
 
 // Kept: whether a card uses the code isn't asked.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/editorDeTabela.h"
+#include "common/registoVisto.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -47,5 +48,6 @@ private:
     bool descricaoEmFalta(bool comIcone);
 
     jet::DataControl adoInfo{cnBDP};
-    QString Chave; // code of the row to stand on after the grid was filled again; "" for the first one
+    RegistoVisto visto_; // the row shown
+    QString Chave;       // code of the row to stand on after the grid was filled again; "" for the first one
 };

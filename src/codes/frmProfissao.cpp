@@ -1,6 +1,7 @@
 #include "codes/frmProfissao.h"
 
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/listasAbertas.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
@@ -55,12 +56,13 @@ void FrmProfissao::mostraLinha()
     jet::Recordset& registos = adoProf.recordset();
     if (!Chave.isEmpty() && adoProf.hasRows()) {
         registos.moveFirst();
-        registos.find("codProf=" + Chave);
+        registos.find("codProf=" + chaveEmSQL(Chave));
     }
     const bool existe = registos.absolutePosition() > 0;
     txtCod->setText(existe ? codigoDaLinha() : QString());
     txtDes->setText(existe ? semMarca(registos["profissao"].toString()) : QString());
     txtObs->setText(existe ? registos["obs"].toString() : QString());
+    vista_.ve(registos);
 }
 
 QString FrmProfissao::codigoDaLinha()
@@ -129,7 +131,7 @@ bool FrmProfissao::designacaoRecusada(const QString& mensagemSeFalta)
     }
     // Kept: the texts are compared as they are stored, so a marked one is no duplicate of the same word, and a standard
     // one that is altered without a change is a duplicate of itself.
-    const jet::Recordset repetida(cnBDP, "select * from profissao where profissao = '" + Trim(txtDes->text()) + "'");
+    const jet::Recordset repetida(cnBDP, "select * from profissao where profissao = " + digitado(Trim(txtDes->text())));
     if (repetida.eof()) return false;
     showMessage("Essa profissão já existe!");
     txtDes->clear();
@@ -162,13 +164,14 @@ void FrmProfissao::confirmaAlteracao()
     if (designacaoRecusada("Deve inserir a designação da profissão!")) return;
     const QString marcada = comMarca(txtDes->text());
     jet::Recordset& registos = adoProf.recordset();
+    if (!vista_.podeGravar(registos)) return;
     registos.set("profissao", marcada);
     registos.set("obs", txtObs->text());
     registos.update();
     lstProf->item(entradaDaLinha())->setText(marcada);
     const QString codigo = codigoDaLinha();
     registos.setSort("codprof ASC");
-    registos.find("codprof=" + codigo);
+    registos.find("codprof=" + chaveEmSQL(codigo));
     mostraLinha();
     terminaEdicao();
 }

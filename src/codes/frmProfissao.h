@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/editorDeTabela.h"
+#include "common/registoVisto.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -42,5 +43,6 @@ private:
     int entradaDaLinha(); // index in lstProf
 
     jet::DataControl adoProf{cnBDP};
-    QString Chave; // codprof of the row to stand on; "" for the current one
+    RegistoVisto vista_; // the row shown
+    QString Chave;       // codprof of the row to stand on; "" for the current one
 };

@@ -70,7 +70,7 @@ bool VerificaData(MaskedEdit& campo)
 {
     contaAnoImprovavel(&campo);
     if (semData(campo.text()) || eData(campo.text())) return true;
-    showMessage("Deve inserir uma data válida!\r\nUtilize o formato 'DD/MM/YYYY'");
+    showMessage(dataInvalida);
     campo.clearMasked();
     Focus::setTo(&campo);
     return false;

@@ -30,6 +30,9 @@ QString literalDaData(const QString& texto);
 // The day that a statement reads between # signs in words, as "9 de Março de 1750"; "" for a text that is no date.
 QString diaDoLiteral(const QString& texto);
 
+// What the user is told of a field that holds no date.
+inline constexpr auto dataInvalida = "Deve inserir uma data válida!\r\nUtilize o formato 'DD/MM/YYYY'";
+
 // Checks a date field when it is left, for frmFam, frmProf, frmAssinatura and frmResid: true if the field is empty or
 // holds a date. Otherwise tells the user, clears the field and gives it the focus back.
 bool VerificaData(MaskedEdit& campo);

@@ -2,6 +2,7 @@
 
 #include "common/modGeral.h"
 #include "platform/forms/controls.h"
+#include "platform/forms/showntext.h"
 
 #include <QHelpEvent>
 #include <QToolTip>
@@ -40,7 +41,7 @@ protected:
         if (evento->type() != QEvent::ToolTip) return QObject::eventFilter(objecto, evento);
         const auto* pedido = static_cast<QHelpEvent*>(evento);
         auto* onde = static_cast<QWidget*>(objecto);
-        onde->setToolTip(pessoa(numero_(pedido->pos())));
+        onde->setToolTip(shownTip(pessoa(numero_(pedido->pos()))));
         if (onde->toolTip().isEmpty()) return false; // other columns may have a tip of their own
         QToolTip::showText(pedido->globalPos(), onde->toolTip(), onde);
         return true;

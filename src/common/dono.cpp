@@ -1,5 +1,6 @@
 #include "common/dono.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -10,7 +11,7 @@ bool Dono::guardado() const
 {
     const jet::Recordset linha(cnBDP, (familia() ? "select nfamilia from familia where nfamilia = "
                                                  : "select nind from individuo where nind = ") +
-                                          numero);
+                                          chaveEmSQL(numero));
     return !linha.eof();
 }
 

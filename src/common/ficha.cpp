@@ -39,6 +39,16 @@ void Ficha::procuraRegisto(const QString& criterio)
     mostraRegistoDoFicheiro();
 }
 
+void Ficha::releFicheiro(const QString& criterio)
+{
+    const bool vazio = !ficheiro().hasRows();
+    ficheiro().refresh();
+    if (vazio) AplicarModo(modo_); // an empty file has shut the commands
+    procuraRegisto(criterio);
+    permiteRecuar(ficheiro().hasRows());
+    permiteAvancar(ficheiro().hasRows());
+}
+
 void Ficha::abreJanela(const QString& nome)
 {
     guarded([&] { JanelaDoDono::abre(nome, dono(), true); });

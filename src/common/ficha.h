@@ -42,6 +42,12 @@ public:
     // first of all. A card in the middle of an edit or a search stays as it is.
     void procuraRegisto(const QString& criterio);
 
+    // Whether no edit, no search and no list of results is under way on the card.
+    bool emRepouso() const { return passo() == Passo::Repouso; }
+    // Records have come into the file from outside the card: reads it anew, and shows as procuraRegisto().
+    // Precondition: emRepouso(). Throws as a refresh.
+    void releFicheiro(const QString& criterio);
+
     // Whether the record on the card has a row, as far as the card knows: not in an insert, in a search, nor on a
     // cleared card.
     bool temRegisto() const { return !numero().isEmpty() && !inserindo() && modo_ != Modo::Loc; }

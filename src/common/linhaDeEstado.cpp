@@ -22,12 +22,10 @@ void contaAnoImprovavel(const MaskedEdit* campo)
 
 void contaGravado(const QString& registo, const QList<const MaskedEdit*>& datas)
 {
-    QStringList improvaveis, outras;
-    for (const MaskedEdit* campo : datas) {
+    QStringList improvaveis;
+    for (const MaskedEdit* campo : datas)
         if (anoImprovavel(campo->text())) improvaveis << campo->text();
-        if (preenchido(campo) && !eData(campo->text())) outras << campo->text();
-    }
     improvaveis.removeDuplicates();
-    showStatus("Gravado: " + registo + (outras.isEmpty() ? QString() : ", sem o que não é data: " + outras.join(", ")) +
+    showStatus("Gravado: " + registo +
                (improvaveis.isEmpty() ? QString() : " (ano pouco provável: " + improvaveis.join(", ") + ")"));
 }

@@ -10,6 +10,5 @@ class MaskedEdit;
 // Says nothing of another date, nor of a text that is none.
 void contaAnoImprovavel(const MaskedEdit* campo);
 
-// Tells that a record was stored ("indivíduo nº 5, Maria"), which of its dates are improbable, and what stands in their
-// fields and is no date: that isn't stored.
+// Tells that a record was stored ("indivíduo nº 5, Maria"), and which of its dates are improbable.
 void contaGravado(const QString& registo, const QList<const MaskedEdit*>& datas);

@@ -6,9 +6,12 @@
 #include "common/splashForm.h"
 #include "common/text.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/document.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+
+#include <QFileInfo>
 
 #include <new>
 
@@ -25,8 +28,9 @@ void MostraErro(const std::exception& erro)
     if (const auto* doMotor = dynamic_cast<const jet::Error*>(&erro)) return MostraErro(*doMotor);
     if (dynamic_cast<const std::bad_alloc*>(&erro))
         return MostraErro(jet::Error{jet::number::outOfMemory, "Não há memória suficiente."});
-    MostraErro(
-        jet::Error{jet::number::internalError, "Erro interno do programa (" + QString::fromUtf8(erro.what()) + ")."});
+    qWarning("%s", erro.what()); // its words are for who mends the program
+    MostraErro(jet::Error{jet::number::internalError,
+                          "Erro interno do programa: o que estava a ser feito não foi levado até ao fim."});
 }
 
 int ProcuraItemData(ComboBox& lista, const QVariant& valor)
@@ -71,9 +75,45 @@ void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, i
     }
 }
 
+namespace {
+
+// A path as a box shows it, without characters that would turn it round or hide a part.
+QString legivel(QString caminho)
+{
+    for (QChar& letra : caminho)
+        if (!letra.isPrint() && !letra.isSurrogate()) letra = QChar::ReplacementCharacter;
+    return caminho;
+}
+
+// Whether the desktop gets the document; asks or tells the user.
+bool podeAbrir(const QString& caminho)
+{
+    const auto completo = [&] { return legivel(QFileInfo(caminho).absoluteFilePath()); };
+    switch (Desktop::documentAt(caminho)) {
+    case Desktop::Document::Program:
+        showMessage("O ficheiro \"" + completo() +
+                    "\" é um programa ou um atalho, e não um documento.\r\nPor segurança não é aberto.");
+        return false;
+    case Desktop::Document::Elsewhere:
+        showMessage("\"" + legivel(caminho) +
+                    "\" não é o caminho de um ficheiro deste computador.\r\nPor segurança não é aberto.");
+        return false;
+    case Desktop::Document::Unknown:
+        return ask("O ficheiro \"" + completo() +
+                   "\" não é uma imagem, um PDF, um texto ou um documento de escritório.\r\n"
+                   "Só deve abri-lo se souber de onde vem. Deseja abri-lo?");
+    case Desktop::Document::Missing: // told by the attempt
+    case Desktop::Document::Harmless:
+        break;
+    }
+    return true;
+}
+
+} // namespace
+
 void AbreFicheiro(const QString& caminho)
 {
-    if (caminho.isEmpty()) return;
+    if (caminho.isEmpty() || !podeAbrir(caminho)) return;
     const int resultado = [&] {
         const Hourglass ampulheta; // the desktop may take its time
         return Desktop::openDocument(caminho);

@@ -51,7 +51,9 @@ int ProcuraTexto(ComboBox& lista, const QVariant& valor);
 // Precondition: the recordset is open (Error 3704), and no row has a null there (Error 94).
 void PreencheCombo(ComboBox& lista, jet::Recordset& registos, int colunaTexto, int colunaDados);
 
-// Opens a document in the program of its type; a failure is reported in a box. An empty path does nothing.
+// Opens a document in the program of its type; a failure is reported in a box. An empty path does nothing. Asks first
+// where the document is neither a picture nor a PDF, a text or an office document; refuses programs, scripts,
+// shortcuts, servers and URLs, and says so.
 void AbreFicheiro(const QString& caminho);
 
 // Brings up the family card behind the splash, which stays for three seconds or until Escape.

@@ -5,6 +5,7 @@
 #include "common/dono.h"
 #include "common/ficha.h"
 #include "common/filtro.h"
+#include "common/registoVisto.h"
 #include "common/valores.h"
 #include "individuals/pedido.h"
 #include "platform/forms/controls.h"
@@ -90,6 +91,7 @@ private:
     struct Membro
     {
         QVariant idade, estadoCivil, numCasam;
+        bool operator==(const Membro&) const = default;
     };
     using Membros = QHash<Nind, Membro>;
     const Metade& metade(int indice) const { return metades_[indice]; } // 0 the father's, 1 the mother's
@@ -136,9 +138,6 @@ private:
     void confirmaAlteracao() override;
     void cancelaAlteracao() override;
     void elimina() override;
-    bool temObrigatorios();
-    void verificaNumeros() const;
-    bool membrosPresentes();
     void insereFamilia();
     void insereMembro(const Metade& membro);
     void alteraFamilia();
@@ -147,6 +146,14 @@ private:
     void reescreveMembros();
     void reescreveMembro(int indice, Membros& guardados, bool noLugar);
     bool mantemNumCasam(int indice) const;
+
+    // frmFam_checks.cpp: before a family is written
+    bool temObrigatorios();
+    void verificaNumeros() const;
+    bool membrosPresentes();
+    bool podeGravarFamilia();
+    bool conjugesExistem();
+    bool datasValidas();
 
     // frmFam_people.cpp: the two members, and what follows from their dates
     void txtNind_Change(int indice);
@@ -173,6 +180,9 @@ private:
 
     Metade metades_[2];
     MetadeAberta abertas_[2];
+    QString inicioAberto_, fimAberto_; // what mskini and mskFim showed then, or hold since they were written
+    RegistoVisto vista_;    // the row as the alteration found it
+    Membros membrosVistos_; // and those of the members
     // Where a search that is cancelled comes back to; in an insert, the number proposed. Kept: it outlives the card,
     // and a search cancelled first thing in another BDP goes to the family with the number of the last.
     inline static Nfam NfamCorrente;

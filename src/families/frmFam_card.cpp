@@ -2,6 +2,7 @@
 #include "families/frmFam.h"
 
 #include "common/datas.h"
+#include "common/instrucao.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -56,8 +57,8 @@ void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
     // Read before the file moves, as rs may be the file itself.
     const QString nfam = nf && nf != Nfam(0) ? nf.texto() : textoDoNumero(rs["nfamilia"]);
     adoFam.recordset().moveFirst();
-    adoFam.recordset().find("nfamilia = " + nfam);
-    adonFam.setRecordSource("Select * from  familias where nfamilia = " + nfam);
+    adoFam.recordset().find("nfamilia = " + chaveEmSQL(nfam));
+    adonFam.setRecordSource("Select * from  familias where nfamilia = " + chaveEmSQL(nfam));
     adonFam.refresh();
     txtNFam->setText(nfam);
 
@@ -74,7 +75,8 @@ void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
         "[individuo].[Datanasc], [individuo].[DataObito],  MIN([Familia].[DaTacASAM]) as dataCasam  From individuo "
         " LEFT JOIN ( familia RIGHT JOIN familias  ON [familia].[nfamilia] =[familias].[nfamilia]) ON "
         "[individuo].[nind]=[familias].[nind] where famorig = " +
-        nfam + " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
+        chaveEmSQL(nfam) +
+        " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
     adoFilhos.refresh();
     ActualizaFilhos();
 
@@ -104,7 +106,7 @@ void FrmFam::mostraFicheiroVazio()
 void FrmFam::mostraMembro(const jet::Recordset& membro)
 {
     const QString nind = textoDoNumero(membro["nind"]);
-    const jet::Recordset individuo(cnBDP, "select sexo from individuo where nind = " + nind);
+    const jet::Recordset individuo(cnBDP, "select sexo from individuo where nind = " + chaveEmSQL(nind));
     const QString sexo = individuo.eof() ? QString() : individuo["sexo"].toString();
     if (sexo.isEmpty()) return;
 
@@ -157,7 +159,7 @@ void FrmFam::cmbTipoFam_Click()
 void FrmFam::poeFicheiroNaFicha()
 {
     adoFam.recordset().moveFirst();
-    adoFam.recordset().find("nfamilia = " + txtNFam->text());
+    adoFam.recordset().find("nfamilia = " + chaveEmSQL(txtNFam->text()));
 }
 
 void FrmFam::cmdAnt_Click()
@@ -194,7 +196,7 @@ void FrmFam::cmdSeg_Click()
         jet::Recordset& familias = adoFam.recordset();
         if (familias.eof()) familias.movePrevious();
         if (familias.bof()) familias.moveNext();
-        semErros([&] { familias.find("nfamilia = " + txtNFam->text()); });
+        semErros([&] { familias.find("nfamilia = " + chaveEmSQL(txtNFam->text())); });
         semErros([&] { familias.moveNext(); });
         const bool passouOFim = familias.eof();
         if (passouOFim) {

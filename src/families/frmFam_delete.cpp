@@ -1,9 +1,11 @@
-// What goes with a family. Its people stay.
+// What goes with a family, and can be put back. Its people stay.
 #include "families/frmFam.h"
 
+#include "common/instrucao.h"
 #include "common/numeros.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
+#include "store/lixo.h"
 
 void FrmFam::elimina()
 {
@@ -13,13 +15,15 @@ void FrmFam::elimina()
 void FrmFam::eliminaFamilia()
 {
     poeFicheiroNaFicha();
-    const QString n = textoDoNumero(adoFam.recordset()["nfamilia"]);
+    const QString n = chaveEmSQL(adoFam.recordset()["nfamilia"]);
     jet::Transaction transaccao(cnBDP);
+    lixo::Recolha recolha(cnBDP, lixo::Tipo::Familia, n);
     cnBDP.execute("update individuo set famorig = null where famorig = " + n);
     cnBDP.execute("delete from residencia where tiporesid = 'f' and numero = " + n);
     cnBDP.execute("delete from assistente where tipoacto = 'c' and entidade = " + n);
     cnBDP.execute("delete from familias where nfamilia = " + n);
     cnBDP.execute("delete from familia where nfamilia = " + n);
+    recolha.guarda();
     transaccao.commit();
 
     eliminaDoFicheiro();

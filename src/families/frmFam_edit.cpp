@@ -2,6 +2,7 @@
 #include "families/frmFam.h"
 
 #include "common/campos.h"
+#include "common/instrucao.h"
 #include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
@@ -18,17 +19,6 @@ void escolheLegitima(ComboBox& situacoes)
 {
     for (int i = 0; i < situacoes.count(); ++i)
         if (situacoes.list(i).startsWith('l', Qt::CaseInsensitive)) situacoes.setListIndex(i);
-}
-
-// The numbers that were typed, as a statement takes them. Error 13 for what can't be one.
-QString registoEmSQL(const TextBox* campo)
-{
-    return textoDoNumero(registoDoTexto(campo->text()));
-}
-
-QString inteiroEmSQL(const TextBox* campo)
-{
-    return preenchido(campo) ? QString::number(inteiroDoTexto(campo->text())) : QString();
 }
 
 } // namespace
@@ -50,37 +40,13 @@ void FrmFam::iniciaInsercao()
     ProcuraTexto(*cmbTipoFam, "7");
 }
 
-// Without these no family is stored.
-bool FrmFam::temObrigatorios()
-{
-    if (txtPnind->text().isEmpty() && txtSnind->text().isEmpty())
-        return recusa("Deve inserir pelo menos um dos elementos da família!", txtPnind);
-    if (!preenchido(cmbSit)) return recusa("Deve especificar a situação da família!", cmbSit);
-    if (!preenchido(cmbTipoFam)) return recusa("Deve especificar o tipo de família!", cmbTipoFam);
-    return true;
-}
-
-// Before the first statement: Error 13 for a number of a member that can't be stored. What an alteration leaves as it
-// was opened isn't written, and may be any number that is stored.
-void FrmFam::verificaNumeros() const
-{
-    const bool altera = passo() == Passo::Alteracao;
-    for (int indice : {0, 1}) {
-        const Metade& membro = metades_[indice];
-        const MetadeAberta& aberta = abertas_[indice];
-        if (membro.nind->text().isEmpty()) continue;
-        if (!altera || Nind::doCampo(membro.nind->text()) != aberta.nind) registoEmSQL(membro.nind);
-        if (!altera || membro.idade->text() != aberta.idade) inteiroEmSQL(membro.idade);
-        if (!altera || membro.numCasam->text() != aberta.numCasam) inteiroEmSQL(membro.numCasam);
-    }
-}
-
 void FrmFam::confirmaInsercao()
 {
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
-    registoEmSQL(txtNFam);
+    registoEmSQL(txtNFam->text());
     verificaNumeros();
+    if (!conjugesExistem() || !datasValidas()) return;
     jet::Transaction transaccao(cnBDP);
     insereFamilia();
     for (const Metade& membro : metades_)
@@ -94,12 +60,12 @@ void FrmFam::confirmaInsercao()
     ActualizaCampos(adoFam.recordset(), Nfam::doCampo(numero()));
 }
 
-// Kept: no text is escaped. An apostrophe in the notes fails its statement, and the family isn't inserted.
+// Kept: the notes aren't escaped. An apostrophe in them is the engine's error, and the family isn't inserted.
 void FrmFam::insereFamilia()
 {
-    const QString n = txtNFam->text();
-    cnBDP.execute("insert into familia (nfamilia, sfamilia, tipocasal) values (" + n + "," + itemDe(cmbSit).toString() +
-                  ",'" + Trim(cmbTipoFam->text()) + "')");
+    const QString n = registoEmSQL(txtNFam->text()), obs = digitado(txtObs->text());
+    cnBDP.execute("insert into familia (nfamilia, sfamilia, tipocasal) values (" + n + "," +
+                  chaveEmSQL(itemDe(cmbSit)) + "," + citado(Trim(cmbTipoFam->text())) + ")");
     if (preenchido(mskData)) {
         cnBDP.execute("update familia set datacasam = " + literalDaData(mskData->text()) + " where nfamilia = " + n);
         if (chkDF->isChecked())
@@ -111,30 +77,30 @@ void FrmFam::insereFamilia()
     }
     if (preenchido(cmbLoc)) {
         const Local local = localDoTexto(cmbLoc->text());
-        cnBDP.execute("update familia set localcasam ='" + local.codigo + "' where nfamilia = " + n);
-        cnBDP.execute("update familia set tipolocalcasam ='" + local.nivel + "' where nfamilia = " + n);
+        cnBDP.execute("update familia set localcasam =" + citado(local.codigo) + " where nfamilia = " + n);
+        cnBDP.execute("update familia set tipolocalcasam =" + citado(local.nivel) + " where nfamilia = " + n);
     }
     if (preenchido(mskini))
         cnBDP.execute("update familia set inicioobs = " + literalDaData(mskini->text()) + " where nfamilia = " + n);
     if (preenchido(mskFim))
         cnBDP.execute("update familia set fimobs = " + literalDaData(mskFim->text()) + " where nfamilia = " + n);
-    if (preenchido(txtObs)) cnBDP.execute("update familia set obs = '" + txtObs->text() + "' where nfamilia = " + n);
+    if (preenchido(txtObs)) cnBDP.execute("update familia set obs = " + obs + " where nfamilia = " + n);
 }
 
 void FrmFam::insereMembro(const Metade& membro)
 {
     if (membro.nind->text().isEmpty()) return;
-    const QString n = txtNFam->text(), m = registoEmSQL(membro.nind);
+    const QString n = registoEmSQL(txtNFam->text()), m = registoEmSQL(membro.nind->text());
     cnBDP.execute("insert into familias (nfamilia, nind) values (" + n + "," + m + ")");
     if (preenchido(membro.idade))
-        cnBDP.execute("update familias set idade = " + inteiroEmSQL(membro.idade) + " where nfamilia = " + n +
+        cnBDP.execute("update familias set idade = " + inteiroEmSQL(membro.idade->text()) + " where nfamilia = " + n +
                       " and nind = " + m);
     if (preenchido(membro.estadoCivil))
-        cnBDP.execute("update familias set estadocivil = " + itemDe(membro.estadoCivil).toString() +
+        cnBDP.execute("update familias set estadocivil = " + chaveEmSQL(itemDe(membro.estadoCivil)) +
                       " where nfamilia = " + n + " and nind = " + m);
     if (preenchido(membro.numCasam))
-        cnBDP.execute("update familias set numcasam = " + inteiroEmSQL(membro.numCasam) + " where nfamilia = " + n +
-                      " and nind = " + m);
+        cnBDP.execute("update familias set numcasam = " + inteiroEmSQL(membro.numCasam->text()) +
+                      " where nfamilia = " + n + " and nind = " + m);
 }
 
 // Kept: back on the last family, where the insert took its number from, and not on the one shown before.
@@ -151,11 +117,15 @@ void FrmFam::iniciaAlteracao()
     if (!numero().isEmpty()) mostraRegisto(adoFam.recordset(), Nfam::doCampo(numero()));
     if (numero().isEmpty()) throw jet::noCurrentRow(); // a cleared card, or a file without families
     abreAlteracao();
+    vista_.ve(adoFam.recordset());
+    membrosVistos_ = membrosGuardados();
     for (int indice : {0, 1}) {
         const Metade& membro = metade(indice);
         abertas_[indice] = {Nind::doCampoOuNenhum(membro.nind->text()), membro.idade->text(), membro.numCasam->text(),
                             membro.estadoCivil->listIndex()};
     }
+    inicioAberto_ = mskini->text();
+    fimAberto_ = mskFim->text();
     if (!eData(mskData->text())) mskData->setText({});
     Focus::setTo(cmbSit);
 }
@@ -166,9 +136,11 @@ void FrmFam::confirmaAlteracao()
     const Hourglass ampulheta;
     if (!temObrigatorios()) return;
     verificaNumeros();
-    if (!membrosPresentes()) return;
+    if (!membrosPresentes() || !conjugesExistem() || !datasValidas()) return;
     poeFicheiroNaFicha();
+    if (!podeGravarFamilia()) return;
     alteraFamilia();
+    vista_.ve(adoFam.recordset()); // where the members fail, the next confirmation finds what this one has written
     adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
 
     jet::Transaction transaccao(cnBDP);
@@ -179,7 +151,8 @@ void FrmFam::confirmaAlteracao()
     fechaEdicao();
 }
 
-// Every column of the card; null where its field is empty or, for a date, no date.
+// Every column of the card; null where its field is empty. A date of the observation that nobody has touched isn't
+// written: what is stored may be none that the field can show.
 void FrmFam::alteraFamilia()
 {
     const auto dataDe = [](const MaskedEdit* campo) { return eData(campo->text()) ? campo->text() : QVariant(); };
@@ -192,34 +165,21 @@ void FrmFam::alteraFamilia()
         familia.set("localcasam", codigoDe(cmbLoc));
         familia.set("tipolocalcasam", letraDe(cmbLoc));
     }
-    familia.set("inicioobs", dataDe(mskini));
-    familia.set("fimobs", dataDe(mskFim));
+    if (mskini->text() != inicioAberto_) familia.set("inicioobs", dataDe(mskini));
+    if (mskFim->text() != fimAberto_) familia.set("fimobs", dataDe(mskFim));
     familia.set("obs", textoDe(txtObs));
     familia.update();
+    inicioAberto_ = mskini->text(); // the members may still be refused, and the alteration go on
+    fimAberto_ = mskFim->text();
 }
 
 FrmFam::Membros FrmFam::membrosGuardados() const
 {
     Membros guardados;
-    for (jet::Recordset membro(cnBDP, "select * from familias where nfamilia = " + txtNFam->text()); !membro.eof();
-         membro.moveNext())
+    for (jet::Recordset membro(cnBDP, "select * from familias where nfamilia = " + chaveEmSQL(txtNFam->text()));
+         !membro.eof(); membro.moveNext())
         guardados.insert(Nind::daColuna(membro["nind"]), {membro["idade"], membro["estadocivil"], membro["numcasam"]});
     return guardados;
-}
-
-// A person who was deleted since the alteration began, and left the family with that, doesn't come back into it.
-bool FrmFam::membrosPresentes()
-{
-    const Membros guardados = membrosGuardados();
-    for (int indice : {0, 1}) {
-        TextBox* const campo = metade(indice).nind;
-        const Nind nind = Nind::doCampoOuNenhum(campo->text());
-        if (!nind || nind != abertas_[indice].nind || guardados.contains(nind)) continue;
-        Dono pessoa;
-        pessoa.numero = nind.texto();
-        if (!pessoa.guardado()) return recusa(pessoa.avisoDaFalta(), campo);
-    }
-    return true;
 }
 
 bool FrmFam::mostrado(Nind nind) const
@@ -233,9 +193,9 @@ void FrmFam::reescreveMembros()
     Membros guardados = membrosGuardados();
     const QList<Nind> todos = guardados.keys();
     const bool noLugar = !std::ranges::all_of(todos, [this](Nind nind) { return mostrado(nind); });
-    const QString daFamilia = " where nfamilia = " + txtNFam->text();
+    const QString n = chaveEmSQL(txtNFam->text());
     if (!noLugar) {
-        cnBDP.execute("delete from familias" + daFamilia);
+        cnBDP.execute("delete from familias where nfamilia = " + n);
     } else {
         const auto naFicha = [this](Nind nind) {
             return std::ranges::any_of(
@@ -243,7 +203,7 @@ void FrmFam::reescreveMembros()
         };
         for (const Nind nind : todos)
             if (mostrado(nind) && !naFicha(nind))
-                cnBDP.execute("delete from familias" + daFamilia + " and nind = " + nind.paraSQL());
+                cnBDP.execute("delete from familias where nfamilia = " + n + " and nind = " + nind.paraSQL());
     }
     for (int indice : {0, 1})
         reescreveMembro(indice, guardados, noLugar);
@@ -256,7 +216,7 @@ void FrmFam::reescreveMembro(int indice, Membros& guardados, bool noLugar)
     const Metade& membro = metade(indice);
     const MetadeAberta& aberta = abertas_[indice];
     if (membro.nind->text().isEmpty()) return;
-    const QString n = txtNFam->text(), m = numeroEmSQL(membro.nind->text());
+    const QString n = chaveEmSQL(txtNFam->text()), m = numeroEmSQL(membro.nind->text());
     const Nind nind = Nind::doCampo(m);
     const bool existe = guardados.contains(nind), oculto = existe && !mostrado(nind);
     const bool oMesmo = existe && aberta.nind == nind;
@@ -275,11 +235,12 @@ void FrmFam::reescreveMembro(int indice, Membros& guardados, bool noLugar)
                       " and nfamilia =" + n);
     };
     if (!oMesmo || membro.idade->text() != aberta.idade)
-        escreve("idade", preenchido(membro.idade), inteiroEmSQL(membro.idade));
+        escreve("idade", preenchido(membro.idade), inteiroEmSQL(membro.idade->text()));
     if (!oMesmo || membro.estadoCivil->listIndex() != aberta.estadoCivil)
-        escreve("estadocivil", preenchido(membro.estadoCivil), itemDe(membro.estadoCivil).toString());
+        escreve("estadocivil", preenchido(membro.estadoCivil), chaveEmSQL(itemDe(membro.estadoCivil)));
     if (!oMesmo || !mantemNumCasam(indice))
-        escreve("numcasam", preenchido(txtPnind->text().isEmpty() ? txtNC2 : txtNC1), inteiroEmSQL(membro.numCasam));
+        escreve("numcasam", preenchido(txtPnind->text().isEmpty() ? txtNC2 : txtNC1),
+                inteiroEmSQL(membro.numCasam->text()));
 }
 
 // Kept: of a couple, the first member's number of marriages decides whether the second's is written. If it is filled

@@ -1,6 +1,7 @@
 // The ways out of the card: to a person, to the forms of the family, and back to whoever called it.
 #include "families/frmFam.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/pedidoDeLocal.h"
@@ -59,7 +60,7 @@ void FrmFam::mostraPara(OrigemFam origem, const QString& nfam)
     // origin.
     NfamCorrente = Nfam::doCampo(origem == OrigemFam::FamiliaOrigem ? numero() : nfam);
     adoFam.recordset().moveFirst();
-    adoFam.recordset().find("nfamilia = " + nfam);
+    adoFam.recordset().find("nfamilia = " + chaveEmSQL(nfam));
     mostraRegistoDoFicheiro();
 }
 

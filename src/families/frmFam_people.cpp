@@ -6,6 +6,7 @@
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "families/tipoFam.h"
+#include "platform/forms/showntext.h"
 
 namespace {
 
@@ -39,13 +40,12 @@ void FrmFam::txtNind_Change(int indice)
         const Metade& membro = metade(indice);
         const auto descreve = [&](const QString& nome, const QString& vida) {
             membro.nome->setText(nome + vida);
-            membro.nome->setToolTip(vida);
+            membro.nome->setToolTip(shownTip(vida));
         };
         if (membro.nind->text().isEmpty()) return descreve({}, {});
-        const QString nind = numeroEmSQL(membro.nind->text());
         const jet::Recordset pessoa(cnBDP, "select nome, sexo, datanasc, localnasc,  tipolocalnasc, dataobito from "
                                            "individuo where nind = " +
-                                               nind);
+                                               numeroEmSQL(membro.nind->text()));
         if (pessoa.eof()) return descreve({}, {});
         descreve(pessoa["nome"].toString() + "  -  ", resumoDaVida(pessoa));
         mostraIdade(membro.idCalc, pessoa["datanasc"], mskData->text());
@@ -122,7 +122,7 @@ QString FrmFam::CalculaTipoFamilia(Nfam nfamilia)
                                  "select dataobito from individuo where nind = " + numeroEmSQL(txtPnind->text()));
         const jet::Recordset filhos(cnBDP, "select count(datanasc) as Datas, count(nind) as  Filhos from individuo "
                                            "where  famorig = " +
-                                               nfamilia.texto());
+                                               nfamilia.paraSQL());
         tipo = tipoDaFamilia({
             .nascimentoDaMae = !mae["datanasc"].isNull(),
             .obitos = !pai["dataobito"].isNull() && !mae["dataobito"].isNull(),

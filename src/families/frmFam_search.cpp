@@ -2,6 +2,7 @@
 #include "families/frmFam.h"
 
 #include "common/campos.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/pesquisa.h"
@@ -16,8 +17,8 @@ namespace {
 // The dates go between the # signs as they were typed. Kept: the store reads them month first.
 QString condicaoDasDatas(const CriterioDeDatas& datas)
 {
-    if (datas.fixa.isEmpty()) return " between #" + datas.inicio + "# and #" + datas.fim + "#";
-    return " = #" + datas.fixa + "#";
+    if (datas.fixa.isEmpty()) return " between " + dataDigitada(datas.inicio) + " and " + dataDigitada(datas.fim);
+    return " = " + dataDigitada(datas.fixa);
 }
 
 // The same days in words, as the store reads them: what was typed as 9 March is searched as 3 September.
@@ -45,8 +46,8 @@ void FrmFam::iniciaPesquisa()
 void FrmFam::confirmaPesquisa()
 {
     const Hourglass ampulheta;
+    const std::optional<CriterioDeDatas> datas = recolheDatas(Onde::QualquerFicha); // also where a field is refused
     const Filtro filtro = filtroDosCampos();
-    const std::optional<CriterioDeDatas> datas = recolheDatas(Onde::QualquerFicha);
     const bool casamento = datas && datas->data == 1, primeiroFilho = datas && datas->data == 3;
     if (filtro.vazio() && !casamento && !primeiroFilho) return desistePorFaltaDeCriterio();
 
@@ -153,33 +154,36 @@ Filtro FrmFam::filtroDosCampos() const
 {
     Filtro filtro;
     if (!txtNFam->text().isEmpty()) filtro.junta("nfamilia=" + numeroEmSQL(txtNFam->text()));
-    if (preenchido(cmbSit)) filtro.junta("sfamilia= '" + itemDe(cmbSit).toString() + "'");
-    if (preenchido(cmbTipoFam)) filtro.junta("tipocasal = " + cmbTipoFam->text());
+    if (preenchido(cmbSit)) filtro.junta("sfamilia= " + citado(itemDe(cmbSit).toString()));
+    if (preenchido(cmbTipoFam)) filtro.junta("tipocasal = " + chaveEmSQL(Trim(cmbTipoFam->text())));
 
     const QString pai = txtPnome->text(), mae = txtSnome->text();
     if (!pai.isEmpty() && !mae.isEmpty())
-        // Kept: the aliases are crossed, and the couple must be of opposite sex.
-        filtro.junta(" nfamilia in (SELECT famPai.nfamilia as nfamilia FROM individuo as mae INNER JOIN Familias as "
-                     "famPai ON mae.nind = famPai.nind, Individuo AS pai INNER JOIN Familias AS famMae ON pai.nind = "
-                     "famMae.nind where famPai.nfamilia =famMae.nfamilia and pai.nind<> mae.nind and pai.sexo ='m' "
-                     "and mae.sexo = 'f' and pai.nome like '" +
-                     pai + "' and mae.nome like '" + mae + "')");
+        // A man and a woman of one family are two people: so each is found by itself, and a file whose families are
+        // crowds is gone through twice instead of pair by pair.
+        filtro.junta(
+            " nfamilia in (SELECT famPai.nfamilia FROM individuo AS pai INNER JOIN Familias AS famPai ON "
+            "pai.nind = famPai.nind where pai.sexo ='m' and pai.nome like " +
+            digitado(pai) +
+            ") and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN Familias AS famMae ON "
+            "mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like " +
+            digitado(mae) + ")");
     else if (!pai.isEmpty())
         filtro.junta(" nfamilia in (select familia.nfamilia from familia, individuo, familias where "
                      "familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = familias.nind and "
-                     "nome like '" +
-                     pai + "')");
+                     "nome like " +
+                     digitado(pai) + ")");
     else if (!mae.isEmpty())
         filtro.junta(" nfamilia in (select familia.nfamilia from familia,individuo, familias where  "
                      "familia.nfamilia = familias.nfamilia and  sexo = 'f' and individuo.nind = familias.nind and "
-                     "nome like '" +
-                     mae + "')");
+                     "nome like " +
+                     digitado(mae) + ")");
 
     if (preenchido(cmbLoc)) {
         const Local local = localDoTexto(cmbLoc->text());
-        filtro.junta("localcasam = '" + local.codigo + "' and tipolocalcasam = '" + local.nivel + "'");
+        filtro.junta("localcasam = " + citado(local.codigo) + " and tipolocalcasam = " + citado(local.nivel));
     }
     // Kept: the notes stay locked and empty in a search, so this never counts.
-    if (preenchido(txtObs)) filtro.junta(" obs like '" + txtObs->text() + "'");
+    if (preenchido(txtObs)) filtro.junta(" obs like " + digitado(txtObs->text()));
     return filtro;
 }

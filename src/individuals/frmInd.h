@@ -5,6 +5,7 @@
 #include "common/dataAoEntrar.h"
 #include "common/ficha.h"
 #include "common/locais.h"
+#include "common/registoVisto.h"
 #include "common/valores.h"
 #include "individuals/pedido.h"
 
@@ -169,6 +170,7 @@ private:
     jet::DataControl adoNind{cnBDP}; // the whole row of the individual shown, which an alteration writes back
     jet::DataControl adoRel{cnBDP};  // the families in which the individual is a spouse
 
+    RegistoVisto visto_;         // the row as the alteration found it
     Valores mostrados_;          // what the fields said of the columns when the alteration began
     QString Tipo;                // the type code as the date fields have worked it out while editing
     Nind NindCorrente;           // shown last, or looked for last

@@ -2,6 +2,7 @@
 #include "individuals/frmInd.h"
 
 #include "common/datas.h"
+#include "common/instrucao.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -63,7 +64,7 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
 void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
 {
     const QString nind = textoDoNumero(rs["Nind"]);
-    adoNind.setRecordSource("select * from individuo where nind = " + nind);
+    adoNind.setRecordSource("select * from individuo where nind = " + chaveEmSQL(nind));
     adoNind.refresh();
     NindCorrente = Nind::daColuna(rs["Nind"]);
     txtNind->setText(nind);
@@ -119,7 +120,7 @@ void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
     adoRel.setRecordSource(
         "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
         "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
-        nind + " order by datacasam asc");
+        chaveEmSQL(nind) + " order by datacasam asc");
     adoRel.refresh();
     PreencheFamilias();
 
@@ -141,6 +142,7 @@ void FrmInd::mostraGuardado(const QString& nind)
     for (const auto& [coluna, lista] : listasDeCodigos())
         if (ProcuraItemData(*lista, adoNind.recordset()[coluna]) < 0 && !adoNind.recordset()[coluna].isNull())
             lista->setListIndex(-1);
+    visto_.ve(adoNind.recordset());
     mostrados_.clear();
     try {
         mostrados_ = valoresDaAlteracao();
@@ -154,7 +156,7 @@ void FrmInd::mostra(const QString& nind)
     jet::Recordset& lista = adoInd.recordset();
     if (adoInd.hasRows()) {
         lista.moveFirst();
-        if (!nind.isEmpty()) lista.find("nind = " + nind);
+        if (!nind.isEmpty()) lista.find("nind = " + chaveEmSQL(nind));
     }
     ActualizaCampos(lista);
 }

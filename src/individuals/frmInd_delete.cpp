@@ -2,9 +2,11 @@
 #include "individuals/frmInd.h"
 
 #include "common/dono.h"
+#include "common/instrucao.h"
 #include "common/numeros.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/transaction.h"
+#include "store/lixo.h"
 
 namespace {
 
@@ -39,6 +41,16 @@ bool desfazFamilia(const QString& f)
     return conjuges == 1;
 }
 
+// Kept: where the store refuses that the row itself goes, nothing is said, and the references are gone all the same.
+void eliminaLinha(const QString& n)
+{
+    try {
+        cnBDP.execute(jet::NativeSql("delete from individuo where nind = ?", {n}));
+    } catch (const jet::Error& erro) {
+        if (erro.number != jet::number::invalidStatement || cnBDP.transactionLevel() == 0) throw;
+    }
+}
+
 } // namespace
 
 void FrmInd::elimina()
@@ -47,17 +59,20 @@ void FrmInd::elimina()
         eliminaIndividuo();
 }
 
-// Kept: the row itself goes after the commit, and the family card is not told.
+// What goes can be put back. Kept: the family card is not told.
 void FrmInd::eliminaIndividuo()
 {
     poeListaNoNumero(txtNind->text()); // the list may be elsewhere, as at the start of an alteration
-    const QString n = textoDoNumero(adoInd.recordset()["Nind"]);
+    const QString n = chaveEmSQL(adoInd.recordset()["Nind"]);
     jet::Transaction transaccao(cnBDP);
+    lixo::Recolha recolha(cnBDP, lixo::Tipo::Individuo, n);
     eliminaReferencias(n);
     QStringList desfeitas;
     for (jet::Recordset familias(cnBDP, "select nfamilia from familias where nind = " + n); !familias.eof();
          familias.moveNext())
-        if (const QString f = textoDoNumero(familias["nfamilia"]); desfazFamilia(f)) desfeitas << f;
+        if (const QString f = chaveEmSQL(familias["nfamilia"]); desfazFamilia(f)) desfeitas << f;
+    eliminaLinha(n);
+    recolha.guarda();
     transaccao.commit();
     for (const QString& f : std::as_const(desfeitas))
         JanelaDoDono::fechaAsDe(TipoDeDono::Familia, f);

@@ -3,6 +3,7 @@
 
 #include "common/campos.h"
 #include "common/datas.h"
+#include "common/instrucao.h"
 #include "common/linhaDeEstado.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -130,9 +131,16 @@ bool FrmInd::gravaAlteracao()
     if (!temObrigatorios("confirmar a alteração!")) return false;
     jet::Recordset& linha = adoNind.recordset();
     try {
+        Valores alterados;
+        QStringList colunas;
         for (const auto& valor : valoresDaAlteracao())
-            if (!mostrados_.contains(valor) || (linha[valor.first].isNull() && !valor.second.isNull()))
-                linha.set(valor.first, valor.second);
+            if (!mostrados_.contains(valor) || (linha[valor.first].isNull() && !valor.second.isNull())) {
+                alterados << valor;
+                colunas << valor.first;
+            }
+        if (!colunas.isEmpty() && !visto_.podeGravar(linha, colunas)) return false;
+        for (const auto& [coluna, valor] : alterados)
+            linha.set(coluna, valor);
         linha.update();
     } catch (const jet::Error& erro) {
         throw doIndividuo(numero(), erro);
@@ -168,7 +176,7 @@ bool FrmInd::temObrigatorios(const QString& accao)
 void FrmInd::poeListaNoNumero(const QString& nind)
 {
     adoInd.recordset().moveFirst();
-    adoInd.recordset().find("nind = " + nind);
+    adoInd.recordset().find("nind = " + chaveEmSQL(nind));
 }
 
 QString FrmInd::sexo() const

@@ -3,6 +3,7 @@
 
 #include "common/datas.h"
 #include "common/dono.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/pedidoDeLocal.h"
@@ -43,9 +44,9 @@ void FrmInd::Command1_Click()
     guarded([&] {
         if (dtgProf->row() == 0) return;
         const jet::Recordset conjuge(cnBDP, "select individuo.nind, nome from individuo, familias where nfamilia = " +
-                                                dtgProf->textMatrix(dtgProf->row(), 0) +
+                                                chaveEmSQL(dtgProf->textMatrix(dtgProf->row(), 0)) +
                                                 " and familias.nind = individuo.nind and  familias.nind <> " +
-                                                txtNind->text());
+                                                chaveEmSQL(txtNind->text()));
         if (conjuge.eof()) return showMessage("Não existe informação sobre o conjuge.");
         frmArv().mostraConjuge(*this, {textoDoNumero(conjuge["Nind"]), conjuge["Nome"].toString()});
     });

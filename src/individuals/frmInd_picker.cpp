@@ -2,11 +2,13 @@
 #include "individuals/frmInd.h"
 
 #include "common/dono.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/text.h"
 #include "families/frmFam.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 
 // The hand-over to the form of an act has disabled the card, and the form may stand there long after. Whoever asks the
 // card next finds it in use, unless it waits for a window of its own. Kept: the menu alone brings it up disabled.
@@ -37,7 +39,7 @@ void FrmInd::atendeActo(const std::optional<QString>& primeiro)
     display();
     if (primeiro) {
         if (!primeiro->isEmpty()) NindCorrente = Nind::doCampo(*primeiro);
-        procuraRegisto(primeiro->isEmpty() ? QString() : "nind = " + *primeiro);
+        procuraRegisto(primeiro->isEmpty() ? QString() : "nind = " + chaveEmSQL(*primeiro));
     }
     cmdAtribuir->setEnabled(modo() == Modo::Cons); // an edit or a search there has to end first
 }
@@ -74,7 +76,7 @@ void FrmInd::voltaDoBaptismo(const QString& nind)
     if (!insere(nind)) NindCorrente = Nind::doCampo(nind); // an insert that is given up goes back to who was shown
     display();
     cmdAtribuir->setEnabled(false);
-    procuraRegisto("nind = " + nind);
+    procuraRegisto("nind = " + chaveEmSQL(nind));
 }
 
 void FrmInd::vaiAoPrincipio()
@@ -134,7 +136,8 @@ void FrmInd::cmdTest_Click()
 void FrmInd::atribuiTestamenteiro()
 {
     if (!Trim(numero()).isEmpty())
-        cnBDP.execute("update individuo set testamenteiro = " + numero() + " where nind = " + testador.texto());
+        cnBDP.execute("update individuo set testamenteiro = " + chaveEmSQL(numero()) +
+                      " where nind = " + testador.paraSQL());
     abreAlteracaoDe(testador.texto());
 }
 
@@ -205,7 +208,7 @@ void FrmInd::dizParaQuem()
 {
     const PedidoDeIndividuo& pedido = chamada().pedido();
     const bool alguem = pedido.quem && pedido.comoQue && cmdAtribuir->isEnabled();
-    cmdAtribuir->setToolTip(alguem ? "Atribuir como " + pedido.comoQue(*this) : QString());
+    cmdAtribuir->setToolTip(alguem ? shownTip("Atribuir como " + pedido.comoQue(*this)) : QString());
 }
 
 // The part may depend on the person shown by now.

@@ -3,6 +3,7 @@
 
 #include "common/campos.h"
 #include "common/filtro.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "individuals/frmDatas.h"
@@ -20,16 +21,16 @@ QString mesPrimeiro(const QString& data)
 
 QString condicaoDaData(const CriterioDeDatas& datas)
 {
-    if (!datas.fixa.isEmpty()) return " = #" + mesPrimeiro(datas.fixa) + "#";
-    return " between #" + mesPrimeiro(datas.inicio) + "# and #" + mesPrimeiro(datas.fim) + "#";
+    if (!datas.fixa.isEmpty()) return " = " + dataDigitada(mesPrimeiro(datas.fixa));
+    return " between " + dataDigitada(mesPrimeiro(datas.inicio)) + " and " + dataDigitada(mesPrimeiro(datas.fim));
 }
 
 QString condicaoDoNascimento(const CriterioDeDatas& datas)
 {
     if (!datas.fixa.isEmpty()) return "datanasc" + condicaoDaData(datas);
     // Kept: here alone the dates go as typed, and the comparison is with two texts.
-    return "datanasc between Format(#" + datas.inicio + "#, 'mm/dd/yyyy') and Format(#" + datas.fim +
-           "#, 'mm/dd/yyyy')";
+    return "datanasc between Format(" + dataDigitada(datas.inicio) + ", 'mm/dd/yyyy') and Format(" +
+           dataDigitada(datas.fim) + ", 'mm/dd/yyyy')";
 }
 
 QString pelosCampos(const Filtro& filtro)
@@ -98,8 +99,9 @@ void FrmInd::confirmaPesquisa()
 
 QString FrmInd::instrucaoDaPesquisa() const
 {
+    const auto datas = recolheDatas(Onde::UltimaFicha); // first, as a field that is refused takes the date away, too
     Filtro filtro = condicoesDosCampos();
-    if (const auto datas = recolheDatas(Onde::UltimaFicha)) {
+    if (datas) {
         switch (datas->data) {
         case 0:
             filtro.junta(condicaoDoNascimento(*datas));
@@ -121,17 +123,17 @@ Filtro FrmInd::condicoesDosCampos() const
 {
     Filtro filtro;
     if (!txtNind->text().isEmpty()) filtro.junta("individuo.nind=" + numeroEmSQL(txtNind->text()));
-    if (!txtNome->text().isEmpty()) filtro.junta("individuo.nome like '" + txtNome->text() + "'");
-    if (preenchido(cmbTipoInd)) filtro.junta("individuo.tipo= '" + Trim(cmbTipoInd->text()) + "'");
-    if (!sexo().isEmpty()) filtro.junta("individuo.sexo = '" + sexo() + "'");
+    if (!txtNome->text().isEmpty()) filtro.junta("individuo.nome like " + digitado(txtNome->text()));
+    if (preenchido(cmbTipoInd)) filtro.junta("individuo.tipo= " + citado(Trim(cmbTipoInd->text())));
+    if (!sexo().isEmpty()) filtro.junta("individuo.sexo = " + citado(sexo()));
     if (preenchido(cmbLoc))
-        filtro.junta("individuo.localnasc = '" + codigoDe(cmbLoc).toString() + "' and individuo.tipolocalnasc = '" +
-                     letraDe(cmbLoc).toString() + "'");
-    if (preenchido(cmbFiliacao)) filtro.junta("individuo.filiacao = " + itemDe(cmbFiliacao).toString());
+        filtro.junta("individuo.localnasc = " + citado(codigoDe(cmbLoc).toString()) +
+                     " and individuo.tipolocalnasc = " + citado(letraDe(cmbLoc).toString()));
+    if (preenchido(cmbFiliacao)) filtro.junta("individuo.filiacao = " + chaveEmSQL(itemDe(cmbFiliacao)));
     if (preenchido(cmbLocObito))
-        filtro.junta("individuo.localobito = '" + codigoDe(cmbLocObito).toString() +
-                     "' and individuo.tipolocalobito = '" + letraDe(cmbLocObito).toString() + "'");
-    if (preenchido(txtObs)) filtro.junta("individuo.obs like '" + txtObs->text() + "'");
+        filtro.junta("individuo.localobito = " + citado(codigoDe(cmbLocObito).toString()) +
+                     " and individuo.tipolocalobito = " + citado(letraDe(cmbLocObito).toString()));
+    if (preenchido(txtObs)) filtro.junta("individuo.obs like " + digitado(txtObs->text()));
     return filtro;
 }
 

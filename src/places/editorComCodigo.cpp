@@ -1,5 +1,6 @@
 #include "places/editorComCodigo.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/text.h"
 
@@ -14,8 +15,10 @@ void EditorComCodigo::usaCodigo(Codigo codigo, ComboBox* superiores)
 
 void EditorComCodigo::preencheSuperiores(jet::Recordset& linhas)
 {
-    for (; !linhas.eof(); linhas.moveNext())
-        superiores_->add(linhas[1].toString() + "  -" + linhas[0].toString());
+    for (; !linhas.eof(); linhas.moveNext()) {
+        codigosSuperiores_ << linhas[0].toString();
+        superiores_->add(linhas[1].toString() + "  -" + codigosSuperiores_.last());
+    }
     if (superiores_->count() > 0) return superiores_->setListIndex(0);
     for (QWidget* comando : QList<QWidget*>{ins_, alt_, elim_} + regras_.outros)
         comando->setEnabled(comando == superiores_);
@@ -24,15 +27,14 @@ void EditorComCodigo::preencheSuperiores(jet::Recordset& linhas)
 void EditorComCodigo::superiores_Click()
 {
     guarded([&] {
-        registos_->recordset().setFilter(QString("%1='%2'").arg(nivel().superior, superior()));
+        registos_->recordset().setFilter(QString(nivel().superior) + "=" + citado(superior()));
         mostraRegistos();
     });
 }
 
-// The code behind the last "-": a name may hold others.
 QString EditorComCodigo::superior() const
 {
-    return superiores_ ? superiores_->text().section('-', -1) : QString();
+    return superiores_ ? codigosSuperiores_.value(superiores_->listIndex()) : QString();
 }
 
 // A number gets its zeros; another text stays as it is.
@@ -47,7 +49,7 @@ QString EditorComCodigo::codigoAGravar() const
 bool EditorComCodigo::VerificaCampos(Passo passo)
 {
     if (passo == Passo::Insercao) {
-        if (Trim(txtCod_->text()).isEmpty()) return recusaComTexto(codigo_.emFalta, txtCod_);
+        if (Trim(semPlica(txtCod_->text())).isEmpty()) return recusaComTexto(codigo_.emFalta, txtCod_);
         if (!jet::Recordset(cnBDP, instrucaoDoCodigo(codigoAGravar())).eof())
             return recusaComTexto(codigo_.repetido, txtCod_);
     }

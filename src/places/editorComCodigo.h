@@ -3,6 +3,8 @@
 
 #include "places/editorDeLocais.h"
 
+#include <QStringList>
+
 #include <utility>
 
 // The user types the level's own digits, which are written behind the code of the place above. That one is chosen in a
@@ -42,4 +44,5 @@ private:
 
     Codigo codigo_{};
     ComboBox* superiores_ = nullptr;
+    QStringList codigosSuperiores_; // of its entries: a text of one doesn't tell where the code begins
 };

@@ -1,6 +1,7 @@
 #include "places/editorDeLocais.h"
 
 #include "common/campos.h"
+#include "common/instrucao.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -106,7 +107,7 @@ void EditorDeLocais::mostraRegistos(const QString& codigo)
     jet::Recordset& linhas = registos_->recordset();
     if (registos_->hasRows()) {
         linhas.moveFirst();
-        if (!codigo.isEmpty()) linhas.find(QString("%1 ='%2'").arg(nivel().codigo, QString(codigo).replace("'", "''")));
+        if (!codigo.isEmpty()) linhas.find(QString(nivel().codigo) + " =" + citado(codigo));
         grelha_->setRow(std::max(linhas.absolutePosition(), 1));
     }
     mostraLinha();
@@ -140,6 +141,7 @@ void EditorDeLocais::mostraLinha()
     txtNome_->setText(semMarca(valor(nivel().nome)));
     txtObs_->setText(valor("obs"));
     mostraOutros(registos_->recordset());
+    vista_.ve(registos_->recordset());
 }
 
 void EditorDeLocais::abreInsercao()
@@ -178,7 +180,7 @@ void EditorDeLocais::abreAlteracao()
 
 void EditorDeLocais::confirmaAlteracao()
 {
-    if (!VerificaCampos(Passo::Alteracao)) return;
+    if (!VerificaCampos(Passo::Alteracao) || !vista_.podeGravar(registos_->recordset())) return;
     const QString codigo = valor(nivel().codigo);
     escreveCampos();
     registos_->recordset().requery();

@@ -3,6 +3,7 @@
 
 #include "common/editorDeTabela.h"
 #include "common/niveis.h"
+#include "common/registoVisto.h"
 #include "platform/forms/modes.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
@@ -116,4 +117,6 @@ private:
     void preencheGrelha();
     void limpaCampos();
     void escreveCampos();
+
+    RegistoVisto vista_; // the row shown
 };

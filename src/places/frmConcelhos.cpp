@@ -1,5 +1,6 @@
 #include "places/frmConcelhos.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
@@ -42,12 +43,12 @@ jet::NativeSql FrmConcelhos::fonte() const
 
 QString FrmConcelhos::instrucaoDoCodigo(const QString& codigo) const
 {
-    return "select * from concelho where codconcelho = '" + codigo + "'";
+    return "select * from concelho where codconcelho = " + citado(codigo);
 }
 
 bool FrmConcelhos::nomeRepetido(const QString& nome, Passo) const
 {
-    return existe("select * from concelho where nomeconcelho = '" + nome + "'");
+    return existe("select * from concelho where nomeconcelho = " + digitado(nome));
 }
 
 std::optional<jet::NativeSql> FrmConcelhos::eliminacaoDosDescendentes(const QString& codigo) const

@@ -1,5 +1,6 @@
 #include "places/frmDistritos.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 
@@ -25,12 +26,12 @@ jet::NativeSql FrmDistritos::fonte() const
 
 QString FrmDistritos::instrucaoDoCodigo(const QString& codigo) const
 {
-    return "select * from distrito where coddistrito = '" + codigo + "'";
+    return "select * from distrito where coddistrito = " + citado(codigo);
 }
 
 bool FrmDistritos::nomeRepetido(const QString& nome, Passo) const
 {
-    return existe("select * from distrito where nomedistrito = '" + nome + "'");
+    return existe("select * from distrito where nomedistrito = " + digitado(nome));
 }
 
 std::optional<jet::NativeSql> FrmDistritos::eliminacaoDosDescendentes(const QString& codigo) const

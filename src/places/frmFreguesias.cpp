@@ -1,5 +1,6 @@
 #include "places/frmFreguesias.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "places/frmConcelhos.h"
 #include "platform/forms/forms.h"
@@ -38,12 +39,12 @@ jet::NativeSql FrmFreguesias::fonte() const
 
 QString FrmFreguesias::instrucaoDoCodigo(const QString& codigo) const
 {
-    return "select * from paroquia where codparoquia = '" + codigo + "'";
+    return "select * from paroquia where codparoquia = " + citado(codigo);
 }
 
 bool FrmFreguesias::nomeRepetido(const QString& nome, Passo) const
 {
-    return existe("select * from paroquia where nomeparoquia = '" + nome + "'");
+    return existe("select * from paroquia where nomeparoquia = " + digitado(nome));
 }
 
 std::optional<jet::NativeSql> FrmFreguesias::eliminacaoDosDescendentes(const QString& codigo) const

@@ -70,15 +70,15 @@ void FrmLocalizacao::cmdGuardar_Click()
     });
 }
 
-// Kept: a site is marked under the name shown, so one that the researcher made never is; nor is one with a quote in its
-// name.
+// Kept: a site is marked under the name shown, so one that the researcher made never is.
 void FrmLocalizacao::marcaLocal()
 {
     const DadosDoNivel* nivel = nivelDaLetra(LocalTipo);
     if (!nivel) return;
     if (nivel->nivel == Nivel::Sitio)
-        cnBDP.execute("update sitio set prioridade = 1 where codsitio  = '" + LocalCod + "' and nomesitio = '" +
-                      cmbS->text() + "'");
+        cnBDP.execute(jet::NativeSql("update sitio set prioridade = 1 where codsitio = ? and nomesitio = ? collate "
+                                     "orv_nocase",
+                                     {LocalCod, cmbS->text()}));
     else
         cnBDP.execute(nivel->marca(LocalCod, Prioridade::NaLista));
 }

@@ -1,5 +1,7 @@
 #include "places/frmLugares.h"
 
+#include "common/instrucao.h"
+
 FrmLugares::FrmLugares() : EditorProvisorio(Name, Nivel::Paroquia)
 {
     setupUi(this);
@@ -18,7 +20,7 @@ jet::NativeSql FrmLugares::fonte() const
 
 bool FrmLugares::nomeRepetido(const QString& nome, Passo) const
 {
-    return existe("select * from lugar where nomelugar = '" + nome + "' and codparoquia = '" + CodSup + "'");
+    return existe("select * from lugar where nomelugar = " + digitado(nome) + " and codparoquia = " + citado(CodSup));
 }
 
 QString FrmLugares::codigoNovo()

@@ -1,5 +1,6 @@
 #include "places/frmPais.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "platform/forms/forms.h"
@@ -26,7 +27,7 @@ jet::NativeSql FrmPais::fonte() const
 // Here alone an alteration leaves the row itself out.
 bool FrmPais::nomeRepetido(const QString& nome, Passo passo) const
 {
-    jet::Recordset iguais(cnBDP, "select codpais from pais where nomepais = '" + nome + "'");
+    jet::Recordset iguais(cnBDP, "select codpais from pais where nomepais = " + digitado(nome));
     if (passo == Passo::Insercao) return !iguais.eof();
     for (; !iguais.eof(); iguais.moveNext())
         if (iguais[0].toString().compare(valor("codpais"), Qt::CaseInsensitive) != 0) return true;

@@ -1,11 +1,13 @@
 #include "places/frmPesq.h"
 
+#include "common/instrucao.h"
 #include "common/marca.h"
 #include "common/modGeral.h"
 #include "places/frmLocalizacao.h"
 #include "platform/forms/dressing.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -23,8 +25,8 @@ enum Coluna
 // Kept: the text goes into the statement as it was typed, so that a quote breaks it.
 QString instrucaoDaProcura(const DadosDoNivel& nivel, const QString& texto)
 {
-    return QString("select %1, %2 from %3 where %2 like '%").arg(nivel.codigo, nivel.nome, nivel.tabela) + texto +
-           QString("%' order by ") + nivel.nome;
+    return QString("select %1, %2 from %3 where %2 like ").arg(nivel.codigo, nivel.nome, nivel.tabela) +
+           digitado("%" + texto + "%") + " order by " + nivel.nome;
 }
 
 // The names of the places above one, the nearest first: "Miranda do Corvo, Coimbra". Of a district it isn't asked: all
@@ -49,7 +51,7 @@ class LocalAchado : public QTreeWidgetItem
 {
 public:
     LocalAchado(QTreeWidget* lista, const DadosDoNivel& nivel, const QString& nome, const QString& codigo)
-        : QTreeWidgetItem(lista, {nome, nivel.palavra, codigo}), nivel_(nivel.nivel)
+        : QTreeWidgetItem(lista, {shownText(nome), nivel.palavra, codigo}), nivel_(nivel.nivel)
     {
         setData(Tipo, Qt::UserRole, int(nivel.nivel));
     }
@@ -58,7 +60,7 @@ public:
     {
         if (papel != Qt::ToolTipRole) return QTreeWidgetItem::data(coluna, papel);
         try {
-            return nomesAcima(nivel_, text(Codigo));
+            return shownTip(nomesAcima(nivel_, text(Codigo)));
         } catch (const jet::Error&) {
             return {}; // no box comes up because the pointer rests somewhere
         }

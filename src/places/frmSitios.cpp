@@ -1,5 +1,7 @@
 #include "places/frmSitios.h"
 
+#include "common/instrucao.h"
+
 FrmSitios::FrmSitios() : EditorProvisorio(Name, Nivel::Lugar)
 {
     setupUi(this);
@@ -18,7 +20,7 @@ jet::NativeSql FrmSitios::fonte() const
 
 bool FrmSitios::nomeRepetido(const QString& nome, Passo) const
 {
-    return existe("select * from sitio where nomesitio = '" + nome + "' and codlugar = '" + CodSup + "'");
+    return existe("select * from sitio where nomesitio = " + digitado(nome) + " and codlugar = " + citado(CodSup));
 }
 
 QString FrmSitios::codigoNovo()

@@ -21,6 +21,7 @@
 #include "views/fichaIndividual.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 
 namespace {
 constexpr auto creditos = "Desenvolvido pela equipa do projecto ORV";
@@ -38,6 +39,7 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
         ui->mnuEditInd->setEnabled(enabled);
         ui->mnuEditFam->setEnabled(enabled);
         ui->mnuManut->setEnabled(enabled);
+        ui->mnuRepor->setEnabled(enabled);
     });
 }
 
@@ -66,6 +68,7 @@ void FrmORV::connectMenus()
     on(ui->mnuProf, &FrmORV::mnuProf_Click);
     on(ui->mnuCategorias, &FrmORV::mnuCategorias_Click);
     on(ui->mnuRelInd, &FrmORV::mnuRelInd_Click);
+    on(ui->mnuRepor, &FrmORV::mnuRepor_Click);
     on(ui->mnuComo, &FrmORV::mnuComo_Click);
     on(ui->mnuTut, &FrmORV::mnuTut_Click);
     on(ui->mnuAcerca, &FrmORV::mnuAcerca_Click);
@@ -100,6 +103,8 @@ void FrmORV::Form_Load(const QString& commandLine)
         if (commandLine.isEmpty()) return setSessionMenus(false);
 
         AbreBDP(commandLine);
+        // Kept: a path where nothing stands leaves the menus as they are.
+        if (cnBDP.state() != jet::Connection::Open && QFileInfo::exists(commandLine)) setSessionMenus(false);
         jet::Recordset registos(cnBDP);
         if (ExisteColuna("Infopar", "pais", cnBDP)) {
             registos.open("select cod, nome, pais from infopar");
@@ -220,6 +225,15 @@ void FrmORV::mnuRelInd_Click()
 {
     guarded([&] {
         if (Forms::loaded().last()->objectName() == FrmInd::Name) FichaIndividual(*frmInd().dono().registo);
+    });
+}
+
+// One that is open is loaded anew, as more may have been deleted since.
+void FrmORV::mnuRepor_Click()
+{
+    guarded([&] {
+        if (Form* aberta = Forms::find("frmRepor")) aberta->unload();
+        Forms::show("frmRepor");
     });
 }
 

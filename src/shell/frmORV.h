@@ -40,6 +40,7 @@ private:
     void mnuProf_Click();
     void mnuCategorias_Click();
     void mnuRelInd_Click();
+    void mnuRepor_Click();
     void mnuComo_Click();
     void mnuTut_Click();
     void mnuAcerca_Click();

@@ -27,6 +27,7 @@
 #include "places/frmZona.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
+#include "platform/forms/longwork.h"
 #include "platform/forms/msgbox.h"
 #include "shell/application.h"
 #include "shell/beginSession.h"
@@ -36,6 +37,7 @@
 #include "store/frmBack.h"
 #include "store/frmIni.h"
 #include "store/session.h"
+#include "study/windows/frmRepor.h"
 #include "views/frmArv.h"
 #include "views/frmResult.h"
 #include "views/frmRP.h"
@@ -102,8 +104,23 @@ void registerForms()
     Forms::add("frmArv", [] { return new FrmArv; });
     Forms::add("frmProfissao", [] { return new FrmProfissao; });
     Forms::add("frmInfo", [] { return new FrmInfo; });
+    Forms::add("frmRepor", [] { return new FrmRepor; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });
+}
+
+// Escape ends a statement; nobody has to know that before it takes long.
+static void watchStatements()
+{
+    using namespace std::chrono_literals;
+    cnBDP.onLongStatement(
+        [told = false](std::chrono::milliseconds elapsed) mutable {
+            if (elapsed < 10s) told = false; // another one
+            if (elapsed >= 10s && !std::exchange(told, true))
+                LongWork::tell("A operação está demorada e continua. A tecla Escape interrompe-a.");
+            return !LongWork::escapePressed();
+        },
+        [] { LongWork::ended(); });
 }
 
 void prepareApplication()
@@ -116,6 +133,7 @@ void prepareApplication()
     QApplication::setWindowIcon(QIcon(":/icons/orv.svg"));
     QApplication::setQuitOnLastWindowClosed(false);
     registerForms();
+    watchStatements();
 }
 
 // With the frame that the desktop puts around it.

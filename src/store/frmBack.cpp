@@ -6,8 +6,19 @@
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 #include "store/sessionChange.h"
 #include "ui_frmBack.h"
+
+// What is open is the BDP all the same, and the copy is its own.
+static void avisaDeDesvio(const QString& copia)
+{
+    showMessage(
+        QStringLiteral("O ficheiro \"%1\" já não é a BDP que está aberta: foi mudado de lugar, eliminado ou "
+                       "substituído por outro. A cópia de segurança em \"%2\" foi feita da BDP que está aberta, "
+                       "e está completa. Feche a BDP e continue a trabalhar na cópia.")
+            .arg(cnBDP.dataSource(), copia));
+}
 
 FrmBack& frmBack()
 {
@@ -37,7 +48,8 @@ void FrmBack::Form_Load()
     const QWidget* janela = Forms::mainWindow();
     parentWidget()->move(janela->width() / 4, janela->height() / 4);
     const QString titulo = sessionCaption();
-    if (const int inicio = InStr(titulo, "BDP")) ui->Label1->setText(ui->Label1->text() + Mid(titulo, inicio));
+    if (const int inicio = InStr(titulo, "BDP"))
+        ui->Label1->setText(shownLines(shownText(ui->Label1->text() + Mid(titulo, inicio), 300)));
 }
 
 void FrmBack::Form_Unload()
@@ -60,12 +72,15 @@ void FrmBack::cmdB_0_Click()
             Focus::setTo(ui->txtLoc);
             return;
         }
+        bool desviada = false;
         {
             Hourglass ampulheta;
             splashForm().showStep("A efectuar a cópia de segurança da BDP. Aguarde por favor ...");
             cnBDP.copyTo(ui->txtLoc->text());
+            desviada = cnBDP.hasMoved();
             splashForm().unload();
         }
+        if (desviada) avisaDeDesvio(ui->txtLoc->text());
         unload();
     });
 }

@@ -1,5 +1,6 @@
 #include "store/frmIni.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "common/pedidoDeLocal.h"
 #include "platform/forms/focus.h"
@@ -127,11 +128,13 @@ void FrmIni::cmdOk_Click()
         }
         if (cnBDP.state() == jet::Connection::Open) setSessionMenus(true);
         setSessionCaption(longTitle + nome);
+        semPlica(nome); // Kept: such a parish can't be confirmed; nothing is written then.
         cnBDP.beginTrans();
         cnBDP.execute("delete from infopar");
-        cnBDP.execute("insert into infopar (cod, nome,pais) values ('" + CodParoquia + "','" + nome + "','" + CodPais +
-                      "')");
-        cnBDP.execute("update paroquia set prioridade = 2 where codparoquia = '" + CodParoquia + "'");
+        cnBDP.execute(
+            jet::NativeSql("insert into infopar (cod, nome, pais) values (?, ?, ?)", {CodParoquia, nome, CodPais}));
+        cnBDP.execute(jet::NativeSql("update paroquia set prioridade = 2 where codparoquia = ? collate orv_nocase",
+                                     {CodParoquia}));
         cnBDP.commitTrans();
         limpaSessao();
         CarregaFichaFam();

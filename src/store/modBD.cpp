@@ -3,10 +3,22 @@
 #include "common/modGeral.h"
 #include "common/splashForm.h"
 #include "platform/forms/msgbox.h"
+#include "platform/jet/draft.h"
+#include "store/copiaDiaria.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
+
+namespace {
+// What programs that were killed have left beside the BDP.
+void retiraRestos(const QString& caminho)
+{
+    const QString pasta = QFileInfo(QFileInfo(caminho).canonicalFilePath()).path();
+    jet::removeLeftovers(pasta);
+    jet::removeLeftovers(pasta + "/copias");
+}
+} // namespace
 
 bool AbreBDP(const QString& caminho)
 {
@@ -15,7 +27,9 @@ bool AbreBDP(const QString& caminho)
         Hourglass ampulheta;
         StrLigacao = connectionString(caminho);
         cnBDP.close();
-        cnBDP.open(StrLigacao);
+        vigiaCopiaDiaria();
+        cnBDP.open(StrLigacao, jet::Connection::Sharing::Alone);
+        retiraRestos(cnBDP.dataSource());
         aberta = true;
         ActualizaEstrutura();
     });

@@ -5,12 +5,13 @@
 
 #include <QString>
 
-// Opens cnBDP on the file and brings its schema up to date. If it can't be opened, shows the error and returns false;
-// the connection is then closed, and StrLigacao holds the path that failed.
+// Opens cnBDP on the file, alone among the programs that do so, and brings its schema up to date. If it can't be
+// opened, shows the error and returns false; the connection is then closed, and StrLigacao holds the path that failed.
 bool AbreBDP(const QString& caminho);
 
-// Makes a BDP from the data files of the program's folder, asking before it replaces a file. Errors are shown here;
-// what was made before an error stays on the disk, but a file that was to be replaced stays as it was.
+// Makes a BDP from the data files of the program's folder, asking before it replaces a file. It takes its name when it
+// is whole. Errors are shown here; what was made before an error takes the name, too, but a file that was to be
+// replaced stays as it was.
 void CriaBDP(const QString& caminho);
 
 // CriaBDP without windows, over an old file, which stays as it was until the new one is whole. Throws jet::Error.

@@ -1,13 +1,12 @@
 // The reference data: how the files of the program's folder become rows.
+#include "common/instrucao.h"
 #include "common/modGeral.h"
+#include "common/numeros.h"
 #include "common/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/msgbox.h"
 #include "store/dataFile.h"
 #include "store/modBD.h"
-
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <array>
 #include <memory>
@@ -57,7 +56,7 @@ void separa(const QByteArray& line, QList<QByteArray>& values)
 
 // Loads a file whose first line names the columns and whose others are rows, all with ";" between the values. The
 // values are texts, with no escaping of any kind: the engine converts them. A line that doesn't fit the header, or
-// holds an apostrophe, is sent to the engine as a whole statement, so that the failure is the engine's own.
+// holds an apostrophe, ends in the error that its whole statement has in the engine.
 void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
 {
     DataFile dados = DataFile::inProgramFolder(destino.ficheiro);
@@ -75,7 +74,7 @@ void carregaFicheiro(jet::Connection& bdp, const Destino& destino)
             if (insercao && valores.size() == colunas && !linha.contains('\''))
                 insercao->run(valores);
             else
-                bdp.execute(inicio + QString::fromUtf8(linha).replace(';', "','") + "')");
+                bdp.execute(inicio + semPlica(QString::fromUtf8(linha)).replace(';', "','") + "')");
         } catch (const jet::Error& erro) {
             throw dados.located(erro);
         }
@@ -100,28 +99,27 @@ void guardandoTudo(jet::Connection& bdp, Load&& load)
     bdp.commitTrans();
 }
 
-} // namespace
-
-void EscreveBDP(const QString& caminho)
+// What was made before an error is kept in the file.
+void encheBDP(const QString& ficheiro)
 {
-    jet::createDatabase(caminho);
     jet::Connection bdp;
-    bdp.open(connectionString(caminho));
+    bdp.open(connectionString(ficheiro));
     guardandoTudo(bdp, [&] {
         CriaTabelas(bdp, Desktop::programFolder() + "/CriarTab.dat");
         CarregaDadosIniciais(bdp);
     });
 }
 
+} // namespace
+
+void EscreveBDP(const QString& caminho)
+{
+    jet::createDatabase(caminho, encheBDP);
+}
+
 void SubstituiBDP(const QString& caminho)
 {
-    const QTemporaryDir pasta(caminho + ".XXXXXX");
-    if (!pasta.isValid())
-        throw jet::Error{jet::number::permissionDenied,
-                         "Não foi possível criar a nova BDP ao lado de \"" + caminho + "\"."};
-    const QString nova = pasta.filePath(QFileInfo(caminho).fileName());
-    EscreveBDP(nova);
-    jet::replaceDatabase(nova, caminho);
+    jet::replaceDatabase(caminho, encheBDP);
 }
 
 void CriaTabelas(jet::Connection& bdp, const QString& ficheiro)
@@ -184,8 +182,8 @@ void ActualizaProfissoes()
             if (comprimento < 0) return;
             const QString profissao = Mid(linha, int(codprof.size()) + 2, comprimento);
             const QString obs = Mid(linha, int(codprof.size() + profissao.size()) + 4);
-            cnBDP.execute("Insert into profissao (codprof, profissao, obs) values (" + codprof + ", '" + profissao +
-                          "','" + obs + "')");
+            cnBDP.execute("Insert into profissao (codprof, profissao, obs) values (" + numeroEmSQL(codprof) + ", " +
+                          digitado(profissao) + "," + digitado(obs) + ")");
         }
         cnBDP.commitTrans();
     } catch (const jet::Error&) {
@@ -208,8 +206,8 @@ void ActualizaCategorias()
             throw dados.located({jet::number::invalidCall, "Falta o \";\" entre o código e a descrição."});
         const QString codigo = Mid(resto, 1, separador - 1);
         const QString descricao = Mid(resto, separador + 1);
-        cnBDP.execute("Insert into infocomplementar(categoria,codigo,descricao) values ('" + categoria + "', '" +
-                      codigo + "','" + descricao + "')");
+        cnBDP.execute("Insert into infocomplementar(categoria,codigo,descricao) values (" + digitado(categoria) + ", " +
+                      digitado(codigo) + "," + digitado(descricao) + ")");
     }
     cnBDP.commitTrans();
 }

@@ -2,7 +2,17 @@
 
 #include <QCoreApplication>
 
-jet::Connection cnBDP;
+// Those of CriarTab.dat and what the study of a parish adds.
+static jet::OwnTables tabelasDaBDP()
+{
+    return {
+        {"pais",       "zonapais",   "distrito",         "concelho",   "paroquia",        "lugar",        "sitio",
+         "infopar",    "categoria",  "infocomplementar", "profissao",  "individuo",       "familia",      "familias",
+         "assistente", "residencia", "profissoes",       "assinatura", "legadosprofanos", "rituaismorte", "passaporte"},
+        "estudo_"};
+}
+
+jet::Connection cnBDP(tabelasDaBDP());
 QString StrLigacao;
 QString CodParoquia;
 QString CodPais;

@@ -1,6 +1,7 @@
 #include "store/sessionChange.h"
 
 #include "platform/forms/forms.h"
+#include "platform/forms/showntext.h"
 
 namespace {
 std::function<void()> beginAnew;
@@ -21,7 +22,7 @@ void onClearSession(std::function<void()> begin)
 void setSessionCaption(const QString& text)
 {
     caption = text;
-    if (QWidget* window = Forms::mainWindow()) window->setWindowTitle(caption);
+    if (QWidget* window = Forms::mainWindow()) window->setWindowTitle(shownText(caption, 500));
 }
 
 QString sessionCaption()

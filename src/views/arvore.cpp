@@ -1,6 +1,8 @@
 #include "views/arvore.h"
 
+#include "common/instrucao.h"
 #include "common/numeros.h"
+#include "platform/forms/showntext.h"
 #include "store/session.h"
 
 #include <QHeaderView>
@@ -14,13 +16,14 @@ QString membros(const QString& familia)
            "individuo.inicioobs, individuo.fimobs, individuo.famorig  FROM individuo INNER JOIN (familia INNER JOIN "
            "familias ON  familia.nfamilia = familias.nfamilia) ON individuo.nind = familias.nind WHERE "
            "familias.nfamilia = " +
-           familia + " order by individuo.sexo desc";
+           chaveEmSQL(familia) + " order by individuo.sexo desc";
 }
 
 // The whole text also where the node is wider than the tree.
 QTreeWidgetItem* comDica(QTreeWidgetItem* no)
 {
-    no->setToolTip(0, no->text(0));
+    no->setToolTip(0, shownTip(no->text(0)));
+    no->setText(0, shownText(no->text(0)));
     return no;
 }
 

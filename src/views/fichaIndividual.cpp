@@ -1,6 +1,7 @@
 #include "views/fichaIndividual.h"
 
 #include "common/datas.h"
+#include "common/instrucao.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -17,7 +18,7 @@ QString nomesDosPais(const QString& familia)
 {
     jet::Recordset pais(cnBDP, "select nome, sexo from  individuo, familia, familias where "
                                " individuo.nind = familias.nind and familias.nfamilia = " +
-                                   familia + " order by pais.sexo desc");
+                                   chaveEmSQL(familia) + " order by pais.sexo desc");
     if (pais.eof()) return {};
     const QString nome = pais[0].toString();
     pais.moveNext();

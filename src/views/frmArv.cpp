@@ -1,5 +1,6 @@
 #include "views/frmArv.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 
@@ -27,8 +28,8 @@ void FrmArv::mostraConjuge(Form& cartao, const PessoaDaArvore& pessoa)
 {
     mostra(cartao, "Conjuge", pessoa, [&](Arvore& arvore) {
         const jet::Recordset registo(
-            cnBDP,
-            "select nome , datanasc, dataobito, inicioobs, fimobs, famorig from individuo where nind = " + pessoa.nind);
+            cnBDP, "select nome , datanasc, dataobito, inicioobs, fimobs, famorig from individuo where nind = " +
+                       chaveEmSQL(pessoa.nind));
         const Arvore::No raiz = arvore.junta(registo["Nome"].toString() + DatasResumo(registo));
         arvore.juntaMembros(raiz, registo["famorig"]);
         return raiz;

@@ -1,8 +1,11 @@
 #include "views/frmRP.h"
 
+#include "common/instrucao.h"
 #include "common/modGeral.h"
+#include "common/registoVisto.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/showntext.h"
 
 #include <QDir>
 
@@ -26,8 +29,9 @@ constexpr FrmRP::Registo registos[] = {
 jet::Recordset linhaDe(const Dono& dono, const FrmRP::Registo& registo)
 {
     const QString chave = dono.familia() ? "nfamilia" : "nind";
-    return {cnBDP, QStringLiteral("select %1, %2 from %3 where %1 = %4")
-                       .arg(chave, registo.coluna, dono.familia() ? "familia" : "individuo", dono.numero)};
+    return {cnBDP, QString("select %1, %2 from %3 where %1 = ")
+                           .arg(chave, registo.coluna, dono.familia() ? "familia" : "individuo") +
+                       chaveEmSQL(dono.numero)};
 }
 
 } // namespace
@@ -78,7 +82,7 @@ void FrmRP::mostra(const Registo& registo, const QString& caminho)
     const QString dica = "Registo de " + QString(registo.nome) + " d" + dono.designacao() +
                          (dono.nome.isEmpty() ? QString() : ", " + dono.nome);
     for (QWidget* onde : std::initializer_list<QWidget*>{this, txtLoc})
-        onde->setToolTip(dica);
+        onde->setToolTip(shownTip(dica));
 }
 
 bool FrmRP::porGuardar() const
@@ -99,6 +103,7 @@ void FrmRP::cmdG_0_Click()
         const Hourglass ampulheta;
         if (!donoGuardado()) return;
         jet::Recordset linha = linhaDe(donoDaJanela(), *registo_);
+        if (linha[registo_->coluna].toString() != guardado_ && !gravaPorCima()) return;
         linha.set(registo_->coluna, txtLoc->text());
         linha.update();
         guardado_ = txtLoc->text();

@@ -1,6 +1,7 @@
 #include "views/frmResult.h"
 
 #include "common/datas.h"
+#include "common/instrucao.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
@@ -116,11 +117,11 @@ void FrmResult::Dados()
         lvInfo->clear();
         const bool familia = uso_ == Uso::Familias;
         const QString instrucao =
-            familia ? "select dataref, localresid, tipolocal  from residencia where numero = " + chave() +
+            familia ? "select dataref, localresid, tipolocal  from residencia where numero = " + chaveEmSQL(chave()) +
                           " and tiporesid = 'f' order by dataref"
                     : "select dataref, profissao  from profissoes, profissao where profissao.codprof =  "
                       "profissoes.codprof and nind = " +
-                          chave() + " order by dataref";
+                          chaveEmSQL(chave()) + " order by dataref";
         for (jet::Recordset facto(cnBDP, instrucao); !facto.eof(); facto.moveNext()) {
             const QString texto =
                 familia ? NomeLocal(facto["localresid"], facto["tipolocal"]) : facto["profissao"].toString();

@@ -1,4 +1,5 @@
 // The trees of the row chosen.
+#include "common/instrucao.h"
 #include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/resumo.h"
@@ -20,7 +21,7 @@ void juntaConjuge(Arvore& arvore, const PessoaDaArvore& conjuge)
     if (Trim(conjuge.nome).isEmpty()) return;
     const jet::Recordset pessoa(cnBDP, "select famorig, datanasc, localnasc, tipolocalnasc,  dataobito, inicioobs, "
                                        "fimobs from individuo where nind = " +
-                                           conjuge.nind);
+                                           chaveEmSQL(conjuge.nind));
     // Kept: the name is the card's description of the person and has the dates already; the node shows them twice.
     const Arvore::No no = arvore.junta(nomeNaArvore(conjuge.nome) + datasELocal(pessoa));
     arvore.juntaMembros(no, pessoa["famorig"]);

@@ -50,7 +50,7 @@ QString Sight::text(const Target& target)
     QWidget* widget = target.widget;
     if (const auto* masked = qobject_cast<MaskedEdit*>(widget)) return masked->text();
     if (const auto* line = qobject_cast<QLineEdit*>(widget)) return line->text();
-    if (const auto* memo = qobject_cast<QPlainTextEdit*>(widget)) return memo->toPlainText();
+    if (const auto* memo = qobject_cast<MemoBox*>(widget)) return memo->text();
     if (const auto* rich = qobject_cast<QTextEdit*>(widget)) return rich->toPlainText();
     if (const auto* combo = qobject_cast<QComboBox*>(widget)) return combo->currentText();
     if (const auto* list = qobject_cast<QAbstractItemView*>(widget))

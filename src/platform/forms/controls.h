@@ -28,8 +28,13 @@ void keepReadableWhenDisabled(QWidget* control);
 inline constexpr auto dateMask = "##/##/####";
 inline constexpr auto emptyMaskedDate = "__/__/____";
 
+// Both fields of text give back what setText() was given, to the character, whatever its length, until the user changes
+// it. maxLength() is for the user: what is pasted, dropped or composed beyond it is cut, and told in a box behind the
+// event, and the clipboard has the whole; a key beyond it is told in the status line.
+
 // A line of text. Locked: it shows its text and takes the focus, and the user can't change it; the program can.
-// textChanged() comes with every change, the program's too.
+// textChanged() comes with every change, the program's too. Of a text that is too long for a line it shows the
+// beginning.
 class TextBox : public QLineEdit
 {
     Q_OBJECT
@@ -37,14 +42,27 @@ class TextBox : public QLineEdit
 
 public:
     explicit TextBox(QWidget* parent = nullptr);
+    QString text() const;
+    void setText(const QString& text);
     bool isLocked() const { return isReadOnly(); }
     void setLocked(bool locked) { setReadOnly(locked); }
+    int maxLength() const { return maxLength_; }
+    void setMaxLength(int length);
 
 protected:
     bool event(QEvent* event) override; // leaves Ctrl+A and the like to the menus
+
+private:
+    void refuse(); // what the line has just taken in part, or not at all
+    void removeHalfCharacter();
+
+    int maxLength_;
+    qsizetype room_ = 0;            // before the event under way, for characters that replace the selected text
+    QString whole_;                 // a text that is too long for a line, else null
+    const QEvent* event_ = nullptr; // the one under way
 };
 
-// Several lines of text. Line breaks are CR LF in text(); setText() takes any. Tab goes on to the next field.
+// Several lines of text, long words broken. A line break of the user is CR LF in text(). Tab goes on to the next field.
 class MemoBox : public QPlainTextEdit
 {
     Q_OBJECT
@@ -54,24 +72,28 @@ class MemoBox : public QPlainTextEdit
 public:
     explicit MemoBox(QWidget* parent = nullptr);
     QString text() const;
-    void setText(const QString& text); // cut to maxLength()
+    void setText(const QString& text);
     void clear() { setText({}); }
     bool isLocked() const { return isReadOnly(); }
     void setLocked(bool locked) { setReadOnly(locked); }
-    int maxLength() const { return maxLength_; } // in characters, for what the user types and pastes; 0: no limit
+    int maxLength() const { return maxLength_; } // a line break counts as two
     void setMaxLength(int length) { maxLength_ = length; }
 
 protected:
     bool event(QEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    qsizetype limit() const;
+    QString stored(int from, int to) const; // what stands between two positions of the document
+    QString fitting(const QString& text);   // as much of it as has room, as lines; the user is told of the rest
+    bool typeBreak(const QKeyEvent* event);
+    void joinWordBefore(const QKeyEvent* event);
     qsizetype room() const; // for characters that replace the selected text
 
-    int maxLength_ = 0;
+    int maxLength_ = 65535;
 };
 
 // A date field with two states. With the mask it shows "__/__/____" when empty, takes digits only, and its text always
@@ -110,6 +132,7 @@ private:
 };
 
 // A drop-down list whose entries have a text and a 32-bit number, 0 where none was given.
+// The text of an entry is given back whole, whatever its length; its beginning is shown.
 // No entry chosen is index -1, even after entries were added. clicked is emitted when the user picks an entry, even the
 // one already chosen, and when the program changes the index; not when the list is cleared.
 // Locked: it looks like a line of text, without its arrow, and can be focused; the list can't be opened, nor the choice
@@ -123,14 +146,14 @@ public:
     explicit ComboBox(QWidget* parent = nullptr);
 
     int add(const QString& text, qint32 itemData = 0); // index of the new entry
-    QString list(int index) const { return itemText(index); }
+    QString list(int index) const;
     qint32 itemData(int index) const; // 0 for index -1
     void setItemData(int index, qint32 value);
     int listIndex() const { return currentIndex(); }
-    void setListIndex(int index);                  // beyond the last entry, or 0 of an empty list: none
-    QString text() const { return currentText(); } // "" where none is chosen
-    void setText(const QString& text);             // chooses the first entry with that text; none if there is none
-    void clear();                                  // no entries, nothing chosen, no event
+    void setListIndex(int index);                         // beyond the last entry, or 0 of an empty list: none
+    QString text() const { return list(currentIndex()); } // "" where none is chosen
+    void setText(const QString& text); // chooses the first entry with that text; none if there is none
+    void clear();                      // no entries, nothing chosen, no event
 
     bool isLocked() const { return locked_; }
     void setLocked(bool locked);
@@ -203,6 +226,7 @@ struct GridColumn
 };
 
 // A grid as the program counts it: row 0 is the heading, and 0 rows is an empty grid. Cells are texts.
+// A text is given back whole, whatever its length; its beginning is shown.
 // A grid with rows below its heading has one of them chosen: the first, until setRow() or the user chooses another.
 // picked is emitted only when the user picks a row, even the one already chosen.
 class Grid : public QTableView

@@ -3,6 +3,7 @@
 #include "platform/forms/dressing.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
+#include "platform/forms/showntext.h"
 #include "platform/forms/tabstops.h"
 
 #include <QAbstractItemView>
@@ -72,6 +73,11 @@ Form::Form(const QString& name, Window window) : window_(window)
 Form::~Form()
 {
     Forms::forget(this);
+}
+
+void Form::setCaption(const QString& caption)
+{
+    setWindowTitle(shownText(caption, 500));
 }
 
 void Form::dress(QWidget* mainWindow, QMdiArea* area)

@@ -40,7 +40,7 @@ public:
 
     QString name() const { return objectName(); }
     QString caption() const { return windowTitle(); }
-    void setCaption(const QString& caption) { setWindowTitle(caption); }
+    void setCaption(const QString& caption); // the beginning of one that is too long for a frame
 
     // Shows the form, brings it to the front and makes it the active one, with the focus on the control that had it
     // last. A disabled form is shown all the same. Its place and its size survive being hidden.

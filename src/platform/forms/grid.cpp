@@ -1,5 +1,6 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/dressing.h"
+#include "platform/forms/showntext.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
@@ -22,14 +23,14 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override
     {
-        const QString shown = text(index.row() + 1, index.column());
+        const QString shown = shownText(text(index.row() + 1, index.column()));
         switch (role) {
         case Qt::DisplayRole:
             return shown;
         case Qt::TextAlignmentRole:
             return alignment(index.column());
         case Qt::ToolTipRole:
-            return isCut(shown, index.column()) ? shown : QVariant();
+            return isCut(shown, index.column()) ? shownTip(shown) : QVariant();
         default:
             return {};
         }
@@ -39,7 +40,7 @@ public:
     {
         if (orientation != Qt::Horizontal) return {};
         if (role == Qt::TextAlignmentRole) return alignment(section);
-        return role == Qt::DisplayRole ? text(0, section) : QVariant();
+        return role == Qt::DisplayRole ? shownText(text(0, section)) : QVariant();
     }
 
     int rows() const { return rows_; }
@@ -110,7 +111,7 @@ private:
         static const QRegularExpression number("^-?(0|[1-9][0-9]*)([.,][0-9]+)?$");
         constexpr int asked = 20;
         for (int row = 1; row < std::min(rows_, asked); ++row) {
-            const QString cell = text(row, col);
+            const QString cell = shownText(text(row, col));
             if (cell.isEmpty()) continue;
             const bool right = number.match(cell).hasMatch();
             return int((right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);

@@ -1,9 +1,14 @@
 #include "platform/forms/controls.h"
+#include "platform/forms/showntext.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStylePainter>
+
+namespace {
+constexpr int wholeText = Qt::UserRole + 1; // of an entry that shows less
+} // namespace
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
@@ -18,9 +23,17 @@ int ComboBox::add(const QString& text, qint32 itemData)
     // The first entry of an empty list would choose itself.
     const int chosen = currentIndex();
     const QSignalBlocker quiet(this);
-    addItem(text, itemData);
+    addItem(shownText(text), itemData);
+    const int added = count() - 1;
+    if (itemText(added) != text) QComboBox::setItemData(added, text, wholeText);
     setCurrentIndex(chosen);
-    return count() - 1;
+    return added;
+}
+
+QString ComboBox::list(int index) const
+{
+    const QVariant whole = QComboBox::itemData(index, wholeText);
+    return whole.isValid() ? whole.toString() : itemText(index);
 }
 
 qint32 ComboBox::itemData(int index) const
@@ -43,7 +56,8 @@ void ComboBox::setListIndex(int index)
 
 void ComboBox::setText(const QString& text)
 {
-    setListIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    const bool isWhole = shownText(text) == text;
+    setListIndex(isWhole ? findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) : findData(text, wholeText));
 }
 
 void ComboBox::clear()
@@ -137,8 +151,9 @@ void ListBox::focusInEvent(QFocusEvent* event)
 
 int ListBox::add(const QString& text, qint32 itemData)
 {
-    auto* entry = new QListWidgetItem(text);
+    auto* entry = new QListWidgetItem(shownText(text));
     entry->setData(Qt::UserRole, itemData);
+    if (entry->text() != text) entry->setData(wholeText, text);
     addItem(entry);
     return count() - 1;
 }
@@ -146,7 +161,9 @@ int ListBox::add(const QString& text, qint32 itemData)
 QString ListBox::list(int index) const
 {
     const QListWidgetItem* entry = item(index);
-    return entry ? entry->text() : QString();
+    if (!entry) return {};
+    const QVariant whole = entry->data(wholeText);
+    return whole.isValid() ? whole.toString() : entry->text();
 }
 
 qint32 ListBox::itemData(int index) const

@@ -1,6 +1,7 @@
 #include "platform/forms/msgbox.h"
 
 #include "platform/forms/forms.h"
+#include "platform/forms/showntext.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -55,7 +56,7 @@ void fill(QMessageBox& box, const QString& text, Icon icon, const QString& title
 {
     QString lines = text;
     box.setTextFormat(Qt::PlainText);
-    box.setText(lines.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    box.setText(shownLines(lines.replace(QLatin1String("\r\n"), QLatin1String("\n"))));
     box.setIcon(boxIcon(icon));
     box.setWindowTitle(title);
     if (title.isEmpty()) {

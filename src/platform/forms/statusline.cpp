@@ -1,11 +1,45 @@
 #include "platform/forms/statusline.h"
 
 #include "platform/forms/forms.h"
+#include "platform/forms/showntext.h"
 
+#include <QLabel>
 #include <QStatusBar>
+
+namespace {
+
+constexpr auto noteName = "statusNote";
+
+QStatusBar* statusBar()
+{
+    const QWidget* window = Forms::mainWindow();
+    return window ? window->findChild<QStatusBar*>() : nullptr;
+}
+
+QLabel& noteOf(QStatusBar& bar)
+{
+    if (auto* note = bar.findChild<QLabel*>(noteName)) return *note;
+    auto* note = new QLabel(&bar);
+    note->setObjectName(noteName);
+    note->setTextFormat(Qt::PlainText);
+    bar.addPermanentWidget(note);
+    return *note;
+}
+
+} // namespace
 
 void showStatus(const QString& text)
 {
-    const QWidget* window = Forms::mainWindow();
-    if (auto* bar = window ? window->findChild<QStatusBar*>() : nullptr) bar->showMessage(text);
+    if (auto* bar = statusBar()) bar->showMessage(shownText(text));
+}
+
+void showStatusNote(const QString& text, const QString& whole)
+{
+    auto* bar = statusBar();
+    if (!bar) return;
+    QLabel& note = noteOf(*bar);
+    note.setText(note.fontMetrics().elidedText(text, Qt::ElideRight,
+                                               bar->window()->width() / 2)); // the rest is for what is told
+    note.setToolTip(whole);
+    note.setVisible(!text.isEmpty());
 }

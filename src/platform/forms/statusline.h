@@ -6,3 +6,7 @@
 // Shows the text in the main window's status bar, in place of what stood there, until the next one. Asks nothing and
 // takes no focus. Without a main window, or where that has no status bar, it does nothing.
 void showStatus(const QString& text);
+
+// Shows a note at the right end of the status bar, which stands beside the text and stays; "" takes it away. A long one
+// is cut short; `whole` is told by its tip.
+void showStatusNote(const QString& text, const QString& whole);

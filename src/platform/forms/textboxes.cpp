@@ -1,12 +1,42 @@
 #include "platform/forms/controls.h"
+#include "platform/forms/cuttext.h"
 #include "platform/forms/editkeys.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 
-#include <limits>
+namespace {
+
+constexpr int longestLine = 32767;
+
+// What a line gets by an event, as one text; null if it is a key.
+QString incoming(const QEvent* event)
+{
+    const QClipboard* clipboard = QApplication::clipboard();
+    switch (event ? event->type() : QEvent::None) {
+    case QEvent::KeyPress:
+        if (!static_cast<const QKeyEvent*>(event)->matches(QKeySequence::Paste)) return {};
+        break;
+    case QEvent::InputMethod:
+        return static_cast<const QInputMethodEvent*>(event)->commitString();
+    case QEvent::Drop:
+        return static_cast<const QDropEvent*>(event)->mimeData()->text();
+    case QEvent::MouseButtonRelease:
+        return clipboard->text(QClipboard::Selection);
+    default: // the context menu
+        break;
+    }
+    return clipboard->text();
+}
+
+} // namespace
 
 bool leftToMenus(const QEvent* event)
 {
@@ -17,85 +47,65 @@ bool leftToMenus(const QEvent* event)
            std::find(std::begin(editing), std::end(editing), key->key()) == std::end(editing);
 }
 
-// The text with plain line breaks, cut to `length` characters, a break counting as two.
-static QString asLines(QString text, qsizetype length)
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent), maxLength_(longestLine)
 {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace('\r', '\n');
-    qsizetype used = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        used += text.at(i) == '\n' ? 2 : 1;
-        if (used > length) return text.left(i);
-    }
-    return text;
-}
-
-TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
-{
+    const auto measure = [this] { room_ = QLineEdit::maxLength() - QLineEdit::text().size() + selectedText().size(); };
+    connect(this, &QLineEdit::textChanged, this, measure);
+    connect(this, &QLineEdit::selectionChanged, this, measure);
+    connect(this, &QLineEdit::inputRejected, this, &TextBox::refuse);
     // A text set by the program is shown from its beginning if it is longer than the field.
     connect(this, &QLineEdit::textChanged, this, [this] {
         if (!hasFocus()) setCursorPosition(0);
     });
+    measure();
+}
+
+QString TextBox::text() const
+{
+    const QString shown = QLineEdit::text();
+    return shown.size() == longestLine && whole_.startsWith(shown) ? whole_ : shown;
+}
+
+// The line takes what its limit allows, so that is raised for a stored text beyond the user's.
+void TextBox::setText(const QString& text)
+{
+    whole_ = text.size() > longestLine ? text : QString();
+    const int needed = std::max(maxLength_, int(std::min<qsizetype>(text.size(), longestLine)));
+    if (needed > QLineEdit::maxLength()) {
+        const QSignalBlocker quiet(this);
+        QLineEdit::setMaxLength(needed);
+    }
+    QLineEdit::setText(text);
+    if (needed < QLineEdit::maxLength()) QLineEdit::setMaxLength(needed);
+    room_ = needed - QLineEdit::text().size();
+}
+
+void TextBox::setMaxLength(int length)
+{
+    maxLength_ = std::min(length, longestLine);
+    QLineEdit::setMaxLength(maxLength_);
+    room_ = maxLength_ - QLineEdit::text().size();
 }
 
 bool TextBox::event(QEvent* event)
 {
+    const QScopedValueRollback<const QEvent*> underWay(event_, event);
     return leftToMenus(event) ? false : QLineEdit::event(event);
 }
 
-MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
+void TextBox::refuse()
 {
-    setTabChangesFocus(true);
-    setFocusPolicy(Qt::StrongFocus);
+    const QString whole = incoming(event_);
+    const int limit = QLineEdit::maxLength();
+    whole.isNull() ? tellFull(limit) : tellCut(whole, std::max<qsizetype>(0, room_), limit);
+    QMetaObject::invokeMethod(this, &TextBox::removeHalfCharacter, Qt::QueuedConnection);
 }
 
-QString MemoBox::text() const
+// The cut may have gone through a character of two units.
+void TextBox::removeHalfCharacter()
 {
-    return toPlainText().replace('\n', QLatin1String("\r\n"));
-}
-
-void MemoBox::setText(const QString& text)
-{
-    setPlainText(asLines(text, limit()));
-}
-
-bool MemoBox::event(QEvent* event)
-{
-    return leftToMenus(event) ? false : QPlainTextEdit::event(event);
-}
-
-void MemoBox::insertFromMimeData(const QMimeData* source)
-{
-    textCursor().insertText(asLines(source->text(), room()));
-    ensureCursorVisible();
-}
-
-void MemoBox::inputMethodEvent(QInputMethodEvent* event)
-{
-    event->setCommitString(asLines(event->commitString(), room()), event->replacementStart(),
-                           event->replacementLength());
-    QPlainTextEdit::inputMethodEvent(event);
-}
-
-void MemoBox::keyPressEvent(QKeyEvent* event)
-{
-    const bool isBreak = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
-    const qsizetype length = isBreak ? 2 : isText ? event->text().size() : 0;
-    if (!isReadOnly() && length > room())
-        QApplication::beep();
-    else
-        QPlainTextEdit::keyPressEvent(event);
-}
-
-qsizetype MemoBox::limit() const
-{
-    return maxLength_ > 0 ? maxLength_ : std::numeric_limits<qsizetype>::max();
-}
-
-qsizetype MemoBox::room() const
-{
-    if (maxLength_ <= 0) return limit();
-    const QString selected = textCursor().selectedText(); // its line breaks are paragraph separators
-    const qsizetype freed = selected.size() + selected.count(QChar::ParagraphSeparator);
-    return std::max<qsizetype>(0, maxLength_ - text().size() + freed);
+    const QString shown = QLineEdit::text();
+    const int at = cursorPosition();
+    if (at == 0 || !shown.at(at - 1).isHighSurrogate()) return;
+    if (at == shown.size() || !shown.at(at).isLowSurrogate()) backspace();
 }

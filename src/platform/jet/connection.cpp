@@ -1,14 +1,18 @@
 #include "platform/jet/connection.h"
 
+#include "platform/jet/copy.h"
 #include "platform/jet/database.h"
 #include "platform/jet/dialect.h"
 #include "platform/jet/errors.h"
 #include "platform/jet/files.h"
+#include "platform/jet/journal.h"
 #include "platform/jet/statement.h"
 
 #include <QScopedValueRollback>
 
 #include <sqlite3.h>
+
+#include <utility>
 
 namespace jet {
 
@@ -40,26 +44,31 @@ QStringList names(Database& database, const QString& sql)
 
 } // namespace
 
-Connection::Connection() : database_(std::make_shared<Database>()) {}
+Connection::Connection(OwnTables own) : database_(std::make_shared<Database>()), own_(std::move(own)) {}
 
 Connection::~Connection()
 {
     close();
 }
 
-void Connection::open(const QString& connectionString)
+void Connection::open(const QString& connectionString, Sharing sharing)
 {
     if (database_->handle) throw Error{number::alreadyOpen, QStringLiteral("A ligação já está aberta.")};
     const QString path = pathOf(connectionString);
     requireWritableFile(path);
-    database_->handle = openEngine(path, Access::ReadWrite);
-    database_->path = path;
-    ++database_->opened;
+    if (sharing == Sharing::Alone) requireUnused(path, database_->claim);
     try {
+        database_->handle = openEngine(path, Access::ReadWrite);
+        database_->path = path;
+        ++database_->opened;
+        requireHarmlessCompanions(database_->handle, path); // before the engine reads the file
         installFunctions(database_->handle);
-        // One file at rest, on the disk with each commit; and the header read now, not at the first statement.
-        database_->run("pragma journal_mode = delete; pragma synchronous = full; select count(*) from sqlite_master");
+        requireHarmlessSchema(database_->handle, path, own_);
         requireWhole(database_->handle, path);
+        // One file at rest, on the disk with each commit, which is one once the journal's name is gone from the disk.
+        // Last, as it writes where the file was used otherwise before.
+        database_->run("pragma journal_mode = delete; pragma synchronous = extra");
+        database_->watch.install(database_->handle);
     } catch (...) {
         close();
         throw;
@@ -107,6 +116,12 @@ int Connection::run(const QString& sql, const QVariantList& values)
     return int(sqlite3_total_changes64(database_->handle) - before);
 }
 
+void Connection::onLongStatement(StatementGoesOn goesOn, std::function<void()> over)
+{
+    database_->watch.goesOn = std::move(goesOn);
+    database_->watch.over = std::move(over);
+}
+
 void Connection::beginTrans()
 {
     database_->begin();
@@ -132,10 +147,11 @@ void Connection::abandonAbove(int level)
     if (database_->level > level) database_->abandoned = std::max(database_->abandoned, database_->level - level);
 }
 
+// Virtual tables have no pages of their own, and their modules aren't there.
 QStringList Connection::tables() const
 {
-    return names(*database_, QStringLiteral("select name from sqlite_master where type = 'table' and name not like "
-                                            "'sqlite!_%' escape '!' order by rowid"));
+    return names(*database_, QStringLiteral("select name from sqlite_master where type = 'table' and rootpage > 0 and "
+                                            "name not like 'sqlite!_%' escape '!' order by rowid"));
 }
 
 QList<Connection::Column> Connection::columns() const
@@ -159,7 +175,24 @@ void Connection::copyTo(const QString& path) const
 {
     database_->requireOpen();
     database_->dropAbandoned(); // it may lock the file
-    copyDatabase(database_->path, path);
+    copyDatabase(database_->handle, database_->path, path);
+}
+
+bool Connection::hasMoved() const
+{
+    database_->requireOpen();
+    return jet::hasMoved(database_->handle);
+}
+
+bool Connection::copyPages(const QString& draft, const QString& target, std::chrono::milliseconds time) const
+{
+    database_->requireOpen();
+    return jet::copyPages(database_->handle, draft, database_->path, target, time);
+}
+
+void Connection::setObserver(Observer observer)
+{
+    database_->observer = std::move(observer);
 }
 
 sqlite3* Connection::handle() const

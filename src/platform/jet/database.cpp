@@ -12,18 +12,28 @@ namespace jet {
 
 void Database::close()
 {
-    if (!handle) return;
+    if (!handle) return claim.release();
+    if (watch.asking()) return watch.stop();
+    if (observer.beforeClose) observer.beforeClose();
     while (!statements.empty())
         (*statements.begin())->finalize();
     sqlite3_close(std::exchange(handle, nullptr)); // rolls back
+    claim.release();                               // its end takes the engine's locks along
     path.clear();
     level = 0;
     abandoned = 0;
 }
 
+void Database::beforeWrite()
+{
+    if (observer.beforeWrite && sqlite3_txn_state(handle, "main") != SQLITE_TXN_WRITE) observer.beforeWrite();
+}
+
 void Database::requireOpen()
 {
     if (!handle) throw connectionClosed();
+    if (watch.asking())
+        throw Error{number::engineFailure, QStringLiteral("A BDP está ocupada com a instrução anterior.")};
 }
 
 void Database::run(const char* sql)

@@ -1,6 +1,10 @@
 // The open file behind a Connection, shared with the recordsets and statements that read it.
 #pragma once
 
+#include "platform/jet/claim.h"
+#include "platform/jet/connection.h"
+#include "platform/jet/watch.h"
+
 #include <QString>
 
 #include <set>
@@ -20,6 +24,8 @@ struct Database
 
     sqlite3* handle = nullptr; // null: closed
     QString path;
+    Claim claim;
+    Connection::Observer observer;
     bool executing = false;
     int opened = 0; // grows with each open: what was made before belongs to another file
 
@@ -28,8 +34,12 @@ struct Database
 
     std::set<Statement*> statements; // prepared and not yet finalised
 
-    void close();       // rolls back and finalises
-    void requireOpen(); // Error 3709
+    Watch watch;
+
+    void close();       // rolls back and finalises; in the middle of a statement, only ends that
+    void beforeWrite(); // of a statement
+    // Error 3709; engineFailure in the middle of a statement, while somebody is asked whether it goes on.
+    void requireOpen();
 
     // Runs engine SQL of our own, of which nothing but the success is of interest. Throws Error.
     void run(const char* sql);

@@ -1,8 +1,10 @@
 #include "platform/jet/errors.h"
 
 #include "platform/jet/columns.h"
+#include "platform/jet/disk.h"
+#include "platform/jet/wordings.h"
 
-#include <QRegularExpression>
+#include <QRandomGenerator>
 
 #include <sqlite3.h>
 
@@ -12,57 +14,18 @@ namespace jet {
 
 namespace {
 
-constexpr auto mark = "jet:";
-
-struct Wording
+// Nobody can guess it: no text of a file may speak with the voice of the program.
+const QString& mark()
 {
-    const char* engine; // the engine's message; its groups, and then the file, fill the places of the description
-    const char* description;
-};
-
-// The engine's messages about a statement.
-constexpr Wording wordings[]{
-    {"^no such table: (.+)$", "A tabela \"%1\" não existe na BDP \"%2\"."},
-    {"^no such column: (.+)$", "A coluna \"%1\" não existe nas tabelas da instrução."},
-    {"^table (.+) has no column named (.+)$", "A coluna \"%2\" não existe na tabela \"%1\"."},
-    {"^ambiguous column name: (.+)$", "A coluna \"%1\" existe em mais de uma das tabelas da instrução."},
-    {"^duplicate column name: (.+)$", "A coluna \"%1\" já existe na tabela."},
-    {"^table \"?(.+?)\"? already exists$", "A tabela \"%1\" já existe na BDP."},
-    {"^index (.+) already exists$", "O índice \"%1\" já existe na BDP."},
-    {"^near \"(.*)\": syntax error$", "Erro de sintaxe na instrução, junto de \"%1\"."},
-    {"^unrecognized token: \"(.*)\"$", "Erro de sintaxe na instrução, junto de \"%1\"."},
-    {"^incomplete input$", "A instrução está incompleta."},
-    {"^no such function: (.+)$", "A função \"%1\" não existe."},
-    {"^wrong number of arguments to function (.+)$", "A função %1 não leva esse número de argumentos."},
-    {"^misuse of (?:aliased )?(?:aggregate|window)(?: function|:)? (.+)$",
-     "A função %1 não pode estar nesse lugar da instrução."},
-    {"^row value misused$", "Há vários valores onde a instrução leva um só."},
-    {"^(\\d+) values for (\\d+) columns$", "A instrução dá %1 valores para %2 colunas."},
-    {"^table (.+) has (\\d+) columns but (\\d+) values were supplied$",
-     "A tabela \"%1\" tem %2 colunas, mas a instrução dá %3 valores."},
-    {"^sub-select returns (\\d+) columns - expected (\\d+)$", "A subconsulta dá %1 colunas em vez de %2."},
-    {"^error in table (.+) after drop column: (.+)$", "A coluna não pode ser retirada da tabela \"%1\": %2."},
-    {"^cannot drop .*column: \"(.+)\"$", "A coluna \"%1\" não pode ser retirada da tabela."},
-};
-
-QString statementDescription(const QString& message, const QString& file)
-{
-    for (const Wording& wording : wordings) {
-        const auto match = QRegularExpression(QString::fromUtf8(wording.engine)).match(message);
-        if (!match.hasMatch()) continue;
-        QString description = QString::fromUtf8(wording.description);
-        const QStringList subjects = match.capturedTexts().mid(1) << file;
-        for (qsizetype i = 0; i < subjects.size(); ++i)
-            description.replace(QStringLiteral("%%1").arg(i + 1), subjects[i]);
-        return description;
-    }
-    return QStringLiteral("O motor da base de dados recusou a instrução: %1.").arg(message);
+    static const QString drawn = QStringLiteral("jet %1:").arg(QRandomGenerator::system()->generate64(), 0, 36);
+    return drawn;
 }
 
-// "tabela.coluna" and more of it, behind the colon of a message about a constraint.
+// "tabela.coluna" and more of it, behind the colon of a message about a constraint; an index stands by its name.
 QString subject(const QString& message)
 {
-    return message.section(QStringLiteral(": "), 1);
+    const QString named = message.section(QStringLiteral(": "), 1);
+    return named.startsWith(QLatin1String("index '")) ? "índice " + named.section(u'\'', 1, -2) : named;
 }
 
 QString checkDescription(sqlite3* database, const QString& message)
@@ -106,26 +69,33 @@ Error constraintError(sqlite3* database, int code, const QString& message)
     case SQLITE_CONSTRAINT_CHECK:
         return {number::invalidStatement, checkDescription(database, message)};
     default:
-        return {number::invalidStatement, QStringLiteral("O valor não é aceite pela base de dados: %1.").arg(message)};
+        return {number::invalidStatement, constraintDescription(message, code)};
     }
 }
 
 // A message of one of our own functions, which carries its number.
 std::optional<Error> readMarked(const QString& message)
 {
-    if (!message.startsWith(QLatin1String(mark))) return {};
+    if (!message.startsWith(mark())) return {};
     return Error{message.section(u':', 1, 1).toLong(), message.section(u':', 2)};
 }
 
 } // namespace
 
-Error engineError(sqlite3* database, int code, const QString& file)
+Error engineError(sqlite3* database, int code, const QString& path)
 {
+    const QString file = targetOf(path); // the name that the user gave
     const QString message = QString::fromUtf8(database ? sqlite3_errmsg(database) : sqlite3_errstr(code));
     if (const auto own = readMarked(message)) return *own;
+    if (code == SQLITE_READONLY_DBMOVED)
+        return {number::engineFailure,
+                QStringLiteral("O ficheiro \"%1\" já não é a BDP que está aberta: foi mudado de lugar, eliminado ou "
+                               "substituído por outro. Nada mais pode ser escrito nela; faça uma cópia de segurança e "
+                               "continue a trabalhar na cópia.")
+                    .arg(file)};
     switch (code & 0xff) {
     case SQLITE_ERROR:
-        return {number::invalidStatement, statementDescription(message, file)};
+        return {number::invalidStatement, statementDescription(message, code, file)};
     case SQLITE_CONSTRAINT:
         return constraintError(database, code, message);
     case SQLITE_MISMATCH:
@@ -145,10 +115,15 @@ Error engineError(sqlite3* database, int code, const QString& file)
         return {number::diskFull, QStringLiteral("O disco está cheio: não foi possível escrever em \"%1\".").arg(file)};
     case SQLITE_READONLY:
     case SQLITE_PERM:
-    case SQLITE_AUTH:
     case SQLITE_CANTOPEN:
         return {number::permissionDenied,
                 QStringLiteral("Não é permitido abrir ou escrever o ficheiro \"%1\".").arg(file)};
+    case SQLITE_AUTH:
+        return {number::invalidStatement,
+                QStringLiteral("A instrução não é permitida: só se lêem e escrevem as tabelas da BDP.")};
+    case SQLITE_INTERRUPT:
+        return {number::engineFailure,
+                QStringLiteral("A operação foi interrompida com a tecla Escape: nada foi escrito.")};
     case SQLITE_NOMEM:
         return {number::outOfMemory, QStringLiteral("Não há memória suficiente.")};
     default:
@@ -161,7 +136,7 @@ Error engineError(sqlite3* database, int code, const QString& file)
 
 QString markedMessage(long number, const QString& description)
 {
-    return QStringLiteral("%1%2:%3").arg(QLatin1String(mark)).arg(number).arg(description);
+    return mark() + QString::number(number) + u':' + description;
 }
 
 Error invalidStatement(const QString& description)

@@ -1,15 +1,15 @@
 #include "platform/jet/files.h"
 
+#include "platform/jet/claim.h"
 #include "platform/jet/connection.h"
+#include "platform/jet/disk.h"
+#include "platform/jet/draft.h"
 #include "platform/jet/errors.h"
+#include "platform/jet/guard.h"
 
 #include <QFileInfo>
-#include <QTemporaryFile>
 
 #include <sqlite3.h>
-
-#include <filesystem>
-#include <memory>
 
 namespace jet {
 
@@ -18,12 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int busyMilliseconds = 250;
-
-fs::path nativePath(const QString& path)
-{
-    const QByteArray utf8 = path.toUtf8(); // which has a place holder for what is no character
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 bool isWritable(const fs::file_status& status)
 {
@@ -56,12 +50,6 @@ void requireWritableFolderOf(const QString& path)
 #endif
 }
 
-struct CloseEngine
-{
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
-};
-using Engine = std::unique_ptr<sqlite3, CloseEngine>;
-
 void run(const Engine& engine, const char* sql, const QString& path)
 {
     const int code = sqlite3_exec(engine.get(), sql, nullptr, nullptr, nullptr);
@@ -69,33 +57,49 @@ void run(const Engine& engine, const char* sql, const QString& path)
 }
 
 // Throws engineFailure where another program is at work on the file, which is to be replaced. What is no database is
-// in nobody's hands.
+// in nobody's hands. The locks alone are looked at: a journal beside the file would be played back by a transaction.
 void requireUnlocked(const QString& path)
 {
     const Engine engine(openEngine(path, Access::ReadWrite));
-    const int code = sqlite3_exec(engine.get(), "begin exclusive", nullptr, nullptr, nullptr);
-    if ((code & 0xff) == SQLITE_BUSY) throw engineError(engine.get(), code, path);
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(engine.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    for (int waited = 0;; waited += sqlite3_sleep(busyMilliseconds / 10)) {
+        int code = file->pMethods->xLock(file, SQLITE_LOCK_SHARED);
+        if (code == SQLITE_OK) code = file->pMethods->xLock(file, SQLITE_LOCK_EXCLUSIVE);
+        file->pMethods->xUnlock(file, SQLITE_LOCK_NONE);
+        if ((code & 0xff) != SQLITE_BUSY) return;
+        if (waited >= busyMilliseconds) throw engineError(nullptr, SQLITE_BUSY, path);
+    }
 }
 
-// Of a copy: whether it is the new file that failed.
-bool failedInWriting(int code)
+void writeHeader(const QString& path)
 {
-    const bool reading = code == SQLITE_IOERR_READ || code == SQLITE_IOERR_SHORT_READ;
-    return (code & 0xff) == SQLITE_FULL || ((code & 0xff) == SQLITE_IOERR && !reading);
+    const Engine engine(openEngine(path, Access::ReadWrite));
+    run(engine, "pragma synchronous = off; pragma user_version = 0", path);
 }
 
-// What the engine may leave beside a file when its program is killed.
-void removeCompanions(const QString& path)
+// Another file may have the name that a place holder makes of it.
+void requireReadableName(const QString& path)
 {
-    std::error_code ignored;
-    for (const char* suffix : {"-journal", "-wal", "-shm"})
-        fs::remove(nativePath(path + QLatin1String(suffix)), ignored);
+    if (path.isValidUtf16() && !path.contains(QChar::ReplacementCharacter) && !path.contains(QChar::Null)) return;
+    throw Error{
+        number::pathNotFound,
+        QStringLiteral("O nome \"%1\" tem caracteres que o programa não sabe ler. Mude o nome do ficheiro, ou o "
+                       "da pasta onde ele está, e tente de novo.")
+            .arg(QString(path).remove(QChar::Null))};
+}
+
+void claimReplaceable(const QString& path, Claim& claim)
+{
+    requireWritableFile(path);
+    requireTarget(path, claim);
 }
 
 } // namespace
 
 void requireWritableFile(const QString& path)
 {
+    requireReadableName(path);
     std::error_code ignored;
     const fs::file_status status = fs::status(nativePath(path), ignored);
     if (!fs::exists(status)) {
@@ -112,11 +116,7 @@ void requireWritableFile(const QString& path)
 
 sqlite3* openEngine(const QString& path, Access access)
 {
-    int flags = SQLITE_OPEN_READWRITE;
-    if (access == Access::ReadOnly)
-        flags = SQLITE_OPEN_READONLY;
-    else if (access == Access::Create)
-        flags |= SQLITE_OPEN_CREATE;
+    const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     // The absolute path keeps the engine from seeing more than a file in names such as ":memory:".
     const auto absolute = fs::absolute(nativePath(path)).u8string();
     sqlite3* database = nullptr;
@@ -127,8 +127,7 @@ sqlite3* openEngine(const QString& path, Access access)
     if (access != Access::ReadOnly && sqlite3_db_readonly(database, "main") == 1) throw denied(path);
     sqlite3_extended_result_codes(database, 1);
     sqlite3_busy_timeout(database, busyMilliseconds);
-    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    guardEngine(database);
     return engine.release();
 }
 
@@ -146,66 +145,63 @@ void requireWhole(sqlite3* database, const QString& path)
         throw engineError(nullptr, SQLITE_CORRUPT, path);
 }
 
-void createDatabase(const QString& path)
+void requireUnused(const QString& path, Claim& claim)
 {
+    if (claim.take(path) == Claim::Outcome::Held)
+        throw Error{number::engineFailure,
+                    QStringLiteral("O ficheiro \"%1\" já está aberto noutro programa, ou noutra janela do ORV. Feche-o "
+                                   "lá primeiro.")
+                        .arg(path)};
+}
+
+void requireTarget(const QString& path, Claim& claim)
+{
+    requireReadableName(path);
+    requireWritableFolderOf(path);
+    std::error_code ignored;
+    const fs::file_status status = fs::status(nativePath(path), ignored);
+    if (!fs::exists(status)) return;
+    if (!fs::is_regular_file(status) || !isWritable(status)) throw denied(path);
+    requireUnused(path, claim);
+    requireUnlocked(path);
+}
+
+void createDatabase(const QString& path, const Fill& fill)
+{
+    requireReadableName(path);
     std::error_code ignored;
     if (fs::exists(fs::symlink_status(nativePath(path), ignored)))
         throw Error{number::fileExists, QStringLiteral("O ficheiro \"%1\" já existe.").arg(path)};
     requireWritableFolderOf(path);
-    removeCompanions(path);
-    const Engine engine(openEngine(path, Access::Create));
-    // Writes the header. Nothing can be lost with it yet: a file that a power cut leaves empty is a database too.
-    run(engine, "pragma synchronous = off; pragma user_version = 0", path);
+    Draft draft(path);
+    writeHeader(draft.path());
+    try {
+        if (fill) fill(draft.path());
+    } catch (const Error&) {
+        try {
+            draft.place();
+        } catch (const Error&) { // the first failure, such as a full disk, says more
+        }
+        throw;
+    }
+    draft.place();
 }
 
 void requireReplaceable(const QString& path)
 {
-    requireWritableFile(path);
-    requireWritableFolderOf(path);
-    requireUnlocked(path);
+    Claim claim;
+    claimReplaceable(path, claim);
 }
 
-void replaceDatabase(const QString& made, const QString& path)
+void replaceDatabase(const QString& path, const Fill& fill)
 {
     requireReplaceable(path);
-    removeCompanions(path); // they belong to the file that goes: the engine would play them back into the new one
-    std::error_code error;
-    fs::rename(nativePath(made), nativePath(path), error);
-    if (error) throw denied(path);
-}
-
-void copyDatabase(const QString& source, const QString& target)
-{
-    const fs::path to = nativePath(target);
-    std::error_code error;
-    if (fs::equivalent(nativePath(source), to, error))
-        throw Error{number::permissionDenied,
-                    QStringLiteral("\"%1\" é a BDP aberta: não pode ser copiada sobre si própria.").arg(target)};
-    requireWritableFolderOf(target);
-    const fs::file_status status = fs::status(to, error);
-    if (fs::exists(status)) {
-        if (!fs::is_regular_file(status) || !isWritable(status)) throw denied(target);
-        requireUnlocked(target);
-    }
-
-    QTemporaryFile temporary(target + QStringLiteral(".XXXXXX"));
-    if (!temporary.open()) throw denied(target);
-    {
-        const Engine from(openEngine(source, Access::ReadOnly));
-        const Engine copy(openEngine(temporary.fileName(), Access::ReadWrite));
-        run(copy, "pragma journal_mode = off; pragma synchronous = full", target);
-        sqlite3_backup* backup = sqlite3_backup_init(copy.get(), "main", from.get(), "main");
-        if (backup) sqlite3_backup_step(backup, -1);
-        const int code = backup ? sqlite3_backup_finish(backup) : sqlite3_extended_errcode(copy.get());
-        if (code != SQLITE_OK) throw engineError(copy.get(), code, failedInWriting(code) ? target : source);
-    }
-    const fs::path made = nativePath(temporary.fileName());
-    fs::permissions(made, fs::status(nativePath(source)).permissions(), error);
-    temporary.close();
-    removeCompanions(target); // as in replaceDatabase()
-    fs::rename(made, to, error);
-    if (error) throw denied(target);
-    temporary.setAutoRemove(false);
+    Draft draft(path);
+    writeHeader(draft.path());
+    fill(draft.path());
+    Claim claim;
+    claimReplaceable(path, claim);
+    draft.replace();
 }
 
 } // namespace jet

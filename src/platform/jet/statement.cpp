@@ -30,6 +30,7 @@ Statement& Statement::operator=(Statement&& other) noexcept
     finalize();
     Database* database = other.database_;
     sqlite3_stmt* prepared = std::exchange(other.handle_, nullptr);
+    running_ = std::exchange(other.running_, false);
     if (prepared) database->statements.erase(&other);
     enlist(database, prepared);
     return *this;
@@ -68,6 +69,11 @@ void Statement::bind(int parameter, const QVariant& value)
         code = sqlite3_bind_text(handle_, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
         break;
     }
+    case QMetaType::QByteArray: {
+        const QByteArray bytes = value.toByteArray();
+        code = sqlite3_bind_blob(handle_, parameter, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT);
+        break;
+    }
     default:
         throw Error{number::typeMismatch, QStringLiteral("Um valor do tipo \"%1\" não pode ir numa instrução.")
                                               .arg(QString::fromLatin1(value.typeName()))};
@@ -89,9 +95,16 @@ void Statement::bindAll(const QVariantList& values)
 bool Statement::step()
 {
     if (!handle_) throw connectionClosed();
+    if (!std::exchange(running_, true)) {
+        if (!sqlite3_stmt_readonly(handle_)) database_->beforeWrite();
+        database_->watch.begin();
+    }
     const int code = sqlite3_step(handle_);
     if (code == SQLITE_ROW) return true;
-    if (code == SQLITE_DONE) return false;
+    if (code == SQLITE_DONE) {
+        end();
+        return false;
+    }
     try {
         database_->fail(code);
     } catch (...) {
@@ -103,6 +116,12 @@ bool Statement::step()
 void Statement::reset()
 {
     if (handle_) sqlite3_reset(handle_);
+    end();
+}
+
+void Statement::end()
+{
+    if (std::exchange(running_, false)) database_->watch.end();
 }
 
 void Statement::finalize()
@@ -110,6 +129,7 @@ void Statement::finalize()
     if (!handle_) return;
     database_->statements.erase(this);
     sqlite3_finalize(std::exchange(handle_, nullptr));
+    end();
 }
 
 } // namespace jet

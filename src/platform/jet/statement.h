@@ -24,7 +24,8 @@ public:
     explicit operator bool() const { return handle_; }
     sqlite3_stmt* handle() const { return handle_; }
 
-    // A value as NativeSql takes them; parameters count from 1. Throws Error (typeMismatch) for any other.
+    // A value as NativeSql takes them, or a QByteArray, which is a blob; parameters count from 1. Throws Error
+    // (typeMismatch) for any other.
     void bind(int parameter, const QVariant& value);
     // Precondition: one value for each parameter; Error (invalidStatement) otherwise.
     void bindAll(const QVariantList& values);
@@ -34,9 +35,11 @@ public:
 
 private:
     void enlist(Database* database, sqlite3_stmt* prepared);
+    void end();
 
     Database* database_ = nullptr;
     sqlite3_stmt* handle_ = nullptr;
+    bool running_ = false; // between its first row and its last
 };
 
 } // namespace jet

@@ -115,7 +115,8 @@ TEST_F(SharedLists, AnyErrorEndsARoutineInTheSameBox)
         return ok.text.toStdString();
     };
     EXPECT_EQ(told([] { throw jet::Error{13, "Assim não."}; }), "Ocorreu o erro 13\nAssim não.");
-    EXPECT_EQ(told([] { throw std::out_of_range("index"); }), "Ocorreu o erro 51\nErro interno do programa (index).");
+    EXPECT_EQ(told([] { throw std::out_of_range("index"); }),
+              "Ocorreu o erro 51\nErro interno do programa: o que estava a ser feito não foi levado até ao fim.");
     EXPECT_EQ(told([] { throw std::bad_alloc(); }), "Ocorreu o erro 7\nNão há memória suficiente.");
 }
 
@@ -133,7 +134,9 @@ TEST_F(SharedLists, AFailingDocumentIsTold)
 {
     int result = 0;
     Desktop::setOpener([&](const QString&) { return result; });
-    const QString path = QCoreApplication::applicationFilePath();
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("manual.pdf");
+    ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
     const auto told = [&](int code) {
         result = code;
         Answer ok("OK");

@@ -2,6 +2,7 @@
 #include "families/frmFam.h"
 
 #include "control.h"
+#include "store/diary.h"
 #include "store/parish.h"
 
 namespace {
@@ -87,4 +88,13 @@ TEST_F(FamilyCard, GivesTheNamesOfTheChildrenTwiceTheRoomOfADate)
     EXPECT_EQ(children.columnWidth(1), 167);
     for (int date = 2; date < 5; ++date)
         EXPECT_EQ(children.columnWidth(date), 80);
+}
+
+TEST_F(FamilyCard, DeletesWhatHangsOnAFamilyInItsOrder)
+{
+    const Diary diary;
+    const Answer yes("&Sim");
+    control<CommandButton>(frmFam(), "cmdElim").click();
+    EXPECT_EQ(yes.given, 1);
+    EXPECT_EQ(diary.entries.join(' '), "famorig residencia assistente familias familia");
 }

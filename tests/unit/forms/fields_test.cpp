@@ -1,30 +1,13 @@
-#include "forms/house.h"
+#include "forms/fields.h"
 
 #include <QClipboard>
+#include <QInputMethodEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 
 namespace {
 
-class Fields : public House
-{
-protected:
-    // A shown and focused control on a form.
-    template <class Control>
-    Control* shown()
-    {
-        Control* control = nullptr;
-        make("frmA", [&](TestForm& form) { control = form.put<Control>("campo"); })->display();
-        QCoreApplication::processEvents();
-        Focus::setTo(control);
-        return control;
-    }
-};
-
 class MaskedEditTest : public Fields
-{
-};
-
-class MemoBoxTest : public Fields
 {
 };
 
@@ -242,60 +225,120 @@ TEST_F(MaskedEditTest, ChangingTheMaskKeepsTheTextThatFits)
     EXPECT_EQ(field->text(), "__/__/____");
 }
 
-TEST_F(MemoBoxTest, LineBreaksAreCarriageReturnAndLineFeed)
+TEST_F(TextBoxTest, APastedTextThatDoesNotFitIsToldAndTheClipboardHasTheWhole)
 {
-    auto* memo = shown<MemoBox>();
-    memo->setText("um\ndois\r\ntrês\rquatro");
-    EXPECT_EQ(memo->text(), "um\r\ndois\r\ntrês\r\nquatro");
-    QTest::keyClick(memo, Qt::Key_End, Qt::ControlModifier);
-    QTest::keyClick(memo, Qt::Key_Return);
-    QTest::keyClicks(memo, "5");
-    EXPECT_EQ(memo->text(), "um\r\ndois\r\ntrês\r\nquatro\r\n5");
-    memo->clear();
-    EXPECT_EQ(memo->text(), "");
-}
-
-TEST_F(MemoBoxTest, TheLimitHoldsForTypingPastingAndTheProgram)
-{
-    auto* memo = shown<MemoBox>();
-    memo->setMaxLength(5);
-    QTest::keyClicks(memo, "abcdefg");
-    EXPECT_EQ(memo->text(), "abcde");
-    QTest::keyClick(memo, Qt::Key_Backspace);
-    QTest::keyClick(memo, Qt::Key_Return); // two characters, one place
-    EXPECT_EQ(memo->text(), "abcd");
-    QTest::keyClick(memo, Qt::Key_Backspace);
-    QApplication::clipboard()->setText("x\ny");
-    memo->paste();
-    EXPECT_EQ(memo->text(), "abcx");
-    memo->selectAll();
-    QApplication::clipboard()->setText("1\n2345");
-    memo->paste();
-    EXPECT_EQ(memo->text(), "1\r\n23");
-    memo->selectAll();
-    QTest::keyClicks(memo, "z");
-    EXPECT_EQ(memo->text(), "z");
-    memo->setText("123456789");
-    EXPECT_EQ(memo->text(), "12345");
-}
-
-TEST_F(MemoBoxTest, TabGoesOnToTheNextField)
-{
-    auto* memo = shown<MemoBox>();
-    auto* next = static_cast<TestForm*>(Forms::find("frmA"))->put<TextBox>("txtNome");
+    auto* field = shown<TextBox>();
+    field->setMaxLength(255);
+    const QString text(300, 'x');
+    QApplication::clipboard()->setText(text);
+    field->setText("abc");
+    Answer answer("OK");
+    QTest::keyClick(field, Qt::Key_End);
+    QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
     QCoreApplication::processEvents();
-    Focus::setTo(memo);
-    QTest::keyClick(memo, Qt::Key_Tab);
-    EXPECT_TRUE(next->hasFocus());
-    EXPECT_EQ(memo->text(), "");
+    EXPECT_EQ(field->text(), "abc" + QString(252, 'x'));
+    EXPECT_EQ(answer.given, 1);
+    EXPECT_EQ(answer.text, "O texto tem 300 caracteres, mas só couberam 252: o campo leva no máximo 255.\n"
+                           "O texto inteiro está na área de transferência.");
+    EXPECT_EQ(QApplication::clipboard()->text(), text);
 }
 
-TEST_F(MemoBoxTest, ALockedOneRefusesTheUser)
+TEST_F(TextBoxTest, APastedTextThatFitsIsNotTold)
 {
-    auto* memo = shown<MemoBox>();
-    memo->setText("obs");
-    memo->setLocked(true);
-    QTest::keyClicks(memo, "x");
-    QTest::keyClick(memo, Qt::Key_Return);
-    EXPECT_EQ(memo->text(), "obs");
+    auto* field = shown<TextBox>();
+    field->setMaxLength(5);
+    QApplication::clipboard()->setText("12345");
+    const Answer answer("OK");
+    field->setText("abc");
+    field->selectAll();
+    field->paste();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), "12345");
+    EXPECT_EQ(answer.given, 0);
+}
+
+TEST_F(TextBoxTest, ATextPastedOverASelectionCountsWhatGoes)
+{
+    auto* field = shown<TextBox>();
+    field->setMaxLength(5);
+    QApplication::clipboard()->setText("123456");
+    Answer answer("OK");
+    field->setText("abcde");
+    field->setSelection(1, 3);
+    field->paste(); // as the context menu does
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), "a123e");
+    EXPECT_TRUE(answer.text.contains("só couberam 3")) << answer.text.toStdString();
+}
+
+TEST_F(TextBoxTest, ADroppedTextThatDoesNotFitIsToldAndTheClipboardHasTheWhole)
+{
+    auto* field = shown<TextBox>();
+    field->setMaxLength(5);
+    QApplication::clipboard()->setText("outro");
+    Answer answer("OK");
+    QMimeData dragged;
+    dragged.setText("12345678");
+    QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    static_cast<QObject*>(field)->event(&drop); // without the drag that comes before
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), "12345");
+    EXPECT_EQ(answer.given, 1);
+    EXPECT_EQ(QApplication::clipboard()->text(), "12345678");
+}
+
+TEST_F(TextBoxTest, AComposedTextThatDoesNotFitIsTold)
+{
+    auto* field = shown<TextBox>();
+    field->setMaxLength(5);
+    Answer answer("OK");
+    QInputMethodEvent composed;
+    composed.setCommitString("abcdefg");
+    QApplication::sendEvent(field, &composed);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), "abcde");
+    EXPECT_EQ(answer.given, 1);
+}
+
+TEST_F(TextBoxTest, AKeyTooManyBringsNoBox)
+{
+    auto* field = shown<TextBox>();
+    field->setMaxLength(3);
+    const Answer answer("OK");
+    QTest::keyClicks(field, "abcde");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), "abc");
+    EXPECT_EQ(answer.given, 0);
+}
+
+TEST_F(TextBoxTest, NoCharacterOfTwoUnitsIsCutInHalf)
+{
+    auto* field = shown<TextBox>();
+    field->setMaxLength(4);
+    Answer answer("OK");
+    QApplication::clipboard()->setText(QString::fromUtf8("abc🙂"));
+    field->paste();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), "abc");
+}
+
+TEST_F(TextBoxTest, ATextOfTheProgramIsGivenBackWholeWhateverItsLength)
+{
+    auto* field = shown<TextBox>();
+    field->setMaxLength(255);
+    for (const int length : {300, 32767, 32768, 1000000}) {
+        const QString text = QString(length - 1, 'x') + QChar(0xA0);
+        EXPECT_LT(millisecondsFor([&] {
+                      field->setText(text);
+                      QCoreApplication::processEvents();
+                      field->repaint();
+                  }),
+                  1000);
+        EXPECT_TRUE(field->text() == text) << length;
+    }
+    field->setText("Ana");
+    EXPECT_EQ(field->text(), "Ana");
+    field->setText(QString(400, 'x'));
+    field->clear();
+    EXPECT_EQ(field->text(), "");
 }

@@ -31,6 +31,13 @@ private:
     sqlite3* database_ = nullptr;
 };
 
+void fillWithOneTable(const QString& file)
+{
+    Connection bdp;
+    bdp.open(file);
+    bdp.execute(QStringLiteral("create table nova (a long)"));
+}
+
 } // namespace
 
 class FilesOfBdps : public TestBdp
@@ -140,14 +147,12 @@ TEST_F(FilesOfBdps, AreReplacedWithoutWhatLiesBesideThem)
     bdp.close();
     for (const char* suffix : {"-journal", "-wal", "-shm"})
         makeFile((std::string("a.orv") + suffix).c_str(), "x");
-    const QString made = path(QStringLiteral("new.orv"));
-    createDatabase(made);
-    const QByteArray content = contentOf(made);
-    replaceDatabase(made, path());
-    EXPECT_EQ(contentOf(path()), content);
+    replaceDatabase(path(), fillWithOneTable);
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList(QStringLiteral("a.orv")));
-    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), made); }), number::fileNotFound);
-    EXPECT_EQ(contentOf(path()), content);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(path(QStringLiteral("new.orv")), fillWithOneTable); }),
+              number::fileNotFound);
+    bdp.open(path());
+    EXPECT_EQ(bdp.tables(), QStringList(QStringLiteral("nova")));
 }
 
 TEST_F(FilesOfBdps, AreCopiedWithTheirCommittedState)
@@ -202,23 +207,22 @@ TEST_F(FilesOfBdps, LeaveTheTargetAsItWasWhereTheyCannotBeCopied)
 TEST_F(FilesOfBdps, StayWhereTheyCannotBeReplaced)
 {
     bdp.close();
-    const QString made = makeFile("new.orv", "new");
     const QByteArray before = contentOf(path());
     QFile::setPermissions(path(), QFile::ReadOwner);
-    EXPECT_EQ(numberOf([&] { replaceDatabase(made, path()); }), number::permissionDenied);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), fillWithOneTable); }), number::permissionDenied);
     QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner);
     {
         const OtherProgram other(path());
-        const Error error = errorOf([&] { replaceDatabase(made, path()); });
+        const Error error = errorOf([&] { replaceDatabase(path(), fillWithOneTable); });
         EXPECT_EQ(error.number, number::engineFailure);
         EXPECT_TRUE(error.description.contains(path()));
     }
     const QString inner = path(QStringLiteral("pasta"));
     ASSERT_TRUE(QDir().mkdir(inner));
-    EXPECT_EQ(numberOf([&] { replaceDatabase(made, inner); }), number::engineFailure);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(inner, fillWithOneTable); }), number::engineFailure);
     EXPECT_TRUE(QFileInfo(inner).isDir());
     EXPECT_EQ(contentOf(path()), before);
-    EXPECT_EQ(contentOf(made), "new");
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList(QStringLiteral("a.orv")));
 }
 
 TEST_F(FilesOfBdps, AreNeitherOpenedNorMadeNorReplacedNorCopiedInAFolderThatNobodyMayWrite)
@@ -230,7 +234,7 @@ TEST_F(FilesOfBdps, AreNeitherOpenedNorMadeNorReplacedNorCopiedInAFolderThatNobo
     EXPECT_EQ(numberOf([&] { createDatabase(inner + QStringLiteral("/new.orv")); }), number::permissionDenied);
     EXPECT_EQ(numberOf([&] { bdp.copyTo(inner + QStringLiteral("/new.orv")); }), number::permissionDenied);
     EXPECT_EQ(numberOf([&] { bdp.copyTo(old); }), number::permissionDenied);
-    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), old); }), number::permissionDenied);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(old, fillWithOneTable); }), number::permissionDenied);
     EXPECT_EQ(refusalOf(old).number, number::permissionDenied);
     const QString link = path(QStringLiteral("link.orv"));
     ASSERT_TRUE(QFile::link(old, link));
@@ -313,6 +317,144 @@ TEST_F(FilesOfBdps, AreNamedAndWholeWhereTheDiskTakesNoMore)
 TEST_F(FilesOfBdps, MayBeAskedForByATextThatIsNoText)
 {
     EXPECT_EQ(numberOf([&] { bdp.copyTo(QString(QChar(0xD800)) + QStringLiteral("/a.orv")); }), number::pathNotFound);
+}
+
+TEST_F(FilesOfBdps, HaveTheNameOfTheirJournalOffTheDiskWithEachCommit)
+{
+    Connection other;
+    other.open(path());
+    sqlite3_stmt* statement = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(other.handle(), "pragma synchronous", -1, &statement, nullptr), SQLITE_OK);
+    ASSERT_EQ(sqlite3_step(statement), SQLITE_ROW);
+    EXPECT_EQ(sqlite3_column_int(statement, 0), 3); // "extra"
+    sqlite3_finalize(statement);
+}
+
+TEST_F(FilesOfBdps, AreMadeBesideTheirPlaceWhichTheyTakeWhole)
+{
+    const QString made = path(QStringLiteral("new.orv"));
+    createDatabase(made, [&](const QString& file) {
+        EXPECT_FALSE(QFile::exists(made));
+        EXPECT_EQ(QFileInfo(file).path(), folder());
+        fillWithOneTable(file);
+    });
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), (QStringList{QStringLiteral("a.orv"), QStringLiteral("new.orv")}));
+    Connection other;
+    other.open(made);
+    EXPECT_EQ(other.tables(), QStringList(QStringLiteral("nova")));
+}
+
+TEST_F(FilesOfBdps, TakeTheirPlaceWithWhatWasMadeBeforeAnErrorButNotThatOfAnOldOne)
+{
+    const auto half = [](const QString& file) {
+        fillWithOneTable(file);
+        throw Error{number::fileNotFound, QStringLiteral("falta")};
+    };
+    const QString made = path(QStringLiteral("new.orv"));
+    EXPECT_EQ(numberOf([&] { createDatabase(made, half); }), number::fileNotFound);
+    bdp.close();
+    const QByteArray before = contentOf(path());
+    EXPECT_EQ(numberOf([&] { replaceDatabase(path(), half); }), number::fileNotFound);
+    EXPECT_EQ(contentOf(path()), before);
+    bdp.open(made);
+    EXPECT_EQ(bdp.tables(), QStringList(QStringLiteral("nova")));
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(FilesOfBdps, AreOpenAloneWhateverNameTheyAreReachedBy)
+{
+    bdp.close();
+    bdp.open(path(), Connection::Sharing::Alone);
+    const QString link = path(QStringLiteral("link.orv"));
+    ASSERT_TRUE(QFile::link(path(), link));
+    for (const QString& name : {path(), link}) {
+        Connection other;
+        const Error error = errorOf([&] { other.open(name, Connection::Sharing::Alone); });
+        EXPECT_EQ(error.number, number::engineFailure);
+        EXPECT_TRUE(error.description.contains(QStringLiteral("já está aberto noutro programa"))) << error.what();
+        EXPECT_EQ(other.state(), Connection::Closed);
+        EXPECT_EQ(run("insert into t (a) values (1)"), 1);
+    }
+    bdp.close();
+    Connection other;
+    other.open(link, Connection::Sharing::Alone);
+    EXPECT_EQ(other.state(), Connection::Open);
+    EXPECT_EQ(numberOf([&] { bdp.open(path(), Connection::Sharing::Alone); }), number::engineFailure);
+}
+
+TEST_F(FilesOfBdps, AreNeitherReplacedNorCopiedOverWhereAnotherProgramHasThemOpenAtRest)
+{
+    const QString copy = path(QStringLiteral("copy.orv"));
+    bdp.copyTo(copy);
+    Connection other;
+    other.open(copy, Connection::Sharing::Alone);
+    EXPECT_EQ(numberOf([&] { bdp.copyTo(copy); }), number::engineFailure);
+    EXPECT_EQ(numberOf([&] { replaceDatabase(copy, fillWithOneTable); }), number::engineFailure);
+    EXPECT_EQ(other.execute(QStringLiteral("insert into t (a) values (1)")), 1);
+    EXPECT_FALSE(other.hasMoved());
+    other.close();
+    EXPECT_EQ(numberOf([&] { bdp.copyTo(copy); }), 0);
+}
+
+TEST_F(FilesOfBdps, AreCopiedAsTheyAreOpenWhateverStandsUnderTheirName)
+{
+    run("insert into t (a) values (1)");
+    EXPECT_FALSE(bdp.hasMoved());
+    ASSERT_TRUE(QFile::rename(path(), path(QStringLiteral("moved.orv"))));
+    EXPECT_TRUE(bdp.hasMoved());
+    const QString copy = path(QStringLiteral("copy.orv"));
+    const auto peopleOfTheCopy = [&] {
+        Connection other;
+        other.open(copy);
+        const int count = Recordset(other, QStringLiteral("select * from t")).recordCount();
+        EXPECT_TRUE(QFile::remove(copy));
+        return count;
+    };
+    bdp.copyTo(copy);
+    EXPECT_EQ(peopleOfTheCopy(), 1);
+    createDatabase(path(), fillWithOneTable);
+    const QByteArray foreign = contentOf(path());
+    EXPECT_TRUE(bdp.hasMoved());
+    bdp.copyTo(copy);
+    EXPECT_EQ(peopleOfTheCopy(), 1);
+    EXPECT_EQ(numberOf([&] { bdp.copyTo(path()); }), number::permissionDenied);
+    const Error error = errorOf([&] { run("insert into t (a) values (2)"); });
+    EXPECT_TRUE(error.description.contains(QStringLiteral("já não é a BDP que está aberta"))) << error.what();
+    EXPECT_EQ(contentOf(path()), foreign);
+}
+
+TEST_F(FilesOfBdps, AreCopiedWithoutWhatIsPendingAndOnlyWhereTheyStillStandThen)
+{
+    bdp.beginTrans();
+    run("insert into t (a) values (1)");
+    const QString copy = path(QStringLiteral("copy.orv"));
+    ASSERT_TRUE(QFile::rename(path(), path(QStringLiteral("moved.orv"))));
+    createDatabase(path(), fillWithOneTable);
+    EXPECT_EQ(numberOf([&] { bdp.copyTo(copy); }), number::engineFailure);
+    EXPECT_FALSE(QFile::exists(copy));
+}
+
+// A name that isn't UTF-8 is read as one with a place holder, under which another file may stand.
+TEST_F(FilesOfBdps, AreNotTouchedUnderANameThatCannotBeRead)
+{
+    QString other = path(QStringLiteral("caf\uFFFD.orv"));
+    std::filesystem::copy_file(path().toStdString(), folder().toStdString() + "/caf\xe9.orv");
+    std::filesystem::copy_file(path().toStdString(), other.toStdString());
+    const QByteArray before = contentOf(other);
+    const QString read = QFile::decodeName(QByteArray(folder().toUtf8() + "/caf\xe9.orv"));
+    EXPECT_EQ(read, other);
+    for (const Error& error : {errorOf([&] { Connection().open(read); }), errorOf([&] { bdp.copyTo(read); }),
+                               errorOf([&] { createDatabase(read + QStringLiteral("2")); }),
+                               errorOf([&] { replaceDatabase(read, fillWithOneTable); }),
+                               errorOf([&] { bdp.copyTo(path(QString(QChar(0xD800)))); }),
+                               errorOf([&] { bdp.copyTo(path(QStringLiteral("b.orv") + QChar(0))); })})
+    {
+        EXPECT_EQ(error.number, number::pathNotFound);
+        EXPECT_TRUE(error.description.contains(QStringLiteral("Mude o nome"))) << error.what();
+    }
+    EXPECT_EQ(contentOf(other), before);
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 2); // the toolkit lists no name that it can't read
+    std::filesystem::remove(folder().toStdString() + "/caf\xe9.orv");
 }
 
 } // namespace jet::test

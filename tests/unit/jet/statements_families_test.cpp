@@ -93,17 +93,15 @@ TEST_F(StatementsOnFamilies, OfTheSearch)
          "order by datacasam",
          "1|1|01/02/1745"},
         {"select nfamilia , tipocasal, datacasam  from familia where  obs like '%' order by datacasam", ""},
-        {"select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (SELECT famPai.nfamilia as nfamilia "
-         "FROM individuo as mae INNER JOIN Familias as famPai ON mae.nind = famPai.nind, Individuo AS pai INNER JOIN "
-         "Familias AS famMae ON pai.nind = famMae.nind where famPai.nfamilia =famMae.nfamilia and pai.nind<> mae.nind "
-         "and pai.sexo ='m' and mae.sexo = 'f' and pai.nome like 'josé%' and mae.nome like '%Ávila') order by "
-         "datacasam",
+        {"select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (SELECT famPai.nfamilia FROM "
+         "individuo AS pai INNER JOIN Familias AS famPai ON pai.nind = famPai.nind where pai.sexo ='m' and pai.nome "
+         "like 'josé%') and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN Familias AS famMae ON "
+         "mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like '%Ávila') order by datacasam",
          "1|1|01/02/1745"},
         {"select nfamilia , tipocasal, datacasam  from familia where sfamilia= '2' and nfamilia in (SELECT "
-         "famPai.nfamilia as nfamilia FROM individuo as mae INNER JOIN Familias as famPai ON mae.nind = famPai.nind, "
-         "Individuo AS pai INNER JOIN Familias AS famMae ON pai.nind = famMae.nind where famPai.nfamilia "
-         "=famMae.nfamilia and pai.nind<> mae.nind and pai.sexo ='m' and mae.sexo = 'f' and  pai.nome like 'a%' and "
-         "mae.nome like 'a%') order by datacasam",
+         "famPai.nfamilia FROM individuo AS pai INNER JOIN Familias AS famPai ON pai.nind = famPai.nind where pai.sexo "
+         "='m' and pai.nome like 'a%') and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN "
+         "Familias AS famMae ON mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like 'a%') order by datacasam",
          "2|3|24/06/1775"},
         {"select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (select familia.nfamilia from "
          "familia, "

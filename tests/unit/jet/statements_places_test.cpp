@@ -240,7 +240,7 @@ TEST_F(StatementsOfASession, OfTheReferenceData)
 
 TEST_F(StatementsOfASession, OfTheUpgrade)
 {
-    run("drop table passaporte");
+    outside("drop table passaporte");
     run("create table Passaporte(nind double not null, nPass double not null, dataref date, localdestino "
         "varchar(15),tipolocaldest varchar(1), obs memo, CONSTRAINT Pkpass Primary Key (nind, npass))");
     run("insert into passaporte (nind, npass) values (1, 1)");

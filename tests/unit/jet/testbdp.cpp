@@ -92,6 +92,16 @@ TestBdp::TestBdp()
     sqlite3_exec(bdp.handle(), "pragma synchronous = off", nullptr, nullptr, nullptr); // no test cuts the power
 }
 
+void TestBdp::outside(const QString& file, const char* sql)
+{
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(file.toUtf8(), &database), SQLITE_OK);
+    char* message = nullptr;
+    EXPECT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, &message), SQLITE_OK) << sql << ": " << message;
+    sqlite3_free(message);
+    sqlite3_close(database);
+}
+
 std::string TestBdp::rows(Recordset& set)
 {
     QStringList rows;

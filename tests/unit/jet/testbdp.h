@@ -22,6 +22,10 @@ protected:
     int run(const char* statement, const QVariantList& values = {});
     Recordset select(const char* statement, const QVariantList& values = {});
 
+    // What a tool other than this program does to the file, however it is guarded here.
+    static void outside(const QString& file, const char* sql);
+    void outside(const char* sql) { outside(path(), sql); }
+
     // The rows from the current one on: fields with "|" between them, rows with blanks; nulls are "-".
     static std::string rows(Recordset& set);
     std::string rows(const char* statement, const QVariantList& values = {});

@@ -75,6 +75,7 @@ TEST_F(Session, AnErrorThatIsNotTheStoresIsToldAndTheProgramGoesOn)
     Answer answer("OK");
     QEvent event(QEvent::User);
     QCoreApplication::sendEvent(&broken, &event);
-    EXPECT_EQ(answer.text, "Ocorreu o erro 51\nErro interno do programa (avaria).");
+    EXPECT_EQ(answer.text,
+              "Ocorreu o erro 51\nErro interno do programa: o que estava a ser feito não foi levado até ao fim.");
     EXPECT_FALSE(programEnding());
 }

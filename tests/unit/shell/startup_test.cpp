@@ -35,6 +35,11 @@ TEST(CommandLine, SeveralAreJoinedByOneBlank)
     EXPECT_EQ(textOf({"-style", "fusion"}), "-style fusion");
 }
 
+TEST(CommandLine, ANameThatIsNotUtf8HasAPlaceHolderByWhichItIsRefused)
+{
+    EXPECT_EQ(textOf({"caf\xe9.orv"}), QStringLiteral("caf\uFFFD.orv"));
+}
+
 TEST(MainWindow, StandsOnTheScreenWithItsFrame)
 {
     const std::unique_ptr<FrmORV> window(&startProgram({}));

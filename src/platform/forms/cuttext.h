@@ -1,0 +1,11 @@
+// What a field tells when there is no room for what the user gives it.
+#pragma once
+
+#include <QString>
+
+// Of the text that was pasted, dropped or composed only `fitting` characters had room in a field of `limit`. The
+// clipboard has the whole text from now on. A box tells so, behind the event under way.
+void tellCut(const QString& whole, qsizetype fitting, int limit);
+
+// A key had no room in a field of `limit` characters.
+void tellFull(int limit);

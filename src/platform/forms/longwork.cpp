@@ -1,0 +1,211 @@
+#include "platform/forms/longwork.h"
+
+#include "platform/forms/forms.h"
+#include "platform/forms/statusline.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QStatusBar>
+#include <QThread>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+// As the toolkit's own test library sends keys: a shortcut of where the focus is now.
+Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject* object, ulong timestamp, int key,
+                                               Qt::KeyboardModifiers modifiers, const QString& text, bool repeated,
+                                               ushort count);
+QT_END_NAMESPACE
+
+namespace {
+
+// What is delivered at once: the toolkit's own bookkeeping, which can't be put off.
+bool isBookkeeping(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::MetaCall:
+    case QEvent::SockAct:
+    case QEvent::SockClose:
+    case QEvent::DeferredDelete:
+    case QEvent::ThreadChange:
+    case QEvent::ChildAdded:
+    case QEvent::ChildPolished:
+    case QEvent::ChildRemoved:
+    case QEvent::PlatformSurface:
+    case QEvent::WinIdChange:
+        return true;
+    default:
+        return false;
+    }
+}
+
+struct Kept
+{
+    QPointer<QObject> receiver;
+    std::unique_ptr<QEvent> event;
+};
+
+// Gives back what was kept, one by one.
+class Returner : public QObject
+{
+public:
+    void give(std::vector<Kept> kept)
+    {
+        for (Kept& each : kept) {
+            if (!each.receiver) continue;
+            // A key may be a shortcut by now, or the field that it was typed for has the focus only now.
+            if (each.event->type() == QEvent::KeyPress) {
+                keys_.push_back(std::move(each));
+                QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+            } else {
+                QCoreApplication::postEvent(each.receiver, each.event.release());
+            }
+        }
+    }
+
+protected:
+    void customEvent(QEvent*) override
+    {
+        if (keys_.empty()) return;
+        const Kept kept = std::move(keys_.front());
+        keys_.erase(keys_.begin());
+        if (!kept.receiver) return;
+        auto& key = static_cast<QKeyEvent&>(*kept.event);
+        QObject* focus = QGuiApplication::focusObject();
+        if (focus && qt_sendShortcutOverrideEvent(focus, ulong(key.timestamp()), key.key(), key.modifiers(), key.text(),
+                                                  key.isAutoRepeat(), ushort(key.count())))
+            return;
+        QCoreApplication::sendEvent(kept.receiver, kept.event.get());
+    }
+
+private:
+    std::vector<Kept> keys_;
+};
+
+class Keeper : public QObject
+{
+public:
+    // Takes what has come meanwhile.
+    void look()
+    {
+        qApp->installEventFilter(this);
+        QCoreApplication::processEvents();
+        qApp->removeEventFilter(this);
+    }
+
+    void paint(QWidget& only)
+    {
+        painted_ = &only;
+        qApp->installEventFilter(this);
+        only.repaint();
+        QCoreApplication::processEvents(); // which shows it
+        qApp->removeEventFilter(this);
+        painted_ = nullptr;
+    }
+
+    bool escaped = false;
+    std::vector<Kept> kept;
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (isBookkeeping(event->type())) return false;
+        if (painted_ && event->type() == QEvent::Paint && isPainted(receiver)) return false;
+        // A timer comes again by itself, and everything is painted afterwards.
+        if (event->type() == QEvent::Timer || event->type() == QEvent::Paint) return true;
+        if (isEscape(*event)) {
+            escaped = escaped || event->type() == QEvent::KeyPress;
+        } else if (event->type() != QEvent::ShortcutOverride) { // the key itself follows
+            kept.push_back({receiver, std::unique_ptr<QEvent>(event->clone())});
+        }
+        event->setAccepted(event->type() != QEvent::Close);
+        return true;
+    }
+
+private:
+    static bool isEscape(const QEvent& event)
+    {
+        const auto type = event.type();
+        return (type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride) &&
+               static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+    }
+
+    bool isPainted(QObject* receiver) const
+    {
+        const auto* widget = qobject_cast<const QWidget*>(receiver);
+        return widget && (widget == painted_ || painted_->isAncestorOf(widget));
+    }
+
+    QWidget* painted_ = nullptr;
+};
+
+// One run of work.
+struct Work
+{
+    Keeper keeper;
+    std::optional<QString> before; // what stood in the status bar
+};
+
+std::unique_ptr<Work> work;
+
+QStatusBar* statusBar()
+{
+    const QWidget* window = Forms::mainWindow();
+    return window ? window->findChild<QStatusBar*>() : nullptr;
+}
+
+// In the middle of painting nothing else can be painted.
+bool isPainting()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    return std::any_of(widgets.begin(), widgets.end(),
+                       [](const QWidget* widget) { return widget->testAttribute(Qt::WA_WState_InPaintEvent); });
+}
+
+Work& theWork()
+{
+    if (!work) work = std::make_unique<Work>();
+    return *work;
+}
+
+Returner& returner()
+{
+    static auto* only = new Returner; // outlives what was posted to it
+    return *only;
+}
+
+} // namespace
+
+bool LongWork::escapePressed()
+{
+    if (!qApp || QThread::currentThread() != qApp->thread()) return false;
+    Keeper& keeper = theWork().keeper;
+    keeper.look();
+    return std::exchange(keeper.escaped, false);
+}
+
+void LongWork::tell(const QString& text)
+{
+    QStatusBar* bar = statusBar();
+    if (!bar || isPainting()) return;
+    Work& current = theWork();
+    if (!current.before) current.before = bar->currentMessage();
+    showStatus(text);
+    current.keeper.paint(*bar);
+}
+
+void LongWork::ended()
+{
+    if (!work) return;
+    const std::unique_ptr<Work> over = std::move(work);
+    if (over->before) showStatus(*over->before);
+    returner().give(std::move(over->keeper.kept));
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            for (QWidget* widget : window->findChildren<QWidget*>())
+                widget->update();
+}

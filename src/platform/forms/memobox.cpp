@@ -1,0 +1,223 @@
+#include "platform/forms/controls.h"
+#include "platform/forms/cuttext.h"
+#include "platform/forms/editkeys.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QSignalBlocker>
+#include <QTextBlock>
+
+namespace {
+
+// The document knows one kind of line break. Which one stands in the text is a property of the break itself, so that
+// it goes and comes back with it; a break without the property is the user's. Where a long word is broken, nothing at
+// all stands in the text: the time to lay out a word grows with the square of its length.
+constexpr int kindOfBreak = QTextFormat::UserProperty;
+constexpr int nothing = 1;
+const QString breaks[]{"\r\n", "", "\n", "\r", QChar(QChar::ParagraphSeparator), QChar(0xFDD0), QChar(0xFDD1)};
+
+constexpr qsizetype longestWord = 1000;
+constexpr qsizetype longestLine = 20000;
+
+QString breakBefore(const QTextBlock& block)
+{
+    return breaks[block.charFormat().intProperty(kindOfBreak)];
+}
+
+// The kind of the break that begins at a place of the text; -1 for none.
+int kindAt(const QString& text, qsizetype place)
+{
+    const QChar character = text.at(place);
+    if (character == u'\r') return place + 1 < text.size() && text.at(place + 1) == u'\n' ? 0 : 3;
+    for (int kind = 2; kind < int(std::size(breaks)); ++kind)
+        if (breaks[kind] == character) return kind;
+    return -1;
+}
+
+bool isBlank(QChar character)
+{
+    return character == u' ' || character == u'\t';
+}
+
+// Puts a text into the document, a piece behind the other.
+class Writer
+{
+public:
+    Writer(QTextCursor cursor, const QString& text) : cursor_(std::move(cursor)), text_(text)
+    {
+        const QString before = cursor_.block().text().left(cursor_.positionInBlock());
+        while (word_ < before.size() && !isBlank(before.at(before.size() - 1 - word_)))
+            ++word_;
+        line_ = before.size();
+    }
+
+    void write()
+    {
+        cursor_.beginEditBlock();
+        for (qsizetype place = 0; place < text_.size(); ++place) {
+            const int kind = kindAt(text_, place);
+            if (kind < 0) {
+                if (isTooLong(place)) end(place, nothing, 0);
+                ++line_;
+                word_ = isBlank(text_.at(place)) ? 0 : word_ + 1;
+                continue;
+            }
+            end(place, kind, breaks[kind].size());
+            place += breaks[kind].size() - 1;
+        }
+        cursor_.insertText(text_.mid(begin_), QTextCharFormat());
+        cursor_.endEditBlock();
+    }
+
+private:
+    bool isTooLong(qsizetype place) const
+    {
+        if (word_ < longestWord && (line_ < longestLine || word_ > 0)) return false;
+        const QChar character = text_.at(place);
+        return !character.isLowSurrogate() && (!character.isMark() || word_ > 2 * longestWord);
+    }
+
+    void end(qsizetype place, int kind, qsizetype length)
+    {
+        QTextCharFormat format;
+        if (kind > 0) format.setProperty(kindOfBreak, kind);
+        cursor_.insertText(text_.mid(begin_, place - begin_), QTextCharFormat());
+        cursor_.insertBlock(QTextBlockFormat(), format);
+        begin_ = place + length;
+        word_ = line_ = 0;
+    }
+
+    QTextCursor cursor_;
+    const QString& text_;
+    qsizetype begin_ = 0; // of the piece that isn't written yet
+    qsizetype word_ = 0, line_ = 0;
+};
+
+} // namespace
+
+MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
+{
+    setTabChangesFocus(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QString MemoBox::text() const
+{
+    return stored(0, document()->characterCount() - 1);
+}
+
+void MemoBox::setText(const QString& text)
+{
+    {
+        const QSignalBlocker quiet(text.isEmpty() ? nullptr : this);
+        setPlainText({});
+    }
+    document()->setUndoRedoEnabled(false);
+    Writer(textCursor(), text).write();
+    document()->setUndoRedoEnabled(true);
+    document()->setModified(false);
+    moveCursor(QTextCursor::Start);
+}
+
+QString MemoBox::stored(int from, int to) const
+{
+    QString text;
+    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        if (block.position() > from) text += breakBefore(block);
+        const int begin = std::max(0, from - block.position());
+        text += block.text().mid(begin, to - block.position() - begin);
+    }
+    return text;
+}
+
+bool MemoBox::event(QEvent* event)
+{
+    return leftToMenus(event) ? false : QPlainTextEdit::event(event);
+}
+
+QMimeData* MemoBox::createMimeDataFromSelection() const
+{
+    auto* selected = new QMimeData;
+    const QTextCursor cursor = textCursor();
+    selected->setText(stored(cursor.selectionStart(), cursor.selectionEnd()).replace("\r\n", "\n"));
+    return selected;
+}
+
+void MemoBox::insertFromMimeData(const QMimeData* source)
+{
+    const QString text = fitting(source->text());
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    Writer(cursor, text).write();
+    cursor.endEditBlock();
+    ensureCursorVisible();
+}
+
+QString MemoBox::fitting(const QString& text)
+{
+    QString lines = text;
+    lines.replace("\r\n", "\n").replace('\r', '\n').replace(QChar::ParagraphSeparator, '\n').replace('\n', "\r\n");
+    const qsizetype free = room();
+    if (lines.size() <= free) return lines;
+    qsizetype end = free;
+    if (end > 0 && (lines.at(end - 1).isHighSurrogate() || lines.at(end - 1) == u'\r')) --end;
+    tellCut(text, end, maxLength_);
+    return lines.left(end);
+}
+
+void MemoBox::inputMethodEvent(QInputMethodEvent* event)
+{
+    const QString text = isReadOnly() ? QString() : fitting(event->commitString());
+    const bool lines = text.contains(u'\n'); // these are written as the breaks of the user, whatever stands before them
+    event->setCommitString(lines ? QString() : text, event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(event);
+    if (lines) Writer(textCursor(), text).write();
+}
+
+void MemoBox::keyPressEvent(QKeyEvent* event)
+{
+    if (isReadOnly()) return QPlainTextEdit::keyPressEvent(event);
+    if (typeBreak(event)) return;
+    joinWordBefore(event);
+    const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
+    if (isText && event->text().size() > room())
+        tellFull(maxLength_);
+    else
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+bool MemoBox::typeBreak(const QKeyEvent* event)
+{
+    if (!event->matches(QKeySequence::InsertParagraphSeparator) && !event->matches(QKeySequence::InsertLineSeparator))
+        return false;
+    if (room() < 2)
+        tellFull(maxLength_);
+    else
+        textCursor().insertBlock(QTextBlockFormat(), QTextCharFormat());
+    ensureCursorVisible();
+    return true;
+}
+
+// Where a long word is broken, the key is for the character behind the break.
+void MemoBox::joinWordBefore(const QKeyEvent* event)
+{
+    QTextCursor cursor = textCursor();
+    if (cursor.hasSelection()) return;
+    const auto isBroken = [](const QTextBlock& block) {
+        return block.isValid() && block.charFormat().intProperty(kindOfBreak) == nothing;
+    };
+    if (event->key() == Qt::Key_Backspace && cursor.atBlockStart() && isBroken(cursor.block()))
+        cursor.deletePreviousChar();
+    else if (event->key() == Qt::Key_Delete && cursor.atBlockEnd() && isBroken(cursor.block().next()))
+        cursor.deleteChar();
+}
+
+qsizetype MemoBox::room() const
+{
+    const QTextCursor cursor = textCursor();
+    const qsizetype freed = stored(cursor.selectionStart(), cursor.selectionEnd()).size();
+    return std::max<qsizetype>(0, maxLength_ - text().size() + freed);
+}

@@ -1,0 +1,13 @@
+// Texts from a file, as far as a screen shows them: laying out a line takes longer the longer it is.
+#pragma once
+
+#include <QString>
+
+// The beginning of a long text, with "…" behind it; a shorter one as it is.
+QString shownText(const QString& text, int longest = 1000);
+
+// The same with long words broken, for a text that is shown in lines.
+QString shownLines(const QString& text);
+
+// The same for a tool tip or a label, which would take a text with tags for a document of its own.
+QString shownTip(const QString& text);

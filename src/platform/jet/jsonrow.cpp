@@ -1,0 +1,136 @@
+#include "platform/jet/jsonrow.h"
+
+#include "platform/jet/columns.h"
+#include "platform/jet/errors.h"
+
+#include <QJsonValue>
+#include <QStringDecoder>
+
+#include <sqlite3.h>
+
+#include <cmath>
+#include <memory>
+
+namespace jet {
+
+namespace {
+
+constexpr auto blobKey = "blob", textKey = "texto", realKey = "real";
+
+struct Finalizer
+{
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Prepared = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+void bind(sqlite3_stmt* statement, int parameter, const QVariant& value)
+{
+    if (value.typeId() == QMetaType::Double) {
+        sqlite3_bind_double(statement, parameter, value.toDouble());
+    } else if (value.typeId() == QMetaType::QString) {
+        const QByteArray utf8 = value.toString().toUtf8();
+        sqlite3_bind_text(statement, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
+    } else {
+        sqlite3_bind_int64(statement, parameter, value.toLongLong());
+    }
+}
+
+QJsonObject marked(const char* key, const QByteArray& bytes)
+{
+    return {{QLatin1String(key), QString::fromLatin1(bytes)}};
+}
+
+QByteArray bytesOf(sqlite3_stmt* statement, int column)
+{
+    const void* bytes = sqlite3_column_blob(statement, column);
+    return {static_cast<const char*>(bytes), sqlite3_column_bytes(statement, column)};
+}
+
+QJsonValue textOf(const QByteArray& bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+    const QString text = decoder(bytes);
+    if (decoder.hasError() || text.toUtf8() != bytes) return marked(textKey, bytes.toBase64());
+    return text;
+}
+
+QJsonValue valueOf(sqlite3_stmt* statement, int column)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return QJsonValue::Null;
+    case SQLITE_INTEGER:
+        return qint64(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT: {
+        const double number = sqlite3_column_double(statement, column);
+        if (std::isfinite(number)) return number;
+        return marked(realKey, QByteArray::number(number));
+    }
+    case SQLITE_BLOB:
+        return marked(blobKey, bytesOf(statement, column).toBase64());
+    default:
+        return textOf(bytesOf(statement, column));
+    }
+}
+
+// What stands in the statement for a value, and the value that is bound there.
+std::pair<QString, QVariant> bound(const QJsonValue& value)
+{
+    const QString place = QStringLiteral("?");
+    if (value.isObject()) {
+        const QJsonObject object = value.toObject();
+        const auto bytes = [&](const char* key) {
+            return QByteArray::fromBase64(object[QLatin1String(key)].toString().toLatin1());
+        };
+        if (object.contains(QLatin1String(realKey)))
+            return {place, object[QLatin1String(realKey)].toString().toDouble()};
+        if (object.contains(QLatin1String(textKey))) return {QStringLiteral("cast(? as text)"), bytes(textKey)};
+        return {place, bytes(blobKey)};
+    }
+    if (value.isNull()) return {place, {}};
+    return {place, value.toVariant()}; // a whole number, a double or a text
+}
+
+} // namespace
+
+QList<QJsonObject> jsonRows(const Connection& connection, const NativeSql& select)
+{
+    sqlite3* const database = connection.handle();
+    if (!database) throw connectionClosed();
+    const auto check = [&](int code) {
+        if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
+            throw engineError(database, code, connection.dataSource());
+        return code;
+    };
+    const QByteArray sql = select.sql.toUtf8();
+    sqlite3_stmt* handle = nullptr;
+    check(sqlite3_prepare_v2(database, sql.constData(), int(sql.size()) + 1, &handle, nullptr));
+    const Prepared statement(handle);
+    for (qsizetype i = 0; i < select.values.size(); ++i)
+        bind(handle, int(i) + 1, select.values[i]);
+    QList<QJsonObject> rows;
+    while (check(sqlite3_step(handle)) == SQLITE_ROW) {
+        QJsonObject row;
+        for (int i = 0; i < sqlite3_column_count(handle); ++i)
+            row.insert(QString::fromUtf8(sqlite3_column_name(handle, i)), valueOf(handle, i));
+        rows << row;
+    }
+    return rows;
+}
+
+void insertJsonRow(Connection& connection, const QString& table, const QJsonObject& row)
+{
+    QStringList columns, places;
+    QVariantList values;
+    for (auto column = row.begin(); column != row.end(); ++column) {
+        const auto [place, value] = bound(column.value());
+        columns << quoted(column.key());
+        places << place;
+        values << value;
+    }
+    connection.execute(NativeSql(
+        QStringLiteral("insert into %1 (%2) values (%3)").arg(quoted(table), columns.join(u','), places.join(u',')),
+        values));
+}
+
+} // namespace jet

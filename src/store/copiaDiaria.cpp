@@ -1,0 +1,167 @@
+#include "store/copiaDiaria.h"
+
+#include "platform/forms/statusline.h"
+#include "platform/jet/copy.h"
+#include "platform/jet/disk.h"
+#include "platform/jet/draft.h"
+#include "store/copiasGuardadas.h"
+#include "store/session.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+namespace {
+
+constexpr auto pastaDasCopias = "copias";
+constexpr int esperaHabitual = 60; // milliseconds: not felt by who types
+
+// What the thread works on, and nothing of the session.
+struct Trabalho
+{
+    QString bdp;
+    QString destino;
+    QDate hoje;
+    jet::Draft rascunho;
+    bool inteiro = false; // its pages are there already
+};
+
+void retiraAntigas(const Trabalho& trabalho)
+{
+    const QDir pasta(jet::folderOf(trabalho.destino));
+    QList<QDate> dias;
+    for (const QFileInfo& copia : pasta.entryInfoList(QDir::Files | QDir::NoSymLinks))
+        if (const QDate dia = diaDaCopia(trabalho.bdp, copia.fileName()); dia.isValid()) dias << dia;
+    const QList<QDate> aSair = copiasASair(dias, trabalho.hoje);
+    for (const QDate& dia : aSair)
+        jet::disk().remove(pasta.filePath(nomeDaCopia(trabalho.bdp, dia)));
+    if (!aSair.isEmpty()) jet::disk().syncFolder(pasta.path());
+}
+
+class CopiaDiaria
+{
+public:
+    void antesDeEscrever();
+    void antesDeFechar();
+    void espera();
+
+    std::function<QDate()> hoje = QDate::currentDate;
+    std::chrono::milliseconds demora{esperaHabitual};
+
+private:
+    void faz();
+    void acaba(Trabalho& trabalho);
+    void conta(const QString& texto, const QString& pormenor);
+
+    QDate dia_; // the last one on which a copy was tried
+    std::thread fundo_;
+    std::atomic<bool> larga_ = false;
+    std::atomic<int> sessao_ = 0; // what is told of one BDP isn't told in the next
+};
+
+// Never destroyed: cnBDP may outlive what is.
+CopiaDiaria& copiaDiaria()
+{
+    static auto& unica = *new CopiaDiaria;
+    return unica;
+}
+
+void CopiaDiaria::antesDeEscrever()
+{
+    const QDate agora = hoje();
+    if (agora == dia_) return;
+    dia_ = agora;
+    try {
+        faz();
+    } catch (const std::exception& erro) {
+        conta("Sem cópia diária: " + QString::fromUtf8(erro.what()), QString::fromUtf8(erro.what()));
+    }
+}
+
+void CopiaDiaria::faz()
+{
+    const QFileInfo bdp(QFileInfo(cnBDP.dataSource()).canonicalFilePath());
+    if (!bdp.isFile() || bdp.dir().dirName() == QLatin1String(pastaDasCopias) || cnBDP.hasMoved()) return;
+    const QString pasta = bdp.dir().filePath(pastaDasCopias);
+    const QString destino = pasta + '/' + nomeDaCopia(bdp.fileName(), dia_);
+    if (QFileInfo(destino).exists() || QFileInfo(destino).isSymLink()) return;
+
+    larga_ = true;
+    espera();
+    larga_ = false;
+    if (const auto erro = jet::disk().makeFolder(pasta)) throw jet::writeError(erro, pasta);
+    std::shared_ptr<Trabalho> trabalho(new Trabalho{bdp.filePath(), destino, dia_, jet::Draft(destino)});
+    QFile::setPermissions(trabalho->rascunho.path(), bdp.permissions());
+    trabalho->inteiro = cnBDP.copyPages(trabalho->rascunho.path(), destino, demora);
+    fundo_ = std::thread([this, trabalho] { acaba(*trabalho); });
+}
+
+// On the thread.
+void CopiaDiaria::acaba(Trabalho& trabalho)
+{
+    const QString caminho = QDir::toNativeSeparators(trabalho.destino);
+    try {
+        if (!trabalho.inteiro && !jet::copyInSteps(trabalho.bdp, trabalho.rascunho.path(), trabalho.destino, larga_))
+            return;
+        trabalho.rascunho.place();
+        jet::disk().syncFolder(QFileInfo(trabalho.bdp).path()); // where the folder of the copies may be new
+        retiraAntigas(trabalho);
+        conta(QStringLiteral("Cópia diária guardada em %1/%2")
+                  .arg(QLatin1String(pastaDasCopias), QFileInfo(trabalho.destino).fileName()),
+              "A BDP, tal como estava antes do trabalho de hoje, foi guardada em " + caminho);
+    } catch (const std::exception& erro) {
+        conta("Sem cópia diária: " + QString::fromUtf8(erro.what()), QString::fromUtf8(erro.what()));
+    }
+}
+
+void CopiaDiaria::conta(const QString& texto, const QString& pormenor)
+{
+    if (!QCoreApplication::instance()) return;
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [this, texto, pormenor, sessao = sessao_.load()] {
+            if (sessao == sessao_) showStatusNote(texto, pormenor);
+        },
+        Qt::QueuedConnection);
+}
+
+void CopiaDiaria::antesDeFechar()
+{
+    larga_ = true;
+    espera();
+    ++sessao_;
+    dia_ = {};
+    if (QCoreApplication::instance()) showStatusNote({}, {});
+}
+
+void CopiaDiaria::espera()
+{
+    if (fundo_.joinable()) fundo_.join();
+}
+
+} // namespace
+
+void vigiaCopiaDiaria()
+{
+    cnBDP.setObserver({[] { copiaDiaria().antesDeEscrever(); }, [] { copiaDiaria().antesDeFechar(); }});
+}
+
+void esperaCopiaDiaria()
+{
+    copiaDiaria().espera();
+}
+
+void setDiaDaCopia(std::function<QDate()> hoje)
+{
+    copiaDiaria().hoje = hoje ? std::move(hoje) : QDate::currentDate;
+}
+
+void setEsperaDaCopia(int milissegundos)
+{
+    copiaDiaria().demora = std::chrono::milliseconds(milissegundos < 0 ? esperaHabitual : milissegundos);
+}

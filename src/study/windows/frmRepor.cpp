@@ -1,0 +1,111 @@
+#include "study/windows/frmRepor.h"
+
+#include "common/ficha.h"
+#include "common/modGeral.h"
+#include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
+#include "platform/forms/statusline.h"
+
+#include <algorithm>
+
+namespace {
+
+// "", or why nothing was put back.
+QString restored(const std::optional<lixo::Eliminacao>& deletion)
+{
+    const Hourglass hourglass;
+    return deletion ? lixo::repoe(cnBDP, deletion->id) : "Esta eliminação já não está guardada na BDP.";
+}
+
+QList<Ficha*> loadedCards()
+{
+    QList<Ficha*> cards;
+    for (QWidget* form : Forms::loaded())
+        if (auto* card = qobject_cast<Ficha*>(form)) cards << card;
+    return cards;
+}
+
+} // namespace
+
+FrmRepor::FrmRepor() : Form(Name)
+{
+    setupUi(this);
+    opensOn(dtgElim, cmdFechar);
+    connect(cmdRepor, &CommandButton::clicked, this, &FrmRepor::cmdRepor_Click);
+    connect(cmdFechar, &CommandButton::clicked, this, &FrmRepor::cmdFechar_Click);
+}
+
+void FrmRepor::Form_Load()
+{
+    guarded([&] { fillList(); });
+}
+
+// A BDP in which nobody was deleted has no table.
+void FrmRepor::fillList()
+{
+    int count = 0;
+    if (lixo::existe(cnBDP)) {
+        deletions_.setRecordSource(lixo::consulta());
+        deletions_.refresh();
+        count = deletions_.recordset().recordCount();
+    }
+    cmdRepor->setEnabled(count > 0);
+    lblTotal->setText(count == 0   ? QString("Nada foi eliminado.")
+                      : count == 1 ? QString("1 eliminação")
+                                   : QString::number(count) + " eliminações");
+    const int before = dtgElim->row();
+    dtgElim->setRows(count == 0 ? 0 : count + 1);
+    if (count == 0) return;
+    dtgElim->setColumns({{"Data", 150}, {"Eliminado"}});
+    dtgElim->fill(count + 1, [this](int row) -> QStringList {
+        const auto deletion = deletionIn(row);
+        if (!deletion) return {};
+        return {deletion->quando.toString("dd/MM/yyyy HH:mm:ss"), deletion->designacao()};
+    });
+    dtgElim->setRow(std::clamp(before, 1, count));
+}
+
+std::optional<lixo::Eliminacao> FrmRepor::deletionIn(int row)
+{
+    try {
+        deletions_.recordset().setAbsolutePosition(row);
+        return lixo::eliminacao(deletions_.recordset());
+    } catch (const jet::Error&) {
+        return {};
+    }
+}
+
+void FrmRepor::cmdRepor_Click()
+{
+    guarded([&] {
+        if (dtgElim->row() == 0) return;
+        for (const Ficha* card : loadedCards())
+            if (!card->emRepouso())
+                return showMessage("Termine primeiro a edição ou a pesquisa na janela \"" + card->caption() + "\"!");
+        const auto chosen = deletionIn(dtgElim->row());
+        const QString reason = restored(chosen);
+        if (!reason.isEmpty()) showMessage("Nada foi reposto. " + reason);
+        if (!chosen || reason.isEmpty()) fillList();
+        if (!cmdRepor->isEnabled()) Focus::setTo(cmdFechar);
+        if (!reason.isEmpty()) return;
+        showOnCards(*chosen);
+        showStatus("Reposto: " + chosen->designacao() + '.');
+    });
+}
+
+// The card of the other kind stays on its record, whose links may be back.
+void FrmRepor::showOnCards(const lixo::Eliminacao& deletion)
+{
+    for (Ficha* card : loadedCards()) {
+        const bool families = card->name() == "frmFam";
+        const bool ofItsKind = families == (deletion.tipo == lixo::Tipo::Familia);
+        const QString number = ofItsKind ? deletion.numero : card->numero();
+        card->releFicheiro(number.isEmpty() ? QString() : (families ? "nfamilia = " : "nind = ") + number);
+    }
+}
+
+void FrmRepor::cmdFechar_Click()
+{
+    unload();
+}

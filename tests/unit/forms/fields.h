@@ -1,0 +1,29 @@
+// Fields to type in, each on a form of its own.
+#pragma once
+
+#include "forms/house.h"
+
+#include <QElapsedTimer>
+
+class Fields : public House
+{
+protected:
+    // A shown and focused control on a form.
+    template <class Control>
+    Control* shown()
+    {
+        Control* control = nullptr;
+        make("frmA", [&](TestForm& form) { control = form.put<Control>("campo"); })->display();
+        QCoreApplication::processEvents();
+        Focus::setTo(control);
+        return control;
+    }
+
+    static double millisecondsFor(const std::function<void()>& work)
+    {
+        QElapsedTimer time;
+        time.start();
+        work();
+        return double(time.nsecsElapsed()) / 1e6;
+    }
+};

@@ -1,0 +1,153 @@
+// No statement of the system is put together with a text that the store or the user gives it, but by way of
+// common/instrucao.h.
+#include "house/statements.h"
+
+#include <gtest/gtest.h>
+
+#include <QDirIterator>
+#include <QFile>
+
+using house::findings;
+using house::Rules;
+
+namespace {
+
+const Rules& rules()
+{
+    static const Rules ours{
+        // common/instrucao.h, common/numeros.h, common/datas.h; Numero::paraSQL()
+        .makers = {"citado", "digitado", "dataDigitada", "registoEmSQL", "inteiroEmSQL", "chaveEmSQL", "numeroEmSQL",
+                   "literalDaData", "paraSQL"},
+        .statements = {"NativeSql",
+                       "locaisDaLista",
+                       "nomeDe",
+                       "superiorDe",
+                       "locais",
+                       "locaisDe",
+                       "marca",
+                       "fonte",
+                       "instrucao",
+                       "instrucaoDoCodigo",
+                       "instrucaoDaProcura",
+                       "instrucaoDaPesquisa",
+                       "pelosCampos",
+                       "peloCasamento",
+                       "peloPrimeiroFilho",
+                       "condicaoDaData",
+                       "condicaoDasDatas",
+                       "condicaoDoNascimento",
+                       "chaveNoCriterio",
+                       "membros",
+                       "contagem"},
+        .own =
+            {
+                // Names of tables and columns out of the tables of the source.
+                {"common/niveis.cpp", {"tabela", "codigo", "nome", "superior"}},
+                {"places/editorDeLocais.cpp", {"nivel().codigo", "regras_.ordem", "*descendentes"}},
+                {"places/editorComCodigo.cpp", {"nivel().superior"}},
+                {"places/frmPesq.cpp", {"nivel.codigo", "nivel.nome", "nivel.tabela"}},
+                {"places/usosDoLocal.cpp", {"quem.tabela", "coluna", "letra", "condicoes.join()", "contagem"}},
+                {"attributes/listaDatada.cpp", {"regras_.procura", "instrucao"}},
+                {"attributes/listaDatada_edit.cpp", {"coluna"}},
+                {"acts/frmFuneral.cpp", {"coluna"}},
+                {"acts/frmIntervenientes_priests.cpp", {"colunas.tabela", "colunas.chave", "coluna"}},
+                {"views/frmRP.cpp", {"chave", "registo.coluna"}},
+                // Handed over by callers that are read themselves.
+                {"common/ficha.cpp", {"criterio"}},
+                {"places/editorDeLocais.h", {"select"}},
+                {"places/frmLocalizacao_cascade.cpp", {"instrucao"}},
+                {"places/frmZona.cpp", {"iguais"}},
+                {"individuals/frmInd_delete.cpp", {"n", "f"}},
+                {"individuals/frmInd_search.cpp", {"filtro.texto()", "data"}},
+                {"families/frmFam_search.cpp", {"filtro.texto()"}},
+                {"families/frmFam_edit.cpp", {"coluna", "valor"}},
+                // What the data files of the program say.
+                {"store/modBD_dados.cpp",
+                 {"destino.tabela", "QString().replace()", "semPlica().replace()", "linha", "instrucao", "destino",
+                  "connectionString()"}},
+                // No statement: a connection string, a mark in the sheet of a person.
+                {"store/session.cpp", {"path"}},
+                {"store/modBD.cpp", {"StrLigacao"}},
+                {"views/fichaIndividual.cpp", {"marca"}},
+            },
+    };
+    return ours;
+}
+
+QStringList told(const char* body)
+{
+    return findings("frm.cpp", body, rules());
+}
+
+TEST(TheReaderOfStatements, TakesWordsOfTheSourceAndWhatIsMadeForThem)
+{
+    EXPECT_EQ(told(R"(cnBDP.execute("delete from pais");)"), QStringList());
+    EXPECT_EQ(told(R"(cnBDP.execute("delete from pais where codpais = " + citado(codigo) + " and prioridade = 0");)"),
+              QStringList());
+    EXPECT_EQ(told(R"(return (casamento ? "select a from b where c = " : "select d from e where f = ")
+                             + chaveEmSQL(txtNum->text());)"),
+              QStringList());
+    EXPECT_EQ(told(R"(const QString n = registoEmSQL(campo->text()), m = nind.paraSQL();
+                      cnBDP.execute("delete from familias where nfamilia = " + n + " and nind = " + m);)"),
+              QStringList());
+    EXPECT_EQ(told(R"(linha.find("nind = " + chaveEmSQL(Chave));)"), QStringList());
+    EXPECT_EQ(told(R"(cnBDP.execute(jet::NativeSql("update pais set obs = ? where codpais = ?", {obs, codigo}));)"),
+              QStringList());
+    EXPECT_EQ(told(R"(showMessage("O indivíduo nº " + numero + " não existe."); Forms::find(nome);)"), QStringList());
+}
+
+struct Bad
+{
+    const char* what;
+    const char* source;
+};
+
+TEST(TheReaderOfStatements, TellsOfEachWayInWhichATextBecomesPartOfAStatement)
+{
+    for (const Bad& bad : std::initializer_list<Bad>{
+             {"beside quotes",
+              R"(jet::Recordset local(cnBDP, "select nome from lugar where cod = '" + codigo + "'");)"},
+             {"as a number", R"(cnBDP.execute("delete from individuo where nind = " + txtNind->text());)"},
+             {"as a condition", R"(filtro.junta("nome like '" + txtNome->text() + "'");)"},
+             {"as a criterion", R"(linhas.find("codigo =" + Chave);)"},
+             {"in one branch", R"(cnBDP.execute("update a set b = " + (cheio ? campo->text() : "null"));)"},
+             {"behind a bracket", R"(return ("select a from b where c = ") + codigo;)"},
+             {"by its place", R"(QString("select a from b where c = '%1'").arg(codigo);)"},
+             {"by its place in a statement of its own values",
+              R"(jet::NativeSql(QString("delete from %1").arg(nome));)"},
+             {"added later", R"(QString sql = "select a from b where "; sql += "c = '" + codigo + "'";)"},
+             {"added without a word", R"(QString sql = "select a from b"; sql += fim; cnBDP.execute(sql);)"},
+             {"made elsewhere", R"(cnBDP.execute(instrucao);)"},
+             {"opened later", R"(jet::Recordset linhas(cnBDP); linhas.open(instrucao);)"},
+             {"made elsewhere, by a function", R"(adoLug.setRecordSource(outra());)"},
+             {"handed over", R"(void apaga(const QString& n) { cnBDP.execute("delete from a where b = " + n); })"},
+             {"by way of a name", R"(const QString n = lista->text(); cnBDP.execute("delete from a where b = " + n);)"},
+             {"by way of another text", R"(cnBDP.execute("delete from a where b = " + citado(x).replace("''", "'"));)"},
+             {"in literals that the compiler joins", "find(QStringLiteral(\"nind\"\n \" = \") + numero);"}})
+        EXPECT_FALSE(told(bad.source).isEmpty()) << bad.what;
+}
+
+TEST(TheReaderOfStatements, TellsTheFileTheLineAndTheText)
+{
+    EXPECT_EQ(told("// a remark\ncnBDP.execute(\"delete from pais \"\n    \"where codpais = '\" + codigo + \"'\");"),
+              QStringList("frm.cpp:3: codigo"));
+}
+
+TEST(TheHouse, PutsNoTextOfTheStoreOrTheUserIntoAStatementAsItIs)
+{
+    const QString src = ORV_DATA_DIR "/../src";
+    QStringList all;
+    int files = 0;
+    for (QDirIterator it(src, {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        QFile file(it.next());
+        const QString name = QDir(src).relativeFilePath(file.fileName());
+        if (name.startsWith("platform/")) continue; // it knows no statement of the system
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
+        all += findings(name, QString::fromUtf8(file.readAll()), rules());
+        ++files;
+    }
+    EXPECT_GT(files, 100);
+    EXPECT_TRUE(all.isEmpty()) << qPrintable(all.join('\n'));
+}
+
+} // namespace
