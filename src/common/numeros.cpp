@@ -1,10 +1,6 @@
 #include "common/numeros.h"
 
-#include "common/modGeral.h"
-#include "common/text.h"
-#include "platform/forms/controls.h"
-#include "platform/forms/focus.h"
-#include "platform/forms/msgbox.h"
+#include "platform/jet/error.h"
 
 #include <QLocale>
 #include <QRegularExpression>
@@ -38,18 +34,6 @@ bool eInteiro(double numero)
 jet::Error recusado(const QString& texto, const char* porque)
 {
     return {jet::number::typeMismatch, "\"" + texto + "\" " + QString::fromUtf8(porque)};
-}
-
-template <class Condicao>
-void verifica(TextBox& campo, const QString& recusa, Condicao aceita)
-{
-    guarded([&] {
-        if (!campo.isModified()) return; // a value stored by other means isn't lost by looking at it
-        if (Trim(campo.text()).isEmpty() || aceita(numeroDoTexto(campo.text()))) return;
-        showMessage(recusa);
-        campo.clear();
-        Focus::setTo(&campo);
-    });
 }
 
 } // namespace
@@ -107,14 +91,4 @@ double registoDoTexto(const QString& texto)
 QString numeroEmSQL(const QString& texto)
 {
     return textoDoNumero(numeroDoTexto(texto));
-}
-
-void VerificaNumero(TextBox& campo, const QString& recusa, double minimo, double maximo)
-{
-    verifica(campo, recusa, [=](double numero) { return numero >= minimo && numero <= maximo; });
-}
-
-void VerificaInteiro(TextBox& campo, const QString& recusa, qint32 minimo, qint32 maximo)
-{
-    verifica(campo, recusa, [=](double numero) { return eInteiro(numero) && numero >= minimo && numero <= maximo; });
 }

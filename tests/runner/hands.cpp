@@ -9,6 +9,7 @@
 #include "platform/forms/forms.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -138,19 +139,23 @@ void typeCharacter(QWidget* field, char32_t character)
     QTest::sendKeyEvent(QTest::Click, field, Qt::Key(text.toUpper().toUcs4().value(0)), text, Qt::NoModifier);
 }
 
+void selectAll(const Target& target)
+{
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(target.widget))
+        memo->selectAll();
+    else if (auto* line = qobject_cast<QLineEdit*>(target.widget))
+        line->selectAll();
+    else
+        fail(target.name + " is no field to type in");
+}
+
 // Replaces what the field holds. Under a mask only the digits are typed: what stands between them is there already.
 void replaceText(const Target& target, QString text)
 {
     text.replace("\r\n", "\n");
     QWidget* field = target.widget;
     auto* masked = qobject_cast<MaskedEdit*>(field);
-    if (auto* memo = qobject_cast<QPlainTextEdit*>(field))
-        memo->selectAll();
-    else if (auto* line = qobject_cast<QLineEdit*>(field))
-        line->selectAll();
-    else
-        fail(target.name + " is no field to type in");
-
+    selectAll(target);
     const bool underMask = masked && !masked->mask().isEmpty();
     if (text.isEmpty() || underMask) QTest::keyClick(field, Qt::Key_Delete);
     if (underMask) {
@@ -221,6 +226,17 @@ void Hands::type(Stage& stage, const QString& name, const QString& text)
     const Target target = takeFocusForGood(stage, name);
     needsOpen(target);
     replaceText(target, text);
+    stage.settle();
+}
+
+void Hands::paste(Stage& stage, const QString& name, const QString& text)
+{
+    needsOpen(reach(stage, name));
+    const Target target = takeFocusForGood(stage, name);
+    needsOpen(target);
+    QApplication::clipboard()->setText(text);
+    selectAll(target);
+    QTest::keyClick(target.widget, Qt::Key_V, Qt::ControlModifier);
     stage.settle();
 }
 

@@ -13,6 +13,7 @@ void click(Stage& stage, const QString& name);
 void setChecked(Stage& stage, const QString& name, bool on);
 void focus(Stage& stage, const QString& name);
 void type(Stage& stage, const QString& name, const QString& text);
+void paste(Stage& stage, const QString& name, const QString& text);
 void enter(Stage& stage, const QString& name, const QString& text);
 void key(Stage& stage, const QString& keys);
 void chooseText(Stage& stage, const QString& name, const QString& text);

@@ -122,6 +122,7 @@ const QList<StepForm>& language()
         {"click CONTROL", [](Play& p) { Hands::click(p.stage, p.word(0)); }},
         {"enter CONTROL TEXT", [](Play& p) { Hands::enter(p.stage, p.word(0), p.text(1)); }},
         {"type CONTROL TEXT", [](Play& p) { Hands::type(p.stage, p.word(0), p.text(1)); }},
+        {"paste CONTROL TEXT", [](Play& p) { Hands::paste(p.stage, p.word(0), p.text(1)); }},
         {"focus CONTROL", [](Play& p) { Hands::focus(p.stage, p.word(0)); }},
         {"key KEY", [](Play& p) { Hands::key(p.stage, p.word(0)); }},
         {"choose CONTROL TEXT", [](Play& p) { Hands::chooseText(p.stage, p.word(0), p.text(1)); }},

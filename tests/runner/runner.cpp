@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "language.h"
+#include "place.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,19 +15,6 @@
 
 namespace {
 
-constexpr int sanitizerExit = 99; // what the sanitizers end a process with
-
-// The files of the program's folder, each a copy that a scenario may alter.
-void copyFolder(const QString& from, const QString& to)
-{
-    QDir().mkpath(to);
-    const auto names = QDir(from).entryList({"*.dat", "*.doc", "*.pdf"}, QDir::Files);
-    for (const QString& name : names) {
-        QFile::copy(from + '/' + name, to + '/' + name);
-        QFile::setPermissions(to + '/' + name, QFile::permissions(to + '/' + name) | QFile::WriteOwner);
-    }
-}
-
 void removeFolder(const QString& path)
 {
     const auto writable = [](const QString& what) {
@@ -37,27 +25,6 @@ void removeFolder(const QString& path)
     while (inside.hasNext())
         writable(inside.next());
     QDir(path).removeRecursively();
-}
-
-bool isOffscreen()
-{
-    return qEnvironmentVariable("QT_QPA_PLATFORM", "offscreen") == "offscreen";
-}
-
-QProcessEnvironment environment(const QString& folder)
-{
-    auto environment = QProcessEnvironment::systemEnvironment();
-    // The screen of the offscreen platform is as large as the smallest one that the program has to fit.
-    if (isOffscreen()) {
-        QFile screen(folder + "/screen.json");
-        if (screen.open(QIODevice::WriteOnly))
-            screen.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1280, "height": 800,
-                             "logicalDpi": 96, "dpr": 1}]})");
-        environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName());
-    }
-    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"})
-        environment.insert(name, QStringLiteral("exitcode=%1:%2").arg(sanitizerExit).arg(environment.value(name)));
-    return environment;
 }
 
 } // namespace
@@ -137,7 +104,7 @@ struct Runner::Job
     }
 };
 
-Runner::Runner(Options options) : options_(std::move(options)), environment_(environment(folder_.path())) {}
+Runner::Runner(Options options) : options_(std::move(options)), environment_(playEnvironment(folder_.path())) {}
 
 Runner::~Runner() = default;
 
@@ -176,7 +143,7 @@ void Runner::startNext()
     Job& job = *jobs_[started_];
     job.folder = QStringLiteral("%1/%2").arg(QDir(folder_.path()).canonicalPath()).arg(++started_);
     QDir().mkpath(job.folder + "/dir");
-    copyFolder(options_.programFolder, job.folder + "/program");
+    copyProgramFolder(options_.programFolder, job.folder + "/program");
 
     QProcessEnvironment own = environment_;
     own.insert("XDG_CONFIG_HOME", job.folder); // where the file dialogs remember folders

@@ -42,8 +42,8 @@ std::optional<QDate> typedDate(const QString& text, bool monthFirst)
 
 std::optional<QDate> readDate(const QString& text)
 {
-    static const QRegularExpression separated(QStringLiteral("^([0-9]{1,2})/([0-9]{1,2})/([0-9]{4})$"));
-    static const QRegularExpression together(QStringLiteral("^([0-9]{2})([0-9]{2})([0-9]{4})$"));
+    static const QRegularExpression separated(QStringLiteral("^([0-9]{1,2})/([0-9]{1,2})/([0-9]{4})\\z"));
+    static const QRegularExpression together(QStringLiteral("^([0-9]{2})([0-9]{2})([0-9]{4})\\z"));
     auto match = separated.match(text);
     if (!match.hasMatch()) match = together.match(text);
     if (!match.hasMatch()) return {};

@@ -314,6 +314,12 @@ TEST_F(TheDialect, KeepsTheFileOpenToAnyToolOfTheEngine)
     EXPECT_EQ(rows("select nome, datanasc from individuo where nind = 99"), "ZÉ|02/01/1750");
 }
 
+TEST(Dates, ALineBreakBehindADateIsNoPartOfIt)
+{
+    EXPECT_FALSE(readDate(QStringLiteral("28/1/1700\n")));
+    EXPECT_FALSE(readDate(QStringLiteral("28011700\n")));
+}
+
 TEST(DatesOfTheUser, AreReadDayFirstWithOrWithoutNoughtsAndStrokes)
 {
     EXPECT_EQ(readDate(QStringLiteral("05/03/1750")), QDate(1750, 3, 5));

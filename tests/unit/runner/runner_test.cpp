@@ -157,6 +157,9 @@ TEST(ScenarioRunner, FieldsAreTypedInAndLeft)
         {"type frmProva.txtRecusa \"mal\"\nclick frmProva.cmdConta\nexpect message \"Recusado!\"\n"
          "expect frmProva.lblEstado \"1\"",
          ""},
+        {"type frmProva.txtNome \"a\"\npaste frmProva.txtNome \"D'Além\"\nexpect frmProva.txtNome \"D'Além\"\n"
+         "expect frmProva.txtNome is focused",
+         ""},
         {"focus frmProva.txtNome\nkey Tab\nkey A\nexpect frmProva.txtNome \"\"", ""},
         {"focus frmProva.txtNome\nkey Ctrl+A\nexpect frmIni is shown active", ""},
         {"expect frmProva.txtNome \"x\"", "frmProva.txtNome is \"\", not \"x\""},

@@ -1,0 +1,6 @@
+#include "fuzz/targets.h"
+
+void Fuzz::require(bool holds, const QString& what)
+{
+    if (!holds) throw Broken{what};
+}

@@ -1,0 +1,15 @@
+// Where the program is played with: its folder, and the environment of its process.
+#pragma once
+
+#include <QProcessEnvironment>
+#include <QString>
+
+constexpr int sanitizerExit = 99; // what the sanitizers end a process with
+
+// The files of the program's folder, each a copy that may be altered.
+void copyProgramFolder(const QString& from, const QString& to);
+
+bool isOffscreen();
+
+// `folder` takes a file that the process reads.
+QProcessEnvironment playEnvironment(const QString& folder);
