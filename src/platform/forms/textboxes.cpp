@@ -16,13 +16,19 @@ namespace {
 
 constexpr int longestLine = 32767;
 
-// What a line gets by an event, as one text; null if it is a key.
+bool isTyped(const QEvent* event)
+{
+    return event && event->type() == QEvent::KeyPress &&
+           !static_cast<const QKeyEvent*>(event)->matches(QKeySequence::Paste);
+}
+
+// What a line gets by an event, as one text.
 QString incoming(const QEvent* event)
 {
     const QClipboard* clipboard = QApplication::clipboard();
     switch (event ? event->type() : QEvent::None) {
     case QEvent::KeyPress:
-        if (!static_cast<const QKeyEvent*>(event)->matches(QKeySequence::Paste)) return {};
+        if (isTyped(event)) return static_cast<const QKeyEvent*>(event)->text();
         break;
     case QEvent::InputMethod:
         return static_cast<const QInputMethodEvent*>(event)->commitString();
@@ -97,8 +103,9 @@ void TextBox::refuse()
 {
     const QString whole = incoming(event_);
     const int limit = QLineEdit::maxLength();
-    whole.size() <= room_ ? tellFull(limit) : tellCut(whole, std::max<qsizetype>(0, room_), limit);
-    QMetaObject::invokeMethod(this, &TextBox::removeHalfCharacter, Qt::QueuedConnection);
+    isTyped(event_) || whole.size() <= room_ ? tellFull(limit) : tellCut(whole, room_, limit);
+    if (room_ > 0 && room_ < whole.size() && whole.at(room_ - 1).isHighSurrogate())
+        QMetaObject::invokeMethod(this, &TextBox::removeHalfCharacter, Qt::QueuedConnection);
 }
 
 // The cut may have gone through a character of two units.

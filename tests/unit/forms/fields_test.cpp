@@ -322,6 +322,18 @@ TEST_F(TextBoxTest, NoCharacterOfTwoUnitsIsCutInHalf)
     EXPECT_EQ(field->text(), "abc");
 }
 
+TEST_F(TextBoxTest, AKeyTooManyLeavesHalfACharacterThatWasStored)
+{
+    auto* field = shown<TextBox>();
+    field->setMaxLength(3);
+    const QString text = QString("ab") + QChar(0xD83D);
+    field->setText(text);
+    QTest::keyClick(field, Qt::Key_End);
+    QTest::keyClicks(field, "x");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(field->text() == text);
+}
+
 TEST_F(TextBoxTest, ATextOfTheProgramIsGivenBackWholeWhateverItsLength)
 {
     auto* field = shown<TextBox>();
