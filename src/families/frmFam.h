@@ -140,6 +140,7 @@ private:
     void elimina() override;
     void insereFamilia();
     void insereMembro(const Metade& membro);
+    void gravaFamiliaEMembros();
     void alteraFamilia();
     Membros membrosGuardados() const;
     bool mostrado(Nind nind) const; // when the alteration began

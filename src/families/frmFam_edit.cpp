@@ -130,7 +130,31 @@ void FrmFam::iniciaAlteracao()
     Focus::setTo(cmbSit);
 }
 
-// Kept: the row of the family stays written where the members fail.
+// Kept: the row of the family stays written where the members fail. A power cut leaves both or neither.
+void FrmFam::gravaFamiliaEMembros()
+{
+    RegistoVisto escrita;
+    const auto guardaTudo = [&](jet::Transaction& transaccao) {
+        transaccao.commit();
+        vista_ = escrita;
+        inicioAberto_ = mskini->text(); // the members may have been refused, and the alteration go on
+        fimAberto_ = mskFim->text();
+    };
+    jet::Transaction transaccao(cnBDP);
+    alteraFamilia();
+    escrita.ve(adoFam.recordset());
+    adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
+    try {
+        jet::Transaction membros(cnBDP);
+        reescreveMembros();
+        membros.commit();
+    } catch (const jet::Error&) {
+        if (cnBDP.transactionLevel() > 0) guardaTudo(transaccao);
+        throw;
+    }
+    guardaTudo(transaccao);
+}
+
 void FrmFam::confirmaAlteracao()
 {
     const Hourglass ampulheta;
@@ -139,15 +163,7 @@ void FrmFam::confirmaAlteracao()
     if (!membrosPresentes() || !conjugesExistem() || !datasValidas()) return;
     poeFicheiroNaFicha();
     if (!podeGravarFamilia()) return;
-    jet::inOneGo(cnBDP, [&] {
-        alteraFamilia();
-        vista_.ve(adoFam.recordset()); // where the members fail, the next confirmation finds what this one has written
-        adoFam.refresh(); // Kept: the file is on its first row again; cmdSeg goes on from the number on the card.
-
-        jet::Transaction transaccao(cnBDP);
-        reescreveMembros();
-        transaccao.commit();
-    });
+    gravaFamiliaEMembros();
     contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
 
     fechaEdicao();
@@ -171,8 +187,6 @@ void FrmFam::alteraFamilia()
     if (mskFim->text() != fimAberto_) familia.set("fimobs", dataDe(mskFim));
     familia.set("obs", textoDe(txtObs));
     familia.update();
-    inicioAberto_ = mskini->text(); // the members may still be refused, and the alteration go on
-    fimAberto_ = mskFim->text();
 }
 
 FrmFam::Membros FrmFam::membrosGuardados() const

@@ -195,6 +195,7 @@ private:
     {
         workload_.stage().state.answers = state.answers;
         workload_.stage().state.picks = state.picks;
+        workload_.stage().state.answers << Answer::Yes; // it may ask whether what was half made is to be replaced
         const QStringList boxes = tried();
         if (!failure_.isEmpty()) return isIn(before_) ? NotRepeated : problem("half, after it was tried again");
         if (isIn(after_)) return Repeated;
