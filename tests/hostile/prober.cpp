@@ -11,6 +11,7 @@
 #include <QDataStream>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileDialog>
 #include <QTimer>
 
 #include <cstdlib>
@@ -35,7 +36,7 @@ class Prober : public QObject
 public:
     Prober(Stage& stage, const QString& folder, unsigned seconds)
         : stage_(stage), file_(folder + "/look"), seconds_(seconds),
-          watcher_(stage, [this](const QString& reason) { end(reason); })
+          watcher_(stage, [this](const QString& reason) { unforeseen(reason); })
     {
         QFile walk(ORV_HOSTILE_WALK);
         if (!walk.open(QIODevice::ReadOnly)) end("the walk can't be read");
@@ -103,6 +104,13 @@ private:
     {
         stage_.save();
         look_.write(file_);
+    }
+
+    // The toolkit's dialog doesn't take what is no file: a person gives up there.
+    void unforeseen(const QString& reason)
+    {
+        if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) return dialog->reject();
+        end(reason);
     }
 
     void end(const QString& failure)

@@ -15,7 +15,7 @@ constexpr int sanitizerExit = 99;
 
 QString withoutQuoted(QString text)
 {
-    static const QRegularExpression quoted("\"[^\"]*\"|'[^']*'|/\\S+");
+    static const QRegularExpression quoted("\"[^\"]*\"|'[^']*'|/\\S+|\\((trigger|view)\\)");
     return text.remove(quoted);
 }
 

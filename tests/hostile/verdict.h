@@ -43,5 +43,5 @@ struct Ending
 QString verdict(const Site& site, const Before& before, const Look& look, const State& state, const Ending& ending);
 
 // A word of the engine or of the toolkit that stands in a text for people who read Portuguese; what stands in double
-// quotes in the text, names of files and tables, doesn't count.
+// quotes in the text, names of files and tables, doesn't count, nor what follows its Portuguese word in parentheses.
 QString foreignWord(const QString& text);
