@@ -125,7 +125,7 @@ QString Inputs::disagreement(const Field& field, const Shown& shown, const Row& 
     const Value value = row.columns.value(field.column);
     if (field.oddities & NotStored) return {};
     if (confirmed && field.oddities & NotAsTyped) return {};
-    if (field.oddities & WithDate && (value.null || !shown.checked)) return {};
+    if (field.oddities & WithDate && row.columns.value(field.letter).null) return {};
     const bool date = field.kind == Kind::Date;
     const bool blank = date ? semData(shown.text)
                             : field.kind != Kind::Flag && field.kind != Kind::Name && shown.text.trimmed().isEmpty();

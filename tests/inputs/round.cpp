@@ -249,9 +249,8 @@ bool Round::confirm()
     if (edit_.adds)
         for (const Key& key : window_.owner)
             owner_[key.column] = keySeen(window_, key.seen);
-    const Outcome click = step("click " + of(edit_.confirm));
-    outcome.add(click);
-    if (atOnce && !click.boxes.isEmpty()) seen_.clear(); // a check may have emptied a field meanwhile
+    outcome.add(step("click " + of(edit_.confirm)));
+    if (atOnce) seen_.clear(); // leaving the last field may have changed it, and others with it
     const Dump now = store_.dump();
     if (now.schema != before_.schema) fail("the schema has changed");
     const QList<Change> changed = changes(before_, now);
@@ -264,12 +263,13 @@ bool Round::confirm()
     if (changed.isEmpty()) return closed;
 
     ++tally_.stored;
-    const Change* own = ownChange(changed);
-    if (!own || outcome.error()) return true;
-    const qint64 row = own->rowid;
-    const Row stored = *own->after;
+    if (const Change* own = ownChange(changed); own && !outcome.error()) {
+        const qint64 row = own->rowid;
+        const Row stored = *own->after;
+        before_ = now;
+        showAgain(row, stored);
+    }
     before_ = now;
-    showAgain(row, stored);
     return true;
 }
 

@@ -28,6 +28,12 @@ Field field(const QString& control, Kind kind, const QString& column, int odditi
     return {control, kind, column, {}, oddities};
 }
 
+// That a date is known to the day says nothing without one.
+Field flag(const QString& control, const QString& column, const QString& date)
+{
+    return {control, Kind::Flag, column, date, WithDate};
+}
+
 Field option(const QString& control)
 {
     return {control, Kind::Option, {}, {}, NotStored};
@@ -56,7 +62,7 @@ Window individual()
              field("mskFim", Date, "fimobs"),
              field("txtObs", Text, "obs"),
              field("mskDtNasc", Date, "datanasc"),
-             field("chkDtNasc", Flag, "dnascfixa", WithDate),
+             flag("chkDtNasc", "dnascfixa", "datanasc"),
              place("cmbLoc", "localnasc", "tipolocalnasc"),
              field("cmbFiliacao", Code, "filiacao"),
              field("txtIdPai", Whole, "idadepai"),
@@ -64,7 +70,7 @@ Window individual()
              field("txtIdMae", Whole, "idademae", NotAsTyped),
              field("cmbECMae", Code, "estadocivilmae"),
              field("mskDtObito", Date, "dataobito"),
-             field("chkDFixa", Flag, "dobitofixa", WithDate),
+             flag("chkDFixa", "dobitofixa", "dataobito"),
              field("txtIdade", Whole, "idadeobito"),
              field("chkMenor", Flag, "menor"),
              place("cmbLocObito", "localobito", "tipolocalobito"),
@@ -97,7 +103,7 @@ Window couple()
                    field("txtNC1", Whole, {}, NotStored), field("cmbEC1", Code, {}, NotStored),
                    field("txtSnind", Whole, {}, NotStored), field("txtIdade2", Whole, {}, NotStored),
                    field("txtNC2", Whole, {}, NotStored), field("cmbEC2", Code, {}, NotStored),
-                   field("mskData", Date, "datacasam"), field("chkDF", Flag, "dcasamfixa", WithDate),
+                   field("mskData", Date, "datacasam"), flag("chkDF", "dcasamfixa", "datacasam"),
                    place("cmbLoc", "localcasam", "tipolocalcasam"), field("mskini", Date, "inicioobs"),
                    field("mskFim", Date, "fimobs"), field("txtObs", Text, "obs")},
                   {"cmdEncLoc"},

@@ -40,7 +40,7 @@ struct Field
     QString control;
     Kind kind;
     QString column;
-    QString letter; // of a place: the column of its letter
+    QString letter; // of a place: the column of its letter; of a flag WithDate: that of the date
     int oddities = None;
 };
 
