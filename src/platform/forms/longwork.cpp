@@ -142,6 +142,7 @@ protected:
     {
         const bool foreign = event->type() >= QEvent::User && receiver != &returner(); // it can't be copied
         if (foreign || isBookkeeping(event->type())) return false;
+        if (painted_ && event->type() == QEvent::UpdateRequest) return false; // which brings the paint events
         if (painted_ && event->type() == QEvent::Paint && isPainted(receiver)) return false;
         // A timer comes again by itself, and everything is painted afterwards.
         const bool painting = event->type() == QEvent::Paint || event->type() == QEvent::UpdateLater;

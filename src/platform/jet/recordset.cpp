@@ -147,8 +147,8 @@ void Recordset::Private::open(Select analysed)
             loadKeys();
         else
             loadCells();
-    } catch (const Error&) {
-        if (!select.simple) throw;
+    } catch (const Error& error) {
+        if (!select.simple || error.number != number::invalidStatement) throw;
         // An order by an alias of the list is nothing that the keys alone can be ordered by.
         select.simple = false;
         loadCells();

@@ -88,11 +88,17 @@ TEST_F(ALongWork, LetsNoClickAndNoShortcutActInItsMiddle)
 
 TEST_F(ALongWork, PaintsNothingThatMightReadTheStore)
 {
+    auto* inBar = new Painted;
+    inBar->setFixedSize(20, 10);
+    window.statusBar()->addPermanentWidget(inBar);
+    QApplication::processEvents();
     const int before = painted->times;
+    const int beforeInBar = inBar->times;
     painted->update();
     EXPECT_FALSE(LongWork::escapePressed());
     LongWork::tell("A operação continua.");
     EXPECT_EQ(painted->times, before);
+    EXPECT_GT(inBar->times, beforeInBar);
     LongWork::ended();
     QApplication::processEvents();
     EXPECT_GT(painted->times, before);

@@ -50,6 +50,15 @@ TEST_F(ALongStatement, EndsWhereItIsToldTo)
     EXPECT_EQ(over, 1);
 }
 
+TEST_F(ALongStatement, OfOneTableIsNotBegunAgainWhenItWasEnded)
+{
+    EXPECT_NE(numberOf([&] {
+                  select("select a from t where a in (select x.a + y.a + z.a from t as x, t as y, t as z) order by a");
+              }),
+              0);
+    EXPECT_EQ(over, 1);
+}
+
 TEST_F(ALongStatement, ThatWritesLeavesNothingOfItself)
 {
     EXPECT_NE(numberOf([&] { run("insert into t (a) select x.a from t as x, t as y, t as z where x.a >= 0"); }), 0);
