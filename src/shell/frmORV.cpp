@@ -39,6 +39,7 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
         ui->mnuEditInd->setEnabled(enabled);
         ui->mnuEditFam->setEnabled(enabled);
         ui->mnuManut->setEnabled(enabled);
+        ui->mnuEstudo->setEnabled(enabled);
         ui->mnuRepor->setEnabled(enabled);
     });
 }

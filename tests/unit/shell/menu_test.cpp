@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QMenuBar>
 #include <QTemporaryDir>
 
 namespace {
@@ -53,6 +54,20 @@ protected:
 };
 
 } // namespace
+
+TEST(Menus, StandInTheOrderOfTheWork)
+{
+    const FrmORV window;
+    QStringList captions;
+    for (const QAction* menu : window.menuBar()->actions())
+        if (menu->isVisible()) captions << menu->text();
+    EXPECT_EQ(captions.join(' '), "&BDParoquial &Outras Fontes &Manutenção Es&tudo &Ajuda &Sair");
+    const auto at = [&](const char* name) {
+        return window.menuBar()->actions().indexOf(window.findChild<QMenu*>(name)->menuAction());
+    };
+    EXPECT_EQ(at("mnuEstudo"), at("mnuManut") + 1);
+    EXPECT_EQ(at("mnuEstudo"), at("mnuRel") - 1);
+}
 
 TEST_F(Passports, OpenBesideTheCardOfAnIndividual)
 {
