@@ -1,6 +1,7 @@
 // The card of one family: the couple, the marriage, the children, and the movement through all families.
 #pragma once
 
+#include "common/campos.h"
 #include "common/dataAoEntrar.h"
 #include "common/dono.h"
 #include "common/ficha.h"
@@ -142,6 +143,9 @@ private:
     void insereMembro(const Metade& membro);
     void gravaFamiliaEMembros();
     void alteraFamilia();
+    Colunas colunasDaFicha() const;
+    void notaMostradas();
+    Colunas colunasAlteradas() const;
     Membros membrosGuardados() const;
     bool mostrado(Nind nind) const; // when the alteration began
     void reescreveMembros();
@@ -181,7 +185,7 @@ private:
 
     Metade metades_[2];
     MetadeAberta abertas_[2];
-    QString inicioAberto_, fimAberto_; // what mskini and mskFim showed then, or hold since they were written
+    Colunas mostradas_;     // what the card said then of the columns of the family, or says since they were written
     RegistoVisto vista_;    // the row as the alteration found it
     Membros membrosVistos_; // and those of the members
     // Where a search that is cancelled comes back to; in an insert, the number proposed. Kept: it outlives the card,

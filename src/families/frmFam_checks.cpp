@@ -5,6 +5,8 @@
 #include "common/dono.h"
 #include "common/instrucao.h"
 
+#include <utility>
+
 // Without these no family is stored.
 bool FrmFam::temObrigatorios()
 {
@@ -66,13 +68,11 @@ bool FrmFam::conjugesExistem()
 // What stands in a field stays there, to be mended. One that the alteration leaves as it was opened isn't written.
 bool FrmFam::datasValidas()
 {
-    const auto intacta = [this](const MaskedEdit* campo, const QString& aberta) {
-        return passo() == Passo::Alteracao && campo->text() == aberta;
-    };
-    for (MaskedEdit* campo : {mskData, mskini, mskFim}) {
-        if (campo == mskini && intacta(campo, inicioAberto_)) continue;
-        if (campo == mskFim && intacta(campo, fimAberto_)) continue;
-        if (preenchido(campo) && !eData(campo->text())) return recusa(dataInvalida, campo);
+    const std::pair<QString, MaskedEdit*> datas[]{{"datacasam", mskData}, {"inicioobs", mskini}, {"fimobs", mskFim}};
+    for (const auto& [coluna, campo] : datas) {
+        if (!preenchido(campo) || eData(campo->text())) continue;
+        if (passo() == Passo::Alteracao && mostradas_.contains({coluna, campo->text()})) continue;
+        return recusa(dataInvalida, campo);
     }
     return true;
 }
@@ -80,10 +80,9 @@ bool FrmFam::datasValidas()
 // The columns and the members that the alteration writes are as it has found them, or are to be overwritten.
 bool FrmFam::podeGravarFamilia()
 {
-    QStringList colunas{"sfamilia", "tipocasal", "datacasam", "dcasamfixa", "obs"};
-    if (mskini->text() != inicioAberto_) colunas << "inicioobs";
-    if (mskFim->text() != fimAberto_) colunas << "fimobs";
-    if (cmbLoc->listIndex() >= 0) colunas += {"localcasam", "tipolocalcasam"};
     if (membrosGuardados() != membrosVistos_) return gravaPorCima();
-    return vista_.podeGravar(adoFam.recordset(), colunas);
+    QStringList colunas;
+    for (const auto& [coluna, valor] : colunasAlteradas())
+        colunas << coluna;
+    return colunas.isEmpty() || vista_.podeGravar(adoFam.recordset(), colunas);
 }

@@ -124,9 +124,8 @@ void FrmFam::iniciaAlteracao()
         abertas_[indice] = {Nind::doCampoOuNenhum(membro.nind->text()), membro.idade->text(), membro.numCasam->text(),
                             membro.estadoCivil->listIndex()};
     }
-    inicioAberto_ = mskini->text();
-    fimAberto_ = mskFim->text();
     if (!eData(mskData->text())) mskData->setText({});
+    notaMostradas();
     Focus::setTo(cmbSit);
 }
 
@@ -136,9 +135,8 @@ void FrmFam::gravaFamiliaEMembros()
     RegistoVisto escrita;
     const auto guardaTudo = [&](jet::Transaction& transaccao) {
         transaccao.commit();
-        vista_ = escrita;
-        inicioAberto_ = mskini->text(); // the members may have been refused, and the alteration go on
-        fimAberto_ = mskFim->text();
+        vista_ = escrita; // the members may have been refused, and the alteration go on
+        mostradas_ = colunasDaFicha();
     };
     jet::Transaction transaccao(cnBDP);
     alteraFamilia();
@@ -162,6 +160,7 @@ void FrmFam::confirmaAlteracao()
     verificaNumeros();
     if (!membrosPresentes() || !conjugesExistem() || !datasValidas()) return;
     poeFicheiroNaFicha();
+    if (adoFam.recordset().eof()) throw jet::noCurrentRow(); // it has gone, and its members aren't written without it
     if (!podeGravarFamilia()) return;
     gravaFamiliaEMembros();
     contaGravado("família nº " + numero(), {mskData, mskini, mskFim});
@@ -169,23 +168,45 @@ void FrmFam::confirmaAlteracao()
     fechaEdicao();
 }
 
-// Every column of the card; null where its field is empty. A date of the observation that nobody has touched isn't
-// written: what is stored may be none that the field can show.
+// Null where a field is empty. A date is the text of its field, which may be none; a list in which nobody has chosen
+// says nothing.
+Colunas FrmFam::colunasDaFicha() const
+{
+    const auto textoDaData = [](const MaskedEdit* campo) { return preenchido(campo) ? campo->text() : QVariant(); };
+    return Colunas{{"sfamilia", itemDe(cmbSit)},
+                   {"tipocasal", Trim(cmbTipoFam->text())},
+                   {"datacasam", textoDaData(mskData)},
+                   {"dcasamfixa", eData(mskData->text()) ? chkDF->isChecked() : QVariant()},
+                   {"inicioobs", textoDaData(mskini)},
+                   {"fimobs", textoDaData(mskFim)},
+                   {"obs", textoDe(txtObs)}} +
+           localPara("localcasam", "tipolocalcasam", cmbLoc);
+}
+
+// Kept: without a date the flag becomes null, and beside one a null becomes what the box shows, though nobody touches
+// either. But nothing happens to the flag of a stored date that the field can't show.
+void FrmFam::notaMostradas()
+{
+    const jet::Recordset& familia = adoFam.recordset();
+    mostradas_ = colunasDaFicha();
+    if (!eData(mskData->text()) && !familia["datacasam"].isNull()) return;
+    for (auto& [coluna, valor] : mostradas_)
+        if (coluna == "dcasamfixa") valor = familia["dcasamfixa"];
+}
+
+// What the user has changed on the card: what nobody touches stays as it is stored, which may be what no field shows.
+Colunas FrmFam::colunasAlteradas() const
+{
+    Colunas colunas = colunasDaFicha();
+    colunas.removeIf([this](const auto& coluna) { return mostradas_.contains(coluna); });
+    return colunas;
+}
+
 void FrmFam::alteraFamilia()
 {
-    const auto dataDe = [](const MaskedEdit* campo) { return eData(campo->text()) ? campo->text() : QVariant(); };
     jet::Recordset& familia = adoFam.recordset();
-    familia.set("sfamilia", itemDe(cmbSit));
-    familia.set("tipocasal", Trim(cmbTipoFam->text()));
-    familia.set("datacasam", dataDe(mskData));
-    familia.set("dcasamfixa", eData(mskData->text()) ? chkDF->isChecked() : QVariant());
-    if (cmbLoc->listIndex() >= 0) { // no entry, not even the blank one: nobody has chosen
-        familia.set("localcasam", codigoDe(cmbLoc));
-        familia.set("tipolocalcasam", letraDe(cmbLoc));
-    }
-    if (mskini->text() != inicioAberto_) familia.set("inicioobs", dataDe(mskini));
-    if (mskFim->text() != fimAberto_) familia.set("fimobs", dataDe(mskFim));
-    familia.set("obs", textoDe(txtObs));
+    for (const auto& [coluna, valor] : colunasAlteradas())
+        familia.set(coluna, valor);
     familia.update();
 }
 
