@@ -27,8 +27,9 @@ public:
         linhas_ = texto["linhas"].toArray();
         filhos_ = texto["filhos"].toArray();
         legivel_ = texto["linhas"].isArray() && texto["filhos"].isArray() &&
-                   std::ranges::all_of(linhas_, [&](const QJsonValue& linha) {
-                       return conhece(linha["tabela"].toString()) && !linha["valores"].toObject().isEmpty();
+                   std::ranges::all_of(linhas_, [this](const QJsonValue& linha) { return legivel(linha); }) &&
+                   std::ranges::all_of(filhos_, [](const QJsonValue& filho) {
+                       return filho["nind"].isDouble() && filho["famorig"].isDouble();
                    });
     }
 
@@ -66,6 +67,14 @@ private:
     bool conhece(const QString& tabela) const
     {
         return std::ranges::any_of(dependentesDe(tipo_), [&](const auto& uma) { return uma.tabela == tabela; });
+    }
+
+    bool legivel(const QJsonValue& linha) const
+    {
+        const QJsonObject valores = linha["valores"].toObject();
+        return conhece(linha["tabela"].toString()) && !valores.isEmpty() &&
+               std::ranges::all_of(valores,
+                                   [](const QJsonValue& valor) { return !valor.isArray() && !valor.isBool(); });
     }
 
     bool ha(const QString& consulta, const QVariantList& valores) const

@@ -112,7 +112,7 @@ QList<QJsonObject> jsonRows(const Connection& connection, const NativeSql& selec
     while (check(sqlite3_step(handle)) == SQLITE_ROW) {
         QJsonObject row;
         for (int i = 0; i < sqlite3_column_count(handle); ++i)
-            row.insert(QString::fromUtf8(sqlite3_column_name(handle, i)), valueOf(handle, i));
+            row.insert(QString::fromUtf8(sqlite3_column_name(handle, i)).toLower(), valueOf(handle, i));
         rows << row;
     }
     return rows;

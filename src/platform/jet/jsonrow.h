@@ -8,9 +8,9 @@
 
 namespace jet {
 
-// The rows of a select, each an object of its columns: null, a number or a text; what JSON has no word for is an object
-// of its own ("blob" or "texto", a text that isn't UTF-8, in base64; "real", an infinite number). A whole number has no
-// decimal point: its column makes it a fraction again where it keeps fractions.
+// The rows of a select, each an object of its columns, whose names are in small letters: null, a number or a text; what
+// JSON has no word for is an object of its own ("blob" or "texto", a text that isn't UTF-8, in base64; "real", an
+// infinite number). A whole number has no decimal point: its column makes it a fraction again where it keeps fractions.
 // A parameter is numbered (?1) or not; the values are whole numbers, doubles and texts. Throws Error.
 QList<QJsonObject> jsonRows(const Connection& connection, const NativeSql& select);
 

@@ -7,6 +7,8 @@
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 
+#include <QMdiSubWindow>
+
 #include <algorithm>
 
 namespace {
@@ -39,11 +41,24 @@ FrmRepor::FrmRepor() : Form(Name)
 void FrmRepor::Form_Load()
 {
     guarded([&] { fillList(); });
+    if (const auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
+        connect(frame, &QMdiSubWindow::aboutToActivate, this, &FrmRepor::keepUpToDate);
 }
 
-// A BDP in which nobody was deleted has no table.
+// An error was told when the window was opened: a box for it would bring the window to the front again and again.
+void FrmRepor::keepUpToDate()
+{
+    try {
+        fillList();
+    } catch (const jet::Error&) {
+    }
+}
+
+// A BDP in which nobody was deleted has no table. The deletion chosen stays so, wherever it stands by now.
 void FrmRepor::fillList()
 {
+    const int before = dtgElim->row();
+    const auto chosen = before > 0 ? deletionIn(before) : std::nullopt;
     int count = 0;
     if (lixo::existe(cnBDP)) {
         deletions_.setRecordSource(lixo::consulta());
@@ -54,7 +69,6 @@ void FrmRepor::fillList()
     lblTotal->setText(count == 0   ? QString("Nada foi eliminado.")
                       : count == 1 ? QString("1 eliminação")
                                    : QString::number(count) + " eliminações");
-    const int before = dtgElim->row();
     dtgElim->setRows(count == 0 ? 0 : count + 1);
     if (count == 0) return;
     dtgElim->setColumns({{"Data", 150}, {"Eliminado"}});
@@ -63,7 +77,17 @@ void FrmRepor::fillList()
         if (!deletion) return {};
         return {deletion->quando.toString("dd/MM/yyyy HH:mm:ss"), deletion->designacao()};
     });
-    dtgElim->setRow(std::clamp(before, 1, count));
+    const int same = std::clamp(before, 1, count);
+    dtgElim->setRow(chosen ? rowOf(chosen->id).value_or(same) : same);
+}
+
+std::optional<int> FrmRepor::rowOf(qint64 id)
+{
+    jet::Recordset& deletions = deletions_.recordset();
+    deletions.moveFirst();
+    deletions.find("id = " + QString::number(id));
+    if (deletions.eof()) return {};
+    return deletions.absolutePosition();
 }
 
 std::optional<lixo::Eliminacao> FrmRepor::deletionIn(int row)

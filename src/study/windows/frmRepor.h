@@ -12,7 +12,8 @@
 #include <optional>
 
 // Lists the deletions of the BDP, newest first, and puts the one chosen back, whole or not at all; the cards then show
-// what was put back. While a card edits or searches, nothing is put back: what is typed there was begun without it.
+// what was put back. The list is read anew whenever the window comes to the front. While a card edits or searches,
+// nothing is put back: what is typed there was begun without it.
 class FrmRepor : public Form, private Ui::FrmRepor
 {
     Q_OBJECT
@@ -30,6 +31,8 @@ private:
     void cmdFechar_Click();
 
     void fillList();
+    void keepUpToDate();
+    std::optional<int> rowOf(qint64 id);
     std::optional<lixo::Eliminacao> deletionIn(int row); // none where it was put back elsewhere since the list was read
     void showOnCards(const lixo::Eliminacao& deletion);
 
