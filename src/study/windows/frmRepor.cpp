@@ -45,7 +45,7 @@ void FrmRepor::Form_Load()
 void FrmRepor::fillList()
 {
     int count = 0;
-    if (lixo::existe(cnBDP)) {
+    if (lixo::temLixo(cnBDP)) {
         deletions_.setRecordSource(lixo::consulta());
         deletions_.refresh();
         count = deletions_.recordset().recordCount();
