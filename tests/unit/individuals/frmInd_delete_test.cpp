@@ -10,8 +10,8 @@ TEST_F(IndividualCard, DeletesWhatHangsOnAPersonInItsOrderAndTheAppearancesAsAss
     const Answer yes("&Sim");
     click("cmdElim");
     EXPECT_EQ(yes.given, 1);
+    // The last one is the cursor's, which finds the row gone.
     EXPECT_EQ(diary.entries.join(" ").toStdString(),
               "residencia profissoes legadosprofanos rituaismorte assinatura assistente assistente assistente "
-              "passaporte famorig familias familia individuo individuo"); // the last one by the cursor, which finds the
-                                                                          // row gone
+              "passaporte famorig familias familia individuo individuo");
 }
