@@ -87,7 +87,7 @@ void Recolha::guarda()
 {
     const QJsonArray linhas = eliminadas(), filhos = filhosSoltos();
     if (linhas.isEmpty() && filhos.isEmpty()) return;
-    if (!existe(bdp_)) bdp_.execute(jet::NativeSql(criacao));
+    if (!temLixo(bdp_)) bdp_.execute(jet::NativeSql(criacao));
     QStringList familias;
     for (const QJsonValue linha : linhas)
         if (linha["tabela"] == "familia") familias << numeroDe(linha["valores"]["nfamilia"]);
@@ -98,7 +98,7 @@ void Recolha::guarda()
          familias.join(','), QString::fromUtf8(texto.toJson(QJsonDocument::Compact))}));
 }
 
-bool existe(jet::Connection& bdp)
+bool temLixo(jet::Connection& bdp)
 {
     const QList<QJsonObject> colunas =
         jet::jsonRows(bdp, jet::NativeSql("select name from pragma_table_info('estudo_lixo')"));

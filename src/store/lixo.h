@@ -56,7 +56,7 @@ private:
 };
 
 // Whether the BDP has the table. Throws Error for one of that name that is another one.
-bool existe(jet::Connection& bdp);
+bool temLixo(jet::Connection& bdp);
 
 // The deletions, newest first, and one of them.
 jet::NativeSql consulta();

@@ -60,7 +60,7 @@ void FrmRepor::fillList()
     const int before = dtgElim->row();
     const auto chosen = before > 0 ? deletionIn(before) : std::nullopt;
     int count = 0;
-    if (lixo::existe(cnBDP)) {
+    if (lixo::temLixo(cnBDP)) {
         deletions_.setRecordSource(lixo::consulta());
         deletions_.refresh();
         count = deletions_.recordset().recordCount();

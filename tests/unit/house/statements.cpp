@@ -191,7 +191,8 @@ private:
     {
         static const QStringList takers{"execute",        "setRecordSource", "setFilter", "setSort", "find",
                                         "procuraRegisto", "abreLista",       "existe",    "open"};
-        if (opens(at) && is(at + 1, "cnBDP") && is(at + 2, ",")) return at + 3;
+        if (opens(at) && is(at + 1, "cnBDP") && is(at + 2, ","))
+            return is(at + 3, "[") ? 0 : at + 3; // a routine: read by itself
         if (is(at, "NativeSql")) return is(at + 1, "(") ? at + 2 : is(at + 2, "(") && !is(at + 3, "const") ? at + 3 : 0;
         if (is(at, "filtro") && is(at + 1, ".") && is(at + 2, "junta") && is(at + 3, "(")) return at + 4;
         if (!takers.contains(t_[at].text) || !is(at + 1, "(") || is(at + 2, ")") || is(at + 2, "const")) return 0;

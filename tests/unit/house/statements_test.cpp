@@ -38,7 +38,8 @@ const Rules& rules()
                        "condicaoDoNascimento",
                        "chaveNoCriterio",
                        "membros",
-                       "contagem"},
+                       "contagem",
+                       "consulta"},
         .own =
             {
                 // Names of tables and columns out of the tables of the source.
@@ -50,14 +51,19 @@ const Rules& rules()
                 {"attributes/listaDatada.cpp", {"regras_.procura", "instrucao"}},
                 {"attributes/listaDatada_edit.cpp", {"coluna"}},
                 {"acts/frmFuneral.cpp", {"coluna"}},
-                {"acts/frmIntervenientes_priests.cpp", {"colunas.tabela", "colunas.chave", "coluna"}},
+                {"acts/frmIntervenientes_priests.cpp",
+                 {"colunas.tabela", "colunas.chave", "colunas.padre[]", "colunas.funcao[]", "coluna"}},
+                {"store/lixo.cpp", {"dependente.tabela", "dependente.condicao", "tabela", "criacao"}},
+                {"store/lixo_repoe.cpp", {"consulta", "tabela"}},
                 {"views/frmRP.cpp", {"chave", "registo.coluna"}},
                 // Handed over by callers that are read themselves.
                 {"common/ficha.cpp", {"criterio"}},
                 {"places/editorDeLocais.h", {"select"}},
                 {"places/frmLocalizacao_cascade.cpp", {"instrucao"}},
                 {"places/frmZona.cpp", {"iguais"}},
-                {"individuals/frmInd_delete.cpp", {"n", "f"}},
+                {"individuals/frmInd_delete.cpp", {"n", "f", "lixo::Tipo::Individuo"}},
+                {"families/frmFam_delete.cpp", {"lixo::Tipo::Familia"}},
+                {"study/windows/frmRepor.cpp", {"deletion->id", "number"}},
                 {"individuals/frmInd_search.cpp", {"filtro.texto()", "data"}},
                 {"families/frmFam_search.cpp", {"filtro.texto()"}},
                 {"families/frmFam_edit.cpp", {"coluna", "valor"}},

@@ -10,7 +10,8 @@ TEST_F(IndividualCard, DeletesWhatHangsOnAPersonInItsOrderAndTheAppearancesAsAss
     const Answer yes("&Sim");
     click("cmdElim");
     EXPECT_EQ(yes.given, 1);
-    EXPECT_EQ(diary.entries.join(' '),
+    // The last one is the cursor's, which finds the row gone.
+    EXPECT_EQ(diary.entries.join(" ").toStdString(),
               "residencia profissoes legadosprofanos rituaismorte assinatura assistente assistente assistente "
-              "passaporte famorig familias familia individuo");
+              "passaporte famorig familias familia individuo individuo");
 }
