@@ -1,6 +1,7 @@
 #include "study/windows/frmRepor.h"
 
 #include "common/ficha.h"
+#include "common/instrucao.h"
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/forms.h"
@@ -85,7 +86,7 @@ std::optional<int> FrmRepor::rowOf(qint64 id)
 {
     jet::Recordset& deletions = deletions_.recordset();
     deletions.moveFirst();
-    deletions.find("id = " + QString::number(id));
+    deletions.find("id = " + chaveEmSQL(id));
     if (deletions.eof()) return {};
     return deletions.absolutePosition();
 }
