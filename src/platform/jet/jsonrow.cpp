@@ -73,6 +73,12 @@ QJsonValue valueOf(sqlite3_stmt* statement, int column)
     }
 }
 
+// The engine is blind to the case of the letters of ASCII alone, as this is.
+QString nameOf(sqlite3_stmt* statement, int column)
+{
+    return QString::fromUtf8(QByteArray(sqlite3_column_name(statement, column)).toLower());
+}
+
 // What stands in the statement for a value, and the value that is bound there.
 std::pair<QString, QVariant> bound(const QJsonValue& value)
 {
@@ -112,7 +118,7 @@ QList<QJsonObject> jsonRows(const Connection& connection, const NativeSql& selec
     while (check(sqlite3_step(handle)) == SQLITE_ROW) {
         QJsonObject row;
         for (int i = 0; i < sqlite3_column_count(handle); ++i)
-            row.insert(QString::fromUtf8(sqlite3_column_name(handle, i)).toLower(), valueOf(handle, i));
+            row.insert(nameOf(handle, i), valueOf(handle, i));
         rows << row;
     }
     return rows;
