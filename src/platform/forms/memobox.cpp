@@ -102,18 +102,6 @@ private:
     int breaks_ = 0;
 };
 
-bool deletesBackward(const QKeyEvent* event)
-{
-    return event->key() == Qt::Key_Backspace || event->matches(QKeySequence::Backspace) ||
-           event->matches(QKeySequence::DeleteStartOfWord);
-}
-
-bool deletesForward(const QKeyEvent* event)
-{
-    return event->key() == Qt::Key_Delete || event->matches(QKeySequence::Delete) ||
-           event->matches(QKeySequence::DeleteEndOfWord);
-}
-
 } // namespace
 
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
@@ -234,9 +222,9 @@ void MemoBox::joinWordBefore(const QKeyEvent* event)
     QTextCursor cursor = textCursor();
     if (cursor.hasSelection()) return;
     const auto isBroken = [](const QTextBlock& block) { return block.isValid() && kindBefore(block) == nothing; };
-    if (deletesBackward(event) && cursor.atBlockStart() && isBroken(cursor.block()))
+    if (event->key() == Qt::Key_Backspace && cursor.atBlockStart() && isBroken(cursor.block()))
         cursor.deletePreviousChar();
-    else if (deletesForward(event) && cursor.atBlockEnd() && isBroken(cursor.block().next()))
+    else if (event->key() == Qt::Key_Delete && cursor.atBlockEnd() && isBroken(cursor.block().next()))
         cursor.deleteChar();
 }
 

@@ -14,7 +14,9 @@ qsizetype fitting(Iterator character, Iterator end, int room)
     constexpr int line = 70;
     qsizetype count = 0;
     for (; character != end; ++character, ++count) {
-        room -= *character == u'\n' ? line : 1;
+        const bool breaks =
+            *character == u'\n' || *character == QChar::LineSeparator || *character == QChar::ParagraphSeparator;
+        room -= breaks ? line : 1;
         if (room < 0) break;
     }
     return count;

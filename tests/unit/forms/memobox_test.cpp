@@ -282,21 +282,6 @@ TEST_F(MemoBoxTest, WhatIsNotShownOfManyLinesStaysBehindWhateverIsDeletedOrTyped
     EXPECT_EQ(memo->text(), "curto");
 }
 
-TEST_F(MemoBoxTest, EveryKeyThatDeletesActsOnTheCharacterBehindTheBreakOfALongWord)
-{
-    auto* memo = shown<MemoBox>();
-    const QList<QKeySequence> forward = QKeySequence::keyBindings(QKeySequence::Delete);
-    ASSERT_FALSE(forward.isEmpty());
-    for (const QKeySequence& keys : forward) {
-        memo->setText(QString(1000, 'a') + QString(1000, 'b'));
-        QTextCursor cursor = memo->textCursor();
-        cursor.setPosition(1000);
-        memo->setTextCursor(cursor);
-        QTest::keyClick(memo, keys[0].key(), keys[0].keyboardModifiers());
-        EXPECT_TRUE(memo->text() == QString(1000, 'a') + QString(999, 'b')) << keys.toString().toStdString();
-    }
-}
-
 TEST_F(MemoBoxTest, ACharacterOfTwoUnitsIsNotTypedBeyondTheLimit)
 {
     auto* memo = shown<MemoBox>();

@@ -42,7 +42,7 @@ TEST_F(ALongText, HasRoomInABoxOnTheScreenAndKeepsItsEnd)
 {
     const QString question = "\nDeseja abri-lo?";
     for (const QString& part : {QString("x"), QString("palavra "), QString("W W "), QString("a\n"), QString("\n"),
-                                QString::fromUtf8("🙂"), "a" + QString::fromUtf8("🙂")})
+                                QString(QChar(0x2028)), QString::fromUtf8("🙂"), "a" + QString::fromUtf8("🙂")})
     {
         QSize size;
         QString text;
