@@ -56,6 +56,28 @@ TEST_F(FilesOfBdps, LeaveTheTargetAsItWasWhereTheyCannotBeCopied)
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 2);
 }
 
+TEST_F(FilesOfBdps, AreCopiedToWhereALinkLeads)
+{
+    const QString far = path(QStringLiteral("longe"));
+    ASSERT_TRUE(QDir().mkdir(far));
+    const QString link = path(QStringLiteral("link.orv"));
+    ASSERT_TRUE(QFile::link(far + QStringLiteral("/copy.orv"), link));
+    for (const char* moment : {"it leads nowhere yet", "it leads to the last copy"}) {
+        run("insert into t (a) values (1)");
+        EXPECT_EQ(numberOf([&] { bdp.copyTo(link); }), 0) << moment;
+        EXPECT_TRUE(QFileInfo(link).isSymLink()) << moment;
+        Connection copy;
+        copy.open(far + QStringLiteral("/copy.orv"));
+        EXPECT_EQ(Recordset(copy, QStringLiteral("select * from t")).recordCount(),
+                  Recordset(bdp, QStringLiteral("select * from t")).recordCount());
+    }
+    ASSERT_TRUE(QDir(far).removeRecursively()); // the disk that it leads to isn't there
+    const Error error = errorOf([&] { bdp.copyTo(link); });
+    EXPECT_EQ(error.number, number::pathNotFound);
+    EXPECT_TRUE(error.description.contains(QStringLiteral("longe/copy.orv"))) << error.what();
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+}
+
 TEST_F(FilesOfBdps, AreNotCopiedOverOneThatAnotherProgramIsUsing)
 {
     const QString copy = path(QStringLiteral("copy.orv"));

@@ -27,6 +27,17 @@ TEST_F(FilesOfBdps, AreReplacedWithoutWhatLiesBesideThem)
     EXPECT_EQ(bdp.tables(), QStringList(QStringLiteral("nova")));
 }
 
+TEST_F(FilesOfBdps, AreReplacedWhereALinkLeads)
+{
+    bdp.close();
+    const QString link = path(QStringLiteral("link.orv"));
+    ASSERT_TRUE(QFile::link(path(), link));
+    replaceDatabase(link, fillWithOneTable);
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    bdp.open(path());
+    EXPECT_EQ(bdp.tables(), QStringList(QStringLiteral("nova")));
+}
+
 TEST_F(FilesOfBdps, StayWhereTheyCannotBeReplaced)
 {
     bdp.close();
