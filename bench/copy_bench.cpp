@@ -20,8 +20,8 @@ void TheFirstWriteOfADay(benchmark::State& state)
 {
     const People people(int(state.range(0)));
     const QString folder = QFileInfo(cnBDP.dataSource()).path();
-    QDate day(2026, 11, 22);
-    setDiaDaCopia([&] { return day; });
+    static QDate day(2026, 11, 22);
+    setDiaDaCopia([] { return day; });
     vigiaCopiaDiaria();
     for ([[maybe_unused]] auto turn : state) {
         day = day.addDays(1);
