@@ -179,9 +179,10 @@ private:
         if (cnBDP.state() == jet::Connection::Closed) return {};
         try {
             cnBDP.beginTrans();
-            cnBDP.execute("insert into infopar (cod, nome) values ('0', 'prova')");
-            const jet::Recordset row(cnBDP, "select nome from infopar where cod = '0'");
-            cnBDP.execute("delete from infopar where cod = '0'");
+            cnBDP.execute("create table prova (numero long)");
+            cnBDP.execute("insert into prova (numero) values (1)");
+            const jet::Recordset row(cnBDP, "select numero from prova");
+            cnBDP.execute("drop table prova");
             cnBDP.commitTrans();
             return {};
         } catch (const jet::Error& error) {
