@@ -122,8 +122,11 @@ Error engineError(sqlite3* database, int code, const QString& path)
         return {number::invalidStatement,
                 QStringLiteral("A instrução não é permitida: só se lêem e escrevem as tabelas da BDP.")};
     case SQLITE_INTERRUPT:
-        return {number::engineFailure,
-                QStringLiteral("A operação foi interrompida com a tecla Escape: nada foi escrito.")};
+        // One that only reads leaves what its transaction has written.
+        return {number::engineFailure, database && !sqlite3_get_autocommit(database)
+                                           ? QStringLiteral("A operação foi interrompida com a tecla Escape.")
+                                           : QStringLiteral("A operação foi interrompida com a tecla Escape: nada foi "
+                                                            "escrito.")};
     case SQLITE_NOMEM:
         return {number::outOfMemory, QStringLiteral("Não há memória suficiente.")};
     default:

@@ -133,16 +133,19 @@ sqlite3* openEngine(const QString& path, Access access)
 
 void requireWhole(sqlite3* database, const QString& path)
 {
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, "select page_count * page_size from pragma_page_count, pragma_page_size", -1,
-                       &statement, nullptr);
-    const int code = sqlite3_step(statement);
-    const auto expected = code == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : 0;
-    sqlite3_finalize(statement);
+    // No select: a file may hold tables of the names that it would read.
+    const auto measure = [&](const char* pragma) -> sqlite3_int64 {
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(database, pragma, -1, &statement, nullptr);
+        const sqlite3_int64 value = sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : -1;
+        sqlite3_finalize(statement);
+        return value;
+    };
+    const sqlite3_int64 pages = measure("pragma page_count");
+    const sqlite3_int64 expected = pages * measure("pragma page_size");
     std::error_code ignored;
     const auto size = sqlite3_int64(fs::file_size(nativePath(path), ignored));
-    if (code != SQLITE_ROW || size < expected || (size > 0 && expected == 0))
-        throw engineError(nullptr, SQLITE_CORRUPT, path);
+    if (pages < 0 || size < expected || (size > 0 && expected == 0)) throw engineError(nullptr, SQLITE_CORRUPT, path);
 }
 
 void requireUnused(const QString& path, Claim& claim)

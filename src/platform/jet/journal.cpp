@@ -7,7 +7,7 @@
 
 #include <sqlite3.h>
 
-#include <cstring>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -24,6 +24,7 @@ namespace fs = std::filesystem;
 constexpr qint64 headerBytes = 28;
 constexpr qint64 smallestSector = 512;
 constexpr quint32 uncounted = 0xffffffff; // as many pages as the journal has room for
+constexpr size_t pagesOfAFullMemory = 16; // the engine keeps two megabytes, of 65,536 bytes a page at most
 constexpr char journalMagic[] = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
 constexpr qint64 magicBytes = sizeof journalMagic - 1;
 
@@ -95,21 +96,25 @@ struct FirstPage
     quint32 changes() const { return numberAt(bytes, 24); }
     quint32 schema() const { return numberAt(bytes, 40); }
     quint32 encoding() const { return numberAt(bytes, 56); }
+    quint32 changesAgain() const { return numberAt(bytes, 92); } // as the engine writes them a second time
     // Nothing where a tool has written that doesn't count.
     std::optional<quint32> pages() const
     {
-        if (numberAt(bytes, 28) == 0 || changes() != numberAt(bytes, 92)) return {};
+        if (numberAt(bytes, 28) == 0 || changes() != changesAgain()) return {};
         return numberAt(bytes, 28);
     }
 
-    // Whether this is the first page of `file` before the transaction whose journal holds this one.
+    // Whether this is the first page of `file` before the transaction whose journal holds this one. A power cut may
+    // have left any sectors of that as they were, and the front alone of one of them.
     bool precedes(const FirstPage& file) const
     {
+        if (!isDatabase() || pageSize() != file.pageSize()) return false;
+        if (encoding() != 0 && encoding() != file.encoding()) return false; // the first table settles it
+        if (file.changes() != file.changesAgain()) return changesAgain() == file.changesAgain();
         const quint32 written = file.changes() - changes(); // the outermost commit counts one
         const quint32 altered = file.schema() - schema();
-        if (!isDatabase() || pageSize() != file.pageSize() || written > 1) return false;
-        if (encoding() != 0 && encoding() != file.encoding()) return false; // the first table settles it
-        if (altered > (written == 0 ? 0 : 10'000)) return false;
+        if (written == 0 && bytes.first(smallestSector) == file.bytes.first(smallestSector)) return true;
+        if (written > 1 || altered > (written == 0 ? 0 : 10'000)) return false;
         // The rest of it tells the tables, and changes with them alone.
         return altered != 0 || bytes.mid(100) == file.bytes.mid(100);
     }
@@ -131,8 +136,8 @@ class Examination
 {
 public:
     Examination(const OpenFile& file, const fs::path& journal, Beside beside)
-        : file_(file), journal_(journal, std::ios::binary), size_(qint64(fs::file_size(journal))),
-          beside_(std::move(beside))
+        : file_(file), journal_(journal, std::ios::binary | std::ios::ate),
+          size_(std::max<qint64>(0, journal_.tellg())), beside_(std::move(beside))
     {
     }
 
@@ -142,7 +147,7 @@ public:
         const QByteArray header = read(0, headerBytes);
         // Without its first byte it is not played back: so a commit or a power cut may leave it.
         if (header.isEmpty() || header[0] == '\0' || file_.isBeingWritten()) return;
-        if (!QByteArray(journalMagic, magicBytes).startsWith(header.left(magicBytes))) refuseForeign();
+        if (!beginsAsOne(header)) refuseForeign();
         sector_ = numberAt(header, 20);
         page_ = numberAt(header, 24);
         pages_ = numberAt(header, 16);
@@ -167,6 +172,17 @@ private:
         return bytes.left(qsizetype(journal_.gcount()));
     }
 
+    // The magic is written last, and a power cut may leave its front alone.
+    static bool beginsAsOne(const QByteArray& header)
+    {
+        const QByteArray magic(journalMagic, magicBytes);
+        const QByteArray begin = header.left(magicBytes);
+        qsizetype same = 0;
+        while (same < begin.size() && begin[same] == magic[same])
+            ++same;
+        return begin.mid(same).count('\0') == begin.size() - same;
+    }
+
     // The measures of the journal are those of the file.
     void requireFitting()
     {
@@ -185,47 +201,50 @@ private:
     // What would be played back is what the file was before its last transaction.
     void requireSamePast()
     {
+        readCopies();
         const FirstPage now{file_.read(0, page_)};
-        const QByteArray kept = firstPageKept();
-        const FirstPage before{kept.isEmpty() ? now.bytes : kept};
+        const FirstPage before{firstPage_.isEmpty() ? now.bytes : firstPage_};
         require(before.precedes(now));
-        if (kept.isEmpty()) requireSameKinds();
+        if (firstPage_.isEmpty()) requireSameKinds();
         // The file is cut to this many pages, be it one that the journal says nothing else about.
         require(before.pages() ? pages_ >= *before.pages() : pages_ == filePages_);
     }
 
-    // Where the first page was not touched, no page was taken into use or given up: each is of the kind that it was,
-    // a leaf of a table, of an index, and so on, as its first byte tells.
+    // Without a copy of the first page, the memory of the program was full before any page was taken into use or given
+    // up: each is of the kind that it was, a leaf of a table, of an index, and so on, as its first byte tells. Of many,
+    // some may have become another kind since the journal last reached the disk.
     void requireSameKinds()
     {
+        size_t others = 0;
         for (const auto& [page, at] : copies_)
-            require(read(at, 1) == file_.read((qint64(page) - 1) * page_, 1));
+            others += read(at, 1) == file_.read((qint64(page) - 1) * page_, 1) ? 0 : 1;
+        require(others <= (copies_.size() < pagesOfAFullMemory ? 0 : copies_.size() / 2));
     }
 
-    // The copy of the first page, where it would be played back.
-    QByteArray firstPageKept()
+    // Those that would be played back: what lies behind the first one that is not whole isn't.
+    void readCopies()
     {
-        QByteArray result;
-        qint64 records = 0;
+        const qint64 record = qint64(page_) + 8;
         for (qint64 at = 0; at + sector_ <= size_; at = (at + sector_ - 1) / sector_ * sector_) {
             const QByteArray header = read(at, headerBytes);
-            if (!header.startsWith(QByteArray(journalMagic, magicBytes))) break;
-            require(numberAt(header, 16) == pages_);
+            if (!header.startsWith(QByteArray(journalMagic, magicBytes))) return;
             const quint32 count = numberAt(header, 8);
-            const qint64 record = qint64(page_) + 8;
             at += sector_;
-            for (quint32 i = 0; (count == uncounted || i < count) && at + record <= size_; ++i, at += record) {
-                const quint32 page = numberAt(read(at, 4), 0);
-                if (page == 0) return result;
-                require(page <= pages_ && ++records <= pages_);
-                copies_.emplace_back(page, at + 4);
-                if (page != 1 || !result.isEmpty()) continue;
-                const QByteArray content = read(at + 4, page_);
-                if (checksum(content, numberAt(header, 12)) != numberAt(read(at + 4 + page_, 4), 0)) return result;
-                result = content;
-            }
+            for (quint32 i = 0; (count == uncounted || i < count) && at + record <= size_; ++i, at += record)
+                if (!readCopy(at, numberAt(header, 12))) return;
         }
-        return result;
+    }
+
+    bool readCopy(qint64 at, quint32 seed)
+    {
+        const QByteArray record = read(at, qint64(page_) + 8);
+        const quint32 page = numberAt(record, 0);
+        const QByteArray content = record.mid(4, page_);
+        if (page == 0 || checksum(content, seed) != numberAt(record, 4 + page_)) return false;
+        require(page <= pages_ && copies_.size() < pages_);
+        copies_.emplace_back(page, at + 4);
+        if (page == 1 && firstPage_.isEmpty()) firstPage_ = content;
+        return true;
     }
 
     static quint32 checksum(const QByteArray& page, quint32 seed)
@@ -243,6 +262,7 @@ private:
     quint32 page_ = 0;
     quint32 pages_ = 0;                              // of the file before the transaction
     qint64 filePages_ = 0;                           // of the file now
+    QByteArray firstPage_;                           // what it was; empty: it is not among the copies
     std::vector<std::pair<quint32, qint64>> copies_; // pages, and where the journal holds what they were
 };
 

@@ -75,12 +75,11 @@ QString shown(QString name)
 }
 
 // Cheap ones that give the same for the same row: what stands in a schema runs in the middle of a statement, and no key
-// can end it.
+// can end it. trim() looks for each letter of one text in another one.
 bool isFunctionOfASchema(const QString& name)
 {
-    return isAmong(name, {"length",    "date",  "typeof", "abs",  "coalesce", "ifnull",   "nullif",
-                          "iif",       "lower", "upper",  "trim", "ltrim",    "rtrim",    "substr",
-                          "substring", "round", "min",    "max",  "time",     "datetime", "julianday"});
+    return isAmong(name, {"length", "date", "typeof", "abs", "coalesce", "ifnull", "nullif", "iif", "lower", "upper",
+                          "substr", "substring", "round", "min", "max", "time", "datetime", "julianday"});
 }
 
 // Words of the engine's language that a parenthesis may follow.
@@ -132,6 +131,7 @@ private:
         case SchemaItem::Table:
         case SchemaItem::Index:
             if (own_.contains(name) || own_.contains(table) || touches(item)) checkExpressions(table, item);
+            if (item.kind == SchemaItem::Table && own_.contains(name)) checkRows(name, item);
             break;
         case SchemaItem::Other: // the index of a key has no text
             if (!item.words.empty()) add(QStringLiteral("no esquema, %1").arg(shown(name)));
@@ -170,6 +170,21 @@ private:
                                   isAmong(words[i].text, {"like", "glob", "regexp", "match", "raise"});
             if (called || matching)
                 add(QStringLiteral("a expressão com %1 na tabela %2").arg(shown(words[i].text), shown(table)));
+        }
+    }
+
+    // A statement that breaks a rule is refused, and nothing else: no row goes for another one, and none is left out.
+    void checkRows(const QString& table, const SchemaItem& item)
+    {
+        const auto stand = [&](size_t at, const char* first, const char* second) {
+            return at + 1 < item.words.size() && item.words[at].kind == SchemaWord::Name &&
+                   item.words[at + 1].kind == SchemaWord::Name && item.words[at].text == QLatin1String(first) &&
+                   item.words[at + 1].text == QLatin1String(second);
+        };
+        for (size_t i = 0; i < item.words.size(); ++i) {
+            if (stand(i, "on", "conflict") && !stand(i + 1, "conflict", "abort"))
+                add(QStringLiteral("a regra \"on conflict\" da tabela %1").arg(shown(table)));
+            if (stand(i, "without", "rowid")) add(QStringLiteral("a tabela sem rowid %1").arg(shown(table)));
         }
     }
 

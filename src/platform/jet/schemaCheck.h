@@ -20,7 +20,8 @@ struct OwnTables
 
 // Throws engineFailure, naming what it found, where the schema of the file holds
 //   a trigger, a view or a virtual table that touches one of the own tables by its name, its table or its text,
-//   an own table with a calculated column, or with a column that hides the number of its rows,
+//   an own table with a calculated column, or whose rows have no number, or with a column that hides it,
+//   a rule of an own table that alters or leaves out rows where another one is broken (on conflict),
 //   a check, a default or an index of an own table that calls more than a few functions of the engine.
 // What touches no own table is left alone. Nothing is written.
 void requireHarmlessSchema(sqlite3* database, const QString& path, const OwnTables& own);

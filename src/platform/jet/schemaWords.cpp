@@ -6,6 +6,8 @@ namespace jet {
 
 namespace {
 
+constexpr QChar byteOrderMark(0xfeff); // a blank to the engine, but within a word
+
 bool belongsToWord(QChar c)
 {
     return c.isLetterOrNumber() || c == u'_' || c == u'$' || c.unicode() > 127;
@@ -29,7 +31,9 @@ private:
     void readOne()
     {
         const QChar c = s_[at_];
-        if (startsWith("--"))
+        if (c == byteOrderMark)
+            ++at_;
+        else if (startsWith("--"))
             skipTo(s_.indexOf(u'\n', at_), 1);
         else if (startsWith("/*"))
             skipTo(s_.indexOf(QLatin1String("*/"), at_ + 2), 2);

@@ -129,6 +129,33 @@ TEST_F(WhatLiesBesideAFile, IsPlayedBackWhereAProgramWasKilled)
     expectPlayedBack(torn.replace(0, 512, killed.after.left(512)), killed.journal, killed.before);
 }
 
+TEST_F(WhatLiesBesideAFile, IsPlayedBackWhereOnlyTheEndOfTheFirstPageReachedTheDisk)
+{
+    const Killed killed(path(), "create table u (a); insert into u values (1); update t set b = 'depois'");
+    QByteArray torn = killed.after;
+    expectPlayedBack(torn.replace(0, 512, killed.before.left(512)), killed.journal, killed.before);
+    torn = killed.after; // and of its first sector the front, up to behind the number of changes
+    expectPlayedBack(torn.replace(28, 484, killed.before.mid(28, 484)), killed.journal, killed.before);
+}
+
+TEST_F(WhatLiesBesideAFile, IsPlayedBackWhereItsNextPartWasCutOff)
+{
+    const Killed killed(path(), changes);
+    const quint32 page = 4096;
+    const quint32 count = quint32((killed.journal.size() - 512) / (page + 8));
+    QByteArray diary = killed.journal.left(512 + qsizetype(count) * (page + 8));
+    diary.replace(8, 4, bigEndian(count));
+    diary.resize((diary.size() + 511) / 512 * 512, '\0');
+    diary += killed.journal.left(8) + QByteArray(504, '\0');
+    expectPlayedBack(killed.after, diary, killed.before);
+}
+
+TEST_F(WhatLiesBesideAFile, IsPlayedBackUpToWhereItIsWhole)
+{
+    const Killed killed(path(), changes);
+    expectPlayedBack(killed.before, killed.journal + QByteArray(4096 + 8, 'x'), killed.before);
+}
+
 TEST_F(WhatLiesBesideAFile, IsPlayedBackWhereAProgramWasKilledOverItsTables)
 {
     const Killed killed(path(), "create table u (a); insert into u values (1); update t set b = 'depois'");
@@ -148,6 +175,11 @@ TEST_F(WhatLiesBesideAFile, MayBeTheBeginningOfAJournal)
     write(journal(), QByteArray(2000, '\0'));
     EXPECT_NO_THROW(bdp.open(path()));
     bdp.close();
+    QByteArray begun = killed.journal; // the magic is written last
+    write(journal(), begun.replace(3, 9, QByteArray(9, '\0')));
+    EXPECT_NO_THROW(bdp.open(path()));
+    bdp.close();
+    EXPECT_EQ(contentOf(path()), killed.before);
     QByteArray headless = killed.journal;
     write(journal(), headless.replace(0, 28, QByteArray(28, '\0')));
     EXPECT_NO_THROW(bdp.open(path()));
@@ -230,6 +262,18 @@ TEST_F(WhatLiesBesideAFile, IsPlayedBackWhereAProgramWasKilledBeforeItsCommit)
     const Killed killed(path(), "update t set b = 'agora'", false);
     ASSERT_NE(killed.during, killed.before);
     expectPlayedBack(killed.during, killed.journal, killed.before);
+}
+
+// The first page is in a part of the journal that has not reached the disk.
+TEST_F(WhatLiesBesideAFile, IsPlayedBackWhereAPageHasBecomeAnotherKindSinceItsLastPart)
+{
+    outside("insert into t select t.a, t.b from t, (select a from t limit 40)");
+    const Killed killed(path(), "update t set b = 'agora'", false);
+    QByteArray file = killed.during;
+    const auto page = qFromBigEndian<quint32>(killed.journal.constData() + 512);
+    file[(qsizetype(page) - 1) * 4096] = '\5'; // no leaf any more
+    ASSERT_NE(file, killed.during);
+    expectPlayedBack(file, killed.journal, killed.before);
 }
 
 TEST_F(WhatLiesBesideAFile, IsRefusedWhereItIsTheJournalOfAnotherFileOfTheSameSizeBeforeItsCommit)

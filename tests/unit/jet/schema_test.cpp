@@ -107,6 +107,45 @@ TEST_F(ASchema, WithAnExpressionThatCallsMoreThanAFewFunctionsIsRefused)
     EXPECT_EQ(refusal(), "");
 }
 
+TEST_F(ASchema, IsReadWithTheBlanksOfTheEngine)
+{
+    EXPECT_NE(refusalAfter("create table estudo_t (x text check \xef\xbb\xbf(length(hex(zeroblob(9))) > 0))"), "");
+    outside("drop table estudo_t");
+    EXPECT_NE(refusalAfter("create trigger g after insert on outra begin delete from \xef\xbb\xbfpessoa; end"), "");
+}
+
+TEST_F(ASchema, WithACheckThatLooksForEachLetterOfATextInAnotherOneIsRefused)
+{
+    EXPECT_EQ(refusalAfter("create table estudo_t (x text, y text check (trim(x, y) is not null))"),
+              "a expressão com \"trim\" na tabela \"estudo_t\".");
+}
+
+TEST_F(ASchema, WithARuleThatPutsOneRowInThePlaceOfAnotherIsRefused)
+{
+    for (const char* table : {"x text unique on conflict replace", "x text not null ON /* */ Conflict ignore",
+                              "x text, unique (x) on conflict rollback"})
+    {
+        const QByteArray sql = QByteArray("create table estudo_t (") + table + ")";
+        EXPECT_EQ(refusalAfter(sql), "a regra \"on conflict\" da tabela \"estudo_t\".") << table;
+        outside("drop table estudo_t");
+    }
+    EXPECT_EQ(refusalAfter("create table estudo_t (x text unique on conflict abort)"), "");
+    EXPECT_EQ(refusalAfter("create table k (x text unique on conflict replace)"), "");
+}
+
+TEST_F(ASchema, WithATableWhoseRowsHaveNoNumberIsRefused)
+{
+    EXPECT_EQ(refusalAfter("create table estudo_t (x text primary key) without rowid"),
+              "a tabela sem rowid \"estudo_t\".");
+}
+
+TEST_F(ASchema, MayHoldTablesWithTheNamesOfWhatTheOpenAsksFor)
+{
+    outside("create table pragma_page_count (page_count); create table pragma_page_size (page_size);"
+            "insert into pragma_page_count values (1000000); insert into pragma_page_size values (65536)");
+    EXPECT_EQ(refusal(), "");
+}
+
 TEST_F(ASchema, WithAColumnThatHidesTheNumberOfItsRowsIsRefused)
 {
     EXPECT_EQ(refusalAfter("alter table pessoa add column RowId long"), "a coluna \"RowId\" da tabela \"pessoa\".");

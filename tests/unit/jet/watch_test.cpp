@@ -71,6 +71,16 @@ TEST_F(ALongStatement, ThatWritesLeavesNothingOfItself)
     EXPECT_EQ(run("delete from t where a = 1"), 1);
 }
 
+TEST_F(ALongStatement, ThatOnlyReadsLeavesWhatItsTransactionHasWritten)
+{
+    bdp.beginTrans();
+    run("delete from t where a = 1");
+    EXPECT_EQ(errorOf([&] { select(endless); }).description, "A operação foi interrompida com a tecla Escape.");
+    EXPECT_EQ(bdp.transactionLevel(), 1);
+    bdp.commitTrans();
+    EXPECT_EQ(rows("select count(*) as n from t"), "999");
+}
+
 TEST_F(ALongStatement, GoesOnWhereNobodyEndsIt)
 {
     patience = 1h;
