@@ -4,6 +4,7 @@
 #include "platform/desktop/codepage.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/forms.h"
+#include "platform/forms/msgbox.h"
 #include "ui_frmMail.h"
 
 namespace {
@@ -65,8 +66,10 @@ void FrmMail::cmdSend_Click()
         mail_to = ui->txtTo->text();
         mail_subject = ui->cmbAssunto->text();
         mail_body = ui->txtBody->text();
-        SendMail(mail_to, mail_cc, mail_bcc, mail_subject, mail_body);
-        unload();
+        if (SendMail(mail_to, mail_cc, mail_bcc, mail_subject, mail_body))
+            unload();
+        else
+            showMessage("Não foi possível abrir o programa de correio: a mensagem não foi enviada.");
     });
 }
 
@@ -75,8 +78,8 @@ void FrmMail::Command1_Click()
     unload();
 }
 
-void FrmMail::SendMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
+bool FrmMail::SendMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
                        const QString& body)
 {
-    Desktop::openUrl(mailUrl(address, cc, bcc, subject, body));
+    return Desktop::openUrl(mailUrl(address, cc, bcc, subject, body)) > 32;
 }

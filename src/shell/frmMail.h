@@ -34,7 +34,8 @@ protected:
 private:
     void cmdSend_Click();
     void Command1_Click();
-    void SendMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
+    // False where the desktop took nothing: the form keeps what was written then.
+    bool SendMail(const QString& address, const QString& cc, const QString& bcc, const QString& subject,
                   const QString& body);
 
     std::unique_ptr<Ui::FrmMail> ui;

@@ -104,8 +104,9 @@ void FrmORV::Form_Load(const QString& commandLine)
         if (commandLine.isEmpty()) return setSessionMenus(false);
 
         AbreBDP(commandLine);
-        // Kept: a path where nothing stands leaves the menus as they are.
-        if (cnBDP.state() != jet::Connection::Open && QFileInfo::exists(commandLine)) setSessionMenus(false);
+        // Kept: a path where nothing stands leaves the menus as they are. Of one that can't be read nobody knows.
+        const bool nothing = !QFileInfo::exists(commandLine) && !commandLine.contains(QChar::ReplacementCharacter);
+        if (cnBDP.state() != jet::Connection::Open && !nothing) setSessionMenus(false);
         jet::Recordset registos(cnBDP);
         if (ExisteColuna("Infopar", "pais", cnBDP)) {
             registos.open("select cod, nome, pais from infopar");

@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr auto pastaDasCopias = "copias";
+constexpr auto nomeDaPasta = "copias";
 constexpr int esperaHabitual = 60; // milliseconds: not felt by who types
 
 // What the thread works on, and nothing of the session.
@@ -94,8 +94,8 @@ void CopiaDiaria::antesDeEscrever()
 void CopiaDiaria::faz()
 {
     const QFileInfo bdp(QFileInfo(cnBDP.dataSource()).canonicalFilePath());
-    if (!bdp.isFile() || bdp.dir().dirName() == QLatin1String(pastaDasCopias) || cnBDP.hasMoved()) return;
-    const QString pasta = bdp.dir().filePath(pastaDasCopias);
+    if (!bdp.isFile() || bdp.dir().dirName() == QLatin1String(nomeDaPasta) || cnBDP.hasMoved()) return;
+    const QString pasta = pastaDasCopias(bdp.filePath());
     const QString destino = pasta + '/' + nomeDaCopia(bdp.fileName(), dia_);
     if (QFileInfo(destino).exists() || QFileInfo(destino).isSymLink()) return;
 
@@ -123,7 +123,7 @@ void CopiaDiaria::acaba(Trabalho& trabalho)
         jet::disk().syncFolder(QFileInfo(trabalho.bdp).path()); // where the folder of the copies may be new
         retiraAntigas(trabalho);
         conta(QStringLiteral("Cópia diária guardada em %1/%2")
-                  .arg(QLatin1String(pastaDasCopias), QFileInfo(trabalho.destino).fileName()),
+                  .arg(QLatin1String(nomeDaPasta), QFileInfo(trabalho.destino).fileName()),
               "A BDP, tal como estava antes do trabalho de hoje, foi guardada em " + caminho);
     } catch (const std::exception& erro) {
         conta("Sem cópia diária: " + QString::fromUtf8(erro.what()), QString::fromUtf8(erro.what()));
@@ -160,6 +160,11 @@ void CopiaDiaria::espera()
 void vigiaCopiaDiaria()
 {
     cnBDP.setObserver({[] { copiaDiaria().antesDeEscrever(); }, [] { copiaDiaria().antesDeFechar(); }});
+}
+
+QString pastaDasCopias(const QString& bdp)
+{
+    return QFileInfo(QFileInfo(bdp).canonicalFilePath()).dir().filePath(nomeDaPasta);
 }
 
 void esperaCopiaDiaria()

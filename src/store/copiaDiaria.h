@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDate>
+#include <QString>
 
 #include <functional>
 
@@ -14,6 +15,9 @@
 // larger BDP is copied by that thread alone: such a copy holds a confirmed state from about that moment, with the
 // statement or without it. The end of the session waits for the first, and drops the second, to be made another time.
 void vigiaCopiaDiaria();
+
+// Where the copies of a BDP are, or would be: beside the file itself, whatever link leads to it.
+QString pastaDasCopias(const QString& bdp);
 
 // Waits until none is under way.
 void esperaCopiaDiaria();

@@ -14,9 +14,8 @@ namespace {
 // What programs that were killed have left beside the BDP.
 void retiraRestos(const QString& caminho)
 {
-    const QString pasta = QFileInfo(QFileInfo(caminho).canonicalFilePath()).path();
-    jet::removeLeftovers(pasta);
-    jet::removeLeftovers(pasta + "/copias");
+    jet::removeLeftovers(QFileInfo(QFileInfo(caminho).canonicalFilePath()).path());
+    jet::removeLeftovers(pastaDasCopias(caminho));
 }
 } // namespace
 

@@ -120,7 +120,7 @@ public:
         if (!done && silent) return problem("it isn't done, and nobody was told: " + halves());
         if (!done && !isIn(before_)) return problem("what stands there is half: " + halves());
         for (const QString& box : boxes)
-            if (box.startsWith("Ocorreu o erro") && isForeign(box)) return problem("a box isn't Portuguese: " + box);
+            if (isForeign(box)) return problem("a box isn't Portuguese: " + box);
         if (const QString reason = unusable(); !reason.isEmpty()) return problem(reason);
         return done ? Done : repeat(state);
     }
@@ -173,7 +173,7 @@ private:
         return all.join(" | ");
     }
 
-    // The connection that stays open after the failure reads and writes.
+    // The connection that stays open after the failure reads and writes, and commits what makes no difference.
     static QString unusable()
     {
         if (cnBDP.state() == jet::Connection::Closed) return {};
@@ -182,7 +182,11 @@ private:
             cnBDP.execute("create table prova (numero long)");
             cnBDP.execute("insert into prova (numero) values (1)");
             const jet::Recordset row(cnBDP, "select numero from prova");
-            cnBDP.execute("drop table prova");
+            cnBDP.rollbackTrans();
+            if (!cnBDP.tables().contains("infopar", Qt::CaseInsensitive)) return {}; // of a BDP that is being made
+            cnBDP.beginTrans();
+            cnBDP.execute("insert into infopar (cod, nome) values ('prova', 'outra')");
+            cnBDP.execute("delete from infopar where cod = 'prova'");
             cnBDP.commitTrans();
             return {};
         } catch (const jet::Error& error) {

@@ -43,10 +43,10 @@ void longWord(const Site& site, int letters)
 const QList<Case>& cases()
 {
     static const QList<Case> all{
-        {"a good BDP", Wanted::Opened, [](Site&) {}},
-        {"a place code that calls fts3_tokenizer", Wanted::Opened,
+        {"a good BDP", Wanted::Calm, [](Site&) {}},
+        {"a place code that calls fts3_tokenizer", Wanted::Calm,
          [](Site& site) { placeCode(site, callsTheTokenizer); }},
-        {"a place code that closes its text", Wanted::Opened,
+        {"a place code that closes its text", Wanted::Calm,
          [](Site& site) { placeCode(site, "'' or 1 = 1; delete from individuo; --"); }},
         {"codes of the lists that close their text", Wanted::Opened,
          [](Site& site) {
@@ -115,9 +115,8 @@ const QList<Case>& cases()
          }},
         {"an index over an expression", Wanted::Anything,
          [](Site& site) { spoil(site, "create index caro on individuo (hex(zeroblob(1000000) || nome))"); }},
-        {"a word of a hundred thousand letters in the notes", Wanted::Opened,
-         [](Site& site) { longWord(site, 100000); }},
-        {"a word of a million letters in the notes", Wanted::Opened, [](Site& site) { longWord(site, 1000000); }},
+        {"a word of a hundred thousand letters in the notes", Wanted::Calm, [](Site& site) { longWord(site, 100000); }},
+        {"a word of a million letters in the notes", Wanted::Calm, [](Site& site) { longWord(site, 1000000); }},
         {"names of a million letters", Wanted::Opened,
          [](Site& site) {
              spoil(site, "update individuo set nome = replace(hex(zeroblob(1000000)), '00', 'W') where rowid < 5;"

@@ -34,13 +34,13 @@ void limitTo(unsigned seconds)
 class Prober : public QObject
 {
 public:
-    Prober(Stage& stage, const QString& folder, unsigned seconds)
+    Prober(Stage& stage, const QString& folder, unsigned seconds, const QString& steps)
         : stage_(stage), file_(folder + "/look"), seconds_(seconds),
           watcher_(stage, [this](const QString& reason) { unforeseen(reason); })
     {
-        QFile walk(ORV_HOSTILE_WALK);
-        if (!walk.open(QIODevice::ReadOnly)) end("the walk can't be read");
-        lines_ = QString::fromUtf8(walk.readAll()).split('\n');
+        QFile file(ORV_HOSTILE_STEPS "/" + steps);
+        if (!file.open(QIODevice::ReadOnly)) end("the steps can't be read");
+        lines_ = QString::fromUtf8(file.readAll()).split('\n');
         QTimer::singleShot(0, this, &Prober::go);
     }
 
@@ -154,7 +154,7 @@ int probe(const QStringList& arguments, char** argv)
     Application::setAttribute(Qt::AA_DontUseNativeDialogs);
     Application application(argv);
     Stage stage(arguments.value(0));
-    Prober prober(stage, arguments.value(0), arguments.value(1).toUInt());
+    Prober prober(stage, arguments.value(0), arguments.value(1).toUInt(), arguments.value(2));
     const int status = Application::exec();
     prober.finish();
     stage.takeDown();

@@ -17,7 +17,7 @@ struct Look
     void write(const QString& path) const;
 };
 
-// The process of one look: folder, limit in seconds for a step. How far it came stands in the folder, in the file
-// "look", and the boxes in "state", the state of the stage. A step that takes longer ends the process by SIGPROF or,
-// where it only waits, by SIGALRM.
+// The process of one look: folder, limit in seconds for a step, the file of steps. How far it came stands in the
+// folder, in the file "look", and the boxes in "state", the state of the stage. A step that takes longer ends the
+// process by SIGPROF or, where it only waits, by SIGALRM.
 int probe(const QStringList& arguments, char** argv);

@@ -6,7 +6,9 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <algorithm>
 #include <csignal>
+#include <iterator>
 
 namespace {
 
@@ -17,6 +19,14 @@ QString withoutQuoted(QString text)
 {
     static const QRegularExpression quoted("\"[^\"]*\"|'[^']*'|/\\S+|\\((trigger|view)\\)");
     return text.remove(quoted);
+}
+
+// How many rows of `then` aren't there any more; both are in order.
+qsizetype lost(const QList<QByteArray>& then, const QList<QByteArray>& now)
+{
+    QList<QByteArray> gone;
+    std::set_difference(then.begin(), then.end(), now.begin(), now.end(), std::back_inserter(gone));
+    return gone.size();
 }
 
 QString brokenOff(const Look& look, const Ending& ending)
@@ -60,14 +70,14 @@ Before::Before(const Site& site, const QString& folder)
         QFile::copy(site.beside(suffix), copy_ + QLatin1String(suffix));
 }
 
-QString Before::lostRows(const Site& site) const
+QString Before::lostRows(const Site& site, int mayChange) const
 {
     if (!QFileInfo::exists(copy_)) return {};
     const Dump then = Raw(copy_, belongs_ ? Raw::Way::Write : Raw::Way::Untouched).dump();
     const Dump now = Raw(site.bdp(), Raw::Way::Untouched).dump(then);
     for (auto it = then.begin(); it != then.end(); ++it) {
         if (!now.contains(it.key())) return "the table " + it.key() + " can't be read any more";
-        if (now[it.key()].rows != it->rows)
+        if (lost(it->rows, now[it.key()].rows) > mayChange || (mayChange == 0 && now[it.key()].rows != it->rows))
             return QStringLiteral("rows of %1 have changed: %2 then, %3 now")
                 .arg(it.key())
                 .arg(it->rows.size())
@@ -76,7 +86,8 @@ QString Before::lostRows(const Site& site) const
     return {};
 }
 
-QString verdict(const Site& site, const Before& before, const Look& look, const State& state, const Ending& ending)
+QString verdict(const Site& site, const Before& before, const Look& look, const State& state, const Ending& ending,
+                int mayChange)
 {
     if (const QString reason = brokenOff(look, ending); !reason.isEmpty()) return reason;
     if (const QString reason = wrongBox(state); !reason.isEmpty()) return reason;
@@ -87,14 +98,27 @@ QString verdict(const Site& site, const Before& before, const Look& look, const 
     }
     // The name of the file, and of what stands for it beside it.
     QStringList own{"bdp.orv", "verdadeira.orv"};
+    if (mayChange > 0) own << "copia.orv"; // the backup of the work
     for (const char* suffix : companions)
         own << own[0] + QLatin1String(suffix) << own[1] + QLatin1String(suffix);
     for (const QString& name : now.keys()) // an upgrade of its schema is a first write
         if (name == "copias" || name.startsWith("copias/")) own << name;
     if (const QString change = difference(before.files, now, own); !change.isEmpty()) return "opened, and " + change;
-    if (now.value("bdp.orv") == before.files.value("bdp.orv") && !site.belongs) return {};
-    const QString lost = before.lostRows(site);
-    return lost.isEmpty() ? QString() : "only looked at, and " + lost;
+    if (mayChange == anyNumber) return {};
+    if (now.value("bdp.orv") == before.files.value("bdp.orv") && !site.belongs)
+        return mayChange > 0 ? "worked in, and nothing is stored" : "";
+    const QString lost = before.lostRows(site, mayChange);
+    return lost.isEmpty() ? QString() : (mayChange > 0 ? "worked in, and " : "only looked at, and ") + lost;
+}
+
+QString unmet(Wanted wanted, const Look& look, const State& state)
+{
+    if (wanted == Wanted::Anything) return {};
+    if (wanted == Wanted::Refused) return look.opened ? QString("it is opened") : QString();
+    if (!look.opened) return "it is refused";
+    for (const Box& box : state.boxes)
+        if (wanted == Wanted::Calm && box.text.startsWith("Ocorreu o erro")) return "an error comes up: " + box.text;
+    return {};
 }
 
 QString foreignWord(const QString& text)

@@ -194,7 +194,9 @@ void Round::typeInto(const Field& field)
         }
     };
     const QString how = manner.pasted ? "paste " : dice_.oneIn(3) ? "enter " : "type ";
-    step(how + of(field.control) + ' ' + quoted(text()));
+    const QString typed = text();
+    const Outcome outcome = step(how + of(field.control) + ' ' + quoted(typed));
+    if (manner.pasted) checkPaste(field, typed, outcome);
 }
 
 void Round::pick(const QString& button)

@@ -38,6 +38,7 @@ private:
     void fill();
     void fillField(const Field& field);
     void typeInto(const Field& field);
+    void checkPaste(const Field& field, const QString& text, const Outcome& outcome) const;
     void pick(const QString& button);
     void pickPerson();
     void pickPlace();

@@ -25,6 +25,11 @@ const Row& any(const Change& change)
     return change.after ? *change.after : *change.before;
 }
 
+qsizetype letters(const QString& text)
+{
+    return std::ranges::count_if(text, [](QChar each) { return each.isLetterOrNumber() || each.isHighSurrogate(); });
+}
+
 } // namespace
 
 void Round::checkUnchanged(const QString& after) const
@@ -33,6 +38,19 @@ void Round::checkUnchanged(const QString& after) const
     if (now.schema != before_.schema) fail("the schema has changed: " + after);
     if (const QList<Change> changed = changes(before_, now); !changed.isEmpty())
         fail("the store has changed though only " + after + ": " + told(changed));
+}
+
+// What a field of text doesn't take of a paste is told in a box.
+void Round::checkPaste(const Field& field, const QString& text, const Outcome& outcome) const
+{
+    const bool takesText = field.kind == Kind::Text || field.kind == Kind::Name || field.kind == Kind::Path;
+    if (!takesText || !outcome.done || !outcome.boxes.isEmpty() || !isShown(window_.form)) return;
+    const QString shown = see(window_).value(field.control).text;
+    if (letters(shown) < letters(text))
+        fail(QStringLiteral("a paste of %1 characters was cut to %2 without a word: %3")
+                 .arg(text.size())
+                 .arg(shown.size())
+                 .arg(field.control));
 }
 
 void Round::checkOutcome(const Dump& now, const QList<Change>& changed, const Outcome& outcome, bool closed)

@@ -169,7 +169,7 @@ QString Texts::any(Dice& dice, Manner manner)
     if (dice.oneIn(15)) return blanks(dice) + ' ';
     if (dice.oneIn(15)) return number(dice, manner);
     if (dice.oneIn(15)) return date(dice, manner);
-    if (dice.oneIn(25)) return whole(longText(dice, manner.pasted));
+    if (dice.oneIn(manner.pasted ? 12 : 25)) return whole(longText(dice, manner.pasted));
     QString text;
     for (int pieces = 1 + dice.below(3); pieces > 0; --pieces) {
         if (manner.pasted && dice.oneIn(5)) text += dice.among(onlyPasted);

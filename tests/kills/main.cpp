@@ -47,14 +47,8 @@ public:
     {
         Dice dice(seed_, quint64(number));
         QProcess orv;
-        orv.setProcessEnvironment(screen_.environment());
-        orv.start(program_, {bdp_});
-        const QByteArray window = screen_.waitForWindow(orv.processId(), "BDP: ", toStart);
-        if (window.isEmpty()) {
-            orv.kill();
-            orv.waitForFinished();
-            return "the program doesn't take up the BDP";
-        }
+        const QByteArray window = start(orv);
+        if (window.isEmpty()) return "the program doesn't take up the BDP";
         beginEntry(window);
         enterUntilTheKill(number, dice, orv.processId());
         orv.waitForFinished();
@@ -62,10 +56,32 @@ public:
         return witness_.judge();
     }
 
+    // The start after the last kill.
+    bool isTakenUp() const
+    {
+        QProcess orv;
+        const bool takenUp = !start(orv).isEmpty();
+        orv.kill();
+        orv.waitForFinished();
+        return takenUp;
+    }
+
     const Witness& witness() const { return witness_; }
     int inTheMiddle() const { return inTheMiddle_; }
 
 private:
+    // The program's window, once it has the BDP; else nothing.
+    QByteArray start(QProcess& orv) const
+    {
+        orv.setProcessEnvironment(screen_.environment());
+        orv.start(program_, {bdp_});
+        const QByteArray window = screen_.waitForWindow(orv.processId(), "BDP: ", toStart);
+        if (!window.isEmpty()) return window;
+        orv.kill();
+        orv.waitForFinished();
+        return {};
+    }
+
     // The card of a person with its next blank. Showing it moves the focus of the bare screen away from the window.
     void beginEntry(const QByteArray& window) const
     {
@@ -122,6 +138,10 @@ bool attack(const QString& program, int kills, quint64 seed)
         if (reason.isEmpty()) continue;
         ++failed;
         out << "not ok kill " << number << " of seed " << seed << ": " << reason << '\n' << Qt::flush;
+    }
+    if (!killer.isTakenUp()) {
+        ++failed;
+        out << "not ok: the program doesn't take up the BDP after the last kill\n";
     }
     const int people = killer.witness().acknowledged();
     out << people << " people acknowledged; " << killer.inTheMiddle() << " kills left a journal\n";

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <unistd.h>
 
@@ -47,10 +48,14 @@ QString Witness::damagedCopy() const
 
 QString Witness::judge() const
 {
-    Raw raw(bdp_); // restores the file from its journal
+    const QTemporaryDir apart;
+    const QString copy = apart.filePath("copia.orv");
+    QFile::copy(bdp_, copy);
+    QFile::copy(bdp_ + "-journal", copy + "-journal");
+    Raw raw(copy); // restored from its journal
     const QString whole = raw.text("pragma integrity_check");
     if (whole != "ok") return "the file is damaged: " + whole;
-    if (const QString copy = damagedCopy(); !copy.isEmpty()) return "the daily copy is damaged: " + copy;
+    if (const QString daily = damagedCopy(); !daily.isEmpty()) return "the daily copy is damaged: " + daily;
     const QStringList names = raw.texts("select nome from individuo where nome like 'Pessoa %'");
     const QSet<QString> stored(names.begin(), names.end());
     for (const QString& name : names_)

@@ -15,9 +15,9 @@ public:
 
     int acknowledged() const { return int(names_.size()); }
 
-    // The texts of a person who is typed all bear the same mark, so that half a person shows.
-    // Opens the file as the next start would. What is wrong with it: damage, somebody taken down who is not there, half
-    // a person; empty where nothing is.
+    // What is wrong with the file: damage, somebody taken down who is not there, half a person, which shows as all
+    // texts of a person bear the same mark; empty where nothing is. A copy is looked at, with its journal: the file
+    // itself waits for the program's next start as the kill has left it.
     QString judge() const;
 
 private:

@@ -49,12 +49,17 @@ bool isOneOf(const char* list, const QString& suffix)
     return QString::fromLatin1(list).split(u' ').contains(suffix);
 }
 
-// The desktop of another system leaves out points and blanks at the end of a name.
 QString suffixOf(const QString& path)
 {
-    static const QRegularExpression end(QStringLiteral("[. ]+$"));
-    const QString name = QString(path).remove(end).section(u'/', -1).section(u'\\', -1);
+    const QString name = path.section(u'/', -1).section(u'\\', -1);
     return name.contains(u'.') ? name.section(u'.', -1).toLower() : QString();
+}
+
+// The desktop of another system leaves out points and blanks at the end of a name.
+QString suffixElsewhere(const QString& path)
+{
+    static const QRegularExpression end(QStringLiteral("[. ]+$"));
+    return suffixOf(QString(path).remove(end));
 }
 
 bool beginsAsProgram(const QString& path)
@@ -65,9 +70,10 @@ bool beginsAsProgram(const QString& path)
     for (const QByteArrayView known : beginnings)
         if (begin.startsWith(known)) return true;
     if (begin.startsWith(QByteArray("L\0\0\0\x01\x14\x02\0", 8))) return true;
-    static const QRegularExpression shortcut(QStringLiteral(R"(^\s*(#[^\n]*\n\s*)*\[(Desktop Entry|KDE Desktop Entry|)"
-                                                            R"(InternetShortcut|Shell)\])"),
-                                             QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression shortcut(
+        QStringLiteral(R"(^(\xEF\xBB\xBF)?\s*(#[^\n]*\n\s*)*\[(Desktop Entry|KDE Desktop Entry|)"
+                       R"(InternetShortcut|Shell)\])"),
+        QRegularExpression::CaseInsensitiveOption);
     return QString::fromLatin1(begin).contains(shortcut);
 }
 
@@ -88,8 +94,8 @@ Document Desktop::documentAt(const QString& path)
     if (!file.isFile()) return Document::Missing;
     const QString target = file.canonicalFilePath();
     const QStringList suffixes{suffixOf(path), suffixOf(target)};
-    for (const QString& suffix : suffixes)
-        if (isOneOf(programs, suffix)) return Document::Program;
+    for (const QString& name : {path, target})
+        if (isOneOf(programs, suffixOf(name)) || isOneOf(programs, suffixElsewhere(name))) return Document::Program;
     if (beginsAsProgram(target)) return Document::Program;
     if (isOneOf(harmless, suffixes.first()) && isOneOf(harmless, suffixes.last())) return Document::Harmless;
     return suffixes.last().isEmpty() && file.isExecutable() ? Document::Program : Document::Unknown;

@@ -29,12 +29,13 @@ inline constexpr auto dateMask = "##/##/####";
 inline constexpr auto emptyMaskedDate = "__/__/____";
 
 // Both fields of text give back what setText() was given, to the character, whatever its length, until the user changes
-// it. maxLength() is for the user: what is pasted, dropped or composed beyond it is cut, and told in a box behind the
-// event, and the clipboard has the whole; a key beyond it is told in the status line.
+// it. Of a text that is too long they show the beginning, and the status line says so: the rest stays behind whatever
+// the user makes of it, unless that is nothing. maxLength() is for the user: what is pasted, dropped or composed beyond
+// it is cut, and told in a box behind the event, and the clipboard has the whole; a key beyond it is told in the status
+// line.
 
 // A line of text. Locked: it shows its text and takes the focus, and the user can't change it; the program can.
-// textChanged() comes with every change, the program's too. Of a text that is too long for a line it shows the
-// beginning.
+// textChanged() comes with every change, the program's too.
 class TextBox : public QLineEdit
 {
     Q_OBJECT
@@ -44,6 +45,7 @@ public:
     explicit TextBox(QWidget* parent = nullptr);
     QString text() const;
     void setText(const QString& text);
+    void clear() { setText({}); }
     bool isLocked() const { return isReadOnly(); }
     void setLocked(bool locked) { setReadOnly(locked); }
     int maxLength() const { return maxLength_; }
@@ -58,7 +60,7 @@ private:
 
     int maxLength_;
     qsizetype room_ = 0;            // before the event under way, for characters that replace the selected text
-    QString whole_;                 // a text that is too long for a line, else null
+    QString rest_;                  // what isn't shown of a text that is too long
     const QEvent* event_ = nullptr; // the one under way
 };
 
@@ -94,6 +96,7 @@ private:
     qsizetype room() const; // for characters that replace the selected text
 
     int maxLength_ = 65535;
+    QString rest_; // what isn't shown of a text that is too long
 };
 
 // A date field with two states. With the mask it shows "__/__/____" when empty, takes digits only, and its text always

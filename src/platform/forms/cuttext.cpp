@@ -24,3 +24,8 @@ void tellFull(int limit)
     QApplication::beep();
     showStatus(QStringLiteral("O campo está cheio: leva no máximo %1 caracteres.").arg(limit));
 }
+
+void tellUnshown()
+{
+    showStatus(QStringLiteral("O texto é demasiado longo para ser mostrado todo: o resto mantém-se."));
+}

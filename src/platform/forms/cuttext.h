@@ -1,4 +1,4 @@
-// What a field tells when there is no room for what the user gives it.
+// What a field tells of a text that it has no room for.
 #pragma once
 
 #include <QString>
@@ -9,3 +9,6 @@ void tellCut(const QString& whole, qsizetype fitting, int limit);
 
 // A key had no room in a field of `limit` characters.
 void tellFull(int limit);
+
+// Of a text of the program the field shows the beginning alone.
+void tellUnshown();

@@ -1,9 +1,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/cuttext.h"
 #include "platform/forms/editkeys.h"
-#include "platform/forms/statusline.h"
 
-#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -22,16 +20,12 @@ const QString breaks[]{"\r\n", "", "\n", "\r", QChar(QChar::ParagraphSeparator),
 constexpr qsizetype longestWord = 1000;
 constexpr qsizetype longestLine = 20000;
 
-// A field can't take any number of lines at once. What comes behind the last that it takes is the text of that line's
-// break: it isn't shown, and it stays. No paste is as long.
-constexpr int unshownText = QTextFormat::UserProperty + 1;
+// A field can't take any number of lines at once. No paste has as many.
 constexpr int mostBreaks = 40000;
 
-QString breakBefore(const QTextBlock& block)
+int kindBefore(const QTextBlock& block)
 {
-    const QTextCharFormat format = block.charFormat();
-    return format.hasProperty(unshownText) ? format.stringProperty(unshownText)
-                                           : breaks[format.intProperty(kindOfBreak)];
+    return block.charFormat().intProperty(kindOfBreak);
 }
 
 // The kind of the break that begins at a place of the text; -1 for none.
@@ -61,25 +55,26 @@ public:
         line_ = before.size();
     }
 
-    void write()
+    // Returns how many characters of it are in the document now.
+    qsizetype write()
     {
         cursor_.beginEditBlock();
-        for (qsizetype place = 0; place < text_.size() && !isFull(); ++place) {
+        for (qsizetype place = 0; place < text_.size() && breaks_ < mostBreaks; ++place) {
             const int kind = kindAt(text_, place);
             if (kind < 0) {
-                if (isTooLong(place)) end(place, nothing, 0);
+                if (isTooLong(place)) end(place, nothing);
                 ++line_;
                 word_ = isBlank(text_.at(place)) ? 0 : word_ + 1;
                 continue;
             }
-            end(place, kind, breaks[kind].size());
-            place += breaks[kind].size() - 1;
+            end(place, kind);
+            place = begin_ - 1;
         }
-        cursor_.insertText(text_.mid(begin_), QTextCharFormat());
+        const bool whole = breaks_ < mostBreaks;
+        if (whole) cursor_.insertText(text_.mid(begin_), QTextCharFormat());
         cursor_.endEditBlock();
+        return whole ? text_.size() : begin_;
     }
-
-    bool isFull() const { return breaks_ > mostBreaks; }
 
 private:
     bool isTooLong(qsizetype place) const
@@ -89,18 +84,15 @@ private:
         return !character.isLowSurrogate() && (!character.isMark() || word_ > 2 * longestWord);
     }
 
-    void end(qsizetype place, int kind, qsizetype length)
+    void end(qsizetype place, int kind)
     {
         QTextCharFormat format;
         if (kind > 0) format.setProperty(kindOfBreak, kind);
-        if (++breaks_ > mostBreaks) {
-            format.setProperty(unshownText, text_.mid(place));
-            length = text_.size() - place;
-        }
         cursor_.insertText(text_.mid(begin_, place - begin_), QTextCharFormat());
         cursor_.insertBlock(QTextBlockFormat(), format);
-        begin_ = place + length;
+        begin_ = place + breaks[kind].size();
         word_ = line_ = 0;
+        ++breaks_;
     }
 
     QTextCursor cursor_;
@@ -109,17 +101,6 @@ private:
     qsizetype word_ = 0, line_ = 0;
     int breaks_ = 0;
 };
-
-// Whether the key would take the text away that isn't shown; with a selection the user sees what goes.
-bool wouldDeleteUnshown(const QTextCursor& cursor, const QKeyEvent* event)
-{
-    if (cursor.hasSelection()) return false;
-    const auto isBehind = [](const QTextBlock& block) {
-        return block.isValid() && block.charFormat().hasProperty(unshownText);
-    };
-    return (event->key() == Qt::Key_Backspace && cursor.atBlockStart() && isBehind(cursor.block())) ||
-           (event->key() == Qt::Key_Delete && cursor.atBlockEnd() && isBehind(cursor.block().next()));
-}
 
 } // namespace
 
@@ -131,23 +112,26 @@ MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
 
 QString MemoBox::text() const
 {
-    return stored(0, document()->characterCount() - 1);
+    const QString shown = stored(0, document()->characterCount() - 1);
+    return shown.isEmpty() ? shown : shown + rest_;
 }
 
 void MemoBox::setText(const QString& text)
 {
+    rest_.clear();
     {
         const QSignalBlocker quiet(text.isEmpty() ? nullptr : this);
         setPlainText({});
     }
     document()->setUndoRedoEnabled(false);
-    Writer writer(textCursor(), text);
-    writer.write();
-    if (writer.isFull())
-        showStatus(QStringLiteral("O texto é demasiado longo para ser mostrado todo: o resto mantém-se."));
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    rest_ = text.mid(Writer(cursor, text).write());
+    cursor.endEditBlock();
     document()->setUndoRedoEnabled(true);
     document()->setModified(false);
     moveCursor(QTextCursor::Start);
+    if (!rest_.isEmpty()) tellUnshown();
 }
 
 QString MemoBox::stored(int from, int to) const
@@ -155,7 +139,7 @@ QString MemoBox::stored(int from, int to) const
     QString result;
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
-        if (block.position() > from) result += breakBefore(block);
+        if (block.position() > from) result += breaks[kindBefore(block)];
         const int begin = std::max(0, from - block.position());
         result += block.text().mid(begin, to - block.position() - begin);
     }
@@ -212,9 +196,8 @@ void MemoBox::keyPressEvent(QKeyEvent* event)
 {
     if (isReadOnly()) return QPlainTextEdit::keyPressEvent(event);
     if (typeBreak(event)) return;
-    if (wouldDeleteUnshown(textCursor(), event)) return QApplication::beep();
     joinWordBefore(event);
-    const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
+    const bool isText = !event->text().isEmpty() && event->text().front().category() != QChar::Other_Control;
     if (isText && event->text().size() > room())
         tellFull(maxLength_);
     else
@@ -238,9 +221,7 @@ void MemoBox::joinWordBefore(const QKeyEvent* event)
 {
     QTextCursor cursor = textCursor();
     if (cursor.hasSelection()) return;
-    const auto isBroken = [](const QTextBlock& block) {
-        return block.isValid() && block.charFormat().intProperty(kindOfBreak) == nothing;
-    };
+    const auto isBroken = [](const QTextBlock& block) { return block.isValid() && kindBefore(block) == nothing; };
     if (event->key() == Qt::Key_Backspace && cursor.atBlockStart() && isBroken(cursor.block()))
         cursor.deletePreviousChar();
     else if (event->key() == Qt::Key_Delete && cursor.atBlockEnd() && isBroken(cursor.block().next()))

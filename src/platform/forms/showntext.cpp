@@ -3,8 +3,38 @@
 #include <QTextDocument>
 
 namespace {
+
 constexpr int longestWord = 150;
 constexpr QChar breakPoint(0x200B);
+
+// How many characters of the text, from its beginning or its end, have room where a line break takes a whole line.
+template <class Iterator>
+qsizetype fitting(Iterator character, Iterator end, int room)
+{
+    constexpr int line = 70;
+    qsizetype count = 0;
+    for (; character != end; ++character, ++count) {
+        const bool breaks =
+            *character == u'\n' || *character == QChar::LineSeparator || *character == QChar::ParagraphSeparator;
+        room -= breaks ? line : 1;
+        if (room < 0) break;
+    }
+    return count;
+}
+
+// A text that a box on a small screen has room for: of a longer one the middle is left out, as a question or a reason
+// stands at the end.
+QString screenful(const QString& text)
+{
+    constexpr int most = 1800;
+    if (fitting(text.begin(), text.end(), most) == text.size()) return text;
+    qsizetype head = fitting(text.begin(), text.end(), most * 2 / 3);
+    qsizetype tail = fitting(text.rbegin(), text.rend(), most / 3);
+    if (head > 0 && text.at(head - 1).isHighSurrogate()) --head;
+    if (tail > 0 && text.at(text.size() - tail).isLowSurrogate()) --tail;
+    return text.left(head) + u'…' + text.right(tail);
+}
+
 } // namespace
 
 QString shownText(const QString& text, int longest)
@@ -16,10 +46,9 @@ QString shownText(const QString& text, int longest)
 
 QString shownLines(const QString& text)
 {
-    constexpr int aScreenful = 4000;
     QString lines;
     int word = 0;
-    for (const QChar character : shownText(text, aScreenful)) {
+    for (const QChar character : screenful(text)) {
         word = character.isSpace() ? 0 : word + 1;
         if (word > longestWord && !character.isLowSurrogate()) {
             lines += breakPoint;

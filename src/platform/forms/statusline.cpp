@@ -40,6 +40,6 @@ void showStatusNote(const QString& text, const QString& whole)
     QLabel& note = noteOf(*bar);
     note.setText(note.fontMetrics().elidedText(text, Qt::ElideRight,
                                                bar->window()->width() / 2)); // the rest is for what is told
-    note.setToolTip(whole);
+    note.setToolTip(shownTip(whole));
     note.setVisible(!text.isEmpty());
 }

@@ -69,21 +69,24 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent), maxLength_(longestLine)
 QString TextBox::text() const
 {
     const QString shown = QLineEdit::text();
-    return shown.size() == longestLine && whole_.startsWith(shown) ? whole_ : shown;
+    return shown.isEmpty() ? shown : shown + rest_;
 }
 
 // The line takes what its limit allows, so that is raised for a stored text beyond the user's.
 void TextBox::setText(const QString& text)
 {
-    whole_ = text.size() > longestLine ? text : QString();
-    const int needed = std::max(maxLength_, int(std::min<qsizetype>(text.size(), longestLine)));
+    const bool wouldHalve = text.size() > longestLine && text.at(longestLine - 1).isHighSurrogate();
+    const QString shown = text.left(longestLine - wouldHalve);
+    rest_ = text.mid(shown.size());
+    const int needed = std::max(maxLength_, int(shown.size()));
     if (needed > QLineEdit::maxLength()) {
         const QSignalBlocker quiet(this);
         QLineEdit::setMaxLength(needed);
     }
-    QLineEdit::setText(text);
+    QLineEdit::setText(shown);
     if (needed < QLineEdit::maxLength()) QLineEdit::setMaxLength(needed);
     room_ = needed - QLineEdit::text().size();
+    if (!rest_.isEmpty()) tellUnshown();
 }
 
 void TextBox::setMaxLength(int length)

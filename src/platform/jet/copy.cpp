@@ -115,9 +115,10 @@ void copyDatabase(sqlite3* database, const QString& source, const QString& targe
     if (std::filesystem::equivalent(nativePath(source), nativePath(target), ignored))
         throw Error{number::permissionDenied,
                     QStringLiteral("\"%1\" é a BDP aberta: não pode ser copiada sobre si própria.").arg(target)};
+    const QString place = behindLinks(target);
     Claim claim;
-    requireTarget(target, claim);
-    Draft draft(target);
+    requireTarget(place, claim);
+    Draft draft(place);
     const std::filesystem::file_status original = std::filesystem::status(nativePath(source), ignored);
     if (std::filesystem::exists(original))
         std::filesystem::permissions(nativePath(draft.path()), original.permissions(), ignored);
@@ -125,9 +126,9 @@ void copyDatabase(sqlite3* database, const QString& source, const QString& targe
         // What isn't confirmed yet is no part of the copy, and only another connection doesn't see it.
         if (hasMoved(database)) throw movedError(source);
         const Engine reader(openEngine(source, Access::ReadOnly));
-        copyPages(reader.get(), draft.path(), source, target);
+        copyPages(reader.get(), draft.path(), source, place);
     } else {
-        copyPages(database, draft.path(), source, target);
+        copyPages(database, draft.path(), source, place);
     }
     draft.replace();
 }

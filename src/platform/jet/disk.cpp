@@ -115,17 +115,25 @@ std::error_code Disk::syncFolder([[maybe_unused]] const QString& path)
 
 std::error_code Disk::makeFile(const QString& path)
 {
+#ifdef Q_OS_UNIX
+    constexpr mode_t asOthersLet = 0666;
+    const int descriptor = ::open(nativePath(path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, asOthersLet);
+    if (descriptor < 0) return lastError();
+    ::close(descriptor);
+    return {};
+#else
     QFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) return {};
     return QFileInfo(path).exists() ? std::make_error_code(std::errc::file_exists)
                                     : std::make_error_code(std::errc::permission_denied);
+#endif
 }
 
 std::error_code Disk::makeFolder(const QString& path)
 {
     std::error_code error;
     fs::create_directory(nativePath(path), error);
-    return error;
+    return error == std::errc::file_exists ? std::make_error_code(std::errc::not_a_directory) : error;
 }
 
 std::uintmax_t Disk::available(const QString& folder)
@@ -149,6 +157,14 @@ void setDisk(Disk* replacement)
 QString folderOf(const QString& path)
 {
     return QFileInfo(path).path();
+}
+
+QString behindLinks(QString path)
+{
+    constexpr int mostLinks = 40; // as many as the system follows
+    for (int i = 0; i < mostLinks && QFileInfo(path).isSymbolicLink(); ++i)
+        path = QFileInfo(path).symLinkTarget();
+    return path;
 }
 
 QString temporaryName(const QString& target)

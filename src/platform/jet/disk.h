@@ -33,7 +33,7 @@ public:
     virtual std::error_code syncFolder(const QString& path);
     // A new empty file, with the permissions that a new file has.
     virtual std::error_code makeFile(const QString& path);
-    // A folder; one that is there already is no error.
+    // A folder; one that is there already is no error, anything else is std::errc::not_a_directory.
     virtual std::error_code makeFolder(const QString& path);
     // How many bytes the disk of the folder takes yet; the most that can be told where it doesn't say.
     virtual std::uintmax_t available(const QString& folder);
@@ -46,6 +46,9 @@ void setDisk(Disk* replacement);
 
 // The folder that a file stands or would stand in: "." for a bare name.
 QString folderOf(const QString& path);
+
+// Where a link leads, be there a file or not; any other path as it is.
+QString behindLinks(QString path);
 
 // The names under which a file is made that isn't whole yet: beside its target, whose name they begin with.
 QString temporaryName(const QString& target); // another one each time

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <cerrno>
+
 namespace jet {
 
 namespace {
@@ -29,6 +31,15 @@ QString draftOf(QString path)
     return path;
 }
 
+// Who may write no more than a share of the disk stands before a full one, too.
+bool isFull(const std::error_code& reason)
+{
+#ifdef EDQUOT
+    if (reason == std::error_code(EDQUOT, std::generic_category())) return true;
+#endif
+    return reason == std::errc::no_space_on_device;
+}
+
 bool isLeftOver(const QString& draft)
 {
     if (!stands(draft)) return true; // its companion is alone
@@ -48,7 +59,11 @@ bool isLeftOver(const QString& draft)
 
 Error writeError(const std::error_code& reason, const QString& path)
 {
-    if (reason == std::errc::no_space_on_device)
+    if (reason == std::errc::filename_too_long)
+        return {number::pathNotFound, QStringLiteral("O nome do ficheiro \"%1\" é demasiado longo.").arg(path)};
+    if (reason == std::errc::not_a_directory)
+        return {number::pathNotFound, QStringLiteral("\"%1\" não é uma pasta.").arg(path)};
+    if (isFull(reason))
         return {number::diskFull, QStringLiteral("O disco está cheio: não foi possível escrever em \"%1\".").arg(path)};
     if (reason == std::errc::io_error)
         return {number::engineFailure,
@@ -127,7 +142,7 @@ void Draft::take(bool over)
     path_.clear();
     // A folder that nobody may read can't be synced; that the disk fails is told.
     const auto error = disk().syncFolder(folderOf(target_));
-    if (error == std::errc::io_error || error == std::errc::no_space_on_device) throw writeError(error, target_);
+    if (error == std::errc::io_error || isFull(error)) throw writeError(error, target_);
 }
 
 } // namespace jet

@@ -92,7 +92,7 @@ void requireReadableName(const QString& path)
 void claimReplaceable(const QString& path, Claim& claim)
 {
     requireWritableFile(path);
-    requireTarget(path, claim);
+    requireTarget(behindLinks(path), claim);
 }
 
 } // namespace
@@ -196,7 +196,7 @@ void requireReplaceable(const QString& path)
 void replaceDatabase(const QString& path, const Fill& fill)
 {
     requireReplaceable(path);
-    Draft draft(path);
+    Draft draft(behindLinks(path));
     writeHeader(draft.path());
     fill(draft.path());
     Claim claim;

@@ -40,7 +40,7 @@ void requireUnused(const QString& path, Claim& claim);
 
 // Whether a file can be made at `path`, in place of one that stands there, which is claimed until the place is taken.
 // Throws pathNotFound, permissionDenied, or engineFailure for a file that another program is using.
-// Precondition: no connection of this program has it open.
+// Precondition: no link stands at `path`, and no connection of this program has it open.
 void requireTarget(const QString& path, Claim& claim);
 
 } // namespace jet

@@ -71,7 +71,7 @@ constexpr Wording wordings[]{
     {"access to (.+) is prohibited", "O acesso a \"%1\" não é permitido."},
     {"access to view \"(.+)\" prohibited", "O acesso à vista \"%1\" não é permitido."},
     {"not authorized", "A instrução não é permitida."},
-    {"(.+) prohibited in (.+)", "A instrução tem, num lugar que não pode ser, \"%1\"."},
+    {".+ prohibited in .+", "A instrução tem uma parte num lugar que não pode ser."},
     {"row value misused", "Há vários valores onde a instrução leva um só."},
     {"(\\d+) values for (\\d+) columns", "A instrução dá %1 valores para %2 colunas."},
     {"(\\d+) columns assigned (\\d+) values", "A instrução dá %2 valores para %1 colunas."},
@@ -96,7 +96,8 @@ constexpr Wording wordings[]{
 
     // Limits
     {"too many terms in (?:compound SELECT|(?:ORDER|GROUP) BY clause)", "A instrução tem demasiadas partes."},
-    {"(?:too many columns in|too many columns on) (.+)", "Há demasiadas colunas em \"%1\"."},
+    {"too many columns in (?:result set|index|set list)", "A instrução tem demasiadas colunas."},
+    {"too many columns (?:in|on) (.+)", "Há demasiadas colunas em \"%1\"."},
     {"at most \\d+ tables in a join", "A instrução liga demasiadas tabelas."},
     {"too many FROM clause terms, max: \\d+", "A instrução liga demasiadas tabelas."},
     {"too many references to \"(.+)\".*", "A instrução usa demasiadas vezes a tabela \"%1\"."},

@@ -6,6 +6,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 using Desktop::Document;
 
 namespace {
@@ -41,7 +45,8 @@ TEST_F(ADocument, OfADiskWhereAllMayRunIsStillAPicture)
 
 TEST_F(ADocument, OfAnotherTypeIsUnknown)
 {
-    for (const char* name : {"a.html", "a.svg", "a.docm", "a.xlsm", "a.zip", "a.ps", "a", "a.iso", "ponto."})
+    for (const char* name : {"a.html", "a.svg", "a.docm", "a.xlsm", "a.zip", "a.ps", "a", "a.iso", "ponto.", "a.jpg.",
+                             "a.pdf ", "a.jpg. ."})
         EXPECT_EQ(Desktop::documentAt(make(QString::fromUtf8(name))), Document::Unknown) << name;
 }
 
@@ -60,6 +65,7 @@ TEST_F(ADocument, IsAProgramByWhatItBeginsWith)
                                   "#!/bin/sh\nrm -r ~\n",
                                   "[Desktop Entry]\nExec=x",
                                   "\n# a\n[Desktop Entry]\n",
+                                  "\xEF\xBB\xBF[Desktop Entry]\n",
                                   "[InternetShortcut]\r\nURL=file://x",
                                   QByteArray("L\0\0\0\1\x14\2\0\0\0", 10)};
     for (const QByteArray& begin : beginnings)
@@ -87,6 +93,32 @@ TEST_F(ADocument, ThatIsAFolderOrIsNotThereIsMissing)
 {
     EXPECT_EQ(Desktop::documentAt(folder.path()), Document::Missing);
     EXPECT_EQ(Desktop::documentAt(folder.filePath("nada.png")), Document::Missing);
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(ADocument, ThatIsAPipeOrADeviceIsMissingAndNotWaitedFor)
+{
+    const QString pipe = folder.filePath("b.png");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe), 0600), 0);
+    EXPECT_EQ(Desktop::documentAt(pipe), Document::Missing);
+    ASSERT_TRUE(QFile::link(pipe, folder.filePath("c.png")));
+    EXPECT_EQ(Desktop::documentAt(folder.filePath("c.png")), Document::Missing);
+    EXPECT_EQ(Desktop::documentAt("/dev/zero"), Document::Missing);
+}
+
+TEST_F(ADocument, BehindLinksThatLeadInACircleIsMissing)
+{
+    ASSERT_TRUE(QFile::link(folder.filePath("b.png"), folder.filePath("a.png")));
+    ASSERT_TRUE(QFile::link(folder.filePath("a.png"), folder.filePath("b.png")));
+    EXPECT_EQ(Desktop::documentAt(folder.filePath("a.png")), Document::Missing);
+}
+#endif
+
+TEST_F(ADocument, WithANullInItsPathIsMissing)
+{
+    const QString path = make("b.png");
+    EXPECT_EQ(Desktop::documentAt(path + QChar::Null + ".sh"), Document::Missing);
+    EXPECT_EQ(Desktop::documentAt(path + QChar::Null), Document::Missing);
 }
 
 TEST_F(ADocument, OnAServerIsElsewhere)

@@ -354,3 +354,35 @@ TEST_F(TextBoxTest, ATextOfTheProgramIsGivenBackWholeWhateverItsLength)
     field->clear();
     EXPECT_EQ(field->text(), "");
 }
+
+TEST_F(TextBoxTest, WhatIsNotShownOfALongLineStaysBehindWhateverIsDeletedOrTyped)
+{
+    auto* field = shown<TextBox>();
+    window.statusBar();
+    field->setMaxLength(255);
+    const QString text = QString(32767, 'x') + "fim";
+    field->setText(text);
+    EXPECT_EQ(window.statusBar()->currentMessage().toStdString(),
+              "O texto é demasiado longo para ser mostrado todo: o resto mantém-se.");
+    QTest::keyClick(field, Qt::Key_End);
+    QTest::keyClick(field, Qt::Key_Backspace);
+    EXPECT_TRUE(field->text() == QString(32766, 'x') + "fim");
+    QTest::keyClicks(field, "y");
+    EXPECT_TRUE(field->text() == QString(32766, 'x') + "yfim");
+    field->selectAll();
+    QTest::keyClicks(field, "Ana");
+    EXPECT_EQ(field->text(), "Anafim");
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    EXPECT_EQ(field->text(), "");
+    field->undo();
+    EXPECT_EQ(field->text(), "Anafim");
+    field->clear();
+    QTest::keyClicks(field, "Rita");
+    EXPECT_EQ(field->text(), "Rita");
+    const QString pairs = "a" + QString::fromUtf8("🙂").repeated(20000); // one of them across the end of the line
+    field->setText(pairs);
+    QTest::keyClick(field, Qt::Key_End);
+    EXPECT_FALSE(field->displayText().back().isHighSurrogate());
+    EXPECT_TRUE(field->text() == pairs);
+}

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QStatusBar>
 #include <QTextBlock>
 
 namespace {
@@ -240,14 +241,58 @@ TEST_F(MemoBoxTest, AMillionLinesAreAtOnceThereAndGivenBackWhole)
     memo->setMaxLength(2000000);
     QTest::keyClicks(memo, "ab");
     EXPECT_TRUE(memo->text() == "ab" + text);
-    QTest::keyClick(memo, Qt::Key_End, Qt::ControlModifier);
-    QTest::keyClick(memo, Qt::Key_Backspace); // would take what isn't shown
-    EXPECT_TRUE(memo->text() == "ab" + text);
     memo->selectAll();
     QTest::keyClick(memo, Qt::Key_Delete);
     EXPECT_EQ(memo->text(), "");
     memo->undo();
     EXPECT_TRUE(memo->text() == "ab" + text);
+}
+
+TEST_F(MemoBoxTest, WhatIsNotShownOfManyLinesStaysBehindWhateverIsDeletedOrTyped)
+{
+    auto* memo = shown<MemoBox>();
+    window.statusBar();
+    memo->setMaxLength(2000000);
+    const QString shownLines = QString("x\n").repeated(40000), text = shownLines + "fim\n" + shownLines + "z";
+    const auto expectAtTheEnd = [&](const QString& shown) {
+        EXPECT_TRUE(memo->text() == shown + "fim\n" + shownLines + "z") << memo->text().size();
+    };
+    const auto show = [&](QTextCursor::MoveOperation place) {
+        memo->setText(text);
+        memo->moveCursor(place);
+    };
+    show(QTextCursor::End);
+    expectAtTheEnd(shownLines);
+    EXPECT_EQ(window.statusBar()->currentMessage().toStdString(),
+              "O texto é demasiado longo para ser mostrado todo: o resto mantém-se.");
+    QTest::keyClick(memo, Qt::Key_Delete);
+    QTest::keyClick(memo, Qt::Key_Delete, Qt::ControlModifier);
+    expectAtTheEnd(shownLines);
+    QTest::keyClicks(memo, "ab");
+    expectAtTheEnd(shownLines + "ab");
+    show(QTextCursor::End);
+    QTest::keyClick(memo, Qt::Key_Up, Qt::ShiftModifier);
+    QTest::keyClick(memo, Qt::Key_Delete);
+    expectAtTheEnd(shownLines.chopped(2));
+    show(QTextCursor::End);
+    QTest::keyClick(memo, Qt::Key_Home, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClicks(memo, "a");
+    expectAtTheEnd("a");
+    memo->setText("curto");
+    EXPECT_EQ(memo->text(), "curto");
+}
+
+TEST_F(MemoBoxTest, ACharacterOfTwoUnitsIsNotTypedBeyondTheLimit)
+{
+    auto* memo = shown<MemoBox>();
+    memo->setMaxLength(3);
+    memo->setText("abc");
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString::fromUtf8("🙂"));
+    QApplication::sendEvent(memo, &key);
+    EXPECT_EQ(memo->text(), "abc");
+    memo->setText("a");
+    QApplication::sendEvent(memo, &key);
+    EXPECT_EQ(memo->text().size(), 3);
 }
 
 TEST_F(MemoBoxTest, TabGoesOnToTheNextField)

@@ -38,6 +38,27 @@ TEST_F(ALongText, IsShownByItsBeginning)
     EXPECT_EQ(shownLines(QString(200, 'x')).size(), 201);
 }
 
+TEST_F(ALongText, HasRoomInABoxOnTheScreenAndKeepsItsEnd)
+{
+    const QString question = "\nDeseja abri-lo?";
+    for (const QString& part : {QString("x"), QString("palavra "), QString("W W "), QString("a\n"), QString("\n"),
+                                QString(QChar(0x2028)), QString::fromUtf8("🙂"), "a" + QString::fromUtf8("🙂")})
+    {
+        QSize size;
+        QString text;
+        QTimer::singleShot(0, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            size = box->sizeHint();
+            text = box->text();
+            box->done(0);
+        });
+        showMessage(part.repeated(5000) + question);
+        EXPECT_LT(size.height(), 650) << part.toStdString();
+        EXPECT_TRUE(text.endsWith(question)) << part.toStdString();
+        EXPECT_TRUE(text.isValidUtf16()) << part.toStdString();
+    }
+}
+
 TEST_F(ALongText, WithTagsIsATipAsItStands)
 {
     EXPECT_EQ(shownTip("Ana"), "Ana");

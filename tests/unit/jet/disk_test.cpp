@@ -9,9 +9,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include <sys/stat.h>
@@ -141,6 +143,28 @@ TEST_F(Drafts, LeaveTheTargetWhereTheDiskFails)
     }
 }
 
+TEST_F(Drafts, TellWhatIsWrongWithTheirName)
+{
+    const QString name = QString(245, u'x');
+    const Error error = errorOf([&] { Draft(folder_.filePath(name)).place(); });
+    EXPECT_EQ(error.number, number::pathNotFound);
+    EXPECT_TRUE(error.description.endsWith(name + QStringLiteral("\" é demasiado longo."))) << error.what();
+    EXPECT_EQ(files(), QStringList());
+}
+
+TEST_F(Drafts, TakeAShareOfTheDiskThatIsUsedUpForAFullOne)
+{
+    EXPECT_EQ(writeError({EDQUOT, std::generic_category()}, path("a.orv")).number, number::diskFull);
+}
+
+TEST_F(Drafts, DiskTellsAFileInThePlaceOfAFolder)
+{
+    EXPECT_EQ(disk().makeFolder(path("pasta")), std::error_code());
+    EXPECT_EQ(disk().makeFolder(path("pasta")), std::error_code());
+    EXPECT_EQ(disk().makeFolder(write("ficheiro", "x")), std::errc::not_a_directory);
+    EXPECT_EQ(content(path("ficheiro")), "x");
+}
+
 TEST_F(Drafts, OfAKilledProgramAreRemovedByTheNextOne)
 {
     OtherProcess other(path("a.orv"));
@@ -202,6 +226,20 @@ TEST_F(Drafts, AClaimHoldsThroughEveryNameOfAFileAndGoesWithItsProcess)
     ASSERT_EQ(mkfifo(path("f.orv").toUtf8(), 0600), 0);
     EXPECT_EQ(Claim().take(path("f.orv")), Claim::Outcome::Unknown);
     EXPECT_EQ(Claim().take(QStringLiteral("/dev/null")), Claim::Outcome::Unknown);
+}
+
+TEST_F(Drafts, AClaimIsNoneOfTheProgramsThatAreStartedMeanwhile)
+{
+    const QString file = write("a.orv", "x");
+    Claim claim;
+    ASSERT_EQ(claim.take(file), Claim::Outcome::Taken);
+    QProcess started;
+    started.start(QStringLiteral("sleep"), {QStringLiteral("60")});
+    ASSERT_TRUE(started.waitForStarted());
+    claim.release();
+    EXPECT_EQ(claim.take(file), Claim::Outcome::Taken);
+    started.kill();
+    started.waitForFinished();
 }
 
 } // namespace jet::test

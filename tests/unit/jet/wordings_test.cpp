@@ -16,7 +16,8 @@ const QRegularExpression& english()
     static const QRegularExpression words(
         QStringLiteral("\\b(the|no such|not|cannot|too many|already|error|near|syntax|failed|table|column|function|"
                        "malformed|database|disk|unable|wrong|number of|must|may|with|without|constraint|misuse|"
-                       "unknown|unsupported|statement|value|values|terms|large|string|big|index|of)\\b"));
+                       "unknown|unsupported|statement|value|values|terms|large|string|big|index|of|result|set|"
+                       "subqueries|parameters|expressions|functions)\\b"));
     return words;
 }
 
@@ -102,10 +103,14 @@ TEST(AMessageOfTheEngine, IsToldInPortugueseForEveryRefusalOfAStatement)
                            "create table t (a, a)",
                            "create table t (a as (1))",
                            "create table t (a check (zz > 1))",
+                           "create table t (a check (a > (select 1)))",
+                           "create table t (a check (a > ?1))",
                            "create table t (a default (b))",
                            "create index jj on zz (a)",
                            "create index jj on vv (a)",
                            "create index jj on bb (random())",
+                           "create index jj on bb ((select 1))",
+                           "create index jj on bb (a) where b = ?1",
                            "create virtual table t using zz",
                            "create table t (a collate zz primary key)",
                            "select 'a' = 'b' collate zz",
@@ -143,6 +148,9 @@ TEST(AMessageOfTheEngine, IsToldInPortugueseForEveryRefusalOfAStatement)
         wide += ", 1";
         if (i < 70) joined += ", aa as t" + QString::number(i);
     }
+    const QString columns = QString("a, ").repeated(3000) + "a", changes = QString("a = 1, ").repeated(3000) + "a = 1";
+    statements << "create index jj on bb (" + columns + ")"
+               << "update bb set " + changes;
     statements << "select " + deep << "select " + wide << "select 1 from " + joined << parts;
     for (const QString& sql : statements) {
         sqlite3_exec(engine, "rollback", nullptr, nullptr, nullptr);

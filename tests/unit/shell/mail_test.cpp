@@ -1,6 +1,9 @@
 #include "shell/frmMail.h"
 
-#include <gtest/gtest.h>
+#include "control.h"
+#include "platform/desktop/desktop.h"
+#include "shell/startup.h"
+#include "store/parish.h"
 
 TEST(ProblemMail, WithoutPartsTheUrlIsTheBareAddress)
 {
@@ -28,4 +31,23 @@ TEST(ProblemMail, EveryLineBreakIsEncodedAsTwoBytes)
 TEST(ProblemMail, TheAddressStaysAsItIs)
 {
     EXPECT_EQ(mailUrl("João & Cª", "", "", "", ""), "mailto:João & Cª");
+}
+
+TEST_F(Parish, AProblemReportThatNoProgramTakesStaysAsItIsWritten)
+{
+    registerForms();
+    int result = Desktop::noProgram;
+    Desktop::setOpener([&](const QString&) { return result; });
+    Forms::show(FrmMail::Name);
+    auto& form = theForm<FrmMail>();
+    control<MemoBox>(form, "txtBody").setText("O programa parou.");
+    Answer ok("OK");
+    control<CommandButton>(form, "cmdSend").click();
+    EXPECT_EQ(ok.text, "Não foi possível abrir o programa de correio: a mensagem não foi enviada.");
+    ASSERT_TRUE(Forms::isLoaded(FrmMail::Name));
+    EXPECT_EQ(control<MemoBox>(form, "txtBody").text(), "O programa parou.");
+    result = Desktop::success;
+    control<CommandButton>(form, "cmdSend").click();
+    EXPECT_FALSE(Forms::isLoaded(FrmMail::Name));
+    Desktop::setOpener({});
 }

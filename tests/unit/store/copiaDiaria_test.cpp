@@ -237,9 +237,58 @@ TEST_F(DailyCopy, IsNotMadeWhereAFileHasTheNameOfItsFolder)
     ficheiro.write("x");
     ficheiro.close();
     escreve("01");
-    EXPECT_FALSE(nota().isEmpty());
+    EXPECT_TRUE(nota().endsWith("copias\" não é uma pasta.")) << nota().toStdString();
     EXPECT_EQ(ficheiro.size(), 1);
     EXPECT_EQ(paises(bdp), "1");
+}
+
+TEST_F(DailyCopy, ThatCannotHaveItsNameIsToldAndTheWriteGoesOn)
+{
+    const QString longo = pasta.filePath(QString(235, 'x') + ".orv");
+    cnBDP.close();
+    ASSERT_TRUE(QFile::rename(bdp, longo));
+    EXPECT_TRUE(AbreBDP(longo));
+    escreve("01");
+    EXPECT_TRUE(nota().endsWith("é demasiado longo.")) << nota().toStdString();
+    EXPECT_EQ(copias(), QStringList());
+    EXPECT_EQ(paises(longo), "1");
+}
+
+TEST_F(DailyCopy, HasTheNameOfItsBdpHoweverOdd)
+{
+    const QString estranho = pasta.filePath("a %1 %2 'b' \"c\" <b>;\né.orv");
+    cnBDP.close();
+    ASSERT_TRUE(QFile::rename(bdp, estranho));
+    EXPECT_TRUE(AbreBDP(estranho));
+    escreve("01");
+    EXPECT_TRUE(nota().contains("a %1 %2 'b' &quot;c&quot; &lt;b&gt;;")) << nota().toStdString();
+    EXPECT_EQ(copias(), QStringList("a %1 %2 'b' \"c\" <b>;\né_2026-11-22.orv"));
+    EXPECT_EQ(paises(pasta.filePath("copias/" + copias().value(0))), "0");
+}
+
+TEST_F(DailyCopy, IsMadeBeforeTheBdpIsBroughtUpToDate)
+{
+    cnBDP.execute("alter table Familia drop column rpCas");
+    cnBDP.close();
+    hoje = hoje.addDays(1);
+    EXPECT_TRUE(AbreBDP(bdp));
+    EXPECT_TRUE(ExisteColuna("Familia", "rpCas", cnBDP));
+    ASSERT_EQ(copias().size(), 2);
+    jet::Connection copia;
+    copia.open(pasta.filePath("copias/" + copias().last()));
+    EXPECT_FALSE(ExisteColuna("Familia", "rpCas", copia));
+}
+
+TEST_F(DailyCopy, MeetsAClockThatIsSetBack)
+{
+    escreve("01");
+    hoje = hoje.addYears(-3);
+    escreve("02");
+    hoje = hoje.addYears(3);
+    escreve("03");
+    EXPECT_EQ(copias(), (QStringList{"arga_2023-11-22.orv", "arga_2026-11-22.orv"}));
+    EXPECT_EQ(paises(pasta.filePath("copias/arga_2026-11-22.orv")), "0");
+    EXPECT_EQ(paises(pasta.filePath("copias/arga_2023-11-22.orv")), "1");
 }
 
 TEST_F(DailyCopy, IsToldInTheStatusBarUntilTheSessionEnds)
