@@ -102,14 +102,14 @@ void FrmFam::recebeFilho(FrmInd& filho)
     ActualizaFilhos();
 }
 
-// The person stays, the link to the family goes.
+// The person stays, the link to this family goes: that to another one, made elsewhere since, isn't touched.
 void FrmFam::cmdElimF_Click()
 {
     guarded([&] {
         if (EmPesquisa || !adoFilhos.hasRows() || dtgFilho->row() == 0) return;
         if (!ask("Tem a certeza que deseja eliminar este registo?")) return;
-        cnBDP.execute(jet::NativeSql("update individuo set famorig = null where nind = ?",
-                                     {dtgFilho->textMatrix(dtgFilho->row(), 0)}));
+        cnBDP.execute(jet::NativeSql("update individuo set famorig = null where nind = ? and famorig = ?",
+                                     {dtgFilho->textMatrix(dtgFilho->row(), 0), Nfam::doCampo(numero()).paraColuna()}));
         adoFilhos.refresh();
         ActualizaFilhos();
     });
