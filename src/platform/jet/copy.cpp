@@ -45,6 +45,14 @@ public:
 
     int step(int pages) { return sqlite3_backup_step(backup_, pages); }
 
+    // After a step: whether all will be done in that time, by the pace so far, which the first moments don't tell.
+    bool willEndWithin(Clock::duration time, Clock::duration spent) const
+    {
+        const int pages = sqlite3_backup_pagecount(backup_);
+        const int done = pages - sqlite3_backup_remaining(backup_);
+        return spent < time && (spent < time / 6 || spent * pages < time * done);
+    }
+
     void finish()
     {
         const int code = sqlite3_backup_finish(std::exchange(backup_, nullptr));
@@ -85,10 +93,10 @@ bool copyPages(sqlite3* from, const QString& copy, const QString& source, const 
                std::chrono::milliseconds time)
 {
     const bool limited = time != std::chrono::milliseconds::max();
-    const auto end = limited ? Clock::now() + time : Clock::time_point::max();
+    const auto start = Clock::now();
     Copying copying(from, copy, source, target);
     while (copying.step(limited ? pagesAtOnce : -1) == SQLITE_OK)
-        if (Clock::now() > end) return false;
+        if (!copying.willEndWithin(time, Clock::now() - start)) return false;
     copying.finish();
     return true;
 }

@@ -17,8 +17,9 @@ bool hasMoved(sqlite3* database);
 // `source`.
 void copyDatabase(sqlite3* database, const QString& source, const QString& target);
 
-// Copies what `from` sees into the empty file `copy`, which nobody else has open, and syncs nothing. Gives up after
-// that time, and returns false then. Throws Error, naming `source` or `target`, whichever has failed.
+// Copies what `from` sees into the empty file `copy`, which nobody else has open, and syncs nothing. Gives up as
+// soon as it is clear that this takes longer than that time, and returns false then. Throws Error, naming `source` or
+// `target`, whichever has failed.
 bool copyPages(sqlite3* from, const QString& copy, const QString& source, const QString& target,
                std::chrono::milliseconds time = std::chrono::milliseconds::max());
 
