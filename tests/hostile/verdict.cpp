@@ -1,5 +1,6 @@
 #include "verdict.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -27,6 +28,14 @@ qsizetype lost(const QList<QByteArray>& then, const QList<QByteArray>& now)
     QList<QByteArray> gone;
     std::set_difference(then.begin(), then.end(), now.begin(), now.end(), std::back_inserter(gone));
     return gone.size();
+}
+
+// A log with nothing in it, which the engine takes away when it closes the file.
+QStringList emptyLog(const FolderState& files)
+{
+    static const QByteArray nothing = QCryptographicHash::hash({}, QCryptographicHash::Sha1);
+    const QString name = "bdp.orv-wal";
+    return files.value(name).endsWith(nothing) ? QStringList(name) : QStringList();
 }
 
 QString brokenOff(const Look& look, const Ending& ending)
@@ -93,7 +102,7 @@ QString verdict(const Site& site, const Before& before, const Look& look, const 
     if (const QString reason = wrongBox(state); !reason.isEmpty()) return reason;
     const FolderState now = folderState(site.folder());
     if (!look.opened) {
-        const QString change = difference(before.files, now);
+        const QString change = difference(before.files, now, emptyLog(before.files));
         return change.isEmpty() ? QString() : "refused, and " + change;
     }
     // The name of the file, and of what stands for it beside it.

@@ -46,6 +46,7 @@ struct Job
     QString folder;
     QProcess process;
     QTimer watch;
+    QDateTime begun = QDateTime::currentDateTime();
     bool hung = false;
 
     QString outcome() const { return contents(folder + "/outcome"); }
@@ -130,7 +131,8 @@ private:
     static void lookAt(Job& job)
     {
         const QFileInfo steps(job.folder + "/steps.txt");
-        if (steps.exists() && steps.lastModified().secsTo(QDateTime::currentDateTime()) > patience) {
+        const QDateTime last = steps.exists() ? steps.lastModified() : job.begun;
+        if (last.secsTo(QDateTime::currentDateTime()) > patience) {
             job.hung = true;
             job.process.kill();
         }
