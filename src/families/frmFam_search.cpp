@@ -161,13 +161,12 @@ Filtro FrmFam::filtroDosCampos() const
     if (!pai.isEmpty() && !mae.isEmpty())
         // A man and a woman of one family are two people: so each is found by itself, and a file whose families are
         // crowds is gone through twice instead of pair by pair.
-        filtro.junta(
-            " nfamilia in (SELECT famPai.nfamilia FROM individuo AS pai INNER JOIN Familias AS famPai ON "
-            "pai.nind = famPai.nind where pai.sexo ='m' and pai.nome like " +
-            digitado(pai) +
-            ") and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN Familias AS famMae ON "
-            "mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like " +
-            digitado(mae) + ")");
+        filtro.junta(" nfamilia in (SELECT famPai.nfamilia FROM individuo AS pai INNER JOIN Familias AS famPai ON "
+                     "pai.nind = famPai.nind where pai.sexo ='m' and pai.nome like " +
+                     digitado(pai) +
+                     ") and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN Familias AS famMae ON "
+                     "mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like " +
+                     digitado(mae) + ")");
     else if (!pai.isEmpty())
         filtro.junta(" nfamilia in (select familia.nfamilia from familia, individuo, familias where "
                      "familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = familias.nind and "
