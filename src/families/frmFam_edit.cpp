@@ -172,13 +172,13 @@ void FrmFam::confirmaAlteracao()
 // says nothing.
 Colunas FrmFam::colunasDaFicha() const
 {
-    const auto textoDaData = [](const MaskedEdit* campo) { return preenchido(campo) ? campo->text() : QVariant(); };
+    const auto dataDe = [](const MaskedEdit* campo) { return preenchido(campo) ? campo->text() : QVariant(); };
     return Colunas{{"sfamilia", itemDe(cmbSit)},
                    {"tipocasal", Trim(cmbTipoFam->text())},
-                   {"datacasam", textoDaData(mskData)},
+                   {"datacasam", dataDe(mskData)},
                    {"dcasamfixa", eData(mskData->text()) ? chkDF->isChecked() : QVariant()},
-                   {"inicioobs", textoDaData(mskini)},
-                   {"fimobs", textoDaData(mskFim)},
+                   {"inicioobs", dataDe(mskini)},
+                   {"fimobs", dataDe(mskFim)},
                    {"obs", textoDe(txtObs)}} +
            localPara("localcasam", "tipolocalcasam", cmbLoc);
 }

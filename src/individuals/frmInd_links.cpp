@@ -62,8 +62,8 @@ void FrmInd::mostraArvore()
 // statements.
 Dono FrmInd::dono()
 {
-    const bool digitado = inserindo() || (modo() == Modo::Loc && !numero().isEmpty());
-    const QString dele = digitado ? textoDoNumero(registoDoTexto(numero())) : numero();
+    const bool foiDigitado = inserindo() || (modo() == Modo::Loc && !numero().isEmpty());
+    const QString dele = foiDigitado ? textoDoNumero(registoDoTexto(numero())) : numero();
     return {TipoDeDono::Individuo, dele, nome(), mskDtNasc->text(), this, &adoNind.recordset()};
 }
 

@@ -161,7 +161,8 @@ const sqlite3_io_methods methods{1,           closeFile,  readFile,        write
 
 int openFile(sqlite3_vfs*, sqlite3_filename name, sqlite3_file* file, int flags, int* given)
 {
-    auto& own = *new (file) File{};
+    File* const made = new (file) File;
+    File& own = *made;
     own.below = reinterpret_cast<sqlite3_file*>(&own + 1);
     own.file = -1;
     if (recorder().fault(Call::Open) != Fault::None) return SQLITE_CANTOPEN;

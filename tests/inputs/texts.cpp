@@ -151,7 +151,7 @@ QString longText(Dice& dice, bool pasted)
 }
 
 // Half a character at the end of what was cut is none.
-QString whole(QString text)
+QString whole(const QString& text)
 {
     QString kept;
     for (const char32_t character : text.toUcs4())

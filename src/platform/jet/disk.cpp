@@ -145,7 +145,7 @@ std::uintmax_t Disk::available(const QString& folder)
 
 Disk& disk()
 {
-    static Disk real;
+    static Disk real{};
     return replaced ? *replaced : real;
 }
 

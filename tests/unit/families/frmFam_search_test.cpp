@@ -24,11 +24,10 @@ TEST_F(Parish, IsSearchedForCouplesWithWildcardsWithoutTryingEveryPair)
     Forms::add(FrmFam::Name, [] { return new FrmFam; });
     Forms::add("frmResult", [] { return new FrmResult; });
     Forms::show(FrmFam::Name);
-    using namespace std::chrono_literals;
     bool ended = false;
     cnBDP.onLongStatement(
         [&](std::chrono::milliseconds elapsed) {
-            ended = elapsed > 5s;
+            ended = elapsed > std::chrono::seconds(5);
             return !ended;
         },
         {});

@@ -5,8 +5,6 @@
 
 namespace jet::test {
 
-using namespace std::chrono_literals;
-
 class ALongStatement : public TestBdp
 {
 protected:
@@ -20,7 +18,7 @@ protected:
         bdp.onLongStatement(
             [&](std::chrono::milliseconds elapsed) {
                 ++asked;
-                EXPECT_GE(elapsed, 300ms);
+                EXPECT_GE(elapsed, std::chrono::milliseconds(300));
                 if (meanwhile) meanwhile();
                 return elapsed < patience;
             },
@@ -30,7 +28,7 @@ protected:
     // A thousand million rows.
     static constexpr auto endless = "select count(*) as n from t as x, t as y, t as z where x.a + y.a + z.a = -1";
 
-    std::chrono::milliseconds patience = 500ms;
+    std::chrono::milliseconds patience{500};
     std::function<void()> meanwhile;
     int asked = 0;
     int over = 0;
@@ -83,7 +81,7 @@ TEST_F(ALongStatement, ThatOnlyReadsLeavesWhatItsTransactionHasWritten)
 
 TEST_F(ALongStatement, GoesOnWhereNobodyEndsIt)
 {
-    patience = 1h;
+    patience = std::chrono::hours(1);
     run("create table u (a long)");
     EXPECT_EQ(run("insert into u (a) select x.a from t as x, t as y where y.a < 1000 and x.a + y.a + 1 > 0"),
               1'000'000);
@@ -113,7 +111,7 @@ TEST_F(ALongStatement, LetsNoOtherStatementRunMeanwhile)
 
 TEST_F(ALongStatement, EndsWithTheCloseOfItsConnection)
 {
-    patience = 1h;
+    patience = std::chrono::hours(1);
     meanwhile = [&] { bdp.close(); };
     EXPECT_NE(numberOf([&] { select(endless); }), 0);
     EXPECT_EQ(over, 1);
