@@ -173,13 +173,11 @@ void FrmFam::confirmaAlteracao()
 Colunas FrmFam::colunasDaFicha() const
 {
     const auto dataDe = [](const MaskedEdit* campo) { return preenchido(campo) ? campo->text() : QVariant(); };
-    return Colunas{{"sfamilia", itemDe(cmbSit)},
-                   {"tipocasal", Trim(cmbTipoFam->text())},
-                   {"datacasam", dataDe(mskData)},
-                   {"dcasamfixa", eData(mskData->text()) ? chkDF->isChecked() : QVariant()},
-                   {"inicioobs", dataDe(mskini)},
-                   {"fimobs", dataDe(mskFim)},
-                   {"obs", textoDe(txtObs)}} +
+    return Colunas{
+               {"sfamilia", itemDe(cmbSit)},   {"tipocasal", Trim(cmbTipoFam->text())},
+               {"datacasam", dataDe(mskData)}, {"dcasamfixa", eData(mskData->text()) ? chkDF->isChecked() : QVariant()},
+               {"inicioobs", dataDe(mskini)},  {"fimobs", dataDe(mskFim)},
+               {"obs", textoDe(txtObs)}} +
            localPara("localcasam", "tipolocalcasam", cmbLoc);
 }
 

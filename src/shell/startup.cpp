@@ -112,7 +112,7 @@ void registerForms()
 bool statementGoesOn(std::chrono::milliseconds elapsed)
 {
     using namespace std::chrono;
-    if (elapsed >= std::chrono::seconds(10))
+    if (elapsed >= seconds(10))
         LongWork::tell(QStringLiteral("A operação demora há %1 segundos e continua. A tecla Escape interrompe-a.")
                            .arg(duration_cast<seconds>(elapsed).count()));
     return !LongWork::escapePressed();
