@@ -6,7 +6,12 @@ namespace jet {
 
 namespace {
 
-constexpr QChar byteOrderMark(0xfeff); // a blank to the engine, but within a word
+// Between two words. To the engine the mark of a byte order is a blank there, and no other character beyond ASCII is.
+bool isBlank(QChar c)
+{
+    constexpr QChar byteOrderMark(0xfeff);
+    return c == byteOrderMark || (c.unicode() <= 127 && c.isSpace());
+}
 
 bool belongsToWord(QChar c)
 {
@@ -31,7 +36,7 @@ private:
     void readOne()
     {
         const QChar c = s_[at_];
-        if (c == byteOrderMark)
+        if (isBlank(c))
             ++at_;
         else if (startsWith("--"))
             skipTo(s_.indexOf(u'\n', at_), 1);
@@ -41,10 +46,8 @@ private:
             readQuoted(c == u'[' ? u']' : c);
         else if (belongsToWord(c))
             readWord();
-        else if (!c.isSpace())
-            add(SchemaWord::Symbol, s_[at_++]);
         else
-            ++at_;
+            add(SchemaWord::Symbol, s_[at_++]);
     }
 
     void skipTo(qsizetype end, qsizetype length) { at_ = end < 0 ? s_.size() : end + length; }
