@@ -145,7 +145,7 @@ int cutPower(const QList<Recording>& recordings, const Options& options, const Q
     qsizetype left = options.points;
     for (const Recording& recording : recordings) {
         const qsizetype round = pointsOfOneRound(recording);
-        const qsizetype share = left * round / whole;
+        const qsizetype share = whole > 0 ? left * round / whole : 0;
         left -= share;
         whole -= round;
         const QList<Point> points =

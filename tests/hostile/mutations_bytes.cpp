@@ -126,7 +126,7 @@ const QList<Mutation>& byteMutations()
          [](Site& site, Dice& dice) {
              alter(site, [&](QByteArray& bytes) {
                  bytes += dice.chance(50) ? noise(dice, 1 + dice.below(20000))
-                                          : QByteArray(pageSize(bytes) * (1 + dice.below(5)), '\0');
+                                          : QByteArray(qsizetype(pageSize(bytes)) * (1 + dice.below(5)), '\0');
              });
          }},
         {"a page of zeros",

@@ -16,8 +16,11 @@ QByteArray journalHead(quint32 records, quint32 pages, quint32 pageSize)
     QByteArray head(512, '\0');
     head.replace(0, journalMagic.size(), journalMagic);
     const quint32 numbers[] = {records, 0, pages, 512, pageSize};
-    for (int i = 0; i < 5; ++i)
-        qToBigEndian(numbers[i], head.data() + 8 + 4 * i);
+    char* at = head.data() + journalMagic.size();
+    for (const quint32 number : numbers) {
+        qToBigEndian(number, at);
+        at += sizeof number;
+    }
     return head;
 }
 

@@ -23,7 +23,8 @@ void makeSocket(const QString& path)
     if (name.size() >= qsizetype(sizeof address.sun_path)) return;
     qstrncpy(address.sun_path, name.constData(), sizeof address.sun_path);
     const int handle = socket(AF_UNIX, SOCK_STREAM, 0);
-    bind(handle, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    if (bind(handle, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+        qWarning("no socket could be made at %s", name.constData());
     close(handle);
 }
 

@@ -54,13 +54,13 @@ constexpr const char* triggers[] = {
     "create trigger t before insert on %1 begin select raise(fail, 'VOZ DO FICHEIRO'); end",
     "create trigger t after delete on %1 begin delete from individuo; end",
     "create trigger t after insert on individuo begin delete from %1; end",
-    "create trigger t after update on infopar begin with recursive c(n) as (select 1 union all select n + 1 from c) "
-    "insert into %1 select n from c; end",
+    ("create trigger t after update on infopar begin with recursive c(n) as (select 1 union all select n + 1 from c) "
+     "insert into %1 select n from c; end"),
 };
 constexpr const char* views[] = {
     "alter table %1 rename to velha; create view %1 as select * from velha",
-    "alter table %1 rename to velha; create view %1 as select velha.* from velha, (with recursive c(n) as (select 1 "
-    "union all select n + 1 from c) select n from c)",
+    ("alter table %1 rename to velha; create view %1 as select velha.* from velha, (with recursive c(n) as (select 1 "
+     "union all select n + 1 from c) select n from c)"),
     "drop table %1; create view %1 as with recursive c(n) as (select 1 union all select n + 1 from c) select n from c",
     "create view minha as with recursive c(n) as (select 1 union all select n + 1 from c) select n from c",
     "drop table %1; create view %1 as select * from %1",
@@ -96,8 +96,8 @@ constexpr const char* shapes[] = {
     "create table n as select *, * from %1; drop table %1; alter table n rename to %1",
     "drop table %1; create table %1 (a)",
     "drop table %1; create table %1 (cod text primary key, nome text) without rowid",
-    "create table n (nind, nome, nfamilia, primary key (nind, nome, nfamilia)) without rowid; drop table %1;"
-    "alter table n rename to %1",
+    ("create table n (nind, nome, nfamilia, primary key (nind, nome, nfamilia)) without rowid; drop table %1;"
+     "alter table n rename to %1"),
     "create table \"sim; drop table individuo\" (a)",
     "create table sqlitex_a (a); create table \"'\" (\"'\")",
 };
