@@ -104,6 +104,7 @@ TEST_F(DailyCopy, IsMadeBeforeTheFirstStatementOfATransactionWhateverBecomesOfIt
     cnBDP.commitTrans();
     EXPECT_EQ(copias().size(), 1);
     escreve("04");
+    EXPECT_EQ(copias().size(), 2);
     EXPECT_EQ(paises(pasta.filePath("copias/arga_2026-11-23.orv")), "2");
 }
 
