@@ -4,6 +4,7 @@
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QStatusBar>
 
 namespace {
 

@@ -109,7 +109,7 @@ TEST_F(AGuardedConnection, DoesNotSpeakWithTheVoiceOfAFile)
 
 TEST_F(AGuardedConnection, TakesNoValueWithoutMeasure)
 {
-    const QString huge(17 * 1024 * 1024, u'x');
+    const QString huge(qsizetype(17) * 1024 * 1024, u'x');
     const Error error =
         errorOf([&] { bdp.execute(NativeSql(QStringLiteral("update individuo set obs = ? where nind = 1"), {huge})); });
     EXPECT_EQ(error.number, number::invalidStatement);
