@@ -132,7 +132,7 @@ TEST_F(DailyCopy, IsOnTheDiskBeforeItHasItsNameAndBeforeAnOlderOneGoes)
     jet::test::RecordedDisk disk;
     escreve("02");
     esperaCopiaDiaria();
-    const QStringList feito = disk.done();
+    const QStringList& feito = disk.done();
     EXPECT_EQ(feito.mid(0, 6).join(' '),
               "makefolder copias make x sync x place x>arga_2026-11-23.orv syncfolder syncfolder");
     EXPECT_EQ(feito.last(), "syncfolder");
