@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr int toStart = 30000; // milliseconds that a start may take
-constexpr qint64 toEnter = 1500;  // after which the program is killed at the latest
+constexpr int toStart = 30000;   // milliseconds that a start may take
+constexpr qint64 toEnter = 1500; // after which the program is killed at the latest
 
 // A person as it is typed on the card: name, sex, title, nickname, notes; then "conf&Irmar".
 QByteArray person(const QString& mark)
