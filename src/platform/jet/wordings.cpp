@@ -160,7 +160,7 @@ constexpr Wording wordings[]{
     {"(?:cannot open (?:value|view|virtual|table|.+ column)|cannot create|unable to open a temporary|vtable|"
      ".+ cannot reference objects).*",
      "A instrução não é possível com essa tabela."},
-    {"ON CONFLICT clause .+|UPSERT not implemented .+", "A instrução não é possível com essa tabela."},
+    {"ON CONFLICT clause .+|UPSERT .+", "A instrução não é possível com essa tabela."},
 
     // The file and the transaction
     {"malformed database schema \\((.+)\\).*", "A estrutura da BDP \"%2\" está danificada, em \"%1\"."},
