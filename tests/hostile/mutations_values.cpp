@@ -104,17 +104,20 @@ QString strangeValue(Dice& dice)
     }
 }
 
+// A strange value in any column of one of the first rows.
+static void setOne(Raw& raw, const QString& table, Dice& dice)
+{
+    set(raw, table, aColumn(raw, table, dice), strangeValue(dice), QStringLiteral("rowid = %1").arg(1 + dice.below(5)));
+}
+
 const QList<Mutation>& valueMutations()
 {
     static const QList<Mutation> all{
         {"a strange value",
          [](Site& site, Dice& dice) {
              Raw raw(site.bdp());
-             for (int count = 1 + dice.below(6); count > 0; --count) {
-                 const QString table = aTable(raw, dice);
-                 set(raw, table, aColumn(raw, table, dice), strangeValue(dice),
-                     QStringLiteral("rowid = %1").arg(1 + dice.below(5)));
-             }
+             for (int count = 1 + dice.below(6); count > 0; --count)
+                 setOne(raw, aTable(raw, dice), dice);
          }},
         {"a column of strange values",
          [](Site& site, Dice& dice) {
@@ -136,8 +139,7 @@ const QList<Mutation>& valueMutations()
              const QString table = aTable(raw, dice);
              loosen(raw, table);
              for (int count = 1 + dice.below(6); count > 0; --count)
-                 set(raw, table, aColumn(raw, table, dice), strangeValue(dice),
-                     QStringLiteral("rowid = %1").arg(1 + dice.below(5)));
+                 setOne(raw, table, dice);
          }},
         {"the same row many times",
          [](Site& site, Dice& dice) {

@@ -46,6 +46,16 @@ protected:
     {
         cnBDP.execute("insert into pais (codpais, nomepais) values ('" + codigo + "', 'X')");
     }
+    // 3,000 professions of two thousand letters each.
+    static void tornaGrande()
+    {
+        cnBDP.beginTrans();
+        for (int i = 0; i < 3000; ++i)
+            cnBDP.execute(QString("insert into profissao (codprof, profissao, obs) values (%1, 'x', '%2')")
+                              .arg(i)
+                              .arg(QString(2000, 'x')));
+        cnBDP.commitTrans();
+    }
     QStringList copias() const
     {
         esperaCopiaDiaria();
@@ -146,12 +156,7 @@ TEST_F(DailyCopy, IsOnTheDiskBeforeItHasItsNameAndBeforeAnOlderOneGoes)
 TEST_F(DailyCopy, OfALargeBdpIsMadeBehindTheWriterWhoDoesNotWait)
 {
     setEsperaDaCopia(0);
-    cnBDP.beginTrans();
-    for (int i = 0; i < 3000; ++i)
-        cnBDP.execute(QString("insert into profissao (codprof, profissao, obs) values (%1, 'x', '%2')")
-                          .arg(i)
-                          .arg(QString(2000, 'x')));
-    cnBDP.commitTrans();
+    tornaGrande();
     EXPECT_EQ(copias().size(), 1); // of the small one, at the first write
     hoje = hoje.addDays(1);
     for (int i = 0; i < 20; ++i)
@@ -164,12 +169,7 @@ TEST_F(DailyCopy, OfALargeBdpIsMadeBehindTheWriterWhoDoesNotWait)
 
 TEST_F(DailyCopy, UnderWayIsDroppedCleanlyAtTheEndOfTheSessionAndMadeInTheNext)
 {
-    cnBDP.beginTrans();
-    for (int i = 0; i < 3000; ++i)
-        cnBDP.execute(QString("insert into profissao (codprof, profissao, obs) values (%1, 'x', '%2')")
-                          .arg(i)
-                          .arg(QString(2000, 'x')));
-    cnBDP.commitTrans();
+    tornaGrande();
     ASSERT_EQ(copias().size(), 1);
     hoje = hoje.addDays(1);
     setEsperaDaCopia(0);
