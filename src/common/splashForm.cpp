@@ -21,7 +21,7 @@ SplashForm::SplashForm() : Form(Name, Window::Own), ui(std::make_unique<Ui::Spla
 {
     ui->setupUi(this);
     ui->Image1->setPixmap(windowIcon().pixmap(96, 96));
-    connect(&Timer1, &QTimer::timeout, this, &SplashForm::Timer1_Timer);
+    connect(&Timer1, &Alarm::rings, this, &SplashForm::Timer1_Timer);
 }
 
 SplashForm::~SplashForm() = default;
@@ -30,7 +30,7 @@ void SplashForm::Form_Load()
 {
     ui->Label3->setText(versionText());
     readyToClose_ = false;
-    Timer1.start(3 * 1000);
+    Timer1.set(std::chrono::seconds(3));
     display();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
@@ -44,7 +44,6 @@ void SplashForm::showStep(const QString& text)
 
 void SplashForm::Timer1_Timer()
 {
-    Timer1.stop();
     readyToClose_ = true;
     emit ready();
 }
@@ -64,7 +63,7 @@ void SplashForm::Form_KeyDown(int key)
 {
     if (key != Qt::Key_Escape) return;
     readyToClose_ = true;
-    Timer1.stop();
+    Timer1.off();
     conceal();
     emit ready();
 }

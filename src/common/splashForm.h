@@ -2,8 +2,7 @@
 #pragma once
 
 #include "platform/forms/form.h"
-
-#include <QTimer>
+#include "platform/time/clock.h"
 
 #include <memory>
 
@@ -45,7 +44,7 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     std::unique_ptr<Ui::SplashForm> ui;
-    QTimer Timer1;
+    Alarm Timer1;
     bool readyToClose_ = false;
 };
 

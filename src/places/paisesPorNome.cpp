@@ -17,8 +17,9 @@ QString simples(const QString& texto)
 
 void PaisesPorNome::keyboardSearch(const QString& letras)
 {
-    if (!ultima_.isValid() || ultima_.elapsed() > QApplication::keyboardInputInterval()) escrito_.clear();
-    ultima_.start();
+    const Clock::Time agora = Clock::now();
+    if (agora - ultima_ > std::chrono::milliseconds(QApplication::keyboardInputInterval())) escrito_.clear();
+    ultima_ = agora;
     const QString acrescento = simples(letras);
     // The same letter again leads to the next country that begins with it.
     const bool mesma = !escrito_.isEmpty() && escrito_ == acrescento;

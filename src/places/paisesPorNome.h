@@ -1,7 +1,8 @@
 // The list of countries as the keyboard finds its way in it.
 #pragma once
 
-#include <QElapsedTimer>
+#include "platform/time/clock.h"
+
 #include <QListView>
 
 // The entries of a list of countries, "PT - Portugal". Letters typed on it, or on the list while it is closed, find the
@@ -15,6 +16,6 @@ public:
     void keyboardSearch(const QString& letras) override;
 
 private:
-    QString escrito_; // in one go
-    QElapsedTimer ultima_;
+    QString escrito_;    // in one go
+    Clock::Time ultima_; // letra
 };

@@ -1,6 +1,8 @@
 // Looks at a statement that runs for long.
 #pragma once
 
+#include "platform/time/clock.h"
+
 #include <chrono>
 #include <functional>
 
@@ -27,13 +29,11 @@ public:
     void stop() { stopped_ = true; } // the statement ends as soon as goesOn returns
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     static int look(void* watch);
     bool mayGoOn();
 
-    Clock::time_point since_;
-    Clock::time_point asked_;
+    Clock::Time since_;
+    Clock::Time asked_;
     bool timed_ = false; // since_ holds
     bool told_ = false;  // somebody was asked: over must follow
     bool asking_ = false;

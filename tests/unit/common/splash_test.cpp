@@ -30,9 +30,21 @@ TEST_F(Splash, ItStandsWithItsVersionAndTheTextOfTheStep)
     EXPECT_EQ(splashForm().findChild<QLabel*>("Label3")->text(), "Versão 1.0.6");
 }
 
+TEST_F(Splash, TheWaitIsOverAfterThreeSeconds)
+{
+    splashForm().showStep("um");
+    Clock::pass(std::chrono::seconds(2));
+    EXPECT_FALSE(splashForm().ReadyToClose());
+    QTimer::singleShot(0, &splashForm(), [] { Clock::pass(std::chrono::seconds(1)); });
+    splashForm().waitUntilReady();
+    EXPECT_TRUE(splashForm().ReadyToClose());
+    EXPECT_TRUE(splashForm().isShown());
+}
+
 TEST_F(Splash, EscapeEndsTheWaitAndHidesItWhoeverHasTheKeyboard)
 {
-    QTimer::singleShot(20, button, [this] { QTest::keyClick(button, Qt::Key_Escape); });
+    splashForm().showStep("um");
+    QTimer::singleShot(0, button, [this] { QTest::keyClick(button, Qt::Key_Escape); });
     splashForm().waitUntilReady();
     EXPECT_TRUE(splashForm().ReadyToClose());
     EXPECT_TRUE(Forms::isLoaded("SplashForm"));
@@ -41,7 +53,8 @@ TEST_F(Splash, EscapeEndsTheWaitAndHidesItWhoeverHasTheKeyboard)
 
 TEST_F(Splash, ClosingItCountsAsEscape)
 {
-    QTimer::singleShot(20, &splashForm(), [] { splashForm().close(); });
+    splashForm().showStep("um");
+    QTimer::singleShot(0, &splashForm(), [] { splashForm().close(); });
     splashForm().waitUntilReady();
     EXPECT_TRUE(splashForm().ReadyToClose());
     EXPECT_TRUE(Forms::isLoaded("SplashForm"));
@@ -50,11 +63,12 @@ TEST_F(Splash, ClosingItCountsAsEscape)
 
 TEST_F(Splash, NothingElseCanBeUsedDuringTheWaitAndEverythingAfterIt)
 {
-    QTimer::singleShot(20, button, [this] {
+    splashForm().showStep("um");
+    QTimer::singleShot(0, button, [this] {
         QTest::mouseClick(button, Qt::LeftButton);
         QTest::keyClick(button, Qt::Key_Space);
+        QTest::keyClick(&splashForm(), Qt::Key_Escape);
     });
-    QTimer::singleShot(60, &splashForm(), [] { QTest::keyClick(&splashForm(), Qt::Key_Escape); });
     splashForm().waitUntilReady();
     EXPECT_EQ(clicks, 0);
     QTest::mouseClick(button, Qt::LeftButton);

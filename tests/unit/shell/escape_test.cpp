@@ -1,11 +1,13 @@
 // A statement that would not end in a person's life is ended with Escape.
 #include "common/modGeral.h"
 #include "platform/forms/longwork.h"
+#include "platform/time/clock.h"
 #include "shell/startup.h"
 #include "store/parish.h"
 
 #include <QStatusBar>
 
+#include <atomic>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -21,15 +23,26 @@ protected:
         for (int i = 0; i < 1000; ++i)
             cnBDP.execute(QString("insert into lugar (codlugar, nomelugar) values ('%1', 'Eira')").arg(i));
         cnBDP.commitTrans();
-        cnBDP.onLongStatement(statementGoesOn, LongWork::ended);
+        cnBDP.onLongStatement(
+            [this](std::chrono::milliseconds elapsed) {
+                asked = true;
+                return statementGoesOn(elapsed);
+            },
+            LongWork::ended);
+        Clock::passAtEachLook(50ms);
         Form* form = make("frmA", [this](TestForm& each) { text = each.put<TextBox>("txt"); });
         form->display();
         text->setFocus();
         window.statusBar()->showMessage("antes");
         QApplication::processEvents();
     }
-    ~AStatement() override { cnBDP.onLongStatement({}, {}); }
+    ~AStatement() override
+    {
+        Clock::passAtEachLook({});
+        cnBDP.onLongStatement({}, {});
+    }
 
+    std::atomic<bool> asked = false; // whether it goes on
     TextBox* text = nullptr;
 };
 
@@ -44,8 +57,9 @@ TEST_F(AStatement, EndsWithEscapeAndWhatWasTypedMeanwhileIsTypedAfterwards)
     const auto key = [](int code, const QString& letters) {
         return new QKeyEvent(QEvent::KeyPress, code, Qt::NoModifier, letters);
     };
-    std::thread user([handle, keys = QList{key(Qt::Key_A, "a"), key(Qt::Key_Escape, {}), key(Qt::Key_B, "b")}] {
-        std::this_thread::sleep_for(600ms);
+    std::thread user([this, handle, keys = QList{key(Qt::Key_A, "a"), key(Qt::Key_Escape, {}), key(Qt::Key_B, "b")}] {
+        while (!asked)
+            std::this_thread::yield();
         for (QKeyEvent* each : keys)
             QCoreApplication::postEvent(handle, each);
     });
