@@ -6,6 +6,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QThread>
 
 namespace {
 
@@ -16,7 +17,7 @@ QString programFolder()
 
 } // namespace
 
-int runScenarios(int argc, char** argv)
+int runScenarios(int argc, char** argv, std::chrono::milliseconds second)
 {
     if (argc > 1 && qstrcmp(argv[1], "--play") == 0) {
         QStringList arguments;
@@ -33,12 +34,17 @@ int runScenarios(int argc, char** argv)
     const QCommandLineOption keep("keep", "Leaves the folders of failed scenarios in place.");
     const QCommandLineOption program("program", "The program's folder.", "DIR", programFolder());
     const QCommandLineOption limit("limit", "The time for one scenario.", "SECONDS", "120");
-    parser.addOptions({only, keep, program, limit});
+    const QCommandLineOption jobs("jobs", "How many are played at once, where no display is needed.", "NUMBER",
+                                  QString::number(QThread::idealThreadCount()));
+    const QCommandLineOption slowest("slowest", "Tells the times of so many, the slowest first, on the standard error.",
+                                     "NUMBER", "0");
+    parser.addOptions({only, keep, program, limit, jobs, slowest});
     parser.addPositionalArgument("FILE...", "The scenario files.");
     parser.process(application);
     if (parser.positionalArguments().isEmpty()) parser.showHelp(2);
 
     Runner runner({parser.positionalArguments(), parser.values(only), parser.isSet(keep), parser.value(program),
-                   std::max(1, parser.value(limit).toInt())});
+                   std::max(1, parser.value(limit).toInt()), second, std::max(1, parser.value(jobs).toInt()),
+                   std::max(0, parser.value(slowest).toInt())});
     return runner.run() ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -4,6 +4,7 @@
 #include "failure.h"
 #include "quiet.h"
 
+#include "platform/time/clock.h"
 #include "shell/application.h"
 
 #include <QThread>
@@ -15,6 +16,10 @@ extern "C" void __gcov_dump();
 #endif
 
 namespace {
+
+constexpr int tickMilliseconds = 5;
+constexpr int ticksOfPatience = 100;
+constexpr std::chrono::seconds splashTime(3);
 
 // Ends the process as a power cut would. Where lines are counted, it first hands in what it has counted.
 [[noreturn]] void endProcess()
@@ -39,7 +44,7 @@ void Player::tick()
 {
     if (playing_) {
         if (watcher_.keptSplash() && !stage_.isSettling()) playWithin();
-        timer_.start(5);
+        timer_.start(tickMilliseconds);
         return;
     }
     play();
@@ -56,7 +61,7 @@ void Player::play()
             end();
         }
         playing_ = true;
-        timer_.start(5);
+        timer_.start(tickMilliseconds);
         perform(scenario_.steps[stage_.state.next]);
         playing_ = false;
     } catch (const Failure& failure) {
@@ -64,19 +69,22 @@ void Player::play()
     }
 }
 
-// The program waits behind a splash that was left alone: goes on with what a person could do and see meanwhile.
+// The program waits behind a splash that was left alone: goes on with what a person could do and see meanwhile. Where
+// nothing of that is left, or is not to be seen for half a second, the splash's time is let pass.
 void Player::playWithin()
 {
     const State before = stage_.state;
-    if (before.next == scenario_.steps.size()) return;
+    const bool over = before.next == scenario_.steps.size();
+    if (over || within(scenario_.steps[before.next]) == Within::Never) return Clock::pass(splashTime);
     const Step& step = scenario_.steps[before.next];
-    if (within(step) == Within::Never) return;
     try {
         perform(step);
+        idle_ = 0;
     } catch (const Failure& failure) {
         if (within(step) == Within::Always) endWith(failure.reason);
         stage_.state = before; // not to be seen yet
         stage_.save();
+        if (++idle_ % ticksOfPatience == 0) Clock::pass(splashTime);
     }
 }
 

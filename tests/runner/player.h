@@ -26,6 +26,7 @@ private:
     const Scenario& scenario_;
     Watcher watcher_;
     QTimer timer_;
+    int idle_ = 0;         // ticks behind the splash without a step
     bool playing_ = false; // a step is under way; the timer then ticks inside a wait of the program
 };
 

@@ -7,9 +7,9 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTextStream>
-#include <QThread>
 
 #include <algorithm>
 
@@ -38,10 +38,13 @@ struct Runner::Job
     QString folder;
     State state;
     int errorLine = 0; // of a mistake in the text
+    int seconds = 0;   // that it may take
     bool done = false;
     QString lastWords; // of a process that crashed
     QProcess process;
     QTimer limit; // runs out where the scenario takes too long
+    QElapsedTimer clock;
+    qint64 milliseconds = 0; // that it has taken
 
     void fail(const QString& reason)
     {
@@ -88,7 +91,7 @@ struct Runner::Job
     {
         const bool told = state.read(folder + "/state");
         if (!limit.isActive())
-            fail(QStringLiteral("not over after %1 seconds").arg(limit.interval() / 1000));
+            fail(QStringLiteral("not over after %1 seconds").arg(seconds));
         else if (process.error() == QProcess::FailedToStart)
             fail("the process can't be started: " + process.errorString());
         else if (process.exitStatus() == QProcess::CrashExit || process.exitCode() == sanitizerExit || !told)
@@ -149,11 +152,14 @@ void Runner::startNext()
     own.insert("XDG_CONFIG_HOME", job.folder); // where the file dialogs remember folders
     job.process.setProcessEnvironment(own);
     job.process.setWorkingDirectory(job.folder + "/dir");
+    job.seconds = options_.seconds;
     job.limit.setSingleShot(true);
     job.limit.callOnTimeout(&job.process, &QProcess::kill);
-    job.limit.start(options_.seconds * 1000);
+    job.limit.start(options_.seconds * options_.second);
+    job.clock.start();
     const auto over = [this, &job] {
         if (!job.isOver()) return job.startProcess();
+        job.milliseconds = job.clock.elapsed();
         report();
         startNext();
     };
@@ -184,16 +190,29 @@ void Runner::report()
     if (reported_ == jobs_.size()) QCoreApplication::exit();
 }
 
+void Runner::printSlowest() const
+{
+    std::vector<const Job*> jobs;
+    for (const auto& job : jobs_)
+        jobs.push_back(job.get());
+    std::stable_sort(jobs.begin(), jobs.end(),
+                     [](const Job* a, const Job* b) { return a->milliseconds > b->milliseconds; });
+    jobs.resize(std::min(jobs.size(), size_t(options_.slowest)));
+    QTextStream out(stderr);
+    for (const Job* job : jobs)
+        out << job->milliseconds << " ms " << job->told() << '\n';
+}
+
 bool Runner::run()
 {
     collect();
-    // A desktop has one focus: there they play one after the other.
-    const int atOnce = isOffscreen() ? std::max(1, QThread::idealThreadCount()) : 1;
+    const int atOnce = isOffscreen() ? options_.jobs : 1;
     for (int i = 0; i < atOnce; ++i)
         startNext();
     QTimer::singleShot(0, [this] { report(); });
     QCoreApplication::exec();
     folder_.setAutoRemove(!options_.keep || failed_ == 0);
+    printSlowest();
     QTextStream(stdout) << passed_ << " passed, " << failed_ << " failed\n";
     return failed_ == 0;
 }

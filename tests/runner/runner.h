@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 
 struct Options
@@ -17,7 +18,10 @@ struct Options
     QStringList only; // titles; empty: all
     bool keep = false;
     QString programFolder;
-    int seconds = 120; // for one scenario
+    int seconds = 120;                      // for one scenario
+    std::chrono::milliseconds second{1000}; // how long the runner's own clock takes for one of them
+    int jobs = 1;                           // how many are played at once, where no desktop has its one focus
+    int slowest = 0;                        // of how many the times are told
 };
 
 class Runner
@@ -36,6 +40,7 @@ private:
     void startNext();
     void report();
     void print(const Job& job);
+    void printSlowest() const;
     bool chosen(const QString& title) const;
 
     Options options_;
@@ -48,5 +53,6 @@ private:
     int failed_ = 0;
 };
 
-// The whole of orv-scenario: the command, and with hidden arguments the process of one scenario.
-int runScenarios(int argc, char** argv);
+// The whole of orv-scenario: the command, and with hidden arguments the process of one scenario. The limit is counted
+// in seconds of that length.
+int runScenarios(int argc, char** argv, std::chrono::milliseconds second = std::chrono::seconds(1));

@@ -13,6 +13,7 @@ struct Outcome
 {
     int status = -1;
     QStringList lines;
+    QStringList told; // on the standard error
 };
 
 struct Beside
@@ -40,5 +41,6 @@ inline Outcome play(const QString& text, const QStringList& options = {}, const 
     runner.setWorkingDirectory(folder.path());
     runner.start(ORV_PLAYGROUND, options + QStringList{"prova.txt"});
     EXPECT_TRUE(runner.waitForFinished(120000));
-    return {runner.exitCode(), QString::fromUtf8(runner.readAllStandardOutput()).trimmed().split('\n')};
+    return {runner.exitCode(), QString::fromUtf8(runner.readAllStandardOutput()).trimmed().split('\n'),
+            QString::fromUtf8(runner.readAllStandardError()).trimmed().split('\n')};
 }
