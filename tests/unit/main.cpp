@@ -1,7 +1,44 @@
+// orv-unit: the unit tests. --room=NAME leaves all out but those of the folder tests/unit/NAME, and those of other
+// rooms named so.
 #include "quiet.h"
 #include "shell/application.h"
 
 #include <gtest/gtest.h>
+
+namespace {
+
+QStringList namedIn(int argc, char** argv)
+{
+    QStringList rooms;
+    for (int i = 1; i < argc; ++i)
+        if (const QByteArray argument(argv[i]); argument.startsWith("--room="))
+            rooms << QString::fromLocal8Bit(argument.mid(7));
+    return rooms;
+}
+
+QString roomOf(const testing::TestInfo& test)
+{
+    return QString::fromLocal8Bit(test.file()).section("tests/unit/", -1).section('/', 0, 0);
+}
+
+// Of the chosen rooms, as a filter of the tests.
+QString testsOf(const QStringList& rooms)
+{
+    QString names = "-*"; // none, where no test follows
+    const auto& all = *testing::UnitTest::GetInstance();
+    for (int i = 0; i < all.total_test_suite_count(); ++i) {
+        const auto& suite = *all.GetTestSuite(i);
+        for (int j = 0; j < suite.total_test_count(); ++j) {
+            const auto& test = *suite.GetTestInfo(j);
+            if (!rooms.contains(roomOf(test))) continue;
+            if (names.startsWith('-')) names.clear();
+            names += QString::fromUtf8(suite.name()) + '.' + QString::fromUtf8(test.name()) + ':';
+        }
+    }
+    return names;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -9,6 +46,8 @@ int main(int argc, char** argv)
     keepQuietAboutThePlatform();
     testing::InitGoogleTest(&argc, argv);
     Application app(argv);
+    const QStringList rooms = namedIn(argc, argv);
+    if (!rooms.isEmpty()) testing::GTEST_FLAG(filter) = testsOf(rooms).toStdString();
     Q_INIT_RESOURCE(icons);
     QApplication::setStyle(QStringLiteral("Fusion"));
     return RUN_ALL_TESTS();
