@@ -67,13 +67,12 @@ QStringList Content::column(const QString& name) const
 MadeBdp::MadeBdp()
 {
     const QString path = folder_.filePath("made.orv");
-    const QString before = Desktop::programFolder();
     Desktop::setProgramFolder(ORV_DATA_DIR);
     jet::createDatabase(path);
     connection.open("Data Source=" + path);
     CriaTabelas(connection, ORV_DATA_DIR "/CriarTab.dat");
     CarregaDadosIniciais(connection);
-    Desktop::setProgramFolder(before);
+    Desktop::setProgramFolder({}); // its own again
 }
 
 QStringList MadeBdp::rows(const QString& select)
