@@ -17,6 +17,7 @@ void Database::close()
     if (observer.beforeClose) observer.beforeClose();
     while (!statements.empty())
         (*statements.begin())->finalize();
+    prepared.clear();
     sqlite3_close(std::exchange(handle, nullptr)); // rolls back
     claim.release();                               // its end takes the engine's locks along
     path.clear();

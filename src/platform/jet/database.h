@@ -3,6 +3,7 @@
 
 #include "platform/jet/claim.h"
 #include "platform/jet/connection.h"
+#include "platform/jet/prepared.h"
 #include "platform/jet/watch.h"
 
 #include <QString>
@@ -32,7 +33,8 @@ struct Database
     int level = 0;     // open transaction levels
     int abandoned = 0; // how many of them, the innermost ones, are left behind by their routine
 
-    std::set<Statement*> statements; // prepared and not yet finalised
+    std::set<Statement*> statements; // in use
+    PreparedStatements prepared;     // and not in use
 
     Watch watch;
 

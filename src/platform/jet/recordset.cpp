@@ -183,6 +183,7 @@ void Recordset::Private::loadKeys()
     reader = Statement(
         *database,
         QStringLiteral("select %1 from %2 where %3.rowid = ?").arg(select.list, select.from, quoted(select.alias)));
+    reader.bringUpToDate();
     describe(reader);
 }
 
@@ -190,9 +191,10 @@ void Recordset::Private::loadCells()
 {
     Statement statement(*database, select.sql);
     statement.bindAll(select.values);
+    bool standsOnRow = statement.step();
     describe(statement);
     all.clear();
-    while (statement.step()) {
+    for (; standsOnRow; standsOnRow = statement.step()) {
         all.push_back(qint64(all.size()));
         for (size_t i = 0; i < fields.size(); ++i)
             cells.push_back(valueOf(statement.handle(), int(i), fields[i].type));

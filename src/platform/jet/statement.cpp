@@ -9,13 +9,17 @@
 
 namespace jet {
 
-Statement::Statement(Database& database, const QString& sql)
+Statement::Statement(Database& database, const QString& sql) : sql_(sql)
 {
     database.requireOpen();
-    const QByteArray utf8 = sql.toUtf8();
-    sqlite3_stmt* prepared = nullptr;
-    const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1, 0, &prepared, nullptr);
-    if (code != SQLITE_OK) database.fail(code);
+    sqlite3_stmt* prepared = database.prepared.take(sql);
+    kept_ = prepared != nullptr;
+    if (!prepared) {
+        const QByteArray utf8 = sql.toUtf8();
+        const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1,
+                                            SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
+        if (code != SQLITE_OK) database.fail(code);
+    }
     enlist(&database, prepared);
 }
 
@@ -31,6 +35,8 @@ Statement& Statement::operator=(Statement&& other) noexcept
     Database* database = other.database_;
     sqlite3_stmt* prepared = std::exchange(other.handle_, nullptr);
     running_ = std::exchange(other.running_, false);
+    sql_ = std::move(other.sql_);
+    kept_ = other.kept_;
     if (prepared) database->statements.erase(&other);
     enlist(database, prepared);
     return *this;
@@ -92,6 +98,13 @@ void Statement::bindAll(const QVariantList& values)
         bind(i + 1, values[i]);
 }
 
+void Statement::bringUpToDate()
+{
+    if (!std::exchange(kept_, false)) return;
+    step();
+    reset();
+}
+
 bool Statement::step()
 {
     if (!handle_) throw connectionClosed();
@@ -128,7 +141,7 @@ void Statement::finalize()
 {
     if (!handle_) return;
     database_->statements.erase(this);
-    sqlite3_finalize(std::exchange(handle_, nullptr));
+    database_->prepared.keep(sql_, std::exchange(handle_, nullptr));
     end();
 }
 
