@@ -20,6 +20,8 @@ Statement::Statement(Database& database, const QString& sql) : sql_(sql)
                                             SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
         if (code != SQLITE_OK) database.fail(code);
     }
+    writes_ = !sqlite3_stmt_readonly(prepared);
+    heard_ = writes_ && Changes::hearsRowsOf(sql);
     enlist(&database, prepared);
 }
 
@@ -37,6 +39,8 @@ Statement& Statement::operator=(Statement&& other) noexcept
     running_ = std::exchange(other.running_, false);
     sql_ = std::move(other.sql_);
     kept_ = other.kept_;
+    writes_ = other.writes_;
+    heard_ = other.heard_;
     if (prepared) database->statements.erase(&other);
     enlist(database, prepared);
     return *this;
@@ -109,12 +113,13 @@ bool Statement::step()
 {
     if (!handle_) throw connectionClosed();
     if (!std::exchange(running_, true)) {
-        if (!sqlite3_stmt_readonly(handle_)) database_->beforeWrite();
+        if (writes_) database_->beforeWrite();
         database_->watch.begin();
     }
     const int code = sqlite3_step(handle_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) {
+        if (writes_) database_->changes.statementEnds(heard_);
         end();
         return false;
     }

@@ -44,7 +44,9 @@ private:
     Database* database_ = nullptr;
     QString sql_;
     sqlite3_stmt* handle_ = nullptr;
-    bool kept_ = false;    // it was prepared for an earlier one
+    bool kept_ = false; // it was prepared for an earlier one
+    bool writes_ = false;
+    bool heard_ = false;   // who follows a table hears of the rows that it writes
     bool running_ = false; // between its first row and its last
 };
 
