@@ -27,6 +27,7 @@ public:
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
     setFocusPolicy(Qt::StrongFocus); // the wheel must not move the focus
+    setMinimumContentsLength(12);
     connect(this, &QComboBox::activated, this, &ComboBox::clicked);
 }
 
@@ -141,16 +142,18 @@ QSize ComboBox::sizeHint() const
     {
         QFont font;
         const QStyle* style = nullptr;
+        int length = 0;
         QSize size;
     };
     static Measured last;
-    if (last.style == style() && last.font == font()) return last.size;
+    const int length = minimumContentsLength();
+    if (last.style == style() && last.font == font() && last.length == length) return last.size;
     QComboBox sample;
     sample.setStyle(style());
     sample.setFont(font());
     sample.setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    sample.setMinimumContentsLength(12);
-    last = {font(), style(), sample.sizeHint()};
+    sample.setMinimumContentsLength(length);
+    last = {font(), style(), length, sample.sizeHint()};
     return last.size;
 }
 

@@ -61,18 +61,19 @@ TEST_F(ComboBoxTest, APopupIsMadeWhenTheListIsOpened)
 
 TEST_F(ComboBoxTest, ItsSizeFollowsTheFontAndNotTheEntries)
 {
-    for (const int points : {9, 18}) {
+    for (const auto& [points, length] : {std::pair{9, 12}, {18, 12}, {18, 40}, {9, 12}}) {
+        combo->setMinimumContentsLength(length);
         QFont font = combo->font();
         font.setPointSize(points);
         combo->setFont(font);
-        QComboBox twelve;
-        twelve.setFont(font);
-        twelve.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        twelve.setMinimumContentsLength(12);
-        EXPECT_EQ(combo->sizeHint(), twelve.sizeHint()) << points;
-        EXPECT_EQ(combo->minimumSizeHint(), twelve.minimumSizeHint()) << points;
+        QComboBox toolkits;
+        toolkits.setFont(font);
+        toolkits.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        toolkits.setMinimumContentsLength(length);
+        EXPECT_EQ(combo->sizeHint(), toolkits.sizeHint()) << points;
+        EXPECT_EQ(combo->minimumSizeHint(), toolkits.minimumSizeHint()) << points;
         combo->add(QString(200, 'x'));
-        EXPECT_EQ(combo->sizeHint(), twelve.sizeHint()) << points;
+        EXPECT_EQ(combo->sizeHint(), toolkits.sizeHint()) << points;
     }
 }
 
