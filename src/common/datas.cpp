@@ -86,7 +86,8 @@ bool DentroObservacao(Nind nind, const QString& dataActo)
     bool dentro = true;
     evenIfItFails([&] {
         const jet::Recordset individuo(
-            cnBDP, "select datanasc, dataobito, inicioobs, fimobs from individuo where nind = " + nind.paraSQL());
+            cnBDP, jet::NativeSql("select datanasc, dataobito, inicioobs, fimobs from individuo where nind = ? limit 1",
+                                  {nind.paraColuna()}));
         if (!individuo.eof()) dentro = podeEstarPresente(individuo, dataDoTexto(dataActo));
     });
     return dentro;

@@ -38,6 +38,18 @@ TEST_F(TextBoxTest, TheProgramsOwnChangesAreChanges)
     EXPECT_EQ(changes.count(), 1);
 }
 
+TEST_F(TextBoxTest, WhatTheUserTookBackIsForgottenWhenTheFieldIsEmptied)
+{
+    auto* field = shown<TextBox>();
+    QTest::keyClicks(field, "x");
+    QTest::keyClick(field, Qt::Key_Backspace);
+    ASSERT_TRUE(field->isUndoAvailable());
+    Focus::release();
+    field->clear();
+    EXPECT_FALSE(field->isUndoAvailable());
+    EXPECT_FALSE(field->isModified());
+}
+
 TEST_F(TextBoxTest, ALongTextOfTheProgramIsShownFromItsBeginning)
 {
     auto* field = shown<TextBox>();

@@ -44,6 +44,39 @@ TEST_F(ComboBoxTest, NothingIsChosenAfterEntriesWereAdded)
     EXPECT_EQ(clicks, 0);
 }
 
+// A card has a dozen lists, and most are never opened.
+TEST_F(ComboBoxTest, APopupIsMadeWhenTheListIsOpened)
+{
+    const auto popups = [&] { return combo->findChildren<QAbstractItemView*>().size(); };
+    combo->setListIndex(1);
+    combo->setLocked(true);
+    combo->setLocked(false);
+    setBackColor(combo, Qt::white);
+    combo->grab();
+    EXPECT_EQ(popups(), 0);
+    combo->showPopup();
+    EXPECT_EQ(popups(), 1);
+    combo->hidePopup();
+}
+
+TEST_F(ComboBoxTest, ItsSizeFollowsTheFontAndNotTheEntries)
+{
+    for (const auto& [points, length] : {std::pair{9, 12}, {18, 12}, {18, 40}, {9, 12}}) {
+        combo->setMinimumContentsLength(length);
+        QFont font = combo->font();
+        font.setPointSize(points);
+        combo->setFont(font);
+        QComboBox toolkits;
+        toolkits.setFont(font);
+        toolkits.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        toolkits.setMinimumContentsLength(length);
+        EXPECT_EQ(combo->sizeHint(), toolkits.sizeHint()) << points;
+        EXPECT_EQ(combo->minimumSizeHint(), toolkits.minimumSizeHint()) << points;
+        combo->add(QString(200, 'x'));
+        EXPECT_EQ(combo->sizeHint(), toolkits.sizeHint()) << points;
+    }
+}
+
 TEST_F(ComboBoxTest, AnEntryHasATextAndANumber)
 {
     EXPECT_EQ(combo->add("Viúvo", 9), 4);

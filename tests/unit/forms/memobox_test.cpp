@@ -27,6 +27,18 @@ TEST_F(MemoBoxTest, LineBreaksAreCarriageReturnAndLineFeed)
     EXPECT_EQ(memo->text(), "");
 }
 
+TEST_F(MemoBoxTest, WhatTheUserTookBackIsForgottenWhenTheFieldIsEmptied)
+{
+    auto* memo = shown<MemoBox>();
+    QTest::keyClicks(memo, "x");
+    QTest::keyClick(memo, Qt::Key_Backspace);
+    ASSERT_TRUE(memo->document()->isUndoAvailable());
+    Focus::release();
+    memo->clear();
+    EXPECT_FALSE(memo->document()->isUndoAvailable());
+    EXPECT_FALSE(memo->document()->isModified());
+}
+
 TEST_F(MemoBoxTest, TheLimitHoldsForTypingAndPasting)
 {
     auto* memo = shown<MemoBox>();
