@@ -1,0 +1,29 @@
+#include "kit/traffic.h"
+
+#include <sqlite3.h>
+
+namespace bench {
+
+static int count(unsigned event, void* traffic, void*, void*)
+{
+    auto* counted = static_cast<Traffic*>(traffic);
+    ++(event == SQLITE_TRACE_ROW ? counted->rows : counted->statements);
+    return 0;
+}
+
+Traffic trafficOf(sqlite3* database, const std::function<void()>& work)
+{
+    Traffic traffic;
+    if (!database) {
+        work();
+        return traffic;
+    }
+    const auto before = sqlite3_total_changes64(database);
+    sqlite3_trace_v2(database, SQLITE_TRACE_STMT | SQLITE_TRACE_ROW, count, &traffic);
+    work();
+    sqlite3_trace_v2(database, 0, nullptr, nullptr);
+    traffic.changes = static_cast<int>(sqlite3_total_changes64(database) - before);
+    return traffic;
+}
+
+} // namespace bench
