@@ -101,8 +101,9 @@ int main(int argc, char** argv)
         words << QString::fromLocal8Bit(argv[i]);
     const QString first = words.value(0);
     if (first == "--make") return makeOne(words.mid(1));
-    if (first == "--table") return writeTable(words.value(1) == "all" ? QString() : words.value(1),
-                                              words.size() > 2 ? sizesOf(words[2]) : usualSizes);
+    if (first == "--table")
+        return writeTable(words.value(1) == "all" ? QString() : words.value(1),
+                          words.size() > 2 ? sizesOf(words[2]) : usualSizes);
     benchmark::Initialize(&argc, argv);
     registerAll();
     benchmark::RunSpecifiedBenchmarks();

@@ -62,10 +62,11 @@ int stepAll(sqlite3_stmt* statement, const std::function<void()>& row)
 sqlite3* openBare(const QString& path)
 {
     sqlite3* database = nullptr;
-    if (sqlite3_open_v2(path.toUtf8().constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) !=
-            SQLITE_OK ||
+    if (sqlite3_open_v2(path.toUtf8().constData(), &database,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK ||
         sqlite3_exec(database, "pragma journal_mode = delete; pragma synchronous = extra", nullptr, nullptr, nullptr) !=
-            SQLITE_OK) {
+            SQLITE_OK)
+    {
         std::fprintf(stderr, "%s: %s\n", qPrintable(path), sqlite3_errmsg(database));
         std::abort();
     }

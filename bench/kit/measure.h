@@ -40,8 +40,8 @@ struct Measure
     Goal goal = {};
     std::function<std::unique_ptr<Sides>(int people)> make;
     int turns = 40;
-    int times = 1;      // how often a turn does the work: the figures are those of one
-    bool sized = true;  // false: it has nothing to do with the number of people
+    int times = 1;     // how often a turn does the work: the figures are those of one
+    bool sized = true; // false: it has nothing to do with the number of people
 };
 
 // All measures, in the order of the table.

@@ -31,10 +31,10 @@ QStringList unfair(const AtSize& at, int count)
 {
     const Traffic &ours = at.ours.traffic, &bare = at.bare.traffic;
     QStringList why;
-    const auto more = [&](double theirs, double most, const char* what) {
-        if (theirs > most)
+    const auto more = [&](double theirs, double allowed, const char* what) {
+        if (theirs > allowed)
             why << QStringLiteral("the bare side %1 more%2: %3 for %4")
-                       .arg(QString::fromLatin1(what), people(count), number(theirs), number(most));
+                       .arg(QString::fromLatin1(what), people(count), number(theirs), number(allowed));
     };
     more(bare.rows, ours.rows, "reads");
     more(bare.changes, ours.changes, "writes");
@@ -51,7 +51,7 @@ QStringList tooSlow(const Goal& goal, const AtSize& at, int count)
     for (const auto& [size, limit] : goal.ms)
         if ((size == 0 || size == count) && ms > limit)
             why << QStringLiteral("%1 ms%2, more than %3").arg(number(ms), people(count), number(limit));
-    if (goal.flat && ms > most) why << QStringLiteral("%1 ms%2").arg(number(ms), people(count));
+    if (goal.flat && ms > goal.most) why << QStringLiteral("%1 ms%2").arg(number(ms), people(count));
     if (goal.drift > 0 && at.drift > goal.drift)
         why << QStringLiteral("the last turns take %1 × the first%2").arg(number(at.drift), people(count));
     if (goal.keptKb >= 0 && at.keptKb > goal.keptKb)
@@ -79,7 +79,8 @@ double ratioOfProcessor(const AtSize& result)
 double ownTime(const AtSize& result)
 {
     const Spent &ours = result.ours.painted, &bare = result.bare.painted;
-    return std::max(ours.wall - std::max(bare.wall - bare.cpu, 0.0), std::min(ours.wall, ours.cpu));
+    const double wait = result.bare.traffic.changes > 0 ? std::max(bare.wall - bare.cpu, 0.0) : 0;
+    return std::max(ours.wall - wait, std::min(ours.wall, ours.cpu));
 }
 
 double exponentOf(const Results& results)

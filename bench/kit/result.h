@@ -14,16 +14,16 @@ namespace bench {
 struct Traffic
 {
     int statements = 0;
-    int rows = 0;    // that the engine has handed out
-    int changes = 0; // rows written
+    int rows = 0;       // that the engine has handed out
+    int changes = 0;    // rows written
     double painted = 0; // thousands of pixels
 };
 
 // One side: the medians of its turns.
 struct Side
 {
-    Spent event;    // until the event returns, or the bare statements have run
-    Spent painted;  // and until all that waits to be painted is on the screen
+    Spent event;   // until the event returns, or the bare statements have run
+    Spent painted; // and until all that waits to be painted is on the screen
     Traffic traffic;
 };
 
@@ -38,14 +38,14 @@ struct AtSize
 struct Goal
 {
     double ratio = 0;           // how many times the bare side it may take, with the painting on both sides; 0: no goal
-    bool flat = true;           // the exponent of growth is at most flatExponent, and nothing takes more than `most`
+    bool flat = true;           // the exponent of growth is at most flatExponent, and it takes no more than `most`
     std::map<int, double> ms{}; // how many milliseconds it may take, by the number of people; 0: at every size
     double drift = 0;           // how much longer the last turns may take than the first; 0: no goal
     double keptKb = -1;         // how much memory a turn may keep; below 0: no goal
+    double most = 100;          // milliseconds at any size, where it is to be flat
 };
 
 inline constexpr double flatExponent = 0.1;
-inline constexpr double most = 100; // milliseconds, at any size
 
 // What was measured at each number of people; 0 where it doesn't depend on them.
 using Results = std::map<int, AtSize>;
@@ -54,7 +54,8 @@ double ratioWithPainting(const AtSize& result);
 double ratioWithoutPainting(const AtSize& result);
 double ratioOfProcessor(const AtSize& result); // with the painting
 
-// Our time, with the painting, less what the bare side waits for the disk: that is the machine's, and hides what grows.
+// Our time, with the painting; of what writes, less what the bare side waits for the disk: that is the machine's, and
+// hides what grows.
 double ownTime(const AtSize& result);
 double exponentOf(const Results& results); // of our own time
 

@@ -10,9 +10,9 @@ namespace {
 
 double milliseconds(clockid_t clock)
 {
-    timespec now{};
-    clock_gettime(clock, &now);
-    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
 double milliseconds(const timeval& time)
@@ -24,8 +24,8 @@ Spent now()
 {
     rusage children{};
     getrusage(RUSAGE_CHILDREN, &children);
-    return {milliseconds(CLOCK_MONOTONIC), milliseconds(CLOCK_PROCESS_CPUTIME_ID) +
-                                               milliseconds(children.ru_utime) + milliseconds(children.ru_stime)};
+    return {milliseconds(CLOCK_MONOTONIC),
+            milliseconds(CLOCK_PROCESS_CPUTIME_ID) + milliseconds(children.ru_utime) + milliseconds(children.ru_stime)};
 }
 
 } // namespace

@@ -5,9 +5,8 @@
 
 namespace bench {
 
-// Milliseconds. The clock counts what the disk takes, and what other programs of the machine do meanwhile; the processor
-// counts all threads of
-// this process, and the processes that it has started and seen end.
+// Milliseconds. The clock counts what the disk takes, and what other programs of the machine do meanwhile; the
+// processor counts all threads of this process, and the processes that it has started and seen end.
 struct Spent
 {
     double wall = 0;

@@ -27,6 +27,7 @@ class Answers : public QObject
 {
 public:
     int yes = 0;
+    bool all = false;
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override
@@ -34,8 +35,7 @@ protected:
         if (event->type() != QEvent::Show) return false;
         auto* box = qobject_cast<QMessageBox*>(object);
         if (!box) return false;
-        if (yes == 0) qFatal("a box that nobody expects: %s", qPrintable(box->text()));
-        --yes;
+        if (!all && yes-- == 0) qFatal("a box that nobody expects: %s", qPrintable(box->text()));
         QTimer::singleShot(0, box, [box] { box->buttons().constFirst()->click(); });
         return false;
     }
@@ -56,6 +56,11 @@ Answers& answers()
 void answerYes()
 {
     ++answers().yes;
+}
+
+void answerBoxes(bool all)
+{
+    answers().all = all;
 }
 
 Stage::Stage(int people, Files files) : area_(new QMdiArea)

@@ -59,5 +59,7 @@ private:
 
 // Answers the next box with "Sim"; any other box ends the process, as a measure that waits for ever is none.
 void answerYes();
+// From now on, or no longer, all boxes get their first answer.
+void answerBoxes(bool all);
 
 } // namespace bench

@@ -34,7 +34,7 @@ QString line(const QStringList& cells)
 
 QString heading()
 {
-    const QStringList titles{"Event",       "Program, ms", "Bare, ms", "×",    "× without painting",
+    const QStringList titles{"Event",       "Program, ms",  "Bare, ms", "×",    "× without painting",
                              "× processor", "Own time, ms", "Exponent", "Goal", "Verdict"};
     return line(titles) + "|" + QString("---|").repeated(titles.size()) + "\n";
 }

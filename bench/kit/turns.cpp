@@ -48,10 +48,10 @@ double medianOf(const std::vector<Side>& turns, const std::function<double(const
 Side medians(const std::vector<Side>& turns, const Traffic& traffic, int times)
 {
     const auto of = [&](const std::function<double(const Side&)>& figure) { return medianOf(turns, figure, times); };
-    return {.event = {of([](const Side& s) { return s.event.wall; }), of([](const Side& s) { return s.event.cpu; })},
-            .painted = {of([](const Side& s) { return s.painted.wall; }),
-                        of([](const Side& s) { return s.painted.cpu; })},
-            .traffic = traffic};
+    return {
+        .event = {of([](const Side& s) { return s.event.wall; }), of([](const Side& s) { return s.event.cpu; })},
+        .painted = {of([](const Side& s) { return s.painted.wall; }), of([](const Side& s) { return s.painted.cpu; })},
+        .traffic = traffic};
 }
 
 std::vector<double> wallTimes(const std::vector<Side>& turns)

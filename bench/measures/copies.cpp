@@ -38,9 +38,14 @@ public:
         setDiaDaCopia({});
     }
 
-    void prepare(int) override { day_ = day_.addDays(1); }
-    void ours(int) override { cnBDP.execute("update infopar set pais = 'PT'"); }
-    void bare(int) override { bareSide().run("update infopar set pais = 'PT'"); }
+    void prepare(int) override
+    {
+        day_ = day_.addDays(1);
+        name_ = day_.toString(Qt::ISODate); // what is the same isn't written
+    }
+
+    void ours(int) override { cnBDP.execute(jet::NativeSql("update infopar set nome = ?", {name_})); }
+    void bare(int) override { bareSide().run("update infopar set nome = ?", {name_.toUtf8()}); }
 
     void finish(int) override
     {
@@ -50,6 +55,7 @@ public:
 
 private:
     QDate day_{2026, 11, 22};
+    QString name_;
 };
 
 // The bare copy reaches the disk as well.
@@ -116,7 +122,7 @@ std::vector<Measure> copies()
 {
     return {{.name = "first-write",
              .event = "the first write of a day",
-             .goal = {.flat = true},
+             .goal = {.flat = false, .ms = {{0, 100}}},
              .make = [](int people) { return std::make_unique<FirstWrite>(people); },
              .turns = 9},
             {"backup", "backup", {1.5, false}, [](int people) { return std::make_unique<Backup>(people); }, 5},

@@ -15,9 +15,9 @@ namespace {
 constexpr int turnsOfDeletion = 40;
 constexpr int deletions = turnsOfDeletion + 5;
 
-const QByteArray trash =
-    "create table estudo_lixo (id integer primary key, quando varchar, tipo char(1), numero double, nome memo, familias "
-    "memo, linhas memo)";
+const QByteArray trash = "create table estudo_lixo (id integer primary key, quando varchar, tipo char(1), numero "
+                         "double, nome memo, familias "
+                         "memo, linhas memo)";
 
 // What can hang on people and on families, given to all of a range in the files of both sides.
 void hangAll(Bare& bare, int first, int last, bool families)
@@ -46,9 +46,9 @@ public:
     {
         const int first = number_ - deletions;
         hangAll(bareSide(), first, number_, false);
-        Bare ours(cnBDP.dataSource());
-        hangAll(ours, first, number_, false);
-        ours.execute(trash);
+        Bare program(cnBDP.dataSource());
+        hangAll(program, first, number_, false);
+        program.execute(trash);
         bareSide().execute(trash);
         frmInd().display();
         frmInd().procuraRegisto("nind = " + QString::number(number_));
@@ -58,61 +58,65 @@ public:
 
     void bare(int) override
     {
-        Bare& bare = bareSide();
+        Bare& engine = bareSide();
         const double n = number_--;
-        bare.run("begin");
+        engine.run("begin");
         const QByteArray kept = collect(n);
-        bare.run("delete from residencia where tiporesid = 'i' and numero = ?", {n});
-        bare.run("delete from profissoes where nind = ?", {n});
-        bare.run("delete from legadosprofanos where nind = ?", {n});
-        bare.run("delete from rituaismorte where nind = ?", {n});
-        bare.run("delete from assinatura where nind = ?", {n});
-        bare.run("delete from assistente where tipoacto = 'b' and entidade = ?", {n});
-        bare.run("delete from assistente where nind = ?", {n});
-        bare.run("delete from passaporte where nind = ?", {n});
+        engine.run("delete from residencia where tiporesid = 'i' and numero = ?", {n});
+        engine.run("delete from profissoes where nind = ?", {n});
+        engine.run("delete from legadosprofanos where nind = ?", {n});
+        engine.run("delete from rituaismorte where nind = ?", {n});
+        engine.run("delete from assinatura where nind = ?", {n});
+        engine.run("delete from assistente where tipoacto = 'b' and entidade = ?", {n});
+        engine.run("delete from assistente where nind = ?", {n});
+        engine.run("delete from passaporte where nind = ?", {n});
         deleteFamilies(n);
-        bare.run("delete from individuo where nind = ?", {n});
-        bare.run("insert into estudo_lixo (quando, tipo, numero, nome, linhas) values ('2026-11-22 12:00:00', 'i', ?, "
-                 "'', ?)",
-                 {n, kept});
-        bare.run("commit");
-        readPerson(bare, number_);
+        engine.run("delete from individuo where nind = ?", {n});
+        engine.run(
+            "insert into estudo_lixo (quando, tipo, numero, nome, linhas) values ('2026-11-22 12:00:00', 'i', ?, "
+            "'', ?)",
+            {n, kept});
+        engine.run("commit");
+        readPerson(engine, number_);
     }
 
 private:
     QByteArray collect(double n)
     {
-        Bare& bare = bareSide();
-        return bare.text("select rowid, * from individuo where nind = ?1 or famorig in (select nfamilia from familias "
-                         "where nind = ?1)",
-                         {n}) +
-               bare.text("select familia.rowid, familia.* from familias join familia on familia.nfamilia = "
-                         "familias.nfamilia where nind = ?",
-                         {n}) +
-               bare.text("select rowid, * from familias where nfamilia in (select nfamilia from familias where nind = "
-                         "?)",
-                         {n}) +
-               bare.text("select rowid, * from residencia where tiporesid = 'i' and numero = ?", {n}) +
-               bare.text("select rowid, * from profissoes where nind = ?", {n}) +
-               bare.text("select rowid, * from legadosprofanos where nind = ?", {n}) +
-               bare.text("select rowid, * from rituaismorte where nind = ?", {n}) +
-               bare.text("select rowid, * from assinatura where nind = ?", {n}) +
-               bare.text("select rowid, * from assistente where nind = ?1 or (tipoacto = 'b' and entidade = ?1)", {n}) +
-               bare.text("select rowid, * from passaporte where nind = ?", {n});
+        Bare& engine = bareSide();
+        return engine.text(
+                   "select rowid, * from individuo where nind = ?1 or famorig in (select nfamilia from familias "
+                   "where nind = ?1)",
+                   {n}) +
+               engine.text("select familia.rowid, familia.* from familias join familia on familia.nfamilia = "
+                           "familias.nfamilia where nind = ?",
+                           {n}) +
+               engine.text(
+                   "select rowid, * from familias where nfamilia in (select nfamilia from familias where nind = "
+                   "?)",
+                   {n}) +
+               engine.text("select rowid, * from residencia where tiporesid = 'i' and numero = ?", {n}) +
+               engine.text("select rowid, * from profissoes where nind = ?", {n}) +
+               engine.text("select rowid, * from legadosprofanos where nind = ?", {n}) +
+               engine.text("select rowid, * from rituaismorte where nind = ?", {n}) +
+               engine.text("select rowid, * from assinatura where nind = ?", {n}) +
+               engine.text("select rowid, * from assistente where nind = ?1 or (tipoacto = 'b' and entidade = ?1)",
+                           {n}) +
+               engine.text("select rowid, * from passaporte where nind = ?", {n});
     }
 
     // A family of two loses both, one of one goes.
     void deleteFamilies(double n)
     {
-        Bare& bare = bareSide();
-        if (bare.number("select count(*) from familias where nind = ?", {n}) == 0) return;
-        bare.run("update individuo set famorig = null where famorig in (select nfamilia from familias group by "
-                 "nfamilia having nfamilia in (select nfamilia from familias where nind = ?) and count(*) = 1)",
-                 {n});
-        bare.run("delete from familia where nfamilia in (select nfamilia from familias group by nfamilia having "
-                 "nfamilia in (select nfamilia from familias where nind = ?) and count(*) = 1)",
-                 {n});
-        bare.run("delete from familias where nfamilia in (select nfamilia from familias where nind = ?)", {n});
+        Bare& engine = bareSide();
+        if (engine.number("select count(*) from familias where nind = ?", {n}) == 0) return;
+        engine.run("update individuo set famorig = null where famorig in (select nfamilia from familias group by "
+                   "nfamilia having nfamilia in (select nfamilia from familias where nind = ?) and count(*) = 1)",
+                   {n});
+        engine.run("delete from familia where nfamilia in (select nfamilia from familias group by nfamilia having "
+                   "nfamilia in (select nfamilia from familias where nind = ?) and count(*) = 1)",
+                   {n});
+        engine.run("delete from familias where nfamilia in (select nfamilia from familias where nind = ?)", {n});
     }
 
     int number_;
@@ -126,9 +130,9 @@ public:
     {
         const int first = number_ - deletions;
         hangAll(bareSide(), first, number_, true);
-        Bare ours(cnBDP.dataSource());
-        hangAll(ours, first, number_, true);
-        ours.execute(trash);
+        Bare program(cnBDP.dataSource());
+        hangAll(program, first, number_, true);
+        program.execute(trash);
         bareSide().execute(trash);
         frmFam().display();
         frmFam().procuraRegisto("nfamilia = " + QString::number(number_));
@@ -138,25 +142,26 @@ public:
 
     void bare(int) override
     {
-        Bare& bare = bareSide();
+        Bare& engine = bareSide();
         const double n = number_--;
-        bare.run("begin");
+        engine.run("begin");
         const QByteArray kept =
-            bare.text("select rowid, * from individuo where famorig = ?", {n}) +
-            bare.text("select rowid, * from familia where nfamilia = ?", {n}) +
-            bare.text("select rowid, * from familias where nfamilia = ?", {n}) +
-            bare.text("select rowid, * from residencia where tiporesid = 'f' and numero = ?", {n}) +
-            bare.text("select rowid, * from assistente where tipoacto = 'c' and entidade = ?", {n});
-        bare.run("update individuo set famorig = null where famorig = ?", {n});
-        bare.run("delete from residencia where tiporesid = 'f' and numero = ?", {n});
-        bare.run("delete from assistente where tipoacto = 'c' and entidade = ?", {n});
-        bare.run("delete from familias where nfamilia = ?", {n});
-        bare.run("delete from familia where nfamilia = ?", {n});
-        bare.run("insert into estudo_lixo (quando, tipo, numero, nome, linhas) values ('2026-11-22 12:00:00', 'f', ?, "
-                 "'', ?)",
-                 {n, kept});
-        bare.run("commit");
-        readFamily(bare, number_);
+            engine.text("select rowid, * from individuo where famorig = ?", {n}) +
+            engine.text("select rowid, * from familia where nfamilia = ?", {n}) +
+            engine.text("select rowid, * from familias where nfamilia = ?", {n}) +
+            engine.text("select rowid, * from residencia where tiporesid = 'f' and numero = ?", {n}) +
+            engine.text("select rowid, * from assistente where tipoacto = 'c' and entidade = ?", {n});
+        engine.run("update individuo set famorig = null where famorig = ?", {n});
+        engine.run("delete from residencia where tiporesid = 'f' and numero = ?", {n});
+        engine.run("delete from assistente where tipoacto = 'c' and entidade = ?", {n});
+        engine.run("delete from familias where nfamilia = ?", {n});
+        engine.run("delete from familia where nfamilia = ?", {n});
+        engine.run(
+            "insert into estudo_lixo (quando, tipo, numero, nome, linhas) values ('2026-11-22 12:00:00', 'f', ?, "
+            "'', ?)",
+            {n, kept});
+        engine.run("commit");
+        readFamily(engine, number_);
     }
 
 private:
@@ -167,10 +172,16 @@ private:
 
 std::vector<Measure> deleting()
 {
-    return {{"delete-person", "deletion of a person with all that hangs on them", {.ratio = 1.5},
-             [](int people) { return std::make_unique<DeletePerson>(people); }, turnsOfDeletion},
-            {"delete-family", "deletion of a family with all that hangs on it", {.ratio = 1.5},
-             [](int people) { return std::make_unique<DeleteFamily>(people); }, turnsOfDeletion}};
+    return {{"delete-person",
+             "deletion of a person with all that hangs on them",
+             {.ratio = 1.5},
+             [](int people) { return std::make_unique<DeletePerson>(people); },
+             turnsOfDeletion},
+            {"delete-family",
+             "deletion of a family with all that hangs on it",
+             {.ratio = 1.5},
+             [](int people) { return std::make_unique<DeleteFamily>(people); },
+             turnsOfDeletion}};
 }
 
 } // namespace bench

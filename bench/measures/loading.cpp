@@ -31,8 +31,8 @@ public:
 
     void bare(int) override
     {
-        Bare bare(path_);
-        bare.run("select name, sql from sqlite_master");
+        Bare engine(path_);
+        engine.run("select name, sql from sqlite_master");
     }
 
     void finish(int) override { cnBDP.setObserver({}); }
@@ -49,6 +49,7 @@ void fill(QWidget& form, int lists)
         box->addItems(list++ < lists ? places : codes);
 }
 
+// The bare side shows the first record and counts them, and reads the others when somebody goes there.
 class FirstPerson : public StagedSides
 {
 public:
@@ -63,7 +64,7 @@ public:
             ui.setupUi(form);
             fill(*form, 2);
         });
-        bareSide().run("select rowid from individuo order by nind");
+        bareSide().run("select count(*) from individuo");
         readListsOfPerson(bareSide());
         readPerson(bareSide(), 1);
     }
@@ -94,7 +95,7 @@ public:
             ui.setupUi(form);
             fill(*form, 1);
         });
-        bareSide().run("select rowid from familia");
+        bareSide().run("select count(*) from familia");
         readListsOfFamily(bareSide());
         readFamily(bareSide(), 1);
     }
@@ -131,10 +132,16 @@ std::vector<Measure> loading()
     return {{.name = "open",
              .event = "opening and closing of a BDP",
              .make = [](int people) { return std::make_unique<Open>(people); }},
-            {"first-person", "the card of a person comes up for the first time", {.ratio = 2, .ms = {{0, 25}}},
-             [](int people) { return std::make_unique<FirstPerson>(people); }, 15},
-            {"first-family", "the card of a family comes up for the first time", {.ratio = 2, .ms = {{0, 25}}},
-             [](int people) { return std::make_unique<FirstFamily>(people); }, 15},
+            {"first-person",
+             "the card of a person comes up for the first time",
+             {.ratio = 2, .ms = {{0, 25}}},
+             [](int people) { return std::make_unique<FirstPerson>(people); },
+             15},
+            {"first-family",
+             "the card of a family comes up for the first time",
+             {.ratio = 2, .ms = {{0, 25}}},
+             [](int people) { return std::make_unique<FirstFamily>(people); },
+             15},
             {.name = "menu-person",
              .event = "the menu brings the card of a person up again",
              .goal = {.ms = {{0, 0.3}}},

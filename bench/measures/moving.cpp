@@ -81,13 +81,14 @@ private:
 
 std::vector<Measure> moving()
 {
-    return {{"next-person", "next person", {.ratio = 2}, [](int people) { return std::make_unique<NextPerson>(people); }},
-            {"next-family", "next family", {.ratio = 2}, [](int people) { return std::make_unique<NextFamily>(people); }},
-            {.name = "find",
-             .event = "a number found on the list of all people",
-             .goal = {.ms = {{0, 0.001}}},
-             .make = [](int people) { return std::make_unique<Find>(people); },
-             .times = Find::times}};
+    return {
+        {"next-person", "next person", {.ratio = 2}, [](int people) { return std::make_unique<NextPerson>(people); }},
+        {"next-family", "next family", {.ratio = 2}, [](int people) { return std::make_unique<NextFamily>(people); }},
+        {.name = "find",
+         .event = "a number found on the list of all people",
+         .goal = {.ms = {{0, 0.001}}},
+         .make = [](int people) { return std::make_unique<Find>(people); },
+         .times = Find::times}};
 }
 
 } // namespace bench

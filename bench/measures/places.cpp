@@ -71,8 +71,11 @@ public:
 
 std::vector<Measure> places()
 {
-    return {{"walk-places", "walk over 500 people of 500 places, a step", {.ratio = 2, .drift = 1.2},
-             [](int people) { return std::make_unique<Walk>(people); }, pages},
+    return {{"walk-places",
+             "walk over 500 people of 500 places, a step",
+             {.ratio = 2, .drift = 1.2},
+             [](int people) { return std::make_unique<Walk>(people); },
+             pages},
             {.name = "editor-places",
              .event = "visit to the editor of 600 localities",
              .make = [](int people) { return std::make_unique<Editor>(people); },

@@ -69,7 +69,8 @@ void readListsOfPerson(Bare& bare)
 
 void readListsOfFamily(Bare& bare)
 {
-    bare.run("select categoria, codigo, descricao from infocomplementar where categoria in ('SitFa', 'TipFa', 'EstCi')");
+    bare.run(
+        "select categoria, codigo, descricao from infocomplementar where categoria in ('SitFa', 'TipFa', 'EstCi')");
     readWorkingList(bare);
 }
 

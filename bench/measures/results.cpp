@@ -42,16 +42,16 @@ public:
 
     void bare(int) override
     {
-        Bare& bare = bareSide();
+        Bare& engine = bareSide();
         window_.show(stage().area(), [](QWidget* form) {
             Ui::FrmResult ui;
             ui.setupUi(form);
         });
-        bare.run("select rowid from individuo where nome like '%Salgado%' order by nome");
+        engine.run("select rowid from individuo where nome like '%Salgado%' order by nome");
         const double shown = frmInd().numero().toDouble();
-        readPerson(bare, shown);
-        readTree(bare, shown);
-        readFactsOf(bare, shown);
+        readPerson(engine, shown);
+        readTree(engine, shown);
+        readFactsOf(engine, shown);
     }
 
     void finish(int) override { window_.close(); }
@@ -84,11 +84,11 @@ public:
 
     void bare(int) override
     {
-        Bare& bare = bareSide();
+        Bare& engine = bareSide();
         const double shown = frmInd().numero().toDouble();
-        readPerson(bare, shown);
-        readTree(bare, shown);
-        readFactsOf(bare, shown);
+        readPerson(engine, shown);
+        readTree(engine, shown);
+        readFactsOf(engine, shown);
     }
 
 private:
@@ -99,10 +99,14 @@ private:
 
 std::vector<Measure> results()
 {
-    return {{"result-list", "search to the list of results", {2, false},
-             [](int people) { return std::make_unique<List>(people); }, 15},
-            {"next-hit", "next hit of the list", {.ratio = 2},
-             [](int people) { return std::make_unique<NextHit>(people); }}};
+    return {{"result-list",
+             "search to the list of results",
+             {2, false},
+             [](int people) { return std::make_unique<List>(people); },
+             15},
+            {"next-hit", "next hit of the list", {.ratio = 2}, [](int people) {
+                 return std::make_unique<NextHit>(people);
+             }}};
 }
 
 } // namespace bench

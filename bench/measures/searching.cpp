@@ -3,6 +3,8 @@
 #include "measures/all.h"
 
 #include "kit/stage.h"
+#include "kit/traffic.h"
+#include "measures/searchByHand.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -15,16 +17,16 @@ struct Search
 {
     const char* dialect;
     const char* bare;
+    void (*byHand)(); // the same search in the windows
 };
 
 class Searching : public StagedSides
 {
 public:
-    Searching(int people, const Search& search)
-        : StagedSides(people, Files::Shared), search_(search), found_(cnBDP)
+    Searching(int people, const Search& search) : StagedSides(people, Files::Shared), search_(search), found_(cnBDP)
     {
         found_.setRecordSource(QString::fromUtf8(search.dialect));
-        found_.refresh();
+        requireTheCardsStatement();
         const int rows = bareSide().run(search.bare);
         if (found_.recordset().recordCount() != rows)
             qFatal("%d hits, and %d bare: %s", found_.recordset().recordCount(), rows, search.dialect);
@@ -34,6 +36,16 @@ public:
     void bare(int) override { bareSide().run(search_.bare); }
 
 private:
+    // What is measured is what the card sends.
+    void requireTheCardsStatement()
+    {
+        answerBoxes(true); // where nobody is found
+        const QStringList sent = statementsOf(ourHandle(), search_.byHand);
+        answerBoxes(false);
+        for (const QString& statement : statementsOf(ourHandle(), [this] { found_.refresh(); }))
+            if (!sent.contains(statement)) qFatal("not what the card sends: %s", qPrintable(statement));
+    }
+
     Search search_;
     jet::DataControl found_;
 };
@@ -41,17 +53,18 @@ private:
 constexpr Search wildcard{
     "select individuo.nind as Nind, nome, datanasc, dataobito,  famorig from individuo where individuo.nome like "
     "'%Salgado%' order by nome",
-    "select rowid from individuo where nome like '%Salgado%' order by nome"};
+    "select rowid from individuo where nome like '%Salgado%' order by nome", [] { searchPeopleByName("%Salgado%"); }};
 constexpr Search common{
     "select individuo.nind as Nind, nome, datanasc, dataobito,  famorig from individuo where individuo.nome like "
     "'%Maria%' order by nome",
-    "select rowid from individuo where nome like '%Maria%' order by nome"};
+    "select rowid from individuo where nome like '%Maria%' order by nome", [] { searchPeopleByName("%Maria%"); }};
 // The bare range holds both cases of the first letter.
 constexpr Search beginning{
     "select individuo.nind as Nind, nome, datanasc, dataobito,  famorig from individuo where individuo.nome like "
     "'Catarina%' order by nome",
     "select rowid from individuo where (nome >= 'C' and nome < 'D' or nome >= 'c' and nome < 'd') and nome like "
-    "'Catarina%' order by nome"};
+    "'Catarina%' order by nome",
+    [] { searchPeopleByName("Catarina%"); }};
 constexpr Search marriage{
     "select individuo.nind as Nind, nome, datanasc, dataobito,  famorig, first(datacasam) from individuo, familias, "
     "familia where  individuo.nind =  familias.nind and familia.nfamilia = familias.nfamilia  group by "
@@ -60,7 +73,8 @@ constexpr Search marriage{
     "select individuo.nind, nome, datanasc, dataobito, famorig, datacasam from familia cross join familias on "
     "familias.nfamilia = familia.nfamilia cross join individuo on individuo.nind = familias.nind where datacasam "
     "between '1800-01-01' and '1800-12-31' and not exists (select 1 from familias as antes where antes.nind = "
-    "familias.nind and antes.nfamilia < familias.nfamilia) order by nome"};
+    "familias.nind and antes.nfamilia < familias.nfamilia) order by nome",
+    [] { searchPeopleByDate(SearchedDate::Marriage, "01/01/1800", "31/12/1800"); }};
 constexpr Search firstChild{
     "select individuo.nind as Nind, individuo.nome as nome,  individuo.datanasc as DataNasc,individuo.dataobito as "
     "DataObito, individuo.famorig as Famorig, min(filho.datanasc) from individuo, individuo as filho, familias where "
@@ -71,13 +85,15 @@ constexpr Search firstChild{
     "filho.datanasc from individuo as filho cross join familias on familias.nfamilia = filho.famorig cross join "
     "individuo on individuo.nind = familias.nind where filho.datanasc between '1800-01-01' and '1800-12-31' and not "
     "exists (select 1 from familias as outra join individuo as irmao on irmao.famorig = outra.nfamilia where "
-    "outra.nind = familias.nind and irmao.datanasc < filho.datanasc) order by individuo.nome"};
+    "outra.nind = familias.nind and irmao.datanasc < filho.datanasc) order by individuo.nome",
+    [] { searchPeopleByDate(SearchedDate::FirstChild, "01/01/1800", "31/12/1800"); }};
 constexpr Search spouse{
     "select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (select familia.nfamilia from familia, "
     "individuo, familias where familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = "
     "familias.nind and nome like '%Salgado%') order by datacasam",
     "select rowid from familia where nfamilia in (select familias.nfamilia from individuo cross join familias on "
-    "familias.nind = individuo.nind where nome like '%Salgado%' and sexo = 'm') order by datacasam"};
+    "familias.nind = individuo.nind where nome like '%Salgado%' and sexo = 'm') order by datacasam",
+    [] { searchFamiliesByHusband("%Salgado%"); }};
 
 Measure search(const char* name, const char* event, const Search& search, Goal goal)
 {

@@ -66,10 +66,7 @@ public:
 
     void ours(int) override { click(frmInd(), "cmdAlt"); }
 
-    void bare(int) override
-    {
-        bareSide().run("update individuo set obs = ? where nind = ?", {text_, double(number_)});
-    }
+    void bare(int) override { bareSide().run("update individuo set obs = ? where nind = ?", {text_, double(number_)}); }
 
 private:
     int number_;
@@ -101,16 +98,16 @@ public:
 
     void bare(int) override
     {
-        Bare& bare = bareSide();
+        Bare& engine = bareSide();
         ++number_;
-        bare.run("begin");
-        bare.run("insert into familia (nfamilia, sfamilia, tipocasal, datacasam, dcasamfixa) values (?, '1', 7, "
-                 "'1900-03-12', 1)",
-                 {number_});
-        bare.run("insert into familias (nfamilia, nind, idade) values (?, ?, 30)", {number_, husband_});
-        bare.run("insert into familias (nfamilia, nind, idade) values (?, ?, 25)", {number_, wife_});
-        bare.run("commit");
-        readFamily(bare, number_);
+        engine.run("begin");
+        engine.run("insert into familia (nfamilia, sfamilia, tipocasal, datacasam, dcasamfixa) values (?, '1', 7, "
+                   "'1900-03-12', 1)",
+                   {number_});
+        engine.run("insert into familias (nfamilia, nind, idade) values (?, ?, 30)", {number_, husband_});
+        engine.run("insert into familias (nfamilia, nind, idade) values (?, ?, 25)", {number_, wife_});
+        engine.run("commit");
+        readFamily(engine, number_);
     }
 
 private:
@@ -151,14 +148,21 @@ private:
 
 std::vector<Measure> writing()
 {
-    return {{"insert-person", "insert and confirm of a person", {.ratio = 1.5, .ms = {{0, 3}}},
+    return {{"insert-person",
+             "insert and confirm of a person",
+             {.ratio = 1.5, .ms = {{0, 3}}},
              [](int people) { return std::make_unique<InsertPerson>(people); }},
-            {"alter-person", "alteration and confirm of a person", {.ratio = 1.5, .ms = {{0, 5}}},
+            {"alter-person",
+             "alteration and confirm of a person",
+             {.ratio = 1.5, .ms = {{0, 5}}},
              [](int people) { return std::make_unique<AlterPerson>(people); }},
-            {"insert-family", "insert and confirm of a family with two spouses", {.ratio = 1.5, .ms = {{0, 5}}},
+            {"insert-family",
+             "insert and confirm of a family with two spouses",
+             {.ratio = 1.5, .ms = {{0, 5}}},
              [](int people) { return std::make_unique<InsertFamily>(people); }},
-            {"alter-family", "alteration and confirm of a family", {.ratio = 1.5, .ms = {{0, 5}}},
-             [](int people) { return std::make_unique<AlterFamily>(people); }}};
+            {"alter-family", "alteration and confirm of a family", {.ratio = 1.5, .ms = {{0, 5}}}, [](int people) {
+                 return std::make_unique<AlterFamily>(people);
+             }}};
 }
 
 } // namespace bench

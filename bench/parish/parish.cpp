@@ -24,13 +24,15 @@ void writeParish(sqlite3* database)
     run(database, QByteArray("insert or ignore into paroquia (codparoquia, nomeparoquia, codconcelho) values ('") +
                       parishCode + "', 'São Mamede', '0301')");
     run(database, QByteArray("update paroquia set prioridade = 2 where codparoquia = '") + parishCode + "'");
-    run(database, QByteArray("insert into infopar (cod, nome, Pais) values ('") + parishCode + "', 'São Mamede', 'PT')");
+    run(database,
+        QByteArray("insert into infopar (cod, nome, Pais) values ('") + parishCode + "', 'São Mamede', 'PT')");
     run(database, "insert or ignore into infocomplementar (categoria, codigo, descricao) values ('TipIn', 'T', 'Por "
                   "definir'), ('TipFa', '7', 'Outras'), ('SitFa', '1', 'Legítima')");
     const char* words[]{"Outeiro", "Fonte", "Ribeira", "Monte", "Cruz", "Eira", "Souto", "Carvalho", "Paço", "Vinha"};
     Writer places(database, "lugar", "codlugar, nomelugar, codparoquia, prioridade");
     for (int i = 1; i <= localities; ++i)
-        places.write({localityCode(i), QByteArray(words[i % 10]) + " de " + words[i / 10 % 10] + ' ' + QByteArray::number(i),
+        places.write({localityCode(i),
+                      QByteArray(words[i % 10]) + " de " + words[i / 10 % 10] + ' ' + QByteArray::number(i),
                       QByteArray(parishCode), i <= 12 ? 1 : 0});
 }
 

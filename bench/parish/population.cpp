@@ -87,7 +87,8 @@ Person Population::born(int family)
     surnames_.push_back(person.surname);
     person.birth = dayOf(year_);
     const bool infant = random_.chance(25);
-    if (random_.chance(70)) person.death = person.birth.addDays(infant ? random_.between(0, 1500) : random_.between(6000, 30000));
+    if (random_.chance(70))
+        person.death = person.birth.addDays(infant ? random_.between(0, 1500) : random_.between(6000, 30000));
     if (!infant) (person.man ? men_ : women_)[year_].push_back(person.number);
     return person;
 }

@@ -62,12 +62,12 @@ private:
     int year_ = firstYear - 1;
     int lastPerson_ = 0, lastFamily_ = 0;
     double marriagesDue_ = 0;
-    std::map<int, Numbers> men_, women_; // who hasn't married, by the year of birth
-    std::map<int, Numbers> husbands_;    // by the year of the marriage
-    std::map<int, Numbers> expected_;    // families that have a child, by the year
+    std::map<int, Numbers> men_, women_;        // who hasn't married, by the year of birth
+    std::map<int, Numbers> husbands_;           // by the year of the marriage
+    std::map<int, Numbers> expected_;           // families that have a child, by the year
     std::map<int, std::pair<int, int>> bornIn_; // the first and the last number, by the year
-    std::vector<int> fathers_;           // by the family
-    std::vector<int> surnames_;          // by the person
+    std::vector<int> fathers_;                  // by the family
+    std::vector<int> surnames_;                 // by the person
     std::vector<Couple> couplesOfYear_;
     std::vector<Person> birthsOfYear_;
 };

@@ -10,10 +10,10 @@ namespace {
 constexpr int workingList = 12;
 
 // Those that pass from father to child, found again by their number.
-const QByteArrayList surnames{"Gonçalves", "Fernandes", "Pires",    "Álvares", "Ribeiro", "de Araújo", "da Silva",
-                              "Martins",   "Rodrigues", "Lopes",    "Mendes",  "da Costa", "de Oliveira", "Vaz",
-                              "Peixoto",   "Salgado",   "Machado",  "Pereira", "de Sousa", "Leite",       "Ferreira",
-                              "Francisco", "Antunes",   "Dias",     "Marques", "do Vale",  "de Castro",   "Novais"};
+const QByteArrayList surnames{"Gonçalves", "Fernandes", "Pires",   "Álvares", "Ribeiro",  "de Araújo",   "da Silva",
+                              "Martins",   "Rodrigues", "Lopes",   "Mendes",  "da Costa", "de Oliveira", "Vaz",
+                              "Peixoto",   "Salgado",   "Machado", "Pereira", "de Sousa", "Leite",       "Ferreira",
+                              "Francisco", "Antunes",   "Dias",    "Marques", "do Vale",  "de Castro",   "Novais"};
 
 } // namespace
 
@@ -47,8 +47,8 @@ QByteArray Registers::nameOf(const Person& person)
 {
     const auto sex = person.man ? demo::Sex::male : demo::Sex::female;
     const QByteArray given = demo::givenName(random_, sex, person.birth.year()).toUtf8();
-    const QByteArray surname = !person.man && random_.chance(30) ? demo::devotionalName(random_).toUtf8()
-                                                                  : surnames[person.surname];
+    const QByteArray surname =
+        !person.man && random_.chance(30) ? demo::devotionalName(random_).toUtf8() : surnames[person.surname];
     return given + ' ' + surname;
 }
 
@@ -98,8 +98,8 @@ void Registers::writeCouple(Population& population, const Couple& couple)
     const QByteArray place = localityCode(random_.between(1, workingList));
     couples_.write({couple.number, QByteArray("1"), 7, couple.marriage, 1, QByteArray(parishCode), QByteArray("F"),
                     couple.marriage});
-    members_.write({couple.number, couple.husband, random_.between(20, 40), couple.widower ? 3 : 1,
-                    couple.widower ? 2 : 1});
+    members_.write(
+        {couple.number, couple.husband, random_.between(20, 40), couple.widower ? 3 : 1, couple.widower ? 2 : 1});
     members_.write({couple.number, couple.wife, random_.between(18, 35), 1, 1});
     for (int i = 0; i < 2; ++i)
         if (const int witness = population.somebody(couple.marriage.year() - 60, couple.marriage.year() - 20))
