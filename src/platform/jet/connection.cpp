@@ -70,6 +70,7 @@ void Connection::open(const QString& connectionString, Sharing sharing)
         // One file at rest, on the disk with each commit, which is one once the journal's name is gone from the disk.
         // Last, as it writes where the file was used otherwise before.
         database_->run("pragma journal_mode = delete; pragma synchronous = extra");
+        database_->changes.install(database_->handle);
         database_->watch.install(database_->handle);
     } catch (...) {
         close();

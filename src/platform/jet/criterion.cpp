@@ -56,6 +56,15 @@ Criterion::Criterion(const QString& text) : tokens_(tokenize(text))
     field_ = tokens_[name].text;
 }
 
+std::optional<qint64> Criterion::wholeNumber() const
+{
+    if (!tokens_[operator_].is("=") || tokens_[value_].kind != Token::Number) return {};
+    bool ok = false;
+    const qint64 number = tokens_[value_].text.toLongLong(&ok);
+    if (!ok) return {};
+    return value_ > operator_ + 1 ? -number : number;
+}
+
 QString Criterion::condition(Type type) const
 {
     if (tokens_[operator_].is("like")) return QLatin1String(" like ") + tokens_[value_].sql;

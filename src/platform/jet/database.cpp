@@ -17,6 +17,7 @@ void Database::close()
     if (observer.beforeClose) observer.beforeClose();
     while (!statements.empty())
         (*statements.begin())->finalize();
+    prepared.clear();
     sqlite3_close(std::exchange(handle, nullptr)); // rolls back
     claim.release();                               // its end takes the engine's locks along
     path.clear();
@@ -26,6 +27,7 @@ void Database::close()
 
 void Database::beforeWrite()
 {
+    changes.statementBegins();
     if (observer.beforeWrite && sqlite3_txn_state(handle, "main") != SQLITE_TXN_WRITE) observer.beforeWrite();
 }
 
@@ -34,6 +36,12 @@ void Database::requireOpen()
     if (!handle) throw connectionClosed();
     if (watch.asking())
         throw Error{number::engineFailure, QStringLiteral("A BDP está ocupada com a instrução anterior.")};
+}
+
+qint64 Database::version()
+{
+    Statement question(*this, QStringLiteral("pragma data_version"));
+    return question.step() ? sqlite3_column_int64(question.handle(), 0) : 0;
 }
 
 void Database::run(const char* sql)
@@ -49,6 +57,7 @@ void Database::fail(int code)
     if (level > 0 && sqlite3_get_autocommit(handle)) {
         level = 0;
         abandoned = 0;
+        changes.allLevelsAreRolledBack();
     }
     throw error;
 }
@@ -61,6 +70,7 @@ void Database::begin()
     dropAbandoned();
     run(level == 0 ? "begin" : "savepoint orv");
     ++level;
+    changes.levelBegins();
 }
 
 void Database::end(bool keep)
@@ -75,6 +85,7 @@ void Database::end(bool keep)
     else
         run(keep ? "release orv" : "rollback to orv; release orv");
     --level;
+    keep ? changes.levelIsKept() : changes.levelIsRolledBack();
 }
 
 void Database::dropAbandoned()
@@ -82,6 +93,7 @@ void Database::dropAbandoned()
     for (; abandoned > 0; --abandoned) {
         run(level == 1 ? "rollback" : "rollback to orv; release orv");
         --level;
+        changes.levelIsRolledBack();
     }
 }
 

@@ -1,8 +1,10 @@
 // The open file behind a Connection, shared with the recordsets and statements that read it.
 #pragma once
 
+#include "platform/jet/changes.h"
 #include "platform/jet/claim.h"
 #include "platform/jet/connection.h"
+#include "platform/jet/prepared.h"
 #include "platform/jet/watch.h"
 
 #include <QString>
@@ -32,14 +34,19 @@ struct Database
     int level = 0;     // open transaction levels
     int abandoned = 0; // how many of them, the innermost ones, are left behind by their routine
 
-    std::set<Statement*> statements; // prepared and not yet finalised
+    std::set<Statement*> statements; // in use
+    PreparedStatements prepared;     // and not in use
 
+    Changes changes;
     Watch watch;
 
     void close();       // rolls back and finalises; in the middle of a statement, only ends that
     void beforeWrite(); // of a statement
     // Error 3709; engineFailure in the middle of a statement, while somebody is asked whether it goes on.
     void requireOpen();
+
+    // Another number after each commit of another connection.
+    qint64 version();
 
     // Runs engine SQL of our own, of which nothing but the success is of interest. Throws Error.
     void run(const char* sql);

@@ -58,15 +58,13 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
 void Recordset::open(const QString& select)
 {
-    close();
-    d->database->requireOpen();
+    if (d->takesUp(select, Language::Dialect)) return;
     d->open(analyseSelect(select, d->database->handle));
 }
 
 void Recordset::open(const NativeSql& select)
 {
-    close();
-    d->database->requireOpen();
+    if (d->takesUp(select.sql, Language::Native)) return;
     d->open(analyseSelect(select));
 }
 
@@ -85,9 +83,13 @@ void Recordset::requery()
     d->requireOpen();
     const QString sort = d->sort;
     const QString filter = d->filter;
+    const QString source = d->source;
+    const Language language = d->language;
     Select select = std::move(d->select);
     close();
     d->open(std::move(select));
+    d->source = source;
+    d->language = language;
     d->sort = sort;
     d->filter = filter;
     d->choose();
@@ -156,10 +158,13 @@ void Recordset::Private::open(Select analysed)
     opened = database->opened;
 }
 
-QString Recordset::Private::keysSql(const QString& condition, const QString& order) const
+// With `number`, a second column.
+QString Recordset::Private::keysSql(const QString& condition, const QString& order, const QString& number) const
 {
     const QString rowid = quoted(select.alias) + QLatin1String(".rowid");
-    QString sql = QStringLiteral("select %1 from %2").arg(rowid, select.from);
+    QString sql = QLatin1String("select ") + rowid;
+    if (!number.isEmpty()) sql += u',' + number;
+    sql += QLatin1String(" from ") + select.from;
     QStringList conditions;
     for (const QString& part : {select.where, condition})
         if (!part.isEmpty()) conditions << u'(' + part + u')';
@@ -167,10 +172,11 @@ QString Recordset::Private::keysSql(const QString& condition, const QString& ord
     return sql + QLatin1String(" order by ") + (order.isEmpty() ? rowid : order); // else in the order of entry
 }
 
-Recordset::Private::Keys Recordset::Private::readKeys(const QString& sql) const
+// `more` are the values behind those of the select.
+Recordset::Private::Keys Recordset::Private::readKeys(const QString& sql, const QVariantList& more) const
 {
     Statement statement(*database, sql);
-    statement.bindAll(select.values);
+    statement.bindAll(select.values + more);
     Keys keys;
     while (statement.step())
         keys.push_back(sqlite3_column_int64(statement.handle(), 0));
@@ -179,10 +185,19 @@ Recordset::Private::Keys Recordset::Private::readKeys(const QString& sql) const
 
 void Recordset::Private::loadKeys()
 {
-    all = readKeys(keysSql({}, select.order));
+    beginToFollow();
+    const bool numbered = !placing.isEmpty();
+    all = KeyList(numbered ? KeyList::Order::ByNumber : KeyList::Order::ByKey);
+    Statement statement(*database, keysSql({}, select.order, placing));
+    statement.bindAll(select.values);
+    while (statement.step())
+        all.append(sqlite3_column_int64(statement.handle(), 0),
+                   numbered ? numberIn(statement.handle(), 1) : std::nullopt);
+    if (!all.isOrdered()) asOf.reset();
     reader = Statement(
         *database,
         QStringLiteral("select %1 from %2 where %3.rowid = ?").arg(select.list, select.from, quoted(select.alias)));
+    reader.bringUpToDate();
     describe(reader);
 }
 
@@ -190,10 +205,12 @@ void Recordset::Private::loadCells()
 {
     Statement statement(*database, select.sql);
     statement.bindAll(select.values);
+    bool standsOnRow = statement.step();
     describe(statement);
-    all.clear();
-    while (statement.step()) {
-        all.push_back(qint64(all.size()));
+    asOf.reset();
+    all = KeyList();
+    for (; standsOnRow; standsOnRow = statement.step()) {
+        all.append(all.size());
         for (size_t i = 0; i < fields.size(); ++i)
             cells.push_back(valueOf(statement.handle(), int(i), fields[i].type));
     }

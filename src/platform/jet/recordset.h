@@ -10,9 +10,13 @@
 
 namespace jet {
 
-// Opening it reads the keys of the rows in order (8 bytes a row where the select reads one table); a row is read when
-// the cursor stands on it. The set of rows is that of the last open() or requery(): rows added by others don't appear,
-// rows deleted by others read as Error 3021.
+// Opening it reads the keys of the rows in order (8 bytes a row where the select reads one table, 16 where it orders
+// them by one column of numbers); a row is read when the cursor stands on it. The set of rows is that of the last
+// open() or requery(): rows added by others don't appear, rows deleted by others read as Error 3021.
+//
+// Where it is open already on the same select, of one table without a condition, in the order of entry or by one column
+// of numbers, each there once, open() takes in what the connection has written since; it reads all keys only where
+// somebody else has written, too, or more than the rows of insert, update and delete. It makes no other difference.
 //
 // After open() or requery() the cursor stands on the first row, or at once on BOF and EOF where there is none.
 // Names of fields are matched case-blind; an unknown one is Error 3265.
@@ -53,7 +57,8 @@ public:
 
     // Forward from the current row, itself included, to the first row for which "field operator value" holds
     // (operators =, <>, <, >, <=, >=, like; value a number, a quoted text or a date between # signs, here read day
-    // first); EOF where there is none. On an empty set it does nothing.
+    // first); EOF where there is none. On an empty set it does nothing. The only row with a number is found in the same
+    // time in a list of any length, where that is in the order of entry, or one that open() can take up again.
     // Precondition: not at BOF or EOF of a set with rows; Error 3021 otherwise.
     void find(const QString& criterion);
 
@@ -99,7 +104,7 @@ public:
     void setRecordSource(const QString& select);
     void setRecordSource(const NativeSql& select);
 
-    // Opens the query anew, on its first row. Throws as Recordset::open().
+    // Opens the query again, on its first row. Throws as Recordset::open().
     void refresh();
 
     Recordset& recordset();

@@ -71,13 +71,7 @@ void Recordset::find(const QString& criterion)
     d->requireOpen();
     if (d->count() == 0) return;
     if (d->position < 0 || d->position >= d->count()) throw noCurrentRow();
-    const SortedKeys matches = d->matches(criterion);
-    const Keys& rows = d->rows();
-    const auto from = rows.begin() + d->position;
-    const auto found = matches.size() == 1
-                           ? std::find(from, rows.end(), matches.front())
-                           : std::find_if(from, rows.end(), [&](qint64 key) { return contains(matches, key); });
-    d->moveTo(int(found - rows.begin()));
+    d->moveTo(d->firstFrom(d->position, d->matches(criterion)));
 }
 
 void Recordset::setSort(const QString& order)
@@ -109,16 +103,32 @@ QString Recordset::Private::columnSql(int field) const
     return quoted(select.alias) + u'.' + quoted(fields[field].column);
 }
 
+// The place of the first one from `place` on; behind the last row where there is none.
+int Recordset::Private::firstFrom(int place, const SortedKeys& matches)
+{
+    if (matches.empty()) return count();
+    if (!chosen && matches.size() == 1) {
+        const int found = placeOf(matches.front());
+        return found >= place ? found : count();
+    }
+    const auto found =
+        std::find_if(rows().begin() + place, rows().end(), [&](qint64 key) { return contains(matches, key); });
+    return int(found - rows().begin());
+}
+
 Recordset::Private::SortedKeys Recordset::Private::matches(const QString& criterion)
 {
     const Criterion wanted(criterion);
     const int field = fieldIndex(wanted.field());
+    // Of all that is looked for, the number of a record: one text for all of them.
+    if (const auto number = wanted.wholeNumber(); number && isColumn(field) && fields[field].type == Type::Number)
+        return sortedCopy(readKeys(keysSql(columnSql(field) + QLatin1String(" = ?"), {}), {*number}));
     const QString condition = wanted.condition(fields[field].type);
     if (isColumn(field)) return sortedCopy(readKeys(keysSql(columnSql(field) + condition, {})));
     Statement test(*database,
                    QStringLiteral("select ?1 collate %1%2").arg(QLatin1String(functions::caseBlind), condition));
     Keys result;
-    for (const qint64 key : all) {
+    for (const qint64 key : all.keys()) {
         const auto values = readRow(key);
         if (values.empty()) continue;
         test.bind(1, storedValue(values[field]));
@@ -134,11 +144,11 @@ void Recordset::Private::choose()
     if (!sort.isEmpty()) {
         const Order order(sort);
         const int field = fieldIndex(order.field);
-        keys = all;
+        keys = all.keys();
         if (isColumn(field)) {
             keys = readKeys(keysSql({}, columnSql(field) + orderCollation(fields[field].type) +
                                             QLatin1String(order.descending ? " desc" : "")));
-            const SortedKeys known = sortedCopy(all);
+            const SortedKeys known = sortedCopy(all.keys());
             std::erase_if(*keys, [&](qint64 key) { return !contains(known, key); });
         } else {
             sortByValues(*keys, field, order.descending);
@@ -146,7 +156,7 @@ void Recordset::Private::choose()
     }
     if (!filter.isEmpty()) {
         const SortedKeys wanted = matches(filter);
-        if (!keys) keys = all;
+        if (!keys) keys = all.keys();
         std::erase_if(*keys, [&](qint64 key) { return !contains(wanted, key); });
     }
     chosen = std::move(keys);

@@ -1,17 +1,21 @@
 // What a Recordset holds.
 #pragma once
 
+#include "platform/jet/changes.h"
 #include "platform/jet/database.h"
+#include "platform/jet/keylist.h"
 #include "platform/jet/recordset.h"
 #include "platform/jet/select.h"
 #include "platform/jet/statement.h"
 
-#include <deque>
 #include <map>
 #include <optional>
 #include <vector>
 
 namespace jet {
+
+// Nothing for what is no number.
+std::optional<double> numberIn(sqlite3_stmt* statement, int column);
 
 struct Recordset::Private
 {
@@ -24,8 +28,7 @@ struct Recordset::Private
     };
 
     // A row is known by a number: the rowid where the select is simple, else its place among `cells`.
-    // In pieces: a million keys are never copied, nor twice in memory, while they are read.
-    using Keys = std::deque<qint64>;
+    using Keys = KeyList::Keys;
     using SortedKeys = std::vector<qint64>;
 
     explicit Private(std::shared_ptr<Database> shared) : database(std::move(shared)) {}
@@ -35,7 +38,14 @@ struct Recordset::Private
     Select select;
     std::vector<Field> fields;
 
-    Keys all;
+    // What the select was opened with, so that the same one opened again can follow what was written since.
+    QString source;
+    Language language = Language::Dialect;
+    QString placing;                     // the column, in the engine's SQL, whose numbers order `all`; "": their keys
+    std::optional<Changes::Moment> asOf; // when `all` was read; none where it can't follow
+    qint64 version = 0;                  // of the file then
+
+    KeyList all;
     std::optional<Keys> chosen;  // those of `all` that the filter lets through, in the order of the sort
     std::vector<QVariant> cells; // of all rows, where the select isn't simple
     QString sort;
@@ -52,8 +62,8 @@ struct Recordset::Private
     std::map<int, QVariant> pending; // field to value
 
     // State.
-    Keys& rows() { return chosen ? *chosen : all; }
-    int count() { return int(rows().size()); }
+    const Keys& rows() const { return chosen ? *chosen : all.keys(); }
+    int count() const { return int(rows().size()); }
     bool isOpen() const { return opened >= 0 && database->handle && opened == database->opened; }
     void requireOpen() const;
     bool hasCurrentRow() { return position >= 0 && position < count() && !onDeleted; }
@@ -66,15 +76,25 @@ struct Recordset::Private
     void loadKeys();
     void loadCells();
     void describe(const Statement& statement);
-    QString keysSql(const QString& condition, const QString& order) const;
-    Keys readKeys(const QString& sql) const;
+    QString keysSql(const QString& condition, const QString& order, const QString& number = {}) const;
+    Keys readKeys(const QString& sql, const QVariantList& more = {}) const;
     std::vector<QVariant> readRow(qint64 key);
     const std::vector<QVariant>& currentRow();
+
+    // Following what was written (recordset_follow.cpp).
+    bool takesUp(const QString& sql, Language itsLanguage);
+    bool follow();
+    bool putAnew(qint64 key);
+    QString placingColumn() const;
+    void beginToFollow();
+    Statement lookUp(qint64 key) const;
+    int placeOf(qint64 key);
 
     // Looking for rows.
     bool isColumn(int field) const { return select.simple && !fields[field].column.isEmpty(); }
     QString columnSql(int field) const;
     SortedKeys matches(const QString& criterion);
+    int firstFrom(int place, const SortedKeys& matches);
     void choose();
     void sortByValues(Keys& keys, int field, bool descending);
 

@@ -148,8 +148,8 @@ void Recordset::deleteRow()
     if (!d->select.simple) throw notUpdatable(QStringLiteral("O registo"));
     d->write(QStringLiteral("delete from %1 where rowid = ?").arg(quoted(d->select.table)), {key});
     const int position = d->position;
-    d->rows().erase(d->rows().begin() + position);
-    if (d->chosen) std::erase(d->all, key);
+    d->all.erase(d->chosen ? d->placeOf(key) : position);
+    if (d->chosen) d->chosen->erase(d->chosen->begin() + position);
     d->moveTo(position);
     d->onDeleted = true;
 }
@@ -187,7 +187,8 @@ void Recordset::Private::insertPending()
     else
         write(QStringLiteral("%1 (%2) values (%3)").arg(into, nameList(columns), places.join(u',')), values);
     const qint64 key = sqlite3_last_insert_rowid(database->handle);
-    all.push_back(key);
+    all.append(key);
+    asOf.reset(); // the new row stands last, wherever it belongs
     if (chosen) chosen->push_back(key);
     moveTo(count() - 1);
 }

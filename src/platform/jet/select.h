@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 struct sqlite3;
 
 namespace jet {
@@ -40,6 +42,8 @@ public:
     const QString& field() const { return field_; }
     // "operator value" in the engine's SQL, fit for a field of this type. Throws Error (typeMismatch).
     QString condition(Type type) const;
+    // The number of "field = number"; nothing for any other one.
+    std::optional<qint64> wholeNumber() const;
 
 private:
     Tokens tokens_;

@@ -9,13 +9,19 @@
 
 namespace jet {
 
-Statement::Statement(Database& database, const QString& sql)
+Statement::Statement(Database& database, const QString& sql) : sql_(sql)
 {
     database.requireOpen();
-    const QByteArray utf8 = sql.toUtf8();
-    sqlite3_stmt* prepared = nullptr;
-    const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1, 0, &prepared, nullptr);
-    if (code != SQLITE_OK) database.fail(code);
+    sqlite3_stmt* prepared = database.prepared.take(sql);
+    kept_ = prepared != nullptr;
+    if (!prepared) {
+        const QByteArray utf8 = sql.toUtf8();
+        const int code = sqlite3_prepare_v3(database.handle, utf8.constData(), int(utf8.size()) + 1,
+                                            SQLITE_PREPARE_PERSISTENT, &prepared, nullptr);
+        if (code != SQLITE_OK) database.fail(code);
+    }
+    writes_ = !sqlite3_stmt_readonly(prepared);
+    heard_ = writes_ && Changes::hearsRowsOf(sql);
     enlist(&database, prepared);
 }
 
@@ -31,6 +37,10 @@ Statement& Statement::operator=(Statement&& other) noexcept
     Database* database = other.database_;
     sqlite3_stmt* prepared = std::exchange(other.handle_, nullptr);
     running_ = std::exchange(other.running_, false);
+    sql_ = std::move(other.sql_);
+    kept_ = other.kept_;
+    writes_ = other.writes_;
+    heard_ = other.heard_;
     if (prepared) database->statements.erase(&other);
     enlist(database, prepared);
     return *this;
@@ -92,16 +102,24 @@ void Statement::bindAll(const QVariantList& values)
         bind(i + 1, values[i]);
 }
 
+void Statement::bringUpToDate()
+{
+    if (!std::exchange(kept_, false)) return;
+    step();
+    reset();
+}
+
 bool Statement::step()
 {
     if (!handle_) throw connectionClosed();
     if (!std::exchange(running_, true)) {
-        if (!sqlite3_stmt_readonly(handle_)) database_->beforeWrite();
+        if (writes_) database_->beforeWrite();
         database_->watch.begin();
     }
     const int code = sqlite3_step(handle_);
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) {
+        if (writes_) database_->changes.statementEnds(heard_);
         end();
         return false;
     }
@@ -128,7 +146,7 @@ void Statement::finalize()
 {
     if (!handle_) return;
     database_->statements.erase(this);
-    sqlite3_finalize(std::exchange(handle_, nullptr));
+    database_->prepared.keep(sql_, std::exchange(handle_, nullptr));
     end();
 }
 

@@ -10,8 +10,8 @@ struct sqlite3_stmt;
 
 namespace jet {
 
-// Finalised by its end of life or by the close of its connection, whichever comes first; used behind that, it throws
-// Error 3709.
+// Done with by its end of life or by the close of its connection, whichever comes first; used behind that, it throws
+// Error 3709. The connection keeps it prepared for the next one of the same text.
 class Statement
 {
 public:
@@ -22,6 +22,10 @@ public:
     Statement& operator=(Statement&& other) noexcept;
 
     explicit operator bool() const { return handle_; }
+    // Its columns are those of the schema as it was when it was prepared, perhaps long ago; after the first step(), or
+    // this, they are those of today.
+    // Precondition: nothing is bound, and it gives no row so.
+    void bringUpToDate();
     sqlite3_stmt* handle() const { return handle_; }
 
     // A value as NativeSql takes them, or a QByteArray, which is a blob; parameters count from 1. Throws Error
@@ -38,7 +42,11 @@ private:
     void end();
 
     Database* database_ = nullptr;
+    QString sql_;
     sqlite3_stmt* handle_ = nullptr;
+    bool kept_ = false; // it was prepared for an earlier one
+    bool writes_ = false;
+    bool heard_ = false;   // who follows a table hears of the rows that it writes
     bool running_ = false; // between its first row and its last
 };
 
