@@ -40,6 +40,7 @@ double each(double value, int times)
 double medianOf(const std::vector<Side>& turns, const std::function<double(const Side&)>& figure, int times)
 {
     std::vector<double> figures;
+    figures.reserve(turns.size());
     for (const Side& turn : turns)
         figures.push_back(figure(turn));
     return each(median(figures), times);
@@ -57,6 +58,7 @@ Side medians(const std::vector<Side>& turns, const Traffic& traffic, int times)
 std::vector<double> wallTimes(const std::vector<Side>& turns)
 {
     std::vector<double> times;
+    times.reserve(turns.size());
     for (const Side& turn : turns)
         times.push_back(turn.painted.wall);
     return times;
