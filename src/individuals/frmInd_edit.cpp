@@ -53,8 +53,9 @@ void FrmInd::confirmaInsercao()
     const Hourglass ampulheta;
     if (!temObrigatorios("proceder ao seu registo!")) return;
 
-    if (!adoInd.hasRows() || !adoNind.recordset().isOpen()) { // nobody was shown yet
-        adoNind.setRecordSource("select * from individuo");
+    const bool ninguemMostrado = !adoInd.hasRows() || !adoNind.recordset().isOpen();
+    if (ninguemMostrado) {
+        adoNind.setRecordSource("select * from individuo where nind is null");
         adoNind.refresh();
     }
     jet::Recordset& linha = adoNind.recordset();
@@ -67,6 +68,9 @@ void FrmInd::confirmaInsercao()
         throw doIndividuo(Trim(numero()), erro);
     }
     evenIfItFails([&] { guardouInsercao(); });
+    if (ninguemMostrado)
+        adoNind.setRecordSource(
+            jet::NativeSql("select * from individuo where nind = ?", {Nind::doCampo(txtNind->text()).paraColuna()}));
     adoNind.refresh();
     adoInd.refresh();
     NindCorrente = Nind::doCampo(txtNind->text());

@@ -17,6 +17,16 @@ void retiraRestos(const QString& caminho)
     jet::removeLeftovers(QFileInfo(QFileInfo(caminho).canonicalFilePath()).path());
     jet::removeLeftovers(pastaDasCopias(caminho));
 }
+
+using Colunas = QList<jet::Connection::Column>;
+
+bool temColuna(const Colunas& colunas, const QString& tabela, const QString& coluna)
+{
+    return std::any_of(colunas.begin(), colunas.end(), [&](const jet::Connection::Column& existente) {
+        return existente.table.compare(tabela, Qt::CaseInsensitive) == 0 &&
+               existente.name.compare(coluna, Qt::CaseInsensitive) == 0;
+    });
+}
 } // namespace
 
 bool AbreBDP(const QString& caminho)
@@ -58,11 +68,7 @@ bool ExisteTabela(const QString& tabela, jet::Connection& ligacao)
 
 bool ExisteColuna(const QString& tabela, const QString& coluna, jet::Connection& ligacao)
 {
-    const auto colunas = ligacao.columns();
-    return std::any_of(colunas.begin(), colunas.end(), [&](const jet::Connection::Column& existente) {
-        return existente.table.compare(tabela, Qt::CaseInsensitive) == 0 &&
-               existente.name.compare(coluna, Qt::CaseInsensitive) == 0;
-    });
+    return temColuna(ligacao.columns(), tabela, coluna);
 }
 
 void ActualizaEstrutura()
@@ -70,8 +76,10 @@ void ActualizaEstrutura()
     const jet::RoutineScope scope(cnBDP); // what fails is undone before anything else is written
     evenIfItFails([&] {
         cnBDP.beginTrans();
-        if (!ExisteColuna("InfoPar", "Pais", cnBDP)) cnBDP.execute("alter table InfoPar add column Pais char(2)");
-        if (ExisteColuna("Residencia", "idresidencia", cnBDP)) {
+        const Colunas colunas = cnBDP.columns(); // asks each table once
+        const auto falta = [&](const char* tabela, const char* coluna) { return !temColuna(colunas, tabela, coluna); };
+        if (falta("InfoPar", "Pais")) cnBDP.execute("alter table InfoPar add column Pais char(2)");
+        if (!falta("Residencia", "idresidencia")) {
             // Kept: a BDP of this oldest form can't be brought up to date; the engine refuses the first statement.
             cnBDP.execute("alter table Residencia alter CONSTRAINT PKrs Primary Key(numero, tiporesid, dataref)");
             cnBDP.execute("alter table Residencia drop column idresidencia");
@@ -81,18 +89,13 @@ void ActualizaEstrutura()
             cnBDP.execute("create table Passaporte(nind double not null, nPass double not null, dataref date, "
                           "localdestino varchar(15),tipolocaldest varchar(1), obs memo, "
                           "CONSTRAINT Pkpass Primary Key (nind, npass))");
-        if (!ExisteColuna("Individuo", "cFisicas", cnBDP))
-            cnBDP.execute("alter table Individuo add column cFisicas memo");
-        if (!ExisteColuna("Individuo", "escrit", cnBDP)) cnBDP.execute("alter table Individuo add column escrit bit");
-        if (!ExisteColuna("Individuo", "estatura", cnBDP))
-            cnBDP.execute("alter table Individuo add column estatura varchar");
-        if (!ExisteColuna("Individuo", "altura", cnBDP)) cnBDP.execute("alter table Individuo add column altura long");
-        if (!ExisteColuna("Individuo", "rpBapt", cnBDP))
-            cnBDP.execute("alter table Individuo add column rpBapt varchar(255)");
-        if (!ExisteColuna("Individuo", "rpObi", cnBDP))
-            cnBDP.execute("alter table Individuo add column rpObi varchar(255)");
-        if (!ExisteColuna("Familia", "rpCas", cnBDP))
-            cnBDP.execute("alter table Familia add column rpCas varchar(255)");
+        if (falta("Individuo", "cFisicas")) cnBDP.execute("alter table Individuo add column cFisicas memo");
+        if (falta("Individuo", "escrit")) cnBDP.execute("alter table Individuo add column escrit bit");
+        if (falta("Individuo", "estatura")) cnBDP.execute("alter table Individuo add column estatura varchar");
+        if (falta("Individuo", "altura")) cnBDP.execute("alter table Individuo add column altura long");
+        if (falta("Individuo", "rpBapt")) cnBDP.execute("alter table Individuo add column rpBapt varchar(255)");
+        if (falta("Individuo", "rpObi")) cnBDP.execute("alter table Individuo add column rpObi varchar(255)");
+        if (falta("Familia", "rpCas")) cnBDP.execute("alter table Familia add column rpCas varchar(255)");
         cnBDP.commitTrans();
     });
 }

@@ -116,7 +116,8 @@ void requireWritableFile(const QString& path)
 
 sqlite3* openEngine(const QString& path, Access access)
 {
-    const int flags = access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    // No handle is used by two threads: the copy of the day is made with handles of its own.
+    const int flags = SQLITE_OPEN_NOMUTEX | (access == Access::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
     // The absolute path keeps the engine from seeing more than a file in names such as ":memory:".
     const auto absolute = fs::absolute(nativePath(path)).u8string();
     sqlite3* database = nullptr;

@@ -1,6 +1,6 @@
 // Lists that follow what their connection writes, beside lists that are read anew.
 #include "jet/testbdp.h"
-
+#include "jet/walked.h"
 #include "platform/jet/transaction.h"
 
 #include <QRandomGenerator>
@@ -33,14 +33,7 @@ protected:
         return all;
     }
 
-    // How many rows the engine has walked over since this was asked last.
-    int walked() const
-    {
-        int steps = 0;
-        for (sqlite3_stmt* each = nullptr; (each = sqlite3_next_stmt(bdp.handle(), each));)
-            steps += sqlite3_stmt_status(each, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1);
-        return steps;
-    }
+    int walked() const { return rowsWalked(bdp.handle()); } // since this was asked last
 };
 
 class APersonsList : public AListOpenedAgain

@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 
 #include <csignal>
+#include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -154,4 +155,15 @@ TEST_F(Bdp, WhoseReplacementIsKilledIsTheOldOneOrTheNew)
     }
     jet::removeLeftovers(pasta.path());
     EXPECT_EQ(ficheiros(), QStringList());
+}
+
+TEST_F(Bdp, IsAskedForTheColumnsOfEachTableOnce)
+{
+    cria();
+    ASSERT_TRUE(AbreBDP(bdp));
+    int runs = 0;
+    for (sqlite3_stmt* each = nullptr; (each = sqlite3_next_stmt(cnBDP.handle(), each));)
+        if (QByteArrayView(sqlite3_sql(each)).contains("pragma_table_info"))
+            runs += sqlite3_stmt_status(each, SQLITE_STMTSTATUS_RUN, 0);
+    EXPECT_EQ(runs, cnBDP.tables().size());
 }
