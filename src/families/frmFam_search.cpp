@@ -21,6 +21,12 @@ QString condicaoDasDatas(const CriterioDeDatas& datas)
     return " = " + dataDigitada(datas.fixa);
 }
 
+QString condicaoDoConjuge(const QString& sexo, const QString& nome)
+{
+    return " nfamilia in (select nfamilia from familias where nind in (select nind from individuo where sexo = " +
+           citado(sexo) + " and nome like " + digitado(nome) + "))";
+}
+
 // The same days in words, as the store reads them: what was typed as 9 March is searched as 3 September.
 QString diasProcurados(const CriterioDeDatas& datas)
 {
@@ -158,25 +164,9 @@ Filtro FrmFam::filtroDosCampos() const
     if (preenchido(cmbTipoFam)) filtro.junta("tipocasal = " + chaveEmSQL(Trim(cmbTipoFam->text())));
 
     const QString pai = txtPnome->text(), mae = txtSnome->text();
-    if (!pai.isEmpty() && !mae.isEmpty())
-        // A man and a woman of one family are two people: so each is found by itself, and a file whose families are
-        // crowds is gone through twice instead of pair by pair.
-        filtro.junta(" nfamilia in (SELECT famPai.nfamilia FROM individuo AS pai INNER JOIN Familias AS famPai ON "
-                     "pai.nind = famPai.nind where pai.sexo ='m' and pai.nome like " +
-                     digitado(pai) +
-                     ") and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN Familias AS famMae ON "
-                     "mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like " +
-                     digitado(mae) + ")");
-    else if (!pai.isEmpty())
-        filtro.junta(" nfamilia in (select familia.nfamilia from familia, individuo, familias where "
-                     "familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = familias.nind and "
-                     "nome like " +
-                     digitado(pai) + ")");
-    else if (!mae.isEmpty())
-        filtro.junta(" nfamilia in (select familia.nfamilia from familia,individuo, familias where  "
-                     "familia.nfamilia = familias.nfamilia and  sexo = 'f' and individuo.nind = familias.nind and "
-                     "nome like " +
-                     digitado(mae) + ")");
+    // A man and a woman of one family are two people, so each is found by itself, and people before their families.
+    if (!pai.isEmpty()) filtro.junta(condicaoDoConjuge("m", pai));
+    if (!mae.isEmpty()) filtro.junta(condicaoDoConjuge("f", mae));
 
     if (preenchido(cmbLoc)) {
         const Local local = localDoTexto(cmbLoc->text());

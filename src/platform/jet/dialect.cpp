@@ -1,5 +1,6 @@
 #include "platform/jet/dialect.h"
 
+#include "platform/jet/clauses.h"
 #include "platform/jet/errors.h"
 #include "platform/jet/functions.h"
 #include "platform/jet/rewriter.h"
@@ -89,36 +90,6 @@ bool isAggregate(const Tokens& t, int at, int end)
            std::any_of(names.begin(), names.end(), [&](const char* name) { return t[at].is(name); });
 }
 
-// Where each clause of the outermost select begins (its keyword) and ends; -1 where it has none.
-struct Clauses
-{
-    int from = -1, where = -1, order = -1;
-    bool grouped = false;
-    int end;
-
-    explicit Clauses(const Tokens& t) : end(int(t.size()))
-    {
-        for (int i = 1; i < end; i = t[i].is("(") ? t[i].mate + 1 : i + 1) {
-            if (t[i].is("from"))
-                from = i;
-            else if (t[i].is("where"))
-                where = i;
-            else if (t[i].is("order"))
-                order = i;
-            else if (t[i].is("group") || t[i].is("having") || t[i].is("union") || t[i].is("limit"))
-                grouped = true;
-        }
-    }
-
-    int endOf(int clause) const
-    {
-        int result = end;
-        for (int other : {from, where, order})
-            if (other > clause) result = std::min(result, other);
-        return result;
-    }
-};
-
 // The keys and each row are read by statements of their own, and only that of the keys gets the values.
 bool valuesOutsideWhere(const Tokens& t, const Clauses& clauses)
 {
@@ -131,9 +102,9 @@ bool valuesOutsideWhere(const Tokens& t, const Clauses& clauses)
 
 void readSimpleSelect(Select& select, const Tokens& t)
 {
-    const Clauses clauses(t);
+    const Clauses clauses(t, 0, int(t.size()));
     if (valuesOutsideWhere(t, clauses)) return;
-    if (clauses.from < 2 || clauses.grouped || t[1].is("distinct") || t[1].is("all")) return;
+    if (clauses.from < 2 || clauses.grouped() || t[1].is("distinct") || t[1].is("all")) return;
     for (int i = 1; i < clauses.from; ++i)
         if (isAggregate(t, i, clauses.from)) return;
     const int tablesEnd = clauses.endOf(clauses.from);

@@ -1,5 +1,6 @@
 #include "platform/jet/rewriter.h"
 
+#include "platform/jet/clauses.h"
 #include "platform/jet/date.h"
 #include "platform/jet/errors.h"
 #include "platform/jet/functions.h"
@@ -10,11 +11,6 @@
 namespace jet {
 
 namespace {
-
-bool isAny(const Token& token, std::initializer_list<const char*> words)
-{
-    return std::any_of(words.begin(), words.end(), [&](const char* word) { return token.is(word); });
-}
 
 bool isComparison(const Token& token)
 {
@@ -64,12 +60,15 @@ void Rewriter::rewrite(int begin, int end, const Scope* outer)
             rewriteBetween(scope, i);
         } else if (token.is("in")) {
             rewriteIn(scope, i);
+        } else if (token.is("like")) {
+            narrowLike(scope, i);
         } else if (token.is("order") && i + 1 < end && t_[i + 1].is("by")) {
             rewriteOrder(scope, i + 2, end);
         } else if (isAny(token, {"true", "false"}) && !(i > begin && t_[i - 1].is("."))) {
             t_[i].sql = token.is("true") ? QStringLiteral("1") : QStringLiteral("0");
         }
     }
+    if (!outer) narrowGroups(scope);
 }
 
 void Rewriter::collectTables(Scope& scope)
@@ -102,17 +101,20 @@ int Rewriter::readTable(Scope& scope, int at)
     return last;
 }
 
-Type Rewriter::columnType(const Scope& scope, int begin, int end) const
+// The column that a name, or two with a point between them, stands for; none for anything else.
+std::optional<Rewriter::Column> Rewriter::columnOf(Operand operand, const Scope& scope) const
 {
-    const QString column = t_[end - 1].text;
-    const QString qualifier = end - begin == 3 ? t_[begin].text : QString();
+    const auto [begin, end] = operand;
+    const bool qualified = operand.size() == 3 && t_[begin + 1].is(".");
+    if ((operand.size() != 1 && !qualified) || !t_[begin].isName() || !t_[end - 1].isName()) return {};
+    const QString name = t_[end - 1].text;
     for (const Scope* s = &scope; s; s = s->outer)
         for (const Scope::Table& table : s->tables) {
-            if (!qualifier.isEmpty() && table.alias.compare(qualifier, Qt::CaseInsensitive) != 0) continue;
-            const QString declared = declaredType(database_, table.name, column);
-            if (!declared.isEmpty()) return jet::typeOf(declared);
+            if (qualified && table.alias.compare(t_[begin].text, Qt::CaseInsensitive) != 0) continue;
+            const QString declared = declaredType(database_, table.name, name);
+            if (!declared.isEmpty()) return Column{table, name, declared};
         }
-    return Type::Unknown;
+    return {};
 }
 
 Rewriter::Operand Rewriter::leftOf(int at, const Scope& scope) const
@@ -142,19 +144,20 @@ Rewriter::Operand Rewriter::rightOf(int at, const Scope& scope) const
     return {begin, end};
 }
 
+// What stands inside one of the aggregates that give a value of their column; anything else as it is.
+Rewriter::Operand Rewriter::aggregated(Operand operand) const
+{
+    const auto [begin, end] = operand;
+    const bool aggregate = operand.size() > 3 && isAny(t_[begin], {"min", "max", "first"}) && t_[begin + 1].is("(") &&
+                           t_[begin + 1].mate == end - 1;
+    return aggregate ? Operand{begin + 2, end - 1} : operand;
+}
+
 // The type of a column, also inside the aggregates that keep it.
 Type Rewriter::typeOf(Operand operand, const Scope& scope) const
 {
-    auto [begin, end] = operand;
-    if (end - begin > 3 && isAny(t_[begin], {"min", "max", "first"}) && t_[begin + 1].is("(") &&
-        t_[begin + 1].mate == end - 1)
-    {
-        begin += 2;
-        --end;
-    }
-    const bool column =
-        (end - begin == 1 || (end - begin == 3 && t_[begin + 1].is("."))) && t_[begin].isName() && t_[end - 1].isName();
-    return column ? columnType(scope, begin, end) : Type::Unknown;
+    const auto named = columnOf(aggregated(operand), scope);
+    return named ? jet::typeOf(named->declared) : Type::Unknown;
 }
 
 // What the select list names so, where a name of the order stands for it.

@@ -41,6 +41,15 @@ private:
     {
         int begin;
         int end;
+        int size() const { return end - begin; }
+    };
+
+    // Where a name of a statement comes from.
+    struct Column
+    {
+        Scope::Table table;
+        QString name;
+        QString declared; // its type
     };
 
     void flattenRightJoins();
@@ -56,12 +65,22 @@ private:
     Operand leftOf(int at, const Scope& scope) const;
     Operand rightOf(int at, const Scope& scope) const;
     Operand aliased(Operand name, const Scope& scope) const;
+    Operand aggregated(Operand operand) const;
     Type typeOf(Operand operand, const Scope& scope) const;
     bool isText(Operand operand) const;
     void readAsDate(Operand operand);
     void compareBeyondAscii(Operand operand);
     bool opensSelect(int at) const;
-    Type columnType(const Scope& scope, int begin, int end) const;
+    std::optional<Column> columnOf(Operand operand, const Scope& scope) const;
+
+    // What spares the engine a walk through a whole table, and leaves the rows and their order as they are.
+    void narrowLike(const Scope& scope, int at);
+    bool isOwnCondition(const Scope& scope, Operand operand) const;
+    bool isAllElse(const Scope& scope, int at, const Column& named) const;
+    void narrowGroups(const Scope& scope);
+    Operand aggregateBehind(int having, int end) const;
+    bool isOneDate(Operand condition) const;
+    bool isNarrow(const QString& table, const QString& condition) const;
 
     Tokens& t_;
     sqlite3* database_;

@@ -20,7 +20,7 @@ public:
     void install(sqlite3* database); // this stays where it is as long as the handle is open
 
     void begin(); // a statement is to give its first row
-    void end();   // it has given its last one, or is given up
+    void end();   // it has given its last one, or is given up. Called once for each begin()
 
     // Whether goesOn runs: in the middle of a statement, the engine takes no other one.
     bool asking() const { return asking_; }
@@ -34,6 +34,7 @@ private:
 
     Clock::time_point since_;
     Clock::time_point asked_;
+    int running_ = 0;    // statements between begin() and end()
     bool timed_ = false; // since_ holds
     bool told_ = false;  // somebody was asked: over must follow
     bool asking_ = false;

@@ -36,6 +36,7 @@ const Rules& rules()
                        "condicaoDaData",
                        "condicaoDasDatas",
                        "condicaoDoNascimento",
+                       "condicaoDoConjuge",
                        "chaveNoCriterio",
                        "membros",
                        "contagem",

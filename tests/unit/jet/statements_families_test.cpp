@@ -93,25 +93,22 @@ TEST_F(StatementsOnFamilies, OfTheSearch)
          "order by datacasam",
          "1|1|01/02/1745"},
         {"select nfamilia , tipocasal, datacasam  from familia where  obs like '%' order by datacasam", ""},
-        {"select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (SELECT famPai.nfamilia FROM "
-         "individuo AS pai INNER JOIN Familias AS famPai ON pai.nind = famPai.nind where pai.sexo ='m' and pai.nome "
-         "like 'josé%') and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN Familias AS famMae ON "
-         "mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like '%Ávila') order by datacasam",
+        {"select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (select nfamilia from familias where "
+         "nind in (select nind from individuo where sexo = 'm' and nome like 'josé%')) and  nfamilia in (select "
+         "nfamilia from familias where nind in (select nind from individuo where sexo = 'f' and nome like '%Ávila')) "
+         "order by datacasam",
          "1|1|01/02/1745"},
-        {"select nfamilia , tipocasal, datacasam  from familia where sfamilia= '2' and nfamilia in (SELECT "
-         "famPai.nfamilia FROM individuo AS pai INNER JOIN Familias AS famPai ON pai.nind = famPai.nind where pai.sexo "
-         "='m' and pai.nome like 'a%') and nfamilia in (SELECT famMae.nfamilia FROM individuo AS mae INNER JOIN "
-         "Familias AS famMae ON mae.nind = famMae.nind where mae.sexo = 'f' and mae.nome like 'a%') order by datacasam",
+        {"select nfamilia , tipocasal, datacasam  from familia where sfamilia= '2' and  nfamilia in (select nfamilia "
+         "from familias where nind in (select nind from individuo where sexo = 'm' and nome like 'a%')) and  nfamilia "
+         "in (select nfamilia from familias where nind in (select nind from individuo where sexo = 'f' and nome like "
+         "'a%')) order by datacasam",
          "2|3|24/06/1775"},
-        {"select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (select familia.nfamilia from "
-         "familia, "
-         "individuo, familias where  familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = "
-         "familias.nind and nome like 'ANTÓNIO') order by datacasam",
+        {"select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (select nfamilia from familias where "
+         "nind in (select nind from individuo where sexo = 'm' and nome like 'ANTÓNIO')) order by datacasam",
          "2|3|24/06/1775"},
-        {"select nfamilia , tipocasal, datacasam  from familia where sfamilia= '1' and nfamilia in (select "
-         "familia.nfamilia from familia,individuo, familias where  familia.nfamilia = familias.nfamilia and  sexo = "
-         "'f' "
-         "and individuo.nind = familias.nind and nome like '%') order by datacasam",
+        {"select nfamilia , tipocasal, datacasam  from familia where sfamilia= '1' and  nfamilia in (select nfamilia "
+         "from familias where nind in (select nind from individuo where sexo = 'f' and nome like '%')) order by "
+         "datacasam",
          "3|7|- 1|1|01/02/1745"},
         {"select nfamilia , tipocasal,datacasam  from familia where  datacasam  = #24/06/1775# order by datacasam",
          "2|3|24/06/1775"},

@@ -2,6 +2,7 @@
 #include "jet/testbdp.h"
 
 #include <QElapsedTimer>
+#include <QThread>
 
 namespace jet::test {
 
@@ -55,6 +56,17 @@ TEST_F(ALongStatement, OfOneTableIsNotBegunAgainWhenItWasEnded)
               }),
               0);
     EXPECT_EQ(over, 1);
+}
+
+// What is looked at before a search takes a few steps, and no one waits for it.
+TEST_F(ALongStatement, IsNotWhatTheTranslationAsksTheFile)
+{
+    run("create table n (nome varchar(20), a long)");
+    run("insert into n (nome, a) select 'x', t.a from t, t as u where u.a < 9");
+    EXPECT_EQ(rows("select count(*) as n from t as x, t as y where x.a + y.a = 8"), "9"); // looked at, and over
+    QThread::msleep(400);
+    EXPECT_EQ(rows("select a from n where nome like 'y%' and a = 1"), "");
+    EXPECT_EQ(asked, 0);
 }
 
 TEST_F(ALongStatement, ThatWritesLeavesNothingOfItself)
