@@ -46,3 +46,10 @@ QString chaveEmSQL(const QVariant& chave)
     if (texto.isEmpty() || numero.match(texto).hasMatch()) return texto;
     throw jet::Error{jet::number::typeMismatch, "\"" + texto + "\" não é um número."};
 }
+
+jet::NativeSql comChave(const char* instrucao, const QVariant& chave)
+{
+    const QString texto = QString::fromUtf8(instrucao), numero = chaveEmSQL(chave);
+    if (numero.isEmpty()) return jet::NativeSql(QString(texto).remove('?'));
+    return jet::NativeSql(texto, {numero.toDouble()});
+}

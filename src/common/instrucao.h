@@ -3,6 +3,8 @@
 // rules below.
 #pragma once
 
+#include "platform/jet/nativesql.h"
+
 #include <QString>
 #include <QVariant>
 
@@ -30,3 +32,7 @@ QString inteiroEmSQL(const QString& texto);
 // Precondition: digits, with a sign or a decimal point; Error 13 otherwise, so that no expression reaches the store.
 // Kept: "" for none, which leaves the statement to the engine as one that lacks a value.
 QString chaveEmSQL(const QVariant& chave);
+
+// A statement in the engine's own SQL with the number of a record, as chaveEmSQL() takes it, for its one ?; without a
+// value for none. It is the same text for all records, and so the connection has it prepared.
+jet::NativeSql comChave(const char* instrucao, const QVariant& chave);

@@ -4,6 +4,7 @@
 #include "common/niveis.h"
 #include "common/text.h"
 #include "platform/forms/controls.h"
+#include "platform/forms/entryindex.h"
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
@@ -22,12 +23,20 @@ qsizetype ondeEstaALetra(const QString& texto)
 // Chooses the first entry whose text from the letter on is `resto`.
 bool escolhePeloResto(ComboBox& lista, const QString& resto)
 {
-    for (int indice = 0; indice < lista.count(); ++indice) {
-        if (restoDoLocal(lista.list(indice)) != resto) continue;
-        lista.setListIndex(indice);
-        return true;
-    }
-    return false;
+    const int indice = EntryIndex::of(lista, restoDoLocal).first(resto);
+    if (indice >= 0) lista.setListIndex(indice);
+    return indice >= 0;
+}
+
+// Adds an entry that has just been looked for, and chooses the first one with its text: itself, unless its code reads
+// like the end of another place.
+void juntaEEscolhe(ComboBox& lista, const QString& texto, const QString& resto)
+{
+    const int nova = lista.add(texto);
+    if (restoDoLocal(texto) == resto)
+        lista.setListIndex(nova);
+    else
+        lista.setText(texto);
 }
 
 } // namespace
@@ -66,16 +75,15 @@ void SeleccionaLocal(ComboBox& lista, const QString& codigo, const QString& tipo
     if (Trim(codigo).isEmpty()) return;
     const QString letra = tipo.toUpper();
     lista.setListIndex(-1);
-    if (escolhePeloResto(lista, letra + "- " + codigo)) return;
+    const QString resto = letra + "- " + codigo;
+    if (escolhePeloResto(lista, resto)) return;
 
     if (!nivelDaLetra(letra)) return;
     DadosDoNivel nivel = *nivelDaLetra(letra);
     if (nivel.nivel == Nivel::Sitio && sitios == TabelaDosSitios::lugar) nivel.tabela = dadosDe(Nivel::Lugar).tabela;
     const jet::Recordset local(cnBDP, nivel.nomeDe(codigo));
     if (local.eof()) return;
-    const QString texto = textoDoLocal(local[0].toString(), letra, codigo); // kept: any "*" stays in the name
-    lista.add(texto);
-    lista.setText(texto);
+    juntaEEscolhe(lista, textoDoLocal(local[0].toString(), letra, codigo), resto); // kept: any "*" stays in the name
 }
 
 void SeleccionaParoquiaDaBDP(ComboBox& lista)
@@ -94,7 +102,8 @@ QString NomeLocal(const QVariant& codigo, const QVariant& tipo)
 QString DescricaoInfo(const QString& categoria, const QString& codigo)
 {
     const jet::Recordset info(
-        cnBDP, jet::NativeSql("select descricao from infocomplementar where categoria = ? and codigo = ?",
+        cnBDP, jet::NativeSql("select descricao from infocomplementar where categoria = ? and codigo = ? "
+                              "order by rowid limit 1",
                               {categoria, codigo}));
     return info.eof() ? QString() : info["Descricao"].toString();
 }

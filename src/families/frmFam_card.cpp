@@ -58,7 +58,7 @@ void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
     const QString nfam = nf && nf != Nfam(0) ? nf.texto() : textoDoNumero(rs["nfamilia"]);
     adoFam.recordset().moveFirst();
     adoFam.recordset().find("nfamilia = " + chaveEmSQL(nfam));
-    adonFam.setRecordSource("Select * from  familias where nfamilia = " + chaveEmSQL(nfam));
+    adonFam.setRecordSource(comChave("select * from familias where nfamilia = ? order by rowid limit -1", nfam));
     adonFam.refresh();
     txtNFam->setText(nfam);
 
@@ -71,12 +71,11 @@ void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
     mostraFamilia();
 
     adoFilhos.setRecordSource(
-        "SELECT [individuo].[FAMORIG], [individuo].[FimObs], [individuo].[NIND], [individuo].[NOME], "
-        "[individuo].[Datanasc], [individuo].[DataObito],  MIN([Familia].[DaTacASAM]) as dataCasam  From individuo "
-        " LEFT JOIN ( familia RIGHT JOIN familias  ON [familia].[nfamilia] =[familias].[nfamilia]) ON "
-        "[individuo].[nind]=[familias].[nind] where famorig = " +
-        chaveEmSQL(nfam) +
-        " group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito ORDER BY datanasc");
+        comChave("select famorig, individuo.fimobs, individuo.nind, nome, datanasc, dataobito, "
+                 "min(familia.datacasam) as datacasam from individuo left join familias on individuo.nind = "
+                 "familias.nind left join familia on familia.nfamilia = familias.nfamilia where famorig = ? "
+                 "group by famorig, individuo.nind, nome, individuo.fimobs, datanasc, dataobito order by datanasc",
+                 nfam));
     adoFilhos.refresh();
     ActualizaFilhos();
 
@@ -106,7 +105,7 @@ void FrmFam::mostraFicheiroVazio()
 void FrmFam::mostraMembro(const jet::Recordset& membro)
 {
     const QString nind = textoDoNumero(membro["nind"]);
-    const jet::Recordset individuo(cnBDP, "select sexo from individuo where nind = " + chaveEmSQL(nind));
+    const jet::Recordset individuo(cnBDP, comChave("select sexo from individuo where nind = ? limit 1", nind));
     const QString sexo = individuo.eof() ? QString() : individuo["sexo"].toString();
     if (sexo.isEmpty()) return;
 

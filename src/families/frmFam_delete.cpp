@@ -18,11 +18,11 @@ void FrmFam::eliminaFamilia()
     const QString n = chaveEmSQL(adoFam.recordset()["nfamilia"]);
     jet::Transaction transaccao(cnBDP);
     lixo::Recolha recolha(cnBDP, lixo::Tipo::Familia, n);
-    cnBDP.execute("update individuo set famorig = null where famorig = " + n);
-    cnBDP.execute("delete from residencia where tiporesid = 'f' and numero = " + n);
-    cnBDP.execute("delete from assistente where tipoacto = 'c' and entidade = " + n);
-    cnBDP.execute("delete from familias where nfamilia = " + n);
-    cnBDP.execute("delete from familia where nfamilia = " + n);
+    cnBDP.execute(comChave("update individuo set famorig = null where famorig = ?", n));
+    cnBDP.execute(comChave("delete from residencia where tiporesid = 'f' and numero = ?", n));
+    cnBDP.execute(comChave("delete from assistente where tipoacto = 'c' and entidade = ?", n));
+    cnBDP.execute(comChave("delete from familias where nfamilia = ?", n));
+    cnBDP.execute(comChave("delete from familia where nfamilia = ?", n));
     recolha.guarda();
     transaccao.commit();
 

@@ -43,9 +43,9 @@ void FrmFam::txtNind_Change(int indice)
             membro.nome->setToolTip(shownTip(vida));
         };
         if (membro.nind->text().isEmpty()) return descreve({}, {});
-        const jet::Recordset pessoa(cnBDP, "select nome, sexo, datanasc, localnasc,  tipolocalnasc, dataobito from "
-                                           "individuo where nind = " +
-                                               numeroEmSQL(membro.nind->text()));
+        const jet::Recordset pessoa(cnBDP, jet::NativeSql("select nome, datanasc, localnasc, tipolocalnasc, dataobito "
+                                                          "from individuo where nind = ? limit 1",
+                                                          {numeroDoTexto(membro.nind->text())}));
         if (pessoa.eof()) return descreve({}, {});
         descreve(pessoa["nome"].toString() + "  -  ", resumoDaVida(pessoa));
         mostraIdade(membro.idCalc, pessoa["datanasc"], mskData->text());
@@ -59,8 +59,8 @@ void FrmFam::mostraIdades()
         membro.idCalc->clear();
     for (const Metade& membro : metades_) {
         if (membro.nind->text().isEmpty() || !eData(mskData->text())) continue;
-        const jet::Recordset pessoa(cnBDP,
-                                    "select datanasc from individuo where nind = " + numeroEmSQL(membro.nind->text()));
+        const jet::Recordset pessoa(cnBDP, jet::NativeSql("select datanasc from individuo where nind = ? limit 1",
+                                                          {numeroDoTexto(membro.nind->text())}));
         if (!pessoa.eof()) mostraIdade(membro.idCalc, pessoa["datanasc"], mskData->text());
     }
 }

@@ -64,7 +64,7 @@ void FrmInd::ActualizaCampos(jet::Recordset& rs)
 void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
 {
     const QString nind = textoDoNumero(rs["Nind"]);
-    adoNind.setRecordSource("select * from individuo where nind = " + chaveEmSQL(nind));
+    adoNind.setRecordSource(comChave("select * from individuo where nind = ?", nind));
     adoNind.refresh();
     NindCorrente = Nind::daColuna(rs["Nind"]);
     txtNind->setText(nind);
@@ -117,10 +117,10 @@ void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
         optTest_1->setValue(true);
     txtObs->setText(guardado["obs"].toString());
 
-    adoRel.setRecordSource(
-        "SELECT familia.nfamilia, tipocasal, sfamilia, datacasam FROM (familia INNER JOIN familias ON "
-        "familia.nfamilia = familias.nfamilia) WHERE familias.nind =" +
-        chaveEmSQL(nind) + " order by datacasam asc");
+    adoRel.setRecordSource(comChave("select familia.nfamilia, tipocasal, sfamilia, datacasam from familia inner join "
+                                    "familias on familia.nfamilia = familias.nfamilia where familias.nind = ? "
+                                    "order by datacasam asc",
+                                    nind));
     adoRel.refresh();
     PreencheFamilias();
 

@@ -14,29 +14,29 @@ namespace {
 // the heirs and the columns in which others name the person keep the number.
 void eliminaReferencias(const QString& n)
 {
-    cnBDP.execute("delete from residencia where tiporesid = 'i' and numero = " + n);
-    cnBDP.execute("delete from profissoes where nind = " + n);
-    cnBDP.execute("delete from legadosprofanos where nind = " + n);
-    cnBDP.execute("delete from rituaismorte where nind = " + n);
-    cnBDP.execute("delete from assinatura where nind = " + n);
-    cnBDP.execute("delete from assistente where tipoacto = 'b'  and entidade = " + n);
-    cnBDP.execute("delete from assistente where nind = " + n);
-    cnBDP.execute("delete from assistente where nind = " + n);
-    cnBDP.execute("delete from passaporte where nind = " + n);
+    cnBDP.execute(comChave("delete from residencia where tiporesid = 'i' and numero = ?", n));
+    cnBDP.execute(comChave("delete from profissoes where nind = ?", n));
+    cnBDP.execute(comChave("delete from legadosprofanos where nind = ?", n));
+    cnBDP.execute(comChave("delete from rituaismorte where nind = ?", n));
+    cnBDP.execute(comChave("delete from assinatura where nind = ?", n));
+    cnBDP.execute(comChave("delete from assistente where tipoacto = 'b' and entidade = ?", n));
+    cnBDP.execute(comChave("delete from assistente where nind = ?", n));
+    cnBDP.execute(comChave("delete from assistente where nind = ?", n));
+    cnBDP.execute(comChave("delete from passaporte where nind = ?", n));
 }
 
 // A family that loses its only spouse is deleted, and its children no longer have a family of origin. Kept: a couple
 // loses both spouses, and the family stays without any; more than two are left alone. Whether it was deleted.
 bool desfazFamilia(const QString& f)
 {
-    const jet::Recordset contagem(cnBDP, "select count(*) as cont from familias where nfamilia = " + f);
+    const jet::Recordset contagem(cnBDP, comChave("select count(*) as cont from familias where nfamilia = ?", f));
     const double conjuges = contagem["cont"].toDouble();
     if (conjuges == 1) {
-        cnBDP.execute("update individuo set famorig = null where  famorig = " + f);
-        cnBDP.execute("delete from familias where nfamilia = " + f);
-        cnBDP.execute("delete from familia where nfamilia = " + f);
+        cnBDP.execute(comChave("update individuo set famorig = null where famorig = ?", f));
+        cnBDP.execute(comChave("delete from familias where nfamilia = ?", f));
+        cnBDP.execute(comChave("delete from familia where nfamilia = ?", f));
     } else if (conjuges == 2) {
-        cnBDP.execute("delete from familias where nfamilia = " + f);
+        cnBDP.execute(comChave("delete from familias where nfamilia = ?", f));
     }
     return conjuges == 1;
 }
@@ -68,7 +68,7 @@ void FrmInd::eliminaIndividuo()
     lixo::Recolha recolha(cnBDP, lixo::Tipo::Individuo, n);
     eliminaReferencias(n);
     QStringList desfeitas;
-    for (jet::Recordset familias(cnBDP, "select nfamilia from familias where nind = " + n); !familias.eof();
+    for (jet::Recordset familias(cnBDP, comChave("select nfamilia from familias where nind = ?", n)); !familias.eof();
          familias.moveNext())
         if (const QString f = chaveEmSQL(familias["nfamilia"]); desfazFamilia(f)) desfeitas << f;
     eliminaLinha(n);

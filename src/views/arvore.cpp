@@ -10,13 +10,13 @@
 namespace {
 
 // The members of a family, with what a node tells of a person and their own family of origin.
-QString membros(const QString& familia)
+jet::NativeSql membros(const QString& familia)
 {
-    return "SELECT familia.nfamilia, individuo.nome,individuo.sexo, datanasc, localnasc,  tipolocalnasc, dataobito, "
-           "individuo.inicioobs, individuo.fimobs, individuo.famorig  FROM individuo INNER JOIN (familia INNER JOIN "
-           "familias ON  familia.nfamilia = familias.nfamilia) ON individuo.nind = familias.nind WHERE "
-           "familias.nfamilia = " +
-           chaveEmSQL(familia) + " order by individuo.sexo desc";
+    return comChave("select individuo.nome, datanasc, localnasc, tipolocalnasc, dataobito, individuo.inicioobs, "
+                    "individuo.fimobs, individuo.famorig from individuo inner join (familia inner join familias on "
+                    "familia.nfamilia = familias.nfamilia) on individuo.nind = familias.nind where familias.nfamilia = "
+                    "? order by individuo.sexo collate orv_alphabetical desc",
+                    familia);
 }
 
 // The whole text also where the node is wider than the tree.

@@ -28,8 +28,10 @@ void FrmArv::mostraConjuge(Form& cartao, const PessoaDaArvore& pessoa)
 {
     mostra(cartao, "Conjuge", pessoa, [&](Arvore& arvore) {
         const jet::Recordset registo(
-            cnBDP, "select nome , datanasc, dataobito, inicioobs, fimobs, famorig from individuo where nind = " +
-                       chaveEmSQL(pessoa.nind));
+            cnBDP,
+            comChave("select nome, datanasc, dataobito, inicioobs, fimobs, famorig from individuo where nind = ? "
+                     "limit 1",
+                     pessoa.nind));
         const Arvore::No raiz = arvore.junta(registo["Nome"].toString() + DatasResumo(registo));
         arvore.juntaMembros(raiz, registo["famorig"]);
         return raiz;

@@ -116,13 +116,15 @@ void FrmResult::Dados()
     evenIfItFails([&] {
         lvInfo->clear();
         const bool familia = uso_ == Uso::Familias;
-        const QString instrucao =
-            familia ? "select dataref, localresid, tipolocal  from residencia where numero = " + chaveEmSQL(chave()) +
-                          " and tiporesid = 'f' order by dataref"
-                    : "select dataref, profissao  from profissoes, profissao where profissao.codprof =  "
-                      "profissoes.codprof and nind = " +
-                          chaveEmSQL(chave()) + " order by dataref";
-        for (jet::Recordset facto(cnBDP, instrucao); !facto.eof(); facto.moveNext()) {
+        jet::Recordset facto(
+            cnBDP,
+            familia ? comChave("select dataref, localresid, tipolocal from residencia where numero = ? and tiporesid = "
+                               "'f' order by dataref",
+                               chave())
+                    : comChave("select dataref, profissao from profissoes, profissao where profissao.codprof = "
+                               "profissoes.codprof and nind = ? order by dataref",
+                               chave()));
+        for (; !facto.eof(); facto.moveNext()) {
             const QString texto =
                 familia ? NomeLocal(facto["localresid"], facto["tipolocal"]) : facto["profissao"].toString();
             new QTreeWidgetItem(lvInfo, {textoDaData(facto["dataref"]), texto});

@@ -19,9 +19,9 @@ QString datasELocal(const jet::Recordset& pessoa)
 void juntaConjuge(Arvore& arvore, const PessoaDaArvore& conjuge)
 {
     if (Trim(conjuge.nome).isEmpty()) return;
-    const jet::Recordset pessoa(cnBDP, "select famorig, datanasc, localnasc, tipolocalnasc,  dataobito, inicioobs, "
-                                       "fimobs from individuo where nind = " +
-                                           chaveEmSQL(conjuge.nind));
+    const jet::Recordset pessoa(cnBDP, comChave("select famorig, datanasc, localnasc, tipolocalnasc, dataobito, "
+                                                "inicioobs, fimobs from individuo where nind = ? limit 1",
+                                                conjuge.nind));
     // Kept: the name is the card's description of the person and has the dates already; the node shows them twice.
     const Arvore::No no = arvore.junta(nomeNaArvore(conjuge.nome) + datasELocal(pessoa));
     arvore.juntaMembros(no, pessoa["famorig"]);

@@ -1,16 +1,19 @@
 #include "platform/forms/controls.h"
+#include "platform/forms/palettes.h"
 
 #include <QApplication>
 #include <QHeaderView>
-#include <QPalette>
 #include <QVariant>
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <optional>
+#include <tuple>
 
 namespace {
 
-constexpr auto property = "backColor";
+constexpr auto colorProperty = "backColor";
 
 double linear(double part)
 {
@@ -57,14 +60,53 @@ Look lookOf(const QWidget* control)
     return {control->backgroundRole(), QPalette::WindowText, true};
 }
 
-// The dot of a radio and the tick of a check box tell a value, too: while they are disabled they keep their colour.
-void keepMark(QPalette& palette, const QWidget* control)
+// The dot of a radio and the tick of a check box tell a value, too: while they are disabled they keep this colour,
+// where they have one.
+std::optional<QColor> markOf(const QWidget* control)
 {
-    if (!qobject_cast<const QRadioButton*>(control) && !qobject_cast<const QCheckBox*>(control)) return;
+    if (!qobject_cast<const QRadioButton*>(control) && !qobject_cast<const QCheckBox*>(control)) return {};
     const QPalette desktop = QApplication::palette(control);
     const QColor back = desktop.color(QPalette::Disabled, QPalette::Base);
     const QColor own = desktop.color(QPalette::Active, QPalette::Text);
-    palette.setColor(QPalette::Disabled, QPalette::Text, contrast(own, back) >= readable ? own : textOn(back));
+    return contrast(own, back) >= readable ? own : textOn(back);
+}
+
+void keepMark(QPalette& palette, const std::optional<QColor>& mark)
+{
+    if (mark) palette.setColor(QPalette::Disabled, QPalette::Text, *mark);
+}
+
+// All is left to the desktop.
+QPalette noPalette()
+{
+    QPalette palette;
+    palette.setResolveMask(0);
+    return palette;
+}
+
+QPalette paletteOf(const QColor& color, const Look& look, const std::optional<QColor>& mark)
+{
+    QPalette palette = noPalette();
+    const QColor text = textOn(color);
+    const QColor shut = pale(text, color);
+    palette.setColor(look.back, color);
+    palette.setColor(look.text, text);
+    palette.setColor(QPalette::Disabled, look.text, shut);
+    palette.setColor(QPalette::PlaceholderText, shut);
+    keepMark(palette, mark);
+    return palette;
+}
+
+// Worked out once for all controls that look alike, as a change of mode colours dozens of them.
+QPalette sharedPalette(const QColor& color, const Look& look, const std::optional<QColor>& mark)
+{
+    using Kind = std::tuple<QRgb, int, int, QRgb>;
+    static std::map<Kind, QPalette> known;
+    constexpr size_t most = 100; // the desktop has changed its colours many a time
+    const Kind kind{color.rgba(), look.back, look.text, mark ? mark->rgba() : 0};
+    if (const auto found = known.find(kind); found != known.end()) return found->second;
+    if (known.size() >= most) known.clear();
+    return known.emplace(kind, paletteOf(color, look, mark)).first->second;
 }
 
 } // namespace
@@ -72,25 +114,34 @@ void keepMark(QPalette& palette, const QWidget* control)
 void setBackColor(QWidget* control, const QColor& color)
 {
     const Look look = lookOf(control);
-    QPalette palette;
-    palette.setResolveMask(0);
-    if (color.isValid()) {
-        const QColor text = textOn(color);
-        palette.setColor(look.back, color);
-        palette.setColor(look.text, text);
-        palette.setColor(QPalette::Disabled, look.text, pale(text, color));
-        palette.setColor(QPalette::PlaceholderText, pale(text, color));
-        keepMark(palette, control);
-    }
-    control->setProperty(property, color.isValid() ? QVariant(color) : QVariant());
-    control->setPalette(palette);
+    const auto mark = markOf(control);
+    const QVariant value = color.isValid() ? QVariant(color) : QVariant();
+    const bool sameMark = !mark || control->palette().color(QPalette::Disabled, QPalette::Text) == *mark;
+    if (color.isValid() && sameMark && control->property(colorProperty) == value) return;
+    control->setProperty(colorProperty, value);
+    control->setPalette(color.isValid() ? sharedPalette(color, look, mark) : noPalette());
     if (look.filled) control->setAutoFillBackground(color.isValid());
 }
 
 QColor backColor(const QWidget* control)
 {
-    const QVariant set = control->property(property);
+    const QVariant set = control->property(colorProperty);
     return set.isValid() ? set.value<QColor>() : control->palette().color(lookOf(control).back);
+}
+
+QPalette firstEqual(const QPalette& palette)
+{
+    static QList<QPalette> known;
+    constexpr qsizetype most = 50;
+    const auto found = std::ranges::find(known, palette);
+    if (found != known.end()) {
+        QPalette first = *found;
+        first.setCurrentColorGroup(palette.currentColorGroup());
+        return first;
+    }
+    if (known.size() >= most) known.clear();
+    known << palette;
+    return palette;
 }
 
 double contrast(const QColor& a, const QColor& b)
@@ -101,16 +152,15 @@ double contrast(const QColor& a, const QColor& b)
 
 void keepReadableWhenDisabled(QWidget* control)
 {
-    if (control->property(property).isValid()) return;
+    if (control->property(colorProperty).isValid()) return;
     const Look look = lookOf(control);
     QPalette palette = control->palette();
     const QColor back = palette.color(QPalette::Disabled, look.back);
     if (contrast(palette.color(QPalette::Disabled, look.text), back) >= readable) return;
     const QColor own = palette.color(QPalette::Active, look.text);
     const QColor text = contrast(own, back) >= readable ? own : textOn(back);
-    palette = QPalette();
-    palette.setResolveMask(0);
+    palette = noPalette();
     palette.setColor(QPalette::Disabled, look.text, pale(text, back));
-    keepMark(palette, control);
+    keepMark(palette, markOf(control));
     control->setPalette(palette);
 }

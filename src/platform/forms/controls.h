@@ -162,6 +162,10 @@ public:
     void setLocked(bool locked);
     void showPopup() override;
 
+    // Of a list whose entries aren't measured.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 signals:
     void clicked();
 

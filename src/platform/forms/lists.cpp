@@ -1,4 +1,5 @@
 #include "platform/forms/controls.h"
+#include "platform/forms/palettes.h"
 #include "platform/forms/showntext.h"
 
 #include <QKeyEvent>
@@ -26,8 +27,6 @@ public:
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
     setFocusPolicy(Qt::StrongFocus); // the wheel must not move the focus
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(12);
     connect(this, &QComboBox::activated, this, &ComboBox::clicked);
 }
 
@@ -110,6 +109,7 @@ void ComboBox::paintEvent(QPaintEvent*)
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
+    option.palette = firstEqual(option.palette);
     option.currentText = shownText(option.currentText);
     QStylePainter painter(this);
     if (locked_) {
@@ -131,6 +131,27 @@ void ComboBox::paintEvent(QPaintEvent*)
     option.palette.setBrush(QPalette::ButtonText, option.palette.text());
     painter.setPen(option.palette.color(QPalette::Text));
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+// The toolkit's own way to this size makes the popup of each list when the window is built, and has it follow every
+// change of colour, though most lists are never opened.
+QSize ComboBox::sizeHint() const
+{
+    struct Measured
+    {
+        QFont font;
+        const QStyle* style = nullptr;
+        QSize size;
+    };
+    static Measured last;
+    if (last.style == style() && last.font == font()) return last.size;
+    QComboBox sample;
+    sample.setStyle(style());
+    sample.setFont(font());
+    sample.setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    sample.setMinimumContentsLength(12);
+    last = {font(), style(), sample.sizeHint()};
+    return last.size;
 }
 
 void ComboBox::showPopup()

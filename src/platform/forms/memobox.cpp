@@ -1,11 +1,14 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/cuttext.h"
 #include "platform/forms/editkeys.h"
+#include "platform/forms/palettes.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyleOptionSlider>
 #include <QTextBlock>
 
 namespace {
@@ -102,10 +105,25 @@ private:
     int breaks_ = 0;
 };
 
+class ScrollBar : public QScrollBar
+{
+public:
+    using QScrollBar::QScrollBar;
+
+protected:
+    void initStyleOption(QStyleOptionSlider* option) const override
+    {
+        QScrollBar::initStyleOption(option);
+        option->palette = firstEqual(option->palette); // the field's, with its colour
+    }
+};
+
 } // namespace
 
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
 {
+    setVerticalScrollBar(new ScrollBar(Qt::Vertical, this));
+    setHorizontalScrollBar(new ScrollBar(Qt::Horizontal, this));
     setTabChangesFocus(true);
     setFocusPolicy(Qt::StrongFocus);
 }
@@ -118,6 +136,9 @@ QString MemoBox::text() const
 
 void MemoBox::setText(const QString& text)
 {
+    const QTextDocument& held = *document();
+    const bool fresh = !held.isModified() && !held.isUndoAvailable() && !held.isRedoAvailable() && !hasFocus();
+    if (fresh && text.isEmpty() && held.isEmpty()) return;
     rest_.clear();
     {
         const QSignalBlocker quiet(text.isEmpty() ? nullptr : this);

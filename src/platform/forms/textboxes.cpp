@@ -75,6 +75,8 @@ QString TextBox::text() const
 // The line takes what its limit allows, so that is raised for a stored text beyond the user's.
 void TextBox::setText(const QString& text)
 {
+    const bool fresh = !isModified() && !isUndoAvailable() && !isRedoAvailable() && !hasFocus();
+    if (fresh && text.isEmpty() && QLineEdit::text().isEmpty()) return; // most fields of a card are empty all day
     const bool wouldHalve = text.size() > longestLine && text.at(longestLine - 1).isHighSurrogate();
     const QString shown = text.left(longestLine - wouldHalve);
     rest_ = text.mid(shown.size());

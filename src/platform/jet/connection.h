@@ -139,6 +139,7 @@ private:
     std::shared_ptr<Database> database_;
     OwnTables own_;
     friend class Recordset;
+    friend class JsonReader;
 };
 
 // One row is added by each run(), as by a statement with the values as texts: they take the types of their columns, or

@@ -1,7 +1,7 @@
 #include "platform/jet/jsonrow.h"
 
 #include "platform/jet/columns.h"
-#include "platform/jet/errors.h"
+#include "platform/jet/statement.h"
 
 #include <QJsonValue>
 #include <QStringDecoder>
@@ -9,31 +9,12 @@
 #include <sqlite3.h>
 
 #include <cmath>
-#include <memory>
 
 namespace jet {
 
 namespace {
 
 constexpr auto blobKey = "blob", textKey = "texto", realKey = "real";
-
-struct Finalizer
-{
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Prepared = std::unique_ptr<sqlite3_stmt, Finalizer>;
-
-void bind(sqlite3_stmt* statement, int parameter, const QVariant& value)
-{
-    if (value.typeId() == QMetaType::Double) {
-        sqlite3_bind_double(statement, parameter, value.toDouble());
-    } else if (value.typeId() == QMetaType::QString) {
-        const QByteArray utf8 = value.toString().toUtf8();
-        sqlite3_bind_text(statement, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
-    } else {
-        sqlite3_bind_int64(statement, parameter, value.toLongLong());
-    }
-}
 
 QJsonObject marked(const char* key, const QByteArray& bytes)
 {
@@ -99,26 +80,23 @@ std::pair<QString, QVariant> bound(const QJsonValue& value)
 
 } // namespace
 
+// What a reader of rows may know of a connection.
+class JsonReader
+{
+public:
+    static Statement prepare(const Connection& connection, const QString& sql) { return {*connection.database_, sql}; }
+};
+
 QList<QJsonObject> jsonRows(const Connection& connection, const NativeSql& select)
 {
-    sqlite3* const database = connection.handle();
-    if (!database) throw connectionClosed();
-    const auto check = [&](int code) {
-        if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE)
-            throw engineError(database, code, connection.dataSource());
-        return code;
-    };
-    const QByteArray sql = select.sql.toUtf8();
-    sqlite3_stmt* handle = nullptr;
-    check(sqlite3_prepare_v2(database, sql.constData(), int(sql.size()) + 1, &handle, nullptr));
-    const Prepared statement(handle);
+    Statement statement = JsonReader::prepare(connection, select.sql);
     for (qsizetype i = 0; i < select.values.size(); ++i)
-        bind(handle, int(i) + 1, select.values[i]);
+        statement.bind(int(i) + 1, select.values[i]);
     QList<QJsonObject> rows;
-    while (check(sqlite3_step(handle)) == SQLITE_ROW) {
+    while (statement.step()) {
         QJsonObject row;
-        for (int i = 0; i < sqlite3_column_count(handle); ++i)
-            row.insert(nameOf(handle, i), valueOf(handle, i));
+        for (int i = 0; i < sqlite3_column_count(statement.handle()); ++i)
+            row.insert(nameOf(statement.handle(), i), valueOf(statement.handle(), i));
         rows << row;
     }
     return rows;

@@ -80,4 +80,18 @@ TEST(AKey, StandsInAStatementAsItIsShown)
         EXPECT_EQ(errorOf([&] { chaveEmSQL(text); }), jet::number::typeMismatch) << text;
 }
 
+// The text is the same for every number, so that it is prepared once.
+TEST(AKey, IsBoundAsItWouldStandInTheStatement)
+{
+    const auto bound = [](const QVariant& key) { return comChave("delete from familia where nfamilia = ?", key); };
+    for (const QVariant& key : {QVariant(12.0), QVariant(30.5), QVariant("1.234"), QVariant(1e20), QVariant("-1")}) {
+        EXPECT_EQ(bound(key).sql, "delete from familia where nfamilia = ?");
+        ASSERT_EQ(bound(key).values.size(), 1);
+        EXPECT_EQ(bound(key).values.first(), chaveEmSQL(key).toDouble());
+    }
+    EXPECT_EQ(bound(QVariant()).sql, "delete from familia where nfamilia = "); // which the engine refuses
+    EXPECT_TRUE(bound(QVariant()).values.isEmpty());
+    EXPECT_EQ(errorOf([&] { bound("1 or 1=1"); }), jet::number::typeMismatch);
+}
+
 } // namespace

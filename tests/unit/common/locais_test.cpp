@@ -165,6 +165,33 @@ TEST_F(Places, WithAHyphenInTheirNameAreFoundOnTheList)
     EXPECT_EQ(lista.count(), entries);
 }
 
+// The list grows by each; what it shows is what a search of all its entries would choose.
+TEST_F(Places, OfManyPeopleAreAddedOnceEach)
+{
+    for (int i = 0; i < 300; ++i)
+        insere("lugar", qPrintable(QString("'0399%1', 'Outeiro', 0").arg(i, 4, 10, QChar('0'))));
+    PreencheLocais(lista);
+    const int antes = lista.count();
+    for (int pessoa = 0; pessoa < 900; ++pessoa) {
+        SeleccionaLocal(lista, QString("0399%1").arg(pessoa * 7 % 300, 4, 10, QChar('0')), "l");
+        ASSERT_EQ(lista.text(), QString("Outeiro -L- 0399%1").arg(pessoa * 7 % 300, 4, 10, QChar('0')));
+    }
+    EXPECT_EQ(lista.count(), antes + 300);
+    lista.clear();
+    SeleccionaLocal(lista, "03990000", "L");
+    EXPECT_EQ(lista.listIndex(), 0);
+}
+
+TEST_F(Places, WhoseCodeReadsLikeAnotherPlaceAreChosenByTheirText)
+{
+    insere("lugar", "'1 -F- 2', 'Souto', 0");
+    SeleccionaLocal(lista, "1 -F- 2", "L");
+    EXPECT_EQ(lista.listIndex(), 0);
+    SeleccionaLocal(lista, "1 -F- 2", "L");
+    EXPECT_EQ(lista.count(), 2); // as it isn't found by the remainder
+    EXPECT_EQ(lista.listIndex(), 0);
+}
+
 TEST_F(Places, OfAllLevelsAreFoundOutsideTheList)
 {
     const std::pair<const char*, const char*> pares[] = {

@@ -5,7 +5,12 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QProxyStyle>
+#include <QSet>
+#include <QStyleOptionComplex>
 #include <QTest>
+
+#include <functional>
 
 namespace {
 
@@ -74,6 +79,45 @@ double plainness(QAbstractButton& control)
 double light(const QColor& color)
 {
     return 0.299 * color.red() + 0.587 * color.green() + 0.114 * color.blue();
+}
+
+// The palettes that the style is asked to draw with, as it knows them.
+class Witness : public QProxyStyle
+{
+public:
+    mutable QSet<qint64> palettes;
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override
+    {
+        palettes << option->palette.cacheKey();
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+};
+
+template <class Control>
+qsizetype palettesOfManyChanges(const std::function<void(Control&)>& fill)
+{
+    Witness style;
+    QWidget window;
+    QList<Control*> controls;
+    for (int i = 0; i < 3; ++i) {
+        auto* control = new Control(&window);
+        fill(*control);
+        control->setGeometry(0, 60 * i, 160, 60);
+        for (QWidget* part : control->template findChildren<QWidget*>())
+            part->setStyle(&style);
+        control->setStyle(&style);
+        controls << control;
+    }
+    window.show();
+    for (int i = 0; i < 100; ++i)
+        for (const QColor& color : {editing, consulting}) {
+            for (Control* control : std::as_const(controls))
+                setBackColor(control, color);
+            window.grab();
+        }
+    return style.palettes.size();
 }
 
 } // namespace
@@ -238,4 +282,35 @@ TEST(BackColor, FieldsInsideAColouredFrameKeepTheirOwn)
     const QColor before = painted(field);
     setBackColor(&frame, night);
     EXPECT_EQ(painted(field), before);
+}
+
+// The style keeps a picture for each.
+TEST(BackColor, ManyChangesGiveTheStyleOnePaletteAColour)
+{
+    EXPECT_EQ(palettesOfManyChanges<ComboBox>([](ComboBox& list) { list.add(QStringLiteral("Viúvo")); }), 2);
+    EXPECT_EQ(palettesOfManyChanges<MemoBox>([](MemoBox& memo) { memo.setText(QString("linha\r\n").repeated(20)); }),
+              2);
+}
+
+TEST(BackColor, SetAgainItFollowsTheDesktop)
+{
+    const QPalette before = QApplication::palette();
+    for (const QColor& window : {QColor(239, 239, 239), QColor(49, 54, 59), QColor(Qt::black)}) {
+        OptionButton radio;
+        ComboBox list;
+        list.resize(160, 30);
+        const auto color = [&] {
+            setBackColor(&radio, orange);
+            setBackColor(&list, editing);
+        };
+        color();
+        painted(list);
+        QApplication::setPalette(QPalette(window));
+        QCoreApplication::processEvents();
+        color();
+        EXPECT_GE(plainness(radio), 4.5) << qPrintable(window.name());
+        EXPECT_EQ(painted(list), editing);
+        EXPECT_EQ(list.palette().color(QPalette::Button), QApplication::palette().color(QPalette::Button));
+        QApplication::setPalette(before);
+    }
 }

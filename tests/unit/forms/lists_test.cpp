@@ -44,6 +44,38 @@ TEST_F(ComboBoxTest, NothingIsChosenAfterEntriesWereAdded)
     EXPECT_EQ(clicks, 0);
 }
 
+// A card has a dozen lists, and most are never opened.
+TEST_F(ComboBoxTest, APopupIsMadeWhenTheListIsOpened)
+{
+    const auto popups = [&] { return combo->findChildren<QAbstractItemView*>().size(); };
+    combo->setListIndex(1);
+    combo->setLocked(true);
+    combo->setLocked(false);
+    setBackColor(combo, Qt::white);
+    combo->grab();
+    EXPECT_EQ(popups(), 0);
+    combo->showPopup();
+    EXPECT_EQ(popups(), 1);
+    combo->hidePopup();
+}
+
+TEST_F(ComboBoxTest, ItsSizeFollowsTheFontAndNotTheEntries)
+{
+    for (const int points : {9, 18}) {
+        QFont font = combo->font();
+        font.setPointSize(points);
+        combo->setFont(font);
+        QComboBox twelve;
+        twelve.setFont(font);
+        twelve.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        twelve.setMinimumContentsLength(12);
+        EXPECT_EQ(combo->sizeHint(), twelve.sizeHint()) << points;
+        EXPECT_EQ(combo->minimumSizeHint(), twelve.minimumSizeHint()) << points;
+        combo->add(QString(200, 'x'));
+        EXPECT_EQ(combo->sizeHint(), twelve.sizeHint()) << points;
+    }
+}
+
 TEST_F(ComboBoxTest, AnEntryHasATextAndANumber)
 {
     EXPECT_EQ(combo->add("Viúvo", 9), 4);

@@ -83,6 +83,32 @@ TEST_F(ModesTest, ADateShutUnderTheFocusIsNotLeft)
     Focus::setTo(name);
 }
 
+// Looking for fifty controls by their names costs more than all that is done to them.
+TEST_F(ModesTest, TheControlsAreLookedForOnce)
+{
+    applyMode(form, table, Modo::Cons);
+    name->setObjectName("txtOutro");
+    applyMode(form, table, Modo::Edi);
+    EXPECT_FALSE(name->isLocked());
+}
+
+TEST_F(ModesTest, EachFormHasItsOwnControlsAndMayHaveSeveralTables)
+{
+    const QList<ModeRow> other{{"txtNome", {Effect::Disabled}, {Effect::Enabled}}};
+    applyMode(form, table, Modo::Cons);
+    applyMode(form, other, Modo::Edi);
+    EXPECT_FALSE(name->isEnabled());
+    EXPECT_TRUE(name->isLocked());
+    for (int again = 0; again < 3; ++again) {
+        TestForm second("frmB");
+        auto* nome = second.put<TextBox>("txtNome");
+        applyMode(&second, other, Modo::Edi);
+        EXPECT_FALSE(nome->isEnabled());
+    }
+    applyMode(form, other, Modo::Cons);
+    EXPECT_TRUE(name->isEnabled());
+}
+
 TEST_F(ModesTest, AControlThatTheFormLacksStopsTheProgram)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");

@@ -19,6 +19,7 @@ const Rules& rules()
         .makers = {"citado", "digitado", "dataDigitada", "registoEmSQL", "inteiroEmSQL", "chaveEmSQL", "numeroEmSQL",
                    "literalDaData", "paraSQL"},
         .statements = {"NativeSql",
+                       "comChave",
                        "locaisDaLista",
                        "nomeDe",
                        "superiorDe",
@@ -44,6 +45,7 @@ const Rules& rules()
         .own =
             {
                 // Names of tables and columns out of the tables of the source.
+                {"common/instrucao.cpp", {"texto", "QString().remove()"}},
                 {"common/niveis.cpp", {"tabela", "codigo", "nome", "superior"}},
                 {"places/editorDeLocais.cpp", {"nivel().codigo", "regras_.ordem", "*descendentes"}},
                 {"places/editorComCodigo.cpp", {"nivel().superior"}},

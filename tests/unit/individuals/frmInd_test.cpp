@@ -3,6 +3,8 @@
 
 #include "common/pesquisa.h"
 
+#include <malloc.h>
+
 namespace {
 
 QWidget* field(const char* name)
@@ -39,6 +41,21 @@ TEST_F(IndividualCard, SearchingOpensAndPaintsTheFieldsOfTheSearchAlone)
     EXPECT_TRUE(field("optSexo_0")->isEnabled());
     EXPECT_TRUE(field("optSexo_1")->isEnabled());
     EXPECT_FALSE(field("optSexo_2")->isEnabled());
+}
+
+// Neither by what the controls hold nor by what the style keeps to draw them.
+TEST_F(IndividualCard, ChangingTheModeAllDayTakesNoMemory)
+{
+    const auto pairs = [](int count) {
+        for (int i = 0; i < count; ++i)
+            for (const Modo mode : {Modo::Edi, Modo::Cons}) {
+                frmInd().AplicarModo(mode);
+                QCoreApplication::processEvents();
+            }
+        return mallinfo2().uordblks;
+    };
+    const size_t before = pairs(20);
+    EXPECT_LT(pairs(200), before + 200'000);
 }
 
 TEST_F(IndividualCard, SearchingShutsWhatLeavesTheCardAndLeavesTheRest)
