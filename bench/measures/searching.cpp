@@ -88,9 +88,8 @@ constexpr Search firstChild{
     "outra.nind = familias.nind and irmao.datanasc < filho.datanasc) order by individuo.nome",
     [] { searchPeopleByDate(SearchedDate::FirstChild, "01/01/1800", "31/12/1800"); }};
 constexpr Search spouse{
-    "select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (select familia.nfamilia from familia, "
-    "individuo, familias where familia.nfamilia = familias.nfamilia and  sexo = 'm' and individuo.nind = "
-    "familias.nind and nome like '%Salgado%') order by datacasam",
+    "select nfamilia , tipocasal, datacasam  from familia where  nfamilia in (select nfamilia from familias where nind "
+    "in (select nind from individuo where sexo = 'm' and nome like '%Salgado%')) order by datacasam",
     "select rowid from familia where nfamilia in (select familias.nfamilia from individuo cross join familias on "
     "familias.nind = individuo.nind where nome like '%Salgado%' and sexo = 'm') order by datacasam",
     [] { searchFamiliesByHusband("%Salgado%"); }};
