@@ -5,6 +5,7 @@
 #include "platform/jet/dialect.h"
 #include "platform/jet/errors.h"
 #include "platform/jet/files.h"
+#include "platform/jet/functions.h"
 #include "platform/jet/journal.h"
 #include "platform/jet/statement.h"
 
@@ -65,6 +66,7 @@ void Connection::open(const QString& connectionString, Sharing sharing)
         ++database_->opened;
         requireHarmlessCompanions(database_->handle, path); // before the engine reads the file
         installFunctions(database_->handle);
+        installCollector(database_->handle, &database_->collecting);
         requireHarmlessSchema(database_->handle, path, own_);
         requireWhole(database_->handle, path);
         // One file at rest, on the disk with each commit, which is one once the journal's name is gone from the disk.

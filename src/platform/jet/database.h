@@ -15,6 +15,7 @@ struct sqlite3;
 
 namespace jet {
 
+class KeyList;
 class Statement;
 
 struct Database
@@ -36,6 +37,8 @@ struct Database
 
     std::set<Statement*> statements; // in use
     PreparedStatements prepared;     // and not in use
+
+    KeyList* collecting = nullptr; // what the statement that runs appends to (functions.h)
 
     Changes changes;
     Watch watch;

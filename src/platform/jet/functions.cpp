@@ -4,6 +4,7 @@
 #include "platform/jet/date.h"
 #include "platform/jet/dialect.h"
 #include "platform/jet/errors.h"
+#include "platform/jet/keylist.h"
 
 #include <QLocale>
 
@@ -12,6 +13,7 @@
 #include <cfenv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 namespace jet {
@@ -90,6 +92,21 @@ void firstFinal(sqlite3_context* context)
     sqlite3_value_free(*kept);
 }
 
+void collectStep(sqlite3_context* context, int, sqlite3_value** values)
+{
+    KeyList* list = *static_cast<KeyList**>(sqlite3_user_data(context));
+    if (!list) return;
+    const int type = sqlite3_value_type(values[1]);
+    std::optional<double> number;
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) number = sqlite3_value_double(values[1]);
+    list->append(sqlite3_value_int64(values[0]), number);
+}
+
+void collectFinal(sqlite3_context* context)
+{
+    sqlite3_result_null(context);
+}
+
 QString collated(int bytes, const void* text)
 {
     return QString::fromUtf8(static_cast<const char*>(text), bytes);
@@ -122,6 +139,12 @@ void installFunctions(sqlite3* database)
     sqlite3_create_function(database, "first", 1, pure, nullptr, nullptr, firstStep, firstFinal);
     sqlite3_create_collation(database, functions::caseBlind, SQLITE_UTF8, nullptr, collateCaseBlind);
     sqlite3_create_collation(database, functions::alphabetical, SQLITE_UTF8, nullptr, collateAlphabetically);
+}
+
+void installCollector(sqlite3* database, KeyList** list)
+{
+    sqlite3_create_function(database, functions::collect, 2, SQLITE_UTF8 | SQLITE_DIRECTONLY, list, nullptr,
+                            collectStep, collectFinal);
 }
 
 } // namespace jet

@@ -57,6 +57,7 @@ bool isAmong(const std::array<std::string_view, count>& names, const char* name)
 // where it adds a column.
 constexpr auto known = std::to_array<std::string_view>({
     functions::comparedDate,
+    functions::collect,
     "format",
     "cint",
     "first",

@@ -2,7 +2,10 @@
 
 #include "platform/jet/date.h"
 #include "platform/jet/errors.h"
+#include "platform/jet/functions.h"
 #include "platform/jet/recordset_p.h"
+
+#include <QScopedValueRollback>
 
 #include <sqlite3.h>
 
@@ -186,6 +189,29 @@ Recordset::Private::Keys Recordset::Private::readKeys(const QString& sql, const 
 void Recordset::Private::loadKeys()
 {
     beginToFollow();
+    if (!collectKeys()) stepOverKeys();
+    if (!all.isOrdered()) asOf.reset();
+    reader = Statement(
+        *database,
+        QStringLiteral("select %1 from %2 where %3.rowid = ?").arg(select.list, select.from, quoted(select.alias)));
+    reader.bringUpToDate();
+    describe(reader);
+}
+
+// In whatever order the engine goes about it. False where that isn't the order of the list.
+bool Recordset::Private::collectKeys()
+{
+    if (placing.isEmpty()) return false;
+    all = KeyList(KeyList::Order::ByNumber);
+    const QScopedValueRollback into(database->collecting, &all);
+    Statement(*database, QStringLiteral("select %1(%2.rowid,%3) from %4")
+                             .arg(QLatin1String(functions::collect), quoted(select.alias), placing, select.from))
+        .step();
+    return all.isOrdered();
+}
+
+void Recordset::Private::stepOverKeys()
+{
     const bool numbered = !placing.isEmpty();
     all = KeyList(numbered ? KeyList::Order::ByNumber : KeyList::Order::ByKey);
     Statement statement(*database, keysSql({}, select.order, placing));
@@ -193,12 +219,6 @@ void Recordset::Private::loadKeys()
     while (statement.step())
         all.append(sqlite3_column_int64(statement.handle(), 0),
                    numbered ? numberIn(statement.handle(), 1) : std::nullopt);
-    if (!all.isOrdered()) asOf.reset();
-    reader = Statement(
-        *database,
-        QStringLiteral("select %1 from %2 where %3.rowid = ?").arg(select.list, select.from, quoted(select.alias)));
-    reader.bringUpToDate();
-    describe(reader);
 }
 
 void Recordset::Private::loadCells()

@@ -74,6 +74,8 @@ struct Recordset::Private
     // Reading.
     void open(Select analysed);
     void loadKeys();
+    bool collectKeys();
+    void stepOverKeys();
     void loadCells();
     void describe(const Statement& statement);
     QString keysSql(const QString& condition, const QString& order, const QString& number = {}) const;

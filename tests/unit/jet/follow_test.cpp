@@ -245,6 +245,23 @@ TEST_F(APersonsList, FindsARowThatHasComeInBetween)
     EXPECT_TRUE(list.eof());
 }
 
+TEST_F(AListOpenedAgain, MayBeInAnOrderThatNoIndexHas)
+{
+    run("update pessoa set ordem = 100 - nind");
+    DataControl list(bdp);
+    list.setRecordSource(QStringLiteral("select nind from pessoa order by ordem"));
+    list.refresh();
+    EXPECT_EQ(shown(list), "30 20 10");
+    run("update pessoa set ordem = 1 where nind = 10");
+    walked();
+    list.refresh();
+    EXPECT_EQ(walked(), 0);
+    EXPECT_EQ(shown(list), "10 30 20");
+    run("update pessoa set ordem = 7"); // the order is any, and nobody follows it
+    list.refresh();
+    EXPECT_EQ(list.recordset().recordCount(), 3);
+}
+
 TEST_F(AListOpenedAgain, WhoseOrderIsNoRowOfNumbersIsReadAgain)
 {
     for (const char* order : {"order by nome", "order by ordem", "order by nind desc", "order by ordem, nind",

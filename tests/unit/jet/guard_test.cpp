@@ -12,6 +12,11 @@ protected:
     int refusal(const char* sql) { return sqlite3_exec(bdp.handle(), sql, nullptr, nullptr, nullptr); }
 };
 
+TEST_F(AGuardedConnection, HasNoLocksBetweenThreads)
+{
+    EXPECT_EQ(sqlite3_db_mutex(bdp.handle()), nullptr);
+}
+
 TEST_F(AGuardedConnection, RefusesAFunctionThatTakesAnAddress)
 {
     expectErrors(number::invalidStatement,
