@@ -31,7 +31,7 @@ struct AtSize
 {
     Side ours;
     Side bare;
-    double drift = 1;  // how much longer the last turns take than the first
+    double drift = 1;  // how much more of the processor's time the last turns take than the first
     double keptKb = 0; // of memory that most turns keep
 };
 
