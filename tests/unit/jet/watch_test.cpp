@@ -4,7 +4,6 @@
 #include "platform/time/clock.h"
 
 #include <QElapsedTimer>
-#include <QThread>
 
 namespace jet::test {
 
@@ -65,10 +64,11 @@ TEST_F(ALongStatement, OfOneTableIsNotBegunAgainWhenItWasEnded)
 // What is looked at before a search takes a few steps, and no one waits for it.
 TEST_F(ALongStatement, IsNotWhatTheTranslationAsksTheFile)
 {
+    Clock::passAtEachLook({});
     run("create table n (nome varchar(20), a long)");
     run("insert into n (nome, a) select 'x', t.a from t, t as u where u.a < 9");
     EXPECT_EQ(rows("select count(*) as n from t as x, t as y where x.a + y.a = 8"), "9"); // looked at, and over
-    QThread::msleep(400);
+    Clock::pass(std::chrono::milliseconds(400));
     EXPECT_EQ(rows("select a from n where nome like 'y%' and a = 1"), "");
     EXPECT_EQ(asked, 0);
 }
