@@ -29,8 +29,8 @@ Found find(const QWidget* form, const char* name)
     return {control, kind->property(kind->indexOfProperty("locked"))};
 }
 
-// The controls of a form are looked for once: they live as long as it does. A copy, for what a control does as it is shut
-// may apply another table.
+// The controls of a form are looked for once: they live as long as it does. A copy, for what a control does as it is
+// shut may apply another table.
 Table tableOf(QWidget* form, const QList<ModeRow>& rows)
 {
     static QHash<const QObject*, QHash<const ModeRow*, Table>> known;
