@@ -38,7 +38,8 @@ play_units() {
     for ((part = 0; part < parts; ++part)); do
         [ "$part" -lt "$cores" ] || wait -n
         {
-            GTEST_TOTAL_SHARDS=$parts GTEST_SHARD_INDEX=$part timeout --kill-after=10 "${ORV_PART_LIMIT:-1800}" \
+            GTEST_TOTAL_SHARDS=$parts GTEST_SHARD_INDEX=$part \
+                timeout --foreground --kill-after=10 "${ORV_PART_LIMIT:-1800}" \
                 "$program" --gtest_brief=0 --gtest_color=no "$@" >"$folder/unit.$part" 2>&1
             echo $? >"$folder/unit.$part.status"
         } 2>/dev/null & # the shell tells of signals, too
@@ -100,11 +101,21 @@ add_scenarios() {
     fi
 }
 
+playing=() # the groups of processes that play_tests has under way
+
+stop_tests() {
+    local group
+    for group in "${playing[@]}"; do
+        kill -- "-$group"
+    done 2>/dev/null # one may be over
+    wait
+}
+
 # play_tests PROGRAMS FOLDER [ROOM...]: plays what is built in PROGRAMS, of these rooms alone where some are named; FOLDER
 # takes what is told meanwhile. Prints what has failed, the unit tests first and then the scenarios in the order of their
-# files, and adds to passed and failed.
+# files, and adds to passed and failed. Meanwhile stop_tests, in a trap, ends all that it has started.
 play_tests() {
-    local programs=$1 folder=$2 cores parts status=0 units=() folders=('') files=()
+    local programs=$1 folder=$2 cores parts group status=0 units=() folders=('') files=()
     shift 2
     cores=$(nproc)
     parts=$((4 * cores)) # so that no core is left alone for long with the slow ones
@@ -116,13 +127,20 @@ play_tests() {
     [ ${#folders[@]} -eq 0 ] ||
         mapfile -t files < <(find "${folders[@]/#/tests/scenarios/}" -name '*.txt' | sort -u)
 
-    play_units "$programs/orv-unit" "$folder" "$parts" "$cores" "${units[@]/#/--room=}" &
+    set -m # each in a group of its own, with the processes that it starts
+    play_units "$programs/orv-unit" "$folder" "$parts" "$cores" "${units[@]/#/--room=}" </dev/null &
+    playing=($!)
     if [ ${#files[@]} -gt 0 ]; then
         # Who waits for the disk leaves a core to another.
-        "$programs/orv-scenario" --jobs $((cores + (cores + 1) / 2)) "${files[@]}" >"$folder/scenarios"
-        status=$?
+        "$programs/orv-scenario" --jobs $((cores + (cores + 1) / 2)) "${files[@]}" </dev/null >"$folder/scenarios" &
+        playing+=($!)
     fi
-    wait
+    set +m
+    for group in "${playing[@]}"; do
+        wait "$group"
+        status=$? # in the end that of the scenarios
+    done 2>/dev/null # the shell tells of signals
+    playing=()
     add_units "$folder" "$parts"
     [ ${#files[@]} -eq 0 ] || add_scenarios "$folder/scenarios" "$status"
 }

@@ -149,5 +149,27 @@ expect "rooms that there are" "$(require_rooms cards store acts 2>&1 && echo kno
 expect "a room that there isn't" "$(require_rooms cards card 2>&1 || echo unknown)" \
     $'There is no room "card" that has tests.\nThe rooms are: acts cards store\nunknown'
 
+# running FILE...: those of the processes noted in the files that are still at work.
+running() {
+    local file
+    for file in "$@"; do
+        grep -Hs '^State:' "/proc/$(cat "$file")/status" | grep -v 'Z (zombie)'
+    done
+}
+unit 'echo $$ >told/pid.$part; sleep 30'
+scenarios 'echo $$ >told/pid.scenarios; sleep 30'
+(
+    trap 'stop_tests; exit 130' TERM
+    play_tests programs told
+) &
+until [ -s told/pid.0 ] && [ -s told/pid.1 ] && [ -s told/pid.scenarios ]; do sleep 0.05; done
+kill $!
+wait $!
+status=$?
+for ((i = 0; i < 20; ++i)); do
+    [ -z "$(running told/pid.*)" ] || sleep 0.1
+done
+expect "a stop in the middle" "$status $(running told/pid.*)" "130 "
+
 [ $failures -eq 0 ] || echo "$failures of $trials trials of tools/play.sh failed."
 [ $failures -eq 0 ]

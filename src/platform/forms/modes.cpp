@@ -29,8 +29,9 @@ Found find(const QWidget* form, const char* name)
     return {control, kind->property(kind->indexOfProperty("locked"))};
 }
 
-// The controls of a form are looked for once: they live as long as it does.
-const Table& tableOf(QWidget* form, const QList<ModeRow>& rows)
+// The controls of a form are looked for once: they live as long as it does. A copy, for what a control does as it is
+// shut may apply another table.
+Table tableOf(QWidget* form, const QList<ModeRow>& rows)
 {
     static QHash<const QObject*, QHash<const ModeRow*, Table>> known;
     if (!known.contains(form))
@@ -80,7 +81,7 @@ void apply(const Found& found, const ModeCell& cell)
 void applyMode(QWidget* form, const QList<ModeRow>& table, Modo mode)
 {
     const auto cell = mode == Modo::Edi ? &ModeRow::edi : mode == Modo::Cons ? &ModeRow::cons : &ModeRow::loc;
-    const Table& found = tableOf(form, table);
+    const Table found = tableOf(form, table);
     for (qsizetype i = 0; i < table.size(); ++i)
         apply(found.controls[i], table[i].*cell);
 }

@@ -109,6 +109,31 @@ TEST_F(ModesTest, EachFormHasItsOwnControlsAndMayHaveSeveralTables)
     EXPECT_TRUE(name->isEnabled());
 }
 
+TEST_F(ModesTest, AControlThatIsShutMayApplyOtherTables)
+{
+    QList<QList<ModeRow>> others;
+    for (int i = 0; i < 50; ++i)
+        others << QList<ModeRow>{{"cmdLocDat", {Effect::Visible}, {Effect::Hidden}}};
+    struct Shut : QObject
+    {
+        std::function<void()> then;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::EnabledChange) then();
+            return false;
+        }
+    } watch;
+    watch.then = [&] {
+        for (const QList<ModeRow>& other : others)
+            applyMode(form, other, Modo::Edi);
+    };
+    applyMode(form, table, Modo::Edi);
+    radio->installEventFilter(&watch);
+    applyMode(form, table, Modo::Cons);
+    EXPECT_FALSE(date->isEnabled());
+    EXPECT_TRUE(button->isHidden()) << "by the table's last line, behind the others";
+}
+
 TEST_F(ModesTest, AControlThatTheFormLacksStopsTheProgram)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
