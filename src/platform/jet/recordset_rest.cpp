@@ -24,10 +24,11 @@ bool Recordset::Private::readBeginning()
     if (!all.isOrdered() || piece == Piece::Sorted) return false;
     if (piece == Piece::Last) return true;
     Statement counting(*database, QLatin1String("select count(*) from ") + select.from);
-    const int count = counting.step() ? sqlite3_column_int(counting.handle(), 0) : 0;
+    const int counted = counting.step() ? sqlite3_column_int(counting.handle(), 0) : 0;
     if (isDisturbed()) return false;
-    if (count > all.size())
-        rest = std::make_unique<Rest>(*database, count, Rest::Reader{[this] { readPiece(); }, [this] { readRest(); }});
+    if (counted > all.size())
+        rest =
+            std::make_unique<Rest>(*database, counted, Rest::Reader{[this] { readPiece(); }, [this] { readRest(); }});
     return true;
 }
 
