@@ -1,6 +1,7 @@
 #include "platform/jet/database.h"
 
 #include "platform/jet/errors.h"
+#include "platform/jet/rest.h"
 #include "platform/jet/statement.h"
 
 #include <sqlite3.h>
@@ -23,6 +24,12 @@ void Database::close()
     path.clear();
     level = 0;
     abandoned = 0;
+}
+
+void Database::readRests()
+{
+    while (!rests.empty())
+        (*rests.begin())->readAll();
 }
 
 void Database::beforeWrite()

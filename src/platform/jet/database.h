@@ -16,6 +16,7 @@ struct sqlite3;
 namespace jet {
 
 class KeyList;
+class Rest;
 class Statement;
 
 struct Database
@@ -38,12 +39,14 @@ struct Database
     std::set<Statement*> statements; // in use
     PreparedStatements prepared;     // and not in use
 
+    std::set<Rest*> rests;         // of lists that are still to be read
     KeyList* collecting = nullptr; // what the statement that runs appends to (functions.h)
 
     Changes changes;
     Watch watch;
 
     void close();       // rolls back and finalises; in the middle of a statement, only ends that
+    void readRests();   // before a statement that writes. Throws Error
     void beforeWrite(); // of a statement
     // Error 3709; engineFailure in the middle of a statement, while somebody is asked whether it goes on.
     void requireOpen();

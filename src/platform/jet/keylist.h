@@ -26,7 +26,8 @@ public:
 
     const Keys& keys() const { return keys_; }
     int size() const { return int(keys_.size()); }
-    bool ascends() const { return ascending_; } // by the keys
+    bool ascends() const { return ascending_; }           // by the keys
+    double lastNumber() const { return numbers_.back(); } // Precondition: ordered by numbers, and not empty
     bool isOrdered() const { return byNumber_ ? numbers_.size() == keys_.size() : ascending_; }
 
     void append(qint64 key, std::optional<double> number = {});

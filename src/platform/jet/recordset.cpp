@@ -189,13 +189,19 @@ Recordset::Private::Keys Recordset::Private::readKeys(const QString& sql, const 
 void Recordset::Private::loadKeys()
 {
     beginToFollow();
-    if (!collectKeys()) stepOverKeys();
-    if (!all.isOrdered()) asOf.reset();
+    if (!readBeginning()) readAllKeys();
     reader = Statement(
         *database,
         QStringLiteral("select %1 from %2 where %3.rowid = ?").arg(select.list, select.from, quoted(select.alias)));
     reader.bringUpToDate();
     describe(reader);
+}
+
+// Precondition: beginToFollow().
+void Recordset::Private::readAllKeys()
+{
+    if (!collectKeys()) stepOverKeys();
+    if (!all.isOrdered()) asOf.reset();
 }
 
 // In whatever order the engine goes about it. False where that isn't the order of the list.
@@ -228,6 +234,7 @@ void Recordset::Private::loadCells()
     bool standsOnRow = statement.step();
     describe(statement);
     asOf.reset();
+    rest.reset();
     all = KeyList();
     for (; standsOnRow; standsOnRow = statement.step()) {
         all.append(all.size());

@@ -14,6 +14,11 @@ namespace jet {
 // them by one column of numbers); a row is read when the cursor stands on it. The set of rows is that of the last
 // open() or requery(): rows added by others don't appear, rows deleted by others read as Error 3021.
 //
+// Of more than some thousand rows that open() could take up again (below), the first ones are read and all are counted;
+// the others follow when the program is idle, or at once when somebody needs them or the connection writes. Nothing
+// tells the difference, unless another connection writes meanwhile: then the set of rows is that of the moment in which
+// the others are read. The cursor stays on its row; where that is gone, it stands on no row until the next movement.
+//
 // Where it is open already on the same select, of one table without a condition, in the order of entry or by one column
 // of numbers, each there once, open() takes in what the connection has written since; it reads all keys only where
 // somebody else has written, too, or more than the rows of insert, update and delete. It makes no other difference.

@@ -71,7 +71,7 @@ void Recordset::find(const QString& criterion)
     d->requireOpen();
     if (d->count() == 0) return;
     if (d->position < 0 || d->position >= d->count()) throw noCurrentRow();
-    d->moveTo(d->firstFrom(d->position, d->matches(criterion)));
+    d->moveTo(d->firstOf(d->matches(criterion)));
 }
 
 void Recordset::setSort(const QString& order)
@@ -103,16 +103,21 @@ QString Recordset::Private::columnSql(int field) const
     return quoted(select.alias) + u'.' + quoted(fields[field].column);
 }
 
-// The place of the first one from `place` on; behind the last row where there is none.
-int Recordset::Private::firstFrom(int place, const SortedKeys& matches)
+// The place of the first one from the current row on; behind the last row where there is none.
+int Recordset::Private::firstOf(const SortedKeys& matches)
 {
     if (matches.empty()) return count();
     if (!chosen && matches.size() == 1) {
-        const int found = placeOf(matches.front());
-        return found >= place ? found : count();
+        int found = placeOf(matches.front());
+        if (found < 0 && rest) {
+            readRest();
+            found = placeOf(matches.front());
+        }
+        return found >= position ? found : count();
     }
+    readRest();
     const auto found =
-        std::find_if(rows().begin() + place, rows().end(), [&](qint64 key) { return contains(matches, key); });
+        std::find_if(rows().begin() + position, rows().end(), [&](qint64 key) { return contains(matches, key); });
     return int(found - rows().begin());
 }
 
@@ -125,6 +130,7 @@ Recordset::Private::SortedKeys Recordset::Private::matches(const QString& criter
         return sortedCopy(readKeys(keysSql(columnSql(field) + QLatin1String(" = ?"), {}), {*number}));
     const QString condition = wanted.condition(fields[field].type);
     if (isColumn(field)) return sortedCopy(readKeys(keysSql(columnSql(field) + condition, {})));
+    readRest();
     Statement test(*database,
                    QStringLiteral("select ?1 collate %1%2").arg(QLatin1String(functions::caseBlind), condition));
     Keys result;
@@ -140,6 +146,7 @@ Recordset::Private::SortedKeys Recordset::Private::matches(const QString& criter
 
 void Recordset::Private::choose()
 {
+    if (!sort.isEmpty() || !filter.isEmpty()) readRest();
     std::optional<Keys> keys;
     if (!sort.isEmpty()) {
         const Order order(sort);

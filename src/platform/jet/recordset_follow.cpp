@@ -45,7 +45,7 @@ bool Recordset::Private::follow()
 {
     if (!asOf) return false;
     const auto touched = database->changes.since(*asOf, select.table);
-    if (!touched || isMany(touched->size(), all.size())) return false;
+    if (!touched || isMany(touched->size(), all.size()) || (rest && !touched->empty())) return false;
     for (const qint64 key : *touched)
         if (!putAnew(key)) return false;
     if (database->version() != version) return false;

@@ -41,6 +41,7 @@ int Recordset::absolutePosition() const
 void Recordset::setAbsolutePosition(int position)
 {
     d->requireOpen();
+    d->readTo(position - 1);
     if (position < 1 || position > d->count())
         throw Error{number::invalidPosition, QStringLiteral("O registo número %1 não existe.").arg(position)};
     d->moveTo(position - 1);
@@ -56,6 +57,7 @@ void Recordset::moveFirst()
 void Recordset::moveLast()
 {
     d->requireOpen();
+    d->readRest();
     if (d->count() == 0) throw noCurrentRow();
     d->moveTo(d->count() - 1);
 }
@@ -63,6 +65,7 @@ void Recordset::moveLast()
 void Recordset::moveNext()
 {
     d->requireOpen();
+    d->readTo(d->position + 1);
     if (d->onDeleted) // the row that followed has taken the place of the deleted one
         return d->moveTo(d->position);
     if (eof()) throw noCurrentRow();
@@ -72,6 +75,7 @@ void Recordset::moveNext()
 void Recordset::movePrevious()
 {
     d->requireOpen();
+    d->readTo(d->position - 1);
     if (bof() && !d->onDeleted) throw noCurrentRow();
     d->moveTo(d->position - 1);
 }

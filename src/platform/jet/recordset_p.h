@@ -5,10 +5,12 @@
 #include "platform/jet/database.h"
 #include "platform/jet/keylist.h"
 #include "platform/jet/recordset.h"
+#include "platform/jet/rest.h"
 #include "platform/jet/select.h"
 #include "platform/jet/statement.h"
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -45,13 +47,14 @@ struct Recordset::Private
     std::optional<Changes::Moment> asOf; // when `all` was read; none where it can't follow
     qint64 version = 0;                  // of the file then
 
-    KeyList all;
+    KeyList all;                 // the beginning of the list, where there is a rest
+    std::unique_ptr<Rest> rest;  // see to it by readTo()
     std::optional<Keys> chosen;  // those of `all` that the filter lets through, in the order of the sort
     std::vector<QVariant> cells; // of all rows, where the select isn't simple
     QString sort;
     QString filter;
 
-    int position = 0; // -1: BOF; the number of rows: EOF
+    int position = 0; // -1: BOF; the number of rows: EOF; else, where there is a rest, in the beginning
     bool onDeleted = false;
 
     Statement reader; // of one row by its rowid
@@ -63,7 +66,7 @@ struct Recordset::Private
 
     // State.
     const Keys& rows() const { return chosen ? *chosen : all.keys(); }
-    int count() const { return int(rows().size()); }
+    int count() const { return rest ? rest->count() : int(rows().size()); }
     bool isOpen() const { return opened >= 0 && database->handle && opened == database->opened; }
     void requireOpen() const;
     bool hasCurrentRow() { return position >= 0 && position < count() && !onDeleted; }
@@ -74,6 +77,7 @@ struct Recordset::Private
     // Reading.
     void open(Select analysed);
     void loadKeys();
+    void readAllKeys();
     bool collectKeys();
     void stepOverKeys();
     void loadCells();
@@ -92,11 +96,27 @@ struct Recordset::Private
     Statement lookUp(qint64 key) const;
     int placeOf(qint64 key);
 
+    // A long list is read in pieces (recordset_rest.cpp).
+    static int keysOfAPiece; // fewer in tests
+    enum class Piece
+    {
+        Full,
+        Last,
+        Sorted // as the last one; the engine has looked at all rows to find those of it
+    };
+    bool readBeginning();
+    Piece appendPiece();
+    void readTo(int place); // or to the last row
+    void readRest();
+    void readPiece();
+    bool isDisturbed();
+    void readAnew();
+
     // Looking for rows.
     bool isColumn(int field) const { return select.simple && !fields[field].column.isEmpty(); }
     QString columnSql(int field) const;
     SortedKeys matches(const QString& criterion);
-    int firstFrom(int place, const SortedKeys& matches);
+    int firstOf(const SortedKeys& matches);
     void choose();
     void sortByValues(Keys& keys, int field, bool descending);
 

@@ -144,6 +144,7 @@ void Recordset::deleteRow()
 {
     d->requireOpen();
     d->dropPending();
+    d->readRest();
     const qint64 key = d->currentKey();
     if (!d->select.simple) throw notUpdatable(QStringLiteral("O registo"));
     d->write(QStringLiteral("delete from %1 where rowid = ?").arg(quoted(d->select.table)), {key});

@@ -112,6 +112,7 @@ void Statement::bringUpToDate()
 bool Statement::step()
 {
     if (!handle_) throw connectionClosed();
+    if (writes_ && !running_) database_->readRests();
     if (!std::exchange(running_, true)) {
         if (writes_) database_->beforeWrite();
         database_->watch.begin();
