@@ -62,6 +62,7 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 void Recordset::open(const QString& select)
 {
     if (d->takesUp(select, Language::Dialect)) return;
+    const OneState state(*d->database);
     d->open(analyseSelect(select, d->database->handle));
 }
 
@@ -146,6 +147,7 @@ int Recordset::Private::fieldIndex(const QString& name) const
 
 void Recordset::Private::open(Select analysed)
 {
+    const OneState state(*database);
     select = std::move(analysed);
     try {
         if (select.simple)
