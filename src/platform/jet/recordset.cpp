@@ -63,7 +63,7 @@ void Recordset::open(const QString& select)
 {
     if (d->takesUp(select, Language::Dialect)) return;
     const OneState state(*d->database);
-    d->open(analyseSelect(select, d->database->handle));
+    d->open(analyseSelect(select, d->database->handle, &d->database->prepared));
 }
 
 void Recordset::open(const NativeSql& select)
