@@ -9,6 +9,8 @@
 #include "platform/jet/recordset.h"
 #include "store/session.h"
 
+#include <QDate>
+
 #include <sqlite3.h>
 
 #include <string_view>

@@ -161,12 +161,14 @@ void Rewriter::narrowGroups(const Scope& scope)
 // Whether a list of terms names columns of that table alone.
 bool Rewriter::areColumnsOf(const Scope::Table& table, const Scope& scope, Operand list) const
 {
-    for (int begin = list.begin, end = begin; begin < list.end; begin = end + 1) {
-        for (end = begin; end < list.end && !t_[end].is(",");)
+    for (int begin = list.begin; begin < list.end;) {
+        int end = begin;
+        while (end < list.end && !t_[end].is(","))
             ++end;
         const auto named = columnOf({begin, end}, scope);
         if (!named || named->table.alias.compare(table.alias, Qt::CaseInsensitive) != 0) return false;
         if (aliased({begin, end}, scope).begin != begin) return false;
+        begin = end + 1;
     }
     return true;
 }

@@ -209,8 +209,9 @@ private:
 
 bool Token::reads(const char* word) const
 {
-    return std::all_of(text.begin(), text.end(), [&](QChar letter) { return *word && small(letter) == *word++; }) &&
-           *word == '\0';
+    for (const QChar letter : text) // none is 0, which ends the word
+        if (small(letter) != static_cast<unsigned char>(*word++)) return false;
+    return *word == '\0';
 }
 
 Tokens tokenize(const QString& statement, Language language)
