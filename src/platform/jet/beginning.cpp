@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -63,21 +64,22 @@ bool isLiteral(char32_t letter)
 QString beginningCondition(const QString& column, const QString& pattern)
 {
     QStringList ranges;
-    QString beginning;                                        // of the letters before the present one, all ASCII
-    QString longest;                                          // the range of all letters so far, while they are ASCII
+    QString beginning;                                        // the letters before the present one, all ASCII
+    std::optional<char32_t> last;                             // the last of them, which isn't in it, where it is ASCII
     const QString read = QString::fromUtf8(pattern.toUtf8()); // as like reads it
     for (const char32_t letter : read.toUcs4()) {
         if (!isLiteral(letter) || ranges.size() > mostRanges) break;
+        if (last) beginning += text(*last);
+        last.reset();
         const char32_t folded = QChar::toCaseFolded(letter);
         QStringList ofLetter;
         for (const char32_t each : casesOf(folded))
             if (each >= firstBeyondAscii) ofLetter << range(column, beginning, each);
         ranges = ofLetter + ranges; // in the order of the index: they stand before those of the letters to the left
-        longest = folded < firstBeyondAscii ? range(column, beginning, folded) : QString();
         if (folded >= firstBeyondAscii) break;
-        beginning += text(folded);
+        last = folded;
     }
-    if (!longest.isEmpty()) ranges.prepend(longest);
+    if (last) ranges.prepend(range(column, beginning, *last)); // of all letters
     if (ranges.isEmpty()) return {};
     // Like doesn't see a mark of the byte order before a text, and takes bytes for a text; they stand last of all.
     ranges << QStringLiteral("%1 between %2 and x'ff'").arg(column, textLiteral(QString(QChar(byteOrderMark))));

@@ -4,11 +4,6 @@
 
 namespace jet {
 
-bool isAny(const Token& token, std::initializer_list<const char*> words)
-{
-    return std::any_of(words.begin(), words.end(), [&](const char* word) { return token.is(word); });
-}
-
 Clauses::Clauses(const Tokens& tokens, int begin, int last) : end(last)
 {
     const auto note = [&](int i, const char* word, int& clause) {

@@ -3,11 +3,15 @@
 
 #include "platform/jet/tokens.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace jet {
 
-bool isAny(const Token& token, std::initializer_list<const char*> words);
+inline bool isAny(const Token& token, std::initializer_list<const char*> words)
+{
+    return std::any_of(words.begin(), words.end(), [&](const char* word) { return token.is(word); });
+}
 
 // The place of each clause's keyword; -1 where the select has none. What stands between parentheses isn't looked at.
 struct Clauses

@@ -100,7 +100,7 @@ int Connection::execute(const QString& statement)
 {
     database_->requireOpen();
     if (!isSelect(statement)) database_->dropAbandoned();
-    return run(translate(statement, database_->handle), {});
+    return run(translate(statement, database_->handle, &database_->prepared), {});
 }
 
 int Connection::execute(const NativeSql& statement)

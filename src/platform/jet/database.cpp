@@ -104,4 +104,22 @@ void Database::dropAbandoned()
     }
 }
 
+OneState::OneState(Database& database) : database_(database)
+{
+    database_.requireOpen();
+    if (!sqlite3_get_autocommit(database_.handle)) return;
+    Statement(database_, QStringLiteral("begin")).step();
+    begun_ = true;
+}
+
+OneState::~OneState()
+{
+    if (!begun_ || !database_.handle || sqlite3_get_autocommit(database_.handle)) return;
+    try {
+        Statement(database_, QStringLiteral("commit")).step();
+    } catch (const Error&) {
+        sqlite3_exec(database_.handle, "rollback", nullptr, nullptr, nullptr);
+    }
+}
+
 } // namespace jet

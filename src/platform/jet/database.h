@@ -64,4 +64,20 @@ struct Database
     void dropAbandoned();
 };
 
+// While it lives, all that is read is of one state of the file, which is locked once for it, and not by each statement.
+// Precondition: nothing is written meanwhile; the database outlives it.
+class OneState
+{
+public:
+    explicit OneState(
+        Database& database); // throws Error; within a transaction, and within another one, it does nothing
+    ~OneState();
+    OneState(const OneState&) = delete;
+    OneState& operator=(const OneState&) = delete;
+
+private:
+    Database& database_;
+    bool begun_ = false;
+};
+
 } // namespace jet

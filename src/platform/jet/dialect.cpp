@@ -68,7 +68,7 @@ Tokens statementTokens(const QString& statement, Language language)
     return t;
 }
 
-Tokens translated(const QString& statement, sqlite3* database)
+Tokens translated(const QString& statement, sqlite3* database, PreparedStatements* prepared)
 {
     Tokens t = statementTokens(statement, Language::Dialect);
     const bool onTable = t.size() > 1 && t[1].is("table");
@@ -77,7 +77,7 @@ Tokens translated(const QString& statement, sqlite3* database)
     else if (onTable && t[0].is("alter"))
         rewriteAlterTable(t);
     else
-        Rewriter(t, database).run();
+        Rewriter(t, database, prepared).run();
     return t;
 }
 
@@ -136,9 +136,9 @@ Select analysed(const Tokens& tokens)
 
 } // namespace
 
-QString translate(const QString& statement, sqlite3* database)
+QString translate(const QString& statement, sqlite3* database, PreparedStatements* prepared)
 {
-    const Tokens tokens = translated(statement, database);
+    const Tokens tokens = translated(statement, database, prepared);
     return join(tokens, 0, int(tokens.size()));
 }
 
@@ -148,9 +148,9 @@ QString checked(const NativeSql& statement)
     return join(tokens, 0, int(tokens.size()));
 }
 
-Select analyseSelect(const QString& statement, sqlite3* database)
+Select analyseSelect(const QString& statement, sqlite3* database, PreparedStatements* prepared)
 {
-    return analysed(translated(statement, database));
+    return analysed(translated(statement, database, prepared));
 }
 
 Select analyseSelect(const NativeSql& statement)

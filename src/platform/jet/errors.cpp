@@ -123,7 +123,7 @@ Error engineError(sqlite3* database, int code, const QString& path)
                 QStringLiteral("A instrução não é permitida: só se lêem e escrevem as tabelas da BDP.")};
     case SQLITE_INTERRUPT:
         // One that only reads leaves what its transaction has written.
-        return {number::engineFailure, database && !sqlite3_get_autocommit(database)
+        return {number::engineFailure, database && sqlite3_txn_state(database, "main") == SQLITE_TXN_WRITE
                                            ? QStringLiteral("A operação foi interrompida com a tecla Escape.")
                                            : QStringLiteral("A operação foi interrompida com a tecla Escape: nada foi "
                                                             "escrito.")};

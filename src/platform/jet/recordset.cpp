@@ -62,7 +62,8 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 void Recordset::open(const QString& select)
 {
     if (d->takesUp(select, Language::Dialect)) return;
-    d->open(analyseSelect(select, d->database->handle));
+    const OneState state(*d->database);
+    d->open(analyseSelect(select, d->database->handle, &d->database->prepared));
 }
 
 void Recordset::open(const NativeSql& select)
@@ -146,6 +147,7 @@ int Recordset::Private::fieldIndex(const QString& name) const
 
 void Recordset::Private::open(Select analysed)
 {
+    const OneState state(*database);
     select = std::move(analysed);
     try {
         if (select.simple)

@@ -13,10 +13,16 @@ struct sqlite3;
 
 namespace jet {
 
+class PreparedStatements;
+
 class Rewriter
 {
 public:
-    Rewriter(Tokens& tokens, sqlite3* database) : t_(tokens), database_(database) {}
+    // `prepared`: as in translate().
+    Rewriter(Tokens& tokens, sqlite3* database, PreparedStatements* prepared)
+        : t_(tokens), database_(database), prepared_(prepared)
+    {
+    }
 
     // Gives each token the SQL that the engine is to read in its place. Throws Error (invalidStatement).
     void run();
@@ -78,12 +84,16 @@ private:
     bool isOwnCondition(const Scope& scope, Operand operand) const;
     bool isAllElse(const Scope& scope, int at, const Column& named) const;
     void narrowGroups(const Scope& scope);
+    bool areColumnsOf(const Scope::Table& table, const Scope& scope, Operand list) const;
     Operand aggregateBehind(int having, int end) const;
+    QString dateAt(int at) const;
     bool isOneDate(Operand condition) const;
-    bool isNarrow(const QString& table, const QString& condition) const;
+    bool isNarrow(const QString& table, const QString& condition, const QStringList& values = {}) const;
+    bool isTrue(const QString& question, const QStringList& values) const;
 
     Tokens& t_;
     sqlite3* database_;
+    PreparedStatements* prepared_;
 };
 
 // Whether a word ends the list of tables, of conditions or of columns before it.

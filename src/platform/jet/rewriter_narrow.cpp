@@ -4,6 +4,7 @@
 #include "platform/jet/beginning.h"
 #include "platform/jet/clauses.h"
 #include "platform/jet/columns.h"
+#include "platform/jet/prepared.h"
 
 #include <sqlite3.h>
 
@@ -13,18 +14,6 @@ namespace {
 
 // A row that is looked up costs as much as some twenty that are read one behind the other.
 constexpr qint64 lookUp = 20;
-
-std::optional<qint64> number(sqlite3* database, const QString& sql)
-{
-    const QByteArray utf8 = sql.toUtf8();
-    sqlite3_stmt* statement = nullptr;
-    std::optional<qint64> result;
-    if (sqlite3_prepare_v2(database, utf8.constData(), int(utf8.size()), &statement, nullptr) == SQLITE_OK &&
-        sqlite3_step(statement) == SQLITE_ROW)
-        result = sqlite3_column_int64(statement, 0);
-    sqlite3_finalize(statement);
-    return result;
-}
 
 // Whether the engine keeps all but a blob as a text in it: in another column, a text may have become a number.
 bool keepsTexts(const QString& declared)
@@ -43,14 +32,35 @@ bool isRequired(sqlite3* database, const QString& table, const QString& column)
 
 } // namespace
 
-// Whether so few rows of the table meet the condition that they are quicker looked up one by one.
-bool Rewriter::isNarrow(const QString& table, const QString& condition) const
+// Whether so few rows of the table meet the condition, with the values of its ?, that they are quicker looked up one by
+// one.
+bool Rewriter::isNarrow(const QString& table, const QString& condition, const QStringList& values) const
 {
     const QString from = QStringLiteral(" from ") + quoted(table);
-    const qint64 most = number(database_, QStringLiteral("select max(rowid)") + from).value_or(0) / lookUp;
-    const auto found = number(database_, QStringLiteral("select count(*) from (select 1%1 where %2 limit %3)")
-                                             .arg(from, condition, QString::number(most + 1)));
-    return found && *found <= most;
+    const QString most = QStringLiteral("(select coalesce(max(rowid), 0) / %1%2)").arg(QString::number(lookUp), from);
+    return isTrue(QStringLiteral("select (select count(*) from (select 1%1 where %2 limit 1 + %3)) <= %3")
+                      .arg(from, condition, most),
+                  values);
+}
+
+// False also where the engine doesn't take the question.
+bool Rewriter::isTrue(const QString& question, const QStringList& values) const
+{
+    sqlite3_stmt* statement = prepared_ ? prepared_->take(question) : nullptr;
+    const QByteArray utf8 = statement ? QByteArray() : question.toUtf8();
+    if (!statement && sqlite3_prepare_v3(database_, utf8.constData(), int(utf8.size()) + 1, SQLITE_PREPARE_PERSISTENT,
+                                         &statement, nullptr) != SQLITE_OK)
+        return false;
+    for (int i = 0; i < values.size(); ++i) {
+        const QByteArray value = values[i].toUtf8();
+        sqlite3_bind_text(statement, i + 1, value.constData(), int(value.size()), SQLITE_TRANSIENT);
+    }
+    const bool result = sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_int(statement, 0) != 0;
+    if (prepared_ && !values.isEmpty())
+        prepared_->keep(question, statement);
+    else
+        sqlite3_finalize(statement);
+    return result;
 }
 
 // "like 'Maria%'" also says where in the index the names stand. Where nothing else is read, the index alone gives the
@@ -126,13 +136,41 @@ void Rewriter::narrowGroups(const Scope& scope)
         if (isAny(t_[i], {"left", "right", "full"})) return; // there it may be, all the same
 
     const QString condition = join(t_, dates.begin, dates.end);
-    if (!isNarrow(date->table.name, quoted(date->name) + u' ' + condition)) return;
+    const bool one = dates.size() == 2;
+    const QString asked = quoted(date->name) + QLatin1String(one ? " = ?" : " between ? and ?");
+    const QStringList values =
+        one ? QStringList{dateAt(dates.begin + 1)} : QStringList{dateAt(dates.begin + 1), dateAt(dates.begin + 3)};
+    if (!isNarrow(date->table.name, asked, values)) return;
     const QString keySql = join(t_, key.begin, key.end);
-    const QString candidates = QStringLiteral("select %1 from %2 where (%3) and %4 %5")
-                                   .arg(keySql, join(t_, from + 1, where), join(t_, where + 1, group),
-                                        join(t_, value.begin, value.end), condition);
+    const QString rows =
+        QStringLiteral(" from %1 where (%2) and %3 ")
+            .arg(join(t_, from + 1, where), join(t_, where + 1, group), join(t_, value.begin, value.end));
+    QString candidates = QLatin1String("select ") + keySql + rows + condition;
+    if (t_[having + 1].is("min") && areColumnsOf(named->table, scope, {group + 2, having})) {
+        // All that is joined with one row is of one group, so an earlier date leaves the row out: the first that is
+        // met.
+        const QString row = quoted(named->table.alias) + QLatin1String(".rowid");
+        candidates = QStringLiteral("select orv_one.k from (select %1 as k, %2 as r%3%4) as orv_one where not exists "
+                                    "(select 1%3< %5 and %2 = orv_one.r)")
+                         .arg(keySql, row, rows, condition, t_[dates.begin + 1].sql);
+    }
     t_[where + 1].sql.prepend(u'(');
     t_[group - 1].sql += QStringLiteral(") and %1 in (%2)").arg(keySql, candidates);
+}
+
+// Whether a list of terms names columns of that table alone.
+bool Rewriter::areColumnsOf(const Scope::Table& table, const Scope& scope, Operand list) const
+{
+    for (int begin = list.begin; begin < list.end;) {
+        int end = begin;
+        while (end < list.end && !t_[end].is(","))
+            ++end;
+        const auto named = columnOf({begin, end}, scope);
+        if (!named || named->table.alias.compare(table.alias, Qt::CaseInsensitive) != 0) return false;
+        if (aliased({begin, end}, scope).begin != begin) return false;
+        begin = end + 1;
+    }
+    return true;
 }
 
 // What stands inside the aggregate behind "having"; nothing where something else stands there.
@@ -143,6 +181,12 @@ Rewriter::Operand Rewriter::aggregateBehind(int having, int end) const
     const Operand value{having + 1, t_[open].mate + 1};
     const Operand inner = aggregated(value);
     return inner.begin > value.begin ? inner : Operand{having, having};
+}
+
+// The date as it is stored.
+QString Rewriter::dateAt(int at) const
+{
+    return t_[at].sql.mid(1, t_[at].sql.size() - 2);
 }
 
 // "= #date#" or "between #date# and #date#".

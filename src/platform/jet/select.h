@@ -13,6 +13,8 @@ struct sqlite3;
 
 namespace jet {
 
+class PreparedStatements;
+
 // The clauses of a select in the engine's own SQL, each without its keyword; "" where it has none.
 struct Select
 {
@@ -30,7 +32,7 @@ struct Select
 };
 
 // Throws Error (invalidStatement) as translate() does, and for a statement that is no select.
-Select analyseSelect(const QString& statement, sqlite3* database);
+Select analyseSelect(const QString& statement, sqlite3* database, PreparedStatements* prepared = nullptr);
 Select analyseSelect(const NativeSql& statement);
 
 // "field operator value" of Recordset::find(). Throws Error (invalidStatement) for any other form.

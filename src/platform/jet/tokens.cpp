@@ -4,9 +4,17 @@
 #include "platform/jet/date.h"
 #include "platform/jet/errors.h"
 
+#include <algorithm>
+
 namespace jet {
 
 namespace {
+
+char16_t small(QChar letter)
+{
+    const char16_t code = letter.unicode();
+    return code >= u'A' && code <= u'Z' ? char16_t(code + (u'a' - u'A')) : code;
+}
 
 bool startsWord(QChar c)
 {
@@ -71,7 +79,8 @@ private:
     void add(Token::Kind kind, const QString& text) { add(kind, text, text); }
     void add(Token::Kind kind, const QString& text, const QString& sql)
     {
-        tokens_.push_back({kind, text, sql, blank_});
+        tokens_.push_back({.kind = kind, .text = text, .sql = sql, .blankBefore = blank_, .first = 0});
+        if (kind == Token::Word || kind == Token::Symbol) tokens_.back().first = small(text[0]);
     }
 
     void addQuoted(QChar quote, const QString& text)
@@ -198,11 +207,11 @@ private:
 
 } // namespace
 
-bool Token::is(const char* word) const
+bool Token::reads(const char* word) const
 {
-    const QLatin1String wanted(word); // most words differ by their length already
-    return (kind == Word || kind == Symbol) && text.size() == wanted.size() &&
-           text.compare(wanted, Qt::CaseInsensitive) == 0;
+    for (const QChar letter : text) // none is 0, which ends the word
+        if (small(letter) != static_cast<unsigned char>(*word++)) return false;
+    return *word == '\0';
 }
 
 Tokens tokenize(const QString& statement, Language language)

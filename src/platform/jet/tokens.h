@@ -25,8 +25,15 @@ struct Token
     bool blankBefore; // a blank or a line break stood before it
     int mate = -1;    // of a parenthesis: the index of its partner
 
-    bool is(const char* word) const; // a word or a symbol, case-blind
+    // Of a word or a symbol, as small letters: its first one, which tells most words apart. 0 for all else.
+    char16_t first = 0;
+
+    // A word or a symbol, case-blind. `word` is in small letters of ASCII.
+    bool is(const char* word) const { return first == static_cast<char16_t>(*word) && reads(word); }
     bool isName() const { return kind == Word || kind == Name; }
+
+private:
+    bool reads(const char* word) const;
 };
 
 using Tokens = std::vector<Token>;

@@ -199,6 +199,22 @@ TEST_F(ASearch, ByTheFirstChildFindsThoseWithoutAnElderOne)
     });
 }
 
+// A person is of several groups then, and each has a first child of its own.
+TEST_F(ASearch, ByTheFirstChildOfEachSexFindsThoseWithAnElderOneOfTheOther)
+{
+    for (const char* groups : {"individuo.nind, filho.sexo", "familias.nind, familias.nfamilia", "familias.nind"})
+        whatIsFoundIsTheSame([&] {
+            Search search;
+            search.add("select familias.nind, min(filho.datanasc) from individuo, individuo as filho, familias where "
+                       "individuo.nind = familias.nind and filho.famorig = familias.nfamilia group by ");
+            search.add(QString(groups) + " having min(filho.datanasc) ");
+            const auto [from, to] = dates();
+            search.addDates(from, to);
+            search.add(" order by familias.nind, min(filho.datanasc)");
+            return search;
+        });
+}
+
 TEST_F(ASearch, ForFamiliesByTheFirstChildFindsThoseWithoutAnElderOne)
 {
     whatIsFoundIsTheSame([&] {

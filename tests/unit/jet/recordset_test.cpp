@@ -178,6 +178,39 @@ TEST_F(ARecordset, LeavesNoStatementOpenBetweenCalls)
     outside("drop table filho");
 }
 
+// All that it reads is of one state of the file, which nobody else can write meanwhile, and can afterwards.
+TEST_F(ARecordset, ReadsItsRowsInOneTransactionAndEndsIt)
+{
+    QStringList ran;
+    sqlite3_trace_v2(
+        bdp.handle(), SQLITE_TRACE_STMT,
+        [](unsigned, void* to, void*, void* sql) {
+            static_cast<QStringList*>(to)->append(QString::fromUtf8(static_cast<const char*>(sql)));
+            return 0;
+        },
+        &ran);
+    for (const char* statement : {"select nome from pessoa order by nome", "select max(nind) as m from pessoa",
+                                  "select nome as x from pessoa order by x"})
+    {
+        ran.clear();
+        Recordset set = select(statement);
+        EXPECT_GT(ran.size(), 2);
+        EXPECT_EQ(ran.value(0), "begin") << statement;
+        EXPECT_EQ(ran.count("begin"), 1) << statement;
+        EXPECT_EQ(ran.last(), "commit") << statement;
+        outside("update pessoa set obs = obs");
+    }
+    EXPECT_NE(numberOf([&] { select("select nome, max(x) from pessoa"); }), 0);
+    outside("update pessoa set obs = obs");
+
+    bdp.beginTrans(); // that of a routine goes on
+    ran.clear();
+    select("select nome from pessoa");
+    EXPECT_FALSE(ran.contains("begin") || ran.contains("commit"));
+    bdp.rollbackTrans();
+    sqlite3_trace_v2(bdp.handle(), 0, nullptr, nullptr);
+}
+
 TEST_F(ARecordset, FindsForwardFromTheCurrentRow)
 {
     Recordset set = select("select * from pessoa order by nind");

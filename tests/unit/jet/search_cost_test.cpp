@@ -65,6 +65,24 @@ TEST_F(TheCostOfASearch, IsThatOfTheRowsItFinds)
         EXPECT_LT(steps(search), 2 * inhabitants) << search.toStdString();
 }
 
+// Of parents with an elder child, the first one that is met tells; the others aren't read.
+TEST_F(TheCostOfASearch, ByTheFirstChildLeavesTheOtherChildrenUnread)
+{
+    const auto born = [&](int child, int family, const QDate& date) {
+        bdp.execute(NativeSql("insert into individuo (nind, nome, famorig, datanasc) values (?, 'Zita', ?, ?)",
+                              {child, family, date}));
+    };
+    bdp.beginTrans();
+    bdp.execute(NativeSql("insert into familias (nfamilia, nind) values (1, 101), (2, 101), (3, 103)"));
+    for (int i = 0; i < inhabitants; ++i)
+        born(10000 + i, 2, QDate(1700, 1, 1).addDays(i));
+    born(9000, 3, QDate(1710, 1, 1));
+    bdp.commitTrans();
+    EXPECT_LT(steps(parents + " and individuo.nind = familias.nind group by individuo.nind, individuo.nome having "
+                              "min(filho.datanasc) = #01/01/1710# order by individuo.nome"),
+              inhabitants);
+}
+
 // A spouse is looked for among the people, once, and not among the spouses of all families.
 TEST_F(TheCostOfASearch, ForFamiliesByAnyPartOfANameIsThatOfTheSearchForPeople)
 {
