@@ -8,6 +8,7 @@
 #include "common/numeros.h"
 #include "common/text.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/stilltext.h"
 
 namespace {
 
@@ -81,14 +82,14 @@ void FrmFam::mostraRegisto(jet::Recordset& rs, Nfam nf)
 
     cmdResid->setEnabled(true);
     cmdRP->setEnabled(true);
-    lblFam->setText(QString::number(adoFam.recordset().absolutePosition()));
-    lblTotal->setText(QString::number(adoFam.recordset().recordCount()));
+    setStillText(lblFam, QString::number(adoFam.recordset().absolutePosition()));
+    setStillText(lblTotal, QString::number(adoFam.recordset().recordCount()));
 }
 
 void FrmFam::esvaziaContagens()
 {
-    lblFam->clear();
-    lblTotal->clear();
+    setStillText(lblFam, {});
+    setStillText(lblTotal, {});
     fraFilhos->setTitle("Filhos");
 }
 

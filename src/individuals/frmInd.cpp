@@ -37,6 +37,7 @@ FrmInd::FrmInd() : Ficha(Name)
     ListasAbertas::segueCodigos(*this, *cmbclass, "ClaPa");
     ListasAbertas::segueCodigos(*this, *cmbSacram, "Sacra");
     cmdAtribuir->installEventFilter(this);
+    linhaTipo->addStretch(); // lblTipoInd is as wide as its text needs
     connectEvents();
 }
 

@@ -8,13 +8,14 @@
 #include "common/numeros.h"
 #include "common/text.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/stilltext.h"
 
 void FrmInd::LimpaCampos()
 {
     txtNind->clear();
     txtNome->clear();
     cmbTipoInd->setListIndex(0);
-    lblTipoInd->clear();
+    setStillText(lblTipoInd, {});
     for (OptionButton* opcao : {optSexo_0, optSexo_1, optSexo_2})
         opcao->setValue(false);
     txtFamOrig->clear();
@@ -128,8 +129,8 @@ void FrmInd::mostraRegisto(jet::Recordset& rs, TabelaDosSitios sitios)
     for (CommandButton* botao : {cmdDirFam_0, cmdDirFam_1, cmdProf, cmdResid, cmdAssin, cmdInterv, cmdRP_0, cmdRP_1,
                                  cmdConsRel, cmdCerFun, cmdRMorte, cmdLegProf})
         botao->setEnabled(true);
-    lblInd->setText(QString::number(rs.absolutePosition()));
-    lblTotal->setText(QString::number(rs.recordCount()));
+    setStillText(lblInd, QString::number(rs.absolutePosition()));
+    setStillText(lblTotal, QString::number(rs.recordCount()));
 }
 
 // The person as stored, whatever the card shows by now, so that an alteration begins with nothing missing: a site is
@@ -198,10 +199,10 @@ void FrmInd::EscreveLinhaFam(int linha)
 void FrmInd::cmbTipoInd_Click()
 {
     guarded([&] {
-        lblTipoInd->clear();
+        setStillText(lblTipoInd, {});
         const QString codigo = cmbTipoInd->text();
         if (Trim(codigo).isEmpty()) return;
-        lblTipoInd->setText(DescricaoInfo("TipIn", codigo));
+        setStillText(lblTipoInd, DescricaoInfo("TipIn", codigo));
     });
 }
 

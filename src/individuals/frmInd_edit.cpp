@@ -10,6 +10,7 @@
 #include "common/text.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/stilltext.h"
 
 #include <QRegularExpression>
 
@@ -76,8 +77,8 @@ void FrmInd::confirmaInsercao()
     NindCorrente = Nind::doCampo(txtNind->text());
     contaIndividuoGravado();
     const QString total = QString::number(adoInd.recordset().recordCount());
-    lblInd->setText(total); // while people are inserted the band counts them
-    lblTotal->setText(total);
+    setStillText(lblInd, total); // while people are inserted the band counts them
+    setStillText(lblTotal, total);
 
     LimpaCampos();
     propoeIndividuo();

@@ -6,6 +6,8 @@
 #include "platform/jet/rewriter.h"
 #include "platform/jet/select.h"
 
+#include <QCache>
+
 #include <algorithm>
 
 namespace jet {
@@ -153,9 +155,18 @@ Select analyseSelect(const QString& statement, sqlite3* database, PreparedStatem
     return analysed(translated(statement, database, prepared));
 }
 
+// The text says it all, and the cards send the same ones again and again.
 Select analyseSelect(const NativeSql& statement)
 {
-    Select select = analysed(statementTokens(statement.sql, Language::Native));
+    constexpr qsizetype lettersKept = 100'000;
+    static QCache<QString, Select> known(lettersKept);
+    Select select;
+    if (const Select* before = known.object(statement.sql)) {
+        select = *before;
+    } else {
+        select = analysed(statementTokens(statement.sql, Language::Native));
+        known.insert(statement.sql, new Select(select), statement.sql.size());
+    }
     select.values = statement.values;
     return select;
 }

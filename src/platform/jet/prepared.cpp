@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace jet {
 
@@ -18,34 +19,34 @@ std::list<PreparedStatements::Kept>::iterator PreparedStatements::find(const QSt
     return std::find_if(kept_.begin(), kept_.end(), [&](const Kept& kept) { return kept.sql == sql; });
 }
 
-sqlite3_stmt* PreparedStatements::take(const QString& sql)
+Prepared PreparedStatements::take(const QString& sql)
 {
     const auto kept = find(sql);
-    if (kept == kept_.end()) return nullptr;
-    sqlite3_stmt* statement = kept->statement;
+    if (kept == kept_.end()) return {};
+    Prepared prepared = std::move(kept->prepared);
     kept_.erase(kept);
-    return statement;
+    return prepared;
 }
 
-void PreparedStatements::keep(const QString& sql, sqlite3_stmt* statement)
+void PreparedStatements::keep(const QString& sql, Prepared prepared)
 {
-    if (!statement) return;
+    if (!prepared.statement) return;
     if (sql.size() > lettersAtMost || find(sql) != kept_.end()) {
-        sqlite3_finalize(statement);
+        sqlite3_finalize(prepared.statement);
         return;
     }
-    sqlite3_reset(statement);
-    sqlite3_clear_bindings(statement);
-    kept_.push_front({sql, statement});
+    sqlite3_reset(prepared.statement);
+    sqlite3_clear_bindings(prepared.statement);
+    kept_.push_front({sql, std::move(prepared)});
     if (kept_.size() <= keptAtMost) return;
-    sqlite3_finalize(kept_.back().statement);
+    sqlite3_finalize(kept_.back().prepared.statement);
     kept_.pop_back();
 }
 
 void PreparedStatements::clear()
 {
     for (const Kept& kept : kept_)
-        sqlite3_finalize(kept.statement);
+        sqlite3_finalize(kept.prepared.statement);
     kept_.clear();
 }
 

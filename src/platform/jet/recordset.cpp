@@ -13,11 +13,6 @@ namespace jet {
 
 namespace {
 
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 QString columnText(sqlite3_stmt* statement, int column)
 {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
@@ -196,7 +191,7 @@ void Recordset::Private::loadKeys()
         *database,
         QStringLiteral("select %1 from %2 where %3.rowid = ?").arg(select.list, select.from, quoted(select.alias)));
     reader.bringUpToDate();
-    describe(reader);
+    fields = reader.columns();
 }
 
 // Precondition: beginToFollow().
@@ -234,7 +229,7 @@ void Recordset::Private::loadCells()
     Statement statement(*database, select.sql);
     statement.bindAll(select.values);
     bool standsOnRow = statement.step();
-    describe(statement);
+    fields = statement.columns();
     asOf.reset();
     rest.reset();
     all = KeyList();
@@ -243,16 +238,6 @@ void Recordset::Private::loadCells()
         for (size_t i = 0; i < fields.size(); ++i)
             cells.push_back(valueOf(statement.handle(), int(i), fields[i].type));
     }
-}
-
-void Recordset::Private::describe(const Statement& statement)
-{
-    fields.clear();
-    for (int i = 0; i < sqlite3_column_count(statement.handle()); ++i)
-        fields.push_back({text(sqlite3_column_name(statement.handle(), i)),
-                          typeOf(text(sqlite3_column_decltype(statement.handle(), i))),
-                          text(sqlite3_column_table_name(statement.handle(), i)),
-                          text(sqlite3_column_origin_name(statement.handle(), i))});
 }
 
 std::vector<QVariant> Recordset::Private::readRow(qint64 key)

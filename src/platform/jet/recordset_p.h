@@ -21,13 +21,7 @@ std::optional<double> numberIn(sqlite3_stmt* statement, int column);
 
 struct Recordset::Private
 {
-    struct Field
-    {
-        QString name;
-        Type type;
-        QString table; // of the column that the field shows; "" for an expression
-        QString column;
-    };
+    using Field = ResultColumn;
 
     // A row is known by a number: the rowid where the select is simple, else its place among `cells`.
     using Keys = KeyList::Keys;
@@ -81,7 +75,6 @@ struct Recordset::Private
     bool collectKeys();
     void stepOverKeys();
     void loadCells();
-    void describe(const Statement& statement);
     QString keysSql(const QString& condition, const QString& order, const QString& number = {}) const;
     Keys readKeys(const QString& sql, const QVariantList& more = {}) const;
     std::vector<QVariant> readRow(qint64 key);

@@ -18,7 +18,7 @@ int Recordset::Private::keysOfAPiece = 20000; // about a millisecond
 // Precondition: beginToFollow().
 bool Recordset::Private::readBeginning()
 {
-    if (!asOf || !sqlite3_get_autocommit(database->handle)) return false;
+    if (!asOf || database->level > 0) return false;
     all = KeyList(placing.isEmpty() ? KeyList::Order::ByKey : KeyList::Order::ByNumber);
     const Piece piece = appendPiece();
     if (!all.isOrdered() || piece == Piece::Sorted) return false;

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "platform/jet/database.h"
+#include "platform/jet/prepared.h"
 
 #include <QString>
 #include <QVariant>
+
+#include <vector>
 
 struct sqlite3_stmt;
 
@@ -21,12 +24,14 @@ public:
     Statement(Statement&& other) noexcept;
     Statement& operator=(Statement&& other) noexcept;
 
-    explicit operator bool() const { return handle_; }
+    explicit operator bool() const { return prepared_.statement; }
     // Its columns are those of the schema as it was when it was prepared, perhaps long ago; after the first step(), or
     // this, they are those of today.
     // Precondition: nothing is bound, and it gives no row so.
     void bringUpToDate();
-    sqlite3_stmt* handle() const { return handle_; }
+    // Of its rows, as handle() has them. Looked up once for as long as it stays prepared and the schema as it is.
+    const std::vector<ResultColumn>& columns();
+    sqlite3_stmt* handle() const { return prepared_.statement; }
 
     // A value as NativeSql takes them, or a QByteArray, which is a blob; parameters count from 1. Throws Error
     // (typeMismatch) for any other.
@@ -38,12 +43,13 @@ public:
     void finalize();
 
 private:
-    void enlist(Database* database, sqlite3_stmt* prepared);
+    void enlist(Database* database, Prepared prepared);
+    Prepared release();
     void end();
 
     Database* database_ = nullptr;
     QString sql_;
-    sqlite3_stmt* handle_ = nullptr;
+    Prepared prepared_;
     bool kept_ = false; // it was prepared for an earlier one
     bool writes_ = false;
     bool heard_ = false;   // who follows a table hears of the rows that it writes
