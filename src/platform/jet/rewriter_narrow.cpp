@@ -8,6 +8,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 namespace jet {
 
 namespace {
@@ -46,20 +48,20 @@ bool Rewriter::isNarrow(const QString& table, const QString& condition, const QS
 // False also where the engine doesn't take the question.
 bool Rewriter::isTrue(const QString& question, const QStringList& values) const
 {
-    sqlite3_stmt* statement = prepared_ ? prepared_->take(question) : nullptr;
-    const QByteArray utf8 = statement ? QByteArray() : question.toUtf8();
-    if (!statement && sqlite3_prepare_v3(database_, utf8.constData(), int(utf8.size()) + 1, SQLITE_PREPARE_PERSISTENT,
-                                         &statement, nullptr) != SQLITE_OK)
+    Prepared asked = prepared_ ? prepared_->take(question) : Prepared();
+    const QByteArray utf8 = asked.statement ? QByteArray() : question.toUtf8();
+    if (!asked.statement && sqlite3_prepare_v3(database_, utf8.constData(), int(utf8.size()) + 1,
+                                               SQLITE_PREPARE_PERSISTENT, &asked.statement, nullptr) != SQLITE_OK)
         return false;
     for (int i = 0; i < values.size(); ++i) {
         const QByteArray value = values[i].toUtf8();
-        sqlite3_bind_text(statement, i + 1, value.constData(), int(value.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_text(asked.statement, i + 1, value.constData(), int(value.size()), SQLITE_TRANSIENT);
     }
-    const bool result = sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_int(statement, 0) != 0;
+    const bool result = sqlite3_step(asked.statement) == SQLITE_ROW && sqlite3_column_int(asked.statement, 0) != 0;
     if (prepared_ && !values.isEmpty())
-        prepared_->keep(question, statement);
+        prepared_->keep(question, std::move(asked));
     else
-        sqlite3_finalize(statement);
+        sqlite3_finalize(asked.statement);
     return result;
 }
 
