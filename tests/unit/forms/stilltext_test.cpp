@@ -23,15 +23,15 @@ protected:
 
     AStillText()
     {
-        auto* row = new QHBoxLayout(&window);
+        auto* row = new QHBoxLayout(&form);
         row->addWidget(label);
         row->addWidget(neighbour);
         row->addStretch();
         label->setMinimumWidth(56);
-        window.resize(900, 60);
-        window.show();
+        form.resize(900, 60);
+        form.show();
         shown("1");
-        window.installEventFilter(&layouts);
+        form.installEventFilter(&layouts);
     }
 
     void shown(const QString& text)
@@ -40,7 +40,7 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    QWidget window;
+    QWidget form;
     QLabel* label = new QLabel;
     QLabel* neighbour = new QLabel("de");
     Layouts layouts;
