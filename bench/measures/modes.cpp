@@ -37,10 +37,11 @@ Ficha& familyCard()
 std::vector<Measure> modes()
 {
     const Goal goal{.ratio = 2, .ms = {{0, 5}}, .keptKb = 0.1};
+    constexpr int turns = 200; // in the first hundred, the toolkit fills what it keeps of pictures and letters
     return {{"mode-person", "a pair of changes of mode, person", goal,
-             [](int people) { return std::make_unique<Modes>(people, personCard); }},
+             [](int people) { return std::make_unique<Modes>(people, personCard); }, turns},
             {"mode-family", "a pair of changes of mode, family", goal,
-             [](int people) { return std::make_unique<Modes>(people, familyCard); }}};
+             [](int people) { return std::make_unique<Modes>(people, familyCard); }, turns}};
 }
 
 } // namespace bench
