@@ -243,12 +243,11 @@ TEST_F(ALongList, KeepsWhatIsTypedWhileItIsRead)
 
 TEST_F(ALongList, MissesNoRowOfANumberThatManyHave)
 {
-    for (const char* change : {"update pessoa set ordem = 1",
-                               "update pessoa set ordem = nind; update pessoa set "
-                               "ordem = 30 where nind = 40",
-                               "update pessoa set ordem = nind; update pessoa set ordem = null where nind = 60",
-                               "update pessoa set ordem = nind; update pessoa set ordem = 'muitos' where nind = 70",
-                               "update pessoa set ordem = nind; update pessoa set ordem = 90 where nind = 100"})
+    for (const char* change :
+         {"update pessoa set ordem = 1", "update pessoa set ordem = nind; update pessoa set ordem = 30 where nind = 40",
+          "update pessoa set ordem = nind; update pessoa set ordem = null where nind = 60",
+          "update pessoa set ordem = nind; update pessoa set ordem = 'muitos' where nind = 70",
+          "update pessoa set ordem = nind; update pessoa set ordem = 90 where nind = 100"})
     {
         outside(qPrintable(QLatin1String("pragma ignore_check_constraints = on; ") + QLatin1String(change)));
         Recordset list = select("select nind from pessoa order by ordem");
