@@ -55,7 +55,7 @@ TEST_F(IndividualCard, ChangingTheModeAllDayTakesNoMemory)
         return mallinfo2().uordblks;
     };
     const size_t before = pairs(20);
-    EXPECT_LT(pairs(200), before + 200'000);
+    EXPECT_LT(pairs(300), before + 30'000);
 }
 
 TEST_F(IndividualCard, SearchingShutsWhatLeavesTheCardAndLeavesTheRest)
