@@ -7,7 +7,8 @@
 
 Screen::Screen() : environment_(QProcessEnvironment::systemEnvironment())
 {
-    server_.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp"});
+    // It would begin anew when its last client is killed, and turn away who comes meanwhile.
+    server_.start("Xvfb", {"-displayfd", "1", "-noreset", "-screen", "0", "1366x768x24", "-nolisten", "tcp"});
     QByteArray display;
     while (!display.endsWith('\n') && server_.waitForReadyRead(20000))
         display += server_.readAllStandardOutput();
