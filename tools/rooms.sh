@@ -37,7 +37,7 @@ check_uses() {
         function room_of(file,   step) {
             if (file !~ /\//) return file
             split(file, step, "/")
-            return step[1] == "platform" ? step[1] "/" step[2] : step[1]
+            return step[1] == "platform" || step[1] == "study" ? step[1] "/" step[2] : step[1]
         }
         # The file of src that an include means, as the compiler finds it; "" where it is none of ours.
         function target_of(header, file,   beside) {

@@ -5,7 +5,7 @@
 #include "common/locais.h"
 #include "common/modGeral.h"
 #include "common/numeros.h"
-#include "families/tipoFam.h"
+#include "common/tipoFam.h"
 #include "platform/forms/showntext.h"
 
 namespace {

@@ -7,8 +7,8 @@
 #include "common/modGeral.h"
 #include "common/numeros.h"
 #include "common/text.h"
+#include "common/tipoInd.h"
 #include "individuals/diaEMes.h"
-#include "individuals/tipoInd.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 

@@ -57,6 +57,7 @@ public:
     void antesDeEscrever();
     void antesDeFechar();
     void espera();
+    QString garante();
 
     std::function<QDate()> hoje = QDate::currentDate;
     std::chrono::milliseconds demora{esperaHabitual};
@@ -69,6 +70,7 @@ private:
     QDate dia_; // the last one on which a copy was tried
     std::thread fundo_;
     std::atomic<bool> larga_ = false;
+    QString falha_;               // of the last copy; read when no thread works on one
     std::atomic<int> sessao_ = 0; // what is told of one BDP isn't told in the next
 };
 
@@ -101,6 +103,7 @@ void CopiaDiaria::faz()
 
     larga_ = true;
     espera();
+    falha_.clear();
     larga_ = false;
     // The work of the day needs the disk more than its copy does.
     if (jet::disk().available(bdp.path()) < 2 * std::uintmax_t(bdp.size()))
@@ -126,8 +129,24 @@ void CopiaDiaria::acaba(Trabalho& trabalho)
                   .arg(QLatin1String(nomeDaPasta), QFileInfo(trabalho.destino).fileName()),
               "A BDP, tal como estava antes do trabalho de hoje, foi guardada em " + caminho);
     } catch (const std::exception& erro) {
-        conta("Sem cópia diária: " + QString::fromUtf8(erro.what()), QString::fromUtf8(erro.what()));
+        falha_ = QString::fromUtf8(erro.what());
+        conta("Sem cópia diária: " + falha_, falha_);
     }
+}
+
+// Tried again where it has failed before.
+QString CopiaDiaria::garante()
+{
+    dia_ = hoje();
+    try {
+        faz();
+    } catch (const std::exception& erro) {
+        return QString::fromUtf8(erro.what());
+    }
+    espera();
+    const QFileInfo bdp(QFileInfo(cnBDP.dataSource()).canonicalFilePath());
+    if (QFileInfo::exists(pastaDasCopias(bdp.filePath()) + '/' + nomeDaCopia(bdp.fileName(), dia_))) return {};
+    return falha_.isEmpty() ? QString("as cópias desta BDP não se guardam nesta pasta.") : falha_;
 }
 
 void CopiaDiaria::conta(const QString& texto, const QString& pormenor)
@@ -170,6 +189,11 @@ QString pastaDasCopias(const QString& bdp)
 void esperaCopiaDiaria()
 {
     copiaDiaria().espera();
+}
+
+QString garanteCopiaDeHoje()
+{
+    return copiaDiaria().garante();
 }
 
 void setDiaDaCopia(std::function<QDate()> hoje)

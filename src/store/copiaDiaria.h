@@ -22,6 +22,10 @@ QString pastaDasCopias(const QString& bdp);
 // Waits until none is under way.
 void esperaCopiaDiaria();
 
+// Makes the copy of today now, unless there is one, and waits until it is on the disk: for who is about to write what a
+// copy is wanted of. "", or why there is none, in Portuguese. Precondition: cnBDP is open, and no transaction is.
+QString garanteCopiaDeHoje();
+
 // For tests: what day it is, and how long a statement may have to wait.
 void setDiaDaCopia(std::function<QDate()> hoje);
 void setEsperaDaCopia(int milissegundos);

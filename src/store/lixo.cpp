@@ -2,6 +2,7 @@
 
 #include "common/numeros.h"
 #include "platform/jet/jsonrow.h"
+#include "store/lixo_actos.h"
 #include "store/lixo_tabelas.h"
 
 #include <QJsonDocument>
@@ -96,6 +97,8 @@ void Recolha::guarda()
         "insert into estudo_lixo (quando, tipo, numero, nome, familias, linhas) values (?, ?, ?, ?, ?, ?)",
         {QDateTime::currentDateTime().toString(formatoDaData), letraDe(tipo_), numero_.toDouble(), nome_,
          familias.join(','), QString::fromUtf8(texto.toJson(QJsonDocument::Compact))}));
+    const jet::NativeSql ultima("select max(id) as id from estudo_lixo");
+    soltaDosActos(bdp_, jet::jsonRows(bdp_, ultima).first()["id"].toInteger(), linhas);
 }
 
 bool temLixo(jet::Connection& bdp)

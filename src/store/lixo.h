@@ -39,8 +39,9 @@ class Recolha
 public:
     Recolha(jet::Connection& bdp, Tipo tipo, QString numero);
 
-    // Writes what has gone, and the family of origin of those who have lost it, as one row; makes the table where the
-    // BDP has none. Where nothing has gone, nothing is written. Throws for a table of that name that is another one.
+    // Writes what has gone, and the family of origin of those who have lost it, as one row, and lets go the links of
+    // acts (lixo_actos.h); makes the table where the BDP has none. Where nothing has gone, nothing is written. Throws
+    // for a table of that name that is another one.
     void guarda();
 
 private:

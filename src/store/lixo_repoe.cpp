@@ -1,6 +1,7 @@
 // Putting back what a deletion has taken.
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/transaction.h"
+#include "store/lixo_actos.h"
 #include "store/lixo_tabelas.h"
 
 #include <QJsonDocument>
@@ -58,6 +59,7 @@ public:
         for (const QJsonValue filho : filhos_)
             bdp_.execute(jet::NativeSql("update individuo set famorig = ? where nind = ?",
                                         {filho["famorig"].toDouble(), filho["nind"].toDouble()}));
+        ligaAosActos(bdp_, id_);
         bdp_.execute(jet::NativeSql("delete from estudo_lixo where id = ?", {id_}));
         return {};
     }

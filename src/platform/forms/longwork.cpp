@@ -3,8 +3,11 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/statusline.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QStatusBar>
 #include <QThread>
@@ -134,6 +137,14 @@ public:
         painted_ = nullptr;
     }
 
+    // Both, for work with a button that ends it.
+    void attend(QWidget& shown, QAbstractButton& cancel)
+    {
+        cancel_ = &cancel;
+        paint(shown);
+        cancel_ = nullptr;
+    }
+
     bool escaped = false;
     std::vector<Kept> kept;
 
@@ -147,8 +158,12 @@ protected:
         // A timer comes again by itself, and everything is painted afterwards.
         const bool painting = event->type() == QEvent::Paint || event->type() == QEvent::UpdateLater;
         if (event->type() == QEvent::Timer || painting) return true;
-        if (isEscape(*event)) {
+        if (ends(*event)) {
             escaped = escaped || event->type() == QEvent::KeyPress;
+        } else if (cancel_ && isMouse(*event)) {
+            escaped = escaped || clicksCancel(static_cast<const QMouseEvent&>(*event));
+        } else if (cancel_ && isRepeated(*event)) {
+            return true;                                        // of the key that has begun the work
         } else if (event->type() != QEvent::ShortcutOverride) { // the key itself follows
             kept.push_back({receiver, QApplication::activeModalWidget(), std::unique_ptr<QEvent>(event->clone())});
         }
@@ -157,11 +172,49 @@ protected:
     }
 
 private:
-    static bool isEscape(const QEvent& event)
+    static bool isKey(const QEvent& event)
     {
         const auto type = event.type();
-        return (type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride) &&
-               static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+        return type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride;
+    }
+
+    static bool isRepeated(const QEvent& event)
+    {
+        return isKey(event) && static_cast<const QKeyEvent&>(event).isAutoRepeat();
+    }
+
+    bool ends(const QEvent& event) const
+    {
+        if (!isKey(event)) return false;
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        return key.key() == Qt::Key_Escape || (cancel_ && !key.isAutoRepeat() && pressesCancel(key));
+    }
+
+    static bool isMouse(const QEvent& event)
+    {
+        const auto type = event.type();
+        return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+               type == QEvent::MouseButtonDblClick || type == QEvent::MouseMove;
+    }
+
+    // Pressed and released over the button, whichever of the window and its widgets gets the event.
+    bool clicksCancel(const QMouseEvent& event)
+    {
+        if (event.type() == QEvent::MouseMove) return false;
+        const bool over = cancel_->isVisible() && cancel_->isEnabled() && event.button() == Qt::LeftButton &&
+                          cancel_->rect().contains(cancel_->mapFromGlobal(event.globalPosition()).toPoint());
+        const bool clicked = over && held_ && event.type() == QEvent::MouseButtonRelease;
+        held_ = over && event.type() != QEvent::MouseButtonRelease;
+        return clicked;
+    }
+
+    // Its letter, or the key that presses the button that has the focus.
+    bool pressesCancel(const QKeyEvent& event) const
+    {
+        const bool presses =
+            event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Space;
+        const QKeySequence letter(event.keyCombination());
+        return (presses && cancel_->hasFocus()) || letter == QKeySequence::mnemonic(cancel_->text());
     }
 
     bool isPainted(QObject* receiver) const
@@ -171,6 +224,8 @@ private:
     }
 
     QWidget* painted_ = nullptr;
+    QAbstractButton* cancel_ = nullptr;
+    bool held_ = false; // pressed over the button, and not released yet
 };
 
 // One run of work.
@@ -209,6 +264,13 @@ bool LongWork::escapePressed()
     if (!qApp || QThread::currentThread() != qApp->thread()) return false;
     Keeper& keeper = theWork().keeper;
     keeper.look();
+    return std::exchange(keeper.escaped, false);
+}
+
+bool LongWork::cancelled(QWidget& shown, QAbstractButton& cancel)
+{
+    Keeper& keeper = theWork().keeper;
+    keeper.attend(shown, cancel);
     return std::exchange(keeper.escaped, false);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/jet/jsonrow.h"
 
 #include "platform/jet/columns.h"
+#include "platform/jet/reader.h"
 #include "platform/jet/statement.h"
 
 #include <QJsonValue>
@@ -80,16 +81,9 @@ std::pair<QString, QVariant> bound(const QJsonValue& value)
 
 } // namespace
 
-// What a reader of rows may know of a connection.
-class JsonReader
-{
-public:
-    static Statement prepare(const Connection& connection, const QString& sql) { return {*connection.database_, sql}; }
-};
-
 QList<QJsonObject> jsonRows(const Connection& connection, const NativeSql& select)
 {
-    Statement statement = JsonReader::prepare(connection, select.sql);
+    Statement statement(JsonReader::database(connection), select.sql);
     for (qsizetype i = 0; i < select.values.size(); ++i)
         statement.bind(int(i) + 1, select.values[i]);
     QList<QJsonObject> rows;
@@ -114,6 +108,21 @@ void insertJsonRow(Connection& connection, const QString& table, const QJsonObje
     }
     connection.execute(NativeSql(
         QStringLiteral("insert into %1 (%2) values (%3)").arg(quoted(table), columns.join(u','), places.join(u',')),
+        values));
+}
+
+void updateJsonRow(Connection& connection, const QString& table, qint64 place, const QJsonObject& columns)
+{
+    QStringList settings;
+    QVariantList values;
+    for (auto column = columns.begin(); column != columns.end(); ++column) {
+        const auto [mark, value] = bound(column.value());
+        settings << quoted(column.key()) + QStringLiteral(" = ") + mark;
+        values << value;
+    }
+    values << place;
+    connection.execute(NativeSql(
+        QStringLiteral("update %1 set %2 where rowid = ?").arg(quoted(table), settings.join(QStringLiteral(", "))),
         values));
 }
 

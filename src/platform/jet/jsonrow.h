@@ -18,4 +18,7 @@ QList<QJsonObject> jsonRows(const Connection& connection, const NativeSql& selec
 // then. The column "rowid" gives the row its place among those without an order.
 void insertJsonRow(Connection& connection, const QString& table, const QJsonObject& row);
 
+// Sets those columns of the row of that place (rowid). Throws as insertJsonRow(); nothing is changed then.
+void updateJsonRow(Connection& connection, const QString& table, qint64 place, const QJsonObject& columns);
+
 } // namespace jet

@@ -3,8 +3,6 @@
 
 #include "forms/house.h"
 
-#include <QElapsedTimer>
-
 class Fields : public House
 {
 protected:
@@ -17,13 +15,5 @@ protected:
         QCoreApplication::processEvents();
         Focus::setTo(control);
         return control;
-    }
-
-    static double millisecondsFor(const std::function<void()>& work)
-    {
-        QElapsedTimer time;
-        time.start();
-        work();
-        return double(time.nsecsElapsed()) / 1e6;
     }
 };

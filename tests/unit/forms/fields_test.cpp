@@ -353,12 +353,9 @@ TEST_F(TextBoxTest, ATextOfTheProgramIsGivenBackWholeWhateverItsLength)
     field->setMaxLength(255);
     for (const int length : {300, 32767, 32768, 1000000}) {
         const QString text = QString(length - 1, 'x') + QChar(0xA0);
-        EXPECT_LT(millisecondsFor([&] {
-                      field->setText(text);
-                      QCoreApplication::processEvents();
-                      field->repaint();
-                  }),
-                  1000);
+        field->setText(text);
+        field->repaint();
+        EXPECT_LE(field->displayText().size(), 32767) << "more takes too long to lay out";
         EXPECT_TRUE(field->text() == text) << length;
     }
     field->setText("Ana");

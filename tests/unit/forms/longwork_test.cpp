@@ -125,3 +125,98 @@ TEST_F(ALongWork, OutlivesAFormThatAKeyWasTypedFor)
     EXPECT_FALSE(LongWork::escapePressed());
     LongWork::ended();
 }
+
+namespace {
+
+// Work that shows in the form how far it is, with the button as its cancel.
+class AWorkWithItsCancel : public ALongWork
+{
+protected:
+    void post(QEvent::Type type, const QPoint& place, Qt::MouseButtons buttons)
+    {
+        QCoreApplication::postEvent(window.windowHandle(), new QMouseEvent(type, place, window.mapToGlobal(place),
+                                                                           Qt::LeftButton, buttons, Qt::NoModifier));
+    }
+    void click(const QWidget* control)
+    {
+        const QPoint place = control->mapTo(&window, control->rect().center());
+        post(QEvent::MouseButtonPress, place, Qt::LeftButton);
+        post(QEvent::MouseButtonRelease, place, Qt::NoButton);
+    }
+    bool cancelled() { return LongWork::cancelled(*form, *button); }
+
+    ~AWorkWithItsCancel() override
+    {
+        LongWork::ended();
+        QApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST_F(AWorkWithItsCancel, IsEndedByAClickOnItWhichClicksNothing)
+{
+    EXPECT_FALSE(cancelled());
+    click(button);
+    EXPECT_TRUE(cancelled());
+    EXPECT_FALSE(cancelled());
+    LongWork::ended();
+    QApplication::processEvents();
+    EXPECT_EQ(text->text(), "");
+}
+
+TEST_F(AWorkWithItsCancel, IsEndedByEscapeByItsLetterAndByReturnWhereItHasTheFocus)
+{
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(cancelled());
+    press(Qt::Key_M, "m", Qt::AltModifier);
+    EXPECT_TRUE(cancelled());
+    press(Qt::Key_Return, "\r");
+    EXPECT_FALSE(cancelled());
+    button->setFocus();
+    press(Qt::Key_Return, "\r");
+    EXPECT_TRUE(cancelled());
+}
+
+TEST_F(AWorkWithItsCancel, GoesOnWhereThePointerIsPressedOrReleasedElsewhere)
+{
+    const QPoint place = button->mapTo(&window, button->rect().center());
+    post(QEvent::MouseButtonRelease, place, Qt::NoButton);
+    EXPECT_FALSE(cancelled());
+    post(QEvent::MouseButtonPress, place, Qt::LeftButton);
+    post(QEvent::MouseButtonRelease, text->mapTo(&window, QPoint(2, 2)), Qt::NoButton);
+    EXPECT_FALSE(cancelled());
+    click(text);
+    EXPECT_FALSE(cancelled());
+}
+
+TEST_F(AWorkWithItsCancel, PaintsWhatShowsItAndNothingElse)
+{
+    auto* outside = new Painted;
+    outside->setFixedSize(20, 10);
+    window.statusBar()->addPermanentWidget(outside);
+    QApplication::processEvents();
+    const int before = painted->times;
+    const int beforeOutside = outside->times;
+    painted->update();
+    outside->update();
+    EXPECT_FALSE(cancelled());
+    EXPECT_GT(painted->times, before);
+    EXPECT_EQ(outside->times, beforeOutside);
+}
+
+TEST_F(AWorkWithItsCancel, KeepsTheKeysForLaterAndNoClick)
+{
+    press(Qt::Key_A, "a");
+    auto* other = new CommandButton(form);
+    other->resize(20, 20);
+    other->show();
+    int clicked = 0;
+    QObject::connect(other, &QPushButton::clicked, [&] { ++clicked; });
+    click(other);
+    EXPECT_FALSE(cancelled());
+    LongWork::ended();
+    QApplication::processEvents();
+    EXPECT_EQ(clicked, 0);
+    EXPECT_EQ(text->text(), "a");
+}

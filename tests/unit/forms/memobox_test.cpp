@@ -217,38 +217,33 @@ TEST_F(MemoBoxTest, NoCharacterOfTwoUnitsIsCutInHalf)
     EXPECT_EQ(memo->text(), "abc");
 }
 
-// It took over two minutes, and four times as long for twice as many.
-TEST_F(MemoBoxTest, AMillionCharactersWithoutABlankAreShownAndEditedAtOnce)
+// In one piece it took over two minutes, and four times as long for twice as many.
+TEST_F(MemoBoxTest, AMillionCharactersWithoutABlankAreLaidOutInShortPieces)
 {
     auto* memo = shown<MemoBox>();
-    const auto show = [&](int length) {
-        return millisecondsFor([&] {
-            memo->setText(QString(length, 'x'));
-            QCoreApplication::processEvents();
-            memo->repaint();
-        });
+    const auto longest = [&] {
+        int length = 0;
+        for (QTextBlock block = memo->document()->firstBlock(); block.isValid(); block = block.next())
+            length = std::max(length, block.length() - 1);
+        return length;
     };
-    show(1000);
-    EXPECT_LT(show(1000000), 1000);
-    EXPECT_LT(millisecondsFor([&] {
-                  memo->moveCursor(QTextCursor::End);
-                  QTest::keyClick(memo, Qt::Key_Backspace);
-                  memo->repaint();
-              }),
-              1000);
+    memo->setText(QString(1000000, 'x'));
+    memo->repaint();
+    EXPECT_LE(longest(), 1000);
+    memo->moveCursor(QTextCursor::End);
+    QTest::keyClick(memo, Qt::Key_Backspace);
+    memo->repaint();
+    EXPECT_LE(longest(), 1000);
     EXPECT_EQ(memo->text().size(), 999999);
 }
 
-TEST_F(MemoBoxTest, AMillionLinesAreAtOnceThereAndGivenBackWhole)
+TEST_F(MemoBoxTest, OfAMillionLinesItTakesTheFirstAndGivesAllBack)
 {
     auto* memo = shown<MemoBox>();
     const QString text = QString("\n").repeated(999999) + "fim";
-    EXPECT_LT(millisecondsFor([&] {
-                  memo->setText(text);
-                  QCoreApplication::processEvents();
-                  memo->repaint();
-              }),
-              2000);
+    memo->setText(text);
+    memo->repaint();
+    EXPECT_LE(memo->document()->blockCount(), 40001) << "more takes too long to lay out";
     EXPECT_TRUE(memo->text() == text);
     memo->setMaxLength(2000000);
     QTest::keyClicks(memo, "ab");

@@ -3,8 +3,6 @@
 
 #include "platform/time/clock.h"
 
-#include <QElapsedTimer>
-
 namespace jet::test {
 
 class ALongStatement : public TestBdp
@@ -40,13 +38,11 @@ protected:
 
 TEST_F(ALongStatement, EndsWhereItIsToldTo)
 {
-    QElapsedTimer time;
-    time.start();
     const Error error = errorOf([&] { select(endless); });
     EXPECT_EQ(error.number, number::engineFailure);
     EXPECT_EQ(error.description, "A operação foi interrompida com a tecla Escape: nada foi escrito.");
-    EXPECT_LT(time.elapsed(), 5000);
     EXPECT_GT(asked, 1);
+    EXPECT_LT(asked, 20) << "it goes on though it was told to end";
     EXPECT_EQ(over, 1);
     EXPECT_EQ(rows("select count(*) as n from t"), "1000");
     EXPECT_EQ(over, 1);

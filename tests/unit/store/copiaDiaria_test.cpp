@@ -167,6 +167,25 @@ TEST_F(DailyCopy, OfALargeBdpIsMadeBehindTheWriterWhoDoesNotWait)
     EXPECT_EQ(jet::Recordset(copia, "select count(*) as n from profissao")["n"].toInt(), 3000);
 }
 
+TEST_F(DailyCopy, IsThereForWhoAsksForItBeforeHeWrites)
+{
+    tornaGrande();
+    ASSERT_EQ(copias().size(), 1);
+    hoje = hoje.addDays(1);
+    setEsperaDaCopia(0);
+    EXPECT_EQ(garanteCopiaDeHoje(), "");
+    escreve("01");
+    EXPECT_EQ(paises(pasta.filePath("copias/arga_2026-11-23.orv")), "0") << "as it was before the write";
+    hoje = hoje.addDays(1);
+    {
+        jet::test::RecordedDisk disk;
+        disk.fail("place", std::errc::no_space_on_device);
+        EXPECT_TRUE(garanteCopiaDeHoje().contains("O disco está cheio"));
+    }
+    EXPECT_EQ(garanteCopiaDeHoje(), "") << "tried again";
+    EXPECT_EQ(copias().size(), 3);
+}
+
 TEST_F(DailyCopy, UnderWayIsDroppedCleanlyAtTheEndOfTheSessionAndMadeInTheNext)
 {
     tornaGrande();

@@ -1,4 +1,4 @@
-#include "families/tipoFam.h"
+#include "common/tipoFam.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "individuals/tipoInd.h"
+#include "common/tipoInd.h"
 
 #include <gtest/gtest.h>
 
