@@ -1,0 +1,59 @@
+// Fills a snapshot from the tables of a BDP. For this room alone.
+#pragma once
+
+#include "platform/jet/connection.h"
+#include "platform/jet/rows.h"
+#include "study/parish/snapshot_p.h"
+
+#include <QSet>
+
+namespace study::parish {
+
+class Reader
+{
+public:
+    Reader(const jet::Connection& bdp, const Snapshot::GoesOn& goesOn);
+
+    Snapshot read();
+
+private:
+    // The tables, one after the other.
+    void readHome();
+    void readCodes();
+    void readPlaces();
+    void readPeople();
+    void readFamilies();
+    void readMemberships();
+    void readAssistances();
+    void readResidences();
+    void readProfessions();
+    void readSignatures();
+    void readBequests();
+    void readSuffrages();
+    void readPassports();
+    void readLostMentions();
+
+    // Then what points from row to row.
+    void linkPeople();
+    void linkMemberships();
+    void linkCouple(Family& family) const;
+    void linkChildren();
+    void linkAssistances();
+    void linkDatedRows();
+
+    void next(); // counts a row, and asks now and then whether to go on
+    Person* personAt(PersonNumber number) const;
+    Family* familyAt(FamilyNumber number) const;
+    PersonLink link(const jet::Rows& row, int column) const; // the person is found later
+    Priest priest(const jet::Rows& row, int column, int function) const;
+    Place place(const jet::Rows& row, int column); // and the column behind it
+    QString shared(const QString& text);           // one copy of each code
+
+    const jet::Connection& bdp_;
+    const Snapshot::GoesOn& goesOn_;
+    std::unique_ptr<Snapshot::Rows> rows_;
+    QSet<QString> texts_;
+    qint64 all_ = 1, read_ = 0;
+};
+
+} // namespace study::parish

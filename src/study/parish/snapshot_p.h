@@ -1,0 +1,34 @@
+// The arrays behind a snapshot. For this room alone.
+#pragma once
+
+#include "study/parish/snapshot.h"
+
+namespace study::parish {
+
+struct Snapshot::Rows
+{
+    std::vector<Person> people = {};
+    std::vector<Family> families = {};
+    std::vector<Membership> memberships = {};
+    std::vector<Assistance> assistances = {};
+    std::vector<Residence> residences = {};
+    std::vector<Profession> professions = {};
+    std::vector<Signature> signatures = {};
+    std::vector<Bequest> bequests = {};
+    std::vector<Suffrage> suffrages = {};
+    std::vector<Passport> passports = {};
+    std::vector<LostMention> lostMentions = {};
+    Catalogue catalogue = {};
+    Home home = {};
+    std::unordered_map<qint64, Person*> personOf = {};
+    std::unordered_map<qint64, Family*> familyOf = {};
+};
+
+// Null where nobody has the number.
+template <class Record>
+Record* recordOf(const std::unordered_map<qint64, Record*>& records, qint64 number)
+{
+    return records.contains(number) ? records.at(number) : nullptr;
+}
+
+} // namespace study::parish
