@@ -22,5 +22,7 @@ void dates(const QByteArray& bytes);
 void numbers(const QByteArray& bytes);
 void dataFile(const QByteArray& bytes); // the lines of a data file, loaded into a table
 void rtf(const QByteArray& bytes);
+void kleio(const QByteArray& bytes); // acts in the notation, written and read again
+void table(const QByteArray& bytes); // acts as rows of cells
 
 } // namespace Fuzz

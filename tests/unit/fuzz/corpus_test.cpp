@@ -39,7 +39,8 @@ TEST_P(Corpus, HoldsWhateverIsRead)
 INSTANTIATE_TEST_SUITE_P(Targets, Corpus,
                          testing::Values(Target{"statements", Fuzz::statements}, Target{"like", Fuzz::like},
                                          Target{"dates", Fuzz::dates}, Target{"numbers", Fuzz::numbers},
-                                         Target{"dataFile", Fuzz::dataFile}, Target{"rtf", Fuzz::rtf}),
+                                         Target{"dataFile", Fuzz::dataFile}, Target{"rtf", Fuzz::rtf},
+                                         Target{"kleio", Fuzz::kleio}, Target{"table", Fuzz::table}),
                          [](const auto& target) { return std::string(target.param.name); });
 
 } // namespace
