@@ -1,0 +1,62 @@
+#include "study/checks/codes.h"
+
+#include "common/tipoFam.h"
+#include "common/tipoInd.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <iterator>
+
+namespace study::checks {
+
+using parish::Family;
+using parish::Person;
+
+bool isOutOfWedlock(parish::Code filiation)
+{
+    static constexpr int codes[]{2, 3, 4, 5, 7, 8, 9, 10};
+    return filiation && std::ranges::find(codes, *filiation) != std::end(codes);
+}
+
+bool isMarried(const Family& family)
+{
+    return QStringList{"1", "2", "9"}.contains(family.situation);
+}
+
+bool isLegitimate(const Family& family)
+{
+    return QStringList{"1", "2"}.contains(family.situation);
+}
+
+bool isUnmarried(const Family& family)
+{
+    return QStringList{"3", "4", "5", "6", "7", "8"}.contains(family.situation);
+}
+
+QString typeByDates(const Person& person)
+{
+    const QString stored = person.type.trimmed();
+    if (!QStringList{"", "0", "1", "2", "3", "4", "T"}.contains(stored)) return stored;
+    const QString open = "T";
+    const QString byBirth = tipoPeloNascimento(open, person.birth.isKnown(), person.death.isKnown());
+    if (byBirth != open) return byBirth;
+    if (person.death.isKnown()) return "2";
+    if (!QStringList{"1", "2", "4"}.contains(stored)) return stored;
+    return person.unions.empty() && person.assisted.empty() ? "0" : "3";
+}
+
+QString typeByDates(const Family& family)
+{
+    static constexpr int types = 7;
+    if (family.type && (*family.type < 1 || *family.type > types)) return QString::number(*family.type);
+    const auto isBorn = [](const Person* child) { return child->birth.isKnown(); };
+    return tipoDaFamilia({
+        .nascimentoDaMae = family.wife && family.wife->birth.isKnown(),
+        .obitos = family.husband && family.wife && family.husband->death.isKnown() && family.wife->death.isKnown(),
+        .casamento = family.marriage.isKnown(),
+        .nascimentosDosFilhos = std::ranges::all_of(family.children, isBorn),
+    });
+}
+
+} // namespace study::checks
