@@ -1,0 +1,175 @@
+#include "study/command/usage.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace study {
+
+namespace {
+
+// What the parser fills, in its own kinds of text.
+struct Read
+{
+    std::vector<std::string> files;
+    std::string bdp;
+    std::string columns;
+    std::string overruling;
+    std::string format;
+    std::string severity;
+    bool linkCouples = false;
+    bool help = false;
+};
+
+void addImport(CLI::App& command, Read& read, Order& order)
+{
+    command.add_option("ficheiros", read.files)->required();
+    command.add_option("--bdp", read.bdp)->required();
+    command.add_flag("--ensaio", order.rehearse);
+    command.add_flag("--ligar-casais", read.linkCouples);
+    command.add_flag("--lugares-novos", order.options.newPlaces);
+    command.add_flag("--profissoes-novas", order.options.newProfessions);
+    command.add_flag("--padres-novos", order.options.newPriests);
+    command.add_option("--ressalva", read.overruling);
+}
+
+CLI::App* addSubcommand(CLI::App& app, const std::string& name)
+{
+    CLI::App* command = app.add_subcommand(name);
+    command->set_help_flag();
+    command->require_subcommand(0, 1);
+    return command;
+}
+
+void addCheck(CLI::App& command, Read& read, Order& order)
+{
+    command.add_option("bdp", read.bdp)->required();
+    command.add_option("--formato", read.format);
+    command.add_option("--gravidade", read.severity);
+    command.add_flag("--vistos", order.withSeen);
+}
+
+// "", or which word of a check isn't understood.
+QString readWords(const Read& read, Order& order)
+{
+    using enum Order::Format;
+    static const std::map<std::string, Order::Format> formats{{"texto", Text}, {"csv", Csv}, {"json", Json}};
+    static const std::map<std::string, checks::Severity> severities{{"impossivel", checks::Severity::Impossible},
+                                                                    {"impossível", checks::Severity::Impossible},
+                                                                    {"aviso", checks::Severity::Unlikely},
+                                                                    {"informacao", checks::Severity::Information},
+                                                                    {"informação", checks::Severity::Information}};
+    if (const auto format = formats.find(read.format); format != formats.end())
+        order.format = format->second;
+    else if (!read.format.empty())
+        return "O formato é texto, csv ou json, e não \"" + QString::fromStdString(read.format) + "\".";
+    if (const auto severity = severities.find(read.severity); severity != severities.end())
+        order.least = severity->second;
+    else if (!read.severity.empty())
+        return "A gravidade é impossivel, aviso ou informacao, e não \"" + QString::fromStdString(read.severity) +
+               "\".";
+    return {};
+}
+
+QString inPortuguese(const CLI::ParseError& error)
+{
+    const QString what = QString::fromStdString(error.what());
+    if (dynamic_cast<const CLI::RequiredError*>(&error)) return "Falta um argumento: " + what.section(' ', 0, 0);
+    if (dynamic_cast<const CLI::ExtrasError*>(&error)) return "Não se entende: " + what.section(": ", 1);
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error)) return "Falta o valor de " + what.section(':', 0, 0);
+    return "Os argumentos não se entendem.";
+}
+
+std::vector<std::string> reversed(const QStringList& arguments)
+{
+    std::vector<std::string> words;
+    words.reserve(arguments.size());
+    for (const QString& argument : arguments)
+        words.push_back(argument.toStdString());
+    std::reverse(words.begin(), words.end()); // as the parser takes them
+    return words;
+}
+
+} // namespace
+
+QString readArguments(const QStringList& arguments, Order& order)
+{
+    Read read;
+    CLI::App app;
+    app.set_help_flag();
+    app.add_flag("-h,--help,--ajuda", read.help);
+    CLI::App* const import = addSubcommand(app, "importar");
+    CLI::App* const kleio = addSubcommand(*import, "kleio");
+    CLI::App* const table = addSubcommand(*import, "tabela");
+    CLI::App* const exported = addSubcommand(*addSubcommand(app, "exportar"), "kleio");
+    addImport(*kleio, read, order);
+    addImport(*table, read, order);
+    table->add_option("--colunas", read.columns);
+    exported->add_option("ficheiro", read.files)->required()->expected(1);
+    exported->add_option("--bdp", read.bdp)->required();
+    CLI::App* const check = addSubcommand(app, "verificar");
+    addCheck(*check, read, order);
+    try {
+        app.parse(reversed(arguments));
+    } catch (const CLI::ParseError& error) {
+        if (!read.help) return inPortuguese(error);
+    }
+    for (const std::string& file : read.files)
+        order.files << QString::fromStdString(file);
+    order.bdp = QString::fromStdString(read.bdp);
+    order.columns = QString::fromStdString(read.columns);
+    order.options.overruling = QString::fromStdString(read.overruling);
+    if (read.linkCouples) order.options.rule = LinkRule::CouplesWithOpenSpan;
+    if (read.help) return {};
+    if (kleio->parsed())
+        order.work = Order::Work::ImportKleio;
+    else if (table->parsed())
+        order.work = Order::Work::ImportTable;
+    else if (exported->parsed())
+        order.work = Order::Work::ExportKleio;
+    else if (check->parsed())
+        order.work = Order::Work::Check;
+    else
+        return "Falta dizer o que fazer.";
+    return readWords(read, order);
+}
+
+QString helpText()
+{
+    return R"(Uso:
+  orv-estudo importar kleio FICHEIRO… --bdp PAROQUIA.orv [opções]
+  orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
+  orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
+  orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
+
+Opções da importação:
+  --ensaio             diz o que seria escrito, e não escreve nada
+  --ligar-casais       o pai e a mãe de um baptismo são os do único casal da BDP que pode ter
+                       tido a criança; sem isto, ninguém é tomado por pessoa já conhecida
+  --lugares-novos      cria na paróquia os lugares que a BDP não tem
+  --profissoes-novas   cria as profissões que a BDP não tem
+  --padres-novos       cada celebrante fica com uma ficha; sem isto, o nome fica só no acto
+  --ressalva RAZÃO     guarda também os actos com objecções que se podem ressalvar, por esta razão
+
+Antes de escrever é feita uma cópia da BDP, na pasta "copias" ao lado dela. Cada ficheiro é guardado
+por inteiro ou não é guardado; Ctrl+C interrompe. Um ficheiro danificado é recusado com a linha e a
+razão. O programa não pode ter a BDP aberta.
+
+Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
+programa pode tê-la aberta.
+  --formato            texto, se nada for dito; csv, em UTF-8 e com ";"; ou json
+  --gravidade          impossivel, aviso ou informacao: o que for menos grave não é dito
+  --vistos             diz também os casos que foram dados por vistos
+Fim da verificação: 0 nada, 1 há contradições, 2 não se pôde verificar.
+
+Fim do resto: 0 feito, 1 recusado ou interrompido, 2 argumentos que não se entendem, 3 de um dos ficheiros
+nenhum acto se pôde guardar.
+)";
+}
+
+} // namespace study

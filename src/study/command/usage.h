@@ -1,0 +1,46 @@
+// What the user of the command has asked for.
+#pragma once
+
+#include "study/checks/case.h"
+#include "study/transcripts/import.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace study {
+
+struct Order
+{
+    enum class Work
+    {
+        Help,
+        ImportKleio,
+        ImportTable,
+        ExportKleio,
+        Check
+    };
+    enum class Format
+    {
+        Text,
+        Csv,
+        Json
+    };
+    Work work = Work::Help;
+    QStringList files;
+    QString bdp;
+    QString columns; // the file of an assignment; "": the one kept for these headers, or the proposed one
+    bool rehearse = false;
+    ImportOptions options;
+    Format format = Format::Text;                           // of what a check has found
+    checks::Severity least = checks::Severity::Information; // what is less grave isn't told
+    bool withSeen = false;                                  // those that were put aside are told, too
+
+    bool operator==(const Order&) const = default;
+};
+
+// Reads the arguments, without the name of the command. Returns "", or why they can't be understood, in Portuguese.
+QString readArguments(const QStringList& arguments, Order& order);
+
+QString helpText();
+
+} // namespace study
