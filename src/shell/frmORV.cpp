@@ -40,7 +40,9 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
         ui->mnuEditFam->setEnabled(enabled);
         ui->mnuManut->setEnabled(enabled);
         ui->mnuEstudo->setEnabled(enabled);
-        ui->mnuRepor->setEnabled(enabled);
+        for (QAction* item : {ui->mnuActo, ui->mnuActos, ui->mnuTranscricoes, ui->mnuContradicoes, ui->mnuTipos,
+                              ui->mnuLigacoes, ui->mnuJuntar, ui->mnuDecisoes, ui->mnuRepor})
+            item->setEnabled(enabled);
     });
 }
 
@@ -69,6 +71,14 @@ void FrmORV::connectMenus()
     on(ui->mnuProf, &FrmORV::mnuProf_Click);
     on(ui->mnuCategorias, &FrmORV::mnuCategorias_Click);
     on(ui->mnuRelInd, &FrmORV::mnuRelInd_Click);
+    on(ui->mnuActo, &FrmORV::mnuActo_Click);
+    on(ui->mnuActos, &FrmORV::mnuActos_Click);
+    on(ui->mnuTranscricoes, &FrmORV::mnuTranscricoes_Click);
+    on(ui->mnuContradicoes, &FrmORV::mnuContradicoes_Click);
+    on(ui->mnuTipos, &FrmORV::mnuTipos_Click);
+    on(ui->mnuLigacoes, &FrmORV::mnuLigacoes_Click);
+    on(ui->mnuJuntar, &FrmORV::mnuJuntar_Click);
+    on(ui->mnuDecisoes, &FrmORV::mnuDecisoes_Click);
     on(ui->mnuRepor, &FrmORV::mnuRepor_Click);
     on(ui->mnuComo, &FrmORV::mnuComo_Click);
     on(ui->mnuTut, &FrmORV::mnuTut_Click);
@@ -228,6 +238,46 @@ void FrmORV::mnuRelInd_Click()
     guarded([&] {
         if (Forms::loaded().last()->objectName() == FrmInd::Name) FichaIndividual(*frmInd().dono().registo);
     });
+}
+
+void FrmORV::mnuActo_Click()
+{
+    guarded([&] { Forms::show("frmActo"); });
+}
+
+void FrmORV::mnuActos_Click()
+{
+    guarded([&] { Forms::show("frmActos"); });
+}
+
+void FrmORV::mnuTranscricoes_Click()
+{
+    guarded([&] { Forms::show("frmTranscricoes"); });
+}
+
+void FrmORV::mnuContradicoes_Click()
+{
+    guarded([&] { Forms::show("frmContradicoes"); });
+}
+
+void FrmORV::mnuTipos_Click()
+{
+    guarded([&] { Forms::show("frmTipos"); });
+}
+
+void FrmORV::mnuLigacoes_Click()
+{
+    guarded([&] { Forms::show("frmLigacoes"); });
+}
+
+void FrmORV::mnuJuntar_Click()
+{
+    guarded([&] { Forms::show("frmJuntar"); });
+}
+
+void FrmORV::mnuDecisoes_Click()
+{
+    guarded([&] { Forms::show("frmDecisoes"); });
 }
 
 // One that is open is loaded anew, as more may have been deleted since.

@@ -40,6 +40,14 @@ private:
     void mnuProf_Click();
     void mnuCategorias_Click();
     void mnuRelInd_Click();
+    void mnuActo_Click();
+    void mnuActos_Click();
+    void mnuTranscricoes_Click();
+    void mnuContradicoes_Click();
+    void mnuTipos_Click();
+    void mnuLigacoes_Click();
+    void mnuJuntar_Click();
+    void mnuDecisoes_Click();
     void mnuRepor_Click();
     void mnuComo_Click();
     void mnuTut_Click();

@@ -37,7 +37,17 @@
 #include "store/frmBack.h"
 #include "store/frmIni.h"
 #include "store/session.h"
+#include "study/windows/frmActo.h"
+#include "study/windows/frmActos.h"
+#include "study/windows/frmContradicoes.h"
+#include "study/windows/frmDecisoes.h"
+#include "study/windows/frmJuntar.h"
+#include "study/windows/frmLigacoes.h"
+#include "study/windows/frmLimites.h"
+#include "study/windows/frmPesos.h"
 #include "study/windows/frmRepor.h"
+#include "study/windows/frmTipos.h"
+#include "study/windows/frmTranscricoes.h"
 #include "views/frmArv.h"
 #include "views/frmResult.h"
 #include "views/frmRP.h"
@@ -104,7 +114,17 @@ void registerForms()
     Forms::add("frmArv", [] { return new FrmArv; });
     Forms::add("frmProfissao", [] { return new FrmProfissao; });
     Forms::add("frmInfo", [] { return new FrmInfo; });
+    Forms::add("frmActos", [] { return new FrmActos; });
+    Forms::add("frmTranscricoes", [] { return new FrmTranscricoes; });
+    Forms::add("frmLigacoes", [] { return new FrmLigacoes; });
+    Forms::add("frmJuntar", [] { return new FrmJuntar; });
+    Forms::add("frmDecisoes", [] { return new FrmDecisoes; });
     Forms::add("frmRepor", [] { return new FrmRepor; });
+    Forms::add("frmContradicoes", [] { return new FrmContradicoes; });
+    Forms::add("frmTipos", [] { return new FrmTipos; });
+    Forms::add("frmLimites", [] { return new FrmLimites; });
+    Forms::add("frmPesos", [] { return new FrmPesos; });
+    Forms::add("frmActo", [] { return new FrmActo; });
     Forms::add("frmAcerca", [] { return new FrmAcerca; });
     Forms::add("frmMail", [] { return new FrmMail; });
 }

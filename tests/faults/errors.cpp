@@ -63,6 +63,14 @@ Snapshot withoutCopies(Snapshot snapshot)
     return snapshot;
 }
 
+// The act in work is kept when the next field is left, or a box comes up: it may be older or newer than the step.
+Snapshot withoutDraft(Snapshot snapshot)
+{
+    for (Content& content : snapshot)
+        content.remove(draftTable);
+    return snapshot;
+}
+
 // The files of a folder, to be put back in place: open handles stay good.
 class Files
 {
@@ -116,6 +124,7 @@ public:
         if (!fired) return NothingFailed;
 
         const bool done = isIn(after_);
+        if (done && isStillInWork()) return problem("it is done, and the act is in work still: " + halves());
         const bool silent = boxes == mark_.boxes && failure_.isEmpty();
         if (!done && silent) return problem("it isn't done, and nobody was told: " + halves());
         if (!done && !isIn(before_)) return problem("what stands there is half: " + halves());
@@ -154,13 +163,20 @@ private:
     Snapshot now() const
     {
         Snapshot found = withoutCopies(snapshotOf(workload_.stage().dir()));
-        if (found != after_)
+        if (withoutDraft(found) != withoutDraft(after_))
             for (const QString& name : found.keys())
                 if (!before_.contains(name)) found.remove(name);
         return found;
     }
 
-    bool isIn(const Snapshot& state) const { return now() == state; }
+    bool isIn(const Snapshot& state) const { return withoutDraft(now()) == withoutDraft(state); }
+
+    // What was stored is offered again at the next start. Where the commit is told as failed, it has to be.
+    bool isStillInWork() const
+    {
+        return failing_.plan.fault != Fault::AfterWork && withoutDraft(before_) != withoutDraft(after_) &&
+               now() != after_;
+    }
 
     QString halves() const
     {

@@ -35,9 +35,10 @@ void Recorder::begin(const QString& folder)
             recording_.folders << name;
         } else {
             recording_.files.insert(name, bytesOf(path));
-            names_.insert(name, files_++);
         }
     }
+    for (const QString& name : recording_.files.keys()) // in the order in which the model of the disk has them
+        names_.insert(name, files_++);
     recording_now_ = true;
 }
 

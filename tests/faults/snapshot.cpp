@@ -2,6 +2,7 @@
 
 #include "recordingVfs.h"
 
+#include <QByteArrayList>
 #include <QCryptographicHash>
 #include <QDirIterator>
 #include <QStringList>
@@ -21,7 +22,8 @@ struct Close
 using Engine = std::unique_ptr<sqlite3, Close>;
 
 constexpr auto schema = "the schema";
-constexpr auto withoutTime = "id, tipo, numero, nome, familias, linhas";
+constexpr auto timeOfDay = "quando";    // another one in each run
+constexpr auto derived = "estudo_nome"; // begins the names of what is made of the rest, and made anew where it is wrong
 
 QByteArray valueOf(sqlite3_stmt* statement, int column)
 {
@@ -49,6 +51,15 @@ QList<QByteArray> rows(const Engine& engine, const QByteArray& select)
     return result;
 }
 
+// All columns but the one that tells when a row was made.
+QByteArray columnsOf(const Engine& engine, const QByteArray& table)
+{
+    QByteArrayList columns;
+    for (const QByteArray& name : rows(engine, "select name from pragma_table_info('" + table + "')"))
+        if (const QByteArray column = name.mid(2).chopped(1); column != timeOfDay) columns << '"' + column + '"';
+    return columns.join(", ");
+}
+
 QByteArray digest(const QList<QByteArray>& rows)
 {
     QCryptographicHash hash(QCryptographicHash::Md5);
@@ -67,12 +78,13 @@ Content contentOf(const QString& path)
     if (code != SQLITE_OK) throw Unreadable{QString::fromUtf8(sqlite3_errstr(code))};
     if (rows(engine, "pragma integrity_check") != QList<QByteArray>{"3:ok\x1f"}) throw Unreadable{"it is damaged"};
     Content content;
-    content.insert(schema, digest(rows(engine, "select type, name, sql from sqlite_master")));
+    content.insert(schema, digest(rows(engine, "select type, name, sql from sqlite_master where tbl_name not glob '" +
+                                                   QByteArray(derived) + "*' and tbl_name <> '" + draftTable + "'")));
     for (const QByteArray& name : rows(engine, "select name from sqlite_master where type = 'table'")) {
         const QByteArray table = name.mid(2).chopped(1);
-        // When a deletion was made is another time in each run.
-        const QByteArray columns = table == "estudo_lixo" ? withoutTime : "*";
-        content.insert(QString::fromUtf8(table), digest(rows(engine, "select " + columns + " from \"" + table + '"')));
+        if (table.startsWith(derived)) continue;
+        const QByteArray select = "select " + columnsOf(engine, table) + " from \"" + table + '"';
+        content.insert(QString::fromUtf8(table), digest(rows(engine, select)));
     }
     return content;
 }

@@ -5,8 +5,11 @@
 #include <QMap>
 #include <QString>
 
-// A digest of each table's rows, in any order, and of the schema.
+// A digest of each table's rows, in any order, and of the schema. What is made of the rest by itself isn't there, nor
+// when a row was made.
 using Content = QMap<QString, QByteArray>;
+// The act in work, which is written whenever a field is left: a table of its own, known by whether it is there.
+inline constexpr auto draftTable = "estudo_rascunho";
 // By the path of each BDP, relative to the folder.
 using Snapshot = QMap<QString, Content>;
 

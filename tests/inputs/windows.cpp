@@ -441,6 +441,22 @@ QList<Window> made()
                   {"optTData_1", "cmdOk", "cmdC"}, {"mskDt_0", "mskDt_1", "mskDt_2"}, {"optData_1", "optTData_0"})
         << search("procura de locais", "frmPesq", {"menu mnuLocPar", "click frmLocalizacao.cmdLoc"},
                   {"txtSeq", "cmdLoc", {}}, {"txtSeq"}, {"chkLoc_0", "chkLoc_1", "chkLoc_5"})
+        << search("transcrever acto", "frmActo", {"menu mnuActo"}, {"txtData", "cmdFechar", {}},
+                  {"txtData",       "txtLivro",    "txtFolio",      "txtNumero",  "txtLocal",    "txtObs",
+                   "txtCelebrante", "txtNome(0)",  "txtNome(1)",    "txtNome(2)", "txtResid(2)", "txtNome(3)",
+                   "txtResid(3)",   "txtEC",       "txtIdade",      "txtNatural", "txtProf",     "txtTitulo",
+                   "txtAlcunha",    "txtFiliacao", "txtParentesco", "txtNotas"},
+                  {"cmbActo"})
+        << search("actos transcritos", "frmActos", {"menu mnuActos"}, {"txtNome", "cmdFechar", {}}, {"txtNome"},
+                  {"cmbTipo", "cmbLivro"})
+        << search("transcricoes", "frmTranscricoes", {"menu mnuTranscricoes"}, {"txtRazao", "cmdFechar", {}},
+                  {"txtRazao"}, {"optLigar_0", "optLigar_1", "chkLocais", "chkProf"})
+        << search("contradicoes", "frmContradicoes", {"menu mnuContradicoes"}, {"txtTexto", "cmdFechar", {}},
+                  {"txtTexto", "txtRazao"}, {"cmbMostrar", "cmbGravidade"})
+        << search("ligacoes", "frmLigacoes", {"menu mnuLigacoes"}, {"txtRazao", "cmdFechar", {}}, {"txtRazao"},
+                  {"cmbTipo"})
+        << search("juntar", "frmJuntar", {"menu mnuJuntar"}, {"txtFica", "cmdFechar", {}},
+                  {"txtFica", "txtOutro", "txtRazao"}, {"cmbQue"})
         << search("mensagem", "frmMail", {"menu mnuAcerca", "click frmAcerca.Command1"}, {"txtTo", "cmdSend", {}},
                   {"txtTo", "txtBody"}, {"cmbAssunto"});
     return all;

@@ -7,6 +7,7 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/error.h"
+#include "platform/time/clock.h"
 
 #include <QDialog>
 #include <QGroupBox>
@@ -15,6 +16,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <chrono>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -58,6 +60,7 @@ void FrmProva::addFields(QWidget* page)
     put<MemoBox>(page, "txtObs");
     auto* refused = put<TextBox>(page, "txtRecusa");
     put<QLabel>(page, "lblEstado");
+    put<QLabel>(page, "lblSaltos");
     setBackColor(name, QColor(192, 192, 255));
 
     Focus::watch(refused, {}, [this, refused] {
@@ -149,6 +152,9 @@ void FrmProva::addCommands(QWidget* page)
         splashForm().waitUntilReady();
         splashForm().unload();
         findChild<QLabel*>("lblEstado")->setText("esperado");
+        const auto skipped = Clock::now() - std::chrono::steady_clock::now(); // that no one has waited for
+        findChild<QLabel*>("lblSaltos")
+            ->setText(QStringLiteral("%1 s").arg(std::chrono::round<std::chrono::seconds>(skipped).count()));
     });
     command(page, "cmdDesliga", [this] { setEnabled(false); });
     command(page, "cmdSai", [] { std::_Exit(3); });

@@ -38,13 +38,14 @@ int runScenarios(int argc, char** argv, std::chrono::milliseconds second)
                                   QString::number(QThread::idealThreadCount()));
     const QCommandLineOption slowest("slowest", "Tells the times of so many, the slowest first, on the standard error.",
                                      "NUMBER", "0");
-    parser.addOptions({only, keep, program, limit, jobs, slowest});
+    const QCommandLineOption cost("cost", "Tells what each scenario costs a person: clicks, keys, boxes, seconds.");
+    parser.addOptions({only, keep, program, limit, jobs, slowest, cost});
     parser.addPositionalArgument("FILE...", "The scenario files.");
     parser.process(application);
     if (parser.positionalArguments().isEmpty()) parser.showHelp(2);
 
     Runner runner({parser.positionalArguments(), parser.values(only), parser.isSet(keep), parser.value(program),
                    std::max(1, parser.value(limit).toInt()), second, std::max(1, parser.value(jobs).toInt()),
-                   std::max(0, parser.value(slowest).toInt())});
+                   std::max(0, parser.value(slowest).toInt()), parser.isSet(cost)});
     return runner.run() ? EXIT_SUCCESS : EXIT_FAILURE;
 }

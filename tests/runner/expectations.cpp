@@ -193,4 +193,5 @@ void Expect::nothingLeft(Stage& stage)
     nothingOpened(stage);
     if (!state.answers.isEmpty()) fail("an answer is left over that no question asked for");
     if (!state.picks.isEmpty()) fail("a pick is left over that no file dialog asked for");
+    state.accounts.requireOver();
 }

@@ -253,7 +253,9 @@ void Hands::key(Stage& stage, const QString& keys)
     const auto sequence = QKeySequence::fromString(keys, QKeySequence::PortableText);
     if (sequence.count() != 1 || sequence[0].key() == Qt::Key_unknown) fail("unknown key " + quoted(keys));
     QWidget* receiver = QApplication::activePopupWidget();
-    if (!receiver && !QApplication::activeWindow()) activate(stage, Forms::mainWindow());
+    // Where no desktop hands the focus on, the list of a combo stays in use when it has closed.
+    const QWidget* inUse = QApplication::activeWindow();
+    if (!receiver && (!inUse || !inUse->isVisible())) activate(stage, Forms::mainWindow());
     if (!receiver) receiver = QApplication::focusWidget();
     if (!receiver) receiver = QApplication::activeWindow();
     const bool backwards = sequence[0].key() == Qt::Key_Tab && sequence[0].keyboardModifiers() == Qt::ShiftModifier;

@@ -1,5 +1,6 @@
 #include "language.h"
 
+#include "comparison.h"
 #include "database.h"
 #include "expectations.h"
 #include "failure.h"
@@ -94,6 +95,27 @@ void expectExists(const QString& path, bool exists)
     if (QFileInfo::exists(path) != exists) fail(path + (exists ? " is missing" : " exists"));
 }
 
+void expectSame(const QString& one, const QString& other, const QList<Operand>& except)
+{
+    static constexpr int most = 40; // lines; more are no help
+    QStringList columns;
+    for (const Operand& column : except)
+        columns.append(column.text);
+    const QStringList found = Comparison::differences(one, other, columns);
+    if (!found.isEmpty())
+        fail(QStringLiteral("%1 differences:\n   ").arg(found.size()) + found.mid(0, most).join("\n   "));
+}
+
+void endOfCost(Stage& stage, int seconds)
+{
+    const Account& account = stage.state.accounts.end();
+    if (account.cost.seconds() > seconds)
+        fail(QStringLiteral("%1 costs more than %2 s: %3")
+                 .arg(quoted(account.title))
+                 .arg(seconds)
+                 .arg(account.cost.told()));
+}
+
 void expectEnded(const Stage& stage)
 {
     if (!stage.state.ended) fail("the program has not ended");
@@ -142,6 +164,10 @@ const QList<StepForm>& language()
         {"run MENU", [](Play& p) { Hands::runSwitchedOff(p.stage, p.word(0)); }},
         {"shot TEXT", [](Play& p) { picture(p.stage, p.path(0)); }},
 
+        {"cost begin TEXT", [](Play& p) { p.stage.state.accounts.begin(p.text(0)); }},
+        {"cost end", [](Play& p) { p.stage.state.accounts.end(); }},
+        {"cost end within NUMBER", [](Play& p) { endOfCost(p.stage, p.number(0)); }},
+
         {"expect ended", [](Play& p) { expectEnded(p.stage); }},
         {"expect error", [](Play& p) { Expect::error(p.stage, {}); }},
         {"expect error like TEXT", [](Play& p) { Expect::error(p.stage, p.text(0)); }},
@@ -157,6 +183,8 @@ const QList<StepForm>& language()
         {"expect nothing opened", [](Play& p) { Expect::nothingOpened(p.stage); }},
         {"expect sql TEXT none", [](Play& p) { Expect::sql(p.stage, p.text(0), {}); }},
         {"expect sql TEXT TEXT+", [](Play& p) { Expect::sql(p.stage, p.text(0), p.from(1)); }},
+        {"expect same TEXT TEXT", [](Play& p) { expectSame(p.path(0), p.path(1), {}); }},
+        {"expect same TEXT TEXT except CONTROL+", [](Play& p) { expectSame(p.path(0), p.path(1), p.from(2)); }},
         {"expect file TEXT exists", [](Play& p) { expectExists(p.path(0), true); }},
         {"expect file TEXT missing", [](Play& p) { expectExists(p.path(0), false); }},
         {"expect file TEXT has TEXT", [](Play& p) { Expect::fileHas(p.path(0), p.text(1)); }},

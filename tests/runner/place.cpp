@@ -6,7 +6,7 @@
 void copyProgramFolder(const QString& from, const QString& to)
 {
     QDir().mkpath(to);
-    const auto names = QDir(from).entryList({"*.dat", "*.doc", "*.pdf"}, QDir::Files);
+    const auto names = QDir(from).entryList({"*.dat", "*.doc", "*.csv", "*.pdf"}, QDir::Files);
     for (const QString& name : names) {
         QFile::copy(from + '/' + name, to + '/' + name);
         QFile::setPermissions(to + '/' + name, QFile::permissions(to + '/' + name) | QFile::WriteOwner);

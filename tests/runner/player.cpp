@@ -1,5 +1,6 @@
 #include "player.h"
 
+#include "cost.h"
 #include "expectations.h"
 #include "failure.h"
 #include "quiet.h"
@@ -99,7 +100,17 @@ void Player::perform(const Step& step)
     state.step = state.next++;
     stage_.save();
     Play play(stage_, step);
+    state.accounts.spend(costOf(play));
+    turnedTo(formOf(play));
     language()[step.form].play(play);
+    turnedTo(activeForm());
+}
+
+void Player::turnedTo(const QString& form)
+{
+    if (form.isEmpty() || form == active_) return;
+    active_ = form;
+    stage_.state.accounts.spend({.windows = 1});
 }
 
 void Player::end()

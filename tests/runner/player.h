@@ -19,6 +19,7 @@ private:
     void play();
     void playWithin();
     void perform(const Step& step);
+    void turnedTo(const QString& form);
     [[noreturn]] void end();
     [[noreturn]] void endWith(const QString& failure);
 
@@ -27,6 +28,7 @@ private:
     Watcher watcher_;
     QTimer timer_;
     int idle_ = 0;         // ticks behind the splash without a step
+    QString active_;       // the form that was active last
     bool playing_ = false; // a step is under way; the timer then ticks inside a wait of the program
 };
 

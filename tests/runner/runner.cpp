@@ -177,6 +177,10 @@ void Runner::print(const Job& job)
     ++(passed ? passed_ : failed_);
     out << (passed ? "ok " : "not ok ") << job.told() << '\n';
     if (!job.lastWords.isEmpty()) out << job.lastWords << '\n';
+    if (options_.cost && passed)
+        for (const Account& account : job.state.accounts.report())
+            out << "   cost" << (account.title.isEmpty() ? QString() : ' ' + quoted(account.title)) << ": "
+                << account.cost.told() << '\n';
     if (!passed && options_.keep && !job.folder.isEmpty())
         out << "   kept: " << job.folder << '\n';
     else if (!job.folder.isEmpty())

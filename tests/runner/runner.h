@@ -22,6 +22,7 @@ struct Options
     std::chrono::milliseconds second{1000}; // how long the runner's own clock takes for one of them
     int jobs = 1;                           // how many are played at once, where no desktop has its one focus
     int slowest = 0;                        // of how many the times are told
+    bool cost = false;                      // tells what each scenario costs
 };
 
 class Runner

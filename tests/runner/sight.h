@@ -10,7 +10,6 @@ class QAbstractItemView;
 namespace Sight {
 
 QString text(const Target& target);
-QString form(const QWidget* form); // for messages: its name
 
 bool holds(const Target& target, const QString& state);    // "enabled", "visible" ...
 bool formHolds(const QString& name, const QString& state); // "loaded", "shown" ...

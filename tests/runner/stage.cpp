@@ -17,6 +17,9 @@
 #include <QFileInfo>
 #include <QScopeGuard>
 #include <QTest>
+#include <QThread>
+
+#include <algorithm>
 
 Stage::Stage(const QString& folder) : folder_(folder)
 {
@@ -93,6 +96,20 @@ void Stage::takeDown()
     delete window_;
 }
 
+namespace {
+
+constexpr qint64 longestWork = 60000; // milliseconds
+
+// Whether a form works on a thread of its own; what comes of it is seen when it is done.
+bool isAtWork()
+{
+    const QList<QWidget*>& loaded = Forms::loaded();
+    return std::any_of(loaded.begin(), loaded.end(),
+                       [](const QWidget* form) { return form->property("atWork").toBool(); });
+}
+
+} // namespace
+
 void Stage::settle()
 {
     ++settling_;
@@ -100,8 +117,11 @@ void Stage::settle()
     QElapsedTimer clock;
     clock.start();
     auto* dispatcher = QAbstractEventDispatcher::instance();
+    bool more = false;
     do {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    } while (dispatcher->processEvents(QEventLoop::AllEvents) && clock.elapsed() < 1000);
+        more = dispatcher->processEvents(QEventLoop::AllEvents) && clock.elapsed() < 1000;
+        if (!more && isAtWork()) QThread::msleep(1);
+    } while (more || (isAtWork() && clock.elapsed() < longestWork));
 }

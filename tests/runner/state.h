@@ -1,6 +1,8 @@
 // What is known of a scenario while it is played.
 #pragma once
 
+#include "cost.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -39,6 +41,7 @@ struct State
     QStringList picks;  // absolute paths; empty: cancel
     QList<Box> boxes;   // not yet expected, oldest first
     QStringList opened; // documents and URLs not yet expected
+    Accounts accounts;  // of what a person has spent
 
     // False where the file holds none.
     bool read(const QString& file);

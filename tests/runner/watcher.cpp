@@ -91,6 +91,7 @@ void Watcher::attend(QDialog* dialog)
 void Watcher::attend(QMessageBox* box)
 {
     State& state = stage_.state;
+    state.accounts.spend({.boxes = 1});
     Box record{box->text(), box->windowTitle(), iconOf(box), box->buttons().size() > 1};
     QAbstractButton* button = box->buttons().value(0);
     bool byReturn = false;
@@ -110,6 +111,7 @@ void Watcher::attend(QMessageBox* box)
 void Watcher::attend(QFileDialog* dialog)
 {
     State& state = stage_.state;
+    state.accounts.spend({.boxes = 1});
     if (state.picks.isEmpty()) onFailure_("an unforeseen file dialog: " + quoted(dialog->windowTitle()));
     const QString path = state.picks.takeFirst();
     stage_.save();

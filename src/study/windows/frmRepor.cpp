@@ -7,6 +7,7 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
+#include "study/windows/cards.h"
 
 #include <QMdiSubWindow>
 
@@ -105,9 +106,7 @@ void FrmRepor::cmdRepor_Click()
 {
     guarded([&] {
         if (dtgElim->row() == 0) return;
-        for (const Ficha* card : loadedCards())
-            if (!card->emRepouso())
-                return showMessage("Termine primeiro a edição ou a pesquisa na janela \"" + card->caption() + "\"!");
+        if (const QString busy = study::whyCardsAreBusy(); !busy.isEmpty()) return showMessage(busy);
         const auto chosen = deletionIn(dtgElim->row());
         const QString reason = restored(chosen);
         if (!reason.isEmpty()) showMessage("Nada foi reposto. " + reason);
