@@ -2,9 +2,11 @@
 # Runs clang-tidy on what has changed: tidy.sh [BASE]
 # Compared is the tree as it stands, uncommitted files too, with the newest commit that it shares with BASE or
 # $HOUSE_BASE. Where neither is given, that is main as it is here or at the origin, if the work is ahead of it; on main
-# itself, the last commit that is eight hours, a working day, older than the newest one.
-# All that has changed is looked at, side by side on all cores; one file takes six to ten seconds. A header is read with
-# its own source, or with the first one that includes it.
+# itself, the last commit that is four hours, half a working day, older than the newest one.
+# What has changed is looked at, side by side on all cores; one file takes six to ten seconds. Where no commit was named,
+# that is the forty sources that were changed last, some five minutes; of a large merge the others are told by their
+# number alone, and are looked at where a commit is named. A header is read with its own source, or with the first one
+# that includes it.
 set -uo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd -P)
 cd "$here" || exit 1
@@ -22,7 +24,7 @@ newest_earlier_state() {
         return
     done
     newest=$(git show -s --format=%ct HEAD)
-    git rev-list -1 --before=$((newest - 8 * 3600)) HEAD
+    git rev-list -1 --before=$((newest - 4 * 3600)) HEAD
 }
 
 # The source that shows a changed file: itself, or the one that a header is read with, also by way of another header.
@@ -52,10 +54,16 @@ base=$(newest_earlier_state "${1:-}") || {
 }
 # A history that is all newer than that is looked at as a whole: compared with an empty tree.
 base=${base:-$(git hash-object -t tree /dev/null)}
+since=$base..HEAD
+[ "$(git cat-file -t "$base" 2>/dev/null)" = commit ] || since=HEAD
+differs=$(git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h')
+# Those changed last come first.
 mapfile -t changed < <({
-    git diff --name-only --diff-filter=d "$base" -- '*.cpp' '*.h'
     git ls-files -o --exclude-standard '*.cpp' '*.h'
-} | sort -u)
+    git diff --name-only --diff-filter=d HEAD -- '*.cpp' '*.h'
+    git log --format= --name-only "$since" -- '*.cpp' '*.h' | grep -Fx "$differs"
+    echo "$differs"
+} | awk 'NF && !seen[$0]++')
 [ ${#changed[@]} -gt 0 ] || exit 0
 
 # What the build generates has to be there. Its precompiled headers are the compiler's own, which clang can't read.
@@ -64,6 +72,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 sed -E 's# -Winvalid-pch -include [^ ]*cmake_pch\.hxx##' build/release/compile_commands.json >"$folder/compile_commands.json"
 
+: >"$folder/sources"
 for file in "${changed[@]}"; do
     source=$(source_of "$file")
     if [ -n "$source" ] && grep -qF "\"file\": \"$here/$source\"" "$folder/compile_commands.json"; then
@@ -72,8 +81,11 @@ for file in "${changed[@]}"; do
         echo "Left out, as nothing that is built includes it: $file"
     fi
 done
-sort -u -o "$folder/sources" "$folder/sources"
-echo "Changed since $(git rev-parse --short "$base"): ${#changed[@]} files, shown by $(wc -l <"$folder/sources") sources"
+awk '!seen[$0]++' "$folder/sources" >"$folder/all"
+most=40
+[ -z "${1:-}${HOUSE_BASE:-}" ] || most=$(wc -l <"$folder/all")
+head -n "$most" "$folder/all" >"$folder/sources"
+echo "Changed since $(git rev-parse --short "$base"): ${#changed[@]} files, shown by $(wc -l <"$folder/all") sources; looked at: $(wc -l <"$folder/sources")"
 
 # Only our own headers are judged, not those that the build makes; what clang-tidy says of itself is dropped. A file may
 # be built with an option of gcc's that clang doesn't know.

@@ -6,8 +6,8 @@ const std::vector<Measure>& measures()
 {
     static const std::vector<Measure> all = [] {
         std::vector<Measure> together;
-        for (const auto& of :
-             {writing, baptisms, loading, moving, modes, searching, results, deleting, places, copies, processes})
+        for (const auto& of : {writing, baptisms, loading, moving, modes, searching, finding, checking, results,
+                               deleting, places, copies, processes})
             for (Measure& measure : of())
                 together.push_back(std::move(measure));
         return together;

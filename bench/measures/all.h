@@ -13,6 +13,8 @@ std::vector<Measure> loading();
 std::vector<Measure> moving();
 std::vector<Measure> modes();
 std::vector<Measure> searching();
+std::vector<Measure> finding();
+std::vector<Measure> checking();
 std::vector<Measure> results();
 std::vector<Measure> deleting();
 std::vector<Measure> places();

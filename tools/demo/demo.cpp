@@ -4,7 +4,7 @@
 #include "rows.h"
 #include "transcriber.h"
 
-#include "families/tipoFam.h"
+#include "common/tipoFam.h"
 #include "platform/desktop/desktop.h"
 #include "platform/jet/recordset.h"
 #include "store/modBD.h"

@@ -41,7 +41,11 @@ const Rules& rules()
                        "chaveNoCriterio",
                        "membros",
                        "contagem",
-                       "consulta"},
+                       "consulta",
+                       "insertion",
+                       "alteration",
+                       "deletion",
+                       "rowsOf"},
         .own =
             {
                 // Names of tables and columns out of the tables of the source.
@@ -56,8 +60,18 @@ const Rules& rules()
                 {"acts/frmFuneral.cpp", {"coluna"}},
                 {"acts/frmIntervenientes_priests.cpp",
                  {"colunas.tabela", "colunas.chave", "colunas.padre[]", "colunas.funcao[]", "coluna"}},
+                {"study/acts/catalogue_places.cpp", {"level->codigo", "level->nome", "above", "level->tabela"}},
+                {"study/acts/hangers.cpp",
+                 {"link.tabela", "link.coluna", "ofAnAct", "dependent.tabela", "dependent.condicao", "select"}},
+                {"study/acts/cardRows.cpp",
+                 {"into.name", "columns.join()", "places.join()", "of.name", "equalTo()", "required().name", "text"}},
+                {"study/linkage/recording.cpp", {"placeColumn", "table", "conditions.join()", "where.first"}},
+                {"study/linkage/takeBack.cpp", {"step.table"}},
                 {"store/lixo.cpp", {"dependente.tabela", "dependente.condicao", "tabela", "criacao"}},
                 {"store/lixo_repoe.cpp", {"consulta", "tabela"}},
+                {"store/lixo_actos.cpp", {"ligacao.tabela", "ligacao.numero", "ligacao.eliminado"}},
+                {"study/acts/register_tables.cpp", {"statement"}},
+                {"study/checks/ownTables.cpp", {"table.statement"}},
                 {"views/frmRP.cpp", {"chave", "registo.coluna"}},
                 // Handed over by callers that are read themselves.
                 {"common/ficha.cpp", {"criterio"}},
@@ -66,6 +80,25 @@ const Rules& rules()
                 {"places/frmZona.cpp", {"iguais"}},
                 {"individuals/frmInd_delete.cpp", {"n", "f", "lixo::Tipo::Individuo"}},
                 {"families/frmFam_delete.cpp", {"lixo::Tipo::Familia"}},
+                {"study/acts/register_read.cpp", {"select"}},
+                {"study/acts/reliance.cpp", {"select"}},
+                {"study/windows/cards.cpp", {"key", "number", "same"}},
+                {"study/windows/frmContradicoes.cpp", {"number"}},
+                {"study/windows/frmContradicoes_show.cpp", {"number"}},
+                {"study/windows/frmLimites.cpp", {"next"}},
+                {"study/windows/frmTipos.cpp", {"types", "last_", "last->id"}},
+                {"study/windows/frmActos.cpp", {"id"}},
+                {"study/windows/frmContradicoes.cpp", {"number"}}, // of an act
+                {"study/windows/frmContradicoes_show.cpp", {"number"}},
+                {"study/windows/frmDecisoes.cpp", {"decision->id"}},
+                {"study/windows/frmLigacoes.cpp", {"select"}},
+                {"study/windows/frmLigacoes_search.cpp", {"decisions"}},
+                {"study/windows/frmLigacoes_decide.cpp", {"subjectOf()", "link", "child", "id"}},
+                {"study/windows/frmPesos.cpp", {"draft_"}},
+                {"study/windows/parishCopy.cpp", {"path()"}}, // of the copy
+                {"study/windows/frmTranscricoes_columns.cpp",
+                 {"headers", "file->sheet->headers", "each.key()", "file.sheet->headers"}},
+                {"study/windows/frmTranscricoes_work.cpp", {"transcript"}},
                 {"study/windows/frmRepor.cpp", {"deletion->id", "number"}},
                 {"individuals/frmInd_search.cpp", {"filtro.texto()", "data"}},
                 {"families/frmFam_search.cpp", {"filtro.texto()"}},
@@ -77,7 +110,14 @@ const Rules& rules()
                 // No statement: a connection string, a mark in the sheet of a person.
                 {"store/session.cpp", {"path"}},
                 {"store/modBD.cpp", {"StrLigacao"}},
+                {"study/transcripts/importCopies.cpp", {"connectionString()"}},
+                {"study/command/bdp.cpp", {"connectionString()"}},
+                {"study/command/usage.cpp", {"read.format", "read.severity"}}, // words of the shell, for a message
+                {"study/checks/listing.cpp", {"rule.id"}},                     // what a text is searched by
+                {"study/checks/listing_formats.cpp", {"inWords()", "one.text.toHtmlEscaped()"}},
                 {"views/fichaIndividual.cpp", {"marca"}},
+                {"study/windows/frmActo_choices.cpp", {"act"}}, // whom the finder looks for
+                {"study/windows/frmJuntar_choices.cpp", {"act"}},
             },
     };
     return ours;
