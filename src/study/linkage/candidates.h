@@ -81,8 +81,13 @@ struct Link
     double bits = 0;             // of a doubtful link: negative
     std::vector<Evidence> evidence = {}; // the strongest first; their sum is `bits`
     std::optional<RunnerUp> runnerUp = {};
+    // Bits that it loses among the candidates of `one` as `other` has a better place elsewhere, and the other way
+    // round.
+    double takenForOne = 0, takenForOther = 0;
 
     bool operator==(const Link&) const = default;
+    // What the candidates of one of the two are ordered by.
+    double standingFor(const Record& record) const { return bits - (record == one ? takenForOne : takenForOther); }
     double aboveRunnerUp() const { return runnerUp ? bits - runnerUp->bits : bits; }
     // A doubtful one is always: the list of these is short, and there is no runner-up.
     bool isSuggested(const Model& model) const
@@ -141,11 +146,11 @@ struct Question
     bool operator==(const Question&) const = default;
 };
 
-// All links of model.hideBelow bits and more, of each record the best model.candidates, and the doubtful ones below 0;
-// by kind, then the strongest first. Vetoed are other sexes, deaths before, ages out of reach, two exact births or
-// deaths, two births of a mother within eight months, members of one family, and who was told apart: of two couples
-// also where their husbands or their wives were, who are no evidence for their spouses any more. Who was told apart
-// from the one of a pair stays a rival of the other. Throws Snapshot::Interrupted.
+// All links of model.hideBelow bits and more, of each record the best model.candidates by their standing for it, and
+// the doubtful ones below 0; by kind, then the strongest first. Vetoed are other sexes, deaths before, ages out of
+// reach, two exact births or deaths, two births of a mother within eight months, members of one family, and who was
+// told apart: of two couples also where their husbands or their wives were, who are no evidence for their spouses any
+// more. Who was told apart from the one of a pair stays a rival of the other. Throws Snapshot::Interrupted.
 std::vector<Link> links(const parish::Snapshot& parish, const Model& model, const Question& question = {},
                         const parish::Snapshot::GoesOn& goesOn = {});
 
