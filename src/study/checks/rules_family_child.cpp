@@ -182,6 +182,38 @@ void areNumberedOutOfOrder(const Family& family, Check& check)
     }
 }
 
+// Numbers between those of two children that nobody has: of a child that was deleted, or of another record.
+void lackNumbers(const Family& family, Check& check)
+{
+    const auto most = static_cast<qint64>(check.limit("lacuna"));
+    if (most < 1 || family.children.size() < 2) return;
+    std::vector<const Person*> children = family.children;
+    std::ranges::sort(children, {}, &Person::number);
+    const auto isNobodys = [&](qint64 number) { return !check.parish().person(parish::PersonNumber(number)); };
+    for (size_t i = 1; i < children.size(); ++i) {
+        const qint64 first = value(children[i - 1]->number) + 1, last = value(children[i]->number) - 1;
+        if (first > last || last - first >= most) continue;
+        bool areNobodys = true;
+        for (qint64 number = first; areNobodys && number <= last; ++number)
+            areNobodys = isNobodys(number);
+        if (!areNobodys) continue;
+        const QString which = first == last ? QString("falta o número %1").arg(first)
+                                            : QString("faltam os números %1 a %2").arg(first).arg(last);
+        check.report({.text = QString("Na família nº %1 %2 entre %3 e %4: ninguém %5 tem.")
+                                  .arg(parish::shown(family.number), which, bornOn(*children[i - 1]) + ',',
+                                       bornOn(*children[i]), first == last ? "o" : "os"),
+                      .people = {children[i - 1], children[i]},
+                      .families = {&family},
+                      .when = children[i]->birth});
+    }
+}
+
+void areNumberedOddly(const Family& family, Check& check)
+{
+    areNumberedOutOfOrder(family, check);
+    lackNumbers(family, check);
+}
+
 } // namespace
 
 std::vector<Rule> familyChildRules()
@@ -214,10 +246,11 @@ std::vector<Rule> familyChildRules()
          "Dois casais homónimos; mas houve famílias assim."},
         {"F-17",
          Severity::Information,
-         "Números dos filhos fora da ordem dos nascimentos",
-         areNumberedOutOfOrder,
-         {},
-         "Os números são da ordem em que se inseriu, e nada dizem do nascimento."},
+         "Números dos filhos fora da ordem dos nascimentos, ou com falhas",
+         areNumberedOddly,
+         {{"lacuna", 1, "Números seguidos em falta entre dois filhos, até (n.º; 0: não se procuram)"}},
+         "Os números são da ordem em que se inseriu, e nada dizem do nascimento; um que falta pode ser de quem se "
+         "juntou a outra ficha."},
     };
 }
 
