@@ -148,21 +148,23 @@ void hasChildrenTooLong(const Person& person, Check& check)
                   .when = last.birth});
 }
 
-// Of a woman with all husbands; of a man only where the mother isn't known, as hers are told already.
+// Of a woman with all husbands, and with one; of a man only where the mother isn't known, as hers are told already.
 void hasTooManyChildren(const Person& person, Check& check)
 {
     const bool isWoman = person.gender == Gender::Female;
-    size_t children = 0;
+    size_t all = 0, ofOne = 0;
     Check::Found found{.text = {}, .people = {&person}};
     for (const Membership* row : unionsOf(person)) {
         if (!row->family || row->family->children.empty() || (!isWoman && motherIn(*row->family))) continue;
-        children = isWoman ? children + row->family->children.size() : std::max(children, row->family->children.size());
+        all += row->family->children.size();
+        ofOne = std::max(ofOne, row->family->children.size());
         found.families.push_back(row->family);
         for (const Person* child : row->family->children)
             if (child->birth.isKnown()) found.when = child->birth; // the last one
     }
-    if (static_cast<double>(children) <= check.limit(isWoman ? "mulher" : "casal")) return;
-    found.text = QString("%1 tem %2 filhos.").arg(named(person), QString::number(children));
+    const bool areTooMany = isWoman && static_cast<double>(all) > check.limit("mulher");
+    if (!areTooMany && static_cast<double>(ofOne) <= check.limit("casal")) return;
+    found.text = QString("%1 tem %2 filhos.").arg(named(person), QString::number(isWoman ? all : ofOne));
     check.report(found);
 }
 
@@ -242,7 +244,7 @@ std::vector<Rule> familyChildRules()
          Severity::Unlikely,
          "Filhos de mais",
          hasTooManyChildren,
-         {{"mulher", 15, "Filhos de uma mulher"}, {"casal", 20, "Filhos de um casal sem mãe conhecida"}},
+         {{"mulher", 15, "Filhos de uma mulher"}, {"casal", 20, "Filhos de um casal"}},
          "Dois casais homónimos; mas houve famílias assim."},
         {"F-17",
          Severity::Information,

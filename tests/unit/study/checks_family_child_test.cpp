@@ -96,6 +96,16 @@ TEST_F(TheChildrenOfAFamily, AreNotTooManyForAFatherAlone)
     EXPECT_EQ(cases("F-15"), QStringList("aviso: Rui Dias (nº 1) tem 21 filhos."));
 }
 
+TEST_F(TheChildrenOfAFamily, AreNotTooManyForACouple)
+{
+    const study::checks::Settings settings{.limits = {{"F-15.mulher", 30}}};
+    haveChildren(20);
+    EXPECT_EQ(cases("F-15", settings), QStringList());
+    haveChildren(1);
+    ASSERT_EQ(cases("F-15", settings).size(), 1) << "told of the mother alone";
+    EXPECT_TRUE(cases("F-15", settings).first().endsWith("(nº 2) tem 21 filhos."));
+}
+
 TEST_F(TheChildrenOfAFamily, AreNumberedAsTheyWereBorn)
 {
     child("Gil", 'm', "1700-02-03");
