@@ -1,6 +1,5 @@
 #include "study/linkage/faces.h"
 
-#include "study/names/fold.h"
 #include "study/names/names.h"
 #include "study/names/weights.h"
 
@@ -90,6 +89,9 @@ Name Faces::read(const QString& written) const
         made.words.push_back({.is = word});
     made.devotionalAlone = std::all_of(made.words.begin() + (made.words.empty() ? 0 : 1), made.words.end(),
                                        [](const Word& word) { return word.is.devotional; });
+    const NameParts parts = partsOf(written);
+    made.bynames = bynameKeys(parts);
+    made.titles = titleKeys(parts.titles.join(u' '));
     weigh(made);
     return made;
 }
@@ -167,10 +169,16 @@ void Faces::fill(Face& face, const Offices& offices)
         const parish::Person* spouse = parish::spouseOf(person, *union_->family);
         face.ties.push_back({union_->family, spouse, nameOf(spouse), timeOf(*union_->family)});
     }
-    face.nickname = fold::plain(person.nickname).simplified();
-    face.title = fold::plain(person.title).simplified();
+    fillBynames(face);
     fillTimes(face, offices);
     fillPlaces(face);
+}
+
+void Faces::fillBynames(Face& face)
+{
+    face.titles = titleKeys(face.person->title) + face.name->titles;
+    for (const QString& key : bynameKeys(face.person->nickname) + face.name->bynames)
+        (isTag(key) ? face.tags : face.bynames) << key;
 }
 
 QString Faces::thing(int number) const

@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <cstdint>
@@ -29,8 +30,9 @@ struct Word
 struct Name
 {
     QString written = {};
-    std::vector<Word> words = {}; // none: no name
-    bool devotionalAlone = false; // behind the first one
+    std::vector<Word> words = {};          // none: no name
+    bool devotionalAlone = false;          // behind the first one
+    QStringList bynames = {}, titles = {}; // that it has beside its words
 
     bool isEmpty() const { return words.empty(); }
 };
@@ -86,7 +88,7 @@ struct Face
     std::vector<Whereabouts> places = {}; // localities and sites
     std::vector<Whereabouts> parishes = {};
     std::vector<Whereabouts> professions = {};
-    QString nickname = {}, title = {}; // folded
+    QStringList bynames = {}, tags = {}, titles = {}; // as names.h compares them, of the card and of the name
 
     int sexIndex() const { return int(person->gender); }
 };
@@ -125,6 +127,7 @@ private:
     Face* faceOf(parish::PersonNumber number); // null: nobody
     void likenWords();
     void fill(Face& face, const Offices& offices);
+    static void fillBynames(Face& face);
     void fillTimes(Face& face, const Offices& offices);
     void fillPlaces(Face& face);
     void tellActs();
