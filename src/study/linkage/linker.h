@@ -44,7 +44,8 @@ private:
     void addCouples(const Scores& scores);
     void addPeople(const Scores& scores);
     void addNamed();
-    void addCouplesOf(const NamedParents& named, const Face& child, const Name& father, const Name& mother,
+    class CouplesByName; // named.cpp
+    void addCouplesOf(const NamedParents& named, const Face& child, const Name* father, const Name* mother,
                       const std::vector<const CoupleFace*>& couples);
     void addDoubtful();
     void add(Link link);
