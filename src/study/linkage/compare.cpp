@@ -108,6 +108,7 @@ void Comparer::compareParents(const Face& one, const Face& other, Of of, Compari
     }
     compareNames(one.father, other.father, parish::Gender::Male, Field::Father, Field::FatherSurnames, of, to);
     compareNames(one.mother, other.mother, parish::Gender::Female, Field::Mother, Field::MotherSurnames, of, to);
+    compareGrandparents(one, other, of, to);
     if (one.father && other.father) return;
     if (!compareParentsSurname(one, other, of, to)) compareParentsSurname(other, one, of, to);
 }

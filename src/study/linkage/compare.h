@@ -87,6 +87,7 @@ private:
     void compareRest(const Name& one, const Name& other, parish::Gender sex, Field field, Of of, Comparison& to) const;
     void compareSelf(const Face& one, const Face& other, Of of, Comparison& to) const;
     void compareParents(const Face& one, const Face& other, Of of, Comparison& to) const;
+    void compareGrandparents(const Face& one, const Face& other, Of of, Comparison& to) const;
     bool compareParentsSurname(const Face& child, const Face& other, Of of, Comparison& to) const;
     void compareTimes(const Face& one, const Face& other, Of of, Comparison& to) const;
     void compareBynames(const Face& one, const Face& other, Of of, Comparison& to) const;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace study::linkage {
 
@@ -112,6 +113,25 @@ bool Comparer::compareNames(const Name* one, const Name* other, parish::Gender s
     const bool agree = to.signs.back().level != Level::Other;
     if (agree) compareRest(*one, *other, sex, rest, of, to);
     return agree;
+}
+
+// By the parents of two parents of one first name. Those of one and the same parent tell nothing new.
+void Comparer::compareGrandparents(const Face& one, const Face& other, Of of, Comparison& to) const
+{
+    using parish::Gender;
+    const auto agree = [](const Face& a, const Face& b) {
+        return !a.name->isEmpty() && !b.name->isEmpty() &&
+               agreementOf(a.name->words[0].is, b.name->words[0].is).level != Level::Other;
+    };
+    const auto compareParentsOf = [&](const Face* a, const Face* b) {
+        if (!a || !b || a == b || !agree(*a, *b)) return;
+        for (const auto& [mine, theirs, sex] :
+             {std::tuple(a->father, b->father, Gender::Male), std::tuple(a->mother, b->mother, Gender::Female)})
+            if (mine && theirs && !mine->isEmpty() && !theirs->isEmpty())
+                compareFirst(*mine, *theirs, sex, Field::Grandparents, of, to);
+    };
+    compareParentsOf(faces_.of(one.person->father()), faces_.of(other.person->father()));
+    compareParentsOf(faces_.of(one.person->mother()), faces_.of(other.person->mother()));
 }
 
 // A child is baptised with a first name alone; its surname shows later, and often is that of a parent.
