@@ -63,6 +63,7 @@ Faces::Faces(const parish::Snapshot& parish, std::span<const NamedParents> paren
     addNamed(parents, spouses);
     countPlaces();
     tellActs();
+    tellDead();
     couples_.resize(parish.families().size());
     for (size_t i = 0; i < couples_.size(); ++i) {
         couples_[i].family = &parish.families()[i];
@@ -141,15 +142,19 @@ void Faces::likenWords()
     for (const Name& one : names_)
         for (const Word& word : one.words)
             (word.is.known ? known : unknown).insert(word.is.key, word.is.classes);
-    QHash<QChar, QStringList> byLetter;
+    QHash<QString, std::vector<WordCode>> all = unknown;
     for (auto word = known.cbegin(); word != known.cend(); ++word)
+        all[word.key()].insert(all[word.key()].end(), word->begin(), word->end());
+    QHash<QChar, QStringList> byLetter;
+    for (auto word = all.cbegin(); word != all.cend(); ++word)
         byLetter[word.key().front()] << word.key();
     for (QStringList& words : byLetter)
         words.sort();
     for (auto word = unknown.begin(); word != unknown.end(); ++word)
         for (const QString& other : byLetter.value(word.key().front()))
             if (likeness(word.key(), other) >= spelling::likeEnough)
-                word->insert(word->end(), known[other].begin(), known[other].end());
+                for (const WordCode code : all[other])
+                    if (std::ranges::count(*word, code) == 0) word->push_back(code);
     for (Name& one : names_)
         for (Word& word : one.words)
             word.keys = word.is.known ? word.is.classes : unknown.value(word.is.key);

@@ -64,6 +64,15 @@ TEST_F(EvidenceOfOne, ASurnameOfSeveralReadingsIsWorthHalfWhereItIsAParents)
     EXPECT_LT(bitsOf(half, "apelido dos pais"), whole);
 }
 
+TEST_F(EvidenceOfOne, TwoWordsThatTheTableDoesNotKnowAreFoundByTheirLetters)
+{
+    const qint64 one = person({"Maria Zarapelho", 'f'}), other = person({"Maria Zarapelhu", 'f'});
+    for (int i = 0; i < 300; ++i)
+        person({"Maria", 'f'});
+    EXPECT_GT(bitsOf(between(one, other), "outros nomes"), 3);
+    EXPECT_FALSE(between(one, person({"Maria Zibelho", 'f'})));
+}
+
 TEST_F(EvidenceOfOne, GrandparentsIdentifyTheirGrandchildren)
 {
     const auto childOf = [this](const char* grandfather, const char* grandmother) {
