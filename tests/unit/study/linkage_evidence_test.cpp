@@ -84,6 +84,23 @@ TEST_F(EvidenceOfOne, WhoeverWorkedSignedLivedOrLeftAfterABurialIsSomebodyElse)
     EXPECT_TRUE(other("insert into residencia (numero, tiporesid, dataref, datafixa) values (?, 'i', ?, 1)"));
 }
 
+TEST_F(EvidenceOfOne, WhomAnActOfTheirChildCallsDeadDoesNothingLater)
+{
+    const qint64 one = umbelino(), wife = person({"Clara Lopes", 'f'}), family = couple(one, wife);
+    const qint64 godfather = person({"Bento", 'm', "1690-02-03", "", family});
+    const qint64 child = person({"Rita", 'f', "1720-02-03"});
+    const qint64 buried = umbelino("", "1730-02-03"), living = umbelino(), early = umbelino("", "1715-02-03");
+    run("insert into profissoes (nind, idprofissao, dataref, datafixa) values (?, 1, '1725-02-03', 1)", {living});
+    assist('b', child, godfather, "1720-02-03");
+    EXPECT_TRUE(between(one, buried) && between(one, living) && between(one, early));
+    run("update assistente set falecidomae = 1");
+    EXPECT_TRUE(between(one, buried)) << "the mother was dead";
+    run("update assistente set falecidopai = 1");
+    EXPECT_FALSE(between(one, buried));
+    EXPECT_FALSE(between(one, living));
+    EXPECT_TRUE(between(one, early));
+}
+
 TEST_F(EvidenceOfOne, AnHeirIsBornBeforeTheBurialOfWhoNamedThem)
 {
     const qint64 born = umbelino("1750-02-03"), heir = umbelino();
