@@ -134,14 +134,44 @@ struct NamedSpouse
 // Of the acts, and of the notes of people without a union. Throws jet::Error.
 std::vector<NamedSpouse> namedSpouses(jet::Connection& bdp);
 
+// How an act names somebody whom it was linked to, or their father, mother or spouse. Whom the act is about alone: who
+// is baptised, marries or is buried by it.
+struct NameInAct
+{
+    enum class Who : quint8
+    {
+        Self,
+        Father,
+        Mother,
+        Spouse // of the deceased
+    };
+    enum class In : quint8
+    {
+        Baptism,
+        Marriage,
+        Burial
+    };
+    parish::PersonNumber person = {};
+    Who of = Who::Self;
+    In in = In::Baptism;
+    QString name = {};
+    qint64 act = 0;
+    parish::PersonNumber marries = {}; // in a marriage: the other one; 0: nobody of the BDP
+
+    bool operator==(const NameInAct&) const = default;
+};
+// Of all acts that the BDP keeps, but for names of which the transcriber doubts the reading. Throws jet::Error.
+std::vector<NameInAct> namesInActs(jet::Connection& bdp);
+
 struct Question
 {
     ToldApart decided = {}; // who isn't the same, and which couple isn't the parents
     ToldApart right = {};   // doubtful links that are right: a person, and the family or none
     std::vector<NamedParents> named = {};
     std::vector<NamedSpouse> spouses = {};
-    std::vector<Record> only = {}; // links with one of these alone, as after a decision; empty: all
-    int threads = 2;               // the links are the same whatever it is
+    std::vector<NameInAct> inActs = {}; // by which links are doubted
+    std::vector<Record> only = {};      // links with one of these alone, as after a decision; empty: all
+    int threads = 2;                    // the links are the same whatever it is
 
     bool operator==(const Question&) const = default;
 };

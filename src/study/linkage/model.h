@@ -27,8 +27,9 @@ enum class Field
     MotherSurnames,
     Spouse,
     SpouseSurnames,
-    Birth, // between the births, told or counted back from a stated age
-    Times, // between the lives, where no birth is told
+    Grandparents, // each by the first name
+    Birth,        // between the births, told or counted back from a stated age
+    Times,        // between the lives, where no birth is told
     Death,
     Marriage,
     Unions,   // of two spouses who aren't one: at the same time
