@@ -137,7 +137,8 @@ std::vector<Evidence> DoubtsOfNames::of(const parish::Person& person, In in,
                                         const std::function<bool(const NameInAct&)>& counts) const
 {
     std::vector<Evidence> doubts;
-    const auto known = of_.find(value(person.number));
+    const qint64 number = value(person.number);
+    const auto known = of_.find(number);
     if (known == of_.end()) return doubts;
     for (const NameInAct* told : known->second) {
         if (told->in != in || !counts(*told)) continue;

@@ -83,8 +83,6 @@ const Rules& rules()
                 {"study/acts/register_read.cpp", {"select"}},
                 {"study/acts/reliance.cpp", {"select"}},
                 {"study/windows/cards.cpp", {"key", "number", "same"}},
-                {"study/windows/frmContradicoes.cpp", {"number"}},
-                {"study/windows/frmContradicoes_show.cpp", {"number"}},
                 {"study/windows/frmLimites.cpp", {"next"}},
                 {"study/windows/frmTipos.cpp", {"types", "last_", "last->id"}},
                 {"study/windows/frmActos.cpp", {"id"}},
@@ -94,6 +92,8 @@ const Rules& rules()
                 {"study/windows/frmLigacoes.cpp", {"select"}},
                 {"study/windows/frmLigacoes_search.cpp", {"decisions"}},
                 {"study/windows/frmLigacoes_decide.cpp", {"subjectOf()", "link", "child", "id"}},
+                {"study/linkage/named.cpp", {"key"}},             // of couples that are looked up by their names
+                {"study/linkage/doubtful_names.cpp", {"number"}}, // of whom an act names
                 {"study/windows/frmPesos.cpp", {"draft_"}},
                 {"study/windows/parishCopy.cpp", {"path()"}}, // of the copy
                 {"study/windows/frmTranscricoes_columns.cpp",
