@@ -11,6 +11,7 @@ using parish::civil::separated;
 using parish::civil::single;
 using parish::civil::widowed;
 
+using parish::isOutOfWedlock;
 using parish::filiation::foundling;
 using parish::filiation::incestuous;
 using parish::filiation::legitimate;
