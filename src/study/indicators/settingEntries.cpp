@@ -1,5 +1,7 @@
 #include "study/indicators/settingEntries.h"
 
+#include "platform/jet/error.h"
+
 #include <algorithm>
 #include <initializer_list>
 #include <limits>
@@ -264,6 +266,29 @@ const std::vector<Entry>& settingEntries()
         return made;
     }();
     return all;
+}
+
+json toldOf(const Settings& settings)
+{
+    json all = json::object();
+    for (const Entry& entry : settingEntries())
+        all[entry.key] = entry.told(settings);
+    return all;
+}
+
+Settings settingsTold(const json& told)
+{
+    if (!told.is_object())
+        throw jet::Error{jet::number::typeMismatch, "Isto não são os ajustes de um estudo: o texto não é um objecto "
+                                                    "JSON."};
+    Settings settings;
+    for (const Entry& entry : settingEntries()) {
+        const auto value = told.find(entry.key);
+        if (value != told.end() && !entry.take(settings, *value))
+            throw jet::Error{jet::number::typeMismatch,
+                             QString("O ajuste \"%1\" (%2) tem um valor que não serve.").arg(entry.key, entry.title)};
+    }
+    return settings;
 }
 
 std::optional<qint64> wholeOf(const json& value, qint64 least, qint64 most)

@@ -30,6 +30,11 @@ struct Entry
 
 const std::vector<Entry>& settingEntries();
 
+// All settings as one object, and back. What isn't there is as standard, what is unknown is passed over. Throws
+// jet::Error, in Portuguese, where it is no object, or a value can't be meant.
+nlohmann::json toldOf(const Settings& settings);
+Settings settingsTold(const nlohmann::json& told);
+
 // A whole number within these limits; nothing where the value is none.
 std::optional<qint64> wholeOf(const nlohmann::json& value, qint64 least, qint64 most);
 

@@ -40,26 +40,12 @@ json parsed(const QByteArray& text)
 
 QByteArray jsonOf(const Settings& settings)
 {
-    json all = json::object();
-    for (const Entry& entry : settingEntries())
-        all[entry.key] = entry.told(settings);
-    return QByteArray::fromStdString(all.dump());
+    return QByteArray::fromStdString(toldOf(settings).dump());
 }
 
 Settings settingsFrom(const QByteArray& text)
 {
-    const json all = parsed(text);
-    if (!all.is_object())
-        throw jet::Error{jet::number::typeMismatch, "Isto não são os ajustes de um estudo: o texto não é um objecto "
-                                                    "JSON."};
-    Settings settings;
-    for (const Entry& entry : settingEntries()) {
-        const auto value = all.find(entry.key);
-        if (value != all.end() && !entry.take(settings, *value))
-            throw jet::Error{jet::number::typeMismatch,
-                             QString("O ajuste \"%1\" (%2) tem um valor que não serve.").arg(entry.key, entry.title)};
-    }
-    return settings;
+    return settingsTold(parsed(text));
 }
 
 Settings keptSettings(const jet::Connection& bdp)

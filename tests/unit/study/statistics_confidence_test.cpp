@@ -3,6 +3,8 @@
 #include "study/statistics/quantiles.h"
 #include "study/statistics_near.h"
 
+#include <cmath>
+
 using namespace study::statistics;
 
 namespace {
@@ -26,6 +28,18 @@ TEST(AnIntervalOfARate, BeginsAtNothingWhereNothingHappened)
 {
     expectPerThousand(poissonInterval(0, 25), 0, 147.6);
     EXPECT_EQ(poissonInterval(0, 25).low, 0);
+}
+
+TEST(AnIntervalOfARate, EndsForHoweverManyEvents)
+{
+    for (const double events : {4e7, 6e7, 1e9, 1e12, 1e15}) {
+        const Interval interval = poissonInterval(events, events);
+        EXPECT_NEAR((interval.high - 1) * std::sqrt(events), 1.959964, 1e-3) << events;
+        EXPECT_NEAR((1 - interval.low) * std::sqrt(events), 1.959964, 1e-3) << events;
+    }
+    // On both sides of where the way to it changes.
+    EXPECT_NEAR(chiSquareQuantile(0.975, 1e8) / chiSquareQuantile(0.975, 1e8 + 1), 1, 1.1e-8);
+    EXPECT_LT(chiSquareQuantile(0.975, 1e8), chiSquareQuantile(0.975, 1e8 + 1));
 }
 
 TEST(AnIntervalOfAShare, IsWilsons)
