@@ -193,15 +193,15 @@ void addGaps(std::vector<YearSpan>& all, const std::vector<YearSpan>& further)
 
 QByteArray jsonOf(const Tallies& tallies, Known known)
 {
-    json parishes = json::array(), subjects = json::object();
+    json parishes = json::array(), bySubject = json::object();
     for (const Counted& one : tallies.parishes)
         parishes.push_back(toldOf(one));
     for (const auto& [id, tally] : tallies.bySubject) {
         const Subject* subject = subjectIn(known, id);
         if (!subject) refuse(QString("Não há o tema \"%1\".").arg(id));
-        subjects[id.toStdString()] = toldOf(*subject, tally);
+        bySubject[id.toStdString()] = toldOf(*subject, tally);
     }
-    const json all{{"formato", format}, {"versao", version}, {"freguesias", parishes}, {"temas", subjects}};
+    const json all{{"formato", format}, {"versao", version}, {"freguesias", parishes}, {"temas", bySubject}};
     return QByteArray::fromStdString(all.dump());
 }
 

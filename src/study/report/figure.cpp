@@ -57,15 +57,15 @@ Cell ofValues(const std::optional<double>& value, const std::optional<Interval>&
 
 QString digits(double value, int decimals)
 {
-    const QString told = QString::number(value, 'f', decimals);
-    const bool isZero = std::none_of(told.cbegin(), told.cend(), [](QChar c) { return c >= '1' && c <= '9'; });
-    return isZero && told.startsWith('-') ? told.mid(1) : told;
+    const QString all = QString::number(value, 'f', decimals);
+    const bool isZero = std::none_of(all.cbegin(), all.cend(), [](QChar c) { return c >= '1' && c <= '9'; });
+    return isZero && all.startsWith('-') ? all.mid(1) : all;
 }
 
 // What the cell says, with a point; nothing where it says nothing.
 std::optional<QString> told(const Cell& cell, const Column& column)
 {
-    if (const auto* text = std::get_if<QString>(&cell.value)) return *text;
+    if (const auto* words = std::get_if<QString>(&cell.value)) return *words;
     const auto* value = std::get_if<double>(&cell.value);
     if (!value || !std::isfinite(*value)) return {};
     return digits(*value, std::max(0, std::min(column.decimals, cell.decimals.value_or(column.decimals))));
