@@ -72,6 +72,12 @@ TEST(ACell, OfAShareNeedsABaseOfTwenty)
     EXPECT_EQ(share(21, 20, 100, {}), Cell());
 }
 
+TEST(ACell, OfAShareByThousandTellsTwinsAndMothersWhoDied)
+{
+    EXPECT_EQ(shown(share(14, 1200, 1000, {}), perThousand), "11,7");
+    EXPECT_EQ(shown(share(9, 1150, 1000, {}), perThousand), "7,8");
+}
+
 TEST(ACell, OfAMeanIsGreyUnderTenAndSuppressedUnderFive)
 {
     EXPECT_EQ(mean(ages(10), 100, {}).standing, Standing::Sound);

@@ -80,6 +80,35 @@ TEST(ADistribution, GivesTheMedianAnIntervalByRanks)
     EXPECT_FALSE(Distribution(counted({1, 2, 3, 4, 5})).medianInterval());
 }
 
+TEST(ADistribution, OfTheSizesOfFamiliesTellsHowManyGoOn)
+{
+    const Distribution sizes(counted({0, 1, 1, 2, 3, 3, 4, 5, 5, 5, 6, 6, 7, 7, 8, 8, 9, 10, 11, 12}));
+    EXPECT_DOUBLE_EQ(*sizes.mean(), 5.65);
+    const std::vector<double> told{0.950, 0.895, 0.941, 0.875, 0.929, 0.769, 0.800, 0.750, 0.667};
+    double product = 1, sum = 0;
+    for (qint32 k = 0; k < 12; ++k) {
+        const auto atLeast = [&sizes](qint32 children) {
+            return static_cast<double>(sizes.n() - sizes.below(children));
+        };
+        const double goesOn = atLeast(k + 1) / atLeast(k);
+        if (k < 9) EXPECT_NEAR(goesOn, told[static_cast<std::size_t>(k)], lastDigit(3)) << k;
+        product *= goesOn;
+        sum += product;
+    }
+    EXPECT_NEAR(sum, 5.65, 1e-9);
+}
+
+TEST(ADistribution, OfFirstIntervalsInDaysIsToldInMonths)
+{
+    constexpr double month = 365.25 / 12;
+    const Distribution all(counted({120, 150, 200, 214, 239, 243, 260, 273, 280, 300, 330, 365, 420, 500, 730}));
+    EXPECT_EQ(all.below(213), 3);
+    EXPECT_EQ(all.below(243), 5);
+    EXPECT_NEAR(*all.median() / month, 8.97, lastDigit(2));
+    const Distribution fromEight(counted({243, 260, 273, 280, 300, 330, 365, 420, 500, 730}));
+    EXPECT_NEAR(*fromEight.mean() / month, 12.16, lastDigit(2));
+}
+
 TEST(ADistribution, OfMillionsIsMeasuredAtOnce)
 {
     const Distribution ages({{20, 4'000'000'000'000}, {25, 3'000'000'000'000}, {30, 3'000'000'000'000}});
