@@ -91,7 +91,9 @@ TEST(ADistribution, OfTheSizesOfFamiliesTellsHowManyGoOn)
             return static_cast<double>(sizes.n() - sizes.below(children));
         };
         const double goesOn = atLeast(k + 1) / atLeast(k);
-        if (k < 9) EXPECT_NEAR(goesOn, told[static_cast<std::size_t>(k)], lastDigit(3)) << k;
+        if (k < 9) {
+            EXPECT_NEAR(goesOn, told[static_cast<std::size_t>(k)], lastDigit(3)) << k;
+        }
         product *= goesOn;
         sum += product;
     }
