@@ -1,6 +1,7 @@
 #include "study/report/drawing.h"
 
 #include "study/report/drawing_p.h"
+#include "study/report/markup.h"
 
 #include <QBarSeries>
 #include <QBarSet>
@@ -124,7 +125,7 @@ void Canvas::addAxis(std::unique_ptr<QAbstractAxis> axis, Qt::Alignment side)
 void Canvas::put(std::unique_ptr<QAbstractSeries> series, const QString& name)
 {
     QAbstractSeries* added = series.release();
-    added->setName(name.toHtmlEscaped());
+    added->setName(escaped(name));
     item_.addSeries(added);
     for (QAbstractAxis* axis : item_.axes())
         added->attachAxis(axis);
@@ -183,7 +184,7 @@ void Canvas::upright()
 QBarSet* Canvas::barsOf(std::size_t plot, double sign) const
 {
     const Style style = styleOf(plot, dark_);
-    auto* set = new QBarSet(chart_.plots[plot].name.toHtmlEscaped());
+    auto* set = new QBarSet(escaped(chart_.plots[plot].name));
     QList<double> values(qsizetype(places_.count()), 0.0);
     for (const Point& point : chart_.plots[plot].points) {
         const auto y = drawableY(point);
@@ -376,7 +377,7 @@ std::unique_ptr<QChart> drawn(const Chart& chart, const Look& look)
     item->setTitleBrush(ink);
     const bool isEmpty = !hasDrawable(chart);
     QStringList title;
-    if (look.titled && !chart.title.isEmpty()) title << "<b>" + chart.title.toHtmlEscaped() + "</b>";
+    if (look.titled && !chart.title.isEmpty()) title << "<b>" + escaped(chart.title) + "</b>";
     if (isEmpty) title << "sem dados";
     item->setTitle("<div align=\"center\">" + title.join("<br>") + "</div>");
     QLegend* legend = item->legend();

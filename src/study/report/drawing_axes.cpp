@@ -1,5 +1,6 @@
 // Scales, axes, and where points stand on them.
 #include "study/report/drawing_p.h"
+#include "study/report/markup.h"
 
 #include <QCategoryAxis>
 #include <QGraphicsLayout>
@@ -135,14 +136,14 @@ std::unique_ptr<QAbstractAxis> axisOf(const std::vector<Tick>& ticks, double low
     axis->setStartValue(low);
     QSet<QString> taken;
     for (const Tick& tick : thinned(ticks)) {
-        QString label = tick.label.toHtmlEscaped(); // the axis reads its labels as rich text
+        QString label = escaped(tick.label); // the axis reads its labels as rich text
         while (taken.contains(label)) // and wants each once: what stands on both sides of one leaves it in the middle
             label = QChar(QChar::Nbsp) + label + QChar(QChar::Nbsp);
         taken.insert(label);
         axis->append(label, tick.at);
     }
     axis->setRange(low, high);
-    axis->setTitleText(title.toHtmlEscaped());
+    axis->setTitleText(escaped(title));
     axis->setTitleVisible(!title.isEmpty());
     axis->setTruncateLabels(false);
     if (lying && !fitInLine(thinned(ticks))) axis->setLabelsAngle(-90);

@@ -1,5 +1,6 @@
 // What the generator writes, made fit for a page: without empty groups, with names of its own, and told in words.
 #include "study/report/drawing_p.h"
+#include "study/report/markup.h"
 
 #include <QRegularExpression>
 #include <QXmlStreamReader>
@@ -7,12 +8,6 @@
 namespace study::report {
 
 namespace {
-
-QString escaped(QString text)
-{
-    text.removeIf([](QChar c) { return c.unicode() < ' ' && c != '\n' && c != '\t'; });
-    return text.toHtmlEscaped();
-}
 
 QString element(const char* name, const QString& text)
 {

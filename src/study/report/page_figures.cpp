@@ -103,22 +103,6 @@ QString captionOf(const QString& number, const QString& title)
 
 } // namespace
 
-QString escaped(const QString& text)
-{
-    QString left;
-    left.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            left += c;
-            left += text[++i];
-        } else if ((c >= ' ' || c == '\n' || c == '\t') && !c.isSurrogate() && c.unicode() < 0xFFFE) {
-            left += c;
-        }
-    }
-    return left.toHtmlEscaped();
-}
-
 QString tag(const char* name, std::initializer_list<Attribute> attributes, const QString& inner)
 {
     QString all = QLatin1Char('<') + QLatin1String(name);

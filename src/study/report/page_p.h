@@ -1,6 +1,7 @@
 // What the parts of the page share.
 #pragma once
 
+#include "study/report/markup.h"
 #include "study/report/report.h"
 
 #include <QString>
@@ -9,9 +10,6 @@
 #include <utility>
 
 namespace study::report {
-
-// Text of any source: what marks up is escaped, and what XML doesn't know is left out.
-QString escaped(const QString& text);
 
 using Attribute = std::pair<const char*, QString>;
 // <name …>inner</name>; the values of the attributes are escaped, what is inside has to be.
