@@ -55,6 +55,9 @@ std::vector<Tick> ticksOf(const Scale& scale);
 std::unique_ptr<QAbstractAxis> axisOf(const std::vector<Tick>& ticks, double low, double high, const QString& title,
                                       const Look& look, bool lying);
 
+// Gives the item the axes and series of the chart. Precondition: it has none, and some point of the chart can be drawn.
+void drawOn(QChart& item, const Chart& chart, const Look& look);
+
 // Of what the generator wrote for this chart: see svgOf().
 QByteArray tidiedSvg(const QByteArray& svg, const Chart& chart, QSize size);
 

@@ -12,7 +12,7 @@ namespace study::report {
 
 namespace {
 
-constexpr QSize drawingSize(720, 420);
+constexpr QSize drawingSize(680, 410);
 constexpr std::size_t manyColumns = 9, tooManyColumns = 14; // of a table on A4
 
 const QString none = QStringLiteral("<p class=\"vazio\">sem dados</p>");
@@ -101,6 +101,17 @@ QString captionOf(const QString& number, const QString& title)
     return escaped(title.isEmpty() ? number : number + ". " + title);
 }
 
+// What may be broader than a telephone moves by itself; it is reached without a mouse, and tells what it is.
+QString rolling(const QString& number, const QString& title, const QString& inner)
+{
+    return tag("div",
+               {{"class", "rola"},
+                {"tabindex", "0"},
+                {"role", "region"},
+                {"aria-label", title.isEmpty() ? number : number + ". " + title}},
+               inner);
+}
+
 } // namespace
 
 QString tag(const char* name, std::initializer_list<Attribute> attributes, const QString& inner)
@@ -130,13 +141,7 @@ QString tableMarkup(const Table& table, const QString& number, const QString& an
     const std::size_t columns = table.columns.size();
     const QString breadth = columns > tooManyColumns ? "larga larguissima" : columns > manyColumns ? "larga" : "normal";
     const QString inner = tag("caption", tag("span", caption)) + headMarkup(table.columns) + tag("tbody", rows);
-    // What is rolled has to be reached without a mouse, and told what it is.
-    const QString rolled = tag("div",
-                               {{"class", "rola"},
-                                {"tabindex", "0"},
-                                {"role", "region"},
-                                {"aria-label", table.title.isEmpty() ? number : number + ". " + table.title}},
-                               tag("table", {{"class", breadth}}, inner));
+    const QString rolled = rolling(number, table.title, tag("table", {{"class", breadth}}, inner));
     return tag("figure", {{"class", "quadro"}, {"id", anchor}},
                rolled + '\n' + legendOf(table) + notesOf(table.notes)) +
            '\n';
@@ -148,7 +153,7 @@ QString chartMarkup(const Chart& chart, const QString& number, const QString& an
     if (!chart.isEmpty()) {
         Chart named = chart;
         named.id = anchor; // its ids are unique in the page
-        inner = QString::fromUtf8(svgOf(named, drawingSize, {.titled = false}));
+        inner = rolling(number, chart.title, QString::fromUtf8(svgOf(named, drawingSize, {.titled = false})));
     }
     return tag("figure", {{"class", "grafico"}, {"id", anchor}},
                tag("figcaption", captionOf(number, chart.title)) + inner) +

@@ -50,20 +50,29 @@ td small { display: block; color: #444; font-size: .82em; }
   h2 { font-size: 1.25rem; }
   dl { grid-template-columns: 1fr; gap: 0; }
   dd { margin-bottom: .4rem; }
+  .grafico svg { min-width: 32rem; }
 }
-@page { size: A4; margin: 18mm 16mm 20mm; }
+@media screen {
+  tbody tr { background: #fff; }
+  thead th:first-child { background: #fff; }
+  thead th:first-child, tbody th { position: sticky; left: 0; }
+  tbody th { background: inherit; min-width: 8.5em; }
+}
+@page { size: A4; margin: 18mm 16mm 20mm;
+  @bottom-center { content: counter(page); font: 8pt "DejaVu Sans", Verdana, Arial, sans-serif; } }
 @media print {
   body { max-width: none; padding: 0; font-size: 10pt; }
   a { color: inherit; text-decoration: none; }
   section.capitulo { break-before: page; }
-  h2 { margin-top: 0; }
+  h2 { margin-top: 7mm; }
+  .capitulo > h2 { margin-top: 0; }
   h2, h3, figcaption, caption { break-after: avoid; }
   .metodo { break-inside: avoid; break-after: avoid; orphans: 3; widows: 3; }
   figure.grafico { break-inside: avoid; }
-  .grafico svg { max-width: 165mm; max-height: 120mm; }
+  .grafico svg { min-width: 0; max-width: 150mm; }
   .rola { overflow: visible; }
   table { font-size: 8.5pt; }
-  table.larga { font-size: 7pt; }
+  table.larga { font-size: 7.5pt; }
   table.larguissima { font-size: 5.5pt; }
   .larga th, .larga td { padding: .15rem .3rem; }
   .larguissima th, .larguissima td { padding: .1rem .15rem; }
