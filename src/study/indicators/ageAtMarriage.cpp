@@ -52,10 +52,10 @@ constexpr const char* counts[] = {"idade pelo registo",
                                   "coorte por completar"};
 
 constexpr Reason reasons[] = {
-    {Undated, "sem data de casamento"},
-    {Elsewhere, "casamento noutra paróquia"},
-    {OutOfPeriod, "casamento fora do período do estudo"},
-    {OutOfBooks, "casamento fora dos livros ou numa lacuna"},
+    {Undated, undatedMarriage},
+    {Elsewhere, marriageElsewhere},
+    {OutOfPeriod, marriageOutOfPeriod},
+    {OutOfBooks, marriageOutOfBooks},
     {NotFirst, "não é o primeiro casamento"},
     {UnknownRank, "não se sabe se é o primeiro casamento"},
     {NoSex, "sexo por determinar"},

@@ -1,5 +1,7 @@
 #include "study/indicators/marriages.h"
 
+#include "study/parish/codes.h"
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -11,8 +13,6 @@ using parish::Person;
 using parish::Place;
 
 namespace {
-
-constexpr int single = 1, widowed = 3, divorced = 5; // EstCi
 
 constexpr auto portugal = "PT", noCountry = "00"; // codes of countries; those of zones begin with their country's
 constexpr int digitsOfDistrict = 2, digitsOfMunicipality = 4;
@@ -28,8 +28,7 @@ Spouse spouseIn(const Family& family, const Person* person)
 // A mother alone, or a couple whom the card calls unmarried, has no marriage that could be an earlier one.
 bool isMarriage(const Family& family)
 {
-    static const QStringList unmarried = {"3", "4", "5", "6", "7", "8"}; // SitFa
-    return family.husband && family.wife && !unmarried.contains(family.situation);
+    return family.husband && family.wife && !isUnmarried(family);
 }
 
 enum class Order
@@ -100,21 +99,30 @@ MarriageIs marriageIs(const Family& family, const Study& study)
     return settings.covers(Series::Marriages, year) ? MarriageIs::Counted : MarriageIs::OutOfBooks;
 }
 
+bool isTaken(const Family& family, const Study& study, quint16 firstReason, Taker& taker)
+{
+    const MarriageIs is = marriageIs(family, study);
+    if (is == MarriageIs::Counted) return true;
+    const int place = static_cast<int>(is) - static_cast<int>(MarriageIs::Undated);
+    taker.count({static_cast<quint16>(firstReason + place), {}}, {nullptr, &family});
+    return false;
+}
+
 Rank rankOf(const Spouse& spouse, const Family& family)
 {
     const int order = spouse.row->order.value_or(0);
     if (order > 0) return order == 1 ? Rank::First : Rank::Later;
     const int state = spouse.row->state.value_or(0);
-    if (state == single) return Rank::First;
-    if (state == widowed || state == divorced) return Rank::Later;
+    if (state == parish::civil::single) return Rank::First;
+    if (state == parish::civil::widowed || state == parish::civil::divorced) return Rank::Later;
     return rankByHistory(*spouse.person, family);
 }
 
 Before stateBefore(const Spouse& spouse, const Family& family, const Study& study)
 {
     const int state = spouse.row->state.value_or(0);
-    if (state == single) return Before::Single;
-    if (state == widowed) return Before::Widowed;
+    if (state == parish::civil::single) return Before::Single;
+    if (state == parish::civil::widowed) return Before::Widowed;
     const int order = spouse.row->order.value_or(0);
     if (order > 0) return order == 1 ? Before::Single : Before::Widowed;
     for (const Membership* row : spouse.person->unions) {

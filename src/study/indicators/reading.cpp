@@ -1,6 +1,7 @@
 #include "study/indicators/reading.h"
 
 #include <algorithm>
+#include <set>
 
 namespace study::indicators {
 
@@ -149,6 +150,20 @@ QString decimalComma(double value, int decimals)
 QString periodName(qint32 first, const Settings& settings)
 {
     return QString("%1–%2").arg(first).arg(first + settings.cohortYears - 1);
+}
+
+std::vector<std::pair<qint32, QString>> periodsOf(const Reading& reading, const std::vector<quint16>& counts,
+                                                  const Settings& settings)
+{
+    std::set<qint32> periods;
+    for (const quint16 count : counts)
+        for (const qint32 period : reading.values(count, 0))
+            periods.insert(period);
+    std::vector<std::pair<qint32, QString>> named;
+    for (const qint32 period : periods)
+        named.emplace_back(period, periodName(period, settings));
+    if (!named.empty()) named.emplace_back(Reading::any, "Todos");
+    return named;
 }
 
 Table leftOutTable(const Reading& reading, std::span<const Reason> reasons)

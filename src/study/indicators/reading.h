@@ -69,6 +69,10 @@ QString decimalComma(double value, int decimals);
 // "1750–1799": the period that begins in `first`.
 QString periodName(qint32 first, const Settings& settings);
 
+// The periods that dimension 0 of these counts has, ascending, and `any` last, named "Todos"; none where there is none.
+std::vector<std::pair<qint32, QString>> periodsOf(const Reading& reading, const std::vector<quint16>& counts,
+                                                  const Settings& settings);
+
 // The last table of every subject: each reason, and how many it has left out.
 Table leftOutTable(const Reading& reading, std::span<const Reason> reasons);
 
