@@ -2,6 +2,7 @@
 #include "study/indicators/marriages.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
+#include "study/indicators/reasons.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,14 +52,14 @@ constexpr const char* counts[] = {"idade pelo registo",
                                   "início dos livros",
                                   "coorte por completar"};
 
-constexpr Reason reasons[] = {
-    {Undated, undatedMarriage},
-    {Elsewhere, marriageElsewhere},
-    {OutOfPeriod, marriageOutOfPeriod},
-    {OutOfBooks, marriageOutOfBooks},
-    {NotFirst, "não é o primeiro casamento"},
+constexpr Reason leftOut[] = {
+    {Undated, reasons::noMarriage},
+    {Elsewhere, reasons::notLocal},
+    {OutOfPeriod, reasons::outsidePeriod},
+    {OutOfBooks, reasons::outsideBooks},
+    {NotFirst, reasons::notFirstMarriage},
     {UnknownRank, "não se sabe se é o primeiro casamento"},
-    {NoSex, "sexo por determinar"},
+    {NoSex, reasons::unknownSex},
     {NoBirth, "sem nascimento no registo"},
     {BeforeBirth, "casamento anterior ao nascimento"},
     {EarlyInBooks, "nos primeiros 35 (mulheres) ou 40 anos (homens) dos livros de baptismos"},
@@ -374,7 +375,7 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     all.emplace_back(byGroup(reading));
     all.emplace_back(byCohort(reading, settings));
     all.emplace_back(byBirthplace(reading));
-    all.emplace_back(leftOutTable(reading, reasons));
+    all.emplace_back(leftOutTable(reading, leftOut));
     return all;
 }
 
@@ -391,7 +392,7 @@ const Subject ageAtMarriage = {
     "abaixo "
     "da verdadeira.",
     counts,
-    reasons,
+    leftOut,
     fill,
     figures};
 

@@ -2,6 +2,7 @@
 #include "study/indicators/marriages.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
+#include "study/indicators/reasons.h"
 
 #include <cmath>
 
@@ -34,10 +35,10 @@ constexpr const char* counts[] = {"diferença",       "anos inteiros",      "mul
                                   "noutra paróquia", "fora do período",    "fora dos livros",   "um só cônjuge",
                                   "não primeiro",    "ordem desconhecida", "sem nascimento",    "antes do nascimento"};
 
-constexpr Reason reasons[] = {{Undated, undatedMarriage},
-                              {Elsewhere, marriageElsewhere},
-                              {OutOfPeriod, marriageOutOfPeriod},
-                              {OutOfBooks, marriageOutOfBooks},
+constexpr Reason leftOut[] = {{Undated, reasons::noMarriage},
+                              {Elsewhere, reasons::notLocal},
+                              {OutOfPeriod, reasons::outsidePeriod},
+                              {OutOfBooks, reasons::outsideBooks},
                               {OneSpouse, "só um cônjuge conhecido, ou sexos por determinar"},
                               {NotBothFirst, "não é o primeiro casamento de ambos"},
                               {UnknownRank, "não se sabe se é o primeiro casamento de ambos"},
@@ -139,7 +140,7 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     const Reading reading(tally);
     std::vector<Figure> all = {byPeriod(reading, settings)};
     if (reading.sum(WholeYears) > 0) all.emplace_back(bars(reading));
-    all.emplace_back(leftOutTable(reading, reasons));
+    all.emplace_back(leftOutTable(reading, leftOut));
     return all;
 }
 
@@ -154,7 +155,7 @@ const Subject ageGap = {
     "fora, "
     "cujo baptismo está noutros livros.",
     counts,
-    reasons,
+    leftOut,
     fill,
     figures};
 

@@ -2,6 +2,7 @@
 #include "study/indicators/marriages.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
+#include "study/indicators/reasons.h"
 
 namespace study::indicators {
 
@@ -25,10 +26,10 @@ enum Count : quint16
 constexpr const char* counts[] = {"casais",          "sem data",      "noutra paróquia",    "fora do período",
                                   "fora dos livros", "um só cônjuge", "estado desconhecido"};
 
-constexpr Reason reasons[] = {{Undated, undatedMarriage},
-                              {Elsewhere, marriageElsewhere},
-                              {OutOfPeriod, marriageOutOfPeriod},
-                              {OutOfBooks, marriageOutOfBooks},
+constexpr Reason leftOut[] = {{Undated, reasons::noMarriage},
+                              {Elsewhere, reasons::notLocal},
+                              {OutOfPeriod, reasons::outsidePeriod},
+                              {OutOfBooks, reasons::outsideBooks},
                               {OneSpouse, "só um cônjuge conhecido, ou sexos por determinar"},
                               {UnknownState, "estado civil anterior desconhecido"}};
 
@@ -90,7 +91,7 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
         table.rows.push_back(row);
     }
     table.notes << "Em 100 casamentos de estado conhecido de ambos.";
-    return {table, leftOutTable(reading, reasons)};
+    return {table, leftOutTable(reading, leftOut)};
 }
 
 } // namespace
@@ -104,7 +105,7 @@ const Subject combinedStatus = {
     "o número do casamento, ou uma união anterior que já tinha acabado. Um estado por dizer não se toma por solteiro: "
     "fica de fora e conta-se.",
     counts,
-    reasons,
+    leftOut,
     fill,
     figures};
 

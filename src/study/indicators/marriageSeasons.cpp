@@ -1,6 +1,7 @@
 // When in the year, and on which day of the week, people marry; and what the forbidden times did to it.
 #include "study/indicators/marriages.h"
 #include "study/indicators/nuptiality.h"
+#include "study/indicators/reasons.h"
 #include "study/indicators/seasonality.h"
 #include "study/parish/calendar.h"
 
@@ -37,10 +38,10 @@ constexpr const char* counts[] = {"mês",
                                   "fora dos livros",
                                   "data aproximada"};
 
-constexpr Reason reasons[] = {{Undated, undatedMarriage},
-                              {Elsewhere, marriageElsewhere},
-                              {OutOfPeriod, marriageOutOfPeriod},
-                              {OutOfBooks, marriageOutOfBooks},
+constexpr Reason leftOut[] = {{Undated, reasons::noMarriage},
+                              {Elsewhere, reasons::notLocal},
+                              {OutOfPeriod, reasons::outsidePeriod},
+                              {OutOfBooks, reasons::outsideBooks},
                               {Inexact, "data aproximada (fora de tudo menos dos trimestres, se não é só o ano)"}};
 
 enum Time : qint32
@@ -256,7 +257,7 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     all.emplace_back(closedTable(reading, years));
     all.emplace_back(closedByPeriod(reading, years, settings));
     all.emplace_back(weekTable(reading));
-    all.emplace_back(leftOutTable(reading, reasons));
+    all.emplace_back(leftOutTable(reading, leftOut));
     return all;
 }
 
@@ -270,7 +271,7 @@ const Subject marriageSeasons = {
     "proibidos movem-se com a Páscoa e calculam-se para cada ano que os livros cobrem. Abaixo de 100 casamentos os "
     "índices são obra do acaso e não se mostram.",
     counts,
-    reasons,
+    leftOut,
     fill,
     figures};
 

@@ -25,12 +25,6 @@ Spouse spouseIn(const Family& family, const Person* person)
     return {};
 }
 
-// A mother alone, or a couple whom the card calls unmarried, has no marriage that could be an earlier one.
-bool isMarriage(const Family& family)
-{
-    return family.husband && family.wife && !isUnmarried(family);
-}
-
 enum class Order
 {
     Earlier,
@@ -106,6 +100,11 @@ bool isTaken(const Family& family, const Study& study, quint16 firstReason, Take
     const int place = static_cast<int>(is) - static_cast<int>(MarriageIs::Undated);
     taker.count({static_cast<quint16>(firstReason + place), {}}, {nullptr, &family});
     return false;
+}
+
+bool isMarriage(const Family& family)
+{
+    return family.husband && family.wife && !isUnmarried(family);
 }
 
 Rank rankOf(const Spouse& spouse, const Family& family)

@@ -29,13 +29,12 @@ enum class MarriageIs : quint8
 };
 MarriageIs marriageIs(const parish::Family& family, const Study& study);
 
-// The reasons in the order of MarriageIs, as a subject numbers them one after the other.
-inline constexpr const char* undatedMarriage = "sem data de casamento";
-inline constexpr const char* marriageElsewhere = "casamento noutra paróquia";
-inline constexpr const char* marriageOutOfPeriod = "casamento fora do período do estudo";
-inline constexpr const char* marriageOutOfBooks = "casamento fora dos livros ou numa lacuna";
-// Whether a marriage counts; one that doesn't is told to the taker under its reason, the first of which is firstReason.
+// Whether a marriage counts; one that doesn't is told to the taker under its reason. A subject numbers them one after
+// the other, in the order of MarriageIs, from that of an undated one on: firstReason.
 bool isTaken(const parish::Family& family, const Study& study, quint16 firstReason, Taker& taker);
+
+// Of a couple, and not one that the card calls unmarried: it may be the first marriage of who marries again.
+bool isMarriage(const parish::Family& family);
 
 // Which marriage of the person: by its number, by the civil state, by what the BDP has of earlier unions.
 enum class Rank : quint8

@@ -52,33 +52,39 @@ void Reading::each(quint16 count, const At& at, const Take& take) const
 Reading::Part Reading::part(quint16 count, const At& at) const
 {
     Part found;
-    each(count, at, [&found](const Key& key, qint64 n) {
+    bool isThere = false;
+    each(count, at, [&](const Key&, qint64 n) {
         found.n += n;
-        found.keys.push_back(key);
+        isThere = true;
     });
+    if (isThere) found.keys = {{count, at}};
     return found;
 }
 
 Reading::Part Reading::within(quint16 count, int dimension, qint32 from, qint32 until, const At& at) const
 {
     Part found;
+    std::set<qint32> there;
     each(count, at, [&](const Key& key, qint64 n) {
         const qint32 value = key.at[static_cast<std::size_t>(dimension)];
         if (value < from || value >= until) return;
         found.n += n;
-        found.keys.push_back(key);
+        there.insert(value);
     });
+    Key key{count, at};
+    for (const qint32 value : there) {
+        key.at[static_cast<std::size_t>(dimension)] = value;
+        found.keys.push_back(key);
+    }
     return found;
 }
 
 Reading::Spread Reading::spread(quint16 count, int dimension, const At& at) const
 {
     std::map<qint32, qint64> counts;
+    each(count, at, [&](const Key& key, qint64 n) { counts[key.at[static_cast<std::size_t>(dimension)]] += n; });
     Spread found;
-    each(count, at, [&](const Key& key, qint64 n) {
-        counts[key.at[static_cast<std::size_t>(dimension)]] += n;
-        found.keys.push_back(key);
-    });
+    if (!counts.empty()) found.keys = {{count, at}};
     found.values = statistics::Distribution(std::move(counts));
     return found;
 }

@@ -20,7 +20,8 @@ public:
     explicit Reading(const Tally& tally) : cells_(tally.cells()) {}
     bool isEmpty() const { return cells_.empty(); }
 
-    // What was counted where the dimensions are as given, and by which keys.
+    // What was counted where the dimensions are as given, and by which keys: wide ones, which hold `any` where it
+    // stands for every value; none where nothing was counted.
     struct Part
     {
         qint64 n = 0;

@@ -2,6 +2,7 @@
 #include "study/indicators/marriages.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
+#include "study/indicators/reasons.h"
 #include "study/statistics/survival.h"
 
 #include <algorithm>
@@ -37,9 +38,9 @@ constexpr const char* counts[] = {"intervalo",        "novo casamento",  "saída
                                   "união aberta",     "fora do período", "sem sobrevivente",    "casamento sem data",
                                   "não visto depois", "só o ano"};
 
-constexpr Reason reasons[] = {{NoUnion, "só um cônjuge conhecido, ou sexos por determinar"},
-                              {OpenUnion, "fim da união desconhecido"},
-                              {OutOfPeriod, "viuvez fora do período do estudo"},
+constexpr Reason leftOut[] = {{NoUnion, "só um cônjuge conhecido, ou sexos por determinar"},
+                              {OpenUnion, reasons::openUnion},
+                              {OutOfPeriod, reasons::outsidePeriod},
                               {NoSurvivor, "não se sabe quem sobreviveu"},
                               {UndatedMarriage, "outra união do sobrevivente sem data"},
                               {NotSeen, "sem notícia do sobrevivente depois da viuvez"},
@@ -353,7 +354,7 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     const std::vector<Group> groups = allGroups(reading, settings);
     std::vector<Figure> all = {intervals(reading, groups), chances(reading, groups)};
     if (const Chart chart = curves(reading); !chart.isEmpty()) all.emplace_back(chart);
-    all.emplace_back(leftOutTable(reading, reasons));
+    all.emplace_back(leftOutTable(reading, leftOut));
     return all;
 }
 
@@ -367,7 +368,7 @@ const Subject remarriage = {
     "desde a viuvez até ao novo casamento, à morte ou à última notícia de vida. O intervalo médio dos que voltaram a "
     "casar nada diz dos outros: leiam-se os dois.",
     counts,
-    reasons,
+    leftOut,
     fill,
     figures};
 

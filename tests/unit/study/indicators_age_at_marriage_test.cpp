@@ -46,7 +46,7 @@ TEST_F(TheAgeAtMarriage, IsntTakenWhereAnUndatedUnionMayBeTheFirst)
     couple(jose, rosa, "1760-01-01");
     auto figures = figuresFor(ageAtMarriage);
     EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"não se sabe se é o primeiro casamento", 1},
-                                                    {"sem data de casamento", 2},
+                                                    {"sem data do casamento", 2},
                                                     {"sem nascimento no registo", 1}}));
     person({"Filho", 'm', "1755-01-01", "", 1});
     EXPECT_EQ(leftOut(figuresFor(ageAtMarriage))["não é o primeiro casamento"], 1);

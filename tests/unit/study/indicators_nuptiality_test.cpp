@@ -1,8 +1,8 @@
 // Who marries whom, and when in the year.
 #include "study/counting.h"
 
-#include "study/indicators/marriages.h"
 #include "study/indicators/nuptiality.h"
+#include "study/indicators/reasons.h"
 
 using namespace study::indicators;
 using study::report::Standing;
@@ -48,7 +48,8 @@ TEST_F(TheCombinedStatus, CountsBothStates)
     EXPECT_EQ(value(table, "1750–1799", "Solteiro e viúva"), 1);
     EXPECT_EQ(value(table, "1750–1799", "Viúvo e viúva"), 1);
     EXPECT_NEAR(value(table, "Todos", "Segundas núpcias de um ou de ambos"), 100 * 7 / 22.0, 1e-9);
-    EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"estado civil anterior desconhecido", 1}, {undatedMarriage, 1}}));
+    EXPECT_EQ(leftOut(figures),
+              (QMap<QString, int>{{"estado civil anterior desconhecido", 1}, {reasons::noMarriage, 1}}));
 }
 
 TEST_F(TheCombinedStatus, DerivesWidowhoodFromAnEarlierUnionThatHadEnded)

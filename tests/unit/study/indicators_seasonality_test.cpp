@@ -41,7 +41,9 @@ TEST(Seasonality, OfTheWorkedExampleHasBothPublishedForms)
         EXPECT_EQ(valueOf(table.rows[i][1]), static_cast<double>(marriages[i]));
         EXPECT_NEAR(valueOf(table.rows[i][2]), daily[i], 0.05) << i;
         EXPECT_NEAR(valueOf(table.rows[i][3]), henry[i], 0.05) << i;
-        EXPECT_EQ(table.rows[i][2].from, (std::vector<Key>{{byMonth, {1750, static_cast<qint32>(i) + 1}}}));
+        EXPECT_EQ(
+            table.rows[i][2].from,
+            (std::vector<Key>{{byMonth, {Reading::any, static_cast<qint32>(i) + 1, Reading::any, Reading::any}}}));
     }
     EXPECT_EQ(valueOf(table.rows[12][1]), 214);
     ASSERT_EQ(table.notes.size(), 2);
@@ -130,10 +132,14 @@ TEST(AReading, SumsWithTheKeysBehindIt)
     EXPECT_EQ(reading.sum(1), 5);
     const Reading::Part part = reading.part(1, {1750, Reading::any, Reading::any, Reading::any});
     EXPECT_EQ(part.n, 3);
-    EXPECT_EQ(part.keys, (std::vector<Key>{{1, {1750, 2, 2400}}}));
+    EXPECT_EQ(part.keys, (std::vector<Key>{{1, {1750, Reading::any, Reading::any, Reading::any}}}));
+    const Reading::Part inside = reading.within(1, 2, 2350, 2400);
+    EXPECT_EQ(inside.n, 2);
+    EXPECT_EQ(inside.keys, (std::vector<Key>{{1, {Reading::any, Reading::any, 2350, Reading::any}}}));
     EXPECT_EQ(reading.values(1, 2), (std::vector<qint32>{2350, 2400}));
     EXPECT_EQ(reading.spread(1, 2).values.n(), 5);
-    EXPECT_EQ(reading.sum(7), 0);
+    EXPECT_EQ(reading.part(7).n, 0);
+    EXPECT_TRUE(reading.part(7).keys.empty());
 }
 
 TEST(AReading, MarksMeansOfFew)
