@@ -65,7 +65,7 @@ std::optional<int> ageAtDeath(const Person& person)
 bool hasMarried(const Person& person)
 {
     return std::any_of(person.unions.begin(), person.unions.end(), [](const parish::Membership* row) {
-        return row->family && (row->family->marriage.isKnown() || isMarried(*row->family));
+        return row->family && (row->family->marriage.isKnown() || isMarriage(*row->family));
     });
 }
 
@@ -127,6 +127,7 @@ Table tableFor(const Reading& reading, const Settings& settings, Gender gender, 
     const auto sex = static_cast<qint32>(gender);
     for (const auto& [period, title] : periodsOf(reading, {Deaths}, settings)) {
         const auto part = [&](qint32 state) { return reading.part(Deaths, {period, sex, state, any}); };
+        if (part(any).n == 0) continue;
         const Reading::Part single = part(NeverMarried), clerics = part(Cleric);
         Reading::Part lay = single, unmarried = single;
         lay += part(OtherState);
