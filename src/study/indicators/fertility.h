@@ -5,9 +5,9 @@
 
 namespace study::indicators {
 
-extern const Subject maritalFertility;   // rates by age, their sum, M and m, I_g′
-extern const Subject lastBirth;          // the wife's age at it, in complete families
-extern const Subject completedSize;      // of families, and couples without a child
-extern const Subject parityProgression;  // from one birth to the next
+extern const Subject maritalFertility;  // rates by age, their sum, M and m, I_g′
+extern const Subject lastBirth;         // the wife's age at it, in complete families
+extern const Subject completedSize;     // of families, and couples without a child
+extern const Subject parityProgression; // from one birth to the next
 
 } // namespace study::indicators

@@ -63,9 +63,9 @@ void countLife(const MarriedLife& life, const Settings& settings, Taker& taker)
     const quint16 one = seriesOf(knownOf(*life.of), order);
     const int married = groupAtMarriage(life.ageAtMarriage);
     for (const Stretch& stretch : stretchesOf(life, settings))
-        taker.count({static_cast<quint16>(firstExposure + one),
-                     {stretch.age, married, stretch.period, stretch.duration}},
-                    couple, stretch.halfDays);
+        taker.count(
+            {static_cast<quint16>(firstExposure + one), {stretch.age, married, stretch.period, stretch.duration}},
+            couple, stretch.halfDays);
     for (const Birth& birth : life.within()) {
         const Stretch place = placeOf(birth, life, settings);
         taker.count({static_cast<quint16>(firstBirths + one), {place.age, married, place.period, place.duration}},
@@ -87,20 +87,44 @@ void fill(const Study& study, const Share& share, Taker& taker)
 }
 
 constexpr std::array<const char*, 3 * series> seriesNames{
-    "meios-dias-exacta-1.o",      "meios-dias-exacta-depois",   "meios-dias-aproximada-1.o",
-    "meios-dias-aproximada-depois", "meios-dias-declarada-1.o", "meios-dias-declarada-depois",
-    "nascimentos-exacta-1.o",     "nascimentos-exacta-depois",  "nascimentos-aproximada-1.o",
+    "meios-dias-exacta-1.o",         "meios-dias-exacta-depois",  "meios-dias-aproximada-1.o",
+    "meios-dias-aproximada-depois",  "meios-dias-declarada-1.o",  "meios-dias-declarada-depois",
+    "nascimentos-exacta-1.o",        "nascimentos-exacta-depois", "nascimentos-aproximada-1.o",
     "nascimentos-aproximada-depois", "nascimentos-declarada-1.o", "nascimentos-declarada-depois",
-    "familias-exacta-1.o",        "familias-exacta-depois",     "familias-aproximada-1.o",
-    "familias-aproximada-depois", "familias-declarada-1.o",     "familias-declarada-depois"};
+    "familias-exacta-1.o",           "familias-exacta-depois",    "familias-aproximada-1.o",
+    "familias-aproximada-depois",    "familias-declarada-1.o",    "familias-declarada-depois"};
 constexpr auto counts = natality::joined(natality::joined(seriesNames, lackNames), placingNames);
 constexpr auto told = natality::joined(lacksTold, placingsTold);
 constexpr auto reasons = natality::reasonsFrom(firstLack, told);
 
-constexpr auto ages = "Idade da mulher";
+std::vector<report::Figure> figures(const Tally& tally, const Settings& settings)
+{
+    const Reading reading(tally);
+    if (reading.isEmpty()) return natality::withoutData(maritalFertility.title);
+    std::vector<report::Figure> all = figuresOf(reading, settings);
+    all.emplace_back(leftOutTable(reading, reasons));
+    return all;
+}
 
 } // namespace
 
 } // namespace rates
+
+const Subject maritalFertility = {
+    .id = "fecundidade-legitima",
+    .group = "Fecundidade",
+    .title = "Fecundidade legítima por idade da mulher",
+    .method =
+        "Contam as famílias com data de casamento, fim conhecido da união e nascimento da mulher, desde o casamento "
+        "até "
+        "à primeira morte do casal ou aos 50 anos da mulher; as famílias abertas não contam. A taxa é o número de "
+        "nascimentos legítimos (os gémeos são dois; os póstumos até 300 dias contam sem alongar o tempo) por mil anos "
+        "vividos pelas mulheres casadas em cada idade. A célula do grupo em que a mulher se casou lê-se com cautela: "
+        "todos os casais começam ao mesmo tempo.",
+    .counts = rates::counts,
+    .reasons = rates::reasons,
+    .fill = rates::fill,
+    .figures = rates::figures,
+};
 
 } // namespace study::indicators

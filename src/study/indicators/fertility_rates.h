@@ -7,6 +7,8 @@
 
 namespace study::indicators::rates {
 
+using Row = std::vector<Cell>;
+
 // How the wife's birth is known, and whether it is her first marriage: series that are added for a table, never before.
 enum class Known : quint8
 {
@@ -21,8 +23,8 @@ enum class Order : quint8
     Later
 };
 
-// Each of them by series; dimensions: age, age at marriage, period (of the marriage or of the event), duration. Those of
-// families: 0, age at marriage, cohort of the marriage.
+// Each of them by series; dimensions: age, age at marriage, period (of the marriage or of the event), duration. Those
+// of families: 0, age at marriage, cohort of the marriage.
 inline constexpr quint16 firstExposure = 0, firstBirths = series, firstFamilies = 2 * series, firstLack = 3 * series,
                          firstPlacing = firstLack + lacks;
 quint16 seriesOf(Known known, Order order);
@@ -53,5 +55,15 @@ double inflationOf(const Settings& settings);
 // The tables of the sums: TMFR and I_g′, and M with m.
 Table sumsTable(const Reading& reading, const Settings& settings);
 Table controlTable(const Reading& reading, const Settings& settings);
+
+// All tables and charts but "Não contados".
+std::vector<report::Figure> figuresOf(const Reading& reading, const Settings& settings);
+
+// Of 1000 woman-years; nothing where nobody lived them.
+Cell rateCell(const Base& base, const Settings& settings);
+// Which series stand in the tables by the settings.
+Chosen chosenBy(const Settings& settings);
+// Periods (or cohorts) in which something was lived.
+std::vector<qint32> periodsOf(const Reading& reading, const Chosen& chosen);
 
 } // namespace study::indicators::rates

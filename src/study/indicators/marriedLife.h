@@ -32,16 +32,17 @@ inline constexpr std::size_t lacks = 10;
 inline constexpr std::array<const char*, lacks> lackNames{
     "falta-casal",   "falta-casamento",   "falta-contradicao",        "falta-fim",          "falta-situacao",
     "falta-periodo", "falta-nasc-mulher", "falta-idade-so-declarada", "falta-casada-tarde", "falta-livros"};
-inline constexpr std::array<const char*, lacks> lacksTold{"famílias de um só membro, ou sem marido e mulher",
-                                               "sem data de casamento que conte",
-                                               "datas da família que se contradizem",
-                                               "sem fim conhecido da união",
-                                               "situação da família que não é de casamento",
-                                               "casamento fora do período do estudo",
-                                               "sem nascimento da mulher",
-                                               "nascimento da mulher conhecido só por uma idade declarada",
-                                               "casamento, ou início da observação, aos 50 anos da mulher ou depois",
-                                               "nenhum ano da união coberto pelos livros de baptismos"};
+inline constexpr std::array<const char*, lacks> lacksTold{
+    "famílias de um só membro, ou sem marido e mulher",
+    "sem data de casamento que conte",
+    "datas da família que se contradizem",
+    "sem fim conhecido da união",
+    "situação da família que não é de casamento",
+    "casamento fora do período do estudo",
+    "sem nascimento da mulher",
+    "nascimento da mulher conhecido só por uma idade declarada",
+    "casamento, ou início da observação, aos 50 anos da mulher ou depois",
+    "nenhum ano da união coberto pelos livros de baptismos"};
 
 enum class Placed : quint8
 {
@@ -55,8 +56,9 @@ enum class Placed : quint8
 };
 inline constexpr std::size_t placings = 6;
 // Without Within.
-inline constexpr std::array<const char*, placings> placingNames{"filho-sem-data", "filho-nao-legitimo", "filho-antes",
-                                                     "filho-depois",   "filho-mae-menor-15", "filho-fora-dos-livros"};
+inline constexpr std::array<const char*, placings> placingNames{"filho-sem-data",     "filho-nao-legitimo",
+                                                                "filho-antes",        "filho-depois",
+                                                                "filho-mae-menor-15", "filho-fora-dos-livros"};
 inline constexpr std::array<const char*, placings> placingsTold{
     "filhos sem data de nascimento",
     "filhos que não são legítimos",
@@ -112,8 +114,8 @@ std::vector<Stretch> stretchesOf(const MarriedLife& life, const Settings& settin
 // The group of a birth within; without length.
 Stretch placeOf(const Birth& birth, const MarriedLife& life, const Settings& settings);
 
-// Tells why nothing of this family counts, or which of its children don't; under counts from `first` on, in the order of
-// lackNames and placingNames.
+// Tells why nothing of this family counts, or which of its children don't; under counts from `first` on, in the order
+// of lackNames and placingNames.
 void countLack(const MarriedLife& life, quint16 first, Taker& taker);
 void countPlacings(const MarriedLife& life, quint16 first, Taker& taker);
 
