@@ -7,7 +7,7 @@
 
 namespace study::indicators::rates {
 
-using Row = std::vector<Cell>;
+using natality::Row;
 
 // How the wife's birth is known, and whether it is her first marriage: series that are added for a table, never before.
 enum class Known : quint8

@@ -24,20 +24,14 @@ void appendCells(Row& row, const Base& base, const Settings& settings)
         row.push_back(std::move(cell));
 }
 
-// One decimal where there is enough behind it.
-int decimalsFor(const Base& base)
-{
-    return base.years() >= 100 ? 1 : 0;
-}
-
-std::vector<Column> columnsOf(const QStringList& texts, const Base& all)
+std::vector<Column> columnsOf(const QStringList& texts)
 {
     std::vector<Column> columns;
     for (const QString& title : texts)
         columns.push_back(textColumn(title));
     columns.push_back(countColumn("Nascimentos"));
     columns.push_back(decimalColumn("Anos vividos por mulheres casadas", "anos", 2));
-    columns.push_back(decimalColumn("Taxa", "‰", decimalsFor(all)));
+    columns.push_back(decimalColumn("Taxa", "‰", 1));
     return columns;
 }
 
@@ -54,7 +48,7 @@ Table ageTable(const QString& id, const QString& title, const Reading& reading, 
                const Settings& settings)
 {
     const Base all = baseOf(reading, chosen);
-    Table table{id, title, columnsOf({"Idade da mulher"}, all), {}, {}};
+    Table table{id, title, columnsOf({"Idade da mulher"}), {}, {}};
     for (int i = 0; i < groups; ++i) {
         const int age = firstAge + 5 * i;
         Row row{report::text(groupName(age))};
@@ -69,11 +63,7 @@ Table ageTable(const QString& id, const QString& title, const Reading& reading, 
     return table;
 }
 
-struct Named
-{
-    QString name = {};
-    Reading::At at = Reading::everywhere;
-};
+using natality::Named;
 
 std::vector<Named> byAgeAtMarriage()
 {
@@ -100,7 +90,7 @@ QString periodTitle(const Settings& settings)
 Table groupedTable(const QString& id, const QString& title, const QString& head, const std::vector<Named>& named,
                    const Reading& reading, const Chosen& chosen, const Settings& settings)
 {
-    Table table{id, title, columnsOf({head, "Idade da mulher"}, baseOf(reading, chosen)), {}, {}};
+    Table table{id, title, columnsOf({head, "Idade da mulher"}), {}, {}};
     for (const Named& group : named) {
         const std::array<Base, groups> ages = byAge(reading, chosen, group.at);
         for (int i = 0; i < groups; ++i) {
@@ -117,10 +107,9 @@ Table groupedTable(const QString& id, const QString& title, const QString& head,
 
 Table durationTable(const Reading& reading, const Chosen& chosen, const Settings& settings)
 {
-    const Base all = baseOf(reading, chosen);
     Table table{"taxas-por-duracao",
                 "Taxas de fecundidade legítima por duração do casamento",
-                columnsOf({"Anos de casamento"}, all),
+                columnsOf({"Anos de casamento"}),
                 {},
                 {}};
     const auto longest = [&] {

@@ -40,11 +40,20 @@ bool isRead(int year, const Settings& settings)
     return settings.covers(Series::Baptisms, year) && (settings.byMarriageCohort || settings.period.holds(year));
 }
 
-bool isReadAtAll(const MarriedLife& life, const Settings& settings)
+// Whether a year of the life is read, and whether another one isn't.
+struct Reach
 {
-    for (int year = life.from.year(); year <= life.until.year(); ++year)
-        if (isRead(year, settings)) return true;
-    return false;
+    bool some = false, all = true;
+};
+Reach reachOf(const MarriedLife& life, const Settings& settings)
+{
+    Reach reach;
+    for (int year = life.from.year(); year <= life.until.year(); ++year) {
+        const bool read = isRead(year, settings);
+        reach.some = reach.some || read;
+        reach.all = reach.all && read;
+    }
+    return reach;
 }
 
 Lack lackOfUnion(const Union& of, const Settings& settings)
@@ -85,9 +94,9 @@ qint32 lastDay(const MarriedLife& life)
 
 Placed placed(const Person& child, const MarriedLife& life, qint32 last, const Settings& settings)
 {
-    if (!child.birth.isKnown()) return Placed::Undated;
     const Legitimacy legitimacy = legitimacyOf(child, settings);
     if (legitimacy == Legitimacy::Illegitimate || legitimacy == Legitimacy::Foundling) return Placed::NotLegitimate;
+    if (!child.birth.isKnown()) return Placed::Undated;
     const Date day = settled(child.birth);
     if (day.day < life.from.day) return Placed::Before;
     if (day.day > last) return Placed::Behind;
@@ -125,7 +134,9 @@ MarriedLife begun(const Union& of, const Settings& settings)
 
 MarriedLife finished(MarriedLife life, const Settings& settings)
 {
-    if (!isReadAtAll(life, settings)) life.lack = Lack::Books;
+    const Reach reach = reachOf(life, settings);
+    if (!reach.some) life.lack = Lack::Books;
+    life.isReadThroughout = reach.all;
     if (life.isCounted()) placeBirths(life, settings);
     return life;
 }
@@ -140,9 +151,15 @@ std::vector<Birth> MarriedLife::within() const
     return counted;
 }
 
+std::size_t MarriedLife::placedAs(Placed placed) const
+{
+    return static_cast<std::size_t>(
+        std::count_if(births.begin(), births.end(), [&](const Birth& birth) { return birth.placed == placed; }));
+}
+
 bool MarriedLife::isCompleteAt(int age) const
 {
-    return isCounted() && wifeBirth.isKnown() && ageAtMarriage < age && from == marriage &&
+    return isCounted() && isReadThroughout && wifeBirth.isKnown() && ageAtMarriage < age && from == marriage &&
            until.day >= anniversary(wifeBirth, age).day;
 }
 

@@ -95,10 +95,14 @@ struct MarriedLife
     parish::Date from = {}, until = {};   // of observation: [from, until), until the fiftieth birthday at most
     parish::Date wifeBirth = {};          // unknown in a life that asks for no age
     int ageAtMarriage = 0;                // completed; where the wife's birth is known
+    bool isReadThroughout = true;         // no year of it lacks in the books
     std::vector<Birth> births = {};       // all children, those within in the order of their births
 
     bool isCounted() const { return lack == Lack::None; }
     std::vector<Birth> within() const;
+    std::size_t placedAs(Placed placed) const; // how many
+    // Born to the couple in their marriage, as far as is known: those without a date are taken to be.
+    std::size_t size() const { return placedAs(Placed::Within) + placedAs(Placed::Undated); }
     // Both lived, married, and observed from the marriage until the wife was so old.
     bool isCompleteAt(int age) const;
 };

@@ -1,5 +1,9 @@
 #include "study/indicators/natality.h"
 
+#include "study/parish/codes.h"
+
+#include <cmath>
+
 #include <algorithm>
 #include <cmath>
 
@@ -47,11 +51,10 @@ bool isLocal(const parish::Place& place, const Study& study)
 
 bool isFirstMarriage(const Person* person, const Family& family)
 {
-    static constexpr int widowed = 3;
     if (!person) return false;
     for (const parish::Membership* row : person->unions) {
         const bool here = row->family == &family;
-        if (here && (row->order.value_or(1) > 1 || row->state == widowed)) return false;
+        if (here && (row->order.value_or(1) > 1 || row->state == parish::civil::widowed)) return false;
         if (!here && row->family && row->family->marriage.isKnown() && family.marriage.isKnown() &&
             row->family->marriage.middle() < family.marriage.middle())
             return false;
@@ -61,14 +64,37 @@ bool isFirstMarriage(const Person* person, const Family& family)
 
 bool isMarital(const Family& family)
 {
-    static constexpr const char* others[]{"3", "4", "5", "6", "7", "8", "10"};
-    return std::none_of(std::begin(others), std::end(others),
-                        [&](const char* code) { return family.situation.trimmed() == QLatin1String(code); });
+    return !parish::isUnmarried(family) && family.situation != QLatin1String(parish::situation::foster);
 }
 
 qint32 cohortOf(const Date& marriage, const Date& event, const Settings& settings)
 {
     return periodOf((settings.byMarriageCohort ? marriage : event).year(), settings);
+}
+
+std::vector<Named> periodsOf(const Reading& reading, quint16 count, int dimension, const Settings& settings)
+{
+    std::vector<Named> named;
+    for (const qint32 period : reading.values(count, dimension)) {
+        Named one{periodName(period, settings)};
+        one.at[static_cast<std::size_t>(dimension)] = period;
+        named.push_back(one);
+    }
+    return named;
+}
+
+report::Chart bars(const QString& id, const QString& title, const QString& xTitle, const QString& yTitle,
+                   const std::vector<std::pair<QString, double>>& values)
+{
+    report::Chart chart{id, title, report::Drawing::Bars, xTitle, yTitle, {}, {{}}, {}};
+    QStringList told;
+    for (const auto& [name, value] : values) {
+        chart.plots.front().points.push_back({static_cast<double>(chart.categories.size()), value, {}});
+        chart.categories << name;
+        told << name + " " + decimalComma(value, value == std::floor(value) ? 0 : 1);
+    }
+    chart.described = title + ". " + told.join(", ") + ".";
+    return chart;
 }
 
 std::vector<report::Figure> withoutData(const QString& title)

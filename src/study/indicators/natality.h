@@ -47,6 +47,21 @@ constexpr std::array<Reason, N> reasonsFrom(quint16 first, const std::array<cons
     return all;
 }
 
+// One row of a table: what it is of, and where that stands on the dimensions.
+struct Named
+{
+    QString name = {};
+    Reading::At at = Reading::everywhere;
+};
+// A row for each period that the count has on this dimension.
+std::vector<Named> periodsOf(const Reading& reading, quint16 count, int dimension, const Settings& settings);
+
+using Row = std::vector<Cell>;
+
+// Bars of one series, a number for each name.
+report::Chart bars(const QString& id, const QString& title, const QString& xTitle, const QString& yTitle,
+                   const std::vector<std::pair<QString, double>>& values);
+
 // What stands where nothing was counted.
 std::vector<report::Figure> withoutData(const QString& title);
 
