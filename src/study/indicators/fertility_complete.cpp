@@ -114,7 +114,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
         if (reading.sum(age, named.at) > 0 || named.at == Reading::everywhere)
             table.rows.push_back(rowOf(reading, named));
     std::map<qint32, qint64> years;
-    for (const auto& [hundredths, n] : reading.spread(age, 0).values.counts())
+    const Reading::Spread ages = reading.spread(age, 0);
+    for (const auto& [hundredths, n] : ages.values.counts())
         years[hundredths / 100] += n;
     std::vector<std::pair<QString, double>> values;
     if (!years.empty())
