@@ -58,7 +58,7 @@ constexpr quint16 age = 0, childless = 1, incomplete = 2, firstLack = 3;
 constexpr std::array<const char*, 3> ownNames{"ultimo-filho", "sem-filhos", "incompletas"};
 constexpr auto counts = natality::joined(ownNames, lackNames);
 constexpr std::array<const char*, 2> ownTold{"famílias completas sem filhos com data", notComplete};
-constexpr auto reasons = natality::reasonsFrom(childless, natality::joined(ownTold, lacksTold));
+constexpr auto whyNot = natality::reasonsFrom(childless, natality::joined(ownTold, lacksTold));
 
 void countLast(const MarriedLife& life, const Settings& settings, Taker& taker)
 {
@@ -124,7 +124,7 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return {
         table,
         natality::bars("idades", "Mulheres pela idade ao último filho", "idade (anos completos)", "mulheres", values),
-        leftOutTable(reading, reasons)};
+        leftOutTable(reading, whyNot)};
 }
 
 } // namespace last
@@ -275,7 +275,7 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             natality::bars("filhos", "Famílias completas por número de filhos", "filhos", "famílias", values),
             sterilityTable(reading, settings),
             closedTable(reading, settings),
-            leftOutTable(reading, reasons)};
+            leftOutTable(reading, whyNot)};
 }
 
 } // namespace size
@@ -292,7 +292,7 @@ const Subject lastBirth = {
         "mulher ao do último filho legítimo. As famílias que acabam mais cedo não contam, pois o seu último filho "
         "depende de quando acabaram.",
     .counts = last::counts,
-    .reasons = last::reasons,
+    .reasons = last::whyNot,
     .fill = last::fill,
     .figures = last::figures,
 };
@@ -307,7 +307,7 @@ const Subject completedSize = {
         "nascidos no casamento, os póstumos até 300 dias também. Ao lado, todas as famílias fechadas, com a "
         "duração média da união.",
     .counts = size::counts,
-    .reasons = size::reasons,
+    .reasons = size::whyNot,
     .fill = size::fill,
     .figures = size::figures,
 };

@@ -20,7 +20,7 @@ constexpr std::array<const char*, 3> ownTold{
     "união, observação ou livros que não chegam à idade pedida da mulher (fora das famílias completas)",
     "famílias com filhos sem data de nascimento (fora das estimativas por tempo)",
     "observação ou livros que não cobrem toda a união (fora das estimativas por tempo)"};
-constexpr auto reasons = natality::reasonsFrom(incomplete, natality::joined(ownTold, lacksTold));
+constexpr auto whyNot = natality::reasonsFrom(incomplete, natality::joined(ownTold, lacksTold));
 
 // From the marriage to the first birth, and so on: a birth of twins is two steps.
 void countSteps(const MarriedLife& life, Taker& taker)
@@ -163,7 +163,7 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings&)
     return {table,
             natality::bars("quocientes", "Probabilidade de aumentar a família, famílias completas", "quociente",
                            "probabilidade", values),
-            timedTable(reading), leftOutTable(reading, reasons)};
+            timedTable(reading), leftOutTable(reading, whyNot)};
 }
 
 } // namespace
@@ -177,7 +177,7 @@ const Subject parityProgression = {
         "directamente. Com as incompletas estima-se pelo tempo até ao filho seguinte (Kaplan–Meier), saindo da "
         "observação no fim da união ou aos 50 anos da mulher. Os gémeos valem dois filhos.",
     .counts = counts,
-    .reasons = reasons,
+    .reasons = whyNot,
     .fill = fill,
     .figures = figures,
 };

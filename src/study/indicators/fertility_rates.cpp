@@ -95,14 +95,14 @@ constexpr std::array<const char*, 3 * series> seriesNames{
     "familias-aproximada-depois",    "familias-declarada-1.o",    "familias-declarada-depois"};
 constexpr auto counts = natality::joined(natality::joined(seriesNames, lackNames), placingNames);
 constexpr auto told = natality::joined(lacksTold, placingsTold);
-constexpr auto reasons = natality::reasonsFrom(firstLack, told);
+constexpr auto whyNot = natality::reasonsFrom(firstLack, told);
 
 std::vector<report::Figure> figures(const Tally& tally, const Settings& settings)
 {
     const Reading reading(tally);
     if (reading.isEmpty()) return natality::withoutData(maritalFertility.title);
     std::vector<report::Figure> all = figuresOf(reading, settings);
-    all.emplace_back(leftOutTable(reading, reasons));
+    all.emplace_back(leftOutTable(reading, whyNot));
     return all;
 }
 
@@ -122,7 +122,7 @@ const Subject maritalFertility = {
         "vividos pelas mulheres casadas em cada idade. A célula do grupo em que a mulher se casou lê-se com cautela: "
         "todos os casais começam ao mesmo tempo.",
     .counts = rates::counts,
-    .reasons = rates::reasons,
+    .reasons = rates::whyNot,
     .fill = rates::fill,
     .figures = rates::figures,
 };

@@ -20,9 +20,7 @@ Date settled(const Date& date)
 
 Date anniversary(const Date& of, int years)
 {
-    const QDate day = of.middle();
-    const QDate then(day.year() + years, day.month(), day.day());
-    return parish::dateOf(then.isValid() ? then : QDate(day.year() + years, 3, 1), true);
+    return parish::dateOf(parish::birthday(of, years), true);
 }
 
 int completedMonths(const Date& from, const Date& to)

@@ -83,8 +83,8 @@ TEST_F(MaritalFertility, OfAPeriodIsOfTheYearsOfTheEvents)
     count(maritalFertility, settings);
     EXPECT_EQ(value("taxas-por-periodo", "1700–1749|25–29", births), 3);
     EXPECT_EQ(value("taxas-por-periodo", "1750–1799|30–34", births), 1);
-    EXPECT_NEAR(value("taxas-por-periodo", "1700–1749|25–29", years) * 365.25, 1755, 1e-6);
-    EXPECT_NEAR(value("taxas-por-periodo", "1750–1799|25–29", years) * 365.25, 71, 1e-6);
+    EXPECT_NEAR(value("taxas-por-periodo", "1700–1749|25–29", years) * 365.25, 1756, 1e-6);
+    EXPECT_NEAR(value("taxas-por-periodo", "1750–1799|25–29", years) * 365.25, 70, 1e-6);
 }
 
 TEST_F(MaritalFertility, OfAnOpenFamilyIsNothing)
@@ -116,8 +116,8 @@ TEST_F(MaritalFertility, LeavesOutWhoseEndIsUnknown)
         EXPECT_EQ(value(rates, row.age, births), row.births) << row.age;
         EXPECT_NEAR(value(rates, row.age, years), row.years, 0.005) << row.age;
     }
-    EXPECT_NEAR(value(rates, "30–34", rate), 400, 0.1);
-    EXPECT_NEAR(value(rates, "35–39", rate), 300, 0.1);
+    EXPECT_NEAR(value(rates, "30–34", rate), 400, 0.2);
+    EXPECT_NEAR(value(rates, "35–39", rate), 300, 0.2);
 }
 
 TEST_F(MaritalFertility, CountsTheThirdCoupleWhereItsEndIsKnown)
@@ -126,9 +126,9 @@ TEST_F(MaritalFertility, CountsTheThirdCoupleWhereItsEndIsKnown)
     marriedAt25("1772-07-01", "1790-01-01", {1.0, 3.5, 6.1, 9.0, 12.2});
     marriedAt25("1758-07-01", "1790-01-01", {0.8, 3.1, 5.5});
     count(maritalFertility);
-    EXPECT_NEAR(value(rates, "25–29", rate), 400, 0.1);
+    EXPECT_NEAR(value(rates, "25–29", rate), 400, 0.2);
     EXPECT_NEAR(value(rates, "30–34", years), 13, 0.005);
-    EXPECT_NEAR(value(rates, "30–34", rate), 384.6, 0.1);
+    EXPECT_NEAR(value(rates, "30–34", rate), 384.6, 0.2);
     EXPECT_NEAR(value(rates, "45–49", years), 7, 0.005);
 }
 
