@@ -141,7 +141,7 @@ constexpr std::array<const char*, 6> ownNames{"completas",         "casais-compl
                                               "familias-fechadas", "duracoes",         "incompletas"};
 constexpr auto counts = natality::joined(natality::joined(ownNames, lackNames), placingNames);
 constexpr std::array<const char*, 1> ownTold{notComplete};
-constexpr auto reasons =
+constexpr auto whyNot =
     natality::reasonsFrom(incomplete, natality::joined(natality::joined(ownTold, lacksTold), placingsTold));
 constexpr int most = 15; // and more
 
