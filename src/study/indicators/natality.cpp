@@ -65,6 +65,35 @@ bool isMarital(const Family& family)
     return !parish::isUnmarried(family) && family.situation != QLatin1String(parish::situation::foster);
 }
 
+namespace {
+
+bool isAskedFor(Legitimacy legitimacy, Which which)
+{
+    switch (which) {
+    case Which::All:
+        break;
+    case Which::Legitimate:
+        return legitimacy == Legitimacy::Legitimate || legitimacy == Legitimacy::Legitimised;
+    case Which::Illegitimate:
+        return legitimacy == Legitimacy::Illegitimate;
+    }
+    return true;
+}
+
+} // namespace
+
+NoBirth lackOfBirth(const Person& person, const Study& study, bool chosen)
+{
+    const Settings& settings = study.settings;
+    if (!person.birth.isKnown()) return NoBirth::Undated;
+    if (settings.localOnly && !isLocal(person.birthPlace, study)) return NoBirth::Elsewhere;
+    if (!settings.period.holds(person.birth.year())) return NoBirth::Period;
+    if (!settings.covers(Series::Baptisms, person.birth.year())) return NoBirth::Books;
+    if (chosen && !isAskedFor(legitimacyOf(person, settings), settings.which)) return NoBirth::Filiation;
+    const bool bothSexes = settings.gender == parish::Gender::Undetermined;
+    return bothSexes || settings.gender == person.gender ? NoBirth::None : NoBirth::Sex;
+}
+
 qint32 cohortOf(const Date& marriage, const Date& event, const Settings& settings)
 {
     return periodOf((settings.byMarriageCohort ? marriage : event).year(), settings);

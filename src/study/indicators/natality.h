@@ -25,6 +25,39 @@ bool isLocal(const parish::Place& place, const Study& study);
 bool isFirstMarriage(const parish::Person* person, const parish::Family& family);
 // Of a marriage: legitimate, presumed so, made so later, or untold.
 bool isMarital(const parish::Family& family);
+// Why a person isn't counted among the births of the parish.
+enum class NoBirth : quint8
+{
+    None,
+    Undated,
+    Elsewhere,
+    Period,
+    Books,
+    Filiation, // another than the settings ask for
+    Sex
+};
+inline constexpr std::size_t noBirths = 6;
+inline constexpr std::array<const char*, noBirths> noBirthNames{
+    "sem-data", "fora-da-paroquia", "fora-do-periodo", "fora-dos-livros", "outra-filiacao", "outro-sexo"};
+inline constexpr std::array<const char*, noBirths> noBirthTold{
+    "pessoas sem data de nascimento", "nascimentos noutra paróquia",   "nascimentos fora do período do estudo",
+    "nascimentos fora dos livros",    "nascimentos de outra filiação", "nascimentos do outro sexo"};
+// By the settings, those of filiation only where `chosen`.
+NoBirth lackOfBirth(const parish::Person& person, const Study& study, bool chosen = true);
+// Each person of the share who is born in the parish; tells why others don't count, under counts from `first` on.
+template <class Take>
+void eachBirth(const Study& study, const Share& share, quint16 first, bool chosen, Taker& taker, const Take& take)
+{
+    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i) {
+        const parish::Person& person = study.parish.people()[i];
+        const NoBirth lack = lackOfBirth(person, study, chosen);
+        if (lack == NoBirth::None)
+            take(person);
+        else
+            taker.count({static_cast<quint16>(first + static_cast<int>(lack) - 1), {}}, {&person, nullptr});
+    }
+}
+
 // In the way of the settings: the period of the marriage, or that of the event.
 qint32 cohortOf(const parish::Date& marriage, const parish::Date& event, const Settings& settings);
 
