@@ -2,6 +2,7 @@
 #pragma once
 
 #include "study/statistics/confidence.h"
+#include "study/statistics/distribution.h"
 #include "study/statistics/tally.h"
 
 #include <QString>
@@ -28,6 +29,7 @@ struct Cell
     Standing standing = Standing::Sound;
     std::optional<statistics::Interval> interval = {}; // of 95 %
     std::vector<statistics::Key> from = {};            // what was counted for it: the way to the people behind it
+    std::optional<int> decimals = {};                  // at most so many, where its base bears less than its column has
 
     bool operator==(const Cell&) const = default;
 };
@@ -98,14 +100,21 @@ using Figure = std::variant<Table, Chart>;
 
 // Cells by their kind; a value that is no number gives the empty one.
 Cell text(const QString& value);
+Cell number(int value, std::vector<statistics::Key> from = {});
 Cell number(qint64 value, std::vector<statistics::Key> from = {});
 Cell number(double value, std::vector<statistics::Key> from = {});
 
 // By the rule of small numbers. A rate needs 5 events and 20 years of exposure (suppressed below); a mean is grey under
-// 10 and suppressed under 5; a share needs a base of 20.
+// 10 and suppressed under 5; a share needs a base of 20. Without a base, or with a part above its whole, the cell is
+// empty. What is suppressed keeps its value and its keys, and no interval. By thousand, a base below 100 bears no
+// decimals.
 Cell rate(qint64 events, double years, double per,
           std::vector<statistics::Key> from);                                         // with the exact Poisson interval
 Cell share(qint64 part, qint64 whole, double per, std::vector<statistics::Key> from); // with Wilson's interval
+// Of a distribution whose values are `perUnit` to the unit of the column (100 for hundredths of a year), with their
+// intervals.
+Cell mean(const statistics::Distribution& of, double perUnit, std::vector<statistics::Key> from);
+Cell median(const statistics::Distribution& of, double perUnit, std::vector<statistics::Key> from);
 
 // Decimal comma, as the screen and the page show it; "–" for nothing, "*" for what is suppressed.
 QString shown(const Cell& cell, const Column& column);

@@ -27,7 +27,7 @@ public:
     std::optional<double> quantile(double p) const; // linear between ranks (type 7); p from 0 to 1
     std::optional<double> median() const { return quantile(0.5); }
     std::optional<Interval> meanInterval() const;
-    std::optional<Interval> medianInterval() const; // by order statistics
+    std::optional<Interval> medianInterval() const; // by order statistics; nothing for fewer than six values
     qint64 below(qint32 value) const;               // how many are less
 
 private:

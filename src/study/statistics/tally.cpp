@@ -69,4 +69,15 @@ std::vector<qint32> Tally::valuesOf(quint16 count, int dimension) const
     return values;
 }
 
+std::map<qint32, qint64> Tally::along(quint16 count, int dimension, std::array<qint32, 4> at) const
+{
+    const auto place = static_cast<std::size_t>(dimension);
+    at[place] = any;
+    std::map<qint32, qint64> amounts;
+    for (const auto& [key, amount] : cells_)
+        if (key.count == count && matches(key.at, at)) amounts[key.at[place]] += amount;
+    std::erase_if(amounts, [](const auto& entry) { return entry.second == 0; });
+    return amounts;
+}
+
 } // namespace study::statistics

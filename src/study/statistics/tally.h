@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <map>
 #include <string>
 #include <tuple>
 #include <unordered_map>
@@ -46,6 +47,9 @@ public:
     qint64 sum(quint16 count, std::array<qint32, 4> at = {any, any, any, any}) const;
     // The values that a dimension (0 to 3) of this count has, ascending, each once.
     std::vector<qint32> valuesOf(quint16 count, int dimension) const;
+    // What stands at each value of a dimension (0 to 3) of this count, the other dimensions as given; only what isn't
+    // 0.
+    std::map<qint32, qint64> along(quint16 count, int dimension, std::array<qint32, 4> at = {any, any, any, any}) const;
 
 private:
     std::unordered_map<Key, qint64, KeyHash> cells_;

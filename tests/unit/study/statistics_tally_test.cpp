@@ -38,3 +38,16 @@ TEST(ATally, SumsAndListsByItsDimensions)
     EXPECT_EQ(tally.sum(1, {Tally::any, 1, Tally::any, Tally::any}), 6);
     EXPECT_EQ(tally.valuesOf(1, 0), (std::vector<qint32>{1700, 1750}));
 }
+
+TEST(ATally, TellsWhatStandsAlongADimension)
+{
+    Tally tally;
+    tally.add({1, {1750, 1}}, 2);
+    tally.add({1, {1750, 2}}, 3);
+    tally.add({1, {1700, 1}}, 4);
+    tally.add({1, {1800, 1}}, 5);
+    tally.add({1, {1800, 2}}, -5);
+    tally.add({2, {1650, 1}}, 8);
+    EXPECT_EQ(tally.along(1, 0), (std::map<qint32, qint64>{{1700, 4}, {1750, 5}}));
+    EXPECT_EQ(tally.along(1, 0, {1700, 1, 0, 0}), (std::map<qint32, qint64>{{1700, 4}, {1750, 2}, {1800, 5}}));
+}
