@@ -31,7 +31,8 @@ struct Step
 };
 
 // One step for each time with events, ascending. `atStart` are at risk from the beginning; they may be fewer than
-// leave, never more; 0 where all enter later.
+// leave, never more; 0 where all enter later. Who goes at the time of entering isn't at risk yet: let them enter
+// before.
 std::vector<Step> kaplanMeier(const std::map<qint32, Exits>& exits, qint64 atStart);
 // Survival behind `time`; 1 before the first step.
 double survivalAt(const std::vector<Step>& steps, qint32 time);
