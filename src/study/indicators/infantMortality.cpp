@@ -128,7 +128,7 @@ Table byLegitimacy(const Reading& reading)
 Reading::Part diedFrom(const Reading& reading, const Group& group, qint32 from, qint32 until)
 {
     Reading::Part part;
-    for (const auto& [day, n] : reading.spread(ExactDied, 3, {group.period, group.gender, any, any}).values.counts())
+    for (const qint32 day : reading.values(ExactDied, 3, {group.period, group.gender, any, any}))
         if (day >= from && day < until)
             part += reading.part(ExactDied, {group.period, group.gender, any, day});
     return part;
