@@ -98,8 +98,8 @@ std::optional<CoaleTrussell> coaleTrussellByPoisson(const std::vector<Borne>& gr
         double byControl = (sums.expected * sums.beyondByV - sums.expectedByV * sums.beyond) / determinant;
         if (std::abs(byLevel) + std::abs(byControl) < settled) return settledAt(sums, logLevel, control);
         // A step that leads down went too far; one that leads down by the last digits is at the top.
-        const double floor = sums.likelihood - settled * std::abs(sums.likelihood);
-        while (sumsAt(groups, logLevel + byLevel, control + byControl).likelihood < floor) {
+        const double least = sums.likelihood - settled * std::abs(sums.likelihood);
+        while (sumsAt(groups, logLevel + byLevel, control + byControl).likelihood < least) {
             byLevel /= 2;
             byControl /= 2;
         }

@@ -10,19 +10,22 @@
 
 namespace study::statistics {
 
-// J. Bourgeois-Pichat, 1951: D(x) = A + B·log10³(x + 1) for deaths cumulated to the ends of the months 1 to 12.
+// J. Bourgeois-Pichat, 1951: D(x) = A + B·log10³(x + 1) for deaths cumulated to the ends of the months 1 to 12. Nothing
+// without deaths.
 struct Endogenous
 {
     double endogenous = 0; // A, in the unit of the deaths; below 0: not applicable
     double slope = 0;      // B
-    bool bent = false;     // the slopes of the two half-years differ by more than a quarter: A means nothing then
+    bool bent = false; // the slopes of months 1–6 and 6–12 differ by more than a quarter of the smaller one: A means
+                       // nothing then
 };
 extern const std::array<int, 12> endsOfMonths;                                          // in days: 31, 61, … 365
 std::optional<Endogenous> endogenousByLine(const std::array<double, 12>& cumulated);    // through months 1 and 12
 std::optional<Endogenous> endogenousBySquares(const std::array<double, 12>& cumulated); // over the 12 ends
 
 // J. Dupâquier, 1979: (D − M)/S over the ten years before. Nothing for the first ten years, for one with a gap among
-// them, or where S is 0.
+// them, or where S is 0. Where crises are skipped, years of a magnitude don't count among the ten; nothing where fewer
+// than five are left.
 struct Crisis
 {
     double index = 0;
@@ -36,7 +39,8 @@ enum class Spread
     ByNLessOne
 };
 std::map<int, Crisis> crises(const std::map<int, double>& deathsByYear, Spread spread, bool skipCrises);
-// Deaths over the mean of the ten neighbours without their two highest and two lowest. By year.
+// Deaths over the mean of the ten neighbours, five to either side, without their two highest and two lowest. By year;
+// nothing where a neighbour is missing, or the mean is 0.
 std::map<int, double> neighbourRatios(const std::map<int, double>& deathsByYear);
 
 // Of k years, k odd; no value where one of them is missing.
