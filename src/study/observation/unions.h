@@ -17,6 +17,7 @@ struct UnionRules
     bool approximateMarriages =
         true;                   // a marriage that isn't exact is one, too; figures that need days ask for themselves
     bool marriedAtDeath = true; // a death act that says "casado" ends the union
+    bool leaveOutContradictory = true; // a family that contradicts itself has no class, and no end
 
     bool operator==(const UnionRules&) const = default;
 };
@@ -42,7 +43,7 @@ enum class OpenBy : quint8
     WidowedAtDeath,    // the one known death says "viúvo": an upper bound alone
     Remarried,         // a remarriage without a death: an upper bound alone
     EndBeforeMarriage, // contradiction
-    ChildAfterEnd      // contradiction: born after the wife's death, or more than 300 days after the husband's
+    ChildAfterEnd      // contradiction: baptised more than 8 days after the wife's death, or 300 after the husband's
 };
 
 enum class BirthBy : quint8
@@ -73,7 +74,8 @@ struct Union
     bool operator==(const Union&) const = default;
 };
 
-// One for each family of the parish, in their order. Pure.
+// One for each family of the parish, in their order. Pure. A contradiction is one by more than the dates may be off (a
+// year where one isn't exact, ten where both are years alone): an approximate end may stand before its marriage.
 std::vector<Union> unionsOf(const parish::Snapshot& parish, const UnionRules& rules);
 
 // "MF I", "MO II", "EF I′", "EO II"; "um só membro", "contradição" where there is no class.
