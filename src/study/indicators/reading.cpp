@@ -58,6 +58,18 @@ Reading::Part Reading::part(quint16 count, const At& at) const
     return found;
 }
 
+Reading::Part Reading::within(quint16 count, int dimension, qint32 from, qint32 until, const At& at) const
+{
+    Part found;
+    each(count, at, [&](const Key& key, qint64 n) {
+        const qint32 value = key.at[static_cast<std::size_t>(dimension)];
+        if (value < from || value >= until) return;
+        found.n += n;
+        found.keys.push_back(key);
+    });
+    return found;
+}
+
 Reading::Spread Reading::spread(quint16 count, int dimension, const At& at) const
 {
     std::map<qint32, qint64> counts;

@@ -30,6 +30,8 @@ public:
     };
     Part part(quint16 count, const At& at = everywhere) const;
     qint64 sum(quint16 count, const At& at = everywhere) const { return part(count, at).n; }
+    // Where one dimension is at least `from` and below `until`.
+    Part within(quint16 count, int dimension, qint32 from, qint32 until, const At& at = everywhere) const;
     // The counts along one dimension.
     struct Spread
     {

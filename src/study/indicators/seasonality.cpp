@@ -118,7 +118,7 @@ report::Plot plotOf(const ByMonth::Group& group, const Counted& events)
     return plot;
 }
 
-// "1750–1799: mais em Fevereiro (242), menos em Dezembro (27)."
+// "1750–1799: mais em Fevereiro (242), menos em Dezembro (28)."
 QString described(const report::Plot& plot)
 {
     const auto less = [](const report::Point& one, const report::Point& other) { return *one.y < *other.y; };

@@ -47,7 +47,7 @@ TEST(Seasonality, OfTheWorkedExampleHasBothPublishedForms)
     ASSERT_EQ(table.notes.size(), 2);
     EXPECT_TRUE(table.notes[1].startsWith("Igualdade de todos os dias do ano: χ² = ")) << qPrintable(table.notes[1]);
     const auto& chart = std::get<Chart>(figures[1]);
-    EXPECT_EQ(chart.described, "mais em Fevereiro (242), menos em Dezembro (27).");
+    EXPECT_EQ(chart.described, "mais em Fevereiro (242), menos em Dezembro (28).");
     EXPECT_EQ(chart.categories.size(), 12);
 }
 
