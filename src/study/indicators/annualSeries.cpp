@@ -223,12 +223,8 @@ Table approximates(const Reading& reading, const AllSeries& all)
     for (int decade = all.years.first / 10 * 10; decade <= all.years.last; decade += 10) {
         table.rows.push_back({report::text(QString("%1–%2").arg(decade).arg(decade + 9))});
         for (const quint16 count : {Baptisms, Marriages, Burials}) {
-            Reading::Part about, whole;
-            for (int year = decade; year < decade + 10; ++year) {
-                about += reading.part(count, {year, 1, any, any});
-                whole += reading.part(count, {year, any, any, any});
-            }
-            table.rows.back().push_back(percent(about, whole));
+            const auto about = reading.within(count, 0, decade, decade + 10, {any, 1, any, any});
+            table.rows.back().push_back(percent(about, reading.within(count, 0, decade, decade + 10)));
         }
     }
     return table;

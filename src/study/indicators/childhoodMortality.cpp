@@ -60,7 +60,8 @@ void fill(const Study& study, const Share& share, Taker& taker)
 // One age group by the three ways.
 struct Quotients
 {
-    qint64 atRisk = 0, died = 0, left = 0;
+    qint64 atRisk = 0;
+    Reading::Part died = {}, left = {};
     std::optional<double> actuarial = {};
     Died km = {};
     Reading::Part seen = {}, seenDied = {};
@@ -79,19 +80,17 @@ std::vector<Quotients> quotientsOf(const Reading& reading, const Survival& survi
     for (std::size_t i = 0; i < groups.size(); ++i) {
         Quotients quotients{alive};
         const qint32 from = groups[i].first * daysOfAnAge, until = groups[i].end * daysOfAnAge;
-        for (auto exit = survival.exits.lower_bound(from); exit != survival.exits.lower_bound(until); ++exit) {
-            quotients.died += exit->second.events;
-            quotients.left += exit->second.left;
-        }
+        quotients.died = reading.within(Dies, 3, from, until, {of.period, of.gender, any, any});
+        quotients.left = reading.within(Leaves, 3, from, until, {of.period, of.gender, any, any});
         if (alive > 0) {
             quotients.actuarial =
-                statistics::actuarialQuotient(static_cast<double>(alive), static_cast<double>(quotients.died),
-                                              static_cast<double>(quotients.left));
+                statistics::actuarialQuotient(static_cast<double>(alive), static_cast<double>(quotients.died.n),
+                                              static_cast<double>(quotients.left.n));
             quotients.km = diedBetween(survival.steps, from, until);
         }
         quotients.seen = reading.part(Seen, {of.period, of.gender, any, static_cast<qint32>(i)});
         quotients.seenDied = reading.part(SeenDied, {of.period, of.gender, any, static_cast<qint32>(i)});
-        alive -= quotients.died + quotients.left;
+        alive -= quotients.died.n + quotients.left.n;
         all.push_back(std::move(quotients));
     }
     return all;
@@ -126,8 +125,8 @@ Table tableOf(const Reading& reading, const Group& of, const QString& id, const 
         pass(actuarial, at.actuarial);
         pass(classic, at.classic());
         table.rows.push_back({report::text(agesTold(groups[i]) + " (" + groups[i].quotient + ")"),
-                              report::number(at.atRisk, survival.keys), report::number(at.died, survival.keys),
-                              report::number(at.left, survival.keys),
+                              report::number(at.atRisk, survival.keys), counted(at.died),
+                              counted(at.left),
                               estimated(at.actuarial, {}, at.atRisk, base, survival.keys),
                               estimated(actuarial, {}, at.atRisk, base, survival.keys),
                               estimated(at.km.probability, at.km.interval, at.atRisk, base, survival.keys),

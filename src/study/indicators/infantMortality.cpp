@@ -127,11 +127,7 @@ Table byLegitimacy(const Reading& reading)
 // Deaths from one day of age on, before another, with both dates exact.
 Reading::Part diedFrom(const Reading& reading, const Group& group, qint32 from, qint32 until)
 {
-    Reading::Part part;
-    for (const qint32 day : reading.values(ExactDied, 3, {group.period, group.gender, any, any}))
-        if (day >= from && day < until)
-            part += reading.part(ExactDied, {group.period, group.gender, any, day});
-    return part;
+    return reading.within(ExactDied, 3, from, until, {group.period, group.gender, any, any});
 }
 
 Table byAge(const Reading& reading, const Settings& settings)
@@ -174,9 +170,7 @@ Table allDeaths(const Reading& reading)
                 {textColumn("Idade"), countColumn("Óbitos"), decimalColumn("Dos de menos de um ano", "%")}};
     const auto all = reading.part(ExactDeaths);
     if (all.n == 0) return table;
-    Reading::Part month;
-    for (qint32 day = 0; day < fourWeeks; ++day)
-        month += reading.part(ExactDeaths, {any, any, any, day});
+    const auto month = reading.within(ExactDeaths, 3, 0, fourWeeks);
     const auto row = [&all](const QString& age, const Reading::Part& part) {
         return std::vector<Cell>{report::text(age), counted(part), percent(part, all)};
     };

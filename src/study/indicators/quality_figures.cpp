@@ -150,9 +150,7 @@ std::optional<double> whipple(const Reading& reading, quint16 count)
 
 void addWhipple(Table& table, const Reading& reading, quint16 count, const QString& name)
 {
-    Reading::Part base;
-    for (qint32 age = 23; age <= 62; ++age)
-        base += reading.part(count, {age, any, any, any});
+    const auto base = reading.within(count, 0, 23, 63); // the ages of the index
     const std::optional<double> index = whipple(reading, count);
     Cell cell = index ? report::number(*index, base.keys) : Cell();
     if (base.n < leastBase) cell.standing = report::Standing::Suppressed;
@@ -180,9 +178,7 @@ Table signs(const Reading& reading)
     if (people.n == 0) return table;
     const auto undetermined = reading.part(People, {any, static_cast<qint32>(parish::Gender::Undetermined), any, any});
     const auto infants = reading.part(InfantDeaths);
-    Reading::Part month;
-    for (qint32 day = 0; day < fourWeeks; ++day)
-        month += reading.part(InfantDeaths, {day, any, any, any});
+    const auto month = reading.within(InfantDeaths, 0, 0, fourWeeks);
     table.rows = {{report::text("Pessoas sem família de origem nem família própria (%)"), percent(unlinked, people),
                    counted(people)},
                   {report::text("Pessoas de sexo indeterminado (%)"), percent(undetermined, people), counted(people)},

@@ -52,7 +52,7 @@ Survival survivalOf(const Reading& reading, quint16 died, quint16 left, const Re
         of.exits[age].left += n;
     of.atStart = deaths.values.n() + leavings.values.n();
     of.steps = statistics::kaplanMeier(of.exits, of.atStart);
-    of.keys = deaths.keys + leavings.keys;
+    of.keys = {{died, at}, {left, at}};
     return of;
 }
 

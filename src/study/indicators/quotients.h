@@ -33,7 +33,7 @@ struct Survival
     std::vector<statistics::Step> steps = {};
     std::map<qint32, statistics::Exits> exits = {};
     qint64 atStart = 0;
-    std::vector<Key> keys = {};
+    std::vector<Key> keys = {}; // with Tally::any where all values of a dimension are in it
 };
 Survival survivalOf(const Reading& reading, quint16 died, quint16 left, const Reading::At& at, int dimension = 3);
 
