@@ -1,6 +1,7 @@
 #include "study/indicators/quality.h"
 
 #include "study/indicators/childhood.h"
+#include "study/indicators/confinements.h"
 #include "study/indicators/quality_p.h"
 #include "study/indicators/scope.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 using namespace quality_counts;
 
-constexpr int daysOfTwins = 3;
 constexpr int monthsOfPregnancy = 8; // fewer: it began before the marriage
 
 qint32 decadeOf(const parish::Date& date)
@@ -60,27 +60,14 @@ void countSpouses(const parish::Family& family, const Study& study, Taker& taker
                         {row.member.person, &family});
 }
 
-// The children stand by birth, those without one last.
 void countConfinements(const parish::Family& family, Taker& taker)
 {
-    const parish::Person* first = nullptr; // of the confinement
-    bool several = false;
-    const auto close = [&] {
-        if (!first) return;
-        taker.count({Confinements, {decadeOf(first->birth)}}, {first, &family});
-        if (several) taker.count({Twins, {decadeOf(first->birth)}}, {first, &family});
-    };
-    for (const parish::Person* child : family.children) {
-        if (!child->birth.isExact()) continue;
-        if (first && parish::daysBetween(first->birth, child->birth) <= daysOfTwins) {
-            several = true;
-            continue;
-        }
-        close();
-        first = child;
-        several = false;
+    for (const Confinement& confinement : confinementsOf(family)) {
+        if (!confinement.day.isExact()) continue;
+        const Who who{confinement.children.front(), &family};
+        taker.count({Confinements, {decadeOf(confinement.day)}}, who);
+        if (confinement.isOfTwins()) taker.count({Twins, {decadeOf(confinement.day)}}, who);
     }
-    close();
 }
 
 void countFirstBirth(const parish::Family& family, Taker& taker)

@@ -37,9 +37,9 @@ inline constexpr std::array<Reason, 4> reasons = {{{BornElsewhere, "nascimento f
                                                    {MarriedElsewhere, "casamento fora da freguesia"},
                                                    {Undated, "família sem data de casamento"}}};
 
-inline constexpr std::array<const char*, 14> classes = {
+inline constexpr std::array<const char*, 15> classes = {
     "MF I", "MF I′", "MF II", "MO I", "MO I′", "MO II", "EF I",
-    "EF I′", "EF II", "EO I", "EO I′", "EO II", "um só membro", "contradição"};
+    "EF I′", "EF II", "EO I", "EO I′", "EO II", "um só membro", "contradição", "marido e mulher por distinguir"};
 
 std::vector<report::Figure> figures(const Tally& tally, const Settings& settings);
 
