@@ -77,10 +77,11 @@ struct Subject
 std::span<const Subject* const> subjects();
 const Subject* subjectOf(const QString& id); // null for an unknown one
 
-// Of the whole parish, on as many threads as are given. Same digits whatever their number.
+// Of the whole parish, on as many threads as are given (one at least). Same digits whatever their number. Throws what
+// the subject's fill() throws.
 Tally tallyOf(const Subject& subject, const Study& study, int threads = 1);
 
-// Who stands behind these cells, each once, in the order of their numbers.
+// Who stands behind these cells, each once, in the order of their numbers. In a key Tally::any stands for every value.
 std::vector<Who> behind(const Subject& subject, const Study& study, const std::vector<Key>& cells);
 
 } // namespace study::indicators

@@ -1,0 +1,30 @@
+// The subjects of a study, in the order of a report. A new one takes a line here, and the header of its group above.
+#include "study/indicators/subject.h"
+
+#include <algorithm>
+
+namespace study::indicators {
+
+std::span<const Subject* const> subjects()
+{
+    static const std::vector<const Subject*> all{
+        // clang-format off
+        // quality
+        // nuptiality
+        // fertility
+        // births
+        // mortality
+        // other
+        // clang-format on
+    };
+    return all;
+}
+
+const Subject* subjectOf(const QString& id)
+{
+    const auto all = subjects();
+    const auto found = std::ranges::find_if(all, [&](const Subject* one) { return id == one->id; });
+    return found == all.end() ? nullptr : *found;
+}
+
+} // namespace study::indicators
