@@ -1,20 +1,32 @@
 #include "study/indicators/deaths.h"
 
+#include "study/parish/codes.h"
+
+#include <algorithm>
+#include <array>
+
 namespace study::indicators {
 
 namespace {
 
-// Classes of the parishioner: 1 innocent, under seven; 2 and 3 minors, without and with confession; others are adults.
-constexpr int innocent = 1;
-constexpr int lastMinor = 3;
-constexpr int married = 2;
-constexpr int widowed = 3;
+using parish::parishClass::innocent;
+using parish::parishClass::minorWithConfession;
+using parish::parishClass::minorWithoutConfession;
+
+// Of full age, the head of a household, a cleric; the other classes (absent, poor, a slave) tell no age.
+constexpr std::array<int, 3> grownClasses = {4, 5, 9};
 constexpr int majority = 25; // of the Ordenações; a bound, and no more
 constexpr int marriageable = 12;
 
 bool wasMarried(const parish::Person& person)
 {
-    return person.stateAtDeath == married || person.stateAtDeath == widowed || !person.unions.empty();
+    return person.stateAtDeath == parish::civil::married || person.stateAtDeath == parish::civil::widowed ||
+           !person.unions.empty();
+}
+
+bool isGrownClass(parish::Code code)
+{
+    return code && std::find(grownClasses.begin(), grownClasses.end(), *code) != grownClasses.end();
 }
 
 AgeAtDeath ageByClass(const parish::Person& person)
@@ -24,10 +36,10 @@ AgeAtDeath ageByClass(const parish::Person& person)
         age.below = endOfInnocence + 1;
     else if (wasMarried(person))
         age.least = marriageable;
-    else if (person.parishClass > innocent && person.parishClass <= lastMinor) {
+    else if (person.parishClass == minorWithoutConfession || person.parishClass == minorWithConfession) {
         age.least = endOfInnocence + 1;
         age.below = majority;
-    } else if (person.parishClass > lastMinor)
+    } else if (isGrownClass(person.parishClass))
         age.least = endOfInnocence + 1;
     else if (person.minor == true)
         age.below = endOfInnocence + 1;

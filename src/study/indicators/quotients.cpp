@@ -7,6 +7,7 @@ namespace study::indicators {
 namespace {
 
 constexpr double perThousand = 1000;
+constexpr qint64 baseOfADecimal = 100;
 
 } // namespace
 
@@ -23,6 +24,7 @@ Cell estimated(std::optional<double> probability, std::optional<statistics::Inte
 {
     if (!probability || atRisk <= 0) return {};
     Cell cell = report::number(*probability * perThousand, std::move(from));
+    if (atRisk < baseOfADecimal) cell.decimals = 0;
     if (atRisk < base.sound) cell.standing = report::Standing::Grey;
     if (atRisk < base.least) cell.standing = report::Standing::Suppressed;
     if (interval && cell.standing != report::Standing::Suppressed)
