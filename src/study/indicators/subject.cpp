@@ -80,6 +80,13 @@ const observation::Presence& Study::presenceOf(const parish::Person& person) con
     return presences[static_cast<std::size_t>(&person - parish.people().data())];
 }
 
+Study studyOf(const parish::Snapshot& parish, const Settings& settings)
+{
+    auto unions = observation::unionsOf(parish, settings.unions);
+    auto presences = observation::presencesOf(parish, unions);
+    return {parish, settings, std::move(unions), std::move(presences)};
+}
+
 Tally tallyOf(const Subject& subject, const Study& study, int threads)
 {
     const auto shares = static_cast<std::size_t>(std::max(1, threads));
