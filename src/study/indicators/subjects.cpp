@@ -1,4 +1,7 @@
 // The subjects of a study, in the order of a report. A new one takes a line here, and the header of its group above.
+#include "study/indicators/annual.h"
+#include "study/indicators/mortality.h"
+#include "study/indicators/quality.h"
 #include "study/indicators/subject.h"
 
 #include <algorithm>
@@ -9,11 +12,20 @@ std::span<const Subject* const> subjects()
 {
     static const std::vector<const Subject*> all{
         // clang-format off
+        &quality,
         // quality
         // nuptiality
         // fertility
         // births
+        &infantMortality,
+        &endogenousMortality,
+        &childhoodMortality,
+        &maternalMortality,
+        &ageAtDeath,
+        &seasonOfDeaths,
+        &mortalityCrises,
         // mortality
+        &annualSeries,
         // other
         // clang-format on
     };
