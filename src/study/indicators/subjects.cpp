@@ -1,6 +1,9 @@
 // The subjects of a study, in the order of a report. A new one takes a line here, and the header of its group above.
 #include "study/indicators/annual.h"
+#include "study/indicators/births.h"
+#include "study/indicators/fertility.h"
 #include "study/indicators/mortality.h"
+#include "study/indicators/nuptiality.h"
 #include "study/indicators/quality.h"
 #include "study/indicators/subject.h"
 
@@ -13,20 +16,39 @@ std::span<const Subject* const> subjects()
     static const std::vector<const Subject*> all{
         // clang-format off
         &quality,
-        // quality
-        // nuptiality
-        // fertility
-        // births
+
+        &ageAtMarriage,
+        &combinedStatus,
+        &ageGap,
+        &remarriage,
+        &marriageDuration,
+        &celibacy,
+        &placeEndogamy,
+        &marriageSeasons,
+
+        &maritalFertility,
+        &lastBirth,
+        &completedSize,
+        &parityProgression,
+
+        &firstInterval,
+        &premaritalConceptions,
+        &birthIntervals,
+        &twins,
+        &sexRatio,
+        &birthSeasons,
+
         &infantMortality,
         &endogenousMortality,
         &childhoodMortality,
         &maternalMortality,
         &ageAtDeath,
+        &orphanhood,
         &seasonOfDeaths,
         &mortalityCrises,
-        // mortality
+
         &annualSeries,
-        // other
+        &godparenthood,
         // clang-format on
     };
     return all;
