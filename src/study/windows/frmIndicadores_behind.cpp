@@ -54,7 +54,7 @@ void FrmIndicadores::showBehind(const QString& what)
         dtgQuem->setRow(1);
     }
     dtgQuem->viewport()->update();
-    lblQuem->setText(what + ": " + countedRecords(behind_.size()) + '.');
+    lblQuem->setText(what + " – " + countedRecords(behind_.size()) + '.');
     showStatus(lblQuem->text());
     offerCommands();
 }

@@ -93,9 +93,10 @@ void FrmIndicadores::showSubject()
     showChart();
     const Table* leftOut = leftOutTable();
     if (leftOut) fillGrid(*dtgNaoContados, *leftOut);
-    lblNaoContados->setText(!sheetOf_                        ? QString()
-                            : !leftOut || leftOut->isEmpty() ? QString("Nada ficou de fora.")
-                                                             : notesOf(*leftOut));
+    lblNaoContados->setText(!sheetOf_                         ? QString()
+                            : leftOut && hasAnybody(*leftOut) ? notesOf(*leftOut)
+                                                              : QString("Nada ficou de fora."));
+    lblNaoContados->setVisible(!lblNaoContados->text().isEmpty());
     offerCommands();
 }
 

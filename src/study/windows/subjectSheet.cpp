@@ -120,6 +120,11 @@ void fillGrid(Grid& grid, const Table& table)
     grid.scrollToTop();
 }
 
+bool hasAnybody(const Table& table)
+{
+    return hasAny(table, [](const Cell& cell) { return !cell.from.empty(); });
+}
+
 const Cell* cellAt(const Table& table, const QModelIndex& index)
 {
     if (!index.isValid()) return nullptr;

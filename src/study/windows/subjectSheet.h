@@ -25,10 +25,12 @@ struct SubjectSheet
 SubjectSheet sheetOf(const std::vector<report::Figure>& figures);
 
 // Fills a grid: titles with their units above, texts to the left and numbers to the right, what rests on few cases in
-// italics. A table without rows empties it. The cell chosen is the first one behind which somebody stands; a change of
-// the table's place in memory asks for another call.
+// italics. A table without rows empties it. The cell chosen is the first one behind which somebody stands.
 // Precondition: the table outlives what the grid shows.
 void fillGrid(Grid& grid, const report::Table& table);
+
+// Whether somebody stands behind a number of the table.
+bool hasAnybody(const report::Table& table);
 
 // The cell that is chosen in a grid of that table, or clicked; null for none.
 const report::Cell* cellAt(const report::Table& table, const QModelIndex& index);
