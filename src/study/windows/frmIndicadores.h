@@ -94,8 +94,6 @@ private:
     const study::report::Table* leftOutTable() const;
     const study::report::Table* tableInFront() const;
     const study::report::Chart* shownChart() const;
-    QString write(const QString& filter, const QString& title,
-                  const std::function<QByteArray(const QString& path)>& bytes);
 
     // frmIndicadores_behind.cpp: who stands behind a number
     void openCell(const study::report::Table* table, const QModelIndex& index);

@@ -3,6 +3,7 @@
 
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
+#include "study/indicators/tallyJson.h"
 #include "study/report/drawing.h"
 #include "study/report/files.h"
 
@@ -102,7 +103,10 @@ void FrmIndicadores::showSubject()
 
 void FrmIndicadores::showMethod()
 {
-    txtMetodo->setText(subject_ ? QString::fromUtf8(subject_->method) : QString());
+    QString text = subject_ ? QString::fromUtf8(subject_->method) : QString();
+    const QStringList altered = sheetOf_ ? indicators::whatDiffers(base_->study->settings, {}) : QStringList();
+    if (!altered.isEmpty()) text += "\r\nContado com definições alteradas: " + altered.join("; ") + '.';
+    txtMetodo->setText(text);
 }
 
 void FrmIndicadores::showTable()
@@ -142,31 +146,21 @@ void FrmIndicadores::drawChart()
     grafico->setChart(next.release());
 }
 
+// As a drawing or as a picture, by the suffix.
 void FrmIndicadores::cmdGravar_Click()
 {
     const Chart* chart = shownChart();
     if (!chart || chart->isEmpty()) return;
-    write("Desenho SVG (*.svg)|*.svg|Imagem PNG (*.png)|*.png", "Gravar o gráfico", [chart](const QString& path) {
-        return path.endsWith(".png", Qt::CaseInsensitive) ? pngOf(*chart) : report::svgOf(*chart, pictureSize);
-    });
-}
-
-// "" where the user gives it up. Throws jet::Error.
-QString FrmIndicadores::write(const QString& filter, const QString& title,
-                              const std::function<QByteArray(const QString& path)>& bytes)
-{
-    const QString path = saveFileName(filter, title);
-    if (path.isEmpty()) return {};
+    const QString path = saveFileName("Desenho SVG (*.svg)|*.svg|Imagem PNG (*.png)|*.png", "Gravar o gráfico");
+    if (path.isEmpty()) return;
     const QString name = '"' + QFileInfo(path).fileName() + '"';
     if (QFileInfo::exists(path)) {
-        if (QFileInfo(path).canonicalFilePath() == QFileInfo(cnBDP.dataSource()).canonicalFilePath()) {
-            showMessage("O ficheiro " + name + " é a própria BDP.");
-            return {};
-        }
-        if (!ask("O ficheiro " + name + " já existe. Deseja substituí-lo?")) return {};
+        if (QFileInfo(path).canonicalFilePath() == QFileInfo(cnBDP.dataSource()).canonicalFilePath())
+            return showMessage("O ficheiro " + name + " é a própria BDP.");
+        if (!ask("O ficheiro " + name + " já existe. Deseja substituí-lo?")) return;
     }
     const Hourglass hourglass;
-    report::writeWhole(path, bytes(path));
+    const bool isPicture = path.endsWith(".png", Qt::CaseInsensitive);
+    report::writeWhole(path, isPicture ? pngOf(*chart) : report::svgOf(*chart, pictureSize));
     showStatus("Gráfico gravado em " + name + '.');
-    return path;
 }
