@@ -1,6 +1,9 @@
 // The subjects of a study, in the order of a report. A new one takes a line here, and the header of its group above.
 #include "study/indicators/annual.h"
+#include "study/indicators/births.h"
+#include "study/indicators/fertility.h"
 #include "study/indicators/mortality.h"
+#include "study/indicators/nuptiality.h"
 #include "study/indicators/quality.h"
 #include "study/indicators/subject.h"
 
@@ -12,11 +15,16 @@ std::span<const Subject* const> subjects()
 {
     static const std::vector<const Subject*> all{
         // clang-format off
-        &quality,
         // quality
+        &quality,
         // nuptiality
+        &ageAtMarriage, &combinedStatus, &remarriage, &ageGap, &placeEndogamy, &marriageSeasons, &celibacy,
+        &marriageDuration,
         // fertility
+        &maritalFertility, &lastBirth, &completedSize, &parityProgression,
         // births
+        &firstInterval, &premaritalConceptions, &birthIntervals, &twins, &sexRatio, &birthSeasons,
+        // mortality
         &infantMortality,
         &endogenousMortality,
         &childhoodMortality,
@@ -24,9 +32,8 @@ std::span<const Subject* const> subjects()
         &ageAtDeath,
         &seasonOfDeaths,
         &mortalityCrises,
-        // mortality
-        &annualSeries,
         // other
+        &annualSeries,
         // clang-format on
     };
     return all;

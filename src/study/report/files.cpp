@@ -109,13 +109,13 @@ Json resourceOf(const Section& section, const Table& table, const Sheet& sheet, 
     return resource;
 }
 
-Json sourceOf(const Source& source)
+Json sourceOf(const parish::Source& source)
 {
     Json json;
     put(json, "title", "BDP " + QFileInfo(source.path).fileName() + ", SHA-256 " + source.sha256);
     put(json, "hash", "sha256:" + source.sha256);
     json["bytes"] = source.bytes;
-    put(json, "read", moment(source.read));
+    put(json, "read", moment(source.readAt));
     return json;
 }
 
@@ -128,7 +128,7 @@ Json packageOf(const Report& report, const Json& resources)
     put(package, "created", moment(report.made));
     put(package, "generator", report.program);
     package["sources"] = Json::array();
-    for (const Source& source : report.sources)
+    for (const parish::Source& source : report.sources)
         package["sources"].push_back(sourceOf(source));
     package["settings"] = Json::array();
     for (const Told& setting : report.settings)

@@ -64,9 +64,9 @@ QString entry(const QString& name, const QString& value)
 QString sourcesOf(const Report& report)
 {
     QString all;
-    for (const Source& source : report.sources)
+    for (const parish::Source& source : report.sources)
         all += tag("dl", entry("Ficheiro", source.path) + entry("Tamanho", sizeText(source.bytes)) +
-                             entry("SHA-256", source.sha256) + entry("Lido em", momentText(source.read)));
+                             entry("SHA-256", source.sha256) + entry("Lido em", momentText(source.readAt)));
     return all.isEmpty() ? QString()
                          : tag("section", {{"class", "fontes"}},
                                tag("h2", {{"id", "fontes"}}, report.sources.size() == 1 ? "Fonte" : "Fontes") + all) +
