@@ -41,7 +41,7 @@ protected:
 TEST_F(TheReportOfTheDemonstration, HasAgesAndIntervals)
 {
     const auto report = reportBy({});
-    EXPECT_EQ(report.parish, "São Mamede de Moinhos");
+    EXPECT_EQ(report.parish, "São Mamede da Ribeira");
     EXPECT_EQ(report.parishCode, "030899");
     const auto ages = figuresOf(report, "idade-ao-casamento");
     EXPECT_NEAR(Counting::value(Counting::tableOf(ages, "idade-homens"), "Todos", "Média"), 28.75, 0.005);
