@@ -44,6 +44,19 @@ TEST(AnAge, IsCompletedByTheCalendar)
     EXPECT_EQ(completedYears(dateOf(QDate(1700, 1, 1), false), exact(1720, 6, 30)), 19);
 }
 
+TEST(AnAge, IsNotTheDaysByAMeanYear)
+{
+    const Date birth = exact(1720, 3, 12);
+    const auto ages = [](const Date& from, const Date& to) {
+        return std::pair(daysBetween(from, to), completedYears(from, to));
+    };
+    EXPECT_EQ(ages(birth, exact(1744, 10, 1)), std::pair(8969, 24));
+    EXPECT_EQ(ages(birth, exact(1745, 3, 11)), std::pair(9130, 24));
+    EXPECT_EQ(ages(birth, exact(1745, 3, 12)), std::pair(9131, 25)); // 24.999 by days
+    EXPECT_EQ(ages(birth, exact(1769, 10, 1)), std::pair(18100, 49));
+    EXPECT_EQ(ages(exact(1750, 6, 1), exact(1750, 12, 15)), std::pair(197, 0));
+}
+
 TEST(AnAge, IsReachedOnABirthday)
 {
     EXPECT_EQ(birthday(exact(1704, 2, 29), 15), QDate(1719, 3, 1));
