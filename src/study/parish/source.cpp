@@ -8,9 +8,7 @@ namespace study::parish {
 Source sourceOf(const QString& path)
 {
     Source source{.path = path};
-    source.readAt = QDateTime::currentDateTime();
-    source.readAt.setTime(
-        QTime(source.readAt.time().hour(), source.readAt.time().minute(), source.readAt.time().second()));
+    source.readAt = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch());
     QFile file(path);
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return source;
