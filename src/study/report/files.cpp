@@ -28,14 +28,14 @@ const char* const profile = "tabular-data-package";
 constexpr qsizetype longestName = 100;
 constexpr qint64 largestPackage = 64 << 20; // bytes of a description that is read back
 
-std::string utf8(const QString& text)
+std::string utf8(const QString& given)
 {
-    return text.toStdString();
+    return given.toStdString();
 }
 
-void put(Json& json, const char* key, const QString& text)
+void put(Json& json, const char* key, const QString& given)
 {
-    if (!text.isEmpty()) json[key] = utf8(text);
+    if (!given.isEmpty()) json[key] = utf8(given);
 }
 
 QString hashOf(const QByteArray& bytes)
@@ -43,9 +43,9 @@ QString hashOf(const QByteArray& bytes)
     return "sha256:" + QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
 }
 
-QString slug(const QString& text)
+QString slug(const QString& given)
 {
-    return identifier(text).replace('_', '-');
+    return identifier(given).replace('_', '-');
 }
 
 QString moment(const QDateTime& when)

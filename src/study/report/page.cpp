@@ -29,14 +29,14 @@ QString sectionAnchor(std::size_t chapter, std::size_t section)
     return QString("c%1-%2").arg(chapter + 1).arg(section + 1);
 }
 
-QString link(const QString& anchor, const QString& text)
+QString link(const QString& anchor, const QString& given)
 {
-    return tag("a", {{"href", '#' + anchor}}, escaped(text));
+    return tag("a", {{"href", '#' + anchor}}, escaped(given));
 }
 
-QString numbered(const QString& number, const QString& title)
+QString numbered(const QString& label, const QString& title)
 {
-    return number + ' ' + title;
+    return label + ' ' + title;
 }
 
 QString contentsOf(const Report& report)
