@@ -31,6 +31,7 @@ enum Count : quint16
     Money,      // period, currency, of one testator, units
     Heirs,      // label of the kinship; code 0 where it isn't told
     HeirSex,
+    Left, // land, movables
     Elsewhere,
     OutOfPeriod,
     OutOfBooks,
@@ -42,12 +43,26 @@ enum Count : quint16
     WrongTotal
 };
 
-constexpr const char* counts[] = {
-    "óbitos",          "escritos",         "estado civil",        "sufrágios",
-    "missas por tipo", "ofícios por tipo", "esmolas por tipo",    "dinheiro",
-    "herdeiros",       "sexo do herdeiro", "noutra paróquia",     "fora do período",
-    "fora dos livros", "sem idade",        "sexo por determinar", "sem indicação de testamento",
-    "sem quantidade",  "sem moeda",        "total contraditório"};
+constexpr const char* counts[] = {"óbitos",
+                                  "escritos",
+                                  "estado civil",
+                                  "sufrágios",
+                                  "missas por tipo",
+                                  "ofícios por tipo",
+                                  "esmolas por tipo",
+                                  "dinheiro",
+                                  "herdeiros",
+                                  "sexo do herdeiro",
+                                  "bens",
+                                  "noutra paróquia",
+                                  "fora do período",
+                                  "fora dos livros",
+                                  "sem idade",
+                                  "sexo por determinar",
+                                  "sem indicação de testamento",
+                                  "sem quantidade",
+                                  "sem moeda",
+                                  "total contraditório"};
 
 constexpr Reason leftOut[] = {
     {Elsewhere, reasons::notLocal},
@@ -186,6 +201,7 @@ private:
             add(Heirs, named("Paren", row.kinship));
             const Gender sex = row.heir.person ? row.heir.person->gender : Gender::Undetermined;
             add(HeirSex, {static_cast<qint32>(sex)});
+            add(Left, {row.hasLand ? 1 : 0, row.hasMovables ? 1 : 0});
         }
     }
     Reading::At named(const QString& category, parish::Code code) const
@@ -343,6 +359,23 @@ Table heirSexes(const Reading& reading)
     return table;
 }
 
+Table goods(const Reading& reading)
+{
+    Table table{
+        "bens", "O que se lega", {textColumn("Bens"), countColumn("Legados"), decimalColumn("Em 100", "%")}, {}, {}};
+    const Reading::Part all = reading.part(Left);
+    if (all.n == 0) return table;
+    const auto row = [&](const char* name, qint32 land, qint32 movables) {
+        const Reading::Part part = reading.part(Left, {land, movables, any, any});
+        table.rows.push_back({report::text(name), counted(part), percent(part, all)});
+    };
+    row("bens de raiz", 1, 0);
+    row("bens móveis", 0, 1);
+    row("uns e outros", 1, 1);
+    row("por dizer", 0, 0);
+    return table;
+}
+
 std::vector<Figure> figures(const Tally& tally, const Settings& settings)
 {
     const Reading reading(tally);
@@ -357,6 +390,7 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             byLabel(reading, Heirs, {"herdeiros", "Legados por parentesco do herdeiro", {}, {}, {}}, "Parentesco",
                     "Legados"),
             heirSexes(reading),
+            goods(reading),
             leftOutTable(reading, leftOut)};
 }
 

@@ -28,7 +28,9 @@ enum Count : quint16
     Told,      // moment, sex, whether a profession is told
     SameAsSon, // label of the father's: sons who have it too
     OtherThanSon,
-    Cohort, // of the son's birth, whether the profession is the father's
+    Cohort,    // of the son's birth, whether the profession is the father's
+    ByGroup,   // moment, major group of HISCO
+    GroupPair, // the father's, the son's
     NoCode,
     NoDate,
     OutOfPeriod,
@@ -37,10 +39,11 @@ enum Count : quint16
     SonNotTold
 };
 
-constexpr const char* counts[] = {"ao casamento",      "ao primeiro filho",  "ao óbito",        "em toda a vida",
-                                  "conhecida",         "filho com a do pai", "filho com outra", "coorte do filho",
-                                  "sem código",        "sem data",           "fora do período", "sem pai ligado",
-                                  "pai sem profissão", "filho sem profissão"};
+constexpr const char* counts[] = {
+    "ao casamento",    "ao primeiro filho",     "ao óbito",          "em toda a vida",
+    "conhecida",       "filho com a do pai",    "filho com outra",   "coorte do filho",
+    "grupo HISCO",     "grupos de pai e filho", "sem código",        "sem data",
+    "fora do período", "sem pai ligado",        "pai sem profissão", "filho sem profissão"};
 
 constexpr Reason leftOut[] = {{NoCode, "profissão sem código"},
                               {NoDate, "profissão sem data (só conta em toda a vida)"},
@@ -107,6 +110,23 @@ Date firstChildOf(const Person& person)
     return first;
 }
 
+// The major groups of HISCO, with those that it counts as one joined: 0 where the profession has no code.
+constexpr const char* majorGroups[] = {"sem código HISCO",
+                                       "0/1 Profissões liberais e técnicas",
+                                       "2 Administração e direcção",
+                                       "3 Escriturários",
+                                       "4 Comércio",
+                                       "5 Serviços",
+                                       "6 Agricultura, gado, mata e pesca",
+                                       "7/8/9 Ofícios, indústria e transportes"};
+
+qint32 majorGroupOf(const QString& hisco)
+{
+    if (hisco.isEmpty() || !hisco.front().isDigit()) return 0;
+    static constexpr int firstOfTheCrafts = 7;
+    return std::clamp(hisco.front().digitValue(), 1, firstOfTheCrafts);
+}
+
 class Worker
 {
 public:
@@ -141,7 +161,9 @@ private:
         if (!study_.settings.period.holds(day.year())) return add(OutOfPeriod);
         const Profession* told = toldNear(person_, day);
         add(Told, {moment, static_cast<qint32>(person_.gender), told ? 1 : 0});
-        if (told) add(which, label(*told));
+        if (!told) return;
+        add(which, label(*told));
+        add(ByGroup, {moment, group(*told)});
     }
     void countAgainstFather() const
     {
@@ -157,12 +179,14 @@ private:
         if (!his) return add(FatherNotTold);
         const bool isSame = *his->code == *mine->code;
         add(isSame ? SameAsSon : OtherThanSon, label(*his));
+        add(GroupPair, {group(*his), group(*mine)});
         add(Cohort, {periodOf(person_.birth.year(), study_.settings), isSame ? 1 : 0});
     }
     Reading::At label(const Profession& row) const
     {
         return labelled(study_.parish.catalogue().professions.value(*row.code), *row.code);
     }
+    qint32 group(const Profession& row) const { return majorGroupOf(study_.parish.catalogue().hisco.value(*row.code)); }
     void add(Count which, const Reading::At& at = {}) const { taker_.count({which, at}, {&person_, nullptr}); }
 
     const Person& person_;
@@ -248,6 +272,46 @@ Table fathersAndSons(const Reading& reading)
     return table;
 }
 
+Table byGroup(const Reading& reading)
+{
+    Table table{"grupos-hisco", "Profissões por grande grupo HISCO", {textColumn("Grupo")}, {}, {}};
+    constexpr const char* moments[] = {"Ao casar", "Ao primeiro filho", "Ao morrer"};
+    for (const char* moment : moments) {
+        table.columns.push_back(countColumn(moment));
+        table.columns.push_back(decimalColumn(QString(moment) + ", em 100", "%"));
+    }
+    if (reading.sum(ByGroup) == 0) return table;
+    for (qint32 group = 0; group < static_cast<qint32>(std::size(majorGroups)); ++group) {
+        std::vector<Cell> row = {report::text(majorGroups[group])};
+        for (qint32 moment = Marriage; moment <= Death; ++moment) {
+            const Reading::Part part = reading.part(ByGroup, {moment, group, any, any});
+            row.push_back(counted(part));
+            row.push_back(percent(part, reading.part(ByGroup, {moment, any, any, any})));
+        }
+        table.rows.push_back(row);
+    }
+    return table;
+}
+
+Table groupsOfSons(const Reading& reading)
+{
+    Table table{"grupos-de-pai-a-filho",
+                "Grande grupo HISCO do pai (linhas) e do filho (colunas)",
+                {textColumn("Pai")},
+                {},
+                {}};
+    if (reading.sum(GroupPair) == 0) return table;
+    for (const char* name : majorGroups)
+        table.columns.push_back(countColumn(name));
+    for (qint32 his = 0; his < static_cast<qint32>(std::size(majorGroups)); ++his) {
+        std::vector<Cell> row = {report::text(majorGroups[his])};
+        for (qint32 sons = 0; sons < static_cast<qint32>(std::size(majorGroups)); ++sons)
+            row.push_back(counted(reading.part(GroupPair, {his, sons, any, any})));
+        table.rows.push_back(row);
+    }
+    return table;
+}
+
 Table cohorts(const Reading& reading, const Settings& settings)
 {
     Table table{"coortes-de-filhos",
@@ -275,7 +339,9 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             table(AtFirstChild, "ao-primeiro-filho", "Profissões ao nascer o primeiro filho"),
             table(AtDeath, "ao-morrer", "Profissões ao morrer"),
             table(Ever, "em-toda-a-vida", "Profissões em toda a vida (uma pessoa pode ter várias)"),
+            byGroup(reading),
             fathersAndSons(reading),
+            groupsOfSons(reading),
             cohorts(reading, settings),
             leftOutTable(reading, leftOut)};
 }

@@ -1,4 +1,6 @@
 // The subjects of a study, in the order of a report. A new one takes a line here, and the header of its group above.
+#include "study/indicators/nuptiality.h"
+#include "study/indicators/other.h"
 #include "study/indicators/subject.h"
 
 #include <algorithm>
@@ -11,10 +13,13 @@ std::span<const Subject* const> subjects()
         // clang-format off
         // quality
         // nuptiality
+        &ageAtMarriage, &combinedStatus, &remarriage, &ageGap, &placeEndogamy, &kinEndogamy, &marriageSeasons, &celibacy,
+        &marriageDuration,
         // fertility
         // births
         // mortality
         // other
+        &mobility, &passports, &literacy, &professions, &bequests,
         // clang-format on
     };
     return all;

@@ -90,10 +90,13 @@ TEST_F(Bequests, TellTheHeirs)
 {
     run("insert into infocomplementar (categoria, codigo, descricao) values ('Paren', '4', 'Filha')");
     const qint64 who = dies('f', "1720-03-01", 1), heir = person({"Ana", 'f'});
-    run("insert into legadosprofanos (nind, idlegprof, nindherd, parentesco) values (?, 1, ?, 4)", {who, heir});
+    run("insert into legadosprofanos (nind, idlegprof, nindherd, parentesco, bensraiz) values (?, 1, ?, 4, 'O campo')",
+        {who, heir});
     run("insert into legadosprofanos (nind, idlegprof, nindherd, parentesco) values (?, 2, null, null)", {who});
     const auto figures = figuresFor(bequests);
     EXPECT_EQ(value(tableOf(figures, "herdeiros"), "Filha", "Legados"), 1);
     EXPECT_EQ(value(tableOf(figures, "herdeiros"), "por dizer", "Legados"), 1);
+    EXPECT_EQ(value(tableOf(figures, "bens"), "bens de raiz", "Legados"), 1);
+    EXPECT_EQ(value(tableOf(figures, "bens"), "por dizer", "Legados"), 1);
     EXPECT_EQ(value(tableOf(figures, "sexo-dos-herdeiros"), "mulheres", "Legados"), 1);
 }

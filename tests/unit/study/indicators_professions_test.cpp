@@ -11,8 +11,10 @@ protected:
     Professions()
     {
         run("delete from profissao");
-        run("insert into profissao (codprof, profissao) values (1, 'Lavrador'), (2, 'Ferreiro'), (3, 'Trabalhador de "
-            "enxada')");
+        run("insert into profissao (codprof, profissao, obs) values (1, 'Lavrador', 'HISCO 61110'), (2, 'Ferreiro', "
+            "'HISCO "
+            "83110'), (3, 'Trabalhador de "
+            "enxada', null)");
     }
     void works(qint64 who, int code, const char* day)
     {
@@ -35,6 +37,7 @@ TEST_F(Professions, AreThoseToldNearTheEvent)
     const Table marriage = tableOf(figures, "ao-casar"), life = tableOf(figures, "em-toda-a-vida");
     ASSERT_EQ(marriage.rows.size(), 1U);
     EXPECT_EQ(value(marriage, "Ferreiro", "Pessoas"), 1);
+    EXPECT_EQ(value(tableOf(figures, "grupos-hisco"), "7/8/9 Ofícios, indústria e transportes", "Ao casar"), 1);
     EXPECT_TRUE(tableOf(figures, "ao-primeiro-filho").isEmpty());
     EXPECT_TRUE(tableOf(figures, "ao-morrer").isEmpty());
     EXPECT_EQ(life.rows.size(), 3U);
@@ -67,6 +70,9 @@ TEST_F(Professions, GoFromFatherToSon)
     EXPECT_EQ(value(table, "Lavrador", "Filhos"), 2);
     EXPECT_EQ(value(table, "Lavrador", "Com a mesma"), 1);
     EXPECT_EQ(value(table, "Todas", "Filhos"), 2);
+    EXPECT_EQ(value(tableOf(figures, "grupos-de-pai-a-filho"), "6 Agricultura, gado, mata e pesca",
+                    "7/8/9 Ofícios, indústria e transportes"),
+              1);
     EXPECT_EQ(value(tableOf(figures, "coortes-de-filhos"), "1700–1749", "Com a mesma"), 1);
     EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"de pai a filho: sem pai ligado", 1}}));
 }
