@@ -1,4 +1,6 @@
 // The subjects of a study, in the order of a report. A new one takes a line here, and the header of its group above.
+#include "study/indicators/births.h"
+#include "study/indicators/fertility.h"
 #include "study/indicators/subject.h"
 
 #include <algorithm>
@@ -12,7 +14,10 @@ std::span<const Subject* const> subjects()
         // quality
         // nuptiality
         // fertility
+        &maritalFertility, &lastBirth, &completedSize, &parityProgression,
         // births
+        &firstInterval, &premaritalConceptions, &birthIntervals, &twins, &sexRatio, &birthSeasons, &illegitimacy,
+        &foundlings, &parentsAge,
         // mortality
         // other
         // clang-format on
