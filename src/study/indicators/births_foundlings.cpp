@@ -87,13 +87,13 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
 {
     const Reading reading(tally);
     if (reading.isEmpty()) return natality::withoutData(foundlings.title);
-    std::vector<report::Figure> figures{numberTable(reading, settings)};
+    std::vector<report::Figure> all{numberTable(reading, settings)};
     for (report::Figure& figure :
          monthFigures(reading, {"expostos-por-mes", "Expostos por mês", "expostos", byMonth, 0, {{}}}))
-        figures.push_back(std::move(figure));
-    figures.emplace_back(survivalTable(reading));
-    figures.emplace_back(leftOutTable(reading, whyNot));
-    return figures;
+        all.push_back(std::move(figure));
+    all.emplace_back(survivalTable(reading));
+    all.emplace_back(leftOutTable(reading, whyNot));
+    return all;
 }
 
 } // namespace
