@@ -20,12 +20,17 @@ std::span<const Subject* const> subjects()
         &infantMortality,
         &endogenousMortality,
         &childhoodMortality,
+        &adultMortality,
         &maternalMortality,
         &ageAtDeath,
+        &orphanhood,
         &seasonOfDeaths,
         &mortalityCrises,
+        &lastSacraments,
         // mortality
         &annualSeries,
+        &godparenthood,
+        &givenNames,
         // other
         // clang-format on
     };
