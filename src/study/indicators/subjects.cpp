@@ -4,6 +4,7 @@
 #include "study/indicators/fertility.h"
 #include "study/indicators/mortality.h"
 #include "study/indicators/nuptiality.h"
+#include "study/indicators/other.h"
 #include "study/indicators/quality.h"
 #include "study/indicators/subject.h"
 
@@ -18,22 +19,18 @@ std::span<const Subject* const> subjects()
         // quality
         &quality,
         // nuptiality
-        &ageAtMarriage, &combinedStatus, &remarriage, &ageGap, &placeEndogamy, &marriageSeasons, &celibacy,
+        &ageAtMarriage, &combinedStatus, &remarriage, &ageGap, &placeEndogamy, &kinEndogamy, &marriageSeasons, &celibacy,
         &marriageDuration,
         // fertility
         &maritalFertility, &lastBirth, &completedSize, &parityProgression,
         // births
-        &firstInterval, &premaritalConceptions, &birthIntervals, &twins, &sexRatio, &birthSeasons,
+        &firstInterval, &premaritalConceptions, &birthIntervals, &twins, &sexRatio, &birthSeasons, &illegitimacy,
+        &foundlings, &parentsAge,
         // mortality
-        &infantMortality,
-        &endogenousMortality,
-        &childhoodMortality,
-        &maternalMortality,
-        &ageAtDeath,
-        &seasonOfDeaths,
-        &mortalityCrises,
+        &infantMortality, &endogenousMortality, &childhoodMortality, &adultMortality, &maternalMortality, &ageAtDeath,
+        &orphanhood, &seasonOfDeaths, &mortalityCrises, &lastSacraments,
         // other
-        &annualSeries,
+        &annualSeries, &mobility, &passports, &literacy, &professions, &bequests, &godparenthood, &givenNames,
         // clang-format on
     };
     return all;
