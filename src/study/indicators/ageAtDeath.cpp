@@ -13,10 +13,10 @@ constexpr qint32 any = Reading::any;
 // Period of the death, gender, then what the count tells.
 enum Count : quint16
 {
-    ByDates,   // age in completed years; hundredths of a year
-    ByAct,     // age as told, in completed years
-    ByClass,   // place of the class in `vague`
-    Ageless,   // the first of the reasons
+    ByDates, // age in completed years; hundredths of a year
+    ByAct,   // age as told, in completed years
+    ByClass, // place of the class in `vague`
+    Ageless, // the first of the reasons
     Elsewhere,
     OutOfBooks,
     Contradictory
@@ -41,17 +41,8 @@ struct Ages
 {
     int first, end;
 };
-constexpr std::array<Ages, 11> classes = {{{0, 1},
-                                           {1, 5},
-                                           {5, 10},
-                                           {10, 20},
-                                           {20, 30},
-                                           {30, 40},
-                                           {40, 50},
-                                           {50, 60},
-                                           {60, 70},
-                                           {70, 80},
-                                           {80, 1000}}};
+constexpr std::array<Ages, 11> classes = {
+    {{0, 1}, {1, 5}, {5, 10}, {10, 20}, {20, 30}, {30, 40}, {40, 50}, {50, 60}, {60, 70}, {70, 80}, {80, 1000}}};
 constexpr double hundredths = 100;
 
 qint32 vagueOf(const AgeAtDeath& age)
@@ -105,13 +96,12 @@ Cell statedMean(const Reading::Spread& stated)
 
 Table means(const Reading& reading, const Settings& settings)
 {
-    Table table{"idade-media", "Idade média ao óbito, por período e sexo",
+    Table table{"idade-media",
+                "Idade média ao óbito, por período e sexo",
                 {textColumn("Óbitos"), countColumn("Pelas datas"), decimalColumn("Idade média", "anos"),
                  decimalColumn("Idade mediana", "anos"), decimalColumn("Dos de 20 e mais", "anos"),
                  countColumn("Idade declarada"), decimalColumn("Idade média declarada", "anos")}};
-    std::vector<Group> groups = groupsOf(reading, ByDates);
-    if (groups.empty()) groups = groupsOf(reading, ByAct);
-    for (const Group& group : groups) {
+    for (const Group& group : groupsOf(reading, {ByDates, ByAct})) {
         const At at = {group.period, group.gender, any, any};
         const auto exact = reading.spread(ByDates, 3, at), stated = reading.spread(ByAct, 2, at);
         std::map<qint32, qint64> grown;
@@ -119,9 +109,8 @@ Table means(const Reading& reading, const Settings& settings)
             if (age >= 20 * hundredths) grown[age] = n;
         const Reading::Spread adults{statistics::Distribution(grown), reading.within(ByDates, 2, 20, 1000, at).keys};
         table.rows.push_back({report::text(told(group, settings)), report::number(exact.values.n(), exact.keys),
-                              meanCell(exact, hundredths), medianCell(exact, hundredths),
-                              meanCell(adults, hundredths), report::number(stated.values.n(), stated.keys),
-                              statedMean(stated)});
+                              meanCell(exact, hundredths), medianCell(exact, hundredths), meanCell(adults, hundredths),
+                              report::number(stated.values.n(), stated.keys), statedMean(stated)});
     }
     table.notes = {"Só descreve: a idade média ao óbito depende de quantos há de cada idade, e não mede a mortalidade.",
                    "As idades declaradas são anos completos; à sua média juntou-se meio ano."};
@@ -130,7 +119,8 @@ Table means(const Reading& reading, const Settings& settings)
 
 Table classesOf(const Reading& reading, qint32 gender, const QString& id, const QString& title)
 {
-    Table table{id, title,
+    Table table{id,
+                title,
                 {textColumn("Idade"), countColumn("Pelas datas"), countColumn("Declarada"), countColumn("Todos"),
                  decimalColumn("De todos", "%")}};
     const At at = {any, gender, any, any};
@@ -144,7 +134,7 @@ Table classesOf(const Reading& reading, qint32 gender, const QString& id, const 
         table.rows.push_back({report::text(name), counted(exact), counted(stated), counted(both), percent(both, all)});
     };
     for (const Ages& ages : classes) {
-        const QString name = ages.end == 1000            ? QString("%1 e mais").arg(ages.first)
+        const QString name = ages.end == 1000             ? QString("%1 e mais").arg(ages.first)
                              : ages.end == ages.first + 1 ? QString::number(ages.first)
                                                           : QString("%1–%2").arg(ages.first).arg(ages.end - 1);
         add(name, reading.within(ByDates, 2, ages.first, ages.end, at),
@@ -187,16 +177,17 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
 
 } // namespace
 
-const Subject ageAtDeath = {
-    "idade-ao-obito",
-    "Mortalidade",
-    "Idade ao óbito",
-    "Contam os óbitos da freguesia, com a idade pelas datas de nascimento e óbito ou, à parte, pela que o acto declara. "
-    "Quem não tem idade conta pela classe de paroquiano ou como menor. A idade média depende da estrutura das idades da "
-    "população: não compara a mortalidade de dois tempos ou lugares.",
-    names,
-    reasons,
-    fill,
-    figures};
+const Subject ageAtDeath = {"idade-ao-obito",
+                            "Mortalidade",
+                            "Idade ao óbito",
+                            "Contam os óbitos da freguesia, com a idade pelas datas de nascimento e óbito ou, à parte, "
+                            "pela que o acto declara. "
+                            "Quem não tem idade conta pela classe de paroquiano ou como menor. A idade média depende "
+                            "da estrutura das idades da "
+                            "população: não compara a mortalidade de dois tempos ou lugares.",
+                            names,
+                            reasons,
+                            fill,
+                            figures};
 
 } // namespace study::indicators

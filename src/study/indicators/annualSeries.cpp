@@ -22,7 +22,7 @@ enum Count : quint16
     OutOfPeriod,
     OutOfBooks
 };
-constexpr std::array<const char*, 7> names = {"baptismos",         "casamentos",     "obitos",         "concepcoes",
+constexpr std::array<const char*, 7> names = {"baptismos",         "casamentos",      "obitos",         "concepcoes",
                                               "fora-da-freguesia", "fora-do-periodo", "fora-dos-livros"};
 constexpr std::array<Reason, 3> reasons = {{{Elsewhere, "acto de outra freguesia"},
                                             {OutOfPeriod, "acto fora do período do estudo"},
@@ -78,8 +78,8 @@ struct AllSeries
 {
     YearSpan years = {};
     std::map<int, double> baptisms = {}, marriages = {}, adults = {}, children = {}, ageless = {}, conceptions = {};
-    std::map<int, double> burials = {};            // of all; where adults and children are covered
-    std::map<int, double> balance = {}, sum = {};  // natural; the sum begins anew behind a gap
+    std::map<int, double> burials = {};                                 // of all; where adults and children are covered
+    std::map<int, double> balance = {}, sum = {};                       // natural; the sum begins anew behind a gap
     std::map<int, double> baptismsByMarriage = {}, laggedBaptisms = {}; // by a marriage of the year, of five before
 };
 
@@ -137,24 +137,23 @@ AllSeries seriesOf(const Reading& reading, const Settings& settings)
 
 Table acts(const Reading& reading, const AllSeries& all)
 {
-    Table table{"actos-por-ano", "Actos por ano",
-                {textColumn("Ano"), countColumn("Baptismos"), countColumn("Casamentos"),
-                 countColumn("Óbitos"), countColumn("Adultos"), countColumn("Menores de 7"), countColumn("Sem idade"),
+    Table table{"actos-por-ano",
+                "Actos por ano",
+                {textColumn("Ano"), countColumn("Baptismos"), countColumn("Casamentos"), countColumn("Óbitos"),
+                 countColumn("Adultos"), countColumn("Menores de 7"), countColumn("Sem idade"),
                  countColumn("Concepções"), countColumn("Saldo natural"), countColumn("Saldo acumulado"),
                  decimalColumn("Baptismos por casamento", ""),
                  decimalColumn("Baptismos por casamento de 5 anos antes", "")}};
     if (all.years.first == 0) return table;
     for (int year = all.years.first; year <= all.years.last; ++year)
-        table.rows.push_back({report::text(QString::number(year)),
-                              yearCell(reading, Baptisms, all.baptisms, year),
-                              yearCell(reading, Marriages, all.marriages, year),
-                              yearCell(reading, Burials, all.burials, year),
-                              yearCell(reading, Burials, all.adults, year, buried(Buried::Adult)),
-                              yearCell(reading, Burials, all.children, year, buried(Buried::Child)),
-                              yearCell(reading, Burials, all.ageless, year, buried(Buried::Ageless)),
-                              yearCell(reading, Conceptions, all.conceptions, year),
-                              valueCell(all.balance, year), valueCell(all.sum, year),
-                              valueCell(all.baptismsByMarriage, year), valueCell(all.laggedBaptisms, year)});
+        table.rows.push_back(
+            {report::text(QString::number(year)), yearCell(reading, Baptisms, all.baptisms, year),
+             yearCell(reading, Marriages, all.marriages, year), yearCell(reading, Burials, all.burials, year),
+             yearCell(reading, Burials, all.adults, year, buried(Buried::Adult)),
+             yearCell(reading, Burials, all.children, year, buried(Buried::Child)),
+             yearCell(reading, Burials, all.ageless, year, buried(Buried::Ageless)),
+             yearCell(reading, Conceptions, all.conceptions, year), valueCell(all.balance, year),
+             valueCell(all.sum, year), valueCell(all.baptismsByMarriage, year), valueCell(all.laggedBaptisms, year)});
     table.notes = {"Um ano fora dos livros ou numa lacuna não tem valor; não é zero.",
                    "O saldo acumulado começa de novo depois de uma lacuna.",
                    "As concepções são os nascimentos com data exacta, nove meses antes."};
@@ -205,9 +204,8 @@ Table averages(const AllSeries& all, const Settings& settings)
         for (std::size_t i = 0; i < series.size(); ++i) {
             row.push_back(valueCell(means[i], year));
             const auto found = series[i].second->find(year);
-            row.push_back(bases[i] && found != series[i].second->end()
-                              ? report::number(found->second / *bases[i] * 100)
-                              : Cell());
+            row.push_back(bases[i] && found != series[i].second->end() ? report::number(found->second / *bases[i] * 100)
+                                                                       : Cell());
         }
         table.rows.push_back(std::move(row));
     }
@@ -216,7 +214,8 @@ Table averages(const AllSeries& all, const Settings& settings)
 
 Table approximates(const Reading& reading, const AllSeries& all)
 {
-    Table table{"datas-aproximadas", "Actos com data aproximada, por dez anos",
+    Table table{"datas-aproximadas",
+                "Actos com data aproximada, por dez anos",
                 {textColumn("Anos"), decimalColumn("Baptismos", "%"), decimalColumn("Casamentos", "%"),
                  decimalColumn("Óbitos", "%")}};
     if (all.years.first == 0) return table;
@@ -234,12 +233,12 @@ report::Chart chartOf(const AllSeries& all, const Settings& settings)
 {
     report::Chart chart{"actos-por-ano", "Baptismos, casamentos e óbitos", report::Drawing::Lines, "ano", "actos"};
     const QString of = QString(", média de %1 anos").arg(settings.movingAverage);
-    for (const auto& [name, values] : {std::pair(QString("baptismos"), &all.baptisms),
-                                       std::pair(QString("casamentos"), &all.marriages),
-                                       std::pair(QString("óbitos"), &all.burials)}) {
+    for (const auto& [name, values] :
+         {std::pair(QString("baptismos"), &all.baptisms), std::pair(QString("casamentos"), &all.marriages),
+          std::pair(QString("óbitos"), &all.burials)})
+    {
         chart.plots.push_back(lineOf(name, *values, all.years));
-        chart.plots.push_back(
-            lineOf(name + of, statistics::movingAverage(*values, settings.movingAverage), all.years));
+        chart.plots.push_back(lineOf(name + of, statistics::movingAverage(*values, settings.movingAverage), all.years));
     }
     chart.described = "Actos de cada ano e as suas médias móveis; as linhas partem-se onde faltam livros.";
     return chart;
@@ -247,7 +246,12 @@ report::Chart chartOf(const AllSeries& all, const Settings& settings)
 
 report::Chart balanceChart(const AllSeries& all)
 {
-    return {"saldo-natural", "Saldo natural", report::Drawing::Lines, "ano", "baptismos menos óbitos", {},
+    return {"saldo-natural",
+            "Saldo natural",
+            report::Drawing::Lines,
+            "ano",
+            "baptismos menos óbitos",
+            {},
             {lineOf("saldo do ano", all.balance, all.years), lineOf("saldo acumulado", all.sum, all.years)},
             "Baptismos menos óbitos de cada ano, e a sua soma desde o início ou desde a última lacuna."};
 }
@@ -256,8 +260,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
 {
     const Reading reading(tally);
     const AllSeries all = seriesOf(reading, settings);
-    return {acts(reading, all), chartOf(all, settings), averages(all, settings), balanceChart(all),
-            approximates(reading, all), leftOutTable(reading, reasons)};
+    return {acts(reading, all), chartOf(all, settings),     averages(all, settings),
+            balanceChart(all),  approximates(reading, all), leftOutTable(reading, reasons)};
 }
 
 } // namespace
@@ -267,7 +271,8 @@ const Subject annualSeries = {
     "População",
     "Séries anuais",
     "Contam os baptismos, casamentos e óbitos da freguesia, pelo ano da data, exacta ou aproximada. As médias móveis "
-    "são centradas e não têm valor nos primeiros e nos últimos anos, nem onde falta um dos anos. Um ano sem livro é uma "
+    "são centradas e não têm valor nos primeiros e nos últimos anos, nem onde falta um dos anos. Um ano sem livro é "
+    "uma "
     "lacuna e não um zero: indique nos ajustes os anos que os livros cobrem.",
     names,
     reasons,

@@ -161,15 +161,15 @@ Reading::Part partOf(const Reading& reading, const Taken& taken)
 
 Reading::Spread daysOf(const Reading& reading, const Taken& taken)
 {
-    std::map<qint32, qint64> counts;
+    std::map<qint32, qint64> often;
     Reading::Spread spread;
     eachTaken(reading, taken, [&](const Reading::At& at) {
         const Reading::Spread some = reading.spread(interval, 0, at);
         for (const auto& [days, n] : some.values.counts())
-            counts[days] += n;
+            often[days] += n;
         spread.keys.insert(spread.keys.end(), some.keys.begin(), some.keys.end());
     });
-    spread.values = statistics::Distribution(std::move(counts));
+    spread.values = statistics::Distribution(std::move(often));
     return spread;
 }
 
@@ -182,7 +182,7 @@ Taken within(Taken taken, int from, int behindLast)
 
 constexpr auto noEnd = std::numeric_limits<int>::max();
 
-namespace first {
+namespace behindMarriage {
 
 Row rowOf(const Reading& reading, const Taken& taken)
 {
@@ -241,7 +241,7 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return {table, chartOf(reading), leftOutTable(reading, whyNot)};
 }
 
-} // namespace first
+} // namespace behindMarriage
 
 namespace premarital {
 
@@ -300,7 +300,7 @@ const Subject firstInterval = {
     .counts = counts,
     .reasons = whyNot,
     .fill = fill,
-    .figures = first::figures,
+    .figures = behindMarriage::figures,
 };
 
 const Subject premaritalConceptions = {

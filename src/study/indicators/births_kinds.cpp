@@ -42,6 +42,13 @@ Sexes sexesOf(const Confinement& twins)
     return one == Gender::Male ? Sexes::Boys : Sexes::Girls;
 }
 
+// A pair is of both sexes, whichever of them is asked for.
+bool isBirthOf(const Person& child, const Study& study)
+{
+    const natality::NoBirth lack = natality::lackOfBirth(child, study);
+    return lack == natality::NoBirth::None || lack == natality::NoBirth::Sex;
+}
+
 // A confinement is that of its first child, and counts where that one does.
 void countFamily(const Family& family, const Study& study, Taker& taker)
 {
@@ -49,7 +56,7 @@ void countFamily(const Family& family, const Study& study, Taker& taker)
     const std::vector<Confinement> all = confinementsOf(family);
     for (const Confinement& one : all) {
         const Person& child = *one.children.front();
-        if (!one.day.isExact() || natality::lackOfBirth(child, study) != natality::NoBirth::None) continue;
+        if (!one.day.isExact() || !isBirthOf(child, study)) continue;
         const Who who{&child, &family};
         const qint32 period = periodOf(one.day.year(), study.settings);
         taker.count({confinements, {static_cast<qint32>(one.children.size()), period}}, who);

@@ -48,14 +48,14 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
         {"primeiros-filhos", "Primeiros filhos por mês do nascimento", "primeiros filhos", firstBirths, 0, {{}}}};
     for (const natality::Named& period : natality::periodsOf(reading, births, 1, settings))
         shown[0].groups.push_back({period.name, period.at});
-    std::vector<report::Figure> figures;
+    std::vector<report::Figure> all;
     for (const ByMonth& one : shown)
         for (report::Figure& figure : monthFigures(reading, one))
-            figures.push_back(std::move(figure));
+            all.push_back(std::move(figure));
     ByMonth byQuarter{"trimestres", "Nascimentos por trimestre", "nascimentos", quarters, 0, {{}}};
-    figures.emplace_back(quarterTable(reading, byQuarter));
-    figures.emplace_back(leftOutTable(reading, whyNot));
-    return figures;
+    all.emplace_back(quarterTable(reading, byQuarter));
+    all.emplace_back(leftOutTable(reading, whyNot));
+    return all;
 }
 
 } // namespace

@@ -33,11 +33,11 @@ struct Childhood
 {
     Unwatched why = Unwatched::Watched;
     Legitimacy legitimacy = Legitimacy::Unknown;
-    qint32 until = 0;                  // age at which it leaves, or dies; at most endOfChildhood
-    bool died = false;                 // while it was seen
-    qint32 seen = 0;                   // age to which it would have been seen had it lived; at most endOfChildhood
-    std::optional<qint32> death = {};  // age in days, whether it was seen or not
-    bool exact = false;                // to the day: the birth, and the death where there is one
+    qint32 until = 0;                 // age at which it leaves, or dies; at most endOfChildhood
+    bool died = false;                // while it was seen
+    qint32 seen = 0;                  // age to which it would have been seen had it lived; at most endOfChildhood
+    std::optional<qint32> death = {}; // age in days, whether it was seen or not
+    bool exact = false;               // to the day: the birth, and the death where there is one
 
     bool isWatched() const { return why == Unwatched::Watched; }
 };
@@ -46,19 +46,18 @@ Childhood childhoodOf(const parish::Person& child, const Study& study);
 
 // Why somebody wasn't watched, as a subject counts it: the reasons stand together among its counts, from `first` on.
 inline constexpr std::array<const char*, 8> unwatchedNames = {
-    "menor-sem-nascimento", "nascido-fora",       "fora-dos-livros",   "filiacao-desconhecida",
-    "obito-antes",          "datas-aproximadas",  "observacao-tardia", "familia-sem-presenca"};
+    "menor-sem-nascimento", "nascido-fora",      "fora-dos-livros",   "filiacao-desconhecida",
+    "obito-antes",          "datas-aproximadas", "observacao-tardia", "familia-sem-presenca"};
 constexpr std::array<Reason, 8> reasonsFrom(quint16 first)
 {
-    constexpr std::array<const char*, 8> texts = {
-        "óbito de menor sem nascimento ligado",
-        "nascimento fora da freguesia",
-        "nascimento fora dos livros de baptismos ou de óbitos de menores",
-        "filiação desconhecida",
-        "óbito anterior ao nascimento",
-        "datas aproximadas, com menos de dois anos entre nascimento e óbito",
-        "observação que começa depois do nascimento",
-        "sem prova de presença da família depois do nascimento"};
+    constexpr std::array<const char*, 8> texts = {"óbito de menor sem nascimento ligado",
+                                                  "nascimento fora da freguesia",
+                                                  "nascimento fora dos livros de baptismos ou de óbitos de menores",
+                                                  "filiação desconhecida",
+                                                  "óbito anterior ao nascimento",
+                                                  "datas aproximadas, com menos de dois anos entre nascimento e óbito",
+                                                  "observação que começa depois do nascimento",
+                                                  "sem prova de presença da família depois do nascimento"};
     std::array<Reason, 8> reasons = {};
     for (std::size_t i = 0; i < reasons.size(); ++i)
         reasons[i] = {static_cast<quint16>(first + i), texts[i]};

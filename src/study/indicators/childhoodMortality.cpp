@@ -110,12 +110,12 @@ void pass(std::optional<double>& survivors, const std::optional<double>& quotien
 
 Table tableOf(const Reading& reading, const Group& of, const QString& id, const QString& title)
 {
-    Table table{id, title,
+    Table table{id,
+                title,
                 {textColumn("Idade"), countColumn("Em observação"), countColumn("Óbitos"), countColumn("Saídas"),
                  decimalColumn("q actuarial", "‰"), decimalColumn("Sobreviventes no fim (actuarial)", "‰"),
-                 decimalColumn("q Kaplan–Meier", "‰"), countColumn("Vistos até ao fim"),
-                 countColumn("Óbitos destes"), decimalColumn("q clássico", "‰"),
-                 decimalColumn("Sobreviventes no fim (clássico)", "‰")}};
+                 decimalColumn("q Kaplan–Meier", "‰"), countColumn("Vistos até ao fim"), countColumn("Óbitos destes"),
+                 decimalColumn("q clássico", "‰"), decimalColumn("Sobreviventes no fim (clássico)", "‰")}};
     const Survival survival = survivalOf(reading, Dies, Leaves, {of.period, of.gender, any, any});
     if (survival.atStart == 0) return table;
     const std::vector<Quotients> all = quotientsOf(reading, survival, of);
@@ -125,8 +125,7 @@ Table tableOf(const Reading& reading, const Group& of, const QString& id, const 
         pass(actuarial, at.actuarial);
         pass(classic, at.classic());
         table.rows.push_back({report::text(agesTold(groups[i]) + " (" + groups[i].quotient + ")"),
-                              report::number(at.atRisk, survival.keys), counted(at.died),
-                              counted(at.left),
+                              report::number(at.atRisk, survival.keys), counted(at.died), counted(at.left),
                               estimated(at.actuarial, {}, at.atRisk, base, survival.keys),
                               estimated(actuarial, {}, at.atRisk, base, survival.keys),
                               estimated(at.km.probability, at.km.interval, at.atRisk, base, survival.keys),
@@ -141,16 +140,16 @@ Table tableOf(const Reading& reading, const Group& of, const QString& id, const 
 
 Table byPeriod(const Reading& reading, const Settings& settings)
 {
-    Table table{"quocientes-por-periodo", "Quocientes de mortalidade até aos 15 anos, por período e sexo",
+    Table table{"quocientes-por-periodo",
+                "Quocientes de mortalidade até aos 15 anos, por período e sexo",
                 {textColumn("Nascimentos"), countColumn("Crianças")}};
     for (const Ages& ages : groups)
         table.columns.push_back(decimalColumn(ages.quotient, "‰"));
     table.columns.push_back(decimalColumn("15q0", "‰"));
-    for (const Group& of : groupsOf(reading, Leaves)) {
+    for (const Group& of : groupsOf(reading, {Dies, Leaves})) {
         const Survival survival = survivalOf(reading, Dies, Leaves, {of.period, of.gender, any, any});
         if (survival.atStart == 0) continue;
-        table.rows.push_back(
-            {report::text(told(of, settings)), report::number(survival.atStart, survival.keys)});
+        table.rows.push_back({report::text(told(of, settings)), report::number(survival.atStart, survival.keys)});
         std::optional<double> survivors = 1;
         qint64 least = survival.atStart;
         for (const Quotients& at : quotientsOf(reading, survival, of)) {
@@ -169,8 +168,9 @@ report::Chart chartOf(const Reading& reading)
 {
     report::Chart chart{"sobreviventes", "Sobreviventes até aos 15 anos", report::Drawing::Steps, "idade (anos)",
                         "sobreviventes (‰)"};
-    for (const Group& of : {Group{any, any}, Group{any, numbered(parish::Gender::Male)},
-                            Group{any, numbered(parish::Gender::Female)}}) {
+    for (const Group& of :
+         {Group{any, any}, Group{any, numbered(parish::Gender::Male)}, Group{any, numbered(parish::Gender::Female)}})
+    {
         const Survival survival = survivalOf(reading, Dies, Leaves, {any, of.gender, any, any});
         if (survival.atStart < base.least) continue;
         report::Plot plot{genderTold(of.gender), {{0, 1000}}};
@@ -202,7 +202,8 @@ const Subject childhoodMortality = {
     "Mortalidade",
     "Mortalidade até aos 15 anos",
     "Contam as crianças nascidas na freguesia desde o nascimento até aos 15 anos, ao óbito, ao próprio casamento ou ao "
-    "último acto que mostra a família presente, o que for primeiro. Dão-se os quocientes clássicos, que pedem a família "
+    "último acto que mostra a família presente, o que for primeiro. Dão-se os quocientes clássicos, que pedem a "
+    "família "
     "vista até ao fim da idade, os actuariais e os de Kaplan–Meier. O óbito da própria criança nunca alonga o tempo em "
     "que a família é vista, e a última criança de uma família só conta se algo a segue.",
     names,

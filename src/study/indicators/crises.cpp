@@ -33,7 +33,7 @@ constexpr std::array<Reason, 3> reasons = {
 constexpr int firstMonthOfHarvest = 8;
 constexpr int monthsOfPregnancy = 9;
 constexpr int yearsOfBase = 10;
-constexpr double leastMean = 10;       // deaths a year: with fewer, chance alone makes crises
+constexpr double leastMean = 10;                   // deaths a year: with fewer, chance alone makes crises
 constexpr double smallRatio = 1.5, greatRatio = 4; // of L. Del Panta and M. Livi Bacci, 1977
 
 void countBurial(const parish::Person& person, const Study& study, Taker& taker)
@@ -122,7 +122,7 @@ double meanBefore(const std::map<int, double>& deaths, int year)
 
 const char* magnitudeTold(int magnitude)
 {
-    static constexpr std::array<const char*, 7> told = {"–",      "1, menor", "2, média",     "3, forte",
+    static constexpr std::array<const char*, 7> told = {"–",         "1, menor",  "2, média",     "3, forte",
                                                         "4, grande", "5, enorme", "6, catástrofe"};
     return told[static_cast<std::size_t>(magnitude)];
 }
@@ -190,8 +190,7 @@ std::vector<Cell> rowOf(const Reading& reading, const Deaths& of, const Indices&
     const auto ratio = indices.ratios.find(year);
     const bool hasIndex = index != indices.byN.end(), hasRatio = ratio != indices.ratios.end();
     const double mean = meanBefore(indices.deaths, year);
-    return {report::text(of.count == HarvestBurials ? QString("%1/%2").arg(year).arg(year + 1)
-                                                    : QString::number(year)),
+    return {report::text(of.count == HarvestBurials ? QString("%1/%2").arg(year).arg(year + 1) : QString::number(year)),
             counted(dead),
             hasIndex ? report::number(mean) : Cell(),
             indexCell(indices.byN, year, mean, dead.keys),
@@ -220,7 +219,8 @@ Table crisisYears(const Reading& reading, const Settings& settings)
 {
     static constexpr Deaths all = {"", "", Burials, any};
     const Indices indices = indicesOf(reading, all, settings);
-    Table table{"anos-de-crise", "Anos de crise, com os casamentos e os baptismos",
+    Table table{"anos-de-crise",
+                "Anos de crise, com os casamentos e os baptismos",
                 {textColumn("Ano"), textColumn("Magnitude"), countColumn("Óbitos"), countColumn("Adultos"),
                  countColumn("Menores de 7"), countColumn("Casamentos"), countColumn("Concepções"),
                  countColumn("Baptismos"), countColumn("Casamentos do ano seguinte"),
@@ -264,16 +264,13 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     static constexpr Deaths all = {"indices", "Índices de crise por ano civil", Burials, any};
     static constexpr Deaths adults = {"indices-adultos", "Índices de crise: adultos", Burials, qint32(Buried::Adult)};
     static constexpr Deaths children = {"indices-menores", "Índices de crise: menores de 7 anos", Burials,
-                                         qint32(Buried::Child)};
+                                        qint32(Buried::Child)};
     static constexpr Deaths harvest = {"indices-ano-agricola", "Índices de crise por ano agrícola (Agosto a Julho)",
-                                        HarvestBurials, any};
+                                       HarvestBurials, any};
     const Reading reading(tally);
-    return {crisisYears(reading, settings),
-            chartOf(reading, settings),
-            indexTable(reading, all, settings),
-            indexTable(reading, adults, settings),
-            indexTable(reading, children, settings),
-            indexTable(reading, harvest, settings),
+    return {crisisYears(reading, settings),          chartOf(reading, settings),
+            indexTable(reading, all, settings),      indexTable(reading, adults, settings),
+            indexTable(reading, children, settings), indexTable(reading, harvest, settings),
             leftOutTable(reading, reasons)};
 }
 
@@ -284,7 +281,8 @@ const Subject mortalityCrises = {
     "Mortalidade",
     "Crises de mortalidade",
     "Contam os óbitos da freguesia por ano, todos, de adultos e de menores de sete anos. Cada ano é comparado com os "
-    "dez anteriores, em desvios-padrão, e com os cinco de cada lado. Com menos de dez óbitos por ano o acaso basta para "
+    "dez anteriores, em desvios-padrão, e com os cinco de cada lado. Com menos de dez óbitos por ano o acaso basta "
+    "para "
     "fazer crises, e os livros de óbitos de menores começam muitas vezes mais tarde.",
     names,
     reasons,

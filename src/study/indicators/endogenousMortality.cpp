@@ -17,8 +17,8 @@ constexpr qint32 any = Reading::any;
 // Period of the birth, gender, legitimacy, age in days.
 enum Count : quint16
 {
-    Births, // exact, and the family is seen a year
-    Deaths, // of these, under one, to the day
+    Births,  // exact, and the family is seen a year
+    Deaths,  // of these, under one, to the day
     Inexact, // the first of the reasons
     Short,
     Unlinked
@@ -128,23 +128,24 @@ QString remark(const std::optional<statistics::Endogenous>& by, const Group& gro
 
 Table byPeriod(const Reading& reading, const Settings& settings)
 {
-    Table table{"endogena", "Mortalidade endógena e exógena",
+    Table table{"endogena",
+                "Mortalidade endógena e exógena",
                 {textColumn("Nascimentos"), countColumn("Vistos um ano"), countColumn("Óbitos"),
                  decimalColumn("Mortalidade infantil", "‰"), decimalColumn("Endógena (quadrados mínimos)", "‰"),
                  decimalColumn("Exógena (quadrados mínimos)", "‰"), decimalColumn("Declive", "", 3),
                  decimalColumn("Endógena (recta de 1 a 12 meses)", "‰"),
                  decimalColumn("Exógena (recta de 1 a 12 meses)", "‰"), decimalColumn("Exógena (atalho)", "‰"),
                  textColumn("Observação")}};
-    for (const Group& group : groupsOf(reading, Births)) {
+    for (const Group& group : groupsOf(reading, {Births})) {
         const Cumulated of = cumulatedOf(reading, group);
         const auto squares = statistics::endogenousBySquares(of.months), line = statistics::endogenousByLine(of.months);
         Cell remarkCell = report::text(of.deaths.n < leastDeaths ? "menos de 50 óbitos" : remark(squares, group));
-        table.rows.push_back(
-            {report::text(told(group, settings)), counted(of.births), counted(of.deaths),
-             of.births.n > 0 ? standing(report::number(of.months.back(), of.deaths.keys), of) : Cell(),
-             endogenousCell(squares, of), exogenousCell(squares, of),
-             squares ? standing(report::number(squares->slope, of.deaths.keys), of) : Cell(), endogenousCell(line, of),
-             exogenousCell(line, of), shortcutCell(of), std::move(remarkCell)});
+        table.rows.push_back({report::text(told(group, settings)), counted(of.births), counted(of.deaths),
+                              of.births.n > 0 ? standing(report::number(of.months.back(), of.deaths.keys), of) : Cell(),
+                              endogenousCell(squares, of), exogenousCell(squares, of),
+                              squares ? standing(report::number(squares->slope, of.deaths.keys), of) : Cell(),
+                              endogenousCell(line, of), exogenousCell(line, of), shortcutCell(of),
+                              std::move(remarkCell)});
     }
     table.notes = {"Óbitos acumulados até x dias: D(x) = A + B·log³(x + 1), com logaritmos decimais; A é a mortalidade "
                    "endógena. Todos os óbitos depois do primeiro mês são exógenos.",
@@ -154,7 +155,8 @@ Table byPeriod(const Reading& reading, const Settings& settings)
 
 Table byMonth(const Reading& reading)
 {
-    Table table{"acumulados", "Óbitos acumulados até ao fim de cada mês",
+    Table table{"acumulados",
+                "Óbitos acumulados até ao fim de cada mês",
                 {textColumn("Até ao dia"), countColumn("Óbitos"), decimalColumn("Por mil nascimentos", "‰"),
                  decimalColumn("log³(x + 1)", "", 3), decimalColumn("Pela recta", "‰")}};
     const Cumulated of = cumulatedOf(reading, {});
@@ -183,8 +185,9 @@ report::Chart chartOf(const Reading& reading)
         line.points.push_back({scale(i), squares->endogenous + squares->slope * scale(i)});
     }
     chart.plots = {observed, line};
-    chart.described = "Óbitos acumulados até ao fim de cada mês do primeiro ano, e a recta que os ajusta: onde ela corta "
-                      "o eixo está a mortalidade endógena.";
+    chart.described =
+        "Óbitos acumulados até ao fim de cada mês do primeiro ano, e a recta que os ajusta: onde ela corta "
+        "o eixo está a mortalidade endógena.";
     return chart;
 }
 
@@ -201,7 +204,8 @@ const Subject endogenousMortality = {
     "Mortalidade",
     "Mortalidade endógena e exógena",
     "Contam as crianças com nascimento e óbito exactos, cuja família é vista um ano depois do nascimento. A parte "
-    "endógena lê-se na recta dos óbitos acumulados, e só quando as duas metades do ano dão a mesma recta e há cinquenta "
+    "endógena lê-se na recta dos óbitos acumulados, e só quando as duas metades do ano dão a mesma recta e há "
+    "cinquenta "
     "óbitos ou mais. Uma parte endógena muito baixa quer dizer que os recém-nascidos mortos não foram registados.",
     names,
     reasons,

@@ -16,13 +16,18 @@ constexpr std::array<int, 5> marriedAt{15, 20, 25, 30, 35};
 constexpr qint64 leastWomen = 20;
 constexpr auto notComplete = "união, observação ou livros que não chegam à idade pedida da mulher";
 
+QString marriedName(int age)
+{
+    if (age == marriedAt.front()) return "Casadas antes dos 20";
+    return "Casadas aos " + (age == marriedAt.back() ? QString("35 ou mais") : groupName(age));
+}
+
 // All, by age at marriage (dimension 1), by cohort (dimension 2).
 std::vector<Named> rowsOf(const Reading& reading, quint16 count, const Settings& settings)
 {
     std::vector<Named> rows{{"Todas", Reading::everywhere}};
     for (const int age : marriedAt)
-        rows.push_back({"Casadas aos " + (age == 15 ? QString("menos de 20") : groupAtMarriageName(age)),
-                        {Reading::any, age, Reading::any, Reading::any}});
+        rows.push_back({marriedName(age), {Reading::any, age, Reading::any, Reading::any}});
     for (Named& period : natality::periodsOf(reading, count, 2, settings))
         rows.push_back(std::move(period));
     return rows;

@@ -3,6 +3,8 @@
 
 #include "study/indicators/fertility.h"
 
+#include <algorithm>
+
 namespace study::indicators {
 
 namespace rates {
@@ -44,7 +46,8 @@ std::array<Base, 7> byAge(const Reading& reading, const Chosen& chosen, Reading:
 
 double inflationOf(const Settings& settings)
 {
-    return 1 / (1 - settings.missingBirths);
+    static constexpr double most = 0.2;
+    return 1 / (1 - std::clamp(settings.missingBirths, 0.0, most));
 }
 
 namespace {

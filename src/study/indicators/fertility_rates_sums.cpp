@@ -1,6 +1,7 @@
 // Sums of the rates of marital fertility, and the model of natural fertility.
 #include "study/indicators/fertility_rates.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace study::indicators::rates {
@@ -74,7 +75,9 @@ Cell totalCell(const Ages& ages, std::size_t first, const Settings& settings)
     const double factor = inflationOf(settings), error = normalOf95 * total->error * factor;
     Cell cell = report::number(total->value * factor, sum.keys());
     cell.standing = standingOf(ages, sum);
-    cell.interval = statistics::Interval{std::max(0.0, total->value * factor - error), total->value * factor + error};
+    if (cell.standing != report::Standing::Suppressed)
+        cell.interval =
+            statistics::Interval{std::max(0.0, total->value * factor - error), total->value * factor + error};
     return cell;
 }
 
@@ -142,11 +145,14 @@ std::vector<double> ratesOf(const Ages& ages, std::size_t first, std::size_t las
 Cell modelCell(double value, double error, bool ofLevel, const Base& sum)
 {
     Cell cell = report::number(value, sum.keys());
+    if (sum.births.n < leastForModel) {
+        cell.standing = report::Standing::Suppressed;
+        return cell;
+    }
     if (error > 0 && ofLevel)
         cell.interval = statistics::Interval{value * std::exp(-error), value * std::exp(error)};
     else if (error > 0)
         cell.interval = statistics::Interval{value - error, value + error};
-    if (sum.births.n < leastForModel) cell.standing = report::Standing::Suppressed;
     return cell;
 }
 

@@ -1,4 +1,5 @@
 #include "study/indicators/annual.h"
+#include "study/indicators/givenName.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/scope.h"
 #include "study/names/names.h"
@@ -20,27 +21,37 @@ constexpr qint32 any = Reading::any;
 // Period of the baptism, and what the count tells, of each godparent of a child; of a holder only how many are held.
 enum Count : quint16
 {
-    Edges,       // gender of the child; gender of the godparent
-    Kinship,     // by Kin
-    SameSex,     // 1 where it is
-    Clergy,      // 1 for a cleric
-    SamePlace,   // 1 where both live in one place, as far as their residences tell
-    SharedName,  // 1 where the child bears the first name of the godparent
-    Reciprocal,  // 1 where somebody of the child's family is godparent of a child of the godparent's
-    Baptised,    // children, by how many godparents they have
-    Held,        // people: how many godchildren
-    Witnessed,   // people: at how many marriages they were witnesses
-    Saints,      // the first of the reasons
+    Edges,      // gender of the child; gender of the godparent
+    Kinship,    // by Kin
+    SameSex,    // 1 where it is
+    Clergy,     // 1 for a cleric
+    SamePlace,  // 1 where both live in one place, as far as their residences tell
+    SharedName, // 1 where the child bears the first name of the godparent
+    Reciprocal, // 1 where somebody of the child's family is godparent of a child of the godparent's
+    Baptised,   // children, by how many godparents they have
+    Held,       // people: how many godchildren
+    Witnessed,  // people: at how many marriages they were witnesses
+    Saints,     // the first of the reasons
     Unnamed,
     Undated,
     Elsewhere,
     OutOfBooks
 };
-constexpr std::array<const char*, 15> names = {"padrinhos",        "parentesco",       "mesmo-sexo",
-                                               "clerigos",         "mesmo-lugar",      "mesmo-nome",
-                                               "reciprocos",       "baptizados",       "afilhados-por-padrinho",
-                                               "casamentos-por-testemunha", "santos",  "sem-pessoa",
-                                               "sem-data",         "fora-da-freguesia", "fora-dos-livros"};
+constexpr std::array<const char*, 15> names = {"padrinhos",
+                                               "parentesco",
+                                               "mesmo-sexo",
+                                               "clerigos",
+                                               "mesmo-lugar",
+                                               "mesmo-nome",
+                                               "reciprocos",
+                                               "baptizados",
+                                               "afilhados-por-padrinho",
+                                               "casamentos-por-testemunha",
+                                               "santos",
+                                               "sem-pessoa",
+                                               "sem-data",
+                                               "fora-da-freguesia",
+                                               "fora-dos-livros"};
 constexpr std::array<Reason, 5> reasons = {{{Saints, "padrinho que é um santo, e não uma pessoa"},
                                             {Unnamed, "padrinho sem ficha de pessoa"},
                                             {Undated, "baptismo sem data"},
@@ -86,14 +97,6 @@ bool isCleric(const Assistance& act)
 {
     const Person& person = *act.assistant.person;
     return act.state == parish::civil::cleric || person.stateAtDeath == parish::civil::cleric;
-}
-
-QString firstName(const QString& name)
-{
-    const NameParts parts = partsOf(name);
-    if (parts.unknown || parts.words.isEmpty()) return {};
-    const NameParts::Word& word = parts.words.first();
-    return word.readings.isEmpty() ? word.key : word.readings.first().standard;
 }
 
 // The last residence up to a day, or the first behind it.
@@ -148,7 +151,7 @@ bool isPerson(const Assistance& act)
     return act.godparent && act.assistant.person && !isSaint(act.assistant.person->name);
 }
 
-void countEdge(const Person& child, const Assistance& act, qint32 period, const QString& name, Taker& taker)
+void countEdge(const Person& child, const Assistance& act, qint32 period, GivenNames& known, Taker& taker)
 {
     const Person& godparent = *act.assistant.person;
     const Who who{&godparent, child.origin};
@@ -158,7 +161,8 @@ void countEdge(const Person& child, const Assistance& act, qint32 period, const 
     const bool sexed = child.gender != parish::Gender::Undetermined && godparent.gender != parish::Gender::Undetermined;
     if (sexed) count(SameSex, child.gender == godparent.gender);
     count(Clergy, isCleric(act));
-    if (!name.isEmpty()) count(SharedName, name == firstName(godparent.name));
+    const QString name = known.of(child).first;
+    if (!name.isEmpty()) count(SharedName, name == known.of(godparent).first);
     if (!child.origin) return;
     count(Reciprocal, isReciprocal(godparent, *child.origin));
     const QDate day = child.birth.middle();
@@ -167,7 +171,7 @@ void countEdge(const Person& child, const Assistance& act, qint32 period, const 
     if (one && other) count(SamePlace, one->place == other->place);
 }
 
-void countBaptism(const Person& child, const Study& study, Taker& taker)
+void countBaptism(const Person& child, const Study& study, GivenNames& known, Taker& taker)
 {
     const Settings& settings = study.settings;
     const bool has = std::any_of(child.godparents.begin(), child.godparents.end(),
@@ -180,7 +184,6 @@ void countBaptism(const Person& child, const Study& study, Taker& taker)
     if (!isHere(child.birthPlace, study)) return taker.count({Elsewhere}, who);
     if (!settings.covers(Series::Baptisms, year)) return taker.count({OutOfBooks}, who);
     const qint32 period = periodOf(year, settings);
-    const QString name = firstName(child.name);
     qint32 godparents = 0;
     for (const Assistance& act : child.godparents) {
         if (!act.godparent) continue;
@@ -193,7 +196,7 @@ void countBaptism(const Person& child, const Study& study, Taker& taker)
             continue;
         }
         ++godparents;
-        countEdge(child, act, period, name, taker);
+        countEdge(child, act, period, known, taker);
     }
     taker.count({Baptised, {period, godparents}}, who);
 }
@@ -203,8 +206,7 @@ bool isCounted(const Person& child, const Study& study)
     if (!child.birth.isKnown() || !isHere(child.birthPlace, study)) return false;
     const int year = child.birth.middle().year();
     return study.settings.period.holds(year) && study.settings.covers(Series::Baptisms, year) &&
-           isWanted(child.gender, study.settings) &&
-           isWanted(legitimacyOf(child, study.settings), study.settings);
+           isWanted(child.gender, study.settings) && isWanted(legitimacyOf(child, study.settings), study.settings);
 }
 
 // How much one person holds: who holds nothing isn't counted.
@@ -226,8 +228,9 @@ void countHolder(const Person& person, const Study& study, Taker& taker)
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
+    GivenNames known;
     for (const Person& person : peopleOf(study, share)) {
-        countBaptism(person, study, taker);
+        countBaptism(person, study, known, taker);
         countHolder(person, study, taker);
     }
 }
@@ -265,7 +268,8 @@ qint64 heldByTop(const Holdings& holdings, qint64 top)
 Table distribution(const Reading& reading, quint16 count, const QString& id, const QString& title,
                    const QString& holders, const QString& what)
 {
-    Table table{id, title,
+    Table table{id,
+                title,
                 {textColumn(what), countColumn(holders), decimalColumn("De todos", "%"),
                  decimalColumn(what + " que têm", "%")}};
     const Holdings holdings = holdingsOf(reading, count);
@@ -280,11 +284,13 @@ Table distribution(const Reading& reading, quint16 count, const QString& id, con
 
 Table concentration(const Reading& reading)
 {
-    Table table{"concentracao", "Concentração",
+    Table table{"concentracao",
+                "Concentração",
                 {textColumn("Papel"), countColumn("Pessoas"), countColumn("Afilhados ou casamentos"),
                  decimalColumn("Média", "", 2), countColumn("Máximo"), decimalColumn("Gini", "", 3),
                  decimalColumn("Os 2 primeiros têm", "%"), decimalColumn("Os 20 primeiros têm", "%")}};
-    for (const auto& role : {std::pair(Held, "Padrinhos e madrinhas"), std::pair(Witnessed, "Testemunhas de casamento")}) {
+    for (const auto& role :
+         {std::pair(Held, "Padrinhos e madrinhas"), std::pair(Witnessed, "Testemunhas de casamento")}) {
         const Holdings holdings = holdingsOf(reading, role.first);
         if (holdings.holders == 0) continue;
         const auto part = reading.part(role.first);
@@ -304,11 +310,11 @@ Table concentration(const Reading& reading)
 
 Table traits(const Reading& reading, const Settings& settings)
 {
-    Table table{"caracteristicas", "Quem são os padrinhos, por período",
+    Table table{"caracteristicas",
+                "Quem são os padrinhos, por período",
                 {textColumn("Baptismos"), countColumn("Padrinhos e madrinhas"), decimalColumn("Parentes", "%"),
                  decimalColumn("Do mesmo sexo", "%"), decimalColumn("Do mesmo lugar", "%"),
-                 decimalColumn("Clérigos", "%"), decimalColumn("Recíprocos", "%"),
-                 decimalColumn("Dão o nome", "%")}};
+                 decimalColumn("Clérigos", "%"), decimalColumn("Recíprocos", "%"), decimalColumn("Dão o nome", "%")}};
     std::vector<qint32> periods = reading.values(Edges, 0);
     if (!periods.empty()) periods.push_back(any);
     for (const qint32 period : periods) {
@@ -330,20 +336,21 @@ Table traits(const Reading& reading, const Settings& settings)
 
 Table kinship(const Reading& reading)
 {
-    Table table{"parentesco", "Parentesco dos padrinhos",
+    Table table{"parentesco",
+                "Parentesco dos padrinhos",
                 {textColumn("Parentesco"), countColumn("Padrinhos e madrinhas"), decimalColumn("De todos", "%")}};
     const auto all = reading.part(Kinship);
     for (const qint32 kin : reading.values(Kinship, 1)) {
         const auto some = reading.part(Kinship, {any, kin, any, any});
-        table.rows.push_back(
-            {report::text(kinTold[static_cast<std::size_t>(kin)]), counted(some), percent(some, all)});
+        table.rows.push_back({report::text(kinTold[static_cast<std::size_t>(kin)]), counted(some), percent(some, all)});
     }
     return table;
 }
 
 Table perChild(const Reading& reading)
 {
-    Table table{"padrinhos-por-crianca", "Padrinhos por criança",
+    Table table{"padrinhos-por-crianca",
+                "Padrinhos por criança",
                 {textColumn("Padrinhos e madrinhas"), countColumn("Crianças"), decimalColumn("De todas", "%")}};
     const auto all = reading.part(Baptised);
     for (const qint32 number : reading.values(Baptised, 1)) {

@@ -3,6 +3,9 @@
 #include "study/indicators/quotients.h"
 #include "study/indicators/scope.h"
 
+#include <algorithm>
+#include <set>
+
 namespace study::indicators {
 
 namespace {
@@ -13,21 +16,20 @@ constexpr qint32 any = Reading::any;
 // All but the last ones: period of the birth, gender, legitimacy, age in days.
 enum Count : quint16
 {
-    Seen,        // families seen a year from the birth, whether the child died or not
-    SeenDied,    // of these children, dead under one
-    UnseenDied,  // dead under one, and the family isn't seen a year from the birth
-    Dies,        // while the family was seen, under one
-    Leaves,      // the others, when the family was seen for the last time, or with one year
-    ExactSeen,   // as Seen and SeenDied, to the day
+    Seen,       // families seen a year from the birth, whether the child died or not
+    SeenDied,   // of these children, dead under one
+    UnseenDied, // dead under one, and the family isn't seen a year from the birth
+    Dies,       // while the family was seen, under one
+    Leaves,     // the others, when the family was seen for the last time, or with one year
+    ExactSeen,  // as Seen and SeenDied, to the day
     ExactDied,
     ExactDeaths, // all deaths under one with both dates exact
     Unlinked     // the first of the reasons
 };
 constexpr std::array<const char*, 16> names = {
-    "vistos-um-ano",     "vistos-obitos",     "nao-vistos-obitos",  "obitos",            "saidas",
-    "vistos-exactos",    "obitos-exactos",    "obitos-todos",       unwatchedNames[0],   unwatchedNames[1],
-    unwatchedNames[2],   unwatchedNames[3],   unwatchedNames[4],    unwatchedNames[5],   unwatchedNames[6],
-    unwatchedNames[7]};
+    "vistos-um-ano",   "vistos-obitos",   "nao-vistos-obitos", "obitos",          "saidas",          "vistos-exactos",
+    "obitos-exactos",  "obitos-todos",    unwatchedNames[0],   unwatchedNames[1], unwatchedNames[2], unwatchedNames[3],
+    unwatchedNames[4], unwatchedNames[5], unwatchedNames[6],   unwatchedNames[7]};
 constexpr std::array<Reason, 8> reasons = reasonsFrom(Unlinked);
 
 constexpr Base base = {100, 200}; // births
@@ -98,7 +100,7 @@ std::vector<Column> quotientColumns(const QString& first)
 Table byPeriod(const Reading& reading, const Settings& settings)
 {
     Table table{"mortalidade-infantil", "Mortalidade infantil por período e sexo", quotientColumns("Nascimentos")};
-    for (const Group& group : groupsOf(reading, Leaves)) {
+    for (const Group& group : groupsOf(reading, {Dies, Leaves})) {
         std::vector<Cell> row = {report::text(told(group, settings))};
         for (Cell& cell : quotientCells(reading, {group.period, group.gender, any, any}))
             row.push_back(std::move(cell));
@@ -115,7 +117,11 @@ Table byLegitimacy(const Reading& reading)
     static constexpr std::array<const char*, 5> told = {"Legítimos", "Legitimados", "Ilegítimos", "Expostos",
                                                         "Filiação desconhecida"};
     Table table{"legitimidade", "Mortalidade infantil por legitimidade", quotientColumns("Filiação")};
-    for (const qint32 legitimacy : reading.values(Leaves, 2)) {
+    std::set<qint32> all;
+    for (const quint16 count : {Dies, Leaves})
+        for (const qint32 legitimacy : reading.values(count, 2))
+            all.insert(legitimacy);
+    for (const qint32 legitimacy : all) {
         std::vector<Cell> row = {report::text(told[static_cast<std::size_t>(legitimacy)])};
         for (Cell& cell : quotientCells(reading, {any, any, legitimacy, any}))
             row.push_back(std::move(cell));
@@ -132,13 +138,14 @@ Reading::Part diedFrom(const Reading& reading, const Group& group, qint32 from, 
 
 Table byAge(const Reading& reading, const Settings& settings)
 {
-    Table table{"componentes", "Mortalidade neonatal e pós-neonatal",
-                {textColumn("Nascimentos"), countColumn("Vistos um ano, datas exactas"),
-                 decimalColumn("0–6 dias", "‰"), decimalColumn("0–27 dias", "‰"), decimalColumn("28–364 dias", "‰"),
+    Table table{"componentes",
+                "Mortalidade neonatal e pós-neonatal",
+                {textColumn("Nascimentos"), countColumn("Vistos um ano, datas exactas"), decimalColumn("0–6 dias", "‰"),
+                 decimalColumn("0–27 dias", "‰"), decimalColumn("28–364 dias", "‰"),
                  decimalColumn("Menos de um ano", "‰")}};
     static constexpr std::array<std::pair<qint32, qint32>, 4> ages = {
         {{0, firstWeek}, {0, fourWeeks}, {fourWeeks, daysOfAnAge}, {0, daysOfAnAge}}};
-    for (const Group& group : groupsOf(reading, ExactSeen)) {
+    for (const Group& group : groupsOf(reading, {ExactSeen})) {
         const auto born = reading.part(ExactSeen, {group.period, group.gender, any, any});
         table.rows.push_back({report::text(told(group, settings)), counted(born)});
         for (const auto& age : ages) {
@@ -152,7 +159,8 @@ Table byAge(const Reading& reading, const Settings& settings)
 
 Table byDay(const Reading& reading)
 {
-    Table table{"primeira-semana", "Óbitos da primeira semana, por dia",
+    Table table{"primeira-semana",
+                "Óbitos da primeira semana, por dia",
                 {textColumn("Idade"), countColumn("Óbitos"), decimalColumn("Por mil nascimentos", "‰")}};
     const auto born = reading.part(ExactSeen);
     if (born.n == 0) return table;
@@ -166,7 +174,8 @@ Table byDay(const Reading& reading)
 
 Table allDeaths(const Reading& reading)
 {
-    Table table{"obitos-ate-um-ano", "Óbitos com menos de um ano, duas datas exactas",
+    Table table{"obitos-ate-um-ano",
+                "Óbitos com menos de um ano, duas datas exactas",
                 {textColumn("Idade"), countColumn("Óbitos"), decimalColumn("Dos de menos de um ano", "%")}};
     const auto all = reading.part(ExactDeaths);
     if (all.n == 0) return table;
@@ -186,9 +195,10 @@ report::Chart chartOf(const Reading& reading, const Settings& settings)
     report::Chart chart{"mortalidade-infantil", "Mortalidade infantil por período", report::Drawing::Points,
                         "período do nascimento", "1q0 (‰)"};
     std::vector<Cell> classic, km;
-    for (const qint32 period : reading.values(Leaves, 0)) {
-        std::vector<Cell> cells = quotientCells(reading, {period, any, any, any});
-        chart.categories << periodName(period, settings);
+    for (const Group& group : groupsOf(reading, {Dies, Leaves})) {
+        if (group.period == any || group.gender != any) continue;
+        std::vector<Cell> cells = quotientCells(reading, {group.period, any, any, any});
+        chart.categories << periodName(group.period, settings);
         classic.push_back(cells[2]);
         km.push_back(cells[5]);
     }
@@ -200,8 +210,13 @@ report::Chart chartOf(const Reading& reading, const Settings& settings)
 std::vector<report::Figure> figures(const Tally& tally, const Settings& settings)
 {
     const Reading reading(tally);
-    return {byPeriod(reading, settings), chartOf(reading, settings), byLegitimacy(reading), byAge(reading, settings),
-            byDay(reading), allDeaths(reading), leftOutTable(reading, reasons)};
+    return {byPeriod(reading, settings),
+            chartOf(reading, settings),
+            byLegitimacy(reading),
+            byAge(reading, settings),
+            byDay(reading),
+            allDeaths(reading),
+            leftOutTable(reading, reasons)};
 }
 
 } // namespace

@@ -23,9 +23,9 @@ enum Count : quint16
     Elsewhere,
     OutOfBooks
 };
-constexpr std::array<const char*, 8> names = {"partos",      "obitos-da-mae", "sem-mae",           "parto-aproximado",
-                                              "obito-aproximado", "mae-morta-antes", "fora-da-freguesia",
-                                              "fora-dos-livros"};
+constexpr std::array<const char*, 8> names = {
+    "partos",           "obitos-da-mae",   "sem-mae",           "parto-aproximado",
+    "obito-aproximado", "mae-morta-antes", "fora-da-freguesia", "fora-dos-livros"};
 constexpr std::array<Reason, 6> reasons = {
     {{NoMother, "parto sem mãe conhecida"},
      {Approximate, "nascimento sem data exacta"},
@@ -80,12 +80,9 @@ std::vector<Cell> rowOf(const Reading& reading, const QString& name, qint32 peri
     const Reading::At at = {period, order, any, any};
     const auto confinements = reading.part(Confinements, at), deaths = reading.part(Deaths, at);
     const auto early = reading.within(Deaths, 2, 0, shortest + 1, at);
-    return {report::text(name),
-            counted(confinements),
-            counted(deaths),
-            quotient(deaths.n, confinements.n, base, deaths.keys + confinements.keys),
-            counted(early),
-            quotient(early.n, confinements.n, base, early.keys + confinements.keys)};
+    return {report::text(name), counted(confinements),
+            counted(deaths),    quotient(deaths.n, confinements.n, base, deaths.keys + confinements.keys),
+            counted(early),     quotient(early.n, confinements.n, base, early.keys + confinements.keys)};
 }
 
 std::vector<Column> columns(const QString& first)

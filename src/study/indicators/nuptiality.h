@@ -10,6 +10,7 @@ extern const Subject combinedStatus;
 extern const Subject remarriage;
 extern const Subject ageGap;
 extern const Subject placeEndogamy;
+extern const Subject kinEndogamy;
 extern const Subject marriageSeasons;
 extern const Subject celibacy;
 extern const Subject marriageDuration;

@@ -15,15 +15,15 @@ constexpr qint32 any = Reading::any;
 // Period of the child's birth; what the count tells.
 enum Count : quint16
 {
-    Observed,    // place of the age in `ages`, or `atMarriage`; which parents are dead, by Dead
-    ParentDies,  // father 0, mother 1; child's age in days, to 25 years
+    Observed,   // place of the age in `ages`, or `atMarriage`; which parents are dead, by Dead
+    ParentDies, // father 0, mother 1; child's age in days, to 25 years
     ParentLeaves,
-    Told,        // by who assisted at an act: place of the age; which parents are told to be dead
-    NoParents,   // the first of the reasons
+    Told,      // by who assisted at an act: place of the age; which parents are told to be dead
+    NoParents, // the first of the reasons
     ParentUnseen,
     DeadBeforeBirth
 };
-constexpr std::array<const char*, 7> names = {"vistos",       "obitos-dos-pais", "saidas-dos-pais",     "declarados",
+constexpr std::array<const char*, 7> names = {"vistos",          "obitos-dos-pais", "saidas-dos-pais",  "declarados",
                                               "pais-incognitos", "pais-nao-vistos", "pais-mortos-antes"};
 constexpr std::array<Reason, 3> reasons = {
     {{NoParents, "criança sem pai nem mãe conhecidos"},
@@ -179,8 +179,9 @@ Table byAge(const Reading& reading, qint32 period, const QString& id, const QStr
     for (qint32 place = 0; place <= atMarriage; ++place) {
         const At at = {period, place, any, any};
         if (reading.sum(Observed, at) == 0) continue;
-        table.rows.push_back({report::text(place == atMarriage ? QString("Primeiro casamento")
-                                                               : QString::number(ages[static_cast<std::size_t>(place)]))});
+        table.rows.push_back(
+            {report::text(place == atMarriage ? QString("Primeiro casamento")
+                                              : QString::number(ages[static_cast<std::size_t>(place)]))});
         addShares(table.rows.back(), reading, Observed, at);
     }
     table.notes = {"Só contam as crianças de que se sabe se os dois pais estavam vivos nessa idade."};
@@ -201,7 +202,8 @@ Table statements(const Reading& reading)
 
 Table survivalTable(const Reading& reading)
 {
-    Table table{"risco", "Probabilidade de ter perdido o pai ou a mãe (Kaplan–Meier)",
+    Table table{"risco",
+                "Probabilidade de ter perdido o pai ou a mãe (Kaplan–Meier)",
                 {textColumn("Idade"), decimalColumn("Perdeu o pai", "‰"), decimalColumn("Perdeu a mãe", "‰")}};
     const std::array<Survival, 2> parents = {survivalOf(reading, ParentDies, ParentLeaves, {any, 0, any, any}, 2),
                                              survivalOf(reading, ParentDies, ParentLeaves, {any, 1, any, any}, 2)};
@@ -210,12 +212,12 @@ Table survivalTable(const Reading& reading)
         table.rows.push_back({report::text(QString::number(age))});
         for (const Survival& parent : parents) {
             const Died died = diedBetween(parent.steps, 0, age * daysOfAnAge);
-            table.rows.back().push_back(
-                estimated(died.probability, died.interval, parent.atStart, base, parent.keys));
+            table.rows.back().push_back(estimated(died.probability, died.interval, parent.atStart, base, parent.keys));
         }
     }
-    table.notes = {"Desde o nascimento da criança, viva ela ou não, até ao óbito do pai ou da mãe ou à sua última prova "
-                   "de vida."};
+    table.notes = {
+        "Desde o nascimento da criança, viva ela ou não, até ao óbito do pai ou da mãe ou à sua última prova "
+        "de vida."};
     return table;
 }
 

@@ -104,16 +104,17 @@ void fill(const Study& study, const Share& share, Taker& taker)
 
 } // namespace
 
-const Subject quality = {
-    "qualidade",
-    "Qualidade",
-    "Qualidade dos dados",
-    "Contam todos os registos da base, por dez anos do acto, qualquer que seja o período do estudo. Mostra quantas datas "
-    "são exactas, quantos actos se ligam ao nascimento da pessoa, e sinais de registos em falta. Leia-a antes das outras "
-    "páginas: cada indicador tem a sua população, e nenhum é melhor do que os livros.",
-    names,
-    reasons,
-    fill,
-    quality_counts::figures};
+const Subject quality = {"qualidade",
+                         "Qualidade",
+                         "Qualidade dos dados",
+                         "Contam todos os registos da base, por dez anos do acto, qualquer que seja o período do "
+                         "estudo. Mostra quantas datas "
+                         "são exactas, quantos actos se ligam ao nascimento da pessoa, e sinais de registos em falta. "
+                         "Leia-a antes das outras "
+                         "páginas: cada indicador tem a sua população, e nenhum é melhor do que os livros.",
+                         names,
+                         reasons,
+                         fill,
+                         quality_counts::figures};
 
 } // namespace study::indicators

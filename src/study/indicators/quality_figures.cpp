@@ -87,7 +87,8 @@ QString decadeTold(qint32 decade)
 
 Table births(const Reading& reading, const std::vector<qint32>& rows)
 {
-    Table table{"nascimentos", "Nascimentos, por dez anos",
+    Table table{"nascimentos",
+                "Nascimentos, por dez anos",
                 {textColumn("Anos"), countColumn("Nascimentos"), decimalColumn("Com data exacta", "%"),
                  decimalColumn("Em 1 de Janeiro", "%"), decimalColumn("Rapazes por 100 raparigas", ""),
                  decimalColumn("Sexo indeterminado", "%"), countColumn("Partos"),
@@ -106,7 +107,8 @@ Table births(const Reading& reading, const std::vector<qint32>& rows)
 
 Table links(const Reading& reading, const std::vector<qint32>& rows)
 {
-    Table table{"ligacoes", "Óbitos e casamentos ligados ao nascimento, por dez anos",
+    Table table{"ligacoes",
+                "Óbitos e casamentos ligados ao nascimento, por dez anos",
                 {textColumn("Anos"), countColumn("Óbitos"), decimalColumn("Com nascimento", "%"),
                  decimalColumn("Óbitos por nascimento", "", 2), countColumn("Cônjuges"),
                  decimalColumn("Com nascimento", "%"), countColumn("Primeiros filhos"),
@@ -123,7 +125,8 @@ Table links(const Reading& reading, const std::vector<qint32>& rows)
 
 Table families(const Reading& reading)
 {
-    Table table{"familias-por-classe", "Famílias por classe",
+    Table table{"familias-por-classe",
+                "Famílias por classe",
                 {textColumn("Classe"), countColumn("Famílias"), decimalColumn("De todas", "%"),
                  countColumn("Com outro tipo na ficha")}};
     const Reading::Part all = reading.part(Families);
@@ -133,7 +136,8 @@ Table families(const Reading& reading)
         table.rows.push_back({report::text(QString::fromUtf8(classes.at(static_cast<std::size_t>(which)))), counted(of),
                               percent(of, all), counted(reading.part(Families, {which, 1, any, any}))});
     }
-    table.rows.push_back({report::text("Todas"), counted(all), Cell(), counted(reading.part(Families, {any, 1, any, any}))});
+    table.rows.push_back(
+        {report::text("Todas"), counted(all), Cell(), counted(reading.part(Families, {any, 1, any, any}))});
     table.notes = {"M: casamento conhecido; E: desconhecido; F: fim da união conhecido; O: desconhecido; I: nascimento "
                    "da mulher no registo; I′: tirado de uma idade declarada; II: desconhecido."};
     return table;
@@ -188,9 +192,10 @@ Table signs(const Reading& reading)
                    counted(infants)}};
     addWhipple(table, reading, AgesAtDeath, "Índice de Whipple das idades declaradas ao óbito");
     addWhipple(table, reading, AgesAtMarriage, "Índice de Whipple das idades declaradas ao casamento");
-    table.notes = {"Whipple: 100 sem preferência por idades que acabam em 0 ou 5, 500 se todas acabam assim.",
-                   "Nos registos completos cerca de metade dos óbitos de menos de um ano é do primeiro mês; muito menos "
-                   "quer dizer que faltam óbitos de recém-nascidos."};
+    table.notes = {
+        "Whipple: 100 sem preferência por idades que acabam em 0 ou 5, 500 se todas acabam assim.",
+        "Nos registos completos cerca de metade dos óbitos de menos de um ano é do primeiro mês; muito menos "
+        "quer dizer que faltam óbitos de recém-nascidos."};
     return table;
 }
 
@@ -208,8 +213,9 @@ report::Chart chartOf(const Reading& reading, const std::vector<qint32>& rows)
     }
     chart.plots = {plotOf("nascimentos com data exacta", exact), plotOf("óbitos com nascimento", deaths),
                    plotOf("cônjuges com nascimento", spouses)};
-    chart.described = "Percentagem, em cada dez anos, de nascimentos com data exacta, de óbitos e de cônjuges de que se "
-                      "conhece o nascimento.";
+    chart.described =
+        "Percentagem, em cada dez anos, de nascimentos com data exacta, de óbitos e de cônjuges de que se "
+        "conhece o nascimento.";
     return chart;
 }
 
@@ -221,8 +227,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings&)
     std::vector<qint32> rows = decades(reading);
     const report::Chart chart = chartOf(reading, rows);
     if (!rows.empty()) rows.push_back(any);
-    return {births(reading, rows), links(reading, rows), chart, families(reading), signs(reading),
-            leftOutTable(reading, reasons)};
+    return {births(reading, rows), links(reading, rows), chart,
+            families(reading),     signs(reading),       leftOutTable(reading, reasons)};
 }
 
 } // namespace study::indicators::quality_counts

@@ -64,15 +64,20 @@ std::vector<Key> operator+(std::vector<Key> keys, const std::vector<Key>& more)
     return keys;
 }
 
-std::vector<Group> groupsOf(const Reading& reading, quint16 count)
+std::vector<Group> groupsOf(const Reading& reading, std::initializer_list<quint16> counts)
 {
     std::vector<Group> groups;
-    std::vector<qint32> periods = reading.values(count, 0);
+    std::vector<qint32> periods;
+    for (const quint16 count : counts)
+        for (const qint32 period : reading.values(count, 0))
+            periods.push_back(period);
     if (periods.empty()) return groups;
+    std::sort(periods.begin(), periods.end());
+    periods.erase(std::unique(periods.begin(), periods.end()), periods.end());
     periods.push_back(Reading::any);
     for (const qint32 period : periods)
-        for (const qint32 gender : {Reading::any, static_cast<qint32>(parish::Gender::Male),
-                                    static_cast<qint32>(parish::Gender::Female)})
+        for (const qint32 gender :
+             {Reading::any, static_cast<qint32>(parish::Gender::Male), static_cast<qint32>(parish::Gender::Female)})
             groups.push_back({period, gender});
     return groups;
 }

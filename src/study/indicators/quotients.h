@@ -44,8 +44,8 @@ struct Group
 {
     qint32 period = Reading::any, gender = Reading::any;
 };
-// Each period with both sexes, men, women; at last all periods the same way. Empty where nothing was counted.
-std::vector<Group> groupsOf(const Reading& reading, quint16 count);
+// Each period with both sexes, men, women; at last all periods the same way. Empty where nothing of these was counted.
+std::vector<Group> groupsOf(const Reading& reading, std::initializer_list<quint16> counts);
 QString told(const Group& group, const Settings& settings); // "1750–1799, mulheres"; "Todo o período"
 
 QString genderTold(qint32 gender); // "ambos os sexos", "homens", "mulheres", "sexo indeterminado"

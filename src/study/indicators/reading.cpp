@@ -61,6 +61,13 @@ Reading::Part Reading::part(quint16 count, const At& at) const
     return found;
 }
 
+std::vector<Reading::Part> Reading::cellsOf(quint16 count) const
+{
+    std::vector<Part> cells;
+    each(count, everywhere, [&cells](const Key& key, qint64 n) { cells.push_back({n, {key}}); });
+    return cells;
+}
+
 Reading::Part Reading::within(quint16 count, int dimension, qint32 from, qint32 until, const At& at) const
 {
     Part found;

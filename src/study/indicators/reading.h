@@ -31,6 +31,8 @@ public:
     };
     Part part(quint16 count, const At& at = everywhere) const;
     qint64 sum(quint16 count, const At& at = everywhere) const { return part(count, at).n; }
+    // Each cell of a count by itself, in the order of the keys.
+    std::vector<Part> cellsOf(quint16 count) const;
     // Where one dimension is at least `from` and below `until`.
     Part within(quint16 count, int dimension, qint32 from, qint32 until, const At& at = everywhere) const;
     // The counts along one dimension.

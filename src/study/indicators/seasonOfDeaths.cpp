@@ -34,9 +34,8 @@ enum AgeClass : qint32
     Minors, // under seven, of no known age
     Ageless
 };
-constexpr std::array<const char*, 7> classes = {"0 anos",         "1–4 anos",              "5–19 anos",
-                                                "20–59 anos",     "60 anos e mais",        "menores de 7, sem idade",
-                                                "idade desconhecida"};
+constexpr std::array<const char*, 7> classes = {
+    "0 anos", "1–4 anos", "5–19 anos", "20–59 anos", "60 anos e mais", "menores de 7, sem idade", "idade desconhecida"};
 
 qint32 classOf(const parish::Person& person)
 {

@@ -1,6 +1,7 @@
 #include "study/indicators/settingEntries.h"
 
 #include "platform/jet/error.h"
+#include "study/indicators/settingWords.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -188,39 +189,54 @@ bool takeLevel(int& into, const json& value)
 std::vector<Entry> countingEntries()
 {
     return {
-        {"periodo", "período dos acontecimentos", Defines::Counting, [](const Settings& s) { return toldOf(s.period); },
+        {"periodo", "período dos acontecimentos", Defines::Counting,
+         [](const Settings& s) { return words::ofSpan(s.period); }, [](const Settings& s) { return toldOf(s.period); },
          [](Settings& s, const json& value) { return takeSpan(s.period, value); }},
         {"anos_da_coorte", "anos de cada coorte ou período", Defines::Counting,
+         [](const Settings& s) { return words::ofYears(s.cohortYears); },
          [](const Settings& s) { return json(s.cohortYears); },
          [](Settings& s, const json& value) {
              return takeOneOf(s.cohortYears, value, {10, 25, 50});
          }},
         {"por_coorte_de_casamento", "por coorte de casamento", Defines::Counting,
+         [](const Settings& s) { return words::ofYesNo(s.byMarriageCohort); },
          [](const Settings& s) { return json(s.byMarriageCohort); },
          [](Settings& s, const json& value) { return takeSwitch(s.byMarriageCohort, value); }},
         {"nascimentos", "que nascimentos contam", Defines::Counting,
+         [](const Settings& s) { return words::ofWhich(s.which); },
          [](const Settings& s) { return wordOf(s.which, whichWords); },
          [](Settings& s, const json& value) { return takeWord(s.which, value, whichWords); }},
-        {"sexo", "sexo", Defines::Counting, [](const Settings& s) { return wordOf(s.gender, genderWords); },
+        {"sexo", "sexo", Defines::Counting, [](const Settings& s) { return words::ofGender(s.gender); },
+         [](const Settings& s) { return wordOf(s.gender, genderWords); },
          [](Settings& s, const json& value) { return takeWord(s.gender, value, genderWords); }},
         {"so_da_freguesia", "só os actos da freguesia", Defines::Counting,
+         [](const Settings& s) { return words::ofYesNo(s.localOnly); },
          [](const Settings& s) { return json(s.localOnly); },
          [](Settings& s, const json& value) { return takeSwitch(s.localOnly, value); }},
         {"casamentos_aproximados", "casamentos de data aproximada", Defines::Counting,
+         [](const Settings& s) { return words::ofYesNo(s.unions.approximateMarriages); },
          [](const Settings& s) { return json(s.unions.approximateMarriages); },
          [](Settings& s, const json& value) { return takeSwitch(s.unions.approximateMarriages, value); }},
         {"casado_no_obito", "o óbito de um casado termina a união", Defines::Counting,
+         [](const Settings& s) { return words::ofYesNo(s.unions.marriedAtDeath); },
          [](const Settings& s) { return json(s.unions.marriedAtDeath); },
          [](Settings& s, const json& value) { return takeSwitch(s.unions.marriedAtDeath, value); }},
+        {"familias_contraditorias_fora", "famílias que se contradizem ficam de fora", Defines::Counting,
+         [](const Settings& s) { return words::ofYesNo(s.unions.leaveOutContradictory); },
+         [](const Settings& s) { return json(s.unions.leaveOutContradictory); },
+         [](Settings& s, const json& value) { return takeSwitch(s.unions.leaveOutContradictory, value); }},
         {"nascimentos_deduzidos", "nascimentos deduzidos de idades declaradas", Defines::Counting,
+         [](const Settings& s) { return words::ofYesNo(s.derivedBirths); },
          [](const Settings& s) { return json(s.derivedBirths); },
          [](Settings& s, const json& value) { return takeSwitch(s.derivedBirths, value); }},
         {"idade_da_familia_completa", "idade da mulher na família completa", Defines::Counting,
+         [](const Settings& s) { return words::ofYears(s.completeAge); },
          [](const Settings& s) { return json(s.completeAge); },
          [](Settings& s, const json& value) {
              return takeOneOf(s.completeAge, value, {45, 50});
          }},
         {"assina_desde", "nível a partir do qual se assina", Defines::Counting,
+         [](const Settings& s) { return QString::number(s.signsFrom); },
          [](const Settings& s) { return json(s.signsFrom); },
          [](Settings& s, const json& value) { return takeLevel(s.signsFrom, value); }},
     };
@@ -230,26 +246,32 @@ std::vector<Entry> furtherEntries()
 {
     return {
         {"livros", "anos que os livros cobrem", Defines::Parish,
+         [](const Settings& s) { return words::ofBooks(s.books); },
          [](const Settings& s) { return toldBySeries(s.books, [](const YearSpan& span) { return toldOf(span); }); },
          [](Settings& s, const json& value) { return takeBySeries(s.books, value, takeSpan); }},
-        {"lacunas", "lacunas dos livros", Defines::Parish,
+        {"lacunas", "lacunas dos livros", Defines::Parish, [](const Settings& s) { return words::ofGaps(s.gaps); },
          [](const Settings& s) { return toldBySeries(s.gaps, toldOfSpans); },
          [](Settings& s, const json& value) { return takeBySeries(s.gaps, value, takeSpans); }},
         {"freguesias_vizinhas", "freguesias vizinhas", Defines::Parish,
+         [](const Settings& s) { return words::ofCodes(s.neighbours); },
          [](const Settings& s) { return toldOf(s.neighbours); },
          [](Settings& s, const json& value) { return takeTexts(s.neighbours, value); }},
         {"filiacoes", "o que contam os códigos de filiação", Defines::Parish,
+         [](const Settings& s) { return words::ofFiliations(s.filiations); },
          [](const Settings& s) { return toldOf(s.filiations); },
          [](Settings& s, const json& value) { return takeFiliations(s.filiations, value); }},
         {"nascimentos_em_falta", "parte dos nascimentos que falta nos livros", Defines::Showing,
+         [](const Settings& s) { return words::ofShare(s.missingBirths); },
          [](const Settings& s) { return json(s.missingBirths); },
          [](Settings& s, const json& value) { return takeMissingBirths(s.missingBirths, value); }},
         {"media_movel", "anos da média móvel", Defines::Showing,
+         [](const Settings& s) { return words::ofYears(s.movingAverage); },
          [](const Settings& s) { return json(s.movingAverage); },
          [](Settings& s, const json& value) {
              return takeOneOf(s.movingAverage, value, {5, 9, 11});
          }},
         {"crises_fora_da_base", "anos de crise fora da base do índice", Defines::Showing,
+         [](const Settings& s) { return words::ofYesNo(s.skipCrises); },
          [](const Settings& s) { return json(s.skipCrises); },
          [](Settings& s, const json& value) { return takeSwitch(s.skipCrises, value); }},
     };

@@ -23,6 +23,7 @@ struct Entry
     const char* key;   // "periodo"; of the table estudo_ajuste and of the files of tallies
     const char* title; // "período dos acontecimentos"
     Defines defines;
+    QString (*words)(const Settings& settings); // the value, for a reader: "1700–1850"
     nlohmann::json (*told)(const Settings& settings);
     // False, and the settings as they were, where the value isn't one that can be meant.
     bool (*take)(Settings& settings, const nlohmann::json& value);

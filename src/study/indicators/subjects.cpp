@@ -4,6 +4,7 @@
 #include "study/indicators/fertility.h"
 #include "study/indicators/mortality.h"
 #include "study/indicators/nuptiality.h"
+#include "study/indicators/other.h"
 #include "study/indicators/quality.h"
 #include "study/indicators/subject.h"
 
@@ -15,40 +16,21 @@ std::span<const Subject* const> subjects()
 {
     static const std::vector<const Subject*> all{
         // clang-format off
+        // quality
         &quality,
-
-        &ageAtMarriage,
-        &combinedStatus,
-        &ageGap,
-        &remarriage,
+        // nuptiality
+        &ageAtMarriage, &combinedStatus, &remarriage, &ageGap, &placeEndogamy, &kinEndogamy, &marriageSeasons, &celibacy,
         &marriageDuration,
-        &celibacy,
-        &placeEndogamy,
-        &marriageSeasons,
-
-        &maritalFertility,
-        &lastBirth,
-        &completedSize,
-        &parityProgression,
-
-        &firstInterval,
-        &premaritalConceptions,
-        &birthIntervals,
-        &twins,
-        &sexRatio,
-        &birthSeasons,
-
-        &infantMortality,
-        &endogenousMortality,
-        &childhoodMortality,
-        &maternalMortality,
-        &ageAtDeath,
-        &orphanhood,
-        &seasonOfDeaths,
-        &mortalityCrises,
-
-        &annualSeries,
-        &godparenthood,
+        // fertility
+        &maritalFertility, &lastBirth, &completedSize, &parityProgression,
+        // births
+        &firstInterval, &premaritalConceptions, &birthIntervals, &twins, &sexRatio, &birthSeasons, &illegitimacy,
+        &foundlings, &parentsAge,
+        // mortality
+        &infantMortality, &endogenousMortality, &childhoodMortality, &adultMortality, &maternalMortality, &ageAtDeath,
+        &orphanhood, &seasonOfDeaths, &mortalityCrises, &lastSacraments,
+        // other
+        &annualSeries, &mobility, &passports, &literacy, &professions, &bequests, &godparenthood, &givenNames,
         // clang-format on
     };
     return all;

@@ -42,7 +42,9 @@ const Subject* subjectIn(Known known, const QString& id)
 json toldOf(const Counted& counted)
 {
     const parish::Source& source = counted.source;
-    return {{"ficheiro", source.path.toStdString()},
+    return {{"nome", counted.name.toStdString()},
+            {"codigo", counted.code.toStdString()},
+            {"ficheiro", source.path.toStdString()},
             {"bytes", source.bytes},
             {"sha256", source.sha256.toStdString()},
             {"lido", source.readAt.toUTC().toString(Qt::ISODateWithMs).toStdString()},
@@ -93,7 +95,10 @@ std::vector<Counted> parishesOf(const json& told)
     std::vector<Counted> parishes;
     for (const json& one : told) {
         if (!one.is_object()) refuseDamaged("uma freguesia não é um objecto");
-        parishes.push_back({.source = sourceTold(one), .settings = settingsTold(partOf(one, "ajustes"))});
+        parishes.push_back({.source = sourceTold(one),
+                            .settings = settingsTold(partOf(one, "ajustes")),
+                            .name = textOf(one, "nome"),
+                            .code = textOf(one, "codigo")});
     }
     return parishes;
 }

@@ -2,7 +2,8 @@
 //
 // The form, in UTF-8:
 //   {"formato": "orv-contagens", "versao": 1,
-//    "freguesias": [{"ficheiro": "…", "bytes": 1, "sha256": "…", "lido": "2024-05-01T10:00:00.000Z", "ajustes": {…}}],
+//    "freguesias": [{"nome": "…", "codigo": "…", "ficheiro": "…", "bytes": 1, "sha256": "…",
+//                    "lido": "2024-05-01T10:00:00.000Z", "ajustes": {…}}],
 //    "temas": {"idade-ao-casamento": {"homens": [[[1750, 2460, 0, 0], 3], …], …}, …}}
 // A count stands under its name, with the values of its four dimensions and how many there are.
 #pragma once
@@ -25,6 +26,7 @@ struct Counted
 {
     parish::Source source = {};
     Settings settings = {};
+    QString name = {}, code = {}; // of the parish; "" where the BDP doesn't tell
 
     bool operator==(const Counted&) const = default;
 };

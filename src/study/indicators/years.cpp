@@ -46,8 +46,8 @@ report::Plot lineOf(const QString& name, const std::map<int, double>& values, co
     report::Plot plot{name};
     for (int year = years.first; year != 0 && year <= years.last; ++year) {
         const auto found = values.find(year);
-        plot.points.push_back({static_cast<double>(year),
-                               found == values.end() ? std::nullopt : std::optional(found->second)});
+        plot.points.push_back(
+            {static_cast<double>(year), found == values.end() ? std::nullopt : std::optional(found->second)});
     }
     return plot;
 }

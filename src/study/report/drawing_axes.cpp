@@ -21,11 +21,11 @@ constexpr qsizetype mostLabels = 30;    // turned ones
 constexpr qsizetype lettersInLine = 90; // about as many as stand side by side
 constexpr std::size_t labelsInLine = 14;
 
-QColor blend(const QColor& one, const QColor& other, double share)
+QColor blend(const QColor& one, const QColor& other, double part)
 {
-    return QColor::fromRgbF(float(one.redF() + share * (other.redF() - one.redF())),
-                            float(one.greenF() + share * (other.greenF() - one.greenF())),
-                            float(one.blueF() + share * (other.blueF() - one.blueF())));
+    return QColor::fromRgbF(float(one.redF() + part * (other.redF() - one.redF())),
+                            float(one.greenF() + part * (other.greenF() - one.greenF())),
+                            float(one.blueF() + part * (other.blueF() - one.blueF())));
 }
 
 std::vector<double> placesIn(const Chart& chart)
@@ -112,9 +112,9 @@ QString numberText(double value, int decimals)
 {
     QLocale portuguese(QLocale::Portuguese, QLocale::Portugal);
     portuguese.setNumberOptions(QLocale::OmitGroupSeparator);
-    QString text = portuguese.toString(std::abs(value), 'f', decimals);
+    QString digits = portuguese.toString(std::abs(value), 'f', decimals);
     const bool isZero = std::abs(value) < 0.5 * std::pow(10, -decimals);
-    return value < 0 && !isZero ? QChar(0x2212) + text : text;
+    return value < 0 && !isZero ? QChar(0x2212) + digits : digits;
 }
 
 std::vector<Tick> ticksOf(const Scale& scale)

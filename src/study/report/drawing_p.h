@@ -8,6 +8,8 @@
 #include <QScatterSeries>
 
 #include <cstddef>
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace study::report {

@@ -9,9 +9,9 @@ namespace study::report {
 
 namespace {
 
-QString element(const char* name, const QString& text)
+QString element(const char* name, const QString& given)
 {
-    return text.isEmpty() ? QString() : QString("<%1>").arg(name) + escaped(text) + QString("</%1>").arg(name);
+    return given.isEmpty() ? QString() : QString("<%1>").arg(name) + escaped(given) + QString("</%1>").arg(name);
 }
 
 // What says nothing: the usual value, or the font of a group, which each text tells itself.
@@ -85,7 +85,7 @@ private:
     QString opened(const QXmlStreamReader& reader) const
     {
         const bool group = reader.name() == QLatin1String("g");
-        QString tag = '<' + reader.name().toString();
+        QString opening = '<' + reader.name().toString();
         for (const QXmlStreamAttribute& attribute : reader.attributes()) {
             if (isIdle(attribute.name(), attribute.value(), group)) continue;
             QString value = attribute.value().toString();
@@ -93,9 +93,9 @@ private:
             if (value.startsWith(QLatin1String("url(#"))) value.insert(5, prefix_);
             if (attribute.name() == QLatin1String("font-family"))
                 value += ", 'DejaVu Sans', Verdana, Arial, sans-serif";
-            tag += ' ' + attribute.qualifiedName().toString() + "=\"" + value.toHtmlEscaped() + '"';
+            opening += ' ' + attribute.qualifiedName().toString() + "=\"" + value.toHtmlEscaped() + '"';
         }
-        return tag + '>';
+        return opening + '>';
     }
 
     const Chart& chart_;

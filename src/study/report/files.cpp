@@ -28,14 +28,14 @@ const char* const profile = "tabular-data-package";
 constexpr qsizetype longestName = 100;
 constexpr qint64 largestPackage = 64 << 20; // bytes of a description that is read back
 
-std::string utf8(const QString& text)
+std::string utf8(const QString& given)
 {
-    return text.toStdString();
+    return given.toStdString();
 }
 
-void put(Json& json, const char* key, const QString& text)
+void put(Json& json, const char* key, const QString& given)
 {
-    if (!text.isEmpty()) json[key] = utf8(text);
+    if (!given.isEmpty()) json[key] = utf8(given);
 }
 
 QString hashOf(const QByteArray& bytes)
@@ -43,9 +43,9 @@ QString hashOf(const QByteArray& bytes)
     return "sha256:" + QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
 }
 
-QString slug(const QString& text)
+QString slug(const QString& given)
 {
-    return identifier(text).replace('_', '-');
+    return identifier(given).replace('_', '-');
 }
 
 QString moment(const QDateTime& when)
@@ -109,13 +109,13 @@ Json resourceOf(const Section& section, const Table& table, const Sheet& sheet, 
     return resource;
 }
 
-Json sourceOf(const Source& source)
+Json sourceOf(const parish::Source& source)
 {
     Json json;
     put(json, "title", "BDP " + QFileInfo(source.path).fileName() + ", SHA-256 " + source.sha256);
     put(json, "hash", "sha256:" + source.sha256);
     json["bytes"] = source.bytes;
-    put(json, "read", moment(source.read));
+    put(json, "read", moment(source.readAt));
     return json;
 }
 
@@ -128,7 +128,7 @@ Json packageOf(const Report& report, const Json& resources)
     put(package, "created", moment(report.made));
     put(package, "generator", report.program);
     package["sources"] = Json::array();
-    for (const Source& source : report.sources)
+    for (const parish::Source& source : report.sources)
         package["sources"].push_back(sourceOf(source));
     package["settings"] = Json::array();
     for (const Told& setting : report.settings)

@@ -2,15 +2,15 @@
 
 namespace study::report {
 
-QString legible(const QString& text)
+QString legible(const QString& given)
 {
     QString left;
-    left.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+    left.reserve(given.size());
+    for (qsizetype i = 0; i < given.size(); ++i) {
+        const QChar c = given[i];
+        if (c.isHighSurrogate() && i + 1 < given.size() && given[i + 1].isLowSurrogate()) {
             left += c;
-            left += text[++i];
+            left += given[++i];
         } else if ((c >= ' ' || c == '\n' || c == '\t') && !c.isSurrogate() && c.unicode() < 0xFFFE) {
             left += c;
         }
@@ -18,9 +18,9 @@ QString legible(const QString& text)
     return left;
 }
 
-QString escaped(const QString& text)
+QString escaped(const QString& given)
 {
-    return legible(text).toHtmlEscaped();
+    return legible(given).toHtmlEscaped();
 }
 
 } // namespace study::report

@@ -29,14 +29,14 @@ QString sectionAnchor(std::size_t chapter, std::size_t section)
     return QString("c%1-%2").arg(chapter + 1).arg(section + 1);
 }
 
-QString link(const QString& anchor, const QString& text)
+QString link(const QString& anchor, const QString& given)
 {
-    return tag("a", {{"href", '#' + anchor}}, escaped(text));
+    return tag("a", {{"href", '#' + anchor}}, escaped(given));
 }
 
-QString numbered(const QString& number, const QString& title)
+QString numbered(const QString& label, const QString& title)
 {
-    return number + ' ' + title;
+    return label + ' ' + title;
 }
 
 QString contentsOf(const Report& report)
@@ -64,9 +64,9 @@ QString entry(const QString& name, const QString& value)
 QString sourcesOf(const Report& report)
 {
     QString all;
-    for (const Source& source : report.sources)
+    for (const parish::Source& source : report.sources)
         all += tag("dl", entry("Ficheiro", source.path) + entry("Tamanho", sizeText(source.bytes)) +
-                             entry("SHA-256", source.sha256) + entry("Lido em", momentText(source.read)));
+                             entry("SHA-256", source.sha256) + entry("Lido em", momentText(source.readAt)));
     return all.isEmpty() ? QString()
                          : tag("section", {{"class", "fontes"}},
                                tag("h2", {{"id", "fontes"}}, report.sources.size() == 1 ? "Fonte" : "Fontes") + all) +

@@ -96,19 +96,19 @@ QString notesOf(const QStringList& notes)
     return items.isEmpty() ? QString() : tag("ul", {{"class", "notas"}}, items) + '\n';
 }
 
-QString captionOf(const QString& number, const QString& title)
+QString captionOf(const QString& label, const QString& title)
 {
-    return escaped(title.isEmpty() ? number : number + ". " + title);
+    return escaped(title.isEmpty() ? label : label + ". " + title);
 }
 
 // What may be broader than a telephone moves by itself; it is reached without a mouse, and tells what it is.
-QString rolling(const QString& number, const QString& title, const QString& inner)
+QString rolling(const QString& label, const QString& title, const QString& inner)
 {
     return tag("div",
                {{"class", "rola"},
                 {"tabindex", "0"},
                 {"role", "region"},
-                {"aria-label", title.isEmpty() ? number : number + ". " + title}},
+                {"aria-label", title.isEmpty() ? label : label + ". " + title}},
                inner);
 }
 
@@ -128,9 +128,9 @@ QString tag(const char* name, const QString& inner)
     return tag(name, {}, inner);
 }
 
-QString tableMarkup(const Table& table, const QString& number, const QString& anchor)
+QString tableMarkup(const Table& table, const QString& label, const QString& anchor)
 {
-    const QString caption = captionOf(number, table.title);
+    const QString caption = captionOf(label, table.title);
     if (table.isEmpty())
         return tag("figure", {{"class", "quadro"}, {"id", anchor}},
                    tag("figcaption", caption) + none + notesOf(table.notes)) +
@@ -141,22 +141,22 @@ QString tableMarkup(const Table& table, const QString& number, const QString& an
     const std::size_t columns = table.columns.size();
     const QString breadth = columns > tooManyColumns ? "larga larguissima" : columns > manyColumns ? "larga" : "normal";
     const QString inner = tag("caption", tag("span", caption)) + headMarkup(table.columns) + tag("tbody", rows);
-    const QString rolled = rolling(number, table.title, tag("table", {{"class", breadth}}, inner));
+    const QString rolled = rolling(label, table.title, tag("table", {{"class", breadth}}, inner));
     return tag("figure", {{"class", "quadro"}, {"id", anchor}},
                rolled + '\n' + legendOf(table) + notesOf(table.notes)) +
            '\n';
 }
 
-QString chartMarkup(const Chart& chart, const QString& number, const QString& anchor)
+QString chartMarkup(const Chart& chart, const QString& label, const QString& anchor)
 {
     QString inner = none;
     if (!chart.isEmpty()) {
         Chart named = chart;
         named.id = anchor; // its ids are unique in the page
-        inner = rolling(number, chart.title, QString::fromUtf8(svgOf(named, drawingSize, {.titled = false})));
+        inner = rolling(label, chart.title, QString::fromUtf8(svgOf(named, drawingSize, {.titled = false})));
     }
     return tag("figure", {{"class", "grafico"}, {"id", anchor}},
-               tag("figcaption", captionOf(number, chart.title)) + inner) +
+               tag("figcaption", captionOf(label, chart.title)) + inner) +
            '\n';
 }
 

@@ -16,9 +16,9 @@ using Attribute = std::pair<const char*, QString>;
 QString tag(const char* name, std::initializer_list<Attribute> attributes, const QString& inner);
 QString tag(const char* name, const QString& inner);
 
-// The caption begins with `number`: "Quadro 2.1". `anchor` is the id of the element.
-QString tableMarkup(const Table& table, const QString& number, const QString& anchor);
-QString chartMarkup(const Chart& chart, const QString& number, const QString& anchor);
+// The caption begins with `label`: "Quadro 2.1". `anchor` is the id of the element.
+QString tableMarkup(const Table& table, const QString& label, const QString& anchor);
+QString chartMarkup(const Chart& chart, const QString& label, const QString& anchor);
 
 // The style of the page.
 QString pageStyle();

@@ -1,6 +1,7 @@
 // A report as a plain value: what the page and the files are made of.
 #pragma once
 
+#include "study/parish/source.h"
 #include "study/report/figure.h"
 
 #include <QDateTime>
@@ -9,17 +10,6 @@
 #include <vector>
 
 namespace study::report {
-
-// The state of a BDP that the figures are of.
-struct Source
-{
-    QString path = {};
-    qint64 bytes = 0;
-    QString sha256 = {}; // 64 digits of base 16
-    QDateTime read = {}; // when its rows were read
-
-    bool operator==(const Source&) const = default;
-};
 
 // One setting, told in words: "Período" and "1700–1850".
 struct Told
@@ -55,7 +45,7 @@ struct Report
     QString parishCode = {}; // of its place; "" where the BDP doesn't tell
     QString program = {};    // with its version: "ORV 1.0.6"
     QDateTime made = {};
-    std::vector<Source> sources = {};
+    std::vector<parish::Source> sources = {}; // the states of the BDPs that the figures are of
     std::vector<Told> settings = {};
     std::vector<Chapter> chapters = {};
 

@@ -124,11 +124,11 @@ QString suffixOf(Part part)
 }
 
 // What all texts of a column are, after one more.
-Kind kindOf(const QString& text, bool number, Kind before)
+Kind kindOf(const QString& given, bool numeric, Kind before)
 {
-    if (text.isEmpty() || before == Kind::Text) return before;
-    if (!number) return Kind::Text;
-    return text.contains('.') ? Kind::Number : before;
+    if (given.isEmpty() || before == Kind::Text) return before;
+    if (!numeric) return Kind::Text;
+    return given.contains('.') ? Kind::Number : before;
 }
 
 QString unused(const QString& wanted, QSet<QString>& taken)
@@ -140,32 +140,32 @@ QString unused(const QString& wanted, QSet<QString>& taken)
     return name;
 }
 
-QByteArray csvCell(QString text)
+QByteArray csvCell(QString given)
 {
     static const auto isSpecial = [](QChar c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; };
     const bool quoted =
-        std::any_of(text.cbegin(), text.cend(), isSpecial) || text.startsWith(' ') || text.endsWith(' ');
-    if (!quoted) return text.toUtf8();
-    return '"' + text.replace('"', "\"\"").toUtf8() + '"';
+        std::any_of(given.cbegin(), given.cend(), isSpecial) || given.startsWith(' ') || given.endsWith(' ');
+    if (!quoted) return given.toUtf8();
+    return '"' + given.replace('"', "\"\"").toUtf8() + '"';
 }
 
 // In one cell, and nothing that a program of tables would reckon.
-QString pastedText(QString text)
+QString pastedText(QString given)
 {
-    for (QChar& c : text)
+    for (QChar& c : given)
         if (c < ' ') c = ' ';
     static const QString beginnings = QStringLiteral("=+-@");
-    return !text.isEmpty() && beginnings.contains(text[0]) ? '\'' + text : text;
+    return !given.isEmpty() && beginnings.contains(given[0]) ? '\'' + given : given;
 }
 
 } // namespace
 
-QString identifier(const QString& text)
+QString identifier(const QString& given)
 {
     // What tells two columns apart that have the same letters.
     static const std::vector<std::pair<QString, QString>> words{
         {"‰", " por mil "}, {"%", " pct "}, {"+", " mais "}, {"<", " menos de "}, {">", " mais de "}};
-    QString told = text;
+    QString told = given;
     for (const auto& word : words)
         told.replace(word.first, word.second);
     QString name;
@@ -213,8 +213,8 @@ QByteArray csvOf(const Sheet& sheet)
     QByteArray csv = cells.join(',') + '\n';
     for (const QStringList& row : sheet.rows) {
         cells.clear();
-        for (const QString& text : row)
-            cells << csvCell(text);
+        for (const QString& given : row)
+            cells << csvCell(given);
         // Alone in its row, an empty cell would be an empty line, which readers leave out.
         csv += (cells.size() == 1 && cells[0].isEmpty() ? QByteArray("\"\"") : cells.join(',')) + '\n';
     }
@@ -234,8 +234,8 @@ QString tabSeparated(const Table& table)
         cells.clear();
         for (const auto& [column, part] : origins) {
             const Cell& cell = cellAt(row, column);
-            QString text = textOf(cell, table.columns[column], part);
-            cells << (isNumber(cell, part) ? text.replace('.', ',') : pastedText(text));
+            QString given = textOf(cell, table.columns[column], part);
+            cells << (isNumber(cell, part) ? given.replace('.', ',') : pastedText(given));
         }
         all += cells.join('\t') + '\n';
     }

@@ -40,7 +40,7 @@ struct Sheet
 Sheet sheetOf(const Table& table);
 
 // a to z, 0 to 9 and _, beginning with a letter: "Idade média (anos)" is idade_media_anos. "" for a text without any.
-QString identifier(const QString& text);
+QString identifier(const QString& given);
 
 // With a comma between cells, a heading of the names, point for decimals, \n behind each row, and quotes where needed.
 QByteArray csvOf(const Sheet& sheet);

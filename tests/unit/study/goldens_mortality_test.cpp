@@ -35,5 +35,4 @@ TEST_F(TheDeathsOfTheDemonstration, AreSeenTogetherWithAllPeople)
               620);
     const Table families = Counting::tableOf(figures, "familias-por-classe");
     EXPECT_EQ(Counting::value(families, "Todas", "Famílias"), 137);
-    EXPECT_EQ(Counting::value(families, "Todas", "Com outro tipo na ficha"), 1);
 }

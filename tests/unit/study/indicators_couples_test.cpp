@@ -137,3 +137,38 @@ TEST_F(Celibacy, IsTheShareOfSinglesAmongThoseWhoDieAtFiftyOrLater)
                                                     {"solteiro no óbito, mas casado na base", 1}}));
     EXPECT_TRUE(tableOf(figures, "celibato-homens").isEmpty());
 }
+
+using KinEndogamy = Counting;
+
+TEST_F(KinEndogamy, CountsDispensationsThatNotesTell)
+{
+    couple(person({"Rui", 'm'}), person({"Ana", 'f'}), "1750-03-01");
+    run("update familia set obs = 'Dispensados no 3.º grau de consanguinidade' where nfamilia = ?", {lastFamily});
+    couple(person({"Luís", 'm'}), person({"Rosa", 'f'}), "1750-03-01");
+    const auto figures = figuresFor(kinEndogamy);
+    EXPECT_EQ(value(tableOf(figures, "dispensas"), "Todos", "Com dispensa"), 1);
+    EXPECT_EQ(value(tableOf(figures, "dispensas"), "Todos", "Casamentos"), 2);
+    EXPECT_EQ(leftOut(figures).values(), (QList<int>{2}));
+}
+
+TEST_F(KinEndogamy, CountsDegreesByTheLongerSide)
+{
+    const auto home = [this](qint64 husband, qint64 wife) { return couple(husband, wife); };
+    const auto man = [this](qint64 family) { return person({"Ele", 'm', "", "", family}); };
+    const auto woman = [this](qint64 family) { return person({"Ela", 'f', "", "", family}); };
+    const qint64 oldest = home(man(0), woman(0)), stock = home(man(0), woman(0));
+    const qint64 brother = man(oldest), sister = woman(oldest);
+    const qint64 his = home(brother, woman(stock)), hers = home(man(0), sister);
+    const qint64 cousinHe = man(his), cousinShe = woman(hers);
+    const qint64 married = couple(cousinHe, cousinShe, "1750-03-01"); // first cousins: second degree
+    couple(brother, woman(hers), "1750-03-01");                       // uncle and niece: second degree, too
+    couple(man(married), woman(his), "1780-03-01");                   // nephew and aunt
+    couple(man(his), woman(his), "1780-03-01");                       // brother and sister
+    couple(man(stock), woman(hers), "1780-03-01");                    // no kin
+    const auto figures = figuresFor(kinEndogamy);
+    const Table table = tableOf(figures, "graus");
+    EXPECT_EQ(value(table, "Todos", "Casamentos de pais conhecidos"), 5);
+    EXPECT_EQ(value(table, "Todos", "1.º grau"), 1);
+    EXPECT_EQ(value(table, "Todos", "2.º grau"), 3);
+    EXPECT_EQ(value(table, "Todos", "Sem parentesco conhecido"), 1);
+}

@@ -255,16 +255,6 @@ TEST_F(MaritalFertility, OfNobodyHasNoData)
     EXPECT_EQ(table("sem-dados").notes, QStringList("sem dados"));
 }
 
-TEST_F(MaritalFertility, HasOneNameForEachCount)
-{
-    for (const Subject* subject : {&maritalFertility, &lastBirth, &completedSize, &parityProgression}) {
-        for (const char* name : subject->counts)
-            EXPECT_NE(name, nullptr);
-        for (const Reason& reason : subject->reasons)
-            EXPECT_LT(reason.count, subject->counts.size());
-    }
-}
-
 // The tally of the worked example: 38.5 to 60.75 years, 151 births, and 10 years with 4 births before.
 TEST(TheRatesOfATally, AreSummedUpAndComparedWithNaturalFertility)
 {

@@ -30,7 +30,7 @@ inline study::indicators::Settings randomSettings(QRandomGenerator& dice)
     settings.which = static_cast<Which>(dice.bounded(3));
     settings.gender = static_cast<study::parish::Gender>(dice.bounded(3));
     settings.localOnly = coin();
-    settings.unions = {.approximateMarriages = coin(), .marriedAtDeath = coin()};
+    settings.unions = {.approximateMarriages = coin(), .marriedAtDeath = coin(), .leaveOutContradictory = coin()};
     settings.derivedBirths = coin();
     settings.completeAge = coin() ? 50 : 45;
     settings.missingBirths = dice.bounded(0.2);

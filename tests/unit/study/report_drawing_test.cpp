@@ -98,8 +98,8 @@ TEST(ADrawnChart, NumbersBothSidesOfAPyramidUpwardsFromTheMiddle)
 {
     QStringList texts = svgOfChart(sample::pyramidChart()).texts;
     EXPECT_EQ(texts.filter("-") + texts.filter(QChar(0x2212)), QStringList());
-    for (QString& text : texts)
-        text.remove(QChar(QChar::Nbsp));
+    for (QString& one : texts)
+        one.remove(QChar(QChar::Nbsp));
     EXPECT_EQ(texts.count("50"), 2);
     EXPECT_EQ(texts.count("0"), 1);
 }
@@ -112,8 +112,8 @@ TEST(ADrawnChart, ShowsTextsAsTheyAre)
     chart.categories = {"<15", "15 & 16", "c", "c", "e", "f"};
     chart.plots[0].name = "<u>";
     const Svg svg = svgOfChart(chart);
-    for (const QString& text : {chart.title, chart.plots[0].name, QString("15 & 16")})
-        EXPECT_EQ(svg.texts.count(text), 1) << qPrintable(text);
+    for (const QString& one : {chart.title, chart.plots[0].name, QString("15 & 16")})
+        EXPECT_EQ(svg.texts.count(one), 1) << qPrintable(one);
     EXPECT_EQ(svg.texts.count("<15"), 2);
     EXPECT_EQ(svg.texts.filter(QRegularExpression("^\\W*c\\W*$")).size(), 2) << "two categories of one name";
 }

@@ -1,5 +1,5 @@
 // Tables as files: read back as they were, and never over what is somebody else's.
-#include "jet/recordeddisk.h"
+#include "platform/jet/disk.h"
 #include "platform/jet/error.h"
 #include "sampleReport.h"
 #include "study/report/files.h"
@@ -26,10 +26,10 @@ std::vector<QStringList> readCsv(const QByteArray& bytes)
     QStringList row;
     QString cell;
     bool quoted = false;
-    const QString text = QString::fromUtf8(bytes);
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (quoted && c == '"' && i + 1 < text.size() && text[i + 1] == '"') {
+    const QString all = QString::fromUtf8(bytes);
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        const QChar c = all[i];
+        if (quoted && c == '"' && i + 1 < all.size() && all[i + 1] == '"') {
             cell += c;
             ++i;
         } else if (c == '"') {
@@ -239,7 +239,7 @@ TEST(FilesOfAReport, TellThatTheFolderIsMissing)
 class ShortDisk : public jet::Disk
 {
 public:
-    explicit ShortDisk(int files) : left_(files) { setDisk(this); }
+    explicit ShortDisk(int files) : left_(files) { jet::setDisk(this); }
     ~ShortDisk() override { jet::setDisk(nullptr); }
 
     std::error_code makeFile(const QString& path) override
