@@ -96,6 +96,7 @@ void FrmDefinicoes::showSettings(const Settings& settings)
     chkFreguesia->setChecked(settings.localOnly);
     chkAproximados->setChecked(settings.unions.approximateMarriages);
     chkCasado->setChecked(settings.unions.marriedAtDeath);
+    chkContraditorias->setChecked(settings.unions.leaveOutContradictory);
     chkDeduzidos->setChecked(settings.derivedBirths);
     cmbCompleta->setListIndex(placeOf(settings.completeAge, completeAges));
     txtFalta->setText(shownShare(settings.missingBirths));
@@ -161,6 +162,7 @@ std::optional<Settings> FrmDefinicoes::typed(Problem& problem) const
     all.localOnly = chkFreguesia->isChecked();
     all.unions.approximateMarriages = chkAproximados->isChecked();
     all.unions.marriedAtDeath = chkCasado->isChecked();
+    all.unions.leaveOutContradictory = chkContraditorias->isChecked();
     all.derivedBirths = chkDeduzidos->isChecked();
     all.skipCrises = chkCrises->isChecked();
     all.neighbours = neighbours_;
