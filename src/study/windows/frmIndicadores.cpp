@@ -17,8 +17,8 @@ using indicators::Subject;
 namespace {
 
 constexpr int betweenQuestions = 1000;            // milliseconds, to the BDP whether it has changed
-constexpr int treeWidth = 230, figureWidth = 730; // of the usual font; the user may move what is between them
-constexpr int figureHeight = 330, peopleHeight = 150;
+constexpr int treeWidth = 270, figureWidth = 690; // of the usual font; the user may move what is between them
+constexpr int figureHeight = 370, peopleHeight = 120;
 
 } // namespace
 
@@ -66,7 +66,7 @@ void FrmIndicadores::connectAll()
     connect(tvwTemas, &QTreeWidget::currentItemChanged, this, [this] { guarded([this] { tvwTemas_Change(); }); });
     connect(cmbQuadro, &ComboBox::clicked, this, [this] { guarded([this] { showTable(); }); });
     connect(cmbGrafico, &ComboBox::clicked, this, [this] { guarded([this] { showChart(); }); });
-    connect(tabPaginas, &QTabWidget::currentChanged, this, [this] { guarded([this] { offerCommands(); }); });
+    connect(tabPaginas, &QTabWidget::currentChanged, this, &FrmIndicadores::tabPaginas_Change);
     connect(txtNumero, &TextBox::returnPressed, this, [this] { guarded([this] { cmdPorque_Click(); }); });
     using TableOf = const report::Table* (FrmIndicadores::*)() const;
     const auto follow = [this](Grid* grid, TableOf table) {
@@ -112,6 +112,14 @@ void FrmIndicadores::tvwTemas_Change()
     if (!work_ && watch_ && watch_->hasChanged()) forget();
     showSubject();
     goOn();
+}
+
+// Nobody stands behind a chart or a method: these have the room for themselves.
+void FrmIndicadores::tabPaginas_Change()
+{
+    const QWidget* page = tabPaginas->currentWidget();
+    ladoDosRegistos->setVisible(page == pagQuadros || page == pagNaoContados);
+    offerCommands();
 }
 
 void FrmIndicadores::cmdContar_Click()

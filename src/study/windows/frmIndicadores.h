@@ -63,6 +63,7 @@ private:
     void connectAll();
     void fillSubjects();
     void tvwTemas_Change();
+    void tabPaginas_Change();
     void cmdContar_Click();
     void cmdCancelar_Click();
     static void cmdDefinicoes_Click();

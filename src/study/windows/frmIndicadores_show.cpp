@@ -141,6 +141,7 @@ void FrmIndicadores::drawChart()
     const Chart* chart = shownChart();
     const std::unique_ptr<QChart> before(grafico->chart());
     auto next = sheetOf_ ? report::drawn(chart ? *chart : none, {palette(), false}) : std::make_unique<QChart>();
+    if (chart && !chart->isEmpty()) next->setTitle({}); // it stands in the list above
     next->setBackgroundBrush(palette().color(QPalette::Base));
     grafico->setBackgroundBrush(palette().color(QPalette::Base));
     grafico->setChart(next.release());

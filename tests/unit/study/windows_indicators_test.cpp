@@ -266,6 +266,17 @@ TEST_F(TheWindowOfIndicators, CopiesTheTableInFront)
     EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("Razão\tCasos\n"));
 }
 
+TEST_F(TheWindowOfIndicators, GivesAChartTheRoomOfThePeople)
+{
+    choose(ageAtMarriage);
+    clickCell(grid(), 1, 1);
+    turnTo("pagGraficos");
+    EXPECT_FALSE(behind().isVisible());
+    turnTo("pagNaoContados");
+    EXPECT_TRUE(behind().isVisible());
+    EXPECT_EQ(behind().rows(), 7);
+}
+
 TEST_F(TheWindowOfIndicators, FollowsTheColoursOfTheDesktop)
 {
     choose(ageAtMarriage);
