@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QShortcut>
+#include <QTabBar>
 
 #include <utility>
 
@@ -37,6 +38,7 @@ FrmIndicadores::FrmIndicadores() : Form(Name)
     cmbRegisto->setListIndex(0);
     fillSubjects();
     connectAll();
+    setTabOrder(tvwTemas, tabPaginas->tabBar()); // all of the pages in the order of the form would break it in two
     watching_.setInterval(betweenQuestions);
     connect(&watching_, &QTimer::timeout, this, &FrmIndicadores::tellState);
 }
@@ -74,9 +76,8 @@ void FrmIndicadores::connectAll()
         connect(grid, &Grid::clicked, this, open);
         for (const int key : {Qt::Key_Return, Qt::Key_Enter})
             connect(new QShortcut(key, grid, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this, open);
-        connect(grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
-                [=, this](const QModelIndex& index) { tellCell((this->*table)(), index); });
     };
+    connect(dtgQuadro->selectionModel(), &QItemSelectionModel::currentChanged, this, &FrmIndicadores::tellCell);
     follow(dtgQuadro, &FrmIndicadores::shownTable);
     follow(dtgNaoContados, &FrmIndicadores::leftOutTable);
     const auto toCard = [this] { guarded([this] { cmdFicha_Click(); }); };

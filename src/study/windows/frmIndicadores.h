@@ -89,7 +89,7 @@ private:
     void showTable();
     void showChart();
     void showMethod();
-    void tellCell(const study::report::Table* table, const QModelIndex& index);
+    void tellCell(); // the one chosen
     void drawChart();
     const study::report::Table* shownTable() const;
     const study::report::Table* leftOutTable() const;

@@ -115,14 +115,15 @@ void FrmIndicadores::showTable()
     const Table* table = shownTable();
     fillGrid(*dtgQuadro, table ? *table : none);
     txtNotas->setText(table ? notesOf(*table) : QString(sheetOf_ ? noData : ""));
-    tellCell(table, dtgQuadro->currentIndex());
+    tellCell();
     offerCommands();
 }
 
 // What the chosen cell says in full; a screen reader meets it, too.
-void FrmIndicadores::tellCell(const Table* table, const QModelIndex& index)
+void FrmIndicadores::tellCell()
 {
-    lblCelula->setText(table ? toldOf(*table, index) : QString());
+    const Table* table = shownTable();
+    lblCelula->setText(table ? toldOf(*table, dtgQuadro->currentIndex()) : QString());
 }
 
 void FrmIndicadores::showChart()

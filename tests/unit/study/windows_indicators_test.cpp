@@ -170,6 +170,27 @@ TEST_F(TheWindowOfIndicators, OpensANumberByReturnAndTellsItsIntervalInWords)
     EXPECT_EQ(behind().rows(), 7);
 }
 
+TEST_F(TheWindowOfIndicators, TellsTheCellOfTheTableAndNotOfWhatWasLeftOut)
+{
+    choose(ageAtMarriage);
+    EXPECT_EQ(label("lblCelula"), "1700–1749, Nº: 6");
+    leftOut().setCurrentIndex(leftOut().model()->index(2, 1));
+    EXPECT_EQ(label("lblCelula"), "1700–1749, Nº: 6");
+}
+
+// A broken chain leaves letters and the Tab key without their controls.
+TEST_F(TheWindowOfIndicators, HasAllItsControlsInOneOrder)
+{
+    for (const char* name : {FrmIndicadores::Name, FrmDefinicoes::Name}) {
+        const Form& shown = *Forms::show(name);
+        QSet<const QWidget*> met{&shown};
+        for (const QWidget* next = shown.nextInFocusChain(); !met.contains(next); next = next->nextInFocusChain())
+            met.insert(next);
+        for (const QWidget* each : shown.findChildren<QWidget*>())
+            EXPECT_TRUE(met.contains(each)) << name << ' ' << qPrintable(each->objectName());
+    }
+}
+
 TEST_F(TheWindowOfIndicators, TellsWhyAFamilyDoesNotCount)
 {
     choose(ageAtMarriage);
