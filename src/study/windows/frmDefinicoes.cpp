@@ -18,7 +18,7 @@ FrmDefinicoes::FrmDefinicoes() : Form(Name)
     setupUi(this);
     books_ = {Book{txtLivroDe_0, txtLivroAte_0, txtLacunas_0}, Book{txtLivroDe_1, txtLivroAte_1, txtLacunas_1},
               Book{txtLivroDe_2, txtLivroAte_2, txtLacunas_2}, Book{txtLivroDe_3, txtLivroAte_3, txtLacunas_3}};
-    setLastFocus(txtPeriodo_0);
+    opensOn(nullptr, txtPeriodo_0); // and not on its pages
     fillLists();
     const auto on = [this](CommandButton* button, void (FrmDefinicoes::*handler)()) {
         connect(button, &CommandButton::clicked, this, [this, handler] { guarded([&] { (this->*handler)(); }); });

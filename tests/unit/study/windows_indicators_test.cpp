@@ -341,6 +341,7 @@ protected:
 TEST_F(TheWindowOfSettings, KeepsWhatIsSetAndShowsItAgain)
 {
     form().display();
+    EXPECT_TRUE(field("txtPeriodo_0").hasFocus());
     EXPECT_EQ(field("txtFalta").text(), "0");
     field("txtPeriodo_0").setText("1700");
     field("txtPeriodo_1").setText("1799");
