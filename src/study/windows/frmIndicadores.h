@@ -82,7 +82,7 @@ private:
     void forget(); // what was read and counted
     void setAtWork(bool atWork);
     void tellState();
-    const study::indicators::Tally* tally() const; // of the subject chosen; null where it isn't counted
+    const study::SubjectSheet* sheet() const; // of the subject chosen; null where it isn't counted
 
     // frmIndicadores_show.cpp: what is seen
     void showSubject();
@@ -107,7 +107,7 @@ private:
 
     const study::indicators::Subject* subject_ = nullptr; // chosen; null for a group
     std::shared_ptr<const Base> base_;                    // null until it is read
-    std::map<QString, study::indicators::Tally> tallies_; // of base_, by subject
+    std::map<QString, study::SubjectSheet> sheets_;       // of base_, by subject
     study::SubjectSheet sheet_;                           // of the subject chosen
     const study::indicators::Subject* sheetOf_ = nullptr; // what the sheet is of
     std::vector<study::indicators::Who> behind_;          // of base_, as listed

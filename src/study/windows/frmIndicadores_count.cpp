@@ -13,7 +13,6 @@
 
 using namespace study;
 using indicators::Subject;
-using indicators::Tally;
 using parish::Snapshot;
 
 namespace {
@@ -26,13 +25,19 @@ Background::GoesOn part(const Background::GoesOn& goesOn, double from, double to
     return [goesOn, from, to](double done) { return goesOn(from + (to - from) * done); };
 }
 
+// On the thread: the figures are values, and of many cells they take their time, too.
+SubjectSheet madeOf(const Subject& subject, const indicators::Study& study, const Background::GoesOn& goesOn)
+{
+    return sheetOf(subject.figures(counted(subject, study, goesOn), study.settings));
+}
+
 } // namespace
 
-const Tally* FrmIndicadores::tally() const
+const SubjectSheet* FrmIndicadores::sheet() const
 {
     if (!subject_) return nullptr;
-    const auto found = tallies_.find(QString::fromUtf8(subject_->id));
-    return found == tallies_.end() ? nullptr : &found->second;
+    const auto found = sheets_.find(QString::fromUtf8(subject_->id));
+    return found == sheets_.end() ? nullptr : &found->second;
 }
 
 void FrmIndicadores::goOn()
@@ -40,7 +45,7 @@ void FrmIndicadores::goOn()
     if (work_ || !subject_ || stopped_) return;
     if (!base_)
         readAndCount();
-    else if (!tally())
+    else if (!sheet())
         count();
     else if (question_)
         answer();
@@ -52,7 +57,7 @@ void FrmIndicadores::readAndCount()
     struct Found
     {
         std::shared_ptr<Base> base;
-        Tally tally;
+        SubjectSheet sheet;
     };
     try {
         nextWatch_ = std::make_unique<ParishWatch>(cnBDP);
@@ -67,14 +72,14 @@ void FrmIndicadores::readAndCount()
                 auto parish = std::make_shared<const Snapshot>(Snapshot::read(copy->open(), part(goesOn, 0, readBy)));
                 copy->close();
                 auto study = std::make_shared<const indicators::Study>(indicators::studyOf(*parish, settings));
-                found->tally = counted(*subject, *study, part(goesOn, readyBy, 1));
+                found->sheet = madeOf(*subject, *study, part(goesOn, readyBy, 1));
                 found->base = std::make_shared<Base>(Base{std::move(parish), std::move(study), when});
             },
             [this, found, subject] {
                 base_ = std::move(found->base);
                 watch_ = std::move(nextWatch_);
                 watching_.start();
-                tallies_[QString::fromUtf8(subject->id)] = std::move(found->tally);
+                sheets_[QString::fromUtf8(subject->id)] = std::move(found->sheet);
             },
             "A ler a BDP e a contar…");
     } catch (...) {
@@ -87,10 +92,10 @@ void FrmIndicadores::readAndCount()
 
 void FrmIndicadores::count()
 {
-    auto found = std::make_shared<Tally>();
+    auto found = std::make_shared<SubjectSheet>();
     begin([base = base_, found,
-           subject = subject_](const Background::GoesOn& goesOn) { *found = counted(*subject, *base->study, goesOn); },
-          [this, found, subject = subject_] { tallies_[QString::fromUtf8(subject->id)] = std::move(*found); },
+           subject = subject_](const Background::GoesOn& goesOn) { *found = madeOf(*subject, *base->study, goesOn); },
+          [this, found, subject = subject_] { sheets_[QString::fromUtf8(subject->id)] = std::move(*found); },
           "A contar…");
 }
 
@@ -134,7 +139,7 @@ void FrmIndicadores::ended()
                                        : "Não foi possível contar: " + outcome.failure;
             showStatus(state_);
         }
-        if (subject_ != sheetOf_ && tally()) showSubject();
+        if (subject_ != sheetOf_ && sheet()) showSubject();
         tellState();
         offerCommands();
         goOn();
@@ -147,7 +152,7 @@ void FrmIndicadores::forget()
     clearBehind();
     question_ = {};
     take_ = {};
-    tallies_.clear();
+    sheets_.clear();
     base_.reset();
     watch_.reset();
     watching_.stop();

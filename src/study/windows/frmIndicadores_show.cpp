@@ -81,9 +81,9 @@ void FrmIndicadores::showSubject()
     static const Table none;
     fillGrid(*dtgQuadro, none);
     fillGrid(*dtgNaoContados, none);
-    const auto* tallied = tally();
-    sheet_ = tallied ? sheetOf(subject_->figures(*tallied, base_->study->settings)) : SubjectSheet{};
-    sheetOf_ = tallied ? subject_ : nullptr;
+    const SubjectSheet* made = sheet();
+    sheet_ = made ? *made : SubjectSheet{};
+    sheetOf_ = made ? subject_ : nullptr;
     clearBehind();
     txtResposta->clear();
     lblTema->setText(subject_ ? QString::fromUtf8(subject_->title) : QString());
