@@ -249,13 +249,13 @@ report::Chart chartOf(const Reading& reading, const Settings& settings)
     const std::map<int, double> deaths = deathsOf(reading, all, settings);
     report::Chart chart{"obitos-e-crises", "Óbitos por ano e índice de crise", report::Drawing::Lines, "ano",
                         "óbitos; desvios-padrão"};
+    chart.described = "Óbitos de cada ano e o seu índice de crise; acima de 1 há crise.";
     if (deaths.empty()) return chart;
     std::map<int, double> indices;
     for (const auto& [year, crisis] : statistics::crises(deaths, statistics::Spread::ByN, settings.skipCrises))
         indices[year] = crisis.index;
     const YearSpan years = {deaths.begin()->first, deaths.rbegin()->first};
     chart.plots = {lineOf("óbitos", deaths, years), lineOf("índice", indices, years)};
-    chart.described = "Óbitos de cada ano e o seu índice de crise; acima de 1 há crise.";
     return chart;
 }
 
