@@ -91,7 +91,7 @@ bool printScores(const char* title, const bench::Tallied& tallied, const Model& 
         }
         std::printf("\n");
     }
-    std::printf("\nThe right one is the best candidate of %.3f, among the five best of %.3f.\n",
+    std::printf("\nThe right one is the best candidate of %.4f, among the five best of %.4f.\n",
                 bench::recallAmong(tallied, 1), bench::recallAmong(tallied, 5));
     return isMet;
 }

@@ -182,23 +182,25 @@ double recallAmong(const Tallied& tallied, int best)
     for (const auto& [number, true_] : tallied.truth)
         ++records[true_];
     std::map<qint64, std::map<qint64, double>> found; // a pair may come of itself, and with its couples
-    const auto add = [&](qint64 one, qint64 other, double bits) {
-        for (const auto& [number, candidate] : {std::pair(one, other), std::pair(other, one)}) {
-            const auto known = found[number].try_emplace(candidate, bits).first;
-            known->second = std::max(known->second, bits);
-        }
+    const auto addFor = [&](qint64 number, qint64 candidate, double standing) {
+        const auto known = found[number].try_emplace(candidate, standing).first;
+        known->second = std::max(known->second, standing);
+    };
+    const auto add = [&](qint64 one, qint64 other, const Link& link) {
+        addFor(one, other, link.standingFor(link.one));
+        addFor(other, one, link.standingFor(link.other));
     };
     for (const Link* link : tallied.links)
-        add(link->one.number, link->other.number, link->bits);
+        add(link->one.number, link->other.number, *link);
     for (std::size_t i = 0; i < tallied.implied.size(); ++i)
-        add(tallied.implied[i].first, tallied.implied[i].second, tallied.implying[i]->bits);
+        add(tallied.implied[i].first, tallied.implied[i].second, *tallied.implying[i]);
     int doubled = 0, hit = 0;
     for (const auto& [number, true_] : tallied.truth) {
         if (records[true_] < 2) continue;
         ++doubled;
         std::vector<std::pair<double, bool>> candidates;
-        for (const auto& [other, bits] : found[number])
-            candidates.emplace_back(-bits, isOfOne(tallied.truth, number, other));
+        for (const auto& [other, standing] : found[number])
+            candidates.emplace_back(-standing, isOfOne(tallied.truth, number, other));
         std::ranges::sort(candidates);
         const std::size_t some = std::min(candidates.size(), static_cast<std::size_t>(best));
         hit += std::any_of(candidates.begin(), candidates.begin() + static_cast<std::ptrdiff_t>(some),

@@ -65,7 +65,8 @@ Eliminacao eliminacao(const jet::Recordset& linha);
 
 // Puts back all that the deletion has taken, in one transaction, and drops it from the table. Returns "", or else the
 // reason in Portuguese why nothing was changed: a number that is taken, a record that isn't as the deletion has left
-// it, or one that belongs to it and was deleted later, and has to be put back first. Throws Error; nothing is changed
+// it, or one that belongs to it and was deleted or
+// made one with another later, and has to be put back first. Throws Error; nothing is changed
 // then.
 QString repoe(jet::Connection& bdp, qint64 id);
 

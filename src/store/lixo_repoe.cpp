@@ -38,7 +38,7 @@ public:
     QString impedimento() const
     {
         if (!legivel_) return "O que ficou guardado desta eliminação não se consegue ler.";
-        for (const auto procura : {&Reposicao::eliminadosDepois, &Reposicao::numerosOcupados,
+        for (const auto procura : {&Reposicao::eliminadosDepois, &Reposicao::juntosDepois, &Reposicao::numerosOcupados,
                                    &Reposicao::familiasAlteradas, &Reposicao::filhosAlterados})
             if (const QString motivo = (this->*procura)(); !motivo.isEmpty()) return motivo;
         return {};
@@ -145,6 +145,39 @@ private:
         }
         if (nomes.isEmpty()) return {};
         return "Foi eliminado depois, e tem de ser reposto primeiro:\r\n" + nomes.join("\r\n");
+    }
+
+    // Records that a decision has taken away since have left their numbers to others: what would lead to them comes
+    // back when they are there again.
+    QString juntosDepois() const
+    {
+        const QStringList colunas{"id", "quando", "titulo", "alteradas", "linhas", "desfeita"};
+        for (const QString& coluna : colunas)
+            if (!ha("select 1 as ha from pragma_table_info('estudo_decisao') where lower(name) = ?", {coluna}))
+                return {};
+        const Registos precisos = referidos();
+        QStringList titulos;
+        for (const QJsonObject& decisao : jet::jsonRows(
+                 bdp_,
+                 jet::NativeSql("select titulo, linhas from estudo_decisao where desfeita is null and alteradas "
+                                "> 0 and quando >= (select quando from estudo_lixo where id = ?) order by id desc",
+                                {id_})))
+            if (tira(QJsonDocument::fromJson(decisao["linhas"].toString().toUtf8()).array(), precisos))
+                titulos << decisao["titulo"].toString();
+        if (titulos.isEmpty()) return {};
+        return "Foi decidido depois, e tem de ser desfeito primeiro:\r\n" + titulos.join("\r\n");
+    }
+
+    // Whether one of them went with these rows: one without a key is there no more.
+    static bool tira(const QJsonArray& linhas, const Registos& precisos)
+    {
+        return std::ranges::any_of(linhas, [&](const QJsonValue& linha) {
+            if (linha["chave"].isObject()) return false;
+            if (linha["tabela"] == "individuo")
+                return precisos.contains({Tipo::Individuo, numeroDe(linha["antes"]["nind"])});
+            return linha["tabela"] == "familia" &&
+                   precisos.contains({Tipo::Familia, numeroDe(linha["antes"]["nfamilia"])});
+        });
     }
 
     QString numerosOcupados() const

@@ -58,20 +58,22 @@ void Connection::open(const QString& connectionString, Sharing sharing)
 {
     if (database_->handle) throw Error{number::alreadyOpen, QStringLiteral("A ligação já está aberta.")};
     const QString path = pathOf(connectionString);
-    requireWritableFile(path);
+    const bool writes = sharing != Sharing::ReadOnly;
+    writes ? requireWritableFile(path) : requireFile(path);
     if (sharing == Sharing::Alone) requireUnused(path, database_->claim);
     try {
-        database_->handle = openEngine(path, Access::ReadWrite);
+        database_->handle = openEngine(path, writes ? Access::ReadWrite : Access::ReadOnly);
         database_->path = path;
         ++database_->opened;
         requireHarmlessCompanions(database_->handle, path); // before the engine reads the file
+        if (!writes) requireNoLog(database_->handle, path);
         installFunctions(database_->handle);
         installCollector(database_->handle, &database_->collecting);
         requireHarmlessSchema(database_->handle, path, own_);
         requireWhole(database_->handle, path);
         // One file at rest, on the disk with each commit, which is one once the journal's name is gone from the disk.
         // Last, as it writes where the file was used otherwise before.
-        database_->run("pragma journal_mode = delete; pragma synchronous = extra");
+        if (writes) database_->run("pragma journal_mode = delete; pragma synchronous = extra");
         database_->changes.install(database_->handle);
         database_->watch.install(database_->handle);
     } catch (...) {

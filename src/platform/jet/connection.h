@@ -41,7 +41,9 @@ public:
     enum class Sharing
     {
         Shared,
-        Alone // as seen by all connections, of any program, that ask to be alone, and by those who replace the file
+        Alone,   // as seen by all connections, of any program, that ask to be alone, and by those who replace the file
+        ReadOnly // as Shared, of a file or in a folder that nobody may write: a statement that writes is
+                 // permissionDenied
     };
 
     // What somebody does at turns of the life of a connection. Neither may use it for a statement, or throw.
@@ -63,6 +65,8 @@ public:
     // database. Throws fileNotFound, pathNotFound, permissionDenied (also where the file's folder can't be written, as
     // no transaction could begin there) or engineFailure (also where it is to be alone and isn't), naming the file; the
     // connection is closed then.
+    // One that is only read may be read-only, and so may its folder; nothing is made beside it. It is refused where it
+    // can't be read so: with a journal to be played back, or one that is used with a write-ahead log.
     // A file is refused with engineFailure, and nothing is touched, where its schema holds what requireHarmlessSchema()
     // refuses, or where what lies beside it isn't what a killed program leaves (requireHarmlessCompanions()).
     // Precondition: closed; Error 3705 otherwise.

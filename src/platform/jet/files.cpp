@@ -89,15 +89,7 @@ void requireReadableName(const QString& path)
             .arg(QString(path).remove(QChar::Null))};
 }
 
-void claimReplaceable(const QString& path, Claim& claim)
-{
-    requireWritableFile(path);
-    requireTarget(behindLinks(path), claim);
-}
-
-} // namespace
-
-void requireWritableFile(const QString& path)
+fs::file_status statusOfFile(const QString& path)
 {
     requireReadableName(path);
     std::error_code ignored;
@@ -110,7 +102,25 @@ void requireWritableFile(const QString& path)
         throw Error{number::engineFailure, QStringLiteral("\"%1\" é uma pasta, não uma BDP.").arg(path)};
     if (!fs::is_regular_file(status))
         throw Error{number::engineFailure, QStringLiteral("O ficheiro \"%1\" não é uma BDP.").arg(path)};
-    if (!isWritable(status)) throw denied(path);
+    return status;
+}
+
+void claimReplaceable(const QString& path, Claim& claim)
+{
+    requireWritableFile(path);
+    requireTarget(behindLinks(path), claim);
+}
+
+} // namespace
+
+void requireFile(const QString& path)
+{
+    (void)statusOfFile(path);
+}
+
+void requireWritableFile(const QString& path)
+{
+    if (!isWritable(statusOfFile(path))) throw denied(path);
     requireWritableFolderOf(QFileInfo(path).canonicalFilePath()); // behind a link: the journal stands there
 }
 

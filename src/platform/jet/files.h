@@ -17,8 +17,11 @@ struct CloseEngine
 };
 using Engine = std::unique_ptr<sqlite3, CloseEngine>;
 
-// Throws fileNotFound, pathNotFound (also for a name that can't be read), engineFailure (a folder) or permissionDenied,
-// also for the folder that the file stands in. What nobody may write counts as read-only for the superuser, too.
+// Throws fileNotFound, pathNotFound (also for a name that can't be read) or engineFailure (a folder).
+void requireFile(const QString& path);
+
+// As requireFile(), and permissionDenied, also for the folder that the file stands in. What nobody may write counts as
+// read-only for the superuser, too.
 void requireWritableFile(const QString& path);
 
 enum class Access

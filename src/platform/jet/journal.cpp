@@ -295,4 +295,15 @@ void requireHarmlessCompanions(sqlite3* database, const QString& path)
     }
 }
 
+void requireNoLog(sqlite3* database, const QString& path)
+{
+    constexpr qint64 readVersionAt = 19;
+    constexpr char withALog = 2;
+    if (OpenFile(database).read(readVersionAt, 1).front() != withALog) return;
+    throw Error{number::engineFailure,
+                QStringLiteral("O ficheiro \"%1\" foi usado por um programa que o deixou de um modo que não se lê sem "
+                               "escrever ao lado dele: abra-o primeiro no ORV, onde se possa escrever.")
+                    .arg(path)};
+}
+
 } // namespace jet

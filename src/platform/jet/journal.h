@@ -14,4 +14,7 @@ namespace jet {
 // Precondition: nothing was read through the handle yet; no connection of this program is in a transaction on the file.
 void requireHarmlessCompanions(sqlite3* database, const QString& path);
 
+// Throws engineFailure where the file is used with a write-ahead log: who reads such a one makes files beside it.
+void requireNoLog(sqlite3* database, const QString& path);
+
 } // namespace jet

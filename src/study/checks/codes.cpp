@@ -2,6 +2,7 @@
 
 #include "common/tipoFam.h"
 #include "common/tipoInd.h"
+#include "study/checks/words.h"
 
 #include <QStringList>
 
@@ -29,9 +30,13 @@ QString typeByDates(const Family& family)
     static constexpr int types = 7;
     if (family.type && (*family.type < 1 || *family.type > types)) return QString::number(*family.type);
     const auto isBorn = [](const Person* child) { return child->birth.isKnown(); };
+    const auto isDead = [](const parish::Membership& row) {
+        return row.member.person && row.member.person->death.isKnown();
+    };
+    const Person* const mother = motherIn(family);
     return tipoDaFamilia({
-        .nascimentoDaMae = family.wife && family.wife->birth.isKnown(),
-        .obitos = family.husband && family.wife && family.husband->death.isKnown() && family.wife->death.isKnown(),
+        .nascimentoDaMae = mother && mother->birth.isKnown(),
+        .obitos = std::ranges::count_if(family.members, isDead) == 2,
         .casamento = family.marriage.isKnown(),
         .nascimentosDosFilhos = std::ranges::all_of(family.children, isBorn),
     });

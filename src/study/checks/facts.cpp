@@ -81,6 +81,8 @@ void Facts::gatherMentioned()
             mention(priest.who);
     for (const parish::Bequest& row : parish_.bequests())
         mention(row.heir);
+    for (const parish::PersonNumber number : parish_.namedInActs())
+        mention({number, parish_.person(number)});
 }
 
 const QString& Facts::standardName(const parish::Person& person) const

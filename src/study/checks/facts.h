@@ -33,7 +33,7 @@ struct Facts
     // them. A date that is off stands alone, and shifts no book. Invalid where there are none.
     QDate booksBegin = {}, booksEnd = {};
 
-    // Whom the records of others name: priests, executors, heirs.
+    // Whom the records of others name: priests, executors, heirs; and those whom a stored act names.
     std::unordered_set<const parish::Person*> mentioned = {};
 
     // As it is spelled today. Precondition: a person of the parish.

@@ -149,8 +149,7 @@ void tellsAnothersDeathWrongly(const Person& person, Check& check)
                                              .arg(actWithDay(*row), elder.article, elder.role, of(person),
                                                   named(*elder.person), how, told(death)));
             found.people.push_back(elder.person);
-            // The box that nobody ticked may be a word that the act doesn't say.
-            check.report(found, *elder.dead ? Severity::Unlikely : Severity::Information);
+            check.report(found);
         }
     }
 }
@@ -272,7 +271,7 @@ std::vector<Rule> assistantRules()
          "Pai ou mãe do assistente vivo ou falecido",
          tellsAnothersDeathWrongly,
          {},
-         "O acto calou o que não interessava: por isso «vivo» é só informação."},
+         "A ficha grava «vivo» onde ninguém marcou que faleceu, e o acto pode tê-lo calado."},
         {"T-08",
          Severity::Unlikely,
          "Parentesco que não pode ser",

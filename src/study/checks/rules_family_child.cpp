@@ -148,21 +148,23 @@ void hasChildrenTooLong(const Person& person, Check& check)
                   .when = last.birth});
 }
 
-// Of a woman with all husbands; of a man only where the mother isn't known, as hers are told already.
+// Of a woman with all husbands, and with one; of a man only where the mother isn't known, as hers are told already.
 void hasTooManyChildren(const Person& person, Check& check)
 {
     const bool isWoman = person.gender == Gender::Female;
-    size_t children = 0;
+    size_t all = 0, ofOne = 0;
     Check::Found found{.text = {}, .people = {&person}};
     for (const Membership* row : unionsOf(person)) {
         if (!row->family || row->family->children.empty() || (!isWoman && motherIn(*row->family))) continue;
-        children = isWoman ? children + row->family->children.size() : std::max(children, row->family->children.size());
+        all += row->family->children.size();
+        ofOne = std::max(ofOne, row->family->children.size());
         found.families.push_back(row->family);
         for (const Person* child : row->family->children)
             if (child->birth.isKnown()) found.when = child->birth; // the last one
     }
-    if (static_cast<double>(children) <= check.limit(isWoman ? "mulher" : "casal")) return;
-    found.text = QString("%1 tem %2 filhos.").arg(named(person), QString::number(children));
+    const bool areTooMany = isWoman && static_cast<double>(all) > check.limit("mulher");
+    if (!areTooMany && static_cast<double>(ofOne) <= check.limit("casal")) return;
+    found.text = QString("%1 tem %2 filhos.").arg(named(person), QString::number(isWoman ? all : ofOne));
     check.report(found);
 }
 
@@ -180,6 +182,38 @@ void areNumberedOutOfOrder(const Family& family, Check& check)
                       .when = child.birth});
         return;
     }
+}
+
+// Numbers between those of two children that nobody has: of a child that was deleted, or of another record.
+void lackNumbers(const Family& family, Check& check)
+{
+    const auto most = static_cast<qint64>(check.limit("lacuna"));
+    if (most < 1 || family.children.size() < 2) return;
+    std::vector<const Person*> children = family.children;
+    std::ranges::sort(children, {}, &Person::number);
+    const auto isNobodys = [&](qint64 number) { return !check.parish().person(parish::PersonNumber(number)); };
+    for (size_t i = 1; i < children.size(); ++i) {
+        const qint64 first = value(children[i - 1]->number) + 1, last = value(children[i]->number) - 1;
+        if (first > last || last - first >= most) continue;
+        bool areNobodys = true;
+        for (qint64 number = first; areNobodys && number <= last; ++number)
+            areNobodys = isNobodys(number);
+        if (!areNobodys) continue;
+        const QString which = first == last ? QString("falta o número %1").arg(first)
+                                            : QString("faltam os números %1 a %2").arg(first).arg(last);
+        check.report({.text = QString("Na família nº %1 %2 entre %3 e %4: ninguém %5 tem.")
+                                  .arg(parish::shown(family.number), which, bornOn(*children[i - 1]) + ',',
+                                       bornOn(*children[i]), first == last ? "o" : "os"),
+                      .people = {children[i - 1], children[i]},
+                      .families = {&family},
+                      .when = children[i]->birth});
+    }
+}
+
+void areNumberedOddly(const Family& family, Check& check)
+{
+    areNumberedOutOfOrder(family, check);
+    lackNumbers(family, check);
 }
 
 } // namespace
@@ -210,14 +244,15 @@ std::vector<Rule> familyChildRules()
          Severity::Unlikely,
          "Filhos de mais",
          hasTooManyChildren,
-         {{"mulher", 15, "Filhos de uma mulher"}, {"casal", 20, "Filhos de um casal sem mãe conhecida"}},
+         {{"mulher", 15, "Filhos de uma mulher"}, {"casal", 20, "Filhos de um casal"}},
          "Dois casais homónimos; mas houve famílias assim."},
         {"F-17",
          Severity::Information,
-         "Números dos filhos fora da ordem dos nascimentos",
-         areNumberedOutOfOrder,
-         {},
-         "Os números são da ordem em que se inseriu, e nada dizem do nascimento."},
+         "Números dos filhos fora da ordem dos nascimentos, ou com falhas",
+         areNumberedOddly,
+         {{"lacuna", 1, "Números seguidos em falta entre dois filhos, até (n.º; 0: não se procuram)"}},
+         "Os números são da ordem em que se inseriu, e nada dizem do nascimento; um que falta pode ser de quem se "
+         "juntou a outra ficha."},
     };
 }
 

@@ -238,6 +238,20 @@ void areNamedInActsOnly(const parish::Snapshot& parish, Check& check)
     }
 }
 
+void areOfNoFamily(const parish::Snapshot& parish, Check& check)
+{
+    for (const parish::LostFamily& lost : parish.lostFamilies()) {
+        const QString number = parish::shown(lost.number);
+        check.report(
+            {.text = QString("O acto nº %1 é da família nº %2, que não existe.").arg(QString::number(lost.act), number),
+             .people = {},
+             .families = {},
+             .acts = {lost.act},
+             .when = {},
+             .about = QString("acto %1 %2 f%3").arg(lost.act).arg(lost.order).arg(number)});
+    }
+}
+
 } // namespace
 
 std::vector<Rule> lostRules()
@@ -285,6 +299,12 @@ std::vector<Rule> lostRules()
          areNamedInActsOnly,
          {},
          "A ficha foi eliminada sem que o acto o soubesse."},
+        {"K-13",
+         Severity::Impossible,
+         "Família de um acto com um número que não existe",
+         areOfNoFamily,
+         {},
+         "A família foi eliminada por outro programa, sem que o acto o soubesse."},
     };
 }
 

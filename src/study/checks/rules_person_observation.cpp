@@ -139,7 +139,7 @@ std::vector<Rule> personObservationRules()
          "Pessoa sem datas, família nem actos",
          isCutOff,
          {},
-         "Pode figurar só num acto guardado tal como o livro o conta, ou ter sido inserida antes dos actos."},
+         "Pode ter sido inserida antes dos actos."},
     };
 }
 

@@ -95,12 +95,11 @@ struct Currency
     QDate from, until;
 };
 
-const std::vector<Currency>& currencies()
+std::vector<Currency> currencies(const Check& check)
 {
-    static const QDate escudo(1911, 5, 22); // the decree that made it
-    static const std::vector<Currency> all{
-        {"Re", "réis", {}, escudo}, {"Es", "escudos", escudo, {}}, {"Eu", "euros", QDate(1999, 1, 1), {}}};
-    return all;
+    const QDate escudo(static_cast<int>(check.limit("escudo")), 5, 22); // the day of the decree that made it
+    const QDate euro(static_cast<int>(check.limit("euro")), 1, 1);
+    return {{"Re", "réis", {}, escudo}, {"Es", "escudos", escudo, {}}, {"Eu", "euros", euro, {}}};
 }
 
 // The card puts escudos where nobody chose: only an amount tells a currency.
@@ -111,14 +110,15 @@ bool hasAnAmount(const Suffrage& row)
 
 void countsInAnotherAgesMoney(const Person& person, Check& check)
 {
-    if (!person.death.isKnown()) return;
+    if (!person.death.isKnown() || person.suffrages.empty()) return;
     const QDate day = person.death.date();
+    const std::vector<Currency> all = currencies(check);
     QStringList wrong;
     for (const Suffrage& row : person.suffrages) {
-        const auto currency = std::ranges::find_if(currencies(), [&](const Currency& one) {
+        const auto currency = std::ranges::find_if(all, [&](const Currency& one) {
             return row.currency.compare(QLatin1String(one.code), Qt::CaseInsensitive) == 0;
         });
-        if (currency == currencies().end() || !hasAnAmount(row)) continue;
+        if (currency == all.end() || !hasAnAmount(row)) continue;
         const QDate last =
             currency->until.isValid() ? currency->until.addYears(static_cast<int>(check.limit("tolerancia"))) : QDate();
         const qint64 days = currency->from.isValid() && day < currency->from ? day.daysTo(currency->from)
@@ -194,7 +194,9 @@ std::vector<Rule> willRules()
          Severity::Unlikely,
          "Moeda de outro tempo",
          countsInAnotherAgesMoney,
-         {{"tolerancia", 20, "Tempo em que ainda se contou em réis (anos)"}},
+         {{"tolerancia", 20, "Tempo em que ainda se contou em réis (anos)"},
+          {"escudo", 1911, "Ano do decreto que criou o escudo, de 22 de Maio"},
+          {"euro", 1999, "Ano em que começou o euro, a 1 de Janeiro"}},
          "A ficha propõe escudos; ou o valor foi convertido pelo investigador."},
         {"W-05",
          Severity::Impossible,

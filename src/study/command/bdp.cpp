@@ -16,4 +16,16 @@ void openBdp(jet::Connection& bdp, const QString& path, jet::Connection::Sharing
                          QString("A BDP \"%1\" é antiga: abra-a primeiro no programa, que a actualiza.").arg(path));
 }
 
+// What a killed program has left beside the file is put right first, where that can be.
+void openBdpToRead(jet::Connection& bdp, const QString& path)
+{
+    using enum jet::Connection::Sharing;
+    try {
+        openBdp(bdp, path, Shared);
+    } catch (const jet::Error& error) {
+        if (error.number != jet::number::permissionDenied) throw;
+        openBdp(bdp, path, ReadOnly);
+    }
+}
+
 } // namespace study

@@ -11,4 +11,7 @@ namespace study {
 // first.
 void openBdp(jet::Connection& bdp, const QString& path, jet::Connection::Sharing sharing);
 
+// For who only reads: as Shared, and ReadOnly where nobody may write the file or its folder.
+void openBdpToRead(jet::Connection& bdp, const QString& path);
+
 } // namespace study

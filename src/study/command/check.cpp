@@ -19,7 +19,7 @@ std::vector<checks::Case> casesOf(const Order& order, const std::function<bool()
 {
     const auto ask = [&](double) { return goesOn(); };
     jet::Connection bdp;
-    openBdp(bdp, order.bdp, jet::Connection::Sharing::Shared);
+    openBdpToRead(bdp, order.bdp);
     const checks::Settings settings = checks::keptSettings(bdp);
     const checks::Aside isAside(order.withSeen ? std::vector<checks::Seen>() : checks::seenCases(bdp));
     const parish::Snapshot parish = parish::Snapshot::read(bdp, ask);
@@ -54,7 +54,9 @@ int runCheck(const Order& order, QTextStream& out, QTextStream& err, const std::
     try {
         const std::vector<checks::Case> cases = casesOf(order, goesOn);
         tell(cases, order.format, out);
-        return cases.empty() ? nothingFound : somethingFound;
+        out.flush();
+        if (out.status() == QTextStream::Ok) return cases.empty() ? nothingFound : somethingFound;
+        err << "Não foi possível escrever o que se encontrou.\n";
     } catch (const parish::Snapshot::Interrupted&) {
         err << "Interrompido.\n";
     } catch (const std::exception& error) {

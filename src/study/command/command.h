@@ -19,7 +19,7 @@ inline constexpr int nothingStored = 3; // of one of the files, whose acts were 
 // How a check ended.
 inline constexpr int nothingFound = 0;
 inline constexpr int somethingFound = 1;
-inline constexpr int notChecked = 2; // wrong arguments, a BDP that can't be read, an interruption
+inline constexpr int notChecked = 2; // wrong arguments, a BDP that can't be read, an interruption, nowhere to tell it
 
 // Runs the command with its arguments, without its own name. Reports go to `out`; problems, as "ficheiro:linha: razão",
 // to `err`. `goesOn` is asked between two acts, and now and then during a check; false ends the work, and nothing of

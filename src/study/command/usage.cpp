@@ -161,7 +161,7 @@ por inteiro ou não é guardado; Ctrl+C interrompe. Um ficheiro danificado é re
 razão. O programa não pode ter a BDP aberta.
 
 Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
-programa pode tê-la aberta.
+programa pode tê-la aberta, e o ficheiro pode ser só de leitura.
   --formato            texto, se nada for dito; csv, em UTF-8 e com ";"; ou json
   --gravidade          impossivel, aviso ou informacao: o que for menos grave não é dito
   --vistos             diz também os casos que foram dados por vistos

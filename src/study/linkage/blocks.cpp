@@ -89,7 +89,8 @@ void addKeys(const Face& face, uint32_t index, std::vector<Entry>& entries)
             entries.emplace_back(keyOf(Key::Surname, {first, surname}), index);
         for (const Whereabouts& where : face.places)
             entries.emplace_back(keyOf(Key::Place, {first, uint64_t(where.place)}), index);
-        if (!face.nickname.isEmpty()) entries.emplace_back(keyOf(Key::Nickname, {first, codeOf(face.nickname)}), index);
+        for (const QString& byname : face.bynames + face.tags)
+            entries.emplace_back(keyOf(Key::Nickname, {first, codeOf(byname)}), index);
     }
 }
 

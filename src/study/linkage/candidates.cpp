@@ -30,6 +30,14 @@ void round(Link& link)
                                 [](double sum, const Evidence& evidence) { return sum + evidence.bits; });
 }
 
+void place(Link& link, const Score& score, const Rivals::Both& rivals, const std::function<Record(uint32_t)>& recordAt)
+{
+    if (const auto& rival = rivals.stronger())
+        link.runnerUp = RunnerUp{recordAt(rival->record), rival->ofOne, rival->bits};
+    link.takenForOne = takenFrom(score, rivals.ofOther);
+    link.takenForOther = takenFrom(score, rivals.ofOne);
+}
+
 } // namespace
 
 Linker::Linker(const parish::Snapshot& parish, const Model& model, const Question& question,
@@ -221,16 +229,14 @@ void Linker::addCouples(const Scores& scores)
     const Rivals rivals(scores.couples, records, [this](uint32_t one, uint32_t other) {
         return bitsOf(faces_.couples()[one], faces_.couples()[other]);
     });
-    size_t number = 0;
-    for (const Score& score : Scorer::best(scores.couples, records, model_.candidates)) {
-        ask(number++);
+    const auto asking = [this, number = size_t(0)]() mutable { ask(number++); };
+    for (const Score& score : rivals.bestOfEach(model_.candidates, asking)) {
         const CoupleFace &one = faces_.couples()[score.one], &other = faces_.couples()[score.other];
         const Comparison comparison = compared(one, other);
         Link link{.kind = LinkKind::SameFamily, .one = coupleAt(score.one), .other = coupleAt(score.other)};
         link.evidence = comparer_.evidence(comparison, one, other);
         round(link);
-        if (const auto rival = rivals.of(score))
-            link.runnerUp = RunnerUp{coupleAt(rival->record), rival->ofOne, rival->bits};
+        place(link, score, rivals.of(score), [this](uint32_t index) { return coupleAt(index); });
         add(std::move(link));
     }
 }
@@ -252,17 +258,15 @@ void Linker::addPeople(const Scores& scores)
     const Rivals rivals(scores.people, records, [this](uint32_t one, uint32_t other) {
         return bitsOf(faces_.people()[one], faces_.people()[other]);
     });
-    size_t number = 0;
-    for (const Score& score : Scorer::best(scores.people, records, model_.candidates)) {
-        ask(number++);
+    const auto asking = [this, number = size_t(0)]() mutable { ask(number++); };
+    for (const Score& score : rivals.bestOfEach(model_.candidates, asking)) {
         const Face &one = faces_.people()[score.one], &other = faces_.people()[score.other];
         Link link{.kind = kindOf(*one.person, *other.person),
                   .one = personAt(score.one),
                   .other = personAt(score.other),
                   .evidence = evidenceOf(score, scores)};
         round(link);
-        if (const auto rival = rivals.of(score))
-            link.runnerUp = RunnerUp{personAt(rival->record), rival->ofOne, rival->bits};
+        place(link, score, rivals.of(score), [this](uint32_t index) { return personAt(index); });
         add(std::move(link));
     }
 }

@@ -81,8 +81,13 @@ struct Link
     double bits = 0;             // of a doubtful link: negative
     std::vector<Evidence> evidence = {}; // the strongest first; their sum is `bits`
     std::optional<RunnerUp> runnerUp = {};
+    // Bits that it loses among the candidates of `one` as `other` has a better place elsewhere, and the other way
+    // round.
+    double takenForOne = 0, takenForOther = 0;
 
     bool operator==(const Link&) const = default;
+    // What the candidates of one of the two are ordered by.
+    double standingFor(const Record& record) const { return bits - (record == one ? takenForOne : takenForOther); }
     double aboveRunnerUp() const { return runnerUp ? bits - runnerUp->bits : bits; }
     // A doubtful one is always: the list of these is short, and there is no runner-up.
     bool isSuggested(const Model& model) const
@@ -129,23 +134,53 @@ struct NamedSpouse
 // Of the acts, and of the notes of people without a union. Throws jet::Error.
 std::vector<NamedSpouse> namedSpouses(jet::Connection& bdp);
 
+// How an act names somebody whom it was linked to, or their father, mother or spouse. Whom the act is about alone: who
+// is baptised, marries or is buried by it.
+struct NameInAct
+{
+    enum class Who : quint8
+    {
+        Self,
+        Father,
+        Mother,
+        Spouse // of the deceased
+    };
+    enum class In : quint8
+    {
+        Baptism,
+        Marriage,
+        Burial
+    };
+    parish::PersonNumber person = {};
+    Who of = Who::Self;
+    In in = In::Baptism;
+    QString name = {};
+    qint64 act = 0;
+    parish::PersonNumber marries = {}; // in a marriage: the other one; 0: nobody of the BDP
+
+    bool operator==(const NameInAct&) const = default;
+};
+// Of all acts that the BDP keeps, but for names of which the transcriber doubts the reading. Throws jet::Error.
+std::vector<NameInAct> namesInActs(jet::Connection& bdp);
+
 struct Question
 {
     ToldApart decided = {}; // who isn't the same, and which couple isn't the parents
     ToldApart right = {};   // doubtful links that are right: a person, and the family or none
     std::vector<NamedParents> named = {};
     std::vector<NamedSpouse> spouses = {};
-    std::vector<Record> only = {}; // links with one of these alone, as after a decision; empty: all
-    int threads = 2;               // the links are the same whatever it is
+    std::vector<NameInAct> inActs = {}; // by which links are doubted
+    std::vector<Record> only = {};      // links with one of these alone, as after a decision; empty: all
+    int threads = 2;                    // the links are the same whatever it is
 
     bool operator==(const Question&) const = default;
 };
 
-// All links of model.hideBelow bits and more, of each record the best model.candidates, and the doubtful ones below 0;
-// by kind, then the strongest first. Vetoed are other sexes, deaths before, ages out of reach, two exact births or
-// deaths, two births of a mother within eight months, members of one family, and who was told apart: of two couples
-// also where their husbands or their wives were, who are no evidence for their spouses any more. Who was told apart
-// from the one of a pair stays a rival of the other. Throws Snapshot::Interrupted.
+// All links of model.hideBelow bits and more, of each record the best model.candidates by their standing for it, and
+// the doubtful ones below 0; by kind, then the strongest first. Vetoed are other sexes, deaths before, ages out of
+// reach, two exact births or deaths, two births of a mother within eight months, members of one family, and who was
+// told apart: of two couples also where their husbands or their wives were, who are no evidence for their spouses any
+// more. Who was told apart from the one of a pair stays a rival of the other. Throws Snapshot::Interrupted.
 std::vector<Link> links(const parish::Snapshot& parish, const Model& model, const Question& question = {},
                         const parish::Snapshot::GoesOn& goesOn = {});
 

@@ -60,10 +60,25 @@ void Comparer::addLevel(Field field, Level level, Of of, Comparison& to) const
     to.add({.field = field, .level = level, .of = of, .bits = scale_.weight(field, level).bits()});
 }
 
-void Comparer::compareWords(const QString& one, const QString& other, Field field, Of of, Comparison& to) const
+static bool shareWord(const QStringList& one, const QStringList& other)
 {
-    if (one.isEmpty() || other.isEmpty()) return;
-    addLevel(field, one == other ? Level::Equal : Level::Other, of, to);
+    return std::ranges::any_of(one, [&](const QString& word) { return other.contains(word); });
+}
+
+// A nickname and "o Velho" aren't set against each other: the old man may be the smith.
+void Comparer::compareBynames(const Face& one, const Face& other, Of of, Comparison& to) const
+{
+    const auto differ = [](const QStringList& a, const QStringList& b) { return !a.isEmpty() && !b.isEmpty(); };
+    if (shareWord(one.bynames, other.bynames) || shareWord(one.tags, other.tags))
+        addLevel(Field::Nickname, Level::Equal, of, to);
+    else if (differ(one.bynames, other.bynames) || differ(one.tags, other.tags))
+        addLevel(Field::Nickname, Level::Other, of, to);
+}
+
+void Comparer::compareTitles(const Face& one, const Face& other, Of of, Comparison& to) const
+{
+    if (one.titles.isEmpty() || other.titles.isEmpty()) return;
+    addLevel(Field::Title, shareWord(one.titles, other.titles) ? Level::Equal : Level::Other, of, to);
 }
 
 void Comparer::compareSelf(const Face& one, const Face& other, Of of, Comparison& to) const
@@ -80,8 +95,8 @@ void Comparer::compareSelf(const Face& one, const Face& other, Of of, Comparison
     }
     compareParents(one, other, of, to);
     compareTimes(one, other, of, to);
-    compareWords(one.nickname, other.nickname, Field::Nickname, of, to);
-    compareWords(one.title, other.title, Field::Title, of, to);
+    compareBynames(one, other, of, to);
+    compareTitles(one, other, of, to);
 }
 
 void Comparer::compareParents(const Face& one, const Face& other, Of of, Comparison& to) const
@@ -93,6 +108,7 @@ void Comparer::compareParents(const Face& one, const Face& other, Of of, Compari
     }
     compareNames(one.father, other.father, parish::Gender::Male, Field::Father, Field::FatherSurnames, of, to);
     compareNames(one.mother, other.mother, parish::Gender::Female, Field::Mother, Field::MotherSurnames, of, to);
+    compareGrandparents(one, other, of, to);
     if (one.father && other.father) return;
     if (!compareParentsSurname(one, other, of, to)) compareParentsSurname(other, one, of, to);
 }
@@ -135,13 +151,13 @@ void Comparer::compareThings(std::span<const Whereabouts> one, std::span<const W
                              Comparison& to) const
 {
     if (one.empty() || other.empty()) return;
+    const Whereabouts* rarest = nullptr;
     for (const Whereabouts& a : one)
         for (const Whereabouts& b : other)
-            if (a.place == b.place) {
-                const double bits = std::max(0.0, scale_.weight(field, Level::Equal).bits(a.share));
-                return to.add({.field = field, .level = Level::Equal, .of = of, .bits = bits, .thing = a.place});
-            }
-    addLevel(field, Level::Other, of, to);
+            if (a.place == b.place && (!rarest || a.share < rarest->share)) rarest = &a;
+    if (!rarest) return addLevel(field, Level::Other, of, to);
+    const double bits = std::max(0.0, scale_.weight(field, Level::Equal).bits(rarest->share));
+    to.add({.field = field, .level = Level::Equal, .of = of, .bits = bits, .thing = rarest->place});
 }
 
 static bool shareOne(std::span<const Whereabouts> one, std::span<const Whereabouts> other)

@@ -87,9 +87,11 @@ private:
     void compareRest(const Name& one, const Name& other, parish::Gender sex, Field field, Of of, Comparison& to) const;
     void compareSelf(const Face& one, const Face& other, Of of, Comparison& to) const;
     void compareParents(const Face& one, const Face& other, Of of, Comparison& to) const;
+    void compareGrandparents(const Face& one, const Face& other, Of of, Comparison& to) const;
     bool compareParentsSurname(const Face& child, const Face& other, Of of, Comparison& to) const;
     void compareTimes(const Face& one, const Face& other, Of of, Comparison& to) const;
-    void compareWords(const QString& one, const QString& other, Field field, Of of, Comparison& to) const;
+    void compareBynames(const Face& one, const Face& other, Of of, Comparison& to) const;
+    void compareTitles(const Face& one, const Face& other, Of of, Comparison& to) const;
     void compareSpouses(const Face& one, const Face& other, Comparison& to) const;
     void compareUnions(const Face& one, const Face& other, Comparison& to) const;
     void compareSpouse(const CoupleFace& one, const CoupleFace& other, bool husband, Comparison& to) const;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace study::linkage {
 
@@ -48,34 +49,51 @@ bool Comparer::compareSecondGiven(const Name& one, const Name& other, parish::Ge
     }
     if (found.level == Level::Other) return false;
     const double seldom = scale_.weight(Field::FirstName, Level::Other).m;
-    const double bits = std::log2(seldom / word->asFirst[size_t(sex)]);
+    const double bits = found.weight * std::log2(seldom / word->asFirst[size_t(sex)]);
     to.add({.field = Field::FirstName, .level = found.level, .of = of, .bits = bits, .one = &one, .other = &other});
     return true;
 }
+
+namespace {
+
+// Of the words behind the first ones each with the one of the other name that fits it best, none twice: those that are
+// equal first, then those of one class, then those that are likened.
+template <class Found>
+void forEachAgreement(const Name& one, const Name& other, const Found& found)
+{
+    quint32 ours = 0, theirs = 0; // that are taken
+    for (const Level wanted : {Level::Equal, Level::OfOneClass, Level::Likened})
+        for (size_t i = 1; i < one.words.size(); ++i)
+            for (size_t j = 1; j < other.words.size() && !(ours >> i & 1U); ++j) {
+                if (theirs >> j & 1U) continue;
+                const CodedWord &a = one.words[i].is, &b = other.words[j].is;
+                if (wanted == Level::Equal && a.exact != b.exact) continue;
+                if (wanted == Level::OfOneClass && !shareClass(a, b)) continue; // letters cost the most
+                const WordAgreement agreement = agreementOf(a, b);
+                if (agreement.level != wanted) continue;
+                ours |= 1U << i;
+                theirs |= 1U << j;
+                found(one.words[i], other.words[j], agreement);
+            }
+}
+
+} // namespace
 
 // As sets, in whatever order; a name of fewer elements is no disagreement.
 void Comparer::compareRest(const Name& one, const Name& other, parish::Gender sex, Field field, Of of,
                            Comparison& to) const
 {
     if (one.words.size() < 2 || other.words.size() < 2) return;
-    quint32 taken = 0;
     Sign sign{.field = field, .level = Level::Other, .of = of, .one = &one, .other = &other};
     size_t agreeing = 0;
-    for (size_t i = 1; i < one.words.size(); ++i)
-        for (size_t j = 1; j < other.words.size(); ++j) {
-            if (taken >> j & 1U) continue;
-            const Word &a = one.words[i], &b = other.words[j];
-            const WordAgreement found = agreementOf(a.is, b.is);
-            if (found.level == Level::Other) continue;
-            taken |= 1U << j;
-            ++agreeing;
-            const double share = std::max(a.asOther[size_t(sex)], b.asOther[size_t(sex)]);
-            const Level level = a.is.devotional ? Level::Devotional : found.level;
-            sign.bits += found.weight * std::max(0.0, scale_.weight(field, level).bits(share)) *
-                         (level == Level::Devotional ? spelling::ofSeveralReadings : 1);
-            sign.level = sign.level == Level::Other || level < sign.level ? level : sign.level;
-            break;
-        }
+    forEachAgreement(one, other, [&](const Word& a, const Word& b, const WordAgreement& found) {
+        ++agreeing;
+        const double share = std::max(a.asOther[size_t(sex)], b.asOther[size_t(sex)]);
+        const Level level = a.is.devotional ? Level::Devotional : found.level;
+        sign.bits += found.weight * std::max(0.0, scale_.weight(field, level).bits(share)) *
+                     (level == Level::Devotional ? spelling::ofSeveralReadings : 1);
+        sign.level = sign.level == Level::Other || level < sign.level ? level : sign.level;
+    });
     const size_t others = std::min(one.words.size(), other.words.size()) - 1 - agreeing;
     if (agreeing > 0)
         sign.bits += double(others) * eachOtherWord;
@@ -97,6 +115,25 @@ bool Comparer::compareNames(const Name* one, const Name* other, parish::Gender s
     return agree;
 }
 
+// By the parents of two parents of one first name. Those of one and the same parent tell nothing new.
+void Comparer::compareGrandparents(const Face& one, const Face& other, Of of, Comparison& to) const
+{
+    using parish::Gender;
+    const auto agree = [](const Face& a, const Face& b) {
+        return !a.name->isEmpty() && !b.name->isEmpty() &&
+               agreementOf(a.name->words[0].is, b.name->words[0].is).level != Level::Other;
+    };
+    const auto compareParentsOf = [&](const Face* a, const Face* b) {
+        if (!a || !b || a == b || !agree(*a, *b)) return;
+        for (const auto& [mine, theirs, sex] :
+             {std::tuple(a->father, b->father, Gender::Male), std::tuple(a->mother, b->mother, Gender::Female)})
+            if (mine && theirs && !mine->isEmpty() && !theirs->isEmpty())
+                compareFirst(*mine, *theirs, sex, Field::Grandparents, of, to);
+    };
+    compareParentsOf(faces_.of(one.person->father()), faces_.of(other.person->father()));
+    compareParentsOf(faces_.of(one.person->mother()), faces_.of(other.person->mother()));
+}
+
 // A child is baptised with a first name alone; its surname shows later, and often is that of a parent.
 bool Comparer::compareParentsSurname(const Face& child, const Face& other, Of of, Comparison& to) const
 {
@@ -104,6 +141,7 @@ bool Comparer::compareParentsSurname(const Face& child, const Face& other, Of of
     if (other.name->devotionalAlone) return false;
     Sign sign{.field = Field::ParentsSurname, .level = Level::Other, .of = of};
     double share = 0; // who has some surname of theirs
+    double worth = 0; // of the agreement that is worth most
     for (const Name* parent : {child.father, child.mother}) {
         if (!parent) continue;
         for (size_t i = 1; i < parent->words.size(); ++i) {
@@ -111,7 +149,9 @@ bool Comparer::compareParentsSurname(const Face& child, const Face& other, Of of
             if (a.is.devotional) continue;
             share += a.asOther[0];
             for (size_t j = 1; j < other.name->words.size(); ++j) {
-                if (agreementOf(a.is, other.name->words[j].is).level == Level::Other) continue;
+                const WordAgreement found = agreementOf(a.is, other.name->words[j].is);
+                if (found.level == Level::Other || found.weight <= worth) continue;
+                worth = found.weight;
                 sign.level = Level::Equal;
                 sign.one = parent;
                 sign.other = other.name;
@@ -123,7 +163,7 @@ bool Comparer::compareParentsSurname(const Face& child, const Face& other, Of of
         sign.other = other.name;
     }
     const Weight& weight = scale_.weight(sign.field, sign.level);
-    sign.bits = sign.level == Level::Equal ? std::max(0.0, weight.bits(std::min(share, 1.0))) : weight.bits();
+    sign.bits = sign.level == Level::Equal ? worth * std::max(0.0, weight.bits(std::min(share, 1.0))) : weight.bits();
     to.add(sign);
     return true;
 }

@@ -26,9 +26,13 @@ bool isApart(const Days& one, const Days& other)
 // The one was dead while the other did something.
 bool isDeadBefore(const Face& dead, const Face& alive)
 {
+    const parish::Date& buried = alive.person->death;
+    if (alive.lastAlive > dead.deadBy) return true;
+    if (dead.deadBy != endless && buried.isKnown() && alive.died.from > dead.deadBy + limits::deathToBurial)
+        return true;
     if (!dead.person->death.isKnown()) return false;
     if (alive.lastAlive > dead.died.to) return true;
-    return alive.person->death.isKnown() && isApart(dead.died, alive.died);
+    return buried.isKnown() && isApart(dead.died, alive.died);
 }
 
 bool areAtOneAct(const Face& one, const Face& other)

@@ -1,4 +1,4 @@
-// Links that the BDP has and that its own dates and names speak against.
+// Links that the BDP has and that its own dates, ages and acts speak against.
 #include "study/acts/limits.h"
 #include "study/linkage/linker.h"
 
@@ -185,8 +185,15 @@ std::vector<Evidence> doubtsOfUnion(const Face& face, const parish::Membership& 
     return doubts;
 }
 
+static std::vector<Evidence> both(std::vector<Evidence> doubts, const std::vector<Evidence>& others)
+{
+    doubts.insert(doubts.end(), others.begin(), others.end());
+    return doubts;
+}
+
 void Linker::addDoubtful()
 {
+    const DoubtsOfNames names(question_.inActs);
     const auto tell = [this](const Record& one, const Record& other, std::vector<Evidence> doubts) {
         if (doubts.empty() || question_.right.has(one, other)) return;
         std::ranges::stable_sort(doubts, {}, &Evidence::bits);
@@ -200,10 +207,11 @@ void Linker::addDoubtful()
         const Record one = recordOf(person.number);
         if (person.origin)
             tell(one, recordOf(person.origin->number),
-                 doubtsOfOrigin(face, faces_.of(person.father()), faces_.of(person.mother())));
-        tell(one, {}, doubtsOfDeath(face));
+                 both(doubtsOfOrigin(face, faces_.of(person.father()), faces_.of(person.mother())),
+                      names.ofOrigin(person)));
+        tell(one, {}, both(doubtsOfDeath(face), names.ofDeath(person)));
         for (const parish::Membership* own : person.unions)
-            tell(one, recordOf(own->familyNumber), doubtsOfUnion(face, *own));
+            tell(one, recordOf(own->familyNumber), both(doubtsOfUnion(face, *own), names.ofUnion(person, *own)));
     }
 }
 

@@ -31,7 +31,7 @@ constexpr double smallest = 1e-4;
 
 bool isName(Field field)
 {
-    return field <= Field::SpouseSurnames;
+    return field <= Field::Grandparents;
 }
 
 // How well a name agrees is no matter of the EM, but whether it does.
@@ -45,7 +45,8 @@ Level levelForCounting(Field field, Level level)
 bool isCounted(Field field, Level level)
 {
     const bool always = field == Field::FirstName || field == Field::Same || field == Field::SameOrigin ||
-                        field == Field::Godparents || field == Field::Unions || field == Field::Parish;
+                        field == Field::Godparents || field == Field::Grandparents || field == Field::Unions ||
+                        field == Field::Parish;
     return !always && level != Level::SameDay && level != Level::SomeDays && level != Level::Devotional;
 }
 

@@ -31,6 +31,13 @@ QString fieldTitle(const Sign& sign)
     return sign.of == Of::Husband ? "marido: " + field : sign.of == Of::Wife ? "mulher: " + field : field;
 }
 
+// What the card has of its own, and the name where that has it, too.
+QString besideName(const QString& own, const Face& face, bool isInName)
+{
+    if (!isInName) return own;
+    return own.isEmpty() ? face.person->name : own + "; " + face.person->name;
+}
+
 // Of a person's own dates and words; names are told by the sign itself.
 QString textOf(Field field, const Face* face)
 {
@@ -42,9 +49,9 @@ QString textOf(Field field, const Face* face)
     case Field::Death:
         return parish::shown(face->person->death);
     case Field::Nickname:
-        return face->person->nickname;
+        return besideName(face->person->nickname, *face, !face->name->bynames.isEmpty());
     case Field::Title:
-        return face->person->title;
+        return besideName(face->person->title, *face, !face->name->titles.isEmpty());
     case Field::Same:
         return face->person->name;
     default:

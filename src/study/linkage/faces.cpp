@@ -1,6 +1,5 @@
 #include "study/linkage/faces.h"
 
-#include "study/names/fold.h"
 #include "study/names/names.h"
 #include "study/names/weights.h"
 
@@ -64,6 +63,7 @@ Faces::Faces(const parish::Snapshot& parish, std::span<const NamedParents> paren
     addNamed(parents, spouses);
     countPlaces();
     tellActs();
+    tellDead();
     couples_.resize(parish.families().size());
     for (size_t i = 0; i < couples_.size(); ++i) {
         couples_[i].family = &parish.families()[i];
@@ -90,6 +90,9 @@ Name Faces::read(const QString& written) const
         made.words.push_back({.is = word});
     made.devotionalAlone = std::all_of(made.words.begin() + (made.words.empty() ? 0 : 1), made.words.end(),
                                        [](const Word& word) { return word.is.devotional; });
+    const NameParts parts = partsOf(written);
+    made.bynames = bynameKeys(parts);
+    made.titles = titleKeys(parts.titles.join(u' '));
     weigh(made);
     return made;
 }
@@ -139,15 +142,19 @@ void Faces::likenWords()
     for (const Name& one : names_)
         for (const Word& word : one.words)
             (word.is.known ? known : unknown).insert(word.is.key, word.is.classes);
-    QHash<QChar, QStringList> byLetter;
+    QHash<QString, std::vector<WordCode>> all = unknown;
     for (auto word = known.cbegin(); word != known.cend(); ++word)
+        all[word.key()].insert(all[word.key()].end(), word->begin(), word->end());
+    QHash<QChar, QStringList> byLetter;
+    for (auto word = all.cbegin(); word != all.cend(); ++word)
         byLetter[word.key().front()] << word.key();
     for (QStringList& words : byLetter)
         words.sort();
     for (auto word = unknown.begin(); word != unknown.end(); ++word)
         for (const QString& other : byLetter.value(word.key().front()))
             if (likeness(word.key(), other) >= spelling::likeEnough)
-                word->insert(word->end(), known[other].begin(), known[other].end());
+                for (const WordCode code : all[other])
+                    if (std::ranges::count(*word, code) == 0) word->push_back(code);
     for (Name& one : names_)
         for (Word& word : one.words)
             word.keys = word.is.known ? word.is.classes : unknown.value(word.is.key);
@@ -167,10 +174,16 @@ void Faces::fill(Face& face, const Offices& offices)
         const parish::Person* spouse = parish::spouseOf(person, *union_->family);
         face.ties.push_back({union_->family, spouse, nameOf(spouse), timeOf(*union_->family)});
     }
-    face.nickname = fold::plain(person.nickname).simplified();
-    face.title = fold::plain(person.title).simplified();
+    fillBynames(face);
     fillTimes(face, offices);
     fillPlaces(face);
+}
+
+void Faces::fillBynames(Face& face)
+{
+    face.titles = titleKeys(face.person->title) + face.name->titles;
+    for (const QString& key : bynameKeys(face.person->nickname) + face.name->bynames)
+        (isTag(key) ? face.tags : face.bynames) << key;
 }
 
 QString Faces::thing(int number) const

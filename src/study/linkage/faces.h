@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <cstdint>
@@ -20,7 +21,7 @@ namespace study::linkage {
 struct Word
 {
     CodedWord is = {};
-    std::vector<WordCode> keys = {}; // its classes, and those of the known words that it is like
+    std::vector<WordCode> keys = {}; // its classes, and those of the words that it is like
     // The share of the people of that sex (undetermined: of all) who have it as first name; and as another one, of
     // those of whom others are told.
     std::array<double, 3> asFirst = {1, 1, 1}, asOther = {1, 1, 1};
@@ -29,8 +30,9 @@ struct Word
 struct Name
 {
     QString written = {};
-    std::vector<Word> words = {}; // none: no name
-    bool devotionalAlone = false; // behind the first one
+    std::vector<Word> words = {};          // none: no name
+    bool devotionalAlone = false;          // behind the first one
+    QStringList bynames = {}, titles = {}; // that it has beside its words
 
     bool isEmpty() const { return words.empty(); }
 };
@@ -79,6 +81,7 @@ struct Face
     double guessed = 1;              // how far a guess is to be trusted, from 0 to 1
     double ageSlack = 0;             // years that a stated age may be off; 0 of a date
     Days died = {};                  // both are meaningless unless the person has a death
+    int deadBy = endless;            // day on which an act tells that they had died
     int lastAlive = 0;               // day until which they lived at the least, by what only the living do
     std::vector<int> births = {};    // of the children, exact days, ascending
     std::vector<uint32_t> acts = {}; // at which they stood, ascending; who stood at one beside them is somebody else
@@ -86,7 +89,7 @@ struct Face
     std::vector<Whereabouts> places = {}; // localities and sites
     std::vector<Whereabouts> parishes = {};
     std::vector<Whereabouts> professions = {};
-    QString nickname = {}, title = {}; // folded
+    QStringList bynames = {}, tags = {}, titles = {}; // as names.h compares them, of the card and of the name
 
     int sexIndex() const { return int(person->gender); }
 };
@@ -125,9 +128,11 @@ private:
     Face* faceOf(parish::PersonNumber number); // null: nobody
     void likenWords();
     void fill(Face& face, const Offices& offices);
+    static void fillBynames(Face& face);
     void fillTimes(Face& face, const Offices& offices);
     void fillPlaces(Face& face);
     void tellActs();
+    void tellDead();
     void fillCouple(CoupleFace& couple);
     void addThing(const QString& key, const QString& name, std::vector<Whereabouts>& to);
     void addPlace(const parish::Place& place, Face& face);

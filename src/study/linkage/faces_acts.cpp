@@ -70,4 +70,19 @@ void Faces::tellActs()
     }
 }
 
+// Whose child stood at a font or a wedding as the child of somebody dead.
+void Faces::tellDead()
+{
+    const auto dead = [this](const parish::Person* who, const parish::Flag& told, const parish::Date& date) {
+        if (!who || !told.value_or(false) || !date.isKnown()) return;
+        int& day = people_[size_t(who - parish_.people().data())].deadBy;
+        day = std::min(day, spanOf(date).to);
+    };
+    for (const parish::Assistance& one : parish_.assistances()) {
+        if (!one.assistant.person) continue;
+        dead(one.assistant.person->father(), one.fatherDead, one.date);
+        dead(one.assistant.person->mother(), one.motherDead, one.date);
+    }
+}
+
 } // namespace study::linkage

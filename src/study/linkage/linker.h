@@ -5,7 +5,10 @@
 #include "study/linkage/compare.h"
 #include "study/linkage/scores.h"
 
+#include <functional>
 #include <optional>
+#include <span>
+#include <unordered_map>
 #include <vector>
 
 namespace study::linkage {
@@ -41,7 +44,8 @@ private:
     void addCouples(const Scores& scores);
     void addPeople(const Scores& scores);
     void addNamed();
-    void addCouplesOf(const NamedParents& named, const Face& child, const Name& father, const Name& mother,
+    class CouplesByName; // named.cpp
+    void addCouplesOf(const NamedParents& named, const Face& child, const Name* father, const Name* mother,
                       const std::vector<const CoupleFace*>& couples);
     void addDoubtful();
     void add(Link link);
@@ -67,5 +71,24 @@ private:
 std::vector<Evidence> doubtsOfOrigin(const Face& child, const Face* father, const Face* mother);
 std::vector<Evidence> doubtsOfDeath(const Face& person);
 std::vector<Evidence> doubtsOfUnion(const Face& person, const parish::Membership& membership);
+
+// The same of the names: how the acts of a person tell it, beside who was linked. What of a name fits is no doubt: a
+// slip of the pen, a second given name in the place of the first, surnames of which one is shared.
+class DoubtsOfNames
+{
+public:
+    // The names outlive it.
+    explicit DoubtsOfNames(std::span<const NameInAct> names);
+
+    std::vector<Evidence> ofOrigin(const parish::Person& child) const; // by the baptism
+    std::vector<Evidence> ofUnion(const parish::Person& spouse, const parish::Membership& membership) const;
+    std::vector<Evidence> ofDeath(const parish::Person& deceased) const;
+
+private:
+    std::vector<Evidence> of(const parish::Person& person, NameInAct::In in,
+                             const std::function<bool(const NameInAct&)>& counts) const;
+
+    std::unordered_map<qint64, std::vector<const NameInAct*>> of_; // by the number of the person
+};
 
 } // namespace study::linkage

@@ -49,6 +49,13 @@ QList<QPair<qint64, qint64>> possibleJoins(const MergePlan& plan)
     return all;
 }
 
+QJsonValue valueOf(jet::Connection& bdp, const QString& table, const QString& column, const QJsonObject& kept,
+                   const QJsonObject& other, const Sides& sides)
+{
+    const QJsonObject set = joined(bdp, table, kept, other, sides).set;
+    return set.contains(column) ? set[column] : kept[column];
+}
+
 std::optional<Row> firstRow(const Recording& recording, const QString& table, const QJsonObject& having)
 {
     const QList<Row> rows = recording.rows(table, having);
@@ -103,10 +110,13 @@ QList<Difference> joinInto(Moving& moving, qint64 kept, qint64 other, const Side
     Recording& recording = moving.recording;
     moving.sides = sides;
     moving.differences.clear();
-    moving.moveAll({Target::Family, QJsonValue(other), {}}, QJsonValue(kept));
     const auto one = firstRow(recording, "familia", {{"nfamilia", kept}});
     const auto two = firstRow(recording, "familia", {{"nfamilia", other}});
     if (!one || !two) return {};
+    moving.followDay("c", {one->values["nfamilia"], one->values["datacasam"]},
+                     {two->values["nfamilia"], two->values["datacasam"]},
+                     valueOf(moving.bdp, "familia", "datacasam", one->values, two->values, sides));
+    moving.moveAll({Target::Family, QJsonValue(other), {}}, QJsonValue(kept));
     Joined row = joined(moving.bdp, "familia", one->values, two->values, sides);
     joinFamilyTypes(row, moving.bdp, one->values, two->values, sides, following);
     const auto of = [](qint64 family) { return QString("Da família nº %1, junta").arg(family); };

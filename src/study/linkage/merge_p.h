@@ -23,6 +23,10 @@ QString getsWhatItLacked(const QString& who, const Joined& row);
 // Throws MergeRefused for a plan that is refused, or another one than was seen.
 void checkPlan(const MergePlan& plan, const MergeChoices& choices);
 
+// The value of that column, once the two rows are one.
+QJsonValue valueOf(jet::Connection& bdp, const QString& table, const QString& column, const QJsonObject& kept,
+                   const QJsonObject& other, const Sides& sides);
+
 std::optional<Row> firstRow(const Recording& recording, const QString& table, const QJsonObject& having);
 
 // Why the two families can't be one.

@@ -89,6 +89,7 @@ private:
         following_ = familiesAround(recording_, {kept_, other_});
         following_.removeIf([this](qint64 family) { return !followsDates(recording_, family); });
         moving_.sides = choices_.sides;
+        followBaptism();
         moving_.moveAll({Target::Person, QJsonValue(other_), {}}, QJsonValue(kept_));
         plan_.sentences = moving_.told(QString("o nº %1").arg(kept_));
         joinRows();
@@ -103,6 +104,15 @@ private:
         tellOfDraft();
         plan_.sentences << QString("A ficha do nº %1 deixa de existir.").arg(other_) << copyIsMade;
         plan_.mark = recording_.mark();
+    }
+
+    void followBaptism()
+    {
+        const auto one = firstRow(recording_, "individuo", {{"nind", kept_}});
+        const auto two = firstRow(recording_, "individuo", {{"nind", other_}});
+        moving_.followDay("b", {one->values["nind"], one->values["datanasc"]},
+                          {two->values["nind"], two->values["datanasc"]},
+                          valueOf(moving_.bdp, "individuo", "datanasc", one->values, two->values, choices_.sides));
     }
 
     // The act in work is the window's, which may have another state of it by now: nothing is altered there.

@@ -22,7 +22,7 @@ constexpr NameStart names[]{
     {Field::FirstName, 0.95, 0.08},      {Field::OtherNames, 0.80, 0.05},     {Field::OtherNamesOfWoman, 0.55, 0.05},
     {Field::ParentsSurname, 0.60, 0.15}, {Field::Father, 0.95, 0.08},         {Field::FatherSurnames, 0.75, 0.05},
     {Field::Mother, 0.95, 0.08},         {Field::MotherSurnames, 0.65, 0.05}, {Field::Spouse, 0.93, 0.08},
-    {Field::SpouseSurnames, 0.65, 0.05}};
+    {Field::SpouseSurnames, 0.65, 0.05}, {Field::Grandparents, 0.85, 0.08}};
 constexpr double devotional = 0.40;
 
 // Of the rest, one line a level.
@@ -55,7 +55,8 @@ const Weight others[]{
 
 bool hasWords(Field field)
 {
-    return field != Field::FirstName && field != Field::Father && field != Field::Mother && field != Field::Spouse;
+    return field != Field::FirstName && field != Field::Father && field != Field::Mother && field != Field::Spouse &&
+           field != Field::Grandparents;
 }
 
 } // namespace
@@ -112,6 +113,7 @@ QString title(Field field)
                                                         "apelidos da mãe",
                                                         "cônjuge",
                                                         "apelidos do cônjuge",
+                                                        "avós",
                                                         "nascimento",
                                                         "época",
                                                         "óbito",

@@ -27,8 +27,9 @@ enum class Field
     MotherSurnames,
     Spouse,
     SpouseSurnames,
-    Birth, // between the births, told or counted back from a stated age
-    Times, // between the lives, where no birth is told
+    Grandparents, // each by the first name
+    Birth,        // between the births, told or counted back from a stated age
+    Times,        // between the lives, where no birth is told
     Death,
     Marriage,
     Unions,   // of two spouses who aren't one: at the same time
@@ -83,7 +84,7 @@ struct Model
     double suggestCouplesFrom = 14; // that of two families,
     double aboveRunnerUp = 4;       // and so many above the next one
     double hideBelow = 4;           // what has less is no candidate
-    int candidates = 5;             // of each record at the most
+    int candidates = 20;            // of each record at the most
 
     bool operator==(const Model&) const = default;
     const Weight& weight(Field field, Level level) const; // 0 bits where there is none

@@ -16,10 +16,10 @@ namespace {
 
 // What stands in the column `campo`: names that stay when the titles of the screen change.
 constexpr std::array<const char*, fieldCount> fieldWords{
-    "nome",      "outros",       "outros_mulher", "apelido_pais",     "pai",          "pai_apelidos",
-    "mae",       "mae_apelidos", "conjuge",       "conjuge_apelidos", "nascimento",   "epoca",
-    "obito",     "casamento",    "unioes",        "tempo_casal",      "lugar",        "freguesia",
-    "profissao", "alcunha",      "titulo",        "padrinhos",        "mesma_origem", "mesmo"};
+    "nome",         "outros",    "outros_mulher",    "apelido_pais", "pai",        "pai_apelidos", "mae",
+    "mae_apelidos", "conjuge",   "conjuge_apelidos", "avos",         "nascimento", "epoca",        "obito",
+    "casamento",    "unioes",    "tempo_casal",      "lugar",        "freguesia",  "profissao",    "alcunha",
+    "titulo",       "padrinhos", "mesma_origem",     "mesmo"};
 constexpr std::array<const char*, levelCount> levelWords{"falta", "igual",  "classe", "parecido", "devocao",
                                                          "1_ano", "3_anos", "5_anos", "10_anos",  "20_anos",
                                                          "dia",   "dias",   "outro"};

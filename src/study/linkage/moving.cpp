@@ -247,6 +247,22 @@ void Moving::absorb(const Reference& reference, const Row& kept, const Row& othe
                    (lost.isEmpty() ? QString(".") : ", e as notas dizem: " + lost.join("; ") + ".");
 }
 
+void Moving::followDay(const QString& letter, const Act& kept, const Act& other, const QJsonValue& day)
+{
+    int rows = 0;
+    for (const Act& act : {kept, other})
+        for (const Row& row : recording.rows("assistente", {{"entidade", act.entity}})) {
+            if (act.day == day || row.values["dataref"] != act.day) continue;
+            if (row.values["tipoacto"].toString().compare(letter, Qt::CaseInsensitive) != 0) continue;
+            recording.set("assistente", row.place, {{"dataref", day}});
+            ++rows;
+        }
+    if (rows == 0) return;
+    completed << QString(rows == 1 ? "%1 interveniente passa a ter a data do acto que fica,%2."
+                                   : "%1 intervenientes passam a ter a data do acto que fica,%2.")
+                     .arg(QString::number(rows), dateIn({{"dataref", day}}).mid(3));
+}
+
 QStringList Moving::told(const QString& to)
 {
     QStringList sentences;

@@ -18,6 +18,14 @@ public:
     // of a list that are the same but for their number become one.
     void moveAll(const Named& from, const QJsonValue& to);
 
+    // Before moveAll(): assistants have a copy of the day of their act. Those of the two acts that become one, by their
+    // letter, who have the day of theirs get that of the one that stays; a day of their own stays.
+    struct Act
+    {
+        QJsonValue entity, day;
+    };
+    void followDay(const QString& letter, const Act& kept, const Act& other, const QJsonValue& day);
+
     // "2 residências passam para o nº 5.", in the order of the references; they are counted from the last call on.
     QStringList told(const QString& to);
 

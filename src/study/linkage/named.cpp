@@ -82,7 +82,71 @@ bool allows(const CoupleFace& couple, const Face& child)
     return !birthsCollide(couple.births, {birth.day});
 }
 
+// Under which keys a couple is asked for: the first names of both; the first name of one of them with another name of
+// that one. A word that the table of names doesn't know stands for those that it is like, too.
+std::vector<quint64> keysOf(const Name* father, const Name* mother)
+{
+    enum : quint64
+    {
+        both = 1,
+        ofFather,
+        ofMother
+    };
+    static constexpr int kindBits = 2;
+    const auto key = [](quint64 kind, WordCode one, WordCode other) {
+        return ((quint64(one) << bitsOfAWordCode | other) << kindBits) | kind;
+    };
+    const auto firstOf = [](const Name* name) {
+        return name && !name->isEmpty() ? name->words.front().keys : std::vector<WordCode>();
+    };
+    std::vector<quint64> keys;
+    const std::vector<WordCode> ofHim = firstOf(father), ofHer = firstOf(mother);
+    for (const WordCode his : ofHim)
+        for (const WordCode her : ofHer)
+            keys.push_back(key(both, his, her));
+    const auto addAlone = [&](quint64 kind, const Name* name, const std::vector<WordCode>& first) {
+        for (const WordCode one : first)
+            for (size_t i = 1; i < name->words.size(); ++i)
+                for (const WordCode other : name->words[i].keys)
+                    keys.push_back(key(kind, one, other));
+    };
+    addAlone(ofFather, father, ofHim);
+    addAlone(ofMother, mother, ofHer);
+    return keys;
+}
+
+const Name* nameOf(const Face* face)
+{
+    return face ? face->name : nullptr;
+}
+
 } // namespace
+
+class Linker::CouplesByName
+{
+public:
+    explicit CouplesByName(const std::vector<CoupleFace>& couples)
+    {
+        for (const CoupleFace& couple : couples)
+            for (const quint64 key : keysOf(nameOf(couple.husband), nameOf(couple.wife)))
+                of_[key].push_back(&couple);
+    }
+
+    // Each once, in the order of their numbers.
+    std::vector<const CoupleFace*> of(const Name* father, const Name* mother) const
+    {
+        std::vector<const CoupleFace*> found;
+        for (const quint64 key : keysOf(father, mother))
+            if (const auto known = of_.find(key); known != of_.end())
+                found.insert(found.end(), known->second.begin(), known->second.end());
+        std::ranges::sort(found);
+        found.erase(std::unique(found.begin(), found.end()), found.end());
+        return found;
+    }
+
+private:
+    std::unordered_map<quint64, std::vector<const CoupleFace*>> of_;
+};
 
 std::vector<NamedParents> namedParents(jet::Connection& bdp)
 {
@@ -95,29 +159,29 @@ std::vector<NamedParents> namedParents(jet::Connection& bdp)
 void Linker::addNamed()
 {
     if (question_.named.empty()) return;
-    std::unordered_map<WordCode, std::vector<const CoupleFace*>> couplesOf; // by the first name of the husband
-    for (const CoupleFace& couple : faces_.couples())
-        if (couple.husband && couple.wife && !couple.husband->name->isEmpty())
-            for (const WordCode code : couple.husband->name->words.front().is.classes)
-                couplesOf[code].push_back(&couple);
+    const CouplesByName couples(faces_.couples());
     for (const NamedParents& named : question_.named) {
         const Face* child = faces_.of(parish_.person(named.child));
-        const Name father = faces_.read(named.father), mother = faces_.read(named.mother);
-        if (!child || child->person->origin || father.isEmpty() || mother.isEmpty()) continue;
-        addCouplesOf(named, *child, father, mother, couplesOf[father.words.front().is.classes.front()]);
+        const Name *father = faces_.name(named.father), *mother = faces_.name(named.mother);
+        if (child && !child->person->origin) addCouplesOf(named, *child, father, mother, couples.of(father, mother));
     }
 }
 
-void Linker::addCouplesOf(const NamedParents& named, const Face& child, const Name& father, const Name& mother,
+// Who isn't told, or isn't known, is neutral; another first name is another couple.
+void Linker::addCouplesOf(const NamedParents& named, const Face& child, const Name* father, const Name* mother,
                           const std::vector<const CoupleFace*>& couples)
 {
     std::vector<Link> found;
+    const auto isTold = [](const Name* name) { return name && !name->isEmpty(); };
     for (const CoupleFace* couple : couples) {
         Comparison comparison;
-        const bool agree = comparer_.compareNames(&father, couple->husband->name, parish::Gender::Male, Field::Father,
-                                                  Field::FatherSurnames, Of::Person, comparison) &&
-                           comparer_.compareNames(&mother, couple->wife->name, parish::Gender::Female, Field::Mother,
-                                                  Field::MotherSurnames, Of::Person, comparison);
+        const Name *husband = nameOf(couple->husband), *wife = nameOf(couple->wife);
+        const auto fits = [&](const Name* one, const Name* other, parish::Gender sex, Field first, Field rest) {
+            return !isTold(one) || !isTold(other) ||
+                   comparer_.compareNames(one, other, sex, first, rest, Of::Person, comparison);
+        };
+        const bool agree = fits(father, husband, parish::Gender::Male, Field::Father, Field::FatherSurnames) &&
+                           fits(mother, wife, parish::Gender::Female, Field::Mother, Field::MotherSurnames);
         const Record family = recordOf(couple->family->number), one = recordOf(child.person->number);
         if (!agree || comparison.bits < model_.hideBelow || !allows(*couple, child)) continue;
         if (question_.decided.has(one, family)) continue;

@@ -123,18 +123,6 @@ static std::vector<std::vector<uint32_t>> scoresOf(const std::vector<Score>& sco
     return of;
 }
 
-std::vector<Score> Scorer::best(const std::vector<Score>& scores, size_t records, int each)
-{
-    std::vector<bool> wanted(scores.size());
-    for (const std::vector<uint32_t>& mine : scoresOf(scores, records))
-        for (size_t i = 0; i < std::min(mine.size(), size_t(std::max(0, each))); ++i)
-            wanted[mine[i]] = true;
-    std::vector<Score> kept;
-    for (size_t i = 0; i < scores.size(); ++i)
-        if (wanted[i]) kept.push_back(scores[i]);
-    return kept;
-}
-
 Rivals::Rivals(const std::vector<Score>& scores, size_t records, Compare compare)
     : scores_(scores), compare_(std::move(compare)), of_(scoresOf(scores, records))
 {
@@ -167,24 +155,57 @@ double Rivals::elsewhere(uint32_t third, uint32_t mine, uint32_t partner) const
     return 0;
 }
 
-void Rivals::look(const Score& score, bool ofOne, std::optional<Rival>& best) const
+std::optional<Rivals::Rival> Rivals::look(const Score& score, bool ofOne) const
 {
+    std::optional<Rival> best;
     const uint32_t mine = ofOne ? score.one : score.other, partner = ofOne ? score.other : score.one;
     for (const uint32_t number : of_[mine]) {
         const Score& rival = scores_[number];
-        if (best && rival.bits <= best->bits) return;
+        if (best && rival.bits <= best->bits) break;
         const uint32_t third = rival.one == mine ? rival.other : rival.one;
         if (third == partner || goesAlong(third, partner, score.bits)) continue;
         const double bits = rival.bits - elsewhere(third, mine, partner);
         if (!best || bits > best->bits) best = Rival{.record = third, .ofOne = ofOne, .bits = bits};
     }
+    return best;
 }
 
-std::optional<Rivals::Rival> Rivals::of(const Score& score) const
+const std::optional<Rivals::Rival>& Rivals::Both::stronger() const
 {
-    std::optional<Rival> best;
-    look(score, true, best);
-    look(score, false, best);
+    return ofOne && (!ofOther || ofOne->bits >= ofOther->bits) ? ofOne : ofOther;
+}
+
+double takenFrom(const Score& score, const std::optional<Rivals::Rival>& rival)
+{
+    return rival ? std::max(0.0, rival->bits - score.bits) : 0;
+}
+
+Rivals::Both Rivals::of(const Score& score) const
+{
+    return {.ofOne = look(score, true), .ofOther = look(score, false)};
+}
+
+std::vector<Score> Rivals::bestOfEach(int each, const std::function<void()>& ask) const
+{
+    static constexpr size_t lookedAt = 2; // times as many as are kept
+    const size_t most = size_t(std::max(0, each));
+    std::vector<bool> wanted(scores_.size());
+    std::vector<std::pair<double, uint32_t>> standings; // negative: the best first
+    for (uint32_t record = 0; record < of_.size(); ++record) {
+        ask();
+        standings.clear();
+        for (size_t i = 0; i < std::min(of_[record].size(), most * lookedAt); ++i) {
+            const uint32_t number = of_[record][i];
+            const Score& score = scores_[number];
+            standings.emplace_back(takenFrom(score, look(score, score.one != record)) - score.bits, number);
+        }
+        std::ranges::sort(standings);
+        for (size_t i = 0; i < std::min(standings.size(), most); ++i)
+            wanted[standings[i].second] = true;
+    }
+    std::vector<Score> best;
+    for (size_t i = 0; i < scores_.size(); ++i)
+        if (wanted[i]) best.push_back(scores_[i]);
     return best;
 }
 

@@ -32,9 +32,6 @@ public:
     std::vector<Score> people(const std::vector<bool>& touched, const parish::Snapshot::GoesOn& goesOn) const;
     std::vector<Score> couples(const std::vector<bool>& touched, const parish::Snapshot::GoesOn& goesOn) const;
 
-    // The best of each record, in the order of `scores`.
-    static std::vector<Score> best(const std::vector<Score>& scores, size_t records, int each);
-
 private:
     template <class Record>
     std::vector<Score> run(const std::vector<Block>& blocks, const std::vector<Record>& records,
@@ -64,17 +61,31 @@ public:
         bool ofOne = true;
         double bits = 0;
     };
-    std::optional<Rival> of(const Score& score) const;
+    // Of a score, by the record that the rival may be the same as.
+    struct Both
+    {
+        std::optional<Rival> ofOne = {}, ofOther = {};
+
+        const std::optional<Rival>& stronger() const;
+    };
+    Both of(const Score& score) const;
+
+    // The best candidates of each record, in the order of the scores: of its strongest ones those that stand best when
+    // what a better place of the candidate takes is taken off. Asks before each record.
+    std::vector<Score> bestOfEach(int each, const std::function<void()>& ask) const;
 
 private:
     std::optional<double> bitsOf(uint32_t one, uint32_t other) const;
     bool goesAlong(uint32_t third, uint32_t partner, double bits) const;
     double elsewhere(uint32_t third, uint32_t mine, uint32_t partner) const;
-    void look(const Score& score, bool ofOne, std::optional<Rival>& best) const;
+    std::optional<Rival> look(const Score& score, bool ofOne) const;
 
     const std::vector<Score>& scores_; // by their indexes
     Compare compare_;
     std::vector<std::vector<uint32_t>> of_; // of each record, the strongest first
 };
+
+// What a better place of a candidate, its rival's, takes from the score: bits, none below 0.
+double takenFrom(const Score& score, const std::optional<Rivals::Rival>& rival);
 
 } // namespace study::linkage

@@ -2,7 +2,10 @@
 
 #include "platform/jet/recordset.h"
 #include "platform/jet/transaction.h"
+#include "store/lixo.h"
+#include "study/acts/register_tables.h"
 #include "study/linkage/decisions_p.h"
+#include "study/linkage/keptRows.h"
 #include "study/linkage/merge.h"
 #include "study/linkage/types.h"
 
@@ -50,14 +53,25 @@ QString key(const Record& record)
     return record.isGiven() ? QString::number(record.number) : QString();
 }
 
+Named namedAs(const Record& record)
+{
+    return {record.isPerson() ? Target::Person : Target::Family, QJsonValue(record.number)};
+}
+
+// One that was said of these two, and not of others who had their numbers then.
 std::optional<qint64> standing(jet::Connection& bdp, DecisionKind kind, const Record& one, const Record& other)
 {
     if (!hasDecisions(bdp)) return {};
-    const jet::Recordset row(bdp, jet::NativeSql("select id from estudo_decisao where tipo = ? and fica = ? and "
-                                                 "ifnull(junto, '') = ? and desfeita is null",
-                                                 {word(kind), key(one), key(other)}));
-    if (row.eof()) return {};
-    return qint64(row[0].toDouble());
+    for (jet::Recordset row(bdp, jet::NativeSql("select id, quando from estudo_decisao where tipo = ? and fica = ? and "
+                                                "ifnull(junto, '') = ? and desfeita is null order by id desc",
+                                                {word(kind), key(one), key(other)}));
+         !row.eof(); row.moveNext())
+    {
+        const QDateTime when = QDateTime::fromString(row["quando"].toString(), tables::timeFormat);
+        const Deleted gone = deletedSince(bdp, when);
+        if (!gone.has(namedAs(one)) && !gone.has(namedAs(other))) return qint64(row["id"].toDouble());
+    }
+    return {};
 }
 
 // One without rows, once.
@@ -90,6 +104,10 @@ public:
             if (one == gone) one = stays;
             if (other == gone) other = stays;
         }
+    }
+    void deleted(const Record& gone)
+    {
+        pairs_.removeIf([&](const auto& pair) { return pair.first == gone || pair.second == gone; });
     }
     ToldApart told() const
     {
@@ -124,6 +142,38 @@ std::vector<std::pair<Record, Record>> familiesJoinedBy(const QString& changes)
             follow(change["antes"]["nfamilia"].toInteger());
     return found;
 }
+
+// What a card has deleted and nobody has put back, in the order of time: whose numbers they were is no longer there.
+class Deletions
+{
+public:
+    explicit Deletions(jet::Connection& bdp)
+    {
+        if (!lixo::temLixo(bdp)) return;
+        for (jet::Recordset row(
+                 bdp, jet::NativeSql("select quando, tipo, numero, familias from estudo_lixo order by quando, id"));
+             !row.eof(); row.moveNext())
+        {
+            const QString when = row["quando"].toString();
+            const bool isFamily = row["tipo"].toString() == "f";
+            all_.push_back({when, {isFamily ? Family : Person, qint64(row["numero"].toDouble())}});
+            for (const QString& family : row["familias"].toString().split(',', Qt::SkipEmptyParts))
+                all_.push_back({when, {Family, family.toLongLong()}});
+        }
+    }
+
+    // The next ones before that moment. "": all that are left.
+    template <class Take>
+    void takeBefore(const QString& moment, Take take)
+    {
+        for (; next_ < all_.size() && (moment.isEmpty() || all_[next_].first < moment); ++next_)
+            take(all_[next_].second);
+    }
+
+private:
+    std::vector<std::pair<QString, Record>> all_ = {};
+    size_t next_ = 0;
+};
 
 } // namespace
 
@@ -200,14 +250,20 @@ Verdicts verdicts(jet::Connection& bdp)
 {
     Pairs apart, right;
     if (!hasDecisions(bdp)) return {};
-    for (jet::Recordset row(bdp,
-                            jet::NativeSql("select tipo, fica, junto, linhas from estudo_decisao where desfeita "
-                                           "is null and tipo in (?, ?, ?, ?, ?, ?) order by id",
-                                           {word(DecisionKind::NotTheSame), word(DecisionKind::NotTheSameFamily),
-                                            word(DecisionKind::NotTheParents), word(DecisionKind::LinkRight),
-                                            word(DecisionKind::PeopleMerged), word(DecisionKind::FamiliesJoined)}));
+    Deletions deletions(bdp);
+    const auto drop = [&](const Record& gone) {
+        apart.deleted(gone);
+        right.deleted(gone);
+    };
+    for (jet::Recordset row(
+             bdp, jet::NativeSql("select quando, tipo, fica, junto, linhas from estudo_decisao where desfeita "
+                                 "is null and tipo in (?, ?, ?, ?, ?, ?) order by id",
+                                 {word(DecisionKind::NotTheSame), word(DecisionKind::NotTheSameFamily),
+                                  word(DecisionKind::NotTheParents), word(DecisionKind::LinkRight),
+                                  word(DecisionKind::PeopleMerged), word(DecisionKind::FamiliesJoined)}));
          !row.eof(); row.moveNext())
     {
+        deletions.takeBefore(row["quando"].toString(), drop);
         const QString kind = row["tipo"].toString();
         const auto* const about =
             std::ranges::find_if(abouts, [&](const About& one) { return word(one.kind) == kind; });
@@ -227,6 +283,7 @@ Verdicts verdicts(jet::Connection& bdp)
             apart.add(one, other);
         }
     }
+    deletions.takeBefore({}, drop);
     return {.apart = apart.told(), .right = right.told()};
 }
 

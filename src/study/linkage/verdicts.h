@@ -31,7 +31,8 @@ QString whyNotOrigin(jet::Connection& bdp, parish::PersonNumber child, parish::F
 qint64 setOrigin(jet::Connection& bdp, parish::PersonNumber child, parish::FamilyNumber family,
                  const QString& reason = {});
 
-// All that stands. Who has become one with somebody since counts by the number that stayed.
+// All that stands. Who has become one with somebody since counts by the number that stayed; of whom a card has deleted
+// since nothing stands, as the number may be somebody else's, until that is put back.
 struct Verdicts
 {
     ToldApart apart = {};

@@ -86,6 +86,16 @@ NameParts partsOf(const QString& name, const NameTable& table = NameTable::share
 // what is no name stays as written.
 QString standardName(const QString& written, const NameTable& table = NameTable::shared());
 
+// The titles of a text that holds nothing else, as they are compared: "P.e", "padre" → "padre"; D., Dom and Dona → "d";
+// a word that is no title in the lists of the system stands for itself.
+QStringList titleKeys(const QString& text);
+
+// What tells somebody from their namesakes, as it is compared, of a nickname and of a name: "o Ferreiro" → "ferreiro";
+// "Maria «a Nova»", "João Dias, o Moço" → "novo". States ("exposto", "solteiro") tell nobody apart.
+QStringList bynameKeys(const QString& nickname);
+QStringList bynameKeys(const NameParts& name);
+bool isTag(const QString& key); // "velho", "novo": of two of one name, which
+
 // "Nossa Senhora do Rosário", "Santo António": saints stand as godparents in the registers, and are nobody.
 bool isSaint(const QString& name);
 

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace study::parish {
 
 namespace {
@@ -105,7 +107,7 @@ Snapshot Reader::read()
         readBequests();
         readSuffrages();
         readPassports();
-        readLostMentions();
+        readActs();
     }
     linkPeople();
     linkMemberships();
@@ -338,18 +340,32 @@ void Reader::readPassports()
             {personNumber(row, 0), dateOf(row.date(1), true), place(row, 2), row.number(4) != 0});
 }
 
-void Reader::readLostMentions()
+// Another program may have a table of that name.
+bool Reader::hasColumns(const QString& table, const QStringList& columns) const
 {
-    qsizetype found = 0; // of the columns that are asked for: another program may have a table of that name
-    for (const jet::Connection::Column& column : bdp_.columns())
-        if (column.table == "estudo_pessoa" && QStringList{"acto", "ordem", "nome", "nind"}.contains(column.name))
-            ++found;
-    if (found != 4) return;
-    jet::Rows row(bdp_, jet::NativeSql("select acto, ordem, nome, nind from estudo_pessoa where nind is not null and "
-                                       "nind not in (select nind from individuo) order by acto, ordem"));
-    while (row.next())
-        rows_->lostMentions.push_back(
-            {row.number(0), static_cast<int>(row.number(1)), row.text(2), personNumber(row, 3)});
+    const QList<jet::Connection::Column> all = bdp_.columns();
+    return std::ranges::all_of(columns, [&](const QString& name) {
+        return std::ranges::any_of(all, [&](const auto& one) { return one.table == table && one.name == name; });
+    });
+}
+
+void Reader::readActs()
+{
+    if (hasColumns("estudo_pessoa", {"acto", "ordem", "nome", "nind"})) {
+        jet::Rows lost(bdp_, jet::NativeSql("select acto, ordem, nome, nind from estudo_pessoa where nind is not null "
+                                            "and nind not in (select nind from individuo) order by acto, ordem"));
+        while (lost.next())
+            rows_->lostMentions.push_back(
+                {lost.number(0), static_cast<int>(lost.number(1)), lost.text(2), personNumber(lost, 3)});
+        jet::Rows named(bdp_, jet::NativeSql("select distinct nind from estudo_pessoa where nind is not null"));
+        while (named.next())
+            rows_->namedInActs.push_back(personNumber(named, 0));
+    }
+    if (!hasColumns("estudo_familia", {"acto", "ordem", "nfamilia"})) return;
+    jet::Rows lost(bdp_, jet::NativeSql("select acto, ordem, nfamilia from estudo_familia where nfamilia is not null "
+                                        "and nfamilia not in (select nfamilia from familia) order by acto, ordem"));
+    while (lost.next())
+        rows_->lostFamilies.push_back({lost.number(0), static_cast<int>(lost.number(1)), familyNumber(lost, 2)});
 }
 
 } // namespace study::parish

@@ -31,7 +31,7 @@ private:
     void readBequests();
     void readSuffrages();
     void readPassports();
-    void readLostMentions();
+    void readActs();
 
     // Then what points from row to row.
     void linkPeople();
@@ -41,6 +41,7 @@ private:
     void linkAssistances();
     void linkDatedRows();
 
+    bool hasColumns(const QString& table, const QStringList& columns) const; // of a table of the acts
     void next(); // counts a row, and asks now and then whether to go on
     Person* personAt(PersonNumber number) const;
     Family* familyAt(FamilyNumber number) const;

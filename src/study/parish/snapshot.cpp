@@ -112,6 +112,16 @@ std::span<const LostMention> Snapshot::lostMentions() const
     return rows_->lostMentions;
 }
 
+std::span<const LostFamily> Snapshot::lostFamilies() const
+{
+    return rows_->lostFamilies;
+}
+
+std::span<const PersonNumber> Snapshot::namedInActs() const
+{
+    return rows_->namedInActs;
+}
+
 const Catalogue& Snapshot::catalogue() const
 {
     return rows_->catalogue;

@@ -165,6 +165,14 @@ struct LostMention
     PersonNumber number = {};
 };
 
+// A family of an act that has a number that no family has: a row of `estudo_familia`.
+struct LostFamily
+{
+    qint64 act = 0;
+    int order = 0; // in the act
+    FamilyNumber number = {};
+};
+
 struct Person
 {
     PersonNumber number = {};
@@ -301,6 +309,8 @@ public:
     std::span<const Suffrage> suffrages() const;
     std::span<const Passport> passports() const;
     std::span<const LostMention> lostMentions() const; // by act; none where the BDP has no acts of its own
+    std::span<const LostFamily> lostFamilies() const;  // the same
+    std::span<const PersonNumber> namedInActs() const; // who somebody of an act is, once each
     const Catalogue& catalogue() const;
     const Home& home() const;
 

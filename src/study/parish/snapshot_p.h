@@ -18,6 +18,8 @@ struct Snapshot::Rows
     std::vector<Suffrage> suffrages = {};
     std::vector<Passport> passports = {};
     std::vector<LostMention> lostMentions = {};
+    std::vector<LostFamily> lostFamilies = {};
+    std::vector<PersonNumber> namedInActs = {};
     Catalogue catalogue = {};
     Home home = {};
     std::unordered_map<qint64, Person*> personOf = {};

@@ -77,6 +77,7 @@ void FrmLigacoes::run(Found& found, jet::Connection& copy, bool isPart, const Ba
     linkage::Question question{.decided = said.apart, .right = said.right};
     question.named = linkage::namedParents(copy);
     question.spouses = linkage::namedSpouses(copy);
+    question.inActs = linkage::namesInActs(copy);
     if (isPart) {
         for (const Record& record : std::vector(found.only))
             std::ranges::copy(around(*found.parish, record), std::back_inserter(found.only));

@@ -54,6 +54,40 @@ TEST_F(FilesOfBdps, AreRefusedWhenNobodyMayWriteThem)
     EXPECT_EQ(refusalOf(path()).number, 0);
 }
 
+TEST_F(FilesOfBdps, AreReadWhereNobodyMayWriteThem)
+{
+    run("insert into t (a) values (1)");
+    bdp.close();
+    const QByteArray before = contentOf(path());
+    const QStringList beside = QDir(folder()).entryList(QDir::Files | QDir::Hidden);
+    QFile::setPermissions(path(), QFile::ReadOwner);
+    QFile::setPermissions(folder(), QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_EQ(numberOf([&] { bdp.open(path()); }), number::permissionDenied);
+    bdp.open(path(), Connection::Sharing::ReadOnly);
+    EXPECT_GE(Recordset(bdp, QStringLiteral("select a from t")).recordCount(), 1);
+    EXPECT_EQ(numberOf([&] { run("insert into t (a) values (2)"); }), number::permissionDenied);
+    bdp.close();
+    QFile::setPermissions(folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_EQ(contentOf(path()), before);
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files | QDir::Hidden), beside);
+}
+
+TEST_F(FilesOfBdps, AreNotOnlyReadWhereFilesWouldBeMadeBesideThem)
+{
+    run("insert into t (a) values (1)");
+    bdp.close();
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(path().toUtf8(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "pragma journal_mode = wal", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(other);
+    const QStringList beside = QDir(folder()).entryList(QDir::Files | QDir::Hidden);
+    EXPECT_EQ(numberOf([&] { bdp.open(path(), Connection::Sharing::ReadOnly); }), number::engineFailure);
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files | QDir::Hidden), beside);
+    bdp.open(path());
+    EXPECT_EQ(run("insert into t (a) values (1)"), 1);
+    EXPECT_EQ(numberOf([&] { Connection().open(path() + "x", Connection::Sharing::ReadOnly); }), number::fileNotFound);
+}
+
 TEST_F(FilesOfBdps, AreRefusedWhileAnotherProgramHoldsThem)
 {
     bdp.close();

@@ -106,7 +106,7 @@ TEST_F(AnAssistant, HasParentsWhoLiveOrAreDead)
     EXPECT_EQ(cases("T-07"),
               QStringList({"aviso: No baptismo de Ana (nº 2) em 14/02/1730, o pai de Rui (nº 1), Bento (nº 3), consta "
                            "como falecido, mas morreu em 15/02/1730.",
-                           "informação: No baptismo de Ana (nº 2) em 14/02/1730, a mãe de Rui (nº 1), Inês (nº 4), "
+                           "aviso: No baptismo de Ana (nº 2) em 14/02/1730, a mãe de Rui (nº 1), Inês (nº 4), "
                            "consta como viva, mas morreu em 13/02/1730."}));
     approximate();
     EXPECT_EQ(cases("T-07"), QStringList());

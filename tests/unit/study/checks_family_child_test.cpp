@@ -96,6 +96,16 @@ TEST_F(TheChildrenOfAFamily, AreNotTooManyForAFatherAlone)
     EXPECT_EQ(cases("F-15"), QStringList("aviso: Rui Dias (nº 1) tem 21 filhos."));
 }
 
+TEST_F(TheChildrenOfAFamily, AreNotTooManyForACouple)
+{
+    const study::checks::Settings settings{.limits = {{"F-15.mulher", 30}}};
+    haveChildren(20);
+    EXPECT_EQ(cases("F-15", settings), QStringList());
+    haveChildren(1);
+    ASSERT_EQ(cases("F-15", settings).size(), 1) << "told of the mother alone";
+    EXPECT_TRUE(cases("F-15", settings).first().endsWith("(nº 2) tem 21 filhos."));
+}
+
 TEST_F(TheChildrenOfAFamily, AreNumberedAsTheyWereBorn)
 {
     child("Gil", 'm', "1700-02-03");
@@ -109,4 +119,22 @@ TEST_F(TheChildrenOfAFamily, AreNumberedAsTheyWereBorn)
                     "em 03/02/1699, antes de Gil (nº 3), nascido em 03/02/1700."));
     run("update individuo set datanasc = '1700-01-01', DnascFixa = 0 where nind = 4"); // some day of 1700
     EXPECT_EQ(cases("F-17"), QStringList());
+}
+
+TEST_F(TheChildrenOfAFamily, LeaveNoNumberThatNobodyHas)
+{
+    child("Gil", 'm', "1700-02-03"); // 3
+    child("Ivo", 'm', "1701-02-03");
+    child("Zé", 'm', "1702-02-03");
+    run("update individuo set famorig = null where nome = 'Ivo'"); // a godfather
+    EXPECT_EQ(cases("F-17"), QStringList());
+    run("delete from individuo where nome = 'Ivo'");
+    EXPECT_EQ(cases("F-17"), QStringList("informação: Na família nº 1 falta o número 4 entre Gil (nº 3), nascido em "
+                                         "03/02/1700, e Zé (nº 5), nascido em 03/02/1702: ninguém o tem."));
+    EXPECT_EQ(cases("F-17", {.limits = {{"F-17.lacuna", 0}}}), QStringList());
+    run("update individuo set nind = 6 where nome = 'Zé'");
+    EXPECT_EQ(cases("F-17"), QStringList());
+    EXPECT_EQ(cases("F-17", {.limits = {{"F-17.lacuna", 2}}}),
+              QStringList("informação: Na família nº 1 faltam os números 4 a 5 entre Gil (nº 3), nascido em "
+                          "03/02/1700, e Zé (nº 6), nascido em 03/02/1702: ninguém os tem."));
 }

@@ -135,6 +135,18 @@ TEST_F(ANumber, OfAListIsSomebodys)
                                           "impossível: 2 sufrágios do indivíduo nº 99, que não existe."}));
 }
 
+TEST_F(ANumber, OfAFamilyInAnActIsOneThatThereIs)
+{
+    run("create table estudo_familia (acto integer, ordem integer, nfamilia double)");
+    run("insert into estudo_familia (acto, ordem, nfamilia) values (5, 0, ?), (5, 1, null)",
+        {couple(rui, person({"Eva", 'f'}))});
+    EXPECT_EQ(cases("K-13"), QStringList());
+    run("insert into estudo_familia (acto, ordem, nfamilia) values (5, 2, 99)");
+    EXPECT_EQ(cases("K-13"), QStringList("impossível: O acto nº 5 é da família nº 99, que não existe."));
+    elsewhere("drop table estudo_familia; create table estudo_familia (acto varchar)");
+    EXPECT_EQ(cases("K-13"), QStringList());
+}
+
 TEST_F(ANumber, InAnActIsSomebodys)
 {
     run("create table estudo_pessoa (acto integer, ordem integer, nome varchar, nind double)");

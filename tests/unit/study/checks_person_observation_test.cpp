@@ -70,4 +70,7 @@ TEST_F(TheObservedPeople, AreTiedToSomething)
     run("insert into assistente (tipoacto, entidade, nind) values ('b', 5, 3)");
     run("insert into profissoes (nind, idprofissao) values (4, 1)");
     EXPECT_EQ(cases("P-20"), QStringList("informação: Rui (nº 1) não tem datas, família nem actos."));
+    run("create table estudo_pessoa (acto integer, ordem integer, nome varchar, nind double)");
+    run("insert into estudo_pessoa (acto, ordem, nome, nind) values (5, 0, 'Rui', 1)");
+    EXPECT_EQ(cases("P-20"), QStringList());
 }

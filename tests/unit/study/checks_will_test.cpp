@@ -88,6 +88,22 @@ TEST_F(AWill, CountsInTheMoneyOfItsTime)
                                          "em euros."));
 }
 
+TEST_F(AWill, CountsInTheMoneyOfTheYearsThatAreSet)
+{
+    orders({.total = 100, .currency = "Es"});
+    run("update individuo set dataobito = '1905-05-22'");
+    EXPECT_EQ(cases("W-04").size(), 1);
+    EXPECT_EQ(cases("W-04", {.limits = {{"W-04.escudo", 1905}}}), QStringList());
+    EXPECT_EQ(cases("W-04", {.limits = {{"W-04.escudo", 1906}}}).size(), 1);
+    run("update rituaismorte set tipoMoeda = 'Eu'");
+    EXPECT_EQ(cases("W-04", {.limits = {{"W-04.euro", 1905}}}), QStringList());
+    EXPECT_EQ(cases("W-04", {.limits = {{"W-04.euro", 1906}}}).size(), 1);
+    run("update rituaismorte set tipoMoeda = 'Re'");
+    EXPECT_EQ(cases("W-04", {.limits = {{"W-04.escudo", 1880}}}).size(), 1);
+    EXPECT_EQ(cases("W-04", {.limits = {{"W-04.escudo", 0}, {"W-04.euro", 1'000'000}}}), QStringList())
+        << "no year that there is";
+}
+
 TEST_F(AWill, OrdersSuffragesOfTheirKind)
 {
     names("TipMi", 1, "Rezada");

@@ -4,6 +4,7 @@
 #include "study/checks/settings.h"
 #include "study/command/command.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -111,6 +112,32 @@ TEST_F(TheCommandThatChecks, EndsWith2WhereItCannot)
     file.close();
     EXPECT_EQ(check(), notChecked);
     EXPECT_FALSE(err_.isEmpty());
+}
+
+TEST_F(TheCommandThatChecks, ReadsABdpThatNobodyMayWrite)
+{
+    onlyTheFirstRule();
+    person({"Rui", 'm', "1702-02-14", "1702-02-13"});
+    checks::putAside(bdp, all(checks::keptSettings(bdp)), "engano do padre");
+    bdp.close();
+    QFile::setPermissions(path(), QFile::ReadOwner);
+    EXPECT_EQ(check(), nothingFound) << qPrintable(err_);
+    EXPECT_EQ(check({"--vistos"}), somethingFound) << qPrintable(err_);
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_EQ(check({"--vistos"}), somethingFound) << qPrintable(err_);
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("a.orv"));
+}
+
+TEST_F(TheCommandThatChecks, EndsWith2WhereItCannotBeTold)
+{
+    person({"Rui", 'm', "1702-02-14", "1702-02-13"});
+    QFile full("/dev/full");
+    if (!full.open(QIODevice::WriteOnly)) GTEST_SKIP() << "no disk that is always full";
+    QTextStream out(&full), err(&err_);
+    for (const QString format : {"texto", "csv", "json"})
+        EXPECT_EQ(runCommand({"verificar", path(), "--formato", format}, out, err, [] { return true; }), notChecked);
+    EXPECT_TRUE(err_.startsWith("Não foi possível escrever")) << qPrintable(err_);
 }
 
 } // namespace

@@ -217,6 +217,34 @@ TEST_F(Candidates, ParentsThatANoteNamesAreAKnownCouple)
     EXPECT_EQ(link->runnerUp->record, ::family(familyAgain));
 }
 
+TEST_F(Candidates, NamedParentsAreFoundByEitherOfThem)
+{
+    addOthers();
+    addCoupleTwice();
+    const qint64 alone = person({"Umbelina Quaresma", 'f'});
+    run("insert into familia (nfamilia) values (?)", {++lastFamily});
+    run("insert into familias (nfamilia, nind) values (?, ?)", {lastFamily, alone});
+    const qint64 natural = lastFamily, child = person({"Teresa", 'f', "1712-01-02"});
+    const auto linkFor = [&](const char* father, const char* mother, qint64 to) {
+        const Question question{.named = {{.child = PersonNumber(child),
+                                           .father = QString::fromUtf8(father),
+                                           .mother = QString::fromUtf8(mother)}}};
+        const std::vector<Link> all = found(question);
+        const Link* link = linkOf(all, ::person(child), ::family(to));
+        return link ? std::optional(*link) : std::nullopt;
+    };
+    EXPECT_TRUE(linkFor("", "Umbelina Quaresma", natural)) << "a mother whose child has no father";
+    EXPECT_TRUE(linkFor("Bento de Abreu", "", family)) << "the father alone is told";
+    EXPECT_TRUE(linkFor("Bentto de Abreu", "Umbelina Lopes", family)) << "a slip of the pen";
+    EXPECT_FALSE(linkFor("Pedro de Abreu", "Rita Lopes", family)) << "two others";
+    EXPECT_FALSE(linkFor("", "", family));
+    EXPECT_FALSE(linkFor("Bento de Abreu", "Rita Lopes", family)) << "another wife";
+    const auto both = linkFor("Bento de Abreu", "Umbelina Lopes", family);
+    const auto father = linkFor("Bento de Abreu", "", family);
+    ASSERT_TRUE(both && father);
+    EXPECT_GT(both->bits, father->bits + 5);
+}
+
 TEST_F(Candidates, AChildBornAfterItsMothersBurialIsADoubtfulLink)
 {
     addCoupleTwice();

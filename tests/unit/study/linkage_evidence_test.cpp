@@ -1,93 +1,9 @@
 // What speaks for one person and what against it: lives, acts at which both stood, days, places, spouses, and rivals.
-#include "study/people.h"
+#include "study/evidenceOfOne.h"
 
 #include "study/acts/register_tables.h"
-#include "study/linkage/candidates.h"
-#include "study/parish/snapshot.h"
-
-#include <algorithm>
-#include <optional>
 
 using namespace study::linkage;
-using study::parish::FamilyNumber;
-using study::parish::PersonNumber;
-using study::parish::Snapshot;
-
-namespace {
-
-class EvidenceOfOne : public People
-{
-protected:
-    // A parish has other people, too: a name is worth what is rare of it.
-    EvidenceOfOne()
-    {
-        static constexpr int each = 25;
-        for (int i = 0; i < each; ++i) {
-            for (const char* name : {"João da Silva", "Pedro Dias", "António Gomes", "Manuel Alves", "Francisco Pires"})
-                person({name, 'm', "1600-01-02"});
-            for (const char* name : {"Maria da Silva", "Ana Dias", "Isabel Gomes", "Catarina Alves", "Luísa Pires"})
-                person({name, 'f', "1600-01-02"});
-        }
-    }
-
-    // All that isn't vetoed, with its evidence.
-    std::vector<Link> found()
-    {
-        Question question;
-        question.named = namedParents(bdp);
-        question.spouses = namedSpouses(bdp);
-        Model model = startModel();
-        model.hideBelow = -50;
-        return links(Snapshot::read(bdp), model, question);
-    }
-
-    std::optional<Link> between(qint64 one, qint64 other)
-    {
-        return linkOf(recordOf(PersonNumber(one)), recordOf(PersonNumber(other)));
-    }
-    std::optional<Link> betweenCouples(qint64 one, qint64 other)
-    {
-        return linkOf(recordOf(FamilyNumber(one)), recordOf(FamilyNumber(other)));
-    }
-    bool areProposed(qint64 one, qint64 other)
-    {
-        const std::optional<Link> link = between(one, other);
-        return link && link->bits >= startModel().suggestFrom;
-    }
-
-    qint64 umbelino(const char* birth = "", const char* death = "")
-    {
-        return person({"Umbelino de Abreu", 'm', birth, death});
-    }
-    void assist(char act, qint64 entity, qint64 who, const char* date)
-    {
-        run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) values (?, ?, ?, ?, ?)",
-            {QString(QChar(act)), entity, QString(date), who, QString(act == 'b' ? 'p' : 't')});
-    }
-    void reside(qint64 who, const char* place, const char* date = "1710-01-02")
-    {
-        run("insert into residencia (numero, tiporesid, dataref, datafixa, localresid, tipolocal) values (?, 'i', ?, "
-            "1, "
-            "?, 'L')",
-            {who, QString(date), QString(place)});
-    }
-    static double bitsOf(const std::optional<Link>& link, const QString& field)
-    {
-        if (!link) return 0;
-        const auto found = std::ranges::find(link->evidence, field, &Evidence::field);
-        return found != link->evidence.end() ? found->bits : 0;
-    }
-
-private:
-    std::optional<Link> linkOf(const Record& one, const Record& other)
-    {
-        for (const Link& link : found())
-            if (link.one == one && link.other == other) return link;
-        return {};
-    }
-};
-
-} // namespace
 
 TEST_F(EvidenceOfOne, TwoBurialsOfDifferentDaysAreOfTwo)
 {
@@ -166,6 +82,23 @@ TEST_F(EvidenceOfOne, WhoeverWorkedSignedLivedOrLeftAfterABurialIsSomebodyElse)
     EXPECT_TRUE(other("insert into assinatura (nind, idassinatura, dataref, datafixa) values (?, 1, ?, 1)"));
     EXPECT_TRUE(other("insert into passaporte (nind, npass, dataref) values (?, 1, ?)"));
     EXPECT_TRUE(other("insert into residencia (numero, tiporesid, dataref, datafixa) values (?, 'i', ?, 1)"));
+}
+
+TEST_F(EvidenceOfOne, WhomAnActOfTheirChildCallsDeadDoesNothingLater)
+{
+    const qint64 one = umbelino(), wife = person({"Clara Lopes", 'f'}), family = couple(one, wife);
+    const qint64 godfather = person({"Bento", 'm', "1690-02-03", "", family});
+    const qint64 child = person({"Rita", 'f', "1720-02-03"});
+    const qint64 buried = umbelino("", "1730-02-03"), living = umbelino(), early = umbelino("", "1715-02-03");
+    run("insert into profissoes (nind, idprofissao, dataref, datafixa) values (?, 1, '1725-02-03', 1)", {living});
+    assist('b', child, godfather, "1720-02-03");
+    EXPECT_TRUE(between(one, buried) && between(one, living) && between(one, early));
+    run("update assistente set falecidomae = 1");
+    EXPECT_TRUE(between(one, buried)) << "the mother was dead";
+    run("update assistente set falecidopai = 1");
+    EXPECT_FALSE(between(one, buried));
+    EXPECT_FALSE(between(one, living));
+    EXPECT_TRUE(between(one, early));
 }
 
 TEST_F(EvidenceOfOne, AnHeirIsBornBeforeTheBurialOfWhoNamedThem)

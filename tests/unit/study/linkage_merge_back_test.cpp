@@ -81,6 +81,31 @@ TEST_F(AMerge, IsNotTakenBackToRecordsThatHaveGone)
     EXPECT_EQ(takeBack(bdp, second), "A família nº 1, a que uma linha voltaria a ligar-se, já não está na BDP.");
 }
 
+TEST_F(AMerge, IsTakenBackBeforeADeletionThatNamesWhoHasGone)
+{
+    const qint64 rui = person({"Rui"}), ana = person({"Ana", 'f'}), again = person({"Ana", 'f'});
+    const QString family = QString::number(couple(rui, again)), gil = QString::number(person({"Gil"}));
+    run("update individuo set testamenteiro = ? where nome = 'Gil'", {ana});
+    lixo::Recolha person(bdp, lixo::Tipo::Individuo, gil);
+    run("delete from individuo where nome = 'Gil'");
+    person.guarda();
+    lixo::Recolha deletion(bdp, lixo::Tipo::Familia, family);
+    run("delete from familias");
+    run("delete from familia");
+    deletion.guarda();
+    const qint64 id = mergePeople(bdp, ana, again);
+    note();
+    EXPECT_EQ(lixo::repoe(bdp, 2), "Foi decidido depois, e tem de ser desfeito primeiro:\r\nAna (nº 3) é Ana (nº 2)");
+    run("insert into individuo (nind, nome) values (?, 'Eva')", {again}); // the number is somebody else's
+    EXPECT_NE(lixo::repoe(bdp, 2), "");
+    EXPECT_EQ(one("select count(*) from familias"), "0");
+    EXPECT_EQ(lixo::repoe(bdp, 1), "") << "who stayed is there";
+    run("delete from individuo where nome = 'Eva'");
+    EXPECT_EQ(takeBack(bdp, id), "");
+    EXPECT_EQ(lixo::repoe(bdp, 2), "");
+    EXPECT_EQ(one("select count(*) from familias where nind = ?", {again}), "1");
+}
+
 TEST_F(AMerge, OfPlacesComesBackAfterThatOfThoseAbove)
 {
     run("insert into paroquia (codparoquia, nomeparoquia) values ('01', '*Vila'), ('02', '*Villa')");

@@ -113,12 +113,51 @@ TEST_F(AMerge, TellsOfAWitnessWhoIsInOneActTwice)
     const qint64 rui = person({"Rui"}), ana = person({"Ana", 'f'}), gil = person({"Gil"});
     const qint64 first = couple(rui, ana, "1725-02-03"), second = couple(rui, ana, "1725-02-10");
     run("insert into assistente (tipoacto, entidade, nind, dataref) values ('c', ?1, ?3, '1725-02-03'), ('c', ?2, ?3, "
-        "'1725-02-10')",
+        "'1725-02-11')",
         {first, second, gil});
     EXPECT_TRUE(
         planJoin(bdp, first, second)
-            .sentences.contains("O nº 3 fica duas vezes no acto: uma linha de 03/02/1725 e outra de 10/02/1725."))
+            .sentences.contains("O nº 3 fica duas vezes no acto: uma linha de 03/02/1725 e outra de 11/02/1725."))
         << qUtf8Printable(told(planJoin(bdp, first, second)));
+}
+
+TEST_F(AMerge, HasTheWitnessesFollowTheDayOfTheMarriageThatStays)
+{
+    const qint64 rui = person({"Rui"}), ana = person({"Ana", 'f'}), gil = person({"Gil"}), ivo = person({"Ivo"});
+    const qint64 first = couple(rui, ana, "1725-02-03"), second = couple(rui, ana, "1725-02-10");
+    run("insert into assistente (tipoacto, entidade, nind, dataref) values ('c', ?1, ?3, '1725-02-03'), ('c', ?2, ?3, "
+        "'1725-02-10'), ('c', ?2, ?4, '1725-02-10'), ('c', ?1, ?4, '1724-01-01')",
+        {first, second, gil, ivo});
+    const char* days = "select group_concat(nind || ' ' || dataref, ', ') from (select * from assistente where "
+                       "entidade = ? order by nind, dataref)";
+    const MergePlan plan = planJoin(bdp, first, second);
+    EXPECT_TRUE(plan.sentences.contains("2 intervenientes passam a ter a data do acto que fica, 03/02/1725."))
+        << qUtf8Printable(told(plan));
+    EXPECT_EQ(plan.doubles.filter("no acto"),
+              QStringList("O nº 3 no acto de 03/02/1725: está nos dois, fica uma linha."));
+    note();
+    const qint64 id = joinFamilies(bdp, first, second);
+    EXPECT_EQ(one(days, {first}), "3 1725-02-03, 4 1724-01-01, 4 1725-02-03") << "a day of its own stays";
+    expectWayBack(id);
+    const qint64 turned = joinFamilies(bdp, first, second, {.sides = {{"datacasam", Side::Other}}});
+    EXPECT_EQ(one(days, {first}), "3 1725-02-10, 4 1724-01-01, 4 1725-02-10");
+    expectWayBack(turned);
+}
+
+TEST_F(AMerge, HasTheGodparentsFollowTheDayOfTheBaptismThatStays)
+{
+    const qint64 ana = person({"Ana", 'f', "1702-02-14"}), again = person({"Ana", 'f', "1702-02-16"});
+    const qint64 open = person({"Ana", 'f'}), gil = person({"Gil"});
+    run("insert into assistente (tipoacto, entidade, nind, dataref) values ('b', ?1, ?3, '1702-02-16'), ('B', ?2, ?3, "
+        "null)",
+        {again, open, gil});
+    note();
+    qint64 id = mergePeople(bdp, ana, again);
+    EXPECT_EQ(one("select dataref from assistente where entidade = ?", {ana}), "1702-02-14");
+    expectWayBack(id);
+    id = mergePeople(bdp, ana, open);
+    EXPECT_EQ(one("select dataref from assistente where entidade = ?", {ana}), "1702-02-14") << "it had none";
+    expectWayBack(id);
 }
 
 TEST_F(AMerge, KeepsAWitnessWhomOneActHasTwiceAlready)

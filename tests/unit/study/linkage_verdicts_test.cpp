@@ -1,6 +1,7 @@
 // What is said to the links that are proposed, and what follows from it.
 #include "study/people.h"
 
+#include "store/lixo.h"
 #include "study/linkage/candidates.h"
 #include "study/linkage/merge.h"
 #include "study/linkage/verdicts.h"
@@ -114,6 +115,53 @@ TEST_F(Verdict, FollowsWhoHasBecomeOneWithSomebody)
     mergePeople(bdp, husband, husbandAgain);
     mergePeople(bdp, wife, wifeAgain, {.join = {{family, familyAgain}}});
     EXPECT_TRUE(verdicts(bdp).apart.has(familyOf(family), familyOf(third))) << "joined with its couple";
+}
+
+TEST_F(Verdict, IsNotOfWhoGotTheNumberOfSomebodyDeleted)
+{
+    addCoupleTwice();
+    const auto isApart = [this] { return planMerge(bdp, husband, husbandAgain).isPossible() ? "one" : "apart"; };
+    decideNotTheSame(bdp, husband, husbandAgain);
+    tellApart(bdp, {.one = familyOf(family), .other = familyOf(familyAgain)});
+    confirm(bdp, {.kind = LinkKind::Doubtful, .one = personOf(husbandAgain), .other = familyOf(familyAgain)});
+    EXPECT_STREQ(isApart(), "apart");
+    const QString number = QString::number(husbandAgain), ofFamily = QString::number(familyAgain);
+    lixo::Recolha couple(bdp, lixo::Tipo::Familia, ofFamily);
+    run("delete from familias where nfamilia = ?", {familyAgain});
+    run("delete from familia where nfamilia = ?", {familyAgain});
+    couple.guarda();
+    lixo::Recolha person(bdp, lixo::Tipo::Individuo, number);
+    run("delete from individuo where nind = ?", {husbandAgain});
+    person.guarda();
+    EXPECT_EQ(verdicts(bdp), Verdicts());
+    run("insert into individuo (nind, nome, sexo) values (?, 'Bento de Abreu', 'm')", {husbandAgain});
+    EXPECT_STREQ(isApart(), "one") << "the number is somebody else's";
+    run("update estudo_lixo set quando = '1999-01-01 00:00:00'");
+    EXPECT_STREQ(isApart(), "apart") << "decided of who has the number since";
+    run("update estudo_decisao set quando = '1998-01-01 00:00:00'");
+    EXPECT_STREQ(isApart(), "one");
+    run("delete from individuo where nind = ?", {husbandAgain});
+    for (const char* id : {"2", "1"})
+        EXPECT_EQ(lixo::repoe(bdp, QString(id).toLongLong()), "");
+    EXPECT_STREQ(isApart(), "apart") << "it is he again";
+    EXPECT_TRUE(verdicts(bdp).apart.has(familyOf(family), familyOf(familyAgain)));
+    EXPECT_FALSE(verdicts(bdp).right.pairs().empty());
+}
+
+TEST_F(Verdict, IsSaidAnewOfWhoGotTheNumberOfSomebodyDeleted)
+{
+    addCoupleTwice();
+    const qint64 before = decideNotTheSame(bdp, husband, husbandAgain);
+    run("update estudo_decisao set quando = '1998-01-01 00:00:00'");
+    lixo::Recolha person(bdp, lixo::Tipo::Individuo, QString::number(husbandAgain));
+    run("delete from individuo where nind = ?", {husbandAgain});
+    person.guarda();
+    run("update estudo_lixo set quando = '1999-01-01 00:00:00'");
+    run("insert into individuo (nind, nome, sexo) values (?, 'Bento de Abreu', 'm')", {husbandAgain});
+    const qint64 now = decideNotTheSame(bdp, husband, husbandAgain);
+    EXPECT_NE(now, before);
+    EXPECT_EQ(decideNotTheSame(bdp, husband, husbandAgain), now);
+    EXPECT_EQ(notTheSame(bdp).size(), 1);
 }
 
 TEST_F(Verdict, OfANamedCoupleMakesItTheParentsAsOneStep)

@@ -391,3 +391,32 @@ TEST(PlaceKey, KnowsNoCaseNoAccentsNoBlanksNoHyphens)
     EXPECT_NE(placeKey("Poucapena"), placeKey("Poucapela"));
     EXPECT_EQ(placeKey("Póvoa de El-Rei"), "povoadeelrei");
 }
+
+TEST(Bynames, AreTheSameWithAndWithoutTheirArticle)
+{
+    EXPECT_EQ(study::bynameKeys(QString("o Ferreiro")), QStringList("ferreiro"));
+    EXPECT_EQ(study::bynameKeys(QString("Ferreiro")), QStringList("ferreiro"));
+    EXPECT_EQ(study::bynameKeys(QString("a Nova, Coxa")), (QStringList{"novo", "coxa"}));
+    EXPECT_EQ(study::bynameKeys(QString()), QStringList());
+    EXPECT_EQ(study::bynameKeys(QString("o que foi para o Brasil")), QStringList());
+}
+
+TEST(Bynames, OfANameAreWhatTellsNamesakesApart)
+{
+    const auto of = [](const char* name) { return study::bynameKeys(study::partsOf(QString::fromUtf8(name))); };
+    EXPECT_EQ(of("João Dias, o Moço"), QStringList("novo"));
+    EXPECT_EQ(of("João Dias o Velho"), QStringList("velho"));
+    EXPECT_EQ(of("João Dias maior"), QStringList("velho"));
+    EXPECT_EQ(of("Maria «a Nova»"), QStringList("novo"));
+    for (const char* none : {"João Dias", "João exposto", "João da Roda", "João, solteiro", ""})
+        EXPECT_EQ(of(none), QStringList()) << none;
+}
+
+TEST(Titles, AreOneHoweverTheyAreSpelled)
+{
+    EXPECT_EQ(study::titleKeys("P.e"), study::titleKeys("padre"));
+    EXPECT_EQ(study::titleKeys("R.do P.e"), (QStringList{"reverendo", "padre"}));
+    EXPECT_EQ(study::titleKeys("D."), study::titleKeys("Dona"));
+    EXPECT_EQ(study::titleKeys("Conde de Abrantes"), (QStringList{"conde", "abrantes"}));
+    EXPECT_EQ(study::titleKeys(" "), QStringList());
+}

@@ -4,6 +4,7 @@
 #include "study/checks/types.h"
 #include "study/linkage/decisions.h"
 #include "study/linkage/recalculate.h"
+#include "study/linkage/types.h"
 
 using namespace study;
 using namespace study::linkage;
@@ -47,6 +48,18 @@ TEST_F(RecalculatedTypes, AreThoseOfTheDates)
     EXPECT_TRUE(differences().isEmpty());
     EXPECT_TRUE(cases("P-10").isEmpty());
     EXPECT_TRUE(cases("F-16").isEmpty());
+}
+
+TEST_F(RecalculatedTypes, OfFamiliesAreTheSameAsThoseOfAMerge)
+{
+    for (const char* his : {"m", "f", "d"})
+        for (const char* hers : {"m", "f", "d"}) {
+            run("update individuo set sexo = ? where nind = 1", {his});
+            run("update individuo set sexo = ? where nind = 2", {hers});
+            const QList<NewType> found = differences();
+            const QString type = found.size() == 3 ? found.last().after : QString("7");
+            EXPECT_EQ(type, familyType(Recording(bdp), 1)) << his << hers;
+        }
 }
 
 TEST_F(RecalculatedTypes, AreOneStepThatCanBeTakenBack)
