@@ -56,6 +56,16 @@ bool isLocalResidence(const Place& place, const Home& home)
     return place.isKnown() && (home.code.isEmpty() || isIn(place, home));
 }
 
+bool isBornHere(const Person& person, const Home& home)
+{
+    return person.birth.isKnown() && isLocalAct(person.birthPlace, home);
+}
+
+bool diedHere(const Person& person, const Home& home)
+{
+    return person.death.isKnown() && isLocalAct(person.deathPlace, home);
+}
+
 // Where somebody is said to live, in the order of the days.
 class Residences
 {
@@ -112,7 +122,6 @@ struct OwnMarks
     Mark firstResidence = {};
     Mark lived = {};    // last row that shows the person living here; marriages and children stand apart
     Mark marriage = {}; // last one in the parish
-    Mark death = {};    // in the parish
 };
 
 Mark lastAssistanceOfAResident(const Person& person, const Residences& residences)
@@ -135,7 +144,6 @@ OwnMarks ownMarks(const Person& person, const Home& home)
     for (const Membership* row : person.unions)
         if (row->family && isLocalAct(row->family->place, home))
             takeLater(marks.marriage, row->family->marriage, Proof::Marriage);
-    if (isLocalAct(person.deathPlace, home)) takeLater(marks.death, person.death, Proof::Death);
     return marks;
 }
 
@@ -161,42 +169,34 @@ bool diedAsAChild(const Person& person)
 Mark lastOfChild(const Person& child, const Home& home)
 {
     Mark mark;
-    if (isLocalAct(child.birthPlace, home)) takeLater(mark, child.birth, Proof::ChildBorn);
-    if (isLocalAct(child.deathPlace, home) && child.death.isKnown() && diedAsAChild(child))
-        takeLater(mark, child.death, Proof::ChildBuried);
+    if (isBornHere(child, home)) takeLater(mark, child.birth, Proof::ChildBorn);
+    if (diedHere(child, home) && diedAsAChild(child)) takeLater(mark, child.death, Proof::ChildBuried);
     return mark;
 }
 
-Mark lastOfChildren(const Family& family, const Home& home)
+// A father need not have seen a posthumous child.
+bool isPosthumousOf(const Person* parent, const Person& child, const Family& family)
+{
+    return parent == family.husband && child.filiation == parish::filiation::posthumous;
+}
+
+Mark lastOfChildren(const Person& parent, const Family& family, const Home& home)
 {
     Mark mark;
     for (const Person* child : family.children)
-        takeLater(mark, lastOfChild(*child, home));
+        if (!isPosthumousOf(&parent, *child, family)) takeLater(mark, lastOfChild(*child, home));
     return mark;
 }
 
-Mark lastOfChildren(const Person& person, const Home& home)
+Mark lastOfChildren(const Person& parent, const Home& home)
 {
     Mark mark;
-    for (const Membership* row : person.unions)
-        if (row->family) takeLater(mark, lastOfChildren(*row->family, home));
+    for (const Membership* row : parent.unions)
+        if (row->family) takeLater(mark, lastOfChildren(parent, *row->family, home));
     return mark;
 }
 
 // The family of a child.
-
-// A marriage of a brother or a sister shows the parents here where they are said to live here then.
-Mark lastMarriage(const Person& sibling, const std::vector<Residences>& ofParents, const Home& home)
-{
-    Mark mark;
-    for (const Membership* row : sibling.unions) {
-        if (!row->family || !row->family->marriage.isKnown() || !isLocalAct(row->family->place, home)) continue;
-        const Date& day = row->family->marriage;
-        if (std::ranges::any_of(ofParents, [&](const Residences& one) { return one.isResident(day); }))
-            takeLater(mark, day, Proof::Sibling);
-    }
-    return mark;
-}
 
 std::vector<const Person*> parentsOf(const Family& family)
 {
@@ -206,32 +206,38 @@ std::vector<const Person*> parentsOf(const Family& family)
     return parents;
 }
 
-Mark lastOfSiblings(const Person& child, const std::vector<const Person*>& parents, const Home& home)
+// A marriage of a brother or a sister shows the parents here where they are said to live here then.
+void takeMarriages(Mark& mark, const Person& sibling, const std::vector<const Person*>& parents, const Home& home)
 {
-    std::vector<Residences> residences;
-    for (const Person* parent : parents)
-        residences.emplace_back(*parent, home);
-    Mark mark;
+    for (const Membership* row : sibling.unions) {
+        if (!row->family || !row->family->marriage.isKnown() || !isLocalAct(row->family->place, home)) continue;
+        const Date& day = row->family->marriage;
+        if (mark.day.isKnown() && !isBefore(mark.day, day)) continue;
+        const auto isResident = [&](const Person* parent) { return Residences(*parent, home).isResident(day); };
+        if (std::ranges::any_of(parents, isResident)) mark = {day, Proof::Sibling};
+    }
+}
+
+void takeSiblings(Mark& mark, const Person& child, const std::vector<const Person*>& parents, const Home& home)
+{
     for (const Person* sibling : child.origin->children) {
         if (sibling == &child) continue;
-        if (isLocalAct(sibling->birthPlace, home)) takeLater(mark, sibling->birth, Proof::Sibling);
-        if (isLocalAct(sibling->deathPlace, home) && !hasMarried(*sibling))
-            takeLater(mark, sibling->death, Proof::Sibling);
-        takeLater(mark, lastMarriage(*sibling, residences, home));
+        if (isBornHere(*sibling, home)) takeLater(mark, sibling->birth, Proof::Sibling);
+        if (diedHere(*sibling, home) && !hasMarried(*sibling)) takeLater(mark, sibling->death, Proof::Sibling);
+        takeMarriages(mark, *sibling, parents, home);
     }
-    return mark;
 }
 
 // A parent's own rows, and the children of other unions.
 Mark lastOfParent(const Person& parent, const Family& family, const Home& home)
 {
+    if (diedHere(parent, home)) return {parent.death, Proof::Death};
     const OwnMarks own = ownMarks(parent, home);
     Mark mark = own.lived;
     takeLater(mark, own.marriage);
-    takeLater(mark, own.death);
     for (const Membership* row : parent.unions)
         if (row->family && row->family != &family)
-            takeLater(mark, lastOfChildren(*row->family, home).day, Proof::Sibling);
+            takeLater(mark, lastOfChildren(parent, *row->family, home).day, Proof::Sibling);
     const bool typed = parent.observedUntil.isValid() && parent.observedUntil != parent.death.date();
     if (typed) takeLater(mark, exactly(parent.observedUntil), Proof::Researcher);
     return mark;
@@ -253,11 +259,12 @@ Mark lastOfFamily(const Person& child, const Union& its, const Home& home)
     const Family& family = *its.family;
     const auto parents = parentsOf(family);
     if (parents.empty()) return {};
-    Mark mark = lastOfSiblings(child, parents, home);
+    Mark mark;
     for (const Person* parent : parents)
         takeLater(mark, lastOfParent(*parent, family, home));
     takeLater(mark, exactly(family.observedUntil), Proof::Researcher);
     const Date end = endOfHome(parents);
+    if (!end.isKnown() || mark.day != end) takeSiblings(mark, child, parents, home);
     if (end.isKnown() && mark.day.isKnown() && isBefore(end, mark.day)) mark = {end, Proof::Death};
     if (its.isClosed() && mark.by == Proof::Death && mark.day == its.end) mark.by = Proof::Spouse;
     return mark;
@@ -275,15 +282,18 @@ public:
 
     Presence presence(const Person& person) const
     {
-        const OwnMarks own = ownMarks(person, home_);
-        const Mark children = lastOfChildren(person, home_);
+        const Mark death{person.death, Proof::Death};
         Presence presence;
-        presence.aliveUntil = lastAlive(person, own, children);
-        presence.from = begin(person, own);
-        if (presence.from.day.isKnown()) {
-            presence.until = end(person, own, children, presence.from);
-            restrict(presence, person);
+        if (isBornHere(person, home_) && diedHere(person, home_)) { // most people: no other row is asked
+            presence = {{person.birth, Proof::Birth}, death, death};
+        } else {
+            const OwnMarks own = ownMarks(person, home_);
+            const Mark children = lastOfChildren(person, home_);
+            presence.aliveUntil = person.death.isKnown() ? death : lastAlive(person, own, children);
+            presence.from = begin(person, own);
+            if (presence.from.day.isKnown()) presence.until = end(person, own, children, presence.from);
         }
+        if (presence.isObserved()) restrict(presence, person);
         return presence;
     }
 
@@ -299,9 +309,8 @@ public:
 private:
     Mark begin(const Person& person, const OwnMarks& own) const
     {
+        if (isBornHere(person, home_)) return {person.birth, Proof::Birth};
         Mark mark = own.firstResidence;
-        if (isLocalAct(person.birthPlace, home_) && person.birth.isKnown())
-            takeEarlier(mark, {person.birth, Proof::Birth});
         for (const Membership* row : person.unions)
             if (row->family && isLocalAct(row->family->place, home_) && livesHere(*row->family))
                 takeEarlier(mark, {row->family->marriage, Proof::Marriage});
@@ -312,20 +321,18 @@ private:
     bool livesHere(const Family& family) const
     {
         const Date& marriage = family.marriage;
-        if (!marriage.isKnown()) return false;
-        Mark mark = lastOfChildren(family, home_);
-        for (const Person* one : parentsOf(family)) {
-            const OwnMarks own = ownMarks(*one, home_);
-            if (Residences(*one, home_).isResident(marriage)) return true;
-            takeLater(mark, own.lived);
-            takeLater(mark, own.death);
-        }
-        return mark.day.isKnown() && isBefore(marriage, mark.day);
+        const auto shows = [&](const Mark& mark) { return mark.day.isKnown() && isBefore(marriage, mark.day); };
+        const auto isShown = [&](const Person* one) {
+            return (diedHere(*one, home_) && isBefore(marriage, one->death)) ||
+                   shows(lastOfChildren(*one, family, home_)) || shows(ownMarks(*one, home_).lived) ||
+                   Residences(*one, home_).isResident(marriage);
+        };
+        return marriage.isKnown() && std::ranges::any_of(parentsOf(family), isShown);
     }
 
     Mark end(const Person& person, const OwnMarks& own, const Mark& children, const Mark& from) const
     {
-        if (own.death.day.isKnown()) return own.death;
+        if (diedHere(person, home_)) return {person.death, Proof::Death};
         Mark mark = from;
         takeLater(mark, own.lived);
         takeLater(mark, own.marriage);
@@ -348,7 +355,6 @@ private:
 
     static Mark lastAlive(const Person& person, const OwnMarks& own, const Mark& children)
     {
-        if (person.death.isKnown()) return {person.death, Proof::Death};
         Mark mark{person.birth, person.birth.isKnown() ? Proof::Birth : Proof::None};
         takeLater(mark, own.lived);
         takeLater(mark, children);
@@ -359,14 +365,13 @@ private:
         return mark;
     }
 
-    // Marriage and children, wherever; a posthumous child proves nothing of its father.
+    // Marriage and children, wherever.
     static Mark lifeInFamily(const Person& person, const Family& family)
     {
         Mark mark;
         takeLater(mark, family.marriage, Proof::Marriage);
         for (const Person* child : family.children)
-            if (&person != family.husband || child->filiation != parish::filiation::posthumous)
-                takeLater(mark, child->birth, Proof::ChildBorn);
+            if (!isPosthumousOf(&person, *child, family)) takeLater(mark, child->birth, Proof::ChildBorn);
         return mark;
     }
 

@@ -1,7 +1,11 @@
 // Time at risk, split at birthdays and at the limits of periods.
 #include "study/indicators/exposure.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
+
+#include <map>
 
 using namespace study;
 using namespace study::indicators;
@@ -43,6 +47,25 @@ TEST(Exposure, OfAnOpenFamilyWouldBeThisToTheFiftiethBirthday)
               daysOf({{20, 153}, {25, 1826}, {30, 1826}, {35, 1826}, {40, 1827}, {45, 1826}}));
     const Episode lastBirth{day(1735, 7, 5), day(1760, 2, 3), day(1765, 8, 2)};
     EXPECT_EQ(split(lastBirth, fertileAges()), daysOf({{20, 153}, {25, 1826}, {30, 28}}));
+}
+
+// Three wives who married at 25: to her 50th birthday, to a death at 22 years, and to one at 8 that isn't known here.
+TEST(Exposure, OfThreeWivesIsOfTheEndsThatAreKnown)
+{
+    const parish::Date birth = day(1700, 1, 1);
+    const auto yearsOfAll = [&](const std::vector<int>& lengths) {
+        std::map<int, qint64> halfDays;
+        for (const int years : lengths)
+            for (const Slice& slice : split({birth, day(1725, 1, 1), day(1725 + years, 1, 1)}, fertileAges()))
+                halfDays[slice.age] += slice.halfDays;
+        QStringList told;
+        for (const auto& group : halfDays)
+            told << QString::number(yearsOf(group.second), 'f', 1);
+        return told.join(' ');
+    };
+    EXPECT_EQ(yearsOfAll({25, 22, 8}), "15.0 13.0 10.0 10.0 7.0");
+    EXPECT_EQ(yearsOfAll({25, 22, 25}), "15.0 15.0 15.0 15.0 12.0");
+    EXPECT_EQ(yearsOfAll({25, 22}), "10.0 10.0 10.0 10.0 7.0");
 }
 
 TEST(Exposure, IsNothingOutsideOfAllGroups)

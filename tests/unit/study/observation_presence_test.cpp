@@ -224,9 +224,8 @@ TEST_F(ThePresence, OfAFatherIsNotProvedByAPosthumousChild)
 {
     settle();
     run("update individuo set filiacao = 15 where nind = 4");
-    EXPECT_EQ(of(1).aliveUntil.day, of(1).until.day); // he is seen with the family here
-    run("update individuo set localnasc = '030302', tipolocalnasc = 'F' where nind = 4");
     EXPECT_EQ(of(1).aliveUntil, (Mark{day(1721, 5, 1), Proof::ChildBorn}));
+    EXPECT_EQ(of(1).until, (Mark{day(1721, 5, 1), Proof::ChildBorn}));
     EXPECT_EQ(of(2).aliveUntil, (Mark{day(1724, 5, 1), Proof::ChildBorn}));
 }
 
@@ -238,6 +237,14 @@ TEST_F(ThePresence, OfAFamilyIsNotLengthenedByTheChildItself)
     run("update individuo set dataobito = '1726-01-01', dobitofixa = 1 where nind = 4");
     EXPECT_EQ(familyEnd(3), (Mark{day(1726, 1, 1), Proof::Sibling}));
     EXPECT_EQ(familyEnd(4), Mark()); // neither its own death nor what was before it
+}
+
+TEST_F(ThePresence, OfAFamilyMarriedElsewhereIsThatOfItsChildren)
+{
+    settle();
+    run("update familia set localcasam = '030302', tipolocalcasam = 'F'");
+    EXPECT_EQ(familyEnd(3), (Mark{day(1724, 5, 1), Proof::Sibling}));
+    EXPECT_EQ(familyEnd(4), Mark());
 }
 
 TEST_F(ThePresence, OfAFamilyEndsWithTheFirstDeathWhereTheSurvivorIsntSeen)

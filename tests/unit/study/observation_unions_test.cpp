@@ -209,6 +209,32 @@ TEST_F(TheUnion, LIsNoneOfAMotherAlone)
     EXPECT_EQ(first().wifeBirthBy, BirthBy::Register);
 }
 
+TEST_F(TheUnion, OfOneClosedFamilyEndsWithTheHusband)
+{
+    person({"Rui", 'm', "", "1755-10-02"});
+    person({"Ana", 'f', "1720-03-12", "1790-01-01"});
+    wedding(1, 2, "1741-06-10");
+    run("update individuo set dobitofixa = 0 where nind = 2"); // a year alone
+    for (const char* birth : {"1742-05-03", "1744-09-20", "1747-02-11", "1749-07-30", "1749-07-30", "1753-01-15"})
+        person({"Gil", 'm', birth, "", 1});
+    EXPECT_EQ(classOf(), "MF I");
+    EXPECT_EQ(first().end, day(1755, 10, 2));
+}
+
+TEST_F(TheUnion, OfAnOpenFamilyHasNoEnd)
+{
+    person({"Rui"});
+    person({"Ana", 'f', "1735-07-05"});
+    wedding(1, 2, "1760-02-03");
+    for (const char* birth : {"1761-01-20", "1763-03-11"})
+        person({"Gil", 'm', birth, "", 1});
+    person({"Eva", 'f', "1765-08-02", "1766-04-10", 1});
+    EXPECT_EQ(classOf(), "MO I");
+    EXPECT_EQ(first().openBy, OpenBy::NoDeath);
+    EXPECT_FALSE(first().end.isKnown());
+    EXPECT_FALSE(first().endBound.isKnown());
+}
+
 TEST_F(TheUnion, IsNoneOfTwoWomen)
 {
     person({"Ana", 'f'});
