@@ -26,6 +26,7 @@ std::span<const Subject* const> subjects()
         &orphanhood,
         &seasonOfDeaths,
         &mortalityCrises,
+        &causesOfDeath,
         &lastSacraments,
         // mortality
         &annualSeries,
