@@ -234,12 +234,16 @@ Table crisisYears(const Reading& reading, const Settings& settings)
         };
         table.rows.push_back(
             {report::text(QString::number(year)),
-             index == indices.byN.end() ? Cell() : report::text(magnitudeTold(index->second.magnitude)),
+             index == indices.byN.end()
+                 ? Cell()
+                 : greyedBy(report::text(magnitudeTold(index->second.magnitude)), meanBefore(indices.deaths, year)),
              of(Burials, year), of(Burials, year, qint32(Buried::Adult)), of(Burials, year, qint32(Buried::Child)),
              of(Marriages, year), of(Conceptions, year), of(Baptisms, year), of(Marriages, year + 1),
              of(Baptisms, year + 1)});
     }
-    table.notes = {"Anos de magnitude 1 ou mais, ou com uma razão aos vizinhos de 1,5 ou mais."};
+    table.notes = {
+        "Anos de magnitude 1 ou mais, ou com uma razão aos vizinhos de 1,5 ou mais. A cinzento: média inferior a dez "
+        "óbitos por ano, em que o acaso faz crises."};
     return table;
 }
 
