@@ -1,12 +1,20 @@
 // The given names of people.
-#include "study/indicators/givenName.h"
+#include "study/people.h"
 
-#include <gtest/gtest.h>
+#include "study/indicators/givenName.h"
 
 using namespace study;
 using indicators::GivenNames;
 
-TEST(TheGivenNames, AreThoseOfTheNameWhoeverBearsIt)
+namespace {
+
+class TheGivenNames : public People // whose table of names is the one that is shipped
+{
+};
+
+} // namespace
+
+TEST_F(TheGivenNames, AreThoseOfTheNameWhoeverBearsIt)
 {
     parish::Person one, other, third;
     one.name = other.name = "Roza Maria da Conceição";
@@ -19,7 +27,7 @@ TEST(TheGivenNames, AreThoseOfTheNameWhoeverBearsIt)
     EXPECT_EQ(known.of(parish::Person()).first, "");
 }
 
-TEST(TheGivenNames, TellSaintsFromPeople)
+TEST_F(TheGivenNames, TellSaintsFromPeople)
 {
     EXPECT_TRUE(indicators::givenNameOf("Nossa Senhora do Rosário").isSaint);
     EXPECT_FALSE(indicators::givenNameOf("Maria do Rosário").isSaint);
