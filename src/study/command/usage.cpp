@@ -122,7 +122,7 @@ QString readArguments(const QStringList& arguments, Order& order)
     CLI::App* const check = addSubcommand(app, "verificar");
     addCheck(*check, read, order);
     CLI::App* const counts = addSubcommand(app, "contagens");
-    counts->add_option("bdp", read.files)->required()->expected(1);
+    counts->add_option("bdp", read.bdp)->required();
     CLI::App* const join = addSubcommand(app, "juntar");
     join->add_option("ficheiros", read.files)->required();
     CLI::App* const report = addSubcommand(app, "relatorio");
@@ -150,9 +150,10 @@ QString readArguments(const QStringList& arguments, Order& order)
         order.work = Order::Work::ExportKleio;
     else if (check->parsed())
         order.work = Order::Work::Check;
-    else if (counts->parsed())
+    else if (counts->parsed()) {
         order.work = Order::Work::Count;
-    else if (join->parsed())
+        order.files = {order.bdp};
+    } else if (join->parsed())
         order.work = Order::Work::Join;
     else if (report->parsed())
         order.work = Order::Work::Report;

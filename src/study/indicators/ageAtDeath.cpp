@@ -148,6 +148,8 @@ Table classesOf(const Reading& reading, qint32 gender, const QString& id, const 
 report::Chart chartOf(const Reading& reading)
 {
     report::Chart chart{"idades-ao-obito", "Óbitos por idade e sexo", report::Drawing::Pyramid, "óbitos", "idade"};
+    chart.described = "Quantos homens e quantas mulheres morreram em cada grupo de idades.";
+    if (reading.sum(ByDates) == 0 && reading.sum(ByAct) == 0) return chart;
     for (const parish::Gender gender : {parish::Gender::Male, parish::Gender::Female}) {
         report::Plot plot{genderTold(numbered(gender))};
         for (const Ages& ages : classes) {
@@ -160,7 +162,6 @@ report::Chart chartOf(const Reading& reading)
     }
     for (const Ages& ages : classes)
         chart.categories << (ages.end == 1000 ? QString("%1+").arg(ages.first) : QString::number(ages.first));
-    chart.described = "Quantos homens e quantas mulheres morreram em cada grupo de idades.";
     return chart;
 }
 

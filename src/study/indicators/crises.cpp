@@ -234,12 +234,16 @@ Table crisisYears(const Reading& reading, const Settings& settings)
         };
         table.rows.push_back(
             {report::text(QString::number(year)),
-             index == indices.byN.end() ? Cell() : report::text(magnitudeTold(index->second.magnitude)),
+             index == indices.byN.end()
+                 ? Cell()
+                 : greyedBy(report::text(magnitudeTold(index->second.magnitude)), meanBefore(indices.deaths, year)),
              of(Burials, year), of(Burials, year, qint32(Buried::Adult)), of(Burials, year, qint32(Buried::Child)),
              of(Marriages, year), of(Conceptions, year), of(Baptisms, year), of(Marriages, year + 1),
              of(Baptisms, year + 1)});
     }
-    table.notes = {"Anos de magnitude 1 ou mais, ou com uma razão aos vizinhos de 1,5 ou mais."};
+    table.notes = {
+        "Anos de magnitude 1 ou mais, ou com uma razão aos vizinhos de 1,5 ou mais. A cinzento: média inferior a dez "
+        "óbitos por ano, em que o acaso faz crises."};
     return table;
 }
 
@@ -249,13 +253,13 @@ report::Chart chartOf(const Reading& reading, const Settings& settings)
     const std::map<int, double> deaths = deathsOf(reading, all, settings);
     report::Chart chart{"obitos-e-crises", "Óbitos por ano e índice de crise", report::Drawing::Lines, "ano",
                         "óbitos; desvios-padrão"};
+    chart.described = "Óbitos de cada ano e o seu índice de crise; acima de 1 há crise.";
     if (deaths.empty()) return chart;
     std::map<int, double> indices;
     for (const auto& [year, crisis] : statistics::crises(deaths, statistics::Spread::ByN, settings.skipCrises))
         indices[year] = crisis.index;
     const YearSpan years = {deaths.begin()->first, deaths.rbegin()->first};
     chart.plots = {lineOf("óbitos", deaths, years), lineOf("índice", indices, years)};
-    chart.described = "Óbitos de cada ano e o seu índice de crise; acima de 1 há crise.";
     return chart;
 }
 

@@ -175,6 +175,9 @@ report::Chart chartOf(const Reading& reading)
 {
     report::Chart chart{"acumulados", "Óbitos acumulados no primeiro ano", report::Drawing::Points, "log³(x + 1)",
                         "óbitos acumulados (‰)"};
+    chart.described =
+        "Óbitos acumulados até ao fim de cada mês do primeiro ano, e a recta que os ajusta: onde ela corta "
+        "o eixo está a mortalidade endógena.";
     const Cumulated of = cumulatedOf(reading, {});
     const auto squares = statistics::endogenousBySquares(of.months);
     if (!squares || of.deaths.n < leastDeaths) return chart;
@@ -185,9 +188,6 @@ report::Chart chartOf(const Reading& reading)
         line.points.push_back({scale(i), squares->endogenous + squares->slope * scale(i)});
     }
     chart.plots = {observed, line};
-    chart.described =
-        "Óbitos acumulados até ao fim de cada mês do primeiro ano, e a recta que os ajusta: onde ela corta "
-        "o eixo está a mortalidade endógena.";
     return chart;
 }
 

@@ -7,9 +7,11 @@ namespace study::indicators {
 GivenName givenNameOf(const QString& name)
 {
     const NameParts parts = partsOf(name);
-    if (parts.unknown || parts.words.isEmpty()) return {};
+    GivenName given;
+    given.isSaint = isSaint(name);
+    if (parts.unknown || parts.words.isEmpty()) return given;
     const NameParts::Word& word = parts.words.first();
-    GivenName given{word.readings.isEmpty() ? word.key : word.readings.first().standard};
+    given.first = word.readings.isEmpty() ? word.key : word.readings.first().standard;
     for (qsizetype i = 1; i < parts.words.size(); ++i) {
         const NameParts::Word& next = parts.words[i];
         if (next.readings.isEmpty()) continue;
@@ -22,8 +24,8 @@ GivenName givenNameOf(const QString& name)
 
 const GivenName& GivenNames::of(const parish::Person& person)
 {
-    const auto found = known_.find(&person);
-    return found != known_.end() ? found->second : known_.emplace(&person, givenNameOf(person.name)).first->second;
+    const auto found = known_.find(person.name);
+    return found != known_.end() ? found->second : known_.emplace(person.name, givenNameOf(person.name)).first->second;
 }
 
 } // namespace study::indicators

@@ -12,19 +12,20 @@ struct GivenName
     QString first = {};        // "" where there is none
     bool isDouble = false;     // a second given name stands behind it: "Maria Rosa"
     bool isDevotional = false; // a devotional name stands behind the given ones: "da Conceição"
+    bool isSaint = false;      // nobody, but a saint: "Nossa Senhora do Rosário"
 
     bool operator==(const GivenName&) const = default;
 };
 GivenName givenNameOf(const QString& name);
 
-// Each person's name is taken apart once. For one thread.
+// Each name is taken apart once, however many bear it: few names are borne by most. For one thread.
 class GivenNames
 {
 public:
     const GivenName& of(const parish::Person& person);
 
 private:
-    std::unordered_map<const parish::Person*, GivenName> known_;
+    std::unordered_map<QString, GivenName> known_;
 };
 
 } // namespace study::indicators

@@ -2,7 +2,6 @@
 #include "study/indicators/givenName.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/scope.h"
-#include "study/names/names.h"
 #include "study/parish/codes.h"
 #include "study/statistics/mortality.h"
 
@@ -146,9 +145,9 @@ bool isReciprocal(const Person& godparent, const Family& family)
     return false;
 }
 
-bool isPerson(const Assistance& act)
+bool isPerson(const Assistance& act, GivenNames& known)
 {
-    return act.godparent && act.assistant.person && !isSaint(act.assistant.person->name);
+    return act.godparent && act.assistant.person && !known.of(*act.assistant.person).isSaint;
 }
 
 void countEdge(const Person& child, const Assistance& act, qint32 period, GivenNames& known, Taker& taker)
@@ -191,7 +190,7 @@ void countBaptism(const Person& child, const Study& study, GivenNames& known, Ta
             taker.count({Unnamed}, who);
             continue;
         }
-        if (!isPerson(act)) {
+        if (!isPerson(act, known)) {
             taker.count({Saints}, {act.assistant.person, child.origin});
             continue;
         }
@@ -210,9 +209,9 @@ bool isCounted(const Person& child, const Study& study)
 }
 
 // How much one person holds: who holds nothing isn't counted.
-void countHolder(const Person& person, const Study& study, Taker& taker)
+void countHolder(const Person& person, const Study& study, GivenNames& known, Taker& taker)
 {
-    if (person.assisted.empty() || isSaint(person.name)) return;
+    if (person.assisted.empty() || known.of(person).isSaint) return;
     qint32 held = 0, witnessed = 0;
     for (const Assistance* act : person.assisted) {
         if (act->kind == parish::ActKind::Baptism && act->godparent && act->child && isCounted(*act->child, study))
@@ -231,7 +230,7 @@ void fill(const Study& study, const Share& share, Taker& taker)
     GivenNames known;
     for (const Person& person : peopleOf(study, share)) {
         countBaptism(person, study, known, taker);
-        countHolder(person, study, taker);
+        countHolder(person, study, known, taker);
     }
 }
 

@@ -55,7 +55,7 @@ constexpr Time times[] = {Advent, Lent, Carnival, Rest};
 constexpr const char* namesOfTimes[] = {"Advento fechado (do 1.º domingo do Advento ao dia de Reis)",
                                         "Quaresma fechada (de Cinzas ao domingo depois da Páscoa)",
                                         "Carnaval (os 14 dias antes de Cinzas)", "Resto do ano"};
-constexpr int daysOfCarnival = 14, daysOfLent = 54, firstYearOfFeasts = 326;
+constexpr int daysOfCarnival = 14, daysOfLent = 54, firstYearOfFeasts = 326, lastYearOfFeasts = 9999;
 
 Time timeOf(QDate day)
 {
@@ -128,7 +128,7 @@ std::vector<int> yearsCovered(const Reading& reading, const Settings& settings)
     const int last = lastOf(books.last, settings.period.last);
     std::vector<int> years;
     for (int year = std::max(first != 0 ? first : seen.front(), firstYearOfFeasts);
-         year <= (last != 0 ? last : seen.back()); ++year)
+         year <= std::min(last != 0 ? last : seen.back(), lastYearOfFeasts); ++year)
         if (settings.period.holds(year) && settings.covers(Series::Marriages, year)) years.push_back(year);
     return years;
 }

@@ -6,7 +6,6 @@
 namespace study::indicators::natality {
 
 inline constexpr double daysOfAMonth = parish::daysOfAYear / 12;
-inline constexpr qint32 any = Reading::any;
 
 // The day that arithmetic is done with: the middle of the year where only that is meant. Precondition: known.
 parish::Date settled(const parish::Date& date);

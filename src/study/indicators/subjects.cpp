@@ -28,7 +28,7 @@ std::span<const Subject* const> subjects()
         &foundlings, &parentsAge,
         // mortality
         &infantMortality, &endogenousMortality, &childhoodMortality, &adultMortality, &maternalMortality, &ageAtDeath,
-        &orphanhood, &seasonOfDeaths, &mortalityCrises, &lastSacraments,
+        &orphanhood, &seasonOfDeaths, &mortalityCrises, &causesOfDeath, &lastSacraments,
         // other
         &annualSeries, &mobility, &passports, &literacy, &professions, &bequests, &godparenthood, &givenNames,
         // clang-format on

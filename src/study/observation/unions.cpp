@@ -220,7 +220,7 @@ Date birthByChildren(const Family& family)
 void findWifeBirth(Union& made)
 {
     const Family& family = *made.family;
-    if (!family.wife) return;
+    if (!family.wife || family.wife->gender != parish::Gender::Female) return;
     const Side wife = sideOf(family.wife, family);
     const auto take = [&made](const Date& birth, BirthBy how) {
         if (made.wifeBirth.isKnown() || !birth.isKnown()) return;
@@ -238,10 +238,14 @@ void findWifeBirth(Union& made)
 int typeOf(const Family& family)
 {
     const auto isBorn = [](const Person* child) { return child->birth.isKnown(); };
+    const auto isDead = [](const Membership& row) { return row.member.person && row.member.person->death.isKnown(); };
+    const auto isMotherBorn = [](const Membership& row) {
+        const Person* const member = row.member.person;
+        return member && member->gender == parish::Gender::Female && member->birth.isKnown();
+    };
     return tipoDaFamilia({
-                             .nascimentoDaMae = family.wife && family.wife->birth.isKnown(),
-                             .obitos = family.husband && family.wife && family.husband->death.isKnown() &&
-                                       family.wife->death.isKnown(),
+                             .nascimentoDaMae = std::ranges::any_of(family.members, isMotherBorn),
+                             .obitos = std::ranges::count_if(family.members, isDead) == 2,
                              .casamento = family.marriage.isKnown(),
                              .nascimentosDosFilhos = std::ranges::all_of(family.children, isBorn),
                          })

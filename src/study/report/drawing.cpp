@@ -17,12 +17,22 @@ namespace study::report {
 namespace {
 
 constexpr int resolution = 96;
+constexpr qsizetype lettersOfARow = 70; // of a legend, about
 
 bool hasDrawable(const Chart& chart)
 {
     return std::any_of(chart.plots.begin(), chart.plots.end(), [](const Plot& plot) {
         return std::any_of(plot.points.begin(), plot.points.end(), [](const Point& point) { return drawableY(point); });
     });
+}
+
+// Whether the names of all series stand side by side; the legend would cut them off.
+bool namesFit(const Chart& chart)
+{
+    qsizetype letters = 0;
+    for (const Plot& plot : chart.plots)
+        letters += plot.name.size() + 4; // its marker
+    return letters <= lettersOfARow;
 }
 
 // The drawing in a scene of its own, which has it until the end.
@@ -72,7 +82,7 @@ std::unique_ptr<QChart> drawn(const Chart& chart, const Look& look)
     if (isEmpty) title << "sem dados";
     item->setTitle("<div align=\"center\">" + title.join("<br>") + "</div>");
     QLegend* legend = item->legend();
-    legend->setAlignment(Qt::AlignBottom);
+    legend->setAlignment(namesFit(chart) ? Qt::AlignBottom : Qt::AlignRight);
     const bool isBars = chart.drawing == Drawing::Bars || chart.drawing == Drawing::Pyramid;
     legend->setMarkerShape(isBars ? QLegend::MarkerShapeRectangle : QLegend::MarkerShapeFromSeries);
     legend->setLabelColor(ink);

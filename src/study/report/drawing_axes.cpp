@@ -20,6 +20,7 @@ constexpr std::size_t mostBars = 2000;
 constexpr qsizetype mostLabels = 30;    // turned ones
 constexpr qsizetype lettersInLine = 90; // about as many as stand side by side
 constexpr std::size_t labelsInLine = 14;
+constexpr qsizetype longestLabel = 22; // turned, longer ones would leave no room to draw
 
 QColor blend(const QColor& one, const QColor& other, double part)
 {
@@ -59,6 +60,11 @@ std::vector<Tick> thinned(const std::vector<Tick>& ticks)
     for (std::size_t i = 0; i < ticks.size(); i += every)
         left.push_back(ticks[i]);
     return left;
+}
+
+QString shortened(const QString& label)
+{
+    return label.size() <= longestLabel ? label : label.left(longestLabel - 1) + QChar(0x2026);
 }
 
 bool fitInLine(const std::vector<Tick>& ticks)
@@ -136,7 +142,7 @@ std::unique_ptr<QAbstractAxis> axisOf(const std::vector<Tick>& ticks, double low
     axis->setStartValue(low);
     QSet<QString> taken;
     for (const Tick& tick : thinned(ticks)) {
-        QString label = escaped(tick.label); // the axis reads its labels as rich text
+        QString label = escaped(shortened(tick.label)); // the axis reads its labels as rich text
         while (taken.contains(label)) // and wants each once: what stands on both sides of one leaves it in the middle
             label = QChar(QChar::Nbsp) + label + QChar(QChar::Nbsp);
         taken.insert(label);
@@ -145,8 +151,9 @@ std::unique_ptr<QAbstractAxis> axisOf(const std::vector<Tick>& ticks, double low
     axis->setRange(low, high);
     axis->setTitleText(escaped(title));
     axis->setTitleVisible(!title.isEmpty());
-    axis->setTruncateLabels(false);
-    if (lying && !fitInLine(thinned(ticks))) axis->setLabelsAngle(-90);
+    const bool turned = lying && !fitInLine(thinned(ticks));
+    if (turned) axis->setLabelsAngle(-90);
+    axis->setTruncateLabels(turned);
     const QColor ink = look.palette.color(QPalette::Text), ground = look.palette.color(QPalette::Base);
     axis->setLabelsBrush(ink);
     axis->setTitleBrush(ink);

@@ -312,10 +312,9 @@ Style styleOf(std::size_t plot, bool dark)
                                                  0xff8f3f71, 0xff7a5c00, 0xff404040};
     static constexpr std::array<QRgb, 6> onDark{0xff6cbcf0, 0xfff2a35e, 0xff5fd3a8, 0xffe8a5cf, 0xfff0e072, 0xffdddddd};
     static constexpr std::array dashes{Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine};
-    static constexpr std::array markers{
-        QScatterSeries::MarkerShapeCircle,   QScatterSeries::MarkerShapeRectangle,
-        QScatterSeries::MarkerShapeTriangle, QScatterSeries::MarkerShapeRotatedRectangle,
-        QScatterSeries::MarkerShapeStar,     QScatterSeries::MarkerShapePentagon};
+    static constexpr std::array markers{QScatterSeries::MarkerShapeCircle, QScatterSeries::MarkerShapeRectangle,
+                                        QScatterSeries::MarkerShapeTriangle,
+                                        QScatterSeries::MarkerShapeRotatedRectangle, QScatterSeries::MarkerShapeStar};
     static constexpr std::array hatches{Qt::SolidPattern, Qt::BDiagPattern, Qt::Dense5Pattern, Qt::HorPattern,
                                         Qt::DiagCrossPattern};
     const auto& colours = dark ? onDark : onLight;

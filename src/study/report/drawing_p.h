@@ -14,7 +14,8 @@
 
 namespace study::report {
 
-// How one series looks.
+// How one series looks. Six colours, and five of all else: no two of the first thirty look the same, nor the first five
+// without their colours.
 struct Style
 {
     QColor colour;
@@ -22,7 +23,7 @@ struct Style
     QScatterSeries::MarkerShape marker;
     Qt::BrushStyle hatch;
 };
-Style styleOf(std::size_t plot, bool dark); // no two of the first thirty are the same
+Style styleOf(std::size_t plot, bool dark);
 bool isDark(const QPalette& palette);
 
 // A number that can be drawn: finite, and small enough to be told from its neighbours.

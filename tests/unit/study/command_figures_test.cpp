@@ -186,8 +186,11 @@ TEST_F(TheCommandThatCounts, WritesTablesWithTheirDescription)
     EXPECT_TRUE(files.contains("datapackage.json"));
     EXPECT_GT(files.filter(".csv").size(), indicators::subjects().size());
     EXPECT_EQ(orv({"tabelas", "a.orv", "-o", "quadros"}), counted) << "over its own: " << qPrintable(err_);
+    const QString table = "quadros/" + files.filter(".csv").first();
+    write(table, bytes(table) + "1,2\n");
+    expectRefused({"tabelas", "a.orv", "-o", "quadros"}, "já existe e foi alterado depois de escrito");
     write("quadros/datapackage.json", "{}");
-    expectRefused({"tabelas", "a.orv", "-o", "quadros"}, "datapackage.json já existe e não foi escrito por um estudo");
+    expectRefused({"tabelas", "a.orv", "-o", "quadros"}, "já existe e não foi escrito por um estudo");
     expectRefused({"tabelas", "a.orv", "-o", "nada/quadros"}, "A pasta \"nada/quadros\" não pode ser criada.");
 }
 

@@ -48,8 +48,8 @@ TEST_F(TheDemonstration, GivesEverySubjectTheSameFiguresOnManyThreads)
     const Settings settings;
     const Study study = studyOf(parish, settings);
     for (const Subject* subject :
-         {&ageAtMarriage, &combinedStatus, &remarriage, &ageGap, &placeEndogamy, &kinEndogamy, &marriageSeasons, &celibacy,
-          &marriageDuration, &mobility, &passports, &literacy, &professions, &bequests})
+         {&ageAtMarriage, &combinedStatus, &remarriage, &ageGap, &placeEndogamy, &kinEndogamy, &marriageSeasons,
+          &celibacy, &marriageDuration, &mobility, &passports, &literacy, &professions, &bequests})
     {
         SCOPED_TRACE(subject->id);
         const Tally tally = tallyOf(*subject, study);

@@ -143,7 +143,7 @@ using KinEndogamy = Counting;
 TEST_F(KinEndogamy, CountsDispensationsThatNotesTell)
 {
     couple(person({"Rui", 'm'}), person({"Ana", 'f'}), "1750-03-01");
-    run("update familia set obs = 'Dispensados no 3.º grau de consanguinidade' where nfamilia = ?", {lastFamily});
+    run("update familia set obs = 'Dispensados no quarto grau de consanguinidade' where nfamilia = ?", {lastFamily});
     couple(person({"Luís", 'm'}), person({"Rosa", 'f'}), "1750-03-01");
     const auto figures = figuresFor(kinEndogamy);
     EXPECT_EQ(value(tableOf(figures, "dispensas"), "Todos", "Com dispensa"), 1);

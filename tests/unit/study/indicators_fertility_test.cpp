@@ -248,6 +248,20 @@ TEST_F(MaritalFertility, IsRaisedByTheBirthsThatTheBooksLack)
     EXPECT_EQ(value(rates, "25–29", births), 3);
 }
 
+// The children born at 25 to 29, and the wife who lived these years.
+TEST_F(MaritalFertility, TellsWhoStandsBehindARate)
+{
+    closedFamily();
+    openFamily();
+    count(maritalFertility);
+    const auto parish = study::parish::Snapshot::read(bdp);
+    const Study study = studyOf(parish, {});
+    std::vector<qint64> numbers;
+    for (const auto& who : behind(maritalFertility, study, cell(rates, "25–29", rate).from))
+        numbers.push_back(study::parish::value(who.person->number));
+    EXPECT_EQ(numbers, (std::vector<qint64>{2, 5, 6, 7}));
+}
+
 TEST_F(MaritalFertility, OfNobodyHasNoData)
 {
     count(maritalFertility);

@@ -84,8 +84,9 @@ TEST(APackedName, ComesBackAsItWas)
 
 TEST(TheSubjectsOfDeaths, GiveFiguresOfNothing)
 {
-    for (const Subject* subject : {&quality, &maternalMortality, &ageAtDeath, &orphanhood, &seasonOfDeaths,
-                                   &mortalityCrises, &lastSacraments, &annualSeries, &godparenthood, &givenNames})
+    for (const Subject* subject :
+         {&quality, &maternalMortality, &ageAtDeath, &orphanhood, &seasonOfDeaths, &mortalityCrises, &lastSacraments,
+          &causesOfDeath, &annualSeries, &godparenthood, &givenNames})
     {
         for (const auto& reason : subject->reasons)
             EXPECT_LT(reason.count, subject->counts.size()) << subject->id;
@@ -126,6 +127,20 @@ TEST_F(Deceased, MothersCountOnceForTwins)
     EXPECT_EQ(value(table, "1750–1799", "Partos"), 1);
     EXPECT_EQ(value(table, "Todo o período", "Partos"), 2);
     EXPECT_EQ(value(table, "Todo o período", "Óbitos até 42 dias"), 1);
+}
+
+TEST_F(Deceased, AreToldByTheWordsOfTheirCause)
+{
+    for (const char* cause : {"Bexigas", "de bexigas", "Febre maligna", "Tísica", "hum tiro", ""})
+        run("update individuo set causa = ? where nind = ?",
+            {QString::fromUtf8(cause), person({"A", 'm', "1700-01-01", "1750-07-02"})});
+    const auto figures = figuresFor(causesOfDeath);
+    const Table table = tableOf(figures, "causas");
+    EXPECT_EQ(value(table, "Bexigas (varíola)", "Óbitos"), 2);
+    EXPECT_EQ(value(table, "Febres, malinas, sezões", "Homens"), 1);
+    EXPECT_EQ(value(table, "Tísica", "Óbitos"), 1);
+    EXPECT_EQ(value(table, "Outra", "Óbitos"), 1);
+    EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"causa não declarada", 1}}));
 }
 
 TEST_F(Deceased, LeaveOrphans)

@@ -244,6 +244,14 @@ TEST_F(TheUnion, IsNoneOfTwoWomen)
     EXPECT_FALSE(first().isUnion());
 }
 
+TEST_F(TheUnion, KnowsNoAgeOfASpouseOfUndeterminedSex)
+{
+    marry(herBirth, herDeath, hisDeath);
+    run("update individuo set sexo = 'd' where nind = 2");
+    EXPECT_EQ(classOf(), "MF II");
+    EXPECT_EQ(first().computedType, 2);
+}
+
 TEST_F(TheUnion, TakesAPosthumousChildAndOneBaptisedBehindItsMothersBurial)
 {
     marry(herBirth, "1770-05-04", "1770-01-01");

@@ -8,6 +8,8 @@
 #include <QSet>
 #include <QXmlStreamReader>
 
+#include <array>
+
 using namespace study;
 using namespace study::report;
 
@@ -118,6 +120,28 @@ TEST(ADrawnChart, ShowsTextsAsTheyAre)
     EXPECT_EQ(svg.texts.filter(QRegularExpression("^\\W*c\\W*$")).size(), 2) << "two categories of one name";
 }
 
+TEST(ADrawnChart, CutsNoNameOfItsLegend)
+{
+    for (Chart chart : {sample::ratesChart(), sample::barsChart(), sample::linesChart()}) {
+        const Plot first = chart.plots[0];
+        chart.plots.clear();
+        for (int i = 0; i < 6; ++i)
+            chart.plots.push_back({QString("Nascimentos ilegítimos %1").arg(1600 + 50 * i), first.points});
+        const Svg svg = svgOfChart(chart);
+        for (const Plot& plot : chart.plots)
+            EXPECT_TRUE(svg.texts.contains(plot.name)) << qPrintable(svg.texts.join(" | "));
+    }
+}
+
+TEST(ADrawnChart, ShortensCategoriesThatWouldTakeItsRoom)
+{
+    Chart chart = sample::barsChart();
+    chart.categories[0] = QString(60, 'x');
+    const QStringList shortened = svgOfChart(chart).texts.filter("xxx");
+    ASSERT_EQ(shortened.size(), 1);
+    EXPECT_LE(shortened[0].size(), 24);
+}
+
 TEST(ADrawnChart, NamesWhatItRefersToByItsOwnId)
 {
     const Svg svg = svgOfChart(sample::barsChart());
@@ -184,16 +208,22 @@ TEST(ADrawnChart, KeepsTheYearsThatLackBetweenBars)
     EXPECT_EQ(uneven.of(1710), 3);
 }
 
-TEST(ADrawnChart, TellsItsSeriesApartWithoutColours)
+TEST(ADrawnChart, TellsItsSeriesApartAlsoWithoutColours)
 {
-    QSet<QString> looks;
+    std::array<QSet<QString>, 3> bare, coloured;
     for (std::size_t plot = 0; plot < 30; ++plot) {
         const Style style = styleOf(plot, false);
-        looks << QString("%1 %2").arg(int(style.dash)).arg(int(style.marker));
         EXPECT_NE(styleOf(plot, true).colour, style.colour);
+        const std::array<int, 3> looks{int(style.dash), int(style.marker), int(style.hatch)};
+        for (std::size_t i = 0; i < looks.size(); ++i) {
+            if (plot < 5) bare[i] << QString::number(looks[i]);
+            coloured[i] << style.colour.name() + QString::number(looks[i]);
+        }
     }
-    EXPECT_EQ(looks.size(), 30);
-    EXPECT_NE(styleOf(0, false).hatch, styleOf(1, false).hatch);
+    for (std::size_t i = 0; i < bare.size(); ++i) {
+        EXPECT_EQ(bare[i].size(), 5);
+        EXPECT_EQ(coloured[i].size(), 30);
+    }
 }
 
 TEST(ADrawnChart, IsLightOnADarkGround)
