@@ -53,6 +53,7 @@ Found find(const QString& path)
     found.model = estimated(found.parish);
     found.question.named = namedParents(bdp);
     found.question.spouses = namedSpouses(bdp);
+    found.question.inActs = namesInActs(bdp);
     found.links = links(found.parish, found.model, found.question);
     return found;
 }
@@ -91,7 +92,7 @@ bool printScores(const char* title, const bench::Tallied& tallied, const Model& 
         }
         std::printf("\n");
     }
-    std::printf("\nThe right one is the best candidate of %.4f, among the five best of %.4f.\n",
+    std::printf("\nThe right one is the best candidate of %.3f, among the five best of %.3f.\n",
                 bench::recallAmong(tallied, 1), bench::recallAmong(tallied, 5));
     return isMet;
 }

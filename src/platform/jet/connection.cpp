@@ -59,7 +59,10 @@ void Connection::open(const QString& connectionString, Sharing sharing)
     if (database_->handle) throw Error{number::alreadyOpen, QStringLiteral("A ligação já está aberta.")};
     const QString path = pathOf(connectionString);
     const bool writes = sharing != Sharing::ReadOnly;
-    writes ? requireWritableFile(path) : requireFile(path);
+    if (writes)
+        requireWritableFile(path);
+    else
+        requireFile(path);
     if (sharing == Sharing::Alone) requireUnused(path, database_->claim);
     try {
         database_->handle = openEngine(path, writes ? Access::ReadWrite : Access::ReadOnly);

@@ -24,18 +24,16 @@ LinkKind kindOf(const parish::Person& one, const parish::Person& other)
     return marriedAlone(one, other) || marriedAlone(other, one) ? LinkKind::MissingOrigin : LinkKind::SamePerson;
 }
 
+// A name, and the days of acts: of such records a common name has many, and they shall not crowd out the others.
+bool isOnlyNamed(const parish::Person& person)
+{
+    return !person.birth.isKnown() && !person.origin && !person.ageAtDeath && person.unions.empty();
+}
+
 void round(Link& link)
 {
     link.bits = std::accumulate(link.evidence.begin(), link.evidence.end(), 0.0,
                                 [](double sum, const Evidence& evidence) { return sum + evidence.bits; });
-}
-
-void place(Link& link, const Score& score, const Rivals::Both& rivals, const std::function<Record(uint32_t)>& recordAt)
-{
-    if (const auto& rival = rivals.stronger())
-        link.runnerUp = RunnerUp{recordAt(rival->record), rival->ofOne, rival->bits};
-    link.takenForOne = takenFrom(score, rivals.ofOther);
-    link.takenForOther = takenFrom(score, rivals.ofOne);
 }
 
 } // namespace
@@ -229,14 +227,18 @@ void Linker::addCouples(const Scores& scores)
     const Rivals rivals(scores.couples, records, [this](uint32_t one, uint32_t other) {
         return bitsOf(faces_.couples()[one], faces_.couples()[other]);
     });
+    const auto ofOneKind = [](const Score&) { return 0; };
     const auto asking = [this, number = size_t(0)]() mutable { ask(number++); };
-    for (const Score& score : rivals.bestOfEach(model_.candidates, asking)) {
+    for (const Score& score : rivals.bestOfEach(model_.candidates, ofOneKind, asking)) {
         const CoupleFace &one = faces_.couples()[score.one], &other = faces_.couples()[score.other];
         const Comparison comparison = compared(one, other);
         Link link{.kind = LinkKind::SameFamily, .one = coupleAt(score.one), .other = coupleAt(score.other)};
         link.evidence = comparer_.evidence(comparison, one, other);
         round(link);
-        place(link, score, rivals.of(score), [this](uint32_t index) { return coupleAt(index); });
+        if (const auto rival = rivals.of(score))
+            link.runnerUp = RunnerUp{coupleAt(rival->record), rival->ofOne, rival->bits};
+        link.takenForOne = rivals.taken(score, score.one);
+        link.takenForOther = rivals.taken(score, score.other);
         add(std::move(link));
     }
 }
@@ -258,15 +260,22 @@ void Linker::addPeople(const Scores& scores)
     const Rivals rivals(scores.people, records, [this](uint32_t one, uint32_t other) {
         return bitsOf(faces_.people()[one], faces_.people()[other]);
     });
+    const auto kindOfScore = [this](const Score& score) {
+        const parish::Person &one = *faces_.people()[score.one].person, &other = *faces_.people()[score.other].person;
+        return 2 * int(kindOf(one, other)) + int(isOnlyNamed(one) || isOnlyNamed(other));
+    };
     const auto asking = [this, number = size_t(0)]() mutable { ask(number++); };
-    for (const Score& score : rivals.bestOfEach(model_.candidates, asking)) {
+    for (const Score& score : rivals.bestOfEach(model_.candidates, kindOfScore, asking)) {
         const Face &one = faces_.people()[score.one], &other = faces_.people()[score.other];
         Link link{.kind = kindOf(*one.person, *other.person),
                   .one = personAt(score.one),
                   .other = personAt(score.other),
                   .evidence = evidenceOf(score, scores)};
         round(link);
-        place(link, score, rivals.of(score), [this](uint32_t index) { return personAt(index); });
+        if (const auto rival = rivals.of(score))
+            link.runnerUp = RunnerUp{personAt(rival->record), rival->ofOne, rival->bits};
+        link.takenForOne = rivals.taken(score, score.one);
+        link.takenForOther = rivals.taken(score, score.other);
         add(std::move(link));
     }
 }

@@ -176,9 +176,9 @@ struct Question
     bool operator==(const Question&) const = default;
 };
 
-// All links of model.hideBelow bits and more, of each record the best model.candidates by their standing for it, and
-// the doubtful ones below 0; by kind, then the strongest first. Vetoed are other sexes, deaths before, ages out of
-// reach, two exact births or deaths, two births of a mother within eight months, members of one family, and who was
+// All links of model.hideBelow bits and more, of each record and kind the best model.candidates by their standing for
+// it, and the doubtful ones below 0; by kind, then the strongest first. Vetoed are other sexes, deaths before, ages out
+// of reach, two exact births or deaths, two births of a mother within eight months, members of one family, and who was
 // told apart: of two couples also where their husbands or their wives were, who are no evidence for their spouses any
 // more. Who was told apart from the one of a pair stays a rival of the other. Throws Snapshot::Interrupted.
 std::vector<Link> links(const parish::Snapshot& parish, const Model& model, const Question& question = {},

@@ -84,7 +84,7 @@ struct Model
     double suggestCouplesFrom = 14; // that of two families,
     double aboveRunnerUp = 4;       // and so many above the next one
     double hideBelow = 4;           // what has less is no candidate
-    int candidates = 20;            // of each record at the most
+    int candidates = 4;             // of each record and kind at the most
 
     bool operator==(const Model&) const = default;
     const Weight& weight(Field field, Level level) const; // 0 bits where there is none

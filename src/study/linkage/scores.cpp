@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <exception>
+#include <map>
 #include <mutex>
 #include <thread>
 #include <tuple>
@@ -155,57 +156,72 @@ double Rivals::elsewhere(uint32_t third, uint32_t mine, uint32_t partner) const
     return 0;
 }
 
-std::optional<Rivals::Rival> Rivals::look(const Score& score, bool ofOne) const
+void Rivals::look(const Score& score, bool ofOne, std::optional<Rival>& best) const
 {
-    std::optional<Rival> best;
     const uint32_t mine = ofOne ? score.one : score.other, partner = ofOne ? score.other : score.one;
     for (const uint32_t number : of_[mine]) {
         const Score& rival = scores_[number];
-        if (best && rival.bits <= best->bits) break;
+        if (best && rival.bits <= best->bits) return;
         const uint32_t third = rival.one == mine ? rival.other : rival.one;
         if (third == partner || goesAlong(third, partner, score.bits)) continue;
         const double bits = rival.bits - elsewhere(third, mine, partner);
         if (!best || bits > best->bits) best = Rival{.record = third, .ofOne = ofOne, .bits = bits};
     }
+}
+
+std::optional<Rivals::Rival> Rivals::of(const Score& score) const
+{
+    std::optional<Rival> best;
+    look(score, true, best);
+    look(score, false, best);
     return best;
 }
 
-const std::optional<Rivals::Rival>& Rivals::Both::stronger() const
+double Rivals::taken(const Score& score, uint32_t record) const
 {
-    return ofOne && (!ofOther || ofOne->bits >= ofOther->bits) ? ofOne : ofOther;
+    static constexpr size_t places = 32;
+    const uint32_t other = score.one == record ? score.other : score.one;
+    const std::vector<uint32_t>& numbers = of_[other];
+    double most = score.bits;
+    for (size_t i = 0; i < std::min(places, numbers.size()); ++i) {
+        const Score& place = scores_[numbers[i]];
+        if (place.bits <= most) break;
+        const uint32_t third = place.one == other ? place.other : place.one;
+        if (!goesAlong(third, record, score.bits)) most = std::max(most, place.bits - elsewhere(third, other, record));
+    }
+    return most - score.bits;
 }
 
-double takenFrom(const Score& score, const std::optional<Rivals::Rival>& rival)
+// The strongest come first: once so many stand better than the bits of the next one, that one can't, as nothing adds to
+// them.
+void Rivals::markBestOf(uint32_t record, size_t most, const KindOf& kindOf, std::vector<bool>& marked) const
 {
-    return rival ? std::max(0.0, rival->bits - score.bits) : 0;
+    using Standing = std::pair<double, uint32_t>; // with the number of the score
+    std::map<int, std::vector<Standing>> best;    // of each kind, the best first
+    for (const uint32_t number : of_[record]) {
+        const Score& score = scores_[number];
+        std::vector<Standing>& ofKind = best[kindOf(score)];
+        if (ofKind.size() >= most && (most == 0 || score.bits <= ofKind.back().first)) continue;
+        const double standing = score.bits - taken(score, record);
+        const auto behind = std::ranges::find_if(ofKind, [&](const Standing& one) { return one.first < standing; });
+        ofKind.emplace(behind, standing, number);
+        if (ofKind.size() > most) ofKind.pop_back();
+    }
+    for (const auto& ofKind : best)
+        for (const Standing& standing : ofKind.second)
+            marked[standing.second] = true;
 }
 
-Rivals::Both Rivals::of(const Score& score) const
+std::vector<Score> Rivals::bestOfEach(int each, const KindOf& kindOf, const std::function<void()>& ask) const
 {
-    return {.ofOne = look(score, true), .ofOther = look(score, false)};
-}
-
-std::vector<Score> Rivals::bestOfEach(int each, const std::function<void()>& ask) const
-{
-    static constexpr size_t lookedAt = 2; // times as many as are kept
-    const size_t most = size_t(std::max(0, each));
-    std::vector<bool> wanted(scores_.size());
-    std::vector<std::pair<double, uint32_t>> standings; // negative: the best first
+    std::vector<bool> marked(scores_.size());
     for (uint32_t record = 0; record < of_.size(); ++record) {
         ask();
-        standings.clear();
-        for (size_t i = 0; i < std::min(of_[record].size(), most * lookedAt); ++i) {
-            const uint32_t number = of_[record][i];
-            const Score& score = scores_[number];
-            standings.emplace_back(takenFrom(score, look(score, score.one != record)) - score.bits, number);
-        }
-        std::ranges::sort(standings);
-        for (size_t i = 0; i < std::min(standings.size(), most); ++i)
-            wanted[standings[i].second] = true;
+        markBestOf(record, size_t(std::max(0, each)), kindOf, marked);
     }
     std::vector<Score> best;
     for (size_t i = 0; i < scores_.size(); ++i)
-        if (wanted[i]) best.push_back(scores_[i]);
+        if (marked[i]) best.push_back(scores_[i]);
     return best;
 }
 

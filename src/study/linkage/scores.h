@@ -61,31 +61,27 @@ public:
         bool ofOne = true;
         double bits = 0;
     };
-    // Of a score, by the record that the rival may be the same as.
-    struct Both
-    {
-        std::optional<Rival> ofOne = {}, ofOther = {};
+    std::optional<Rival> of(const Score& score) const;
 
-        const std::optional<Rival>& stronger() const;
-    };
-    Both of(const Score& score) const;
+    // What a better place of the other record takes from the score where the candidates of this one are ordered: as
+    // many bits as that place has more, none below 0. Looks at the few best places of the other one alone.
+    double taken(const Score& score, uint32_t record) const;
 
-    // The best candidates of each record, in the order of the scores: of its strongest ones those that stand best when
-    // what a better place of the candidate takes is taken off. Asks before each record.
-    std::vector<Score> bestOfEach(int each, const std::function<void()>& ask) const;
+    // The best candidates of each record, so many of each kind, in the order of the scores: those that stand best when
+    // what a better place of the candidate takes is taken off; of equal ones the strongest. Asks before each record.
+    using KindOf = std::function<int(const Score& score)>; // 0 and more
+    std::vector<Score> bestOfEach(int each, const KindOf& kindOf, const std::function<void()>& ask) const;
 
 private:
+    void markBestOf(uint32_t record, size_t most, const KindOf& kindOf, std::vector<bool>& marked) const;
     std::optional<double> bitsOf(uint32_t one, uint32_t other) const;
     bool goesAlong(uint32_t third, uint32_t partner, double bits) const;
     double elsewhere(uint32_t third, uint32_t mine, uint32_t partner) const;
-    std::optional<Rival> look(const Score& score, bool ofOne) const;
+    void look(const Score& score, bool ofOne, std::optional<Rival>& best) const;
 
     const std::vector<Score>& scores_; // by their indexes
     Compare compare_;
     std::vector<std::vector<uint32_t>> of_; // of each record, the strongest first
 };
-
-// What a better place of a candidate, its rival's, takes from the score: bits, none below 0.
-double takenFrom(const Score& score, const std::optional<Rivals::Rival>& rival);
 
 } // namespace study::linkage

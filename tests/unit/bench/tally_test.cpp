@@ -54,3 +54,10 @@ TEST(Tally, TellsForHowManyTheBestOnesHoldARightOne)
     EXPECT_DOUBLE_EQ(recallAmong(tallied, 1), 1.0 / 3) << "family 2 alone; nothing is proposed for family 3";
     EXPECT_DOUBLE_EQ(recallAmong(tallied, 5), 2.0 / 3);
 }
+
+TEST(Tally, OrdersTheCandidatesByTheirStanding)
+{
+    std::vector<Link> links{familyLink(1, 4, 20), familyLink(1, 2, 15)};
+    links[0].takenForOne = 10; // 4 has a better place elsewhere
+    EXPECT_DOUBLE_EQ(recallAmong(families(Key::read(csv), links), 1), 2.0 / 3);
+}
