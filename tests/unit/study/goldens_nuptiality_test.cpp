@@ -35,8 +35,9 @@ void expectSound(const Table& table)
     for (const auto& row : table.rows) {
         ASSERT_EQ(row.size(), table.columns.size()) << qPrintable(table.id);
         for (const Cell& cell : row)
-            if (const double* number = std::get_if<double>(&cell.value))
+            if (const double* number = std::get_if<double>(&cell.value)) {
                 EXPECT_TRUE(std::isfinite(*number)) << qPrintable(table.id);
+            }
     }
 }
 

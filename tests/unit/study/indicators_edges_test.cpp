@@ -33,8 +33,9 @@ void expectSound(const Table& table, const QString& where)
         for (std::size_t i = 0; i < row.size(); ++i) {
             const Cell& cell = row[i];
             const QString at = where + ", " + table.columns[i].title;
-            if (const double* number = std::get_if<double>(&cell.value))
+            if (const double* number = std::get_if<double>(&cell.value)) {
                 EXPECT_TRUE(std::isfinite(*number)) << qPrintable(at);
+            }
             EXPECT_TRUE(isSound(cell.interval)) << qPrintable(at);
             EXPECT_FALSE(shown(cell, table.columns[i]).isEmpty() && !table.columns[i].isText) << qPrintable(at);
         }
@@ -113,8 +114,9 @@ TEST_F(EverySubjectOfAnOddParish, HasNoDataWhereThereIsNobody)
         const Tally tally = counted().bySubject.at(subject->id);
         EXPECT_TRUE(tally.isEmpty()) << subject->id;
         for (const Figure& figure : subject->figures(tally, {})) {
-            if (const auto* chart = std::get_if<Chart>(&figure))
+            if (const auto* chart = std::get_if<Chart>(&figure)) {
                 EXPECT_TRUE(chart->isEmpty()) << subject->id << '/' << qPrintable(chart->id);
+            }
             if (const auto* table = std::get_if<Table>(&figure))
                 for (const auto& row : table->rows)
                     for (const Cell& cell : row) {

@@ -72,7 +72,7 @@ TEST(SettingsOfAStudy, AreAllWritten)
         change(settings);
         EXPECT_TRUE(texts.insert(jsonOf(settings)).second) << texts.size();
     }
-    EXPECT_EQ(settingEntries().size(), 18U);
+    EXPECT_EQ(settingEntries().size(), 19U);
 }
 
 TEST(SettingsOfAStudy, AreWrittenInWords)

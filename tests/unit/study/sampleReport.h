@@ -143,8 +143,10 @@ inline Report report()
             .parishCode = "030899",
             .program = "ORV 1.0.6",
             .made = read.addSecs(90),
-            .sources =
-                {{.path = "/home/ana/moinhos & vale.orv", .bytes = 12345678, .sha256 = QString(64, 'a'), .readAt = read}},
+            .sources = {{.path = "/home/ana/moinhos & vale.orv",
+                         .bytes = 12345678,
+                         .sha256 = QString(64, 'a'),
+                         .readAt = read}},
             .settings = {{"Período", "1700–1850"}, {"Dimensão das coortes", "50 anos"}},
             .chapters = {{"Nupcialidade",
                           {{"idade-ao-casamento",
