@@ -57,6 +57,7 @@ TEST(SettingsOfAStudy, AreAllWritten)
                                                    [](Settings& s) { s.localOnly = false; },
                                                    [](Settings& s) { s.unions.approximateMarriages = false; },
                                                    [](Settings& s) { s.unions.marriedAtDeath = false; },
+                                                   [](Settings& s) { s.unions.leaveOutContradictory = false; },
                                                    [](Settings& s) { s.derivedBirths = true; },
                                                    [](Settings& s) { s.completeAge = 45; },
                                                    [](Settings& s) { s.missingBirths = 0.05; },
