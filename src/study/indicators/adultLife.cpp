@@ -66,12 +66,12 @@ std::array<End, 4> endsOf(const Person& person, const Family& family, const Stud
     const observation::Union& union_ = study.unionOf(family);
     const observation::Presence& presence = study.presenceOf(person);
     std::array<End, 4> ends;
-    End& closed = ends[static_cast<std::size_t>(Estimate::Closed)];
     End& least = ends[static_cast<std::size_t>(Estimate::Least)];
     End& most = ends[static_cast<std::size_t>(Estimate::Most)];
     End& censored = ends[static_cast<std::size_t>(Estimate::Censored)];
     if (union_.isClosed())
-        closed = {union_.end, person.death.isKnown() && person.death.middle() == union_.end.middle()};
+        ends[static_cast<std::size_t>(Estimate::Closed)] = {
+            union_.end, person.death.isKnown() && person.death.middle() == union_.end.middle()};
     if (person.death.isKnown()) {
         least = most = censored = {person.death, true};
         // A death elsewhere is known only because somebody told of it: time is seen up to the last act here.

@@ -59,9 +59,9 @@ void countPerson(const parish::Person& person, const Study& study, Taker& taker)
         if (born != 0 && isHere(person.birthPlace, study) && study.settings.covers(Series::Baptisms, born))
             taker.count({Conceptions, {person.birth.date().addMonths(-monthsOfPregnancy).year()}}, who);
     }
-    const Buried buried = buriedAs(person);
-    countAct({Burials, person.death, person.deathPlace,
-              buried == Buried::Child ? Series::ChildBurials : Series::Burials, static_cast<qint32>(buried)},
+    const Buried as = buriedAs(person);
+    countAct({Burials, person.death, person.deathPlace, as == Buried::Child ? Series::ChildBurials : Series::Burials,
+              static_cast<qint32>(as)},
              who, study, taker);
 }
 
@@ -113,9 +113,9 @@ std::map<int, double> byMarriages(const AllSeries& all, int lag)
 
 AllSeries seriesOf(const Reading& reading, const Settings& settings)
 {
-    static constexpr std::array<quint16, 3> acts = {Baptisms, Marriages, Burials};
+    static constexpr std::array<quint16, 3> counts = {Baptisms, Marriages, Burials};
     AllSeries all;
-    all.years = yearsOf(reading, acts, settings);
+    all.years = yearsOf(reading, counts, settings);
     if (all.years.first == 0) return all;
     const auto series = [&](quint16 count, Series of, const At& at = Reading::everywhere) {
         return byYear(reading, count, of, all.years, settings, at);

@@ -159,18 +159,18 @@ private:
     {
         for (const SuffrageKind kind : {SuffrageKind::Mass, SuffrageKind::Office})
             countOrdered(period, kind);
-        std::map<qint32, double> money;
+        std::map<qint32, double> sums;
         for (const Suffrage& row : person_.suffrages) {
             if (row.kind == SuffrageKind::Alms) add(KindOfAlms, named("TipEs", row.type));
             if (isContradictory(row)) add(WrongTotal);
             const auto total = totalOf(row);
             if (!total) continue;
             if (const auto currency = currencyOf(row))
-                money[*currency] += *total;
+                sums[*currency] += *total;
             else
                 add(NoCurrency);
         }
-        for (const auto& [currency, sum] : money)
+        for (const auto& [currency, sum] : sums)
             add(Money, {period, currency, rounded(sum)});
     }
     // How many of a kind; none is a number, too.

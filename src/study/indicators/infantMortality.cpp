@@ -114,15 +114,15 @@ Table byPeriod(const Reading& reading, const Settings& settings)
 
 Table byLegitimacy(const Reading& reading)
 {
-    static constexpr std::array<const char*, 5> told = {"Legítimos", "Legitimados", "Ilegítimos", "Expostos",
-                                                        "Filiação desconhecida"};
+    static constexpr std::array<const char*, 5> titles = {"Legítimos", "Legitimados", "Ilegítimos", "Expostos",
+                                                          "Filiação desconhecida"};
     Table table{"legitimidade", "Mortalidade infantil por legitimidade", quotientColumns("Filiação")};
     std::set<qint32> all;
     for (const quint16 count : {Dies, Leaves})
         for (const qint32 legitimacy : reading.values(count, 2))
             all.insert(legitimacy);
     for (const qint32 legitimacy : all) {
-        std::vector<Cell> row = {report::text(told[static_cast<std::size_t>(legitimacy)])};
+        std::vector<Cell> row = {report::text(titles[static_cast<std::size_t>(legitimacy)])};
         for (Cell& cell : quotientCells(reading, {any, any, legitimacy, any}))
             row.push_back(std::move(cell));
         table.rows.push_back(std::move(row));

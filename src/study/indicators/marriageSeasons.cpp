@@ -103,9 +103,9 @@ std::array<double, std::size(times)> daysOf(const std::vector<int>& years)
 {
     std::array<double, std::size(times)> days = {};
     for (const int year : years) {
-        static constexpr int epiphany = 6, changeOfCalendar = 1582, leftOut = 10;
+        static constexpr int epiphany = 6, changeOfCalendar = 1582, daysLeftOut = 10;
         const double advent = parish::adventSunday(year).daysTo(QDate(year, 12, 31)) + 1.0 + epiphany;
-        const double all = QDate(year, 1, 1).daysInYear() - (year == changeOfCalendar ? leftOut : 0);
+        const double all = QDate(year, 1, 1).daysInYear() - (year == changeOfCalendar ? daysLeftOut : 0);
         days[Advent] += advent;
         days[Lent] += daysOfLent;
         days[Carnival] += daysOfCarnival;

@@ -145,10 +145,10 @@ MarriedLife finished(MarriedLife life, const Settings& settings)
 
 std::vector<Birth> MarriedLife::within() const
 {
-    std::vector<Birth> counted;
-    std::copy_if(births.begin(), births.end(), std::back_inserter(counted),
+    std::vector<Birth> inside;
+    std::copy_if(births.begin(), births.end(), std::back_inserter(inside),
                  [](const Birth& birth) { return birth.placed == Placed::Within; });
-    return counted;
+    return inside;
 }
 
 std::size_t MarriedLife::placedAs(Placed placed) const

@@ -161,12 +161,12 @@ Table residences(const Reading& reading)
     for (const auto& [whose, name] : {std::pair{OfAPerson, "pessoas"}, std::pair{OfAFamily, "famílias"}}) {
         const Reading::Spread places = reading.spread(Owners, 1, {whose, any, any, any});
         if (places.values.n() == 0) continue;
-        const Reading::Part moves = reading.part(Moves, {whose, any, any, any});
+        const Reading::Part moved = reading.part(Moves, {whose, any, any, any});
         const Reading::Part days = reading.part(Days, {whose, any, any, any});
         const double years = static_cast<double>(days.n) / parish::daysOfAYear;
         table.rows.push_back({report::text(name), counted({places.values.n(), places.keys}), meanCell(places, 1),
-                              counted(moves), report::number(years, days.keys),
-                              years > 0 ? report::rate(moves.n, years, 1000, moves.keys) : Cell()});
+                              counted(moved), report::number(years, days.keys),
+                              years > 0 ? report::rate(moved.n, years, 1000, moved.keys) : Cell()});
     }
     return table;
 }

@@ -159,11 +159,11 @@ private:
     {
         if (!day.isKnown()) return;
         if (!study_.settings.period.holds(day.year())) return add(OutOfPeriod);
-        const Profession* told = toldNear(person_, day);
-        add(Told, {moment, static_cast<qint32>(person_.gender), told ? 1 : 0});
-        if (!told) return;
-        add(which, label(*told));
-        add(ByGroup, {moment, group(*told)});
+        const Profession* near = toldNear(person_, day);
+        add(Told, {moment, static_cast<qint32>(person_.gender), near ? 1 : 0});
+        if (!near) return;
+        add(which, label(*near));
+        add(ByGroup, {moment, group(*near)});
     }
     void countAgainstFather() const
     {

@@ -183,11 +183,8 @@ void end(Union& made, const UnionRules& rules)
     const Side wife = sideOf(family.wife, family);
     const Date& hisDeath = family.husband->death;
     const Date& herDeath = family.wife->death;
-    if (rules.leaveOutContradictory) {
-        if (isSurelyBefore(hisDeath, family.marriage) || isSurelyBefore(herDeath, family.marriage))
-            return leaveOpen(made, OpenBy::EndBeforeMarriage);
-        if (hasChildAfterTheEnd(family)) return leaveOpen(made, OpenBy::ChildAfterEnd);
-    }
+    if (isSurelyBefore(hisDeath, family.marriage) || isSurelyBefore(herDeath, family.marriage))
+        return leaveOpen(made, OpenBy::EndBeforeMarriage);
 
     if (hisDeath.isKnown() && herDeath.isKnown())
         close(made, EndBy::BothDeaths, earlier(hisDeath, herDeath));
@@ -197,6 +194,11 @@ void end(Union& made, const UnionRules& rules)
         endByOneDeath(made, wife, husband, rules);
     else
         endByNoDeath(made, otherMarriages(husband), otherMarriages(wife));
+    if ((!made.isClosed() || rules.leaveOutContradictory) && hasChildAfterTheEnd(family)) {
+        made.end = {};
+        made.endBy = EndBy::Unknown;
+        leaveOpen(made, OpenBy::ChildAfterEnd);
+    }
 }
 
 // The wife's birth.

@@ -14,10 +14,10 @@ namespace study::observation {
 // What a researcher may choose.
 struct UnionRules
 {
-    bool approximateMarriages =
-        true;                   // a marriage that isn't exact is one, too; figures that need days ask for themselves
-    bool marriedAtDeath = true; // a death act that says "casado" ends the union
-    bool leaveOutContradictory = true; // a family that contradicts itself has no class, and no end
+    bool approximateMarriages = false; // a marriage whose date isn't exact counts as known, too
+    bool marriedAtDeath = true;        // a death act that says "casado" ends the union
+    // A child that is born behind an end that deaths prove is dropped, and its family stays; with this it goes, too.
+    bool leaveOutContradictory = false;
 
     bool operator==(const UnionRules&) const = default;
 };

@@ -46,11 +46,11 @@ void FrmIndicadores::openCell(const report::Table* table, const QModelIndex& ind
 
 void FrmIndicadores::showBehind(const QString& what)
 {
-    const int count = static_cast<int>(behind_.size());
-    dtgQuem->setRows(count == 0 ? 0 : count + 1);
-    if (count > 0) {
+    const int records = static_cast<int>(behind_.size());
+    dtgQuem->setRows(records == 0 ? 0 : records + 1);
+    if (records > 0) {
         dtgQuem->setColumns({{"Indivíduo", 330}, {"Família"}});
-        dtgQuem->fill(count + 1, [this](int row) { return cellsOf(behind_.at(static_cast<std::size_t>(row) - 1)); });
+        dtgQuem->fill(records + 1, [this](int row) { return cellsOf(behind_.at(static_cast<std::size_t>(row) - 1)); });
         dtgQuem->setRow(1);
     }
     dtgQuem->viewport()->update();
@@ -103,12 +103,12 @@ void FrmIndicadores::cmdPorque_Click()
         txtResposta->setText(QString("Não há %1 com o número %2.").arg(isFamily ? "família" : "indivíduo").arg(number));
         return;
     }
-    auto answer = std::make_shared<QString>();
-    question_ = {[answer, family, person](const Subject& subject, const Study& study) {
-                     *answer = family ? told(verdictOn(subject, study, *family), titleOf(*family))
-                                      : told(verdictOn(subject, study, *person), titleOf(*person));
+    auto text = std::make_shared<QString>();
+    question_ = {[text, family, person](const Subject& subject, const Study& study) {
+                     *text = family ? told(verdictOn(subject, study, *family), titleOf(*family))
+                                    : told(verdictOn(subject, study, *person), titleOf(*person));
                  },
-                 [this, answer] { txtResposta->setText(*answer); }};
+                 [this, text] { txtResposta->setText(*text); }};
     stopped_ = false;
     goOn();
 }

@@ -78,7 +78,7 @@ const Chart* FrmIndicadores::shownChart() const
 // the tables before these go.
 void FrmIndicadores::showSubject()
 {
-    static const Table none;
+    static const Table none = {};
     fillGrid(*dtgQuadro, none);
     fillGrid(*dtgNaoContados, none);
     const SubjectSheet* made = sheet();
@@ -111,7 +111,7 @@ void FrmIndicadores::showMethod()
 
 void FrmIndicadores::showTable()
 {
-    static const Table none;
+    static const Table none = {};
     const Table* table = shownTable();
     fillGrid(*dtgQuadro, table ? *table : none);
     txtNotas->setText(table ? notesOf(*table) : QString(sheetOf_ ? noData : ""));
@@ -138,7 +138,7 @@ void FrmIndicadores::showChart()
 // In the colours of the desktop. The view gives the drawing before back, and doesn't end it.
 void FrmIndicadores::drawChart()
 {
-    static const Chart none;
+    static const Chart none = {};
     const Chart* chart = shownChart();
     const std::unique_ptr<QChart> before(grafico->chart());
     auto next = sheetOf_ ? report::drawn(chart ? *chart : none, {palette(), false}) : std::make_unique<QChart>();

@@ -50,8 +50,9 @@ TEST_F(Bequests, CountMassesWithThoseWhoLeaveNone)
     const int masses[] = {0, 10, 20, 50, 920};
     for (const int n : masses) {
         const qint64 who = dies('m', "1720-03-01", 1);
-        if (n > 0) orders(who, "missa", 1, n - 5, 100, (n - 5) * 100);
-        if (n > 0) orders(who, "missa", 3, 5, 100, 500);
+        if (n == 0) continue;
+        orders(who, "missa", 1, n - 5, 100, (n - 5) * 100);
+        orders(who, "missa", 3, 5, 100, 500);
     }
     const auto figures = figuresFor(bequests);
     const Table table = tableOf(figures, "missas");

@@ -223,7 +223,7 @@ TEST_F(Children, TellWhoStandsBehindAFigure)
 TEST(AgesInDays, HaveBirthdaysAtMultiplesOf365)
 {
     using study::parish::dateOf;
-    const auto day = [](int year, int month, int day) { return dateOf(QDate(year, month, day), true); };
+    const auto day = [](int year, int month, int of) { return dateOf(QDate(year, month, of), true); };
     EXPECT_EQ(ageInDays(day(1703, 3, 1), day(1703, 3, 1)), 0);
     EXPECT_EQ(ageInDays(day(1703, 3, 1), day(1704, 2, 29)), 364);
     EXPECT_EQ(ageInDays(day(1703, 3, 1), day(1704, 3, 1)), 365);
