@@ -36,7 +36,8 @@ SubjectSheet madeOf(const Subject& subject, const indicators::Study& study, cons
 const SubjectSheet* FrmIndicadores::sheet() const
 {
     if (!subject_) return nullptr;
-    const auto found = sheets_.find(QString::fromUtf8(subject_->id));
+    const QString id = QString::fromUtf8(subject_->id);
+    const auto found = sheets_.find(id);
     return found == sheets_.end() ? nullptr : &found->second;
 }
 

@@ -28,7 +28,7 @@ constexpr std::array limits{Limit{"Propor pessoas, a partir de (bits)", &Model::
                             Limit{"Propor famílias, a partir de (bits)", &Model::suggestCouplesFrom},
                             Limit{"Propor, acima do segundo (bits)", &Model::aboveRunnerUp},
                             Limit{"Esconder, abaixo de (bits)", &Model::hideBelow},
-                            Limit{"Candidatos de cada registo e tipo, até", nullptr}};
+                            Limit{"Candidatos por registo e tipo, até", nullptr}};
 constexpr double mostBits = 1000, mostCandidates = 100;
 
 double valueOf(const Model& model, const Limit& limit)

@@ -5,10 +5,10 @@
 
 using namespace study::indicators;
 
-class Passports : public Counting
+class PassportsOfAStudy : public Counting
 {
 protected:
-    Passports() { run("insert or replace into pais (codpais, nomepais) values ('15', 'Brasil')"); }
+    PassportsOfAStudy() { run("insert or replace into pais (codpais, nomepais) values ('15', 'Brasil')"); }
     void leaves(qint64 who, const char* day, const char* place = "15", const char* level = "P")
     {
         run("insert into passaporte (nind, nPass, dataref, localdestino, tipolocaldest) values (?, ?, ?, ?, ?)",
@@ -18,7 +18,7 @@ protected:
     int lastRow = 0;
 };
 
-TEST_F(Passports, TellAgeStateAndDestination)
+TEST_F(PassportsOfAStudy, TellAgeStateAndDestination)
 {
     const qint64 rui = person({"Rui", 'm', "1720-03-01"}), ana = person({"Ana", 'f', "", "1745-03-01"});
     const qint64 luis = person({"Luís", 'm', "1725-03-01", "1790-03-01"});

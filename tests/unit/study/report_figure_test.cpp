@@ -149,7 +149,7 @@ TEST(AChart, IsEmptyWhereNoPointHasAHeight)
     EXPECT_FALSE(chart.isEmpty());
 }
 
-TEST(ATable, IsEmptyWithoutRows)
+TEST(ATableOfFigures, IsEmptyWithoutRows)
 {
     Table table{.id = "taxas", .columns = {Column{.title = "Idade", .isText = true}}};
     EXPECT_TRUE(table.isEmpty());
