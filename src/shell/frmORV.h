@@ -48,7 +48,6 @@ private:
     void mnuLigacoes_Click();
     void mnuJuntar_Click();
     void mnuDecisoes_Click();
-    void mnuIndicadores_Click();
     void mnuRepor_Click();
     void mnuComo_Click();
     void mnuTut_Click();

@@ -17,11 +17,7 @@ struct Order
         ImportKleio,
         ImportTable,
         ExportKleio,
-        Check,
-        Count,
-        Join,
-        Report,
-        Tables
+        Check
     };
     enum class Format
     {
@@ -32,7 +28,6 @@ struct Order
     Work work = Work::Help;
     QStringList files;
     QString bdp;
-    QString output;  // the page of a report, or the folder of its tables
     QString columns; // the file of an assignment; "": the one kept for these headers, or the proposed one
     bool rehearse = false;
     ImportOptions options;
