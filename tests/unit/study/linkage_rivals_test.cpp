@@ -2,6 +2,8 @@
 #include "study/linkage/candidates.h"
 #include "study/linkage/scores.h"
 
+#include <gtest/gtest.h>
+
 #include <utility>
 #include <vector>
 
