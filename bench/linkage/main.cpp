@@ -111,9 +111,8 @@ void printSorts(const bench::Tallied& people, const Found& found)
                              [](const Line& line) { return line.second.records - line.second.listed; });
     lines.resize(std::min<std::size_t>(lines.size(), sortsShown));
     lines.emplace_back("all", all);
-    std::printf(
-        "\n| Told of the record | Records | A right one in a block | Listed | The best | Suggested |"
-        "\n|---|---|---|---|---|---|\n");
+    std::printf("\n| Told of the record | Records | A right one in a block | Listed | The best | Suggested |"
+                "\n|---|---|---|---|---|---|\n");
     for (const auto& [sort, reached] : lines) {
         std::printf("| %s | %d |", qPrintable(sort), reached.records);
         for (const int count : {reached.together, reached.listed, reached.best, reached.suggested})
