@@ -11,8 +11,6 @@
 
 namespace study::linkage {
 
-namespace {
-
 QSet<qint64> membersOf(const Recording& recording, qint64 family)
 {
     QSet<qint64> members;
@@ -20,6 +18,8 @@ QSet<qint64> membersOf(const Recording& recording, qint64 family)
         members << row.values["nind"].toInteger();
     return members;
 }
+
+namespace {
 
 bool isChildOf(const Recording& recording, qint64 nind, qint64 family)
 {

@@ -4,6 +4,8 @@
 #include "study/linkage/merge.h"
 #include "study/linkage/moving.h"
 
+#include <QSet>
+
 namespace study::linkage {
 
 // The notes of two rows that are one: those of the kept one, those of the other with where they come from, and what
@@ -28,6 +30,9 @@ QJsonValue valueOf(jet::Connection& bdp, const QString& table, const QString& co
                    const QJsonObject& other, const Sides& sides);
 
 std::optional<Row> firstRow(const Recording& recording, const QString& table, const QJsonObject& having);
+
+// Husband and wife of a family, by its rows of `familias`.
+QSet<qint64> membersOf(const Recording& recording, qint64 family);
 
 // Why the two families can't be one.
 QStringList joinRefusals(const Recording& recording, qint64 kept, qint64 other);

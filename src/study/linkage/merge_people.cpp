@@ -16,14 +16,6 @@ namespace study::linkage {
 
 namespace {
 
-QSet<qint64> spousesAndSelf(const Recording& recording, qint64 family)
-{
-    QSet<qint64> members;
-    for (const Row& row : recording.rows("familias", {{"nfamilia", family}}))
-        members << row.values["nind"].toInteger();
-    return members;
-}
-
 // As far as the links lead.
 bool isAncestor(const Recording& recording, qint64 elder, qint64 younger)
 {
@@ -32,7 +24,7 @@ bool isAncestor(const Recording& recording, qint64 elder, qint64 younger)
     while (!waiting.isEmpty()) {
         const auto row = firstRow(recording, "individuo", {{"nind", waiting.takeLast()}});
         if (!row || row->values["famorig"].isNull()) continue;
-        for (const qint64 parent : spousesAndSelf(recording, row->values["famorig"].toInteger())) {
+        for (const qint64 parent : membersOf(recording, row->values["famorig"].toInteger())) {
             if (parent == elder) return true;
             if (!seen.contains(parent)) waiting << parent;
             seen << parent;
@@ -75,7 +67,7 @@ private:
                 return {QString("O indivíduo nº %1 não existe.").arg(nind)};
         QStringList all;
         for (const Row& row : recording_.rows("familias", {{"nind", other_}}))
-            if (spousesAndSelf(recording_, row.values["nfamilia"].toInteger()).contains(kept_))
+            if (membersOf(recording_, row.values["nfamilia"].toInteger()).contains(kept_))
                 all << "São marido e mulher na família nº " + QString::number(row.values["nfamilia"].toInteger()) + ".";
         if (notTheSame(moving_.bdp).contains(std::pair(std::min(kept_, other_), std::max(kept_, other_))))
             all << "Foi decidido que não são a mesma pessoa: essa decisão tem de ser desfeita primeiro.";
@@ -156,10 +148,10 @@ private:
             families << row.values["nfamilia"].toInteger();
         std::ranges::sort(families);
         for (const qint64 family : std::as_const(families)) {
-            const QSet<qint64> members = spousesAndSelf(recording_, family);
+            const QSet<qint64> members = membersOf(recording_, family);
             if (members.size() != 2) continue;
             const qint64 first =
-                *std::ranges::find_if(families, [&](qint64 one) { return spousesAndSelf(recording_, one) == members; });
+                *std::ranges::find_if(families, [&](qint64 one) { return membersOf(recording_, one) == members; });
             if (first != family) addCouple(first, family);
         }
     }
