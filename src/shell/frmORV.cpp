@@ -41,7 +41,7 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
         ui->mnuManut->setEnabled(enabled);
         ui->mnuEstudo->setEnabled(enabled);
         for (QAction* item : {ui->mnuActo, ui->mnuActos, ui->mnuTranscricoes, ui->mnuContradicoes, ui->mnuTipos,
-                              ui->mnuLigacoes, ui->mnuJuntar, ui->mnuDecisoes, ui->mnuRepor})
+                              ui->mnuLigacoes, ui->mnuJuntar, ui->mnuDecisoes, ui->mnuIndicadores, ui->mnuRepor})
             item->setEnabled(enabled);
     });
 }
@@ -79,6 +79,7 @@ void FrmORV::connectMenus()
     on(ui->mnuLigacoes, &FrmORV::mnuLigacoes_Click);
     on(ui->mnuJuntar, &FrmORV::mnuJuntar_Click);
     on(ui->mnuDecisoes, &FrmORV::mnuDecisoes_Click);
+    on(ui->mnuIndicadores, &FrmORV::mnuIndicadores_Click);
     on(ui->mnuRepor, &FrmORV::mnuRepor_Click);
     on(ui->mnuComo, &FrmORV::mnuComo_Click);
     on(ui->mnuTut, &FrmORV::mnuTut_Click);
@@ -278,6 +279,11 @@ void FrmORV::mnuJuntar_Click()
 void FrmORV::mnuDecisoes_Click()
 {
     guarded([&] { Forms::show("frmDecisoes"); });
+}
+
+void FrmORV::mnuIndicadores_Click()
+{
+    guarded([&] { Forms::show("frmIndicadores"); });
 }
 
 // One that is open is loaded anew, as more may have been deleted since.

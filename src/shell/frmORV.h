@@ -48,6 +48,7 @@ private:
     void mnuLigacoes_Click();
     void mnuJuntar_Click();
     void mnuDecisoes_Click();
+    void mnuIndicadores_Click();
     void mnuRepor_Click();
     void mnuComo_Click();
     void mnuTut_Click();

@@ -41,6 +41,8 @@
 #include "study/windows/frmActos.h"
 #include "study/windows/frmContradicoes.h"
 #include "study/windows/frmDecisoes.h"
+#include "study/windows/frmDefinicoes.h"
+#include "study/windows/frmIndicadores.h"
 #include "study/windows/frmJuntar.h"
 #include "study/windows/frmLigacoes.h"
 #include "study/windows/frmLimites.h"
@@ -122,6 +124,8 @@ void registerForms()
     Forms::add("frmRepor", [] { return new FrmRepor; });
     Forms::add("frmContradicoes", [] { return new FrmContradicoes; });
     Forms::add("frmTipos", [] { return new FrmTipos; });
+    Forms::add("frmIndicadores", [] { return new FrmIndicadores; });
+    Forms::add("frmDefinicoes", [] { return new FrmDefinicoes; });
     Forms::add("frmLimites", [] { return new FrmLimites; });
     Forms::add("frmPesos", [] { return new FrmPesos; });
     Forms::add("frmActo", [] { return new FrmActo; });

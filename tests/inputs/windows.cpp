@@ -457,6 +457,8 @@ QList<Window> made()
                   {"cmbTipo"})
         << search("juntar", "frmJuntar", {"menu mnuJuntar"}, {"txtFica", "cmdFechar", {}},
                   {"txtFica", "txtOutro", "txtRazao"}, {"cmbQue"})
+        << search("indicadores", "frmIndicadores", {"menu mnuIndicadores"}, {"txtNumero", "cmdFechar", {}},
+                  {"txtNumero"}, {"cmbRegisto"})
         << search("mensagem", "frmMail", {"menu mnuAcerca", "click frmAcerca.Command1"}, {"txtTo", "cmdSend", {}},
                   {"txtTo", "txtBody"}, {"cmbAssunto"});
     return all;

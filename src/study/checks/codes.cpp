@@ -7,33 +7,11 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <iterator>
 
 namespace study::checks {
 
 using parish::Family;
 using parish::Person;
-
-bool isOutOfWedlock(parish::Code filiation)
-{
-    static constexpr int codes[]{2, 3, 4, 5, 7, 8, 9, 10};
-    return filiation && std::ranges::find(codes, *filiation) != std::end(codes);
-}
-
-bool isMarried(const Family& family)
-{
-    return QStringList{"1", "2", "9"}.contains(family.situation);
-}
-
-bool isLegitimate(const Family& family)
-{
-    return QStringList{"1", "2"}.contains(family.situation);
-}
-
-bool isUnmarried(const Family& family)
-{
-    return QStringList{"3", "4", "5", "6", "7", "8"}.contains(family.situation);
-}
 
 QString typeByDates(const Person& person)
 {

@@ -3,6 +3,7 @@
 #include "study/acts/register.h"
 #include "study/command/bdp.h"
 #include "study/command/check.h"
+#include "study/command/figures.h"
 #include "study/command/usage.h"
 #include "study/transcripts/importSources.h"
 #include "study/transcripts/kleio.h"
@@ -173,6 +174,12 @@ private:
     const std::function<bool()>& goesOn_;
 };
 
+bool isOfFigures(Order::Work work)
+{
+    using enum Order::Work;
+    return work == Count || work == Join || work == Report || work == Tables;
+}
+
 } // namespace
 
 int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
@@ -187,6 +194,7 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
         return done;
     }
     if (order.work == Order::Work::Check) return runCheck(order, out, err, goesOn);
+    if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
     try {
         Run run(order, out, err, goesOn);
         return order.work == Order::Work::ExportKleio ? run.exportActs() : run.importFiles();
@@ -194,6 +202,12 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
         err << QString::fromUtf8(error.what()) << '\n';
         return refused;
     }
+}
+
+bool needsWindows(const QStringList& arguments)
+{
+    Order order;
+    return readArguments(arguments, order).isEmpty() && order.work == Order::Work::Report;
 }
 
 } // namespace study

@@ -21,9 +21,18 @@ inline constexpr int nothingFound = 0;
 inline constexpr int somethingFound = 1;
 inline constexpr int notChecked = 2; // wrong arguments, a BDP that can't be read, an interruption, nowhere to tell it
 
+// How counting ended, and what is made of the counts.
+inline constexpr int counted = 0;
+inline constexpr int notCounted =
+    2; // as notChecked; also files that can't be joined, or a target that can't be written
+
 // Runs the command with its arguments, without its own name. Reports go to `out`; problems, as "ficheiro:linha: razão",
-// to `err`. `goesOn` is asked between two acts, and now and then during a check; false ends the work, and nothing of
-// the file at hand is left. Throws nothing.
+// to `err`. `goesOn` is asked between two acts, and now and then while a parish is read, checked or counted; false ends
+// the work, and nothing of the file at hand is left. Throws nothing.
+// Precondition where needsWindows(): an application for windows.
 int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+
+// Whether charts are drawn for these arguments.
+bool needsWindows(const QStringList& arguments);
 
 } // namespace study

@@ -22,6 +22,7 @@ struct Read
     std::string overruling;
     std::string format;
     std::string severity;
+    std::string output;
     bool linkCouples = false;
     bool help = false;
 };
@@ -52,6 +53,12 @@ void addCheck(CLI::App& command, Read& read, Order& order)
     command.add_option("--formato", read.format);
     command.add_option("--gravidade", read.severity);
     command.add_flag("--vistos", order.withSeen);
+}
+
+void addFigures(CLI::App& command, Read& read)
+{
+    command.add_option("ficheiros", read.files)->required();
+    command.add_option("-o", read.output)->required();
 }
 
 // "", or which word of a check isn't understood.
@@ -114,6 +121,14 @@ QString readArguments(const QStringList& arguments, Order& order)
     exported->add_option("--bdp", read.bdp)->required();
     CLI::App* const check = addSubcommand(app, "verificar");
     addCheck(*check, read, order);
+    CLI::App* const counts = addSubcommand(app, "contagens");
+    counts->add_option("bdp", read.bdp)->required();
+    CLI::App* const join = addSubcommand(app, "juntar");
+    join->add_option("ficheiros", read.files)->required();
+    CLI::App* const report = addSubcommand(app, "relatorio");
+    addFigures(*report, read);
+    CLI::App* const tables = addSubcommand(app, "tabelas");
+    addFigures(*tables, read);
     try {
         app.parse(reversed(arguments));
     } catch (const CLI::ParseError& error) {
@@ -122,6 +137,7 @@ QString readArguments(const QStringList& arguments, Order& order)
     for (const std::string& file : read.files)
         order.files << QString::fromStdString(file);
     order.bdp = QString::fromStdString(read.bdp);
+    order.output = QString::fromStdString(read.output);
     order.columns = QString::fromStdString(read.columns);
     order.options.overruling = QString::fromStdString(read.overruling);
     if (read.linkCouples) order.options.rule = LinkRule::CouplesWithOpenSpan;
@@ -134,6 +150,15 @@ QString readArguments(const QStringList& arguments, Order& order)
         order.work = Order::Work::ExportKleio;
     else if (check->parsed())
         order.work = Order::Work::Check;
+    else if (counts->parsed()) {
+        order.work = Order::Work::Count;
+        order.files = {order.bdp};
+    } else if (join->parsed())
+        order.work = Order::Work::Join;
+    else if (report->parsed())
+        order.work = Order::Work::Report;
+    else if (tables->parsed())
+        order.work = Order::Work::Tables;
     else
         return "Falta dizer o que fazer.";
     return readWords(read, order);
@@ -146,6 +171,10 @@ QString helpText()
   orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
+  orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
+  orv-estudo juntar CONTAGENS.json… > TODAS.json
+  orv-estudo relatorio FICHEIRO… -o RELATORIO.html
+  orv-estudo tabelas FICHEIRO… -o PASTA
 
 Opções da importação:
   --ensaio             diz o que seria escrito, e não escreve nada
@@ -166,6 +195,12 @@ programa pode tê-la aberta, e o ficheiro pode ser só de leitura.
   --gravidade          impossivel, aviso ou informacao: o que for menos grave não é dito
   --vistos             diz também os casos que foram dados por vistos
 Fim da verificação: 0 nada, 1 há contradições, 2 não se pôde verificar.
+
+Contagens diz, em JSON, o que se contou na BDP para os indicadores do estudo, com as definições que ela tem;
+juntar soma as de várias freguesias, se foram feitas com as mesmas definições. Relatorio faz uma página com
+todos os quadros e gráficos, e tabelas um ficheiro CSV de cada quadro, com a sua descrição, na pasta: de uma
+ou de várias BDP (.orv) ou contagens (.json). Nenhuma BDP é alterada; o programa pode tê-la aberta.
+Fim das contagens, de juntar, do relatório e das tabelas: 0 feito, 2 não se pôde fazer.
 
 Fim do resto: 0 feito, 1 recusado ou interrompido, 2 argumentos que não se entendem, 3 de um dos ficheiros
 nenhum acto se pôde guardar.

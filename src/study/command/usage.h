@@ -17,7 +17,11 @@ struct Order
         ImportKleio,
         ImportTable,
         ExportKleio,
-        Check
+        Check,
+        Count,
+        Join,
+        Report,
+        Tables
     };
     enum class Format
     {
@@ -28,6 +32,7 @@ struct Order
     Work work = Work::Help;
     QStringList files;
     QString bdp;
+    QString output;  // the page of a report, or the folder of its tables
     QString columns; // the file of an assignment; "": the one kept for these headers, or the proposed one
     bool rehearse = false;
     ImportOptions options;

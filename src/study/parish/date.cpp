@@ -41,6 +41,12 @@ int daysBetween(const Date& from, const Date& to)
     return days;
 }
 
+QDate birthday(const Date& birth, int years)
+{
+    const QDate first = birth.middle();
+    return birthdayIn(first.year() + years, first);
+}
+
 int completedYears(const Date& birth, const Date& at)
 {
     return study::completedYears(birth.middle(), at.middle());
@@ -51,8 +57,8 @@ double exactAge(const Date& birth, const Date& at)
     const QDate from = birth.middle();
     const QDate to = at.middle();
     const int years = study::completedYears(from, to);
-    const QDate last = birthdayIn(from.year() + years, from);
-    const QDate next = birthdayIn(from.year() + years + 1, from);
+    const QDate last = birthday(birth, years);
+    const QDate next = birthday(birth, years + 1);
     return years + static_cast<double>(last.daysTo(to)) / static_cast<double>(last.daysTo(next));
 }
 

@@ -39,6 +39,10 @@ Date dateOf(QDate day, bool exact);
 // days were left out: what spans them is so much shorter. Precondition: both are known.
 int daysBetween(const Date& from, const Date& to);
 
+// The day on which so many years are completed: of who was born on a 29 February, 1 March in common years. The birth
+// counts by its middle. Precondition: it is known.
+QDate birthday(const Date& birth, int years);
+
 // By the calendar, between the middles; negative before the birth. Precondition: both are known.
 int completedYears(const Date& birth, const Date& at);
 

@@ -1,5 +1,7 @@
 #include "study/parish/reader.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace study::parish {
@@ -51,6 +53,26 @@ SuffrageKind suffrageKind(const QString& word)
     if (kind == "oficio") return SuffrageKind::Office;
     if (kind == "esmola") return SuffrageKind::Alms;
     return SuffrageKind::Other;
+}
+
+// "HISCO 14120"; codes below ten thousand are found without their first zero.
+QString hiscoIn(const QString& notes)
+{
+    static const QRegularExpression told("\\bHISCO\\s*:?\\s*(\\d{4,5})\\b", QRegularExpression::CaseInsensitiveOption);
+    static constexpr int digits = 5;
+    const QRegularExpressionMatch found = told.match(notes);
+    return found.hasMatch() ? found.captured(1).rightJustified(digits, '0') : QString();
+}
+
+// "Dispensados no quarto grau de consanguinidade", and not of the banns, which are dispensed as well.
+bool tellsOfKinDispensation(const QString& notes)
+{
+    if (notes.isEmpty()) return false;
+    static const QRegularExpression told("\\bd[ie]spens\\w*\\b[^.;]*(\\bgraus?\\b|sangu|\\bafinidade|\\bparente)|"
+                                         "(\\bgraus?\\b|sangu|\\bafinidade|\\bparente)[^.;]*\\bd[ie]spens",
+                                         QRegularExpression::CaseInsensitiveOption |
+                                             QRegularExpression::UseUnicodePropertiesOption);
+    return told.match(notes).hasMatch();
 }
 
 } // namespace
@@ -134,9 +156,13 @@ void Reader::readCodes()
     jet::Rows row(bdp_, jet::NativeSql("select categoria, codigo, descricao from infocomplementar"));
     while (row.next())
         rows_->catalogue.codes[row.text(0)].insert(row.text(1), row.text(2));
-    jet::Rows profession(bdp_, jet::NativeSql("select codprof, profissao from profissao"));
-    while (profession.next())
-        rows_->catalogue.professions.insert(static_cast<int>(profession.number(0)), profession.text(1));
+    jet::Rows profession(bdp_, jet::NativeSql("select codprof, profissao, obs from profissao"));
+    while (profession.next()) {
+        const int code = static_cast<int>(profession.number(0));
+        rows_->catalogue.professions.insert(code, profession.text(1));
+        const QString hisco = hiscoIn(profession.text(2));
+        if (!hisco.isEmpty()) rows_->catalogue.hisco.insert(code, hisco);
+    }
 }
 
 void Reader::readPlaces()
@@ -160,7 +186,7 @@ void Reader::readPeople()
                        "dataobito, dobitofixa, localobito, tipolocalobito, inicioobs, fimobs, famorig, filiacao, "
                        "idadepai, idademae, estadocivilpai, estadocivilmae, idadeobito, estadoobito, sacramentos, "
                        "classparoquial, menor, testam, escrit, testamenteiro, altura, primpadrebapt, funcprimpbapt, "
-                       "segpadrebapt, funcsegpbapt, primpadreobito, funcprimpobito, rpBapt, rpObi "
+                       "segpadrebapt, funcsegpbapt, primpadreobito, funcprimpobito, rpBapt, rpObi, causa "
                        "from individuo order by nind"));
     while (row.next()) {
         next();
@@ -193,6 +219,7 @@ void Reader::readPeople()
         }
         person.baptismFile = row.text(++column);
         person.burialFile = row.text(++column);
+        person.cause = shared(row.text(++column));
     }
 }
 
@@ -200,7 +227,7 @@ void Reader::readFamilies()
 {
     jet::Rows row(bdp_, jet::NativeSql("select nfamilia, sfamilia, tipocasal, datacasam, dcasamfixa, localcasam, "
                                        "tipolocalcasam, inicioobs, fimobs, primpadrecasam, funcprimpcasam, "
-                                       "segpadrecasam, funcsegpcasam, rpCas, coalesce(obs, '') <> '' from familia "
+                                       "segpadrecasam, funcsegpcasam, rpCas, obs from familia "
                                        "order by nfamilia"));
     while (row.next()) {
         next();
@@ -215,7 +242,9 @@ void Reader::readFamilies()
         family.priests[0] = priest(row, 9, 10);
         family.priests[1] = priest(row, 11, 12);
         family.file = row.text(13);
-        family.hasNotes = row.number(14) != 0;
+        const QString notes = row.text(14);
+        family.hasNotes = !notes.isEmpty();
+        family.kinDispensed = tellsOfKinDispensation(notes);
     }
 }
 
@@ -286,19 +315,20 @@ void Reader::readSignatures()
 
 void Reader::readBequests()
 {
-    jet::Rows row(bdp_,
-                  jet::NativeSql("select nind, nindherd, parentesco from legadosprofanos order by nind, idlegprof"));
+    jet::Rows row(bdp_, jet::NativeSql("select nind, nindherd, parentesco, coalesce(bensraiz, '') <> '', "
+                                       "coalesce(bensmoveis, '') <> '' from legadosprofanos order by nind, idlegprof"));
     while (row.next())
-        rows_->bequests.push_back({personNumber(row, 0), link(row, 1), code(row, 2)});
+        rows_->bequests.push_back(
+            {personNumber(row, 0), link(row, 1), code(row, 2), row.number(3) != 0, row.number(4) != 0});
 }
 
 void Reader::readSuffrages()
 {
-    jet::Rows row(bdp_, jet::NativeSql("select nind, tipolegpio, tipo, quantidade, valorunit, valortotal, tipoMoeda "
-                                       "from rituaismorte order by nind, idlegpio"));
+    jet::Rows row(bdp_, jet::NativeSql("select nind, tipolegpio, tipo, quantidade, valorunit, valortotal, tipoMoeda, "
+                                       "destino from rituaismorte order by nind, idlegpio"));
     while (row.next())
         rows_->suffrages.push_back({personNumber(row, 0), suffrageKind(row.text(1)), code(row, 2), amount(row, 3),
-                                    amount(row, 4), amount(row, 5), shared(row.text(6))});
+                                    amount(row, 4), amount(row, 5), shared(row.text(6)), shared(row.text(7))});
 }
 
 void Reader::readPassports()

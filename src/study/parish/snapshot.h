@@ -127,6 +127,7 @@ struct Bequest
     PersonNumber testator = {};
     PersonLink heir = {};
     Code kinship = {};
+    bool hasLand = false, hasMovables = false; // what is left, as far as it is told
 };
 
 enum class SuffrageKind : quint8
@@ -143,7 +144,8 @@ struct Suffrage
     SuffrageKind kind = SuffrageKind::Other;
     Code type = {};
     std::optional<double> quantity = {}, unitValue = {}, total = {};
-    QString currency = {}; // Re, Es, Eu
+    QString currency = {};    // Re, Es, Eu
+    QString destination = {}; // for whom, or to whom
 };
 
 struct Passport
@@ -192,6 +194,7 @@ struct Person
 
     Code ageAtDeath = {}; // completed years, as told
     Code stateAtDeath = {};
+    QString cause = {}; // of the death, as the act has it
     Code sacraments = {}, parishClass = {};
     Flag minor = {}, will = {}, writtenWill = {};
     PersonLink executor = {};
@@ -227,6 +230,7 @@ struct Family
     Priest priests[2] = {};
     QString file = {}; // the picture of the act
     bool hasNotes = false;
+    bool kinDispensed = false; // the notes tell of a dispensation of kinship, or of affinity
 
     // By sex: who is 'm' is the husband, anybody else the wife. Where both are on one side, the first one stands there.
     const Person* husband = nullptr;
@@ -265,6 +269,7 @@ struct Catalogue
 {
     QHash<QString, QHash<QString, QString>> codes = {}; // category, code: description
     QHash<int, QString> professions = {};
+    QHash<int, QString> hisco = {};      // profession: its code of five digits, where its notes tell one
     QHash<QString, QString> places = {}; // letter and code ("F030899"): name
 
     QString description(const QString& category, const QString& code) const; // "" for an unknown one

@@ -44,6 +44,27 @@ TEST(AnAge, IsCompletedByTheCalendar)
     EXPECT_EQ(completedYears(dateOf(QDate(1700, 1, 1), false), exact(1720, 6, 30)), 19);
 }
 
+TEST(AnAge, IsNotTheDaysByAMeanYear)
+{
+    const Date birth = exact(1720, 3, 12);
+    const auto ages = [](const Date& from, const Date& to) {
+        return std::pair(daysBetween(from, to), completedYears(from, to));
+    };
+    EXPECT_EQ(ages(birth, exact(1744, 10, 1)), std::pair(8969, 24));
+    EXPECT_EQ(ages(birth, exact(1745, 3, 11)), std::pair(9130, 24));
+    EXPECT_EQ(ages(birth, exact(1745, 3, 12)), std::pair(9131, 25)); // 24.999 by days
+    EXPECT_EQ(ages(birth, exact(1769, 10, 1)), std::pair(18100, 49));
+    EXPECT_EQ(ages(exact(1750, 6, 1), exact(1750, 12, 15)), std::pair(197, 0));
+}
+
+TEST(AnAge, IsReachedOnABirthday)
+{
+    EXPECT_EQ(birthday(exact(1704, 2, 29), 15), QDate(1719, 3, 1));
+    EXPECT_EQ(birthday(exact(1704, 2, 29), 16), QDate(1720, 2, 29));
+    EXPECT_EQ(birthday(exact(1720, 3, 12), 0), QDate(1720, 3, 12));
+    EXPECT_EQ(birthday(dateOf(QDate(1700, 1, 1), false), 20), QDate(1720, 7, 1));
+}
+
 TEST(AnAge, HasThePartOfTheYearThatHasGone)
 {
     EXPECT_DOUBLE_EQ(exactAge(exact(1701, 1, 1), exact(1703, 1, 1)), 2.0);
@@ -165,6 +186,57 @@ TEST_F(ASnapshot, GivesEachTheirOwnRows)
     EXPECT_EQ(man.bequests[0].heir.person, &child);
     ASSERT_EQ(man.professions.size(), 1U);
     EXPECT_EQ(man.professions[0].code, Code(4));
+}
+
+TEST_F(ASnapshot, TellsOfWhatAPersonDiedAndWhatWasLeftToWhom)
+{
+    const qint64 rui = person({"Rui"});
+    run("update individuo set causa = 'Bexigas' where nind = ?", {rui});
+    run("insert into legadosprofanos (nind, idlegprof, bensmoveis) values (?, 1, 'Duas vacas')", {rui});
+    run("insert into legadosprofanos (nind, idlegprof, bensraiz, bensmoveis) values (?, 2, 'O campo', '')", {rui});
+    run("insert into rituaismorte (nind, idlegpio, tipolegpio, destino) values (?, 1, 'esmola', 'Pobres')", {rui});
+    const Snapshot parish = Snapshot::read(bdp);
+    const Person& read = *parish.person(PersonNumber(rui));
+    EXPECT_EQ(read.cause, "Bexigas");
+    ASSERT_EQ(read.bequests.size(), 2U);
+    EXPECT_FALSE(read.bequests[0].hasLand);
+    EXPECT_TRUE(read.bequests[0].hasMovables);
+    EXPECT_TRUE(read.bequests[1].hasLand);
+    EXPECT_FALSE(read.bequests[1].hasMovables);
+    ASSERT_EQ(read.suffrages.size(), 1U);
+    EXPECT_EQ(read.suffrages[0].destination, "Pobres");
+}
+
+TEST_F(ASnapshot, TellsWhoWasDispensedOfKinship)
+{
+    couple(person({"Rui"}), person({"Eva", 'f'}));
+    const auto isDispensed = [this](const char* notes) {
+        run("update familia set obs = ?", {QString::fromUtf8(notes)});
+        const Snapshot parish = Snapshot::read(bdp);
+        EXPECT_TRUE(parish.families()[0].hasNotes);
+        return parish.families()[0].kinDispensed;
+    };
+    EXPECT_TRUE(isDispensed("Dispensados no quarto grau de consanguinidade."));
+    EXPECT_TRUE(isDispensed("Parentes em 3.º grau, com dispensa"));
+    EXPECT_TRUE(isDispensed("DESPENSADOS POR AFINIDADE"));
+    EXPECT_FALSE(isDispensed("Dispensados dos banhos."));
+    EXPECT_FALSE(isDispensed("Casaram com dispensa de proclamas. São parentes do pároco."));
+    EXPECT_FALSE(isDispensed("O grau é indispensável"));
+    EXPECT_FALSE(isDispensed("Parentes no quarto grau."));
+    run("update familia set obs = null");
+    const Snapshot parish = Snapshot::read(bdp);
+    EXPECT_FALSE(parish.families()[0].hasNotes);
+    EXPECT_FALSE(parish.families()[0].kinDispensed);
+}
+
+TEST_F(ASnapshot, KnowsTheCodesOfProfessionsWhoseNotesTellThem)
+{
+    run("delete from profissao");
+    run("insert into profissao (codprof, profissao, obs) values (1, 'Abade', 'HISCO 14120'), (2, 'Médico', 'ver "
+        "hisco: 6105'), (3, 'Abegão', null), (4, 'Moço', 'HISCO desconhecido')");
+    const Catalogue catalogue = Snapshot::read(bdp).catalogue();
+    EXPECT_EQ(catalogue.hisco, (QHash<int, QString>{{1, "14120"}, {2, "06105"}}));
+    EXPECT_EQ(catalogue.professions.size(), 4);
 }
 
 TEST_F(ASnapshot, TellsWhoInAnActIsNobody)

@@ -1,0 +1,368 @@
+#include "study/indicators/adultLife.h"
+#include "study/indicators/childhood.h"
+#include "study/indicators/exposure.h"
+#include "study/indicators/mortality.h"
+#include "study/indicators/quotients.h"
+#include "study/indicators/scope.h"
+
+#include <algorithm>
+
+namespace study::indicators {
+
+namespace {
+
+using At = Reading::At;
+constexpr qint32 any = Reading::any;
+
+// Cohort of the marriage, gender; then the estimate and the first age of a group, or the age in days.
+enum Count : quint16
+{
+    Years, // at risk, in half days
+    Deaths,
+    Enter, // by the last estimate, one day before: who enters is at risk from that day on
+    Dies,
+    Leaves,
+    Lives,   // by estimate
+    Sexless, // the first of the reasons
+    Elsewhere,
+    OutOfBooks,
+    NoBirth,
+    Contradiction,
+    Open
+};
+constexpr std::array<const char*, 12> names = {"meios-dias",      "obitos",         "entradas",    "obitos-por-dia",
+                                               "saidas",          "pessoas",        "sem-sexo",    "fora-da-freguesia",
+                                               "fora-dos-livros", "sem-nascimento", "contradicao", "uniao-aberta"};
+constexpr std::array<Reason, 6> reasons = {{{Sexless, "sexo indeterminado"},
+                                            {Elsewhere, "primeiro casamento fora da freguesia"},
+                                            {OutOfBooks, "casamento fora dos livros de casamentos ou de óbitos"},
+                                            {NoBirth, "sem nascimento"},
+                                            {Contradiction, "datas que se contradizem"},
+                                            {Open, "união sem fim conhecido: fica fora da estimativa das uniões "
+                                                   "fechadas"}}};
+constexpr std::array<const char*, 4> estimateIds = {"fechadas", "minima", "maxima", "censurada"};
+constexpr std::array<const char*, 4> estimateTold = {"uniões fechadas", "mínima", "máxima",
+                                                     "até à última prova de vida"};
+
+constexpr int firstAge = 20, lastAge = 80, groupYears = 5;
+constexpr double leastYears = 20;  // of a cell
+constexpr qint64 leastDeaths = 10; // of a table
+constexpr Base base = {20, 50};
+
+// Groups of five years from 20, and all from 80 on.
+const Ages& adultAges()
+{
+    static const Ages ages = [] {
+        Ages made = fiveYearAges(firstAge, lastAge);
+        made.push_back(200);
+        return made;
+    }();
+    return ages;
+}
+
+std::optional<Count> reasonOf(NoAdult why)
+{
+    switch (why) {
+    case NoAdult::None:
+    case NoAdult::NotAsked:
+        break;
+    case NoAdult::Sexless:
+        return Sexless;
+    case NoAdult::Elsewhere:
+        return Elsewhere;
+    case NoAdult::OutOfBooks:
+        return OutOfBooks;
+    case NoAdult::NoBirth:
+        return NoBirth;
+    case NoAdult::Contradiction:
+        return Contradiction;
+    }
+    return {};
+}
+
+void countRates(const AdultLife& life, Estimate estimate, const End& end, const At& who, const Who& person,
+                Taker& taker)
+{
+    const auto place = static_cast<qint32>(estimate);
+    taker.count({Lives, {who[0], who[1], place}}, person);
+    for (const Slice& slice : split({life.birth, life.marriage, end.day, end.dies}, adultAges()))
+        taker.count({Years, {who[0], who[1], place, slice.age}}, person, slice.halfDays);
+    const auto group = end.dies ? ageGroup(life.birth, end.day, adultAges()) : std::nullopt;
+    if (group) taker.count({Deaths, {who[0], who[1], place, *group}}, person);
+}
+
+void countDays(const AdultLife& life, const End& end, const At& who, const Who& person, Taker& taker)
+{
+    const qint32 entry = std::max(ageInDays(life.birth, life.marriage), firstAge * daysOfAnAge);
+    const qint32 exit = ageInDays(life.birth, end.day);
+    if (exit < entry) return;
+    taker.count({Enter, {who[0], who[1], entry - 1}}, person);
+    taker.count({end.dies ? Dies : Leaves, {who[0], who[1], exit}}, person);
+}
+
+void fill(const Study& study, const Share& share, Taker& taker)
+{
+    for (const parish::Person& person : peopleOf(study, share)) {
+        const AdultLife life = adultLifeOf(person, study);
+        const Who who{&person, life.family};
+        if (const auto reason = reasonOf(life.why)) taker.count({*reason}, who);
+        if (life.why != NoAdult::None) continue;
+        const At at = {periodOf(life.marriage.middle().year(), study.settings), numbered(person.gender)};
+        for (const Estimate estimate : estimates) {
+            const End& end = life.ends[static_cast<std::size_t>(estimate)];
+            if (end.day.isKnown())
+                countRates(life, estimate, end, at, who, taker);
+            else
+                taker.count({Open}, who);
+        }
+        countDays(life, life.ends[static_cast<std::size_t>(Estimate::Censored)], at, who, taker);
+    }
+}
+
+// The rates of one estimate, and the life table that they make. Groups at the end without deaths or years are one with
+// those before them.
+struct Part
+{
+    int first = firstAge;
+    std::vector<statistics::Exposed> groups = {};
+    std::vector<statistics::LifeRow> rows = {};
+    qint64 deaths = 0;
+    double years = 0;
+};
+
+void closeTable(std::vector<statistics::Exposed>& groups)
+{
+    while (groups.size() > 1 && (groups.back().deaths == 0 || !(groups.back().years > 0))) {
+        const statistics::Exposed last = groups.back();
+        groups.pop_back();
+        groups.back().years += last.years;
+        groups.back().deaths += last.deaths;
+    }
+}
+
+Part partOf(const Reading& reading, qint32 cohort, qint32 gender, Estimate estimate)
+{
+    Part part;
+    for (int age = firstAge; age <= lastAge; age += groupYears) {
+        const At at = {cohort, gender, static_cast<qint32>(estimate), age};
+        part.groups.push_back({yearsOf(reading.sum(Years, at)), reading.sum(Deaths, at)});
+        part.years += part.groups.back().years;
+        part.deaths += part.groups.back().deaths;
+    }
+    while (!part.groups.empty() && !(part.groups.front().years > 0)) {
+        part.groups.erase(part.groups.begin());
+        part.first += groupYears;
+    }
+    closeTable(part.groups);
+    part.rows = statistics::lifeTable(part.first, part.groups);
+    return part;
+}
+
+Cell standing(Cell cell, bool enough)
+{
+    if (!enough) {
+        cell.standing = report::Standing::Suppressed;
+        cell.interval.reset();
+    }
+    return cell;
+}
+
+QString groupTold(const Part& part, std::size_t group)
+{
+    const int age = part.first + static_cast<int>(group) * groupYears;
+    return group + 1 == part.groups.size() ? QString("%1 e mais").arg(age)
+                                           : QString("%1–%2").arg(age).arg(age + groupYears - 1);
+}
+
+Table lifeTableOf(const Reading& reading, qint32 gender, Estimate estimate)
+{
+    const auto place = static_cast<std::size_t>(estimate);
+    Table table{QString("tabua-%1-%2").arg(estimateIds[place], gender == numbered(parish::Gender::Male) ? "m" : "f"),
+                QString("Tábua de mortalidade: %1, %2").arg(genderTold(gender), QString::fromUtf8(estimateTold[place])),
+                {textColumn("Idade"), decimalColumn("Anos em risco", "anos"), countColumn("Óbitos"),
+                 decimalColumn("5qx", "‰"), decimalColumn("Sobreviventes", "‰"), decimalColumn("Esperança", "anos")}};
+    const Part part = partOf(reading, any, gender, estimate);
+    const bool sound = part.deaths >= leastDeaths;
+    for (std::size_t i = 0; i < part.rows.size(); ++i) {
+        const auto& row = part.rows[i];
+        const bool open = i + 1 == part.rows.size();
+        const std::vector<Key> deaths =
+            open ? reading.within(Deaths, 3, row.age, 200, {any, gender, static_cast<qint32>(estimate), any}).keys
+                 : std::vector<Key>{{Deaths, {any, gender, static_cast<qint32>(estimate), row.age}}};
+        const std::vector<Key> years =
+            open ? reading.within(Years, 3, row.age, 200, {any, gender, static_cast<qint32>(estimate), any}).keys
+                 : std::vector<Key>{{Years, {any, gender, static_cast<qint32>(estimate), row.age}}};
+        const bool enough = sound && part.groups[i].years >= leastYears;
+        table.rows.push_back({report::text(groupTold(part, i)), report::number(part.groups[i].years, years),
+                              report::number(part.groups[i].deaths, deaths),
+                              standing(report::number(row.quotient * 1000, deaths), enough),
+                              standing(report::number(row.survivors * 1000), sound),
+                              standing(report::number(row.expectation), sound)});
+    }
+    if (part.rows.empty() && part.years > 0) table.notes << "Sem óbitos ou sem anos que bastem para uma tábua.";
+    return table;
+}
+
+std::optional<double> expectationAt(const Part& part, int age)
+{
+    for (const auto& row : part.rows)
+        if (row.age == age) return row.expectation;
+    return {};
+}
+
+std::optional<double> diedUntil(const Part& part, int from, int until)
+{
+    std::optional<double> alive, left;
+    for (const auto& row : part.rows) {
+        if (row.age == from) alive = row.survivors;
+        if (row.age == until) left = row.survivors;
+    }
+    if (!alive || !left || !(*alive > 0)) return {};
+    return 1 - *left / *alive;
+}
+
+void addSummary(Table& table, const Reading& reading, const Group& group, const Settings& settings)
+{
+    for (const Estimate estimate : estimates) {
+        const auto place = static_cast<qint32>(estimate);
+        const Part part = partOf(reading, group.period, group.gender, estimate);
+        const bool sound = part.deaths >= leastDeaths;
+        const std::vector<Key> deaths = {{Deaths, {group.period, group.gender, place, any}}};
+        const auto cell = [&](std::optional<double> value) {
+            return value ? standing(report::number(*value, deaths), sound) : Cell();
+        };
+        const auto died = diedUntil(part, 20, 50);
+        table.rows.push_back(
+            {report::text(told(group, settings)), report::text(estimateTold[static_cast<std::size_t>(place)]),
+             counted(reading.part(Lives, {group.period, group.gender, place, any})),
+             report::number(part.years, {{Years, {group.period, group.gender, place, any}}}),
+             report::number(part.deaths, deaths), cell(expectationAt(part, 20)), cell(expectationAt(part, 30)),
+             cell(expectationAt(part, 50)), cell(died ? std::optional(*died * 1000) : std::nullopt)});
+    }
+}
+
+Table summary(const Reading& reading, const Settings& settings)
+{
+    Table table{"resumo",
+                "Esperança de vida dos casados, por quatro estimativas",
+                {textColumn("Casamentos"), textColumn("Estimativa"), countColumn("Pessoas"),
+                 decimalColumn("Anos em risco", "anos"), countColumn("Óbitos"), decimalColumn("e20", "anos"),
+                 decimalColumn("e30", "anos"), decimalColumn("e50", "anos"), decimalColumn("30q20", "‰")}};
+    for (const Group& group : groupsOf(reading, {Lives}))
+        if (group.gender != any && reading.sum(Lives, {group.period, group.gender, any, any}) > 0)
+            addSummary(table, reading, group, settings);
+    table.notes = {
+        "Uniões fechadas: até ao fim da união, de que se conhece o primeiro óbito. Mínima: quem não tem óbito morre "
+        "quando um acto o diz morto pela primeira vez, e sai à última prova de vida se nenhum o diz. Máxima: morre à "
+        "última prova de vida. A última: sai à última prova de vida.",
+        "5qx = 5m/(1 + 2,5m), com m óbitos por ano em risco."};
+    return table;
+}
+
+std::vector<statistics::Step> stepsOf(const Reading& reading, qint32 gender, std::map<qint32, statistics::Exits>& exits)
+{
+    const At at = {any, gender, any, any};
+    const auto enter = reading.spread(Enter, 2, at), dies = reading.spread(Dies, 2, at);
+    const auto leaves = reading.spread(Leaves, 2, at);
+    for (const auto& [day, n] : enter.values.counts())
+        exits[day].entered += n;
+    for (const auto& [day, n] : dies.values.counts())
+        exits[day].events += n;
+    for (const auto& [day, n] : leaves.values.counts())
+        exits[day].left += n;
+    return statistics::kaplanMeier(exits, 0);
+}
+
+// At risk when an age is reached.
+qint64 atRiskAt(const std::map<qint32, statistics::Exits>& exits, qint32 age)
+{
+    qint64 atRisk = 0;
+    for (auto exit = exits.begin(); exit != exits.end() && exit->first < age; ++exit)
+        atRisk += exit->second.entered - exit->second.events - exit->second.left;
+    return atRisk;
+}
+
+// Men and women beside each other.
+struct Watched
+{
+    qint32 gender = 0;
+    std::map<qint32, statistics::Exits> exits = {};
+    std::vector<statistics::Step> steps = {};
+};
+
+Table byKaplanMeier(const Reading& reading)
+{
+    Table table{"kaplan-meier",
+                "Quocientes por Kaplan–Meier, até à última prova de vida",
+                {textColumn("Idade"), countColumn("Homens no início"), decimalColumn("Homens, 5qx", "‰"),
+                 countColumn("Mulheres no início"), decimalColumn("Mulheres, 5qx", "‰")}};
+    std::array<Watched, 2> both = {{{numbered(parish::Gender::Male)}, {numbered(parish::Gender::Female)}}};
+    for (Watched& watched : both)
+        watched.steps = stepsOf(reading, watched.gender, watched.exits);
+    if (both[0].exits.empty() && both[1].exits.empty()) return table;
+    for (int age = firstAge; age < lastAge; age += groupYears) {
+        const qint32 from = age * daysOfAnAge, until = from + groupYears * daysOfAnAge;
+        table.rows.push_back({report::text(QString("%1–%2").arg(age).arg(age + groupYears - 1))});
+        for (const Watched& watched : both) {
+            const At at = {any, watched.gender, any, any};
+            const std::vector<Key> keys =
+                reading.within(Dies, 2, from, until, at).keys + reading.within(Leaves, 2, from, until, at).keys;
+            const qint64 atRisk = atRiskAt(watched.exits, from);
+            const Died died = diedBetween(watched.steps, from, until);
+            table.rows.back().push_back(report::number(atRisk));
+            table.rows.back().push_back(estimated(died.probability, {}, atRisk, base, keys));
+        }
+    }
+    table.notes = {"No início da idade estão os que já casaram; os que casam depois entram nesse dia."};
+    return table;
+}
+
+report::Chart chartOf(const Reading& reading, parish::Gender gender)
+{
+    const bool men = gender == parish::Gender::Male;
+    report::Chart chart{men ? "sobreviventes-m" : "sobreviventes-f",
+                        men ? "Sobreviventes dos casados: homens" : "Sobreviventes dos casados: mulheres",
+                        report::Drawing::Lines, "idade (anos)", "sobreviventes (‰)"};
+    for (const Estimate estimate : estimates) {
+        const Part part = partOf(reading, any, numbered(gender), estimate);
+        if (part.deaths < leastDeaths) continue;
+        report::Plot plot{estimateTold[static_cast<std::size_t>(estimate)]};
+        for (const auto& row : part.rows)
+            plot.points.push_back({static_cast<double>(row.age), row.survivors * 1000});
+        chart.plots.push_back(std::move(plot));
+    }
+    chart.described = "De mil casados vivos na primeira idade, quantos chegam a cada uma das seguintes, pelas quatro "
+                      "estimativas.";
+    return chart;
+}
+
+std::vector<report::Figure> figures(const Tally& tally, const Settings& settings)
+{
+    const Reading reading(tally);
+    std::vector<report::Figure> all = {summary(reading, settings)};
+    for (const parish::Gender gender : {parish::Gender::Male, parish::Gender::Female}) {
+        all.push_back(chartOf(reading, gender));
+        for (const Estimate estimate : estimates)
+            all.push_back(lifeTableOf(reading, numbered(gender), estimate));
+    }
+    all.push_back(byKaplanMeier(reading));
+    all.push_back(leftOutTable(reading, reasons));
+    return all;
+}
+
+} // namespace
+
+const Subject adultMortality = {
+    "mortalidade-dos-adultos",
+    "Mortalidade",
+    "Mortalidade dos adultos casados",
+    "Contam os casados na freguesia, desde o primeiro casamento, se se conhece o nascimento. Quem não tem óbito "
+    "conhecido "
+    "entra de quatro maneiras, e a verdade está entre a mínima e a máxima. Contar só os óbitos conhecidos exagera a "
+    "mortalidade, porque quem morre novo morre mais vezes onde casou.",
+    names,
+    reasons,
+    fill,
+    figures};
+
+} // namespace study::indicators

@@ -1,0 +1,130 @@
+#include "study/indicators/deaths.h"
+#include "study/indicators/mortality.h"
+#include "study/indicators/quotients.h"
+#include "study/indicators/scope.h"
+#include "study/names/fold.h"
+
+#include <algorithm>
+
+namespace study::indicators {
+
+namespace {
+
+constexpr qint32 any = Reading::any;
+
+// Period of the death, gender, place of the cause in `causes`, 1 for a child under seven.
+enum Count : quint16
+{
+    Told,
+    Untold, // the first of the reasons
+    Elsewhere,
+    OutOfBooks
+};
+constexpr std::array<const char*, 4> names = {"causas", "sem-causa", "fora-da-freguesia", "fora-dos-livros"};
+constexpr std::array<Reason, 3> reasons = {{{Untold, "causa não declarada"},
+                                            {Elsewhere, "óbito fora da freguesia"},
+                                            {OutOfBooks, "óbito fora dos livros ou numa lacuna"}}};
+
+// A cause, and the beginnings of words, without accents, that tell it. The first one that is found counts; what none
+// tells is "outra": nothing is inferred.
+struct Cause
+{
+    const char* name;
+    std::array<const char*, 6> beginnings;
+};
+constexpr std::array<Cause, 14> causes = {{{"Bexigas (varíola)", {"bexig", "variol"}},
+                                           {"Sarampo", {"saramp"}},
+                                           {"Garrotilho (difteria)", {"garrot", "difter", "diphter", "crup", "croup"}},
+                                           {"Cólera", {"colera", "cholera"}},
+                                           {"Cólicas e disenteria", {"colic", "disenter", "dysenter", "camaras"}},
+                                           {"Febres, malinas, sezões", {"febr", "malin", "sez", "terca"}},
+                                           {"Tísica", {"tisic", "tysic", "phtisic", "tubercul", "hetic"}},
+                                           {"Hidropisia", {"hidrop", "hydrop"}},
+                                           {"Parto", {"part", "sobrepart", "puerper"}},
+                                           {"Acidente ou afogamento", {"aciden", "desastr", "qued", "afoga", "raio"}},
+                                           {"Apoplexia (estupor)", {"apople", "estupor", "parlesi", "paralis"}},
+                                           {"Velhice", {"velh", "decrepit", "senil"}},
+                                           {"De repente", {"repent", "subita"}},
+                                           {"Outra", {}}}};
+
+bool tells(const QStringList& words, const Cause& cause)
+{
+    return std::any_of(words.begin(), words.end(), [&cause](const QString& word) {
+        return std::any_of(cause.beginnings.begin(), cause.beginnings.end(), [&word](const char* beginning) {
+            return beginning && word.startsWith(QLatin1String(beginning));
+        });
+    });
+}
+
+qint32 causeOf(const QString& text)
+{
+    const QStringList words = fold::plain(text).split(u' ', Qt::SkipEmptyParts);
+    const auto found =
+        std::find_if(causes.begin(), causes.end() - 1, [&words](const Cause& cause) { return tells(words, cause); });
+    return static_cast<qint32>(found - causes.begin());
+}
+
+void countDeath(const parish::Person& person, const Study& study, Taker& taker)
+{
+    const Settings& settings = study.settings;
+    const int year = person.death.middle().year();
+    const Who who{&person, nullptr};
+    if (!settings.period.holds(year) || !isWanted(person.gender, settings)) return;
+    if (!isHere(person.deathPlace, study)) return taker.count({Elsewhere}, who);
+    const bool child = buriedAs(person) == Buried::Child;
+    if (!settings.covers(child ? Series::ChildBurials : Series::Burials, year)) return taker.count({OutOfBooks}, who);
+    if (person.cause.simplified().isEmpty()) return taker.count({Untold}, who);
+    taker.count({Told, {periodOf(year, settings), numbered(person.gender), causeOf(person.cause), child ? 1 : 0}}, who);
+}
+
+void fill(const Study& study, const Share& share, Taker& taker)
+{
+    for (const parish::Person& person : peopleOf(study, share))
+        if (person.death.isKnown()) countDeath(person, study, taker);
+}
+
+Table tableOf(const Reading& reading, qint32 period, const QString& id, const QString& title)
+{
+    Table table{id,
+                title,
+                {textColumn("Causa"), countColumn("Óbitos"), decimalColumn("De todos", "%"), countColumn("Homens"),
+                 countColumn("Mulheres"), countColumn("Menores de 7")}};
+    const auto all = reading.part(Told, {period, any, any, any});
+    for (const qint32 cause : reading.values(Told, 2, {period, any, any, any})) {
+        const auto some = reading.part(Told, {period, any, cause, any});
+        table.rows.push_back({report::text(causes.at(static_cast<std::size_t>(cause)).name), counted(some),
+                              percent(some, all),
+                              counted(reading.part(Told, {period, numbered(parish::Gender::Male), cause, any})),
+                              counted(reading.part(Told, {period, numbered(parish::Gender::Female), cause, any})),
+                              counted(reading.part(Told, {period, any, cause, 1}))});
+    }
+    return table;
+}
+
+std::vector<report::Figure> figures(const Tally& tally, const Settings& settings)
+{
+    const Reading reading(tally);
+    std::vector<report::Figure> all = {tableOf(reading, any, "causas", "Causas de morte")};
+    for (const qint32 period : reading.values(Told, 0))
+        all.push_back(tableOf(reading, period, QString("causas-%1").arg(period),
+                              "Causas de morte: " + periodName(period, settings)));
+    all.push_back(leftOutTable(reading, reasons));
+    return all;
+}
+
+} // namespace
+
+const Subject causesOfDeath = {
+    "causas-de-morte",
+    "Mortalidade",
+    "Causas de morte",
+    "Contam os óbitos da freguesia cujo acto diz a causa, pelas palavras dele. Cada causa entra no primeiro grupo de "
+    "uma "
+    "lista curta que uma das suas palavras indica; as que não indicam nenhum são outras. Nada se deduz: as palavras do "
+    "tempo não são os diagnósticos de hoje.",
+    names,
+    reasons,
+    fill,
+    figures};
+
+} // namespace study::indicators

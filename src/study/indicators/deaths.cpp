@@ -1,0 +1,83 @@
+#include "study/indicators/deaths.h"
+
+#include "study/parish/codes.h"
+
+#include <algorithm>
+#include <array>
+
+namespace study::indicators {
+
+namespace {
+
+using parish::parishClass::innocent;
+using parish::parishClass::minorWithConfession;
+using parish::parishClass::minorWithoutConfession;
+
+// Of full age, the head of a household, a cleric; the other classes (absent, poor, a slave) tell no age.
+constexpr std::array<int, 3> grownClasses = {4, 5, 9};
+constexpr int majority = 25; // of the Ordenações; a bound, and no more
+constexpr int marriageable = 12;
+
+bool wasMarried(const parish::Person& person)
+{
+    return person.stateAtDeath == parish::civil::married || person.stateAtDeath == parish::civil::widowed ||
+           !person.unions.empty();
+}
+
+bool isGrownClass(parish::Code code)
+{
+    return code && std::find(grownClasses.begin(), grownClasses.end(), *code) != grownClasses.end();
+}
+
+AgeAtDeath ageByClass(const parish::Person& person)
+{
+    AgeAtDeath age{AgeAtDeath::By::Class};
+    if (person.parishClass == innocent)
+        age.below = endOfInnocence + 1;
+    else if (wasMarried(person))
+        age.least = marriageable;
+    else if (person.parishClass == minorWithoutConfession || person.parishClass == minorWithConfession) {
+        age.least = endOfInnocence + 1;
+        age.below = majority;
+    } else if (isGrownClass(person.parishClass))
+        age.least = endOfInnocence + 1;
+    else if (person.minor == true)
+        age.below = endOfInnocence + 1;
+    else
+        return {};
+    return age;
+}
+
+} // namespace
+
+bool AgeAtDeath::isYoung(int limit) const
+{
+    return years ? *years < limit : below && *below <= limit;
+}
+
+bool AgeAtDeath::isGrown(int limit) const
+{
+    return years ? *years >= limit : least && *least >= limit;
+}
+
+AgeAtDeath ageAtDeathOf(const parish::Person& person)
+{
+    if (person.birth.isKnown() && person.death.isKnown()) {
+        const int years = parish::completedYears(person.birth, person.death);
+        if (years >= 0) return {AgeAtDeath::By::Dates, years};
+        // About the same time: the middles may stand the other way round.
+        const bool exact = person.birth.isExact() && person.death.isExact();
+        if (!exact && years == -1) return {AgeAtDeath::By::Dates, 0};
+    }
+    if (person.ageAtDeath && *person.ageAtDeath >= 0) return {AgeAtDeath::By::Statement, *person.ageAtDeath};
+    return ageByClass(person);
+}
+
+Buried buriedAs(const parish::Person& person)
+{
+    const AgeAtDeath age = ageAtDeathOf(person);
+    if (age.isYoung(endOfInnocence + 1)) return Buried::Child;
+    return age.isGrown(endOfInnocence + 1) ? Buried::Adult : Buried::Ageless;
+}
+
+} // namespace study::indicators

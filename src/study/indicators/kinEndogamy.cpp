@@ -1,0 +1,153 @@
+// Marriages of kin: as notes tell of a dispensation, and as far as the ancestors are linked.
+#include "study/indicators/marriages.h"
+#include "study/indicators/nuptiality.h"
+#include "study/indicators/reading.h"
+#include "study/indicators/reasons.h"
+
+#include <algorithm>
+#include <map>
+
+namespace study::indicators {
+
+namespace {
+
+using parish::Family;
+using parish::Person;
+using report::Figure;
+
+// Of the dimensions: period, then whether notes tell of a dispensation, or the degree that the ancestors show.
+enum Count : quint16
+{
+    Dispensed,
+    Degree,
+    Undated,
+    Elsewhere,
+    OutOfPeriod,
+    OutOfBooks,
+    UnknownParents
+};
+
+constexpr const char* counts[] = {
+    "dispensa", "grau", "sem data", "noutra paróquia", "fora do período", "fora dos livros", "pais desconhecidos"};
+
+constexpr Reason leftOut[] = {{Undated, reasons::noMarriage},
+                              {Elsewhere, reasons::notLocal},
+                              {OutOfPeriod, reasons::outsidePeriod},
+                              {OutOfBooks, reasons::outsideBooks},
+                              {UnknownParents, "só pelos graus: sem pai ou mãe de um dos cônjuges"}};
+
+constexpr qint32 any = Reading::any;
+constexpr int farthest = 4; // canonical degrees: the prohibitions went so far
+
+// Each ancestor with the generations up to them, the fewest; the person with none.
+using Ancestors = std::map<const Person*, int>;
+
+void gather(const Person* person, int generation, Ancestors& ancestors)
+{
+    if (!person || generation > farthest) return;
+    const auto [place, isNew] = ancestors.try_emplace(person, generation);
+    if (!isNew && place->second <= generation) return;
+    place->second = generation;
+    gather(person->father(), generation + 1, ancestors);
+    gather(person->mother(), generation + 1, ancestors);
+}
+
+// By the canon law: the generations of the longer side to the nearest common ancestor; 0 where none is known.
+int degreeOf(const Person& one, const Person& other)
+{
+    Ancestors his, hers;
+    gather(&one, 0, his);
+    gather(&other, 0, hers);
+    int degree = 0;
+    for (const auto& [ancestor, generation] : his) {
+        const auto shared = hers.find(ancestor);
+        if (shared == hers.end()) continue;
+        const int longer = std::max({1, generation, shared->second});
+        if (degree == 0 || longer < degree) degree = longer;
+    }
+    return degree;
+}
+
+bool hasBothParents(const Person& person)
+{
+    return person.father() && person.mother();
+}
+
+void fill(const Study& study, const Share& share, Taker& taker)
+{
+    const auto families = study.parish.families();
+    for (std::size_t i = share.firstFamily; i < share.lastFamily; ++i) {
+        const Family& family = families[i];
+        if (!isTaken(family, study, Undated, taker)) continue;
+        const auto add = [&](Count which, const Reading::At& at) { taker.count({which, at}, {nullptr, &family}); };
+        const qint32 period = periodOf(family.marriage.year(), study.settings);
+        add(Dispensed, {period, family.kinDispensed ? 1 : 0});
+        if (!family.husband || !family.wife || !hasBothParents(*family.husband) || !hasBothParents(*family.wife))
+            add(UnknownParents, {});
+        else
+            add(Degree, {period, degreeOf(*family.husband, *family.wife)});
+    }
+}
+
+Table dispensations(const Reading& reading, const Settings& settings)
+{
+    Table table{"dispensas",
+                "Dispensas de parentesco ditas nas notas",
+                {textColumn("Casados em"), countColumn("Casamentos"), countColumn("Com dispensa"),
+                 decimalColumn("Com dispensa, em 100", "%")},
+                {},
+                {"Um mínimo: só as que se transcreveram nas notas do casamento."}};
+    for (const auto& [period, name] : periodsOf(reading, {Dispensed}, settings)) {
+        const Reading::Part all = reading.part(Dispensed, {period, any, any, any});
+        const Reading::Part with = reading.part(Dispensed, {period, 1, any, any});
+        table.rows.push_back({report::text(name), counted(all), counted(with), percent(with, all)});
+    }
+    return table;
+}
+
+Table degrees(const Reading& reading, const Settings& settings)
+{
+    Table table{"graus",
+                "Consanguinidade pelos antepassados ligados",
+                {textColumn("Casados em"), countColumn("Casamentos de pais conhecidos")},
+                {},
+                {"Grau canónico do antepassado comum mais próximo. Um mínimo: os antepassados que faltam na base não "
+                 "mostram parentesco."}};
+    for (int degree = 1; degree <= farthest; ++degree)
+        table.columns.push_back(countColumn(QString("%1.º grau").arg(degree)));
+    table.columns.push_back(countColumn("Sem parentesco conhecido"));
+    table.columns.push_back(decimalColumn("Até ao 4.º grau, em 100", "%"));
+    for (const auto& [period, name] : periodsOf(reading, {Degree}, settings)) {
+        const Reading::Part all = reading.part(Degree, {period, any, any, any});
+        std::vector<Cell> row = {report::text(name), counted(all)};
+        for (int degree = 1; degree <= farthest; ++degree)
+            row.push_back(counted(reading.part(Degree, {period, degree, any, any})));
+        row.push_back(counted(reading.part(Degree, {period, 0, any, any})));
+        row.push_back(percent(reading.within(Degree, 1, 1, farthest + 1, {period, any, any, any}), all));
+        table.rows.push_back(row);
+    }
+    return table;
+}
+
+std::vector<Figure> figures(const Tally& tally, const Settings& settings)
+{
+    const Reading reading(tally);
+    return {dispensations(reading, settings), degrees(reading, settings), leftOutTable(reading, leftOut)};
+}
+
+} // namespace
+
+const Subject kinEndogamy = {
+    "endogamia-de-parentesco",
+    "Nupcialidade",
+    "Casamentos entre parentes",
+    "Contam-se os casamentos cujas notas dizem uma dispensa de parentesco e, à parte, os graus de consanguinidade que "
+    "os "
+    "antepassados ligados mostram, até ao quarto grau canónico. Ambos são mínimos: o que não se transcreveu ou não se "
+    "ligou não se vê. A afinidade só a dizem as dispensas.",
+    counts,
+    leftOut,
+    fill,
+    figures};
+
+} // namespace study::indicators

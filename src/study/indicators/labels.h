@@ -1,0 +1,16 @@
+// Codes of a BDP with their names, as a tally holds them: what a code means is told by the parish that was counted.
+#pragma once
+
+#include "study/indicators/reading.h"
+
+namespace study::indicators {
+
+// The name, as long as a key can hold it, and the code, which tells names apart that begin alike.
+Reading::At labelled(const QString& name, qint32 code);
+// "Carpinteiro", "Trabalhador de e… (312)", "(312)" for one without a name; "por dizer" for 0 without a name.
+QString labelOf(const Reading::At& at);
+
+// A row for each label of a count, the most frequent first, with its share.
+Table byLabel(const Reading& reading, quint16 count, Table table, const QString& labels, const QString& amounts);
+
+} // namespace study::indicators

@@ -1,0 +1,263 @@
+// Who moved: residences, deaths elsewhere, and those who vanish.
+#include "study/indicators/marriages.h"
+#include "study/indicators/other.h"
+#include "study/indicators/reading.h"
+#include "study/indicators/reasons.h"
+
+#include <algorithm>
+#include <set>
+
+namespace study::indicators {
+
+namespace {
+
+using parish::Date;
+using parish::Gender;
+using parish::Person;
+using parish::Residence;
+using report::Figure;
+
+enum Count : quint16
+{
+    Owners,     // whose, how many places
+    Moves,      // whose, from which class of places, to which
+    Days,       // whose: between the first residence and the last
+    DeathPlace, // cohort, sex, where
+    Fate,       // cohort, sex, what became of who was seen to the 15th birthday
+    NoPlace,
+    NoDate,
+    UnknownBirthplace,
+    UnknownDeathPlace,
+    NoSex,
+    GoneAsChild
+};
+
+constexpr const char* counts[] = {"com residência",
+                                  "mudanças",
+                                  "dias",
+                                  "lugar do óbito",
+                                  "destino",
+                                  "sem lugar",
+                                  "sem data",
+                                  "naturalidade desconhecida",
+                                  "lugar do óbito desconhecido",
+                                  "sexo por determinar",
+                                  "perdido em criança"};
+
+constexpr Reason leftOut[] = {{NoPlace, "residência sem lugar"},
+                              {NoDate, "residência sem data"},
+                              {UnknownBirthplace, "sem lugar de nascimento"},
+                              {UnknownDeathPlace, "natural da paróquia, com óbito sem lugar"},
+                              {NoSex, reasons::unknownSex},
+                              {GoneAsChild, "natural da paróquia que deixa de ser visto antes dos 15 anos"}};
+
+constexpr qint32 any = Reading::any;
+constexpr int grown = 15;
+
+enum Whose : qint32
+{
+    OfAPerson,
+    OfAFamily
+};
+enum Where : qint32
+{
+    Here,
+    Away
+};
+enum Became : qint32
+{
+    Died,    // in the parish or elsewhere
+    Married, // and no death is known
+    Lost
+};
+
+void countResidences(std::span<const Residence> rows, Whose whose, const Study& study, const Who& who, Taker& taker)
+{
+    std::vector<const Residence*> dated;
+    for (const Residence& row : rows) {
+        if (!row.place.isKnown())
+            taker.count({NoPlace, {}}, who);
+        else if (!row.date.isKnown())
+            taker.count({NoDate, {}}, who);
+        else
+            dated.push_back(&row);
+    }
+    if (dated.empty()) return;
+    std::stable_sort(dated.begin(), dated.end(), [](const Residence* one, const Residence* other) {
+        return one->date.middle() < other->date.middle();
+    });
+    std::set<QString> places;
+    for (const Residence* row : dated)
+        places.insert(row->place.level + row->place.code);
+    taker.count({Owners, {whose, static_cast<qint32>(places.size())}}, who);
+    for (std::size_t i = 1; i < dated.size(); ++i) {
+        if (dated[i]->place == dated[i - 1]->place) continue;
+        taker.count({Moves,
+                     {whose, static_cast<qint32>(originOf(dated[i - 1]->place, study)),
+                      static_cast<qint32>(originOf(dated[i]->place, study))}},
+                    who);
+    }
+    const qint64 days = dated.front()->date.middle().daysTo(dated.back()->date.middle());
+    if (days > 0) taker.count({Days, {whose}}, who, days);
+}
+
+Became fateOf(const Person& person)
+{
+    if (person.death.isKnown()) return Died;
+    const bool marries = std::any_of(person.unions.begin(), person.unions.end(), [](const parish::Membership* row) {
+        return row->family && (row->family->marriage.isKnown() || isMarriage(*row->family));
+    });
+    return marries ? Married : Lost;
+}
+
+void countNative(const Person& person, const Study& study, Taker& taker)
+{
+    const Settings& settings = study.settings;
+    if (!person.birth.isKnown() || !settings.period.holds(person.birth.year())) return;
+    if (settings.gender != Gender::Undetermined && settings.gender != person.gender) return;
+    const auto add = [&](Count which, const Reading::At& at = {}) { taker.count({which, at}, {&person, nullptr}); };
+    if (!person.birthPlace.isKnown()) return add(UnknownBirthplace);
+    if (!isIn(person.birthPlace, study.parish.home())) return;
+    if (person.gender == Gender::Undetermined) return add(NoSex);
+    const qint32 cohort = periodOf(person.birth.year(), settings), sex = static_cast<qint32>(person.gender);
+    if (person.death.isKnown()) {
+        if (person.deathPlace.isKnown())
+            add(DeathPlace, {cohort, sex, isIn(person.deathPlace, study.parish.home()) ? Here : Away});
+        else
+            add(UnknownDeathPlace);
+    }
+    const bool diedYoung = person.death.isKnown() && completedYears(person.birth, person.death) < grown;
+    if (diedYoung) return;
+    const observation::Presence& presence = study.presenceOf(person);
+    const Date& last = presence.until.day;
+    if (!last.isKnown() || completedYears(person.birth, last) < grown) return add(GoneAsChild);
+    add(Fate, {cohort, sex, fateOf(person)});
+}
+
+void fill(const Study& study, const Share& share, Taker& taker)
+{
+    const auto people = study.parish.people();
+    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i) {
+        countResidences(people[i].residences, OfAPerson, study, {&people[i], nullptr}, taker);
+        countNative(people[i], study, taker);
+    }
+    const auto families = study.parish.families();
+    for (std::size_t i = share.firstFamily; i < share.lastFamily; ++i)
+        countResidences(families[i].residences, OfAFamily, study, {nullptr, &families[i]}, taker);
+}
+
+// Figures
+
+Table residences(const Reading& reading)
+{
+    Table table{"residencias",
+                "Mudanças de residência",
+                {textColumn("De quem"), countColumn("Nº com residência datada"),
+                 decimalColumn("Lugares diferentes", "média"), countColumn("Mudanças"),
+                 decimalColumn("Anos entre a primeira e a última", "anos"),
+                 decimalColumn("Mudanças por 1000 anos", "‰")},
+                {},
+                {"Mudança: duas residências seguidas em lugares diferentes. Quem tem uma só residência não dá anos."}};
+    for (const auto& [whose, name] : {std::pair{OfAPerson, "pessoas"}, std::pair{OfAFamily, "famílias"}}) {
+        const Reading::Spread places = reading.spread(Owners, 1, {whose, any, any, any});
+        if (places.values.n() == 0) continue;
+        const Reading::Part moved = reading.part(Moves, {whose, any, any, any});
+        const Reading::Part days = reading.part(Days, {whose, any, any, any});
+        const double years = static_cast<double>(days.n) / parish::daysOfAYear;
+        table.rows.push_back({report::text(name), counted({places.values.n(), places.keys}), meanCell(places, 1),
+                              counted(moved), report::number(years, days.keys),
+                              years > 0 ? report::rate(moved.n, years, 1000, moved.keys) : Cell()});
+    }
+    return table;
+}
+
+Table moves(const Reading& reading)
+{
+    Table table{"mudancas", "De onde (linhas) para onde (colunas) se mudaram", {textColumn("De")}, {}, {}};
+    if (reading.sum(Moves) == 0) return table;
+    for (qint32 to = 0; to < origins; ++to)
+        table.columns.push_back(countColumn(told(static_cast<Origin>(to))));
+    for (qint32 from = 0; from < origins; ++from) {
+        std::vector<Cell> row = {report::text(told(static_cast<Origin>(from)))};
+        for (qint32 to = 0; to < origins; ++to)
+            row.push_back(counted(reading.part(Moves, {any, from, to, any})));
+        table.rows.push_back(row);
+    }
+    table.notes << "Pessoas e famílias. Dentro da paróquia: entre lugares dela.";
+    return table;
+}
+
+struct Sex
+{
+    Gender gender;
+    const char* name;
+};
+constexpr Sex sexes[] = {{Gender::Male, "Homens"}, {Gender::Female, "Mulheres"}};
+
+struct Outcome
+{
+    qint32 code;
+    const char* name;
+    bool hasShare;
+};
+
+// For both sexes, by cohort: how many, and of each outcome how many and what share.
+Table byCohort(const Reading& reading, const Settings& settings, quint16 count, Table table,
+               const std::vector<Outcome>& outcomes)
+{
+    table.columns = {textColumn("Nascidos em"), countColumn("Nº")};
+    for (const Outcome& outcome : outcomes) {
+        table.columns.push_back(countColumn(outcome.name));
+        if (outcome.hasShare) table.columns.push_back(decimalColumn(QString(outcome.name) + ", em 100", "%"));
+    }
+    for (const Sex& sex : sexes)
+        for (const auto& [cohort, name] : periodsOf(reading, {count}, settings)) {
+            const auto part = [&](qint32 code) {
+                return reading.part(count, {cohort, static_cast<qint32>(sex.gender), code, any});
+            };
+            if (part(any).n == 0) continue;
+            std::vector<Cell> row = {report::text(QString("%1, %2").arg(sex.name, name.toLower())), counted(part(any))};
+            for (const Outcome& outcome : outcomes) {
+                row.push_back(counted(part(outcome.code)));
+                if (outcome.hasShare) row.push_back(percent(part(outcome.code), part(any)));
+            }
+            table.rows.push_back(row);
+        }
+    return table;
+}
+
+std::vector<Figure> figures(const Tally& tally, const Settings& settings)
+{
+    const Reading reading(tally);
+    const Table deaths{"obitos-fora", "Naturais da paróquia: onde morreram", {}, {}, {"Óbitos de lugar conhecido."}};
+    const Table fates{
+        "destino",
+        "Naturais da paróquia vistos até aos 15 anos: o que foi feito deles",
+        {},
+        {},
+        {"Perdidos: nem casamento nem óbito na base. São um máximo dos que saíram: entre eles há óbitos que "
+         "os livros não têm."}};
+    return {residences(reading), moves(reading),
+            byCohort(reading, settings, DeathPlace, deaths,
+                     {{Here, "Na paróquia", false}, {Away, "Fora da paróquia", true}}),
+            byCohort(reading, settings, Fate, fates,
+                     {{Died, "Com óbito", false}, {Married, "Casados, sem óbito", false}, {Lost, "Perdidos", true}}),
+            leftOutTable(reading, leftOut)};
+}
+
+} // namespace
+
+const Subject mobility = {
+    "mobilidade",
+    "Outros",
+    "Mobilidade",
+    "Contam-se as residências datadas de pessoas e famílias, o lugar do óbito de quem nasceu na paróquia, e quem foi "
+    "visto até aos 15 anos sem que a base lhe dê depois casamento ou óbito. A origem dos cônjuges está na endogamia "
+    "por "
+    "lugar. Um registo diz quem ficou; de quem saiu diz só que deixou de ser visto.",
+    counts,
+    leftOut,
+    fill,
+    figures};
+
+} // namespace study::indicators

@@ -1,0 +1,375 @@
+// From the end of a union to the survivor's next marriage: how long it took, and who married again at all.
+#include "study/indicators/marriages.h"
+#include "study/indicators/nuptiality.h"
+#include "study/indicators/reading.h"
+#include "study/indicators/reasons.h"
+#include "study/statistics/survival.h"
+
+#include <algorithm>
+
+namespace study::indicators {
+
+namespace {
+
+using observation::Union;
+using parish::Date;
+using parish::Family;
+using parish::Gender;
+using parish::Person;
+using report::Chart;
+using report::Figure;
+
+// Of the dimensions: period of the widowhood, sex, age group with children (see groupOf()), days.
+enum Count : quint16
+{
+    Interval, // both days known to a few
+    Again,
+    Left,
+    NoUnion,
+    OpenUnion,
+    OutOfPeriod,
+    NoSurvivor,
+    UndatedMarriage,
+    NotSeen,
+    NotByMonth
+};
+
+constexpr const char* counts[] = {"intervalo",        "novo casamento",  "saída de observação", "sem casal",
+                                  "união aberta",     "fora do período", "sem sobrevivente",    "casamento sem data",
+                                  "não visto depois", "só o ano"};
+
+constexpr Reason leftOut[] = {{NoUnion, "só um cônjuge conhecido, ou sexos por determinar"},
+                              {OpenUnion, reasons::openUnion},
+                              {OutOfPeriod, reasons::outsidePeriod},
+                              {NoSurvivor, "não se sabe quem sobreviveu"},
+                              {UndatedMarriage, "outra união do sobrevivente sem data"},
+                              {NotSeen, "sem notícia do sobrevivente depois da viuvez"},
+                              {NotByMonth, "só no intervalo em meses: de uma das datas só se sabe o ano"}};
+
+constexpr qint32 any = Reading::any;
+constexpr int agesByChildren = 10; // group = age × 10 + children
+constexpr int yearsOfADependent = 15;
+
+enum Age : qint32
+{
+    UnknownAge,
+    Under30,
+    From30,
+    From40,
+    From50
+};
+enum Children : qint32
+{
+    WithoutChildren,
+    WithChildren
+};
+
+Age ageOf(const Person& person, const Date& at)
+{
+    if (!person.birth.isKnown() || person.birth.middle() > at.middle()) return UnknownAge;
+    const int years = completedYears(person.birth, at);
+    if (years < 30) return Under30;
+    if (years < 40) return From30;
+    return years < 50 ? From40 : From50;
+}
+
+bool isDependent(const Person& child, const Date& at)
+{
+    if (!child.birth.isKnown() || child.birth.middle() > at.middle()) return false;
+    if (child.death.isKnown() && child.death.middle() <= at.middle()) return false;
+    return completedYears(child.birth, at) < yearsOfADependent;
+}
+
+qint32 groupOf(const Person& survivor, const Family& family, const Date& at)
+{
+    const bool has = std::any_of(family.children.begin(), family.children.end(),
+                                 [&at](const Person* child) { return isDependent(*child, at); });
+    return ageOf(survivor, at) * agesByChildren + (has ? WithChildren : WithoutChildren);
+}
+
+// The other of the two, where the end is the death of just one.
+const Person* survivorOf(const Union& union_)
+{
+    const Person* const husband = union_.family->husband;
+    const Person* const wife = union_.family->wife;
+    const bool his = husband->death == union_.end, hers = wife->death == union_.end;
+    if (his == hers) return nullptr;
+    return his ? wife : husband;
+}
+
+struct Next
+{
+    Date marriage = {};
+    bool isUndated = false; // there is another union, and it may be the next one
+};
+
+Next nextOf(const Person& survivor, const Union& union_)
+{
+    Next next;
+    for (const parish::Membership* row : survivor.unions) {
+        const Family* const family = row->family;
+        if (!family || family == union_.family || !family->husband || !family->wife) continue;
+        const Date& day = family->marriage;
+        if (!day.isKnown())
+            next.isUndated = true;
+        else if (day.middle() >= union_.end.middle() && !next.marriage.isKnown())
+            next.marriage = day;
+    }
+    return next;
+}
+
+qint32 daysFrom(const Date& from, const Date& to)
+{
+    return static_cast<qint32>(std::max<qint64>(0, from.middle().daysTo(to.middle())));
+}
+
+void count(const Union& union_, const Study& study, Taker& taker)
+{
+    const Family* const family = union_.family;
+    const auto leave = [&](Count reason, const Person* who) { taker.count({reason, {}}, {who, family}); };
+    if (!union_.isUnion()) return leave(NoUnion, nullptr);
+    if (!union_.isClosed()) return leave(OpenUnion, nullptr);
+    if (!study.settings.period.holds(union_.end.year())) return leave(OutOfPeriod, nullptr);
+    const Person* const survivor = survivorOf(union_);
+    if (!survivor || survivor->gender == Gender::Undetermined) return leave(NoSurvivor, survivor);
+    if (study.settings.gender != Gender::Undetermined && study.settings.gender != survivor->gender) return;
+    const Next next = nextOf(*survivor, union_);
+    if (next.isUndated && !next.marriage.isKnown()) return leave(UndatedMarriage, survivor);
+    const Date seen = study.presenceOf(*survivor).aliveUntil.day;
+    const Date& until = next.marriage.isKnown() ? next.marriage : seen;
+    if (!until.isKnown() || until.middle() < union_.end.middle()) return leave(NotSeen, survivor);
+    const Reading::At at = {periodOf(union_.end.year(), study.settings), static_cast<qint32>(survivor->gender),
+                            groupOf(*survivor, *family, union_.end), daysFrom(union_.end, until)};
+    if (!next.marriage.isKnown()) return taker.count({Left, at}, {survivor, family});
+    taker.count({Again, at}, {survivor, family});
+    const auto isYear = [](const Date& day) { return day.precision == parish::Precision::Year; };
+    if (isYear(union_.end) || isYear(next.marriage)) return leave(NotByMonth, survivor);
+    taker.count({Interval, at}, {survivor, family});
+}
+
+void fill(const Study& study, const Share& share, Taker& taker)
+{
+    for (std::size_t i = share.firstFamily; i < share.lastFamily; ++i)
+        count(study.unions[i], study, taker);
+}
+
+// Figures
+
+struct Group
+{
+    QString name;
+    qint32 sex = any;
+    std::vector<qint32> codes = {any}; // of groupOf()
+    qint32 period = any;
+};
+
+std::vector<Group> groupsFor(qint32 sex, const char* people)
+{
+    std::vector<Group> groups = {{people, sex}};
+    static constexpr const char* ages[] = {"idade desconhecida", "menos de 30 anos", "30–39 anos", "40–49 anos",
+                                           "50 anos e mais"};
+    const auto named = [people](const char* what) { return QString("%1, %2").arg(people, what); };
+    for (const qint32 age : {Under30, From30, From40, From50, UnknownAge})
+        groups.push_back(
+            {named(ages[age]), sex, {age * agesByChildren + WithoutChildren, age * agesByChildren + WithChildren}});
+    for (const auto& [children, name] : {std::pair{WithChildren, "com filhos menores de 15 anos"},
+                                         std::pair{WithoutChildren, "sem filhos menores de 15 anos"}})
+    {
+        Group group{named(name), sex, {}};
+        for (qint32 age = UnknownAge; age <= From50; ++age)
+            group.codes.push_back(age * agesByChildren + children);
+        groups.push_back(group);
+    }
+    return groups;
+}
+
+std::vector<Group> allGroups(const Reading& reading, const Settings& settings)
+{
+    constexpr auto male = static_cast<qint32>(Gender::Male), female = static_cast<qint32>(Gender::Female);
+    std::vector<Group> all = groupsFor(male, "Viúvos");
+    for (const Group& group : groupsFor(female, "Viúvas"))
+        all.push_back(group);
+    for (const auto& [period, name] : periodsOf(reading, {Again, Left}, settings))
+        if (period != any) {
+            all.push_back({"Viúvos de " + name, male, {any}, period});
+            all.push_back({"Viúvas de " + name, female, {any}, period});
+        }
+    return all;
+}
+
+Reading::Spread spreadOf(const Reading& reading, quint16 which, const Group& group)
+{
+    std::map<qint32, qint64> days;
+    Reading::Spread all;
+    for (const qint32 code : group.codes) {
+        const Reading::Spread part = reading.spread(which, 3, {group.period, group.sex, code, any});
+        for (const auto& [day, n] : part.values.counts())
+            days[day] += n;
+        all.keys.insert(all.keys.end(), part.keys.begin(), part.keys.end());
+    }
+    all.values = statistics::Distribution(std::move(days));
+    return all;
+}
+
+constexpr double daysOfAMonth = parish::daysOfAYear / 12;
+
+// Within so many months: the day that completes them counts in.
+qint32 lastDayOf(int months)
+{
+    return static_cast<qint32>(months * daysOfAMonth + 0.5);
+}
+
+Table intervals(const Reading& reading, const std::vector<Group>& groups)
+{
+    Table table{"intervalos",
+                "Da viuvez ao novo casamento: quem voltou a casar",
+                {textColumn("Grupo"), countColumn("Nº"), decimalColumn("Mediana", "meses"),
+                 decimalColumn("1.º quartil", "meses"), decimalColumn("3.º quartil", "meses"),
+                 decimalColumn("Média", "meses")},
+                {},
+                {"Só de quem voltou a casar: nada diz de quantos o fizeram. O mês tem 30,4375 dias."}};
+    constexpr int limits[] = {3, 6, 12, 24};
+    for (const int months : limits)
+        table.columns.push_back(decimalColumn(QString("Até %1 meses").arg(months), "%"));
+    for (const Group& group : groups) {
+        const Reading::Spread days = spreadOf(reading, Interval, group);
+        if (days.values.n() == 0) continue;
+        const Reading::Part all{days.values.n(), days.keys};
+        std::vector<Cell> row = {report::text(group.name),
+                                 counted(all),
+                                 medianCell(days, daysOfAMonth),
+                                 quantileCell(days, 0.25, daysOfAMonth),
+                                 quantileCell(days, 0.75, daysOfAMonth),
+                                 meanCell(days, daysOfAMonth)};
+        for (const int months : limits) {
+            Reading::Part within;
+            for (const qint32 code : group.codes)
+                within += reading.within(Interval, 3, 0, lastDayOf(months) + 1, {group.period, group.sex, code, any});
+            row.push_back(percent(within, all));
+        }
+        table.rows.push_back(row);
+    }
+    return table;
+}
+
+struct Curve
+{
+    std::vector<statistics::Step> steps = {};
+    qint64 atStart = 0, again = 0;
+    qint32 last = 0; // day on which somebody is still seen
+    std::vector<Key> keys = {};
+};
+
+Curve curveOf(const Reading& reading, const Group& group)
+{
+    const Reading::Spread again = spreadOf(reading, Again, group), left = spreadOf(reading, Left, group);
+    std::map<qint32, statistics::Exits> exits;
+    for (const auto& [day, n] : again.values.counts())
+        exits[day].events += n;
+    for (const auto& [day, n] : left.values.counts())
+        exits[day].left += n;
+    Curve curve;
+    curve.atStart = again.values.n() + left.values.n();
+    curve.again = again.values.n();
+    if (curve.atStart == 0) return curve;
+    curve.steps = statistics::kaplanMeier(exits, curve.atStart);
+    curve.last = exits.rbegin()->first;
+    curve.keys = again.keys;
+    curve.keys.insert(curve.keys.end(), left.keys.begin(), left.keys.end());
+    return curve;
+}
+
+// The share who have remarried until then, in %. Nothing where nobody is followed so long, unless all have remarried.
+Cell remarriedUntil(const Curve& curve, qint32 day)
+{
+    static constexpr qint64 leastBase = 20;
+    const double survival = statistics::survivalAt(curve.steps, day);
+    if (day > curve.last && survival > 0) return {};
+    Cell cell = report::number((1 - survival) * 100, curve.keys);
+    if (const auto interval = statistics::survivalIntervalAt(curve.steps, day))
+        cell.interval = statistics::Interval{(1 - interval->high) * 100, (1 - interval->low) * 100};
+    if (curve.atStart < leastBase) cell.standing = report::Standing::Grey;
+    return cell;
+}
+
+Table chances(const Reading& reading, const std::vector<Group>& groups)
+{
+    Table table{"probabilidades",
+                "Probabilidade de voltar a casar (Kaplan–Meier)",
+                {textColumn("Grupo"), countColumn("Nº em observação"), countColumn("Voltaram a casar")},
+                {},
+                {"Da viuvez ao novo casamento; quem não casou sai na morte ou na última notícia de vida. Conta também "
+                 "quem nunca voltou a casar.",
+                 "“Alguma vez” é um mínimo: até onde alguém foi seguido."}};
+    constexpr int limits[] = {12, 24, 60, 120};
+    for (const int months : limits)
+        table.columns.push_back(decimalColumn(QString("Até %1 meses").arg(months), "%"));
+    table.columns.push_back(decimalColumn("Alguma vez", "%"));
+    for (const Group& group : groups) {
+        const Curve curve = curveOf(reading, group);
+        if (curve.atStart == 0) continue;
+        std::vector<Cell> row = {report::text(group.name), report::number(curve.atStart, curve.keys),
+                                 report::number(curve.again, curve.keys)};
+        for (const int months : limits)
+            row.push_back(remarriedUntil(curve, lastDayOf(months)));
+        row.push_back(remarriedUntil(curve, curve.last));
+        table.rows.push_back(row);
+    }
+    return table;
+}
+
+Chart curves(const Reading& reading)
+{
+    Chart chart{"por-casar",
+                "Viúvos e viúvas por voltar a casar",
+                report::Drawing::Steps,
+                "anos de viuvez",
+                "ainda por casar (%)",
+                {},
+                {},
+                {}};
+    QStringList words;
+    for (const auto& [sex, name] : {std::pair{Gender::Male, "Viúvos"}, std::pair{Gender::Female, "Viúvas"}}) {
+        const Curve curve = curveOf(reading, {name, static_cast<qint32>(sex)});
+        if (curve.atStart == 0) continue;
+        report::Plot plot{name, {{0, 100, {}}}};
+        for (const statistics::Step& step : curve.steps) {
+            report::Point point{step.time / parish::daysOfAYear, step.survival * 100, {}};
+            if (step.interval)
+                point.interval = statistics::Interval{step.interval->low * 100, step.interval->high * 100};
+            plot.points.push_back(point);
+        }
+        const double left = statistics::survivalAt(curve.steps, curve.last) * 100;
+        plot.points.push_back({curve.last / parish::daysOfAYear, left, {}});
+        words << QString("%1: %2 % por casar no fim da observação.").arg(name, decimalComma(left, 0));
+        chart.plots.push_back(plot);
+    }
+    chart.described = words.join(' ');
+    return chart;
+}
+
+std::vector<Figure> figures(const Tally& tally, const Settings& settings)
+{
+    const Reading reading(tally);
+    const std::vector<Group> groups = allGroups(reading, settings);
+    std::vector<Figure> all = {intervals(reading, groups), chances(reading, groups)};
+    if (const Chart chart = curves(reading); !chart.isEmpty()) all.emplace_back(chart);
+    all.emplace_back(leftOutTable(reading, leftOut));
+    return all;
+}
+
+} // namespace
+
+const Subject remarriage = {
+    "novo-casamento",
+    "Nupcialidade",
+    "Novo casamento dos viúvos",
+    "Contam-se as uniões cujo fim se conhece e de que se sabe quem sobreviveu. A probabilidade segue todos os viúvos, "
+    "desde a viuvez até ao novo casamento, à morte ou à última notícia de vida. O intervalo médio dos que voltaram a "
+    "casar nada diz dos outros: leiam-se os dois.",
+    counts,
+    leftOut,
+    fill,
+    figures};
+
+} // namespace study::indicators

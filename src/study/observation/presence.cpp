@@ -1,0 +1,449 @@
+#include "study/observation/presence.h"
+
+#include "study/parish/codes.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace study::observation {
+
+using parish::Assistance;
+using parish::Date;
+using parish::Family;
+using parish::Home;
+using parish::Membership;
+using parish::Person;
+using parish::Place;
+
+namespace {
+
+// Marks. Dates compare by their middles.
+
+bool isBefore(const Date& one, const Date& other)
+{
+    return one.middle() < other.middle();
+}
+
+void takeLater(Mark& mark, const Date& day, Proof by)
+{
+    if (day.isKnown() && (!mark.day.isKnown() || isBefore(mark.day, day))) mark = {day, by};
+}
+
+void takeLater(Mark& mark, const Mark& other)
+{
+    takeLater(mark, other.day, other.by);
+}
+
+void takeEarlier(Mark& mark, const Mark& other)
+{
+    if (other.day.isKnown() && (!mark.day.isKnown() || isBefore(other.day, mark.day))) mark = other;
+}
+
+Date exactly(QDate day)
+{
+    return parish::dateOf(day, true);
+}
+
+// Places. An act whose place isn't told was written in the parish's own books; a residence has to be told.
+
+bool isLocalAct(const Place& place, const Home& home)
+{
+    return !place.isKnown() || home.code.isEmpty() || isIn(place, home);
+}
+
+bool isLocalResidence(const Place& place, const Home& home)
+{
+    return place.isKnown() && (home.code.isEmpty() || isIn(place, home));
+}
+
+bool isBornHere(const Person& person, const Home& home)
+{
+    return person.birth.isKnown() && isLocalAct(person.birthPlace, home);
+}
+
+bool diedHere(const Person& person, const Home& home)
+{
+    return person.death.isKnown() && isLocalAct(person.deathPlace, home);
+}
+
+// Where somebody is said to live, in the order of the days.
+class Residences
+{
+public:
+    Residences(const Person& person, const Home& home)
+    {
+        add(person.residences, home);
+        for (const Membership* row : person.unions)
+            if (row->family) add(row->family->residences, home);
+        std::ranges::sort(stays_, {}, &Stay::day);
+    }
+
+    // By the last row until then.
+    bool isResident(const Date& at) const
+    {
+        const auto behind = std::ranges::upper_bound(stays_, at.day, {}, &Stay::day);
+        return behind != stays_.begin() && std::prev(behind)->local;
+    }
+    Mark first() const
+    {
+        const auto stay = std::ranges::find_if(stays_, &Stay::local);
+        return stay == stays_.end() ? Mark() : Mark{stay->date, Proof::Residence};
+    }
+    Mark last() const
+    {
+        const auto stay = std::find_if(stays_.rbegin(), stays_.rend(), [](const Stay& one) { return one.local; });
+        return stay == stays_.rend() ? Mark() : Mark{stay->date, Proof::Residence};
+    }
+
+private:
+    struct Stay
+    {
+        qint32 day = 0;
+        bool local = false;
+        Date date = {};
+    };
+    void add(std::span<const parish::Residence> rows, const Home& home)
+    {
+        for (const parish::Residence& row : rows)
+            if (row.date.isKnown()) stays_.push_back({row.date.day, isLocalResidence(row.place, home), row.date});
+    }
+    std::vector<Stay> stays_ = {};
+};
+
+template <class Row>
+Mark lastOf(std::span<const Row> rows, Proof by) // in the order of their dates
+{
+    return rows.empty() || !rows.back().date.isKnown() ? Mark() : Mark{rows.back().date, by};
+}
+
+// What a person's own rows prove.
+struct OwnMarks
+{
+    Mark firstResidence = {};
+    Mark lived = {};    // last row that shows the person living here; marriages and children stand apart
+    Mark marriage = {}; // last one in the parish
+};
+
+Mark lastAssistanceOfAResident(const Person& person, const Residences& residences)
+{
+    const auto proves = [&](const Assistance* row) { return row->date.isKnown() && residences.isResident(row->date); };
+    const auto row = std::find_if(person.assisted.rbegin(), person.assisted.rend(), proves);
+    return row == person.assisted.rend() ? Mark() : Mark{(*row)->date, Proof::Assistance};
+}
+
+OwnMarks ownMarks(const Person& person, const Home& home)
+{
+    const Residences residences(person, home);
+    OwnMarks marks;
+    marks.firstResidence = residences.first();
+    marks.lived = residences.last();
+    takeLater(marks.lived, lastOf(person.professions, Proof::Profession));
+    takeLater(marks.lived, lastOf(person.signatures, Proof::Signature));
+    takeLater(marks.lived, lastOf(person.passports, Proof::Passport));
+    takeLater(marks.lived, lastAssistanceOfAResident(person, residences));
+    for (const Membership* row : person.unions)
+        if (row->family && isLocalAct(row->family->place, home))
+            takeLater(marks.marriage, row->family->marriage, Proof::Marriage);
+    return marks;
+}
+
+// Children.
+
+// Who has married has a home of their own.
+bool hasMarried(const Person& person)
+{
+    return std::ranges::any_of(person.unions, [](const Membership* row) {
+        return row->family && (row->family->marriage.isKnown() || isMarried(*row->family));
+    });
+}
+
+constexpr int endOfChildhood = 15;
+
+bool diedAsAChild(const Person& person)
+{
+    if (person.birth.isKnown()) return completedYears(person.birth, person.death) < endOfChildhood;
+    return person.ageAtDeath ? *person.ageAtDeath < endOfChildhood : person.minor.value_or(false);
+}
+
+// Of a child: what it shows of its parents. One that is grown up may be buried without them.
+Mark lastOfChild(const Person& child, const Home& home)
+{
+    Mark mark;
+    if (isBornHere(child, home)) takeLater(mark, child.birth, Proof::ChildBorn);
+    if (diedHere(child, home) && diedAsAChild(child)) takeLater(mark, child.death, Proof::ChildBuried);
+    return mark;
+}
+
+// A father need not have seen a posthumous child.
+bool isPosthumousOf(const Person* parent, const Person& child, const Family& family)
+{
+    return parent == family.husband && child.filiation == parish::filiation::posthumous;
+}
+
+Mark lastOfChildren(const Person& parent, const Family& family, const Home& home)
+{
+    Mark mark;
+    for (const Person* child : family.children)
+        if (!isPosthumousOf(&parent, *child, family)) takeLater(mark, lastOfChild(*child, home));
+    return mark;
+}
+
+Mark lastOfChildren(const Person& parent, const Home& home)
+{
+    Mark mark;
+    for (const Membership* row : parent.unions)
+        if (row->family) takeLater(mark, lastOfChildren(parent, *row->family, home));
+    return mark;
+}
+
+// The family of a child.
+
+std::vector<const Person*> parentsOf(const Family& family)
+{
+    std::vector<const Person*> parents;
+    for (const Person* one : {family.husband, family.wife})
+        if (one) parents.push_back(one);
+    return parents;
+}
+
+// A marriage of a brother or a sister shows the parents here where they are said to live here then.
+void takeMarriages(Mark& mark, const Person& sibling, const std::vector<const Person*>& parents, const Home& home)
+{
+    for (const Membership* row : sibling.unions) {
+        if (!row->family || !row->family->marriage.isKnown() || !isLocalAct(row->family->place, home)) continue;
+        const Date& day = row->family->marriage;
+        if (mark.day.isKnown() && !isBefore(mark.day, day)) continue;
+        const auto isResident = [&](const Person* parent) { return Residences(*parent, home).isResident(day); };
+        if (std::ranges::any_of(parents, isResident)) mark = {day, Proof::Sibling};
+    }
+}
+
+void takeSiblings(Mark& mark, const Person& child, const std::vector<const Person*>& parents, const Home& home)
+{
+    for (const Person* sibling : child.origin->children) {
+        if (sibling == &child) continue;
+        if (isBornHere(*sibling, home)) takeLater(mark, sibling->birth, Proof::Sibling);
+        if (diedHere(*sibling, home) && !hasMarried(*sibling)) takeLater(mark, sibling->death, Proof::Sibling);
+        takeMarriages(mark, *sibling, parents, home);
+    }
+}
+
+// A parent's own rows, and the children of other unions.
+Mark lastOfParent(const Person& parent, const Family& family, const Home& home)
+{
+    if (diedHere(parent, home)) return {parent.death, Proof::Death};
+    const OwnMarks own = ownMarks(parent, home);
+    Mark mark = own.lived;
+    takeLater(mark, own.marriage);
+    for (const Membership* row : parent.unions)
+        if (row->family && row->family != &family)
+            takeLater(mark, lastOfChildren(parent, *row->family, home).day, Proof::Sibling);
+    const bool typed = parent.observedUntil.isValid() && parent.observedUntil != parent.death.date();
+    if (typed) takeLater(mark, exactly(parent.observedUntil), Proof::Researcher);
+    return mark;
+}
+
+// No home is left behind the last death of the parents; unknown where not all are known.
+Date endOfHome(const std::vector<const Person*>& parents)
+{
+    Date end;
+    for (const Person* parent : parents) {
+        if (!parent->death.isKnown()) return {};
+        if (!end.isKnown() || isBefore(end, parent->death)) end = parent->death;
+    }
+    return end;
+}
+
+Mark lastOfFamily(const Person& child, const Union& its, const Home& home)
+{
+    const Family& family = *its.family;
+    const auto parents = parentsOf(family);
+    if (parents.empty()) return {};
+    Mark mark;
+    for (const Person* parent : parents)
+        takeLater(mark, lastOfParent(*parent, family, home));
+    takeLater(mark, exactly(family.observedUntil), Proof::Researcher);
+    const Date end = endOfHome(parents);
+    if (!end.isKnown() || mark.day != end) takeSiblings(mark, child, parents, home);
+    if (end.isKnown() && mark.day.isKnown() && isBefore(end, mark.day)) mark = {end, Proof::Death};
+    if (its.isClosed() && mark.by == Proof::Death && mark.day == its.end) mark.by = Proof::Spouse;
+    return mark;
+}
+
+// People.
+
+class Observer
+{
+public:
+    Observer(const parish::Snapshot& parish, const std::vector<Union>& unions)
+        : parish_(parish), home_(parish.home()), unions_(unions)
+    {
+    }
+
+    Presence presence(const Person& person) const
+    {
+        const Mark death{person.death, Proof::Death};
+        Presence presence;
+        if (isBornHere(person, home_) && diedHere(person, home_)) { // most people: no other row is asked
+            presence = {{person.birth, Proof::Birth}, death, death};
+        } else {
+            const OwnMarks own = ownMarks(person, home_);
+            const Mark children = lastOfChildren(person, home_);
+            presence.aliveUntil = person.death.isKnown() ? death : lastAlive(person, own, children);
+            presence.from = begin(person, own);
+            if (presence.from.day.isKnown()) presence.until = end(person, own, children, presence.from);
+        }
+        if (presence.isObserved()) restrict(presence, person);
+        return presence;
+    }
+
+    Mark familyEnd(const Person& child) const
+    {
+        if (!child.origin) return {};
+        const auto place = static_cast<std::size_t>(child.origin - parish_.families().data());
+        const Mark mark = lastOfFamily(child, unions_[place], home_);
+        const bool proves = mark.day.isKnown() && !(child.birth.isKnown() && isBefore(mark.day, child.birth));
+        return proves ? mark : Mark();
+    }
+
+private:
+    Mark begin(const Person& person, const OwnMarks& own) const
+    {
+        if (isBornHere(person, home_)) return {person.birth, Proof::Birth};
+        Mark mark = own.firstResidence;
+        for (const Membership* row : person.unions)
+            if (row->family && isLocalAct(row->family->place, home_) && livesHere(*row->family))
+                takeEarlier(mark, {row->family->marriage, Proof::Marriage});
+        return mark;
+    }
+
+    // Whether a couple stayed where it was married: an act behind the marriage shows one of them, or a child.
+    bool livesHere(const Family& family) const
+    {
+        const Date& marriage = family.marriage;
+        const auto shows = [&](const Mark& mark) { return mark.day.isKnown() && isBefore(marriage, mark.day); };
+        const auto isShown = [&](const Person* one) {
+            return (diedHere(*one, home_) && isBefore(marriage, one->death)) ||
+                   shows(lastOfChildren(*one, family, home_)) || shows(ownMarks(*one, home_).lived) ||
+                   Residences(*one, home_).isResident(marriage);
+        };
+        return marriage.isKnown() && std::ranges::any_of(parentsOf(family), isShown);
+    }
+
+    Mark end(const Person& person, const OwnMarks& own, const Mark& children, const Mark& from) const
+    {
+        if (diedHere(person, home_)) return {person.death, Proof::Death};
+        Mark mark = from;
+        takeLater(mark, own.lived);
+        takeLater(mark, own.marriage);
+        takeLater(mark, children);
+        if (from.by == Proof::Birth && isBefore(mark.day, childhoodEnd(person))) mark = endOfAChild(person, from);
+        if (person.death.isKnown() && isBefore(person.death, mark.day)) mark = {person.death, mark.by};
+        return mark;
+    }
+
+    static Date childhoodEnd(const Person& person) { return exactly(birthday(person.birth, endOfChildhood)); }
+
+    // A child is seen as long as its family is, and leaves it as it grows up.
+    Mark endOfAChild(const Person& person, const Mark& birth) const
+    {
+        Mark mark = familyEnd(person);
+        if (!mark.day.isKnown()) return birth;
+        const Date grown = childhoodEnd(person);
+        return {isBefore(grown, mark.day) ? grown : mark.day, Proof::Parents};
+    }
+
+    static Mark lastAlive(const Person& person, const OwnMarks& own, const Mark& children)
+    {
+        Mark mark{person.birth, person.birth.isKnown() ? Proof::Birth : Proof::None};
+        takeLater(mark, own.lived);
+        takeLater(mark, children);
+        takeLater(mark, lastOf(person.residences, Proof::Residence));
+        if (!person.assisted.empty()) takeLater(mark, person.assisted.back()->date, Proof::Assistance);
+        for (const Membership* row : person.unions)
+            if (row->family) takeLater(mark, lifeInFamily(person, *row->family));
+        return mark;
+    }
+
+    // Marriage and children, wherever.
+    static Mark lifeInFamily(const Person& person, const Family& family)
+    {
+        Mark mark;
+        takeLater(mark, family.marriage, Proof::Marriage);
+        for (const Person* child : family.children)
+            if (!isPosthumousOf(&person, *child, family)) takeLater(mark, child->birth, Proof::ChildBorn);
+        return mark;
+    }
+
+    // The card fills its limits with birth and death: these say nothing. Others were typed.
+    static void restrict(Presence& presence, const Person& person)
+    {
+        const Date from = exactly(person.observedFrom);
+        const Date until = exactly(person.observedUntil);
+        if (from.isKnown() && from.day != person.birth.day && isBefore(presence.from.day, from))
+            presence.from = {from, Proof::Researcher};
+        if (until.isKnown() && until.day != person.death.day && isBefore(until, presence.until.day))
+            presence.until = {until, Proof::Researcher};
+        if (isBefore(presence.until.day, presence.from.day)) presence.from = presence.until = {};
+    }
+
+    const parish::Snapshot& parish_;
+    const Home& home_;
+    const std::vector<Union>& unions_;
+};
+
+} // namespace
+
+std::vector<Presence> presencesOf(const parish::Snapshot& parish, const std::vector<Union>& unions)
+{
+    const Observer observer(parish, unions);
+    std::vector<Presence> presences;
+    presences.reserve(parish.people().size());
+    for (const Person& person : parish.people())
+        presences.push_back(observer.presence(person));
+    return presences;
+}
+
+Mark familyEndFor(const Person& child, const parish::Snapshot& parish, const std::vector<Union>& unions)
+{
+    return Observer(parish, unions).familyEnd(child);
+}
+
+QString told(Proof proof)
+{
+    switch (proof) {
+    case Proof::None:
+        return {};
+    case Proof::Birth:
+        return "nascimento";
+    case Proof::Marriage:
+        return "casamento";
+    case Proof::ChildBorn:
+        return "nascimento de um filho";
+    case Proof::ChildBuried:
+        return "óbito de um filho";
+    case Proof::Residence:
+        return "residência";
+    case Proof::Profession:
+        return "profissão";
+    case Proof::Signature:
+        return "assinatura";
+    case Proof::Assistance:
+        return "assistência a um acto";
+    case Proof::Passport:
+        return "passaporte";
+    case Proof::Death:
+        return "óbito";
+    case Proof::Parents:
+        return "presença dos pais";
+    case Proof::Spouse:
+        return "primeiro óbito do casal";
+    case Proof::Sibling:
+        return "acto de um irmão";
+    case Proof::Researcher:
+        return "limite escrito na ficha";
+    }
+    return {};
+}
+
+} // namespace study::observation

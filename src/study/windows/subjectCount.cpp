@@ -1,0 +1,55 @@
+#include "study/windows/subjectCount.h"
+
+#include <algorithm>
+
+namespace study {
+
+namespace {
+
+using indicators::Tally;
+
+constexpr std::size_t pieces = 20, recordsOfAPiece = 5000; // so many at the most, and so few at least
+constexpr unsigned betweenQuestions = 4096;                // counts
+
+class Asking final : public indicators::Taker
+{
+public:
+    explicit Asking(const std::function<bool(double)>& goesOn) : goesOn_(goesOn) {}
+
+    void count(const indicators::Key& key, const indicators::Who&, qint64 amount) override
+    {
+        tally.add(key, amount);
+        if (++counts_ % betweenQuestions == 0) ask();
+    }
+    void ask() const
+    {
+        if (!goesOn_(done)) throw parish::Snapshot::Interrupted{};
+    }
+
+    Tally tally = {};
+    double done = 0;
+
+private:
+    const std::function<bool(double)>& goesOn_;
+    unsigned counts_ = 0;
+};
+
+} // namespace
+
+Tally counted(const indicators::Subject& subject, const indicators::Study& study,
+              const std::function<bool(double done)>& goesOn)
+{
+    const std::size_t people = study.parish.people().size(), families = study.parish.families().size();
+    const std::size_t all = std::clamp<std::size_t>((people + families) / recordsOfAPiece, 1, pieces);
+    Asking asking(goesOn);
+    for (std::size_t turn = 0; turn < all; ++turn) {
+        asking.done = static_cast<double>(turn) / static_cast<double>(all);
+        asking.ask();
+        subject.fill(
+            study, {people * turn / all, people * (turn + 1) / all, families * turn / all, families * (turn + 1) / all},
+            asking);
+    }
+    return std::move(asking.tally);
+}
+
+} // namespace study

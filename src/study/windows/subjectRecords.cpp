@@ -1,0 +1,82 @@
+#include "study/windows/subjectRecords.h"
+
+#include "study/windows/recordSheet.h"
+
+#include <algorithm>
+#include <functional>
+#include <set>
+
+namespace study {
+
+using indicators::Reason;
+using indicators::Study;
+using indicators::Subject;
+using indicators::Who;
+
+namespace {
+
+// Hears for which counts a record is told.
+class Listening final : public indicators::Taker
+{
+public:
+    explicit Listening(std::function<bool(const Who&)> isAsked) : isAsked_(std::move(isAsked)) {}
+
+    void count(const indicators::Key& key, const Who& who, qint64 amount) override
+    {
+        if (amount != 0 && isAsked_(who)) heard.insert(key.count);
+    }
+
+    std::set<quint16> heard = {};
+
+private:
+    std::function<bool(const Who&)> isAsked_;
+};
+
+Verdict verdictOf(const Subject& subject, const Study& study, std::function<bool(const Who&)> isAsked)
+{
+    Listening listening(std::move(isAsked));
+    subject.fill(study, {0, study.parish.people().size(), 0, study.parish.families().size()}, listening);
+    Verdict verdict;
+    for (const quint16 count : listening.heard) {
+        const auto reason = std::ranges::find(subject.reasons, count, &Reason::count);
+        if (reason != subject.reasons.end())
+            verdict.leftOut << QString::fromUtf8(reason->told);
+        else if (count < subject.counts.size())
+            verdict.counted << QString::fromUtf8(subject.counts[count]);
+    }
+    return verdict;
+}
+
+} // namespace
+
+Verdict verdictOn(const Subject& subject, const Study& study, const parish::Person& person)
+{
+    return verdictOf(subject, study, [&person](const Who& who) { return who.person == &person; });
+}
+
+Verdict verdictOn(const Subject& subject, const Study& study, const parish::Family& family)
+{
+    return verdictOf(subject, study, [&family](const Who& who) { return who.family == &family; });
+}
+
+QString told(const Verdict& verdict, const QString& title)
+{
+    QStringList lines{title};
+    if (!verdict.leftOut.isEmpty()) lines << "Fica de fora: " + verdict.leftOut.join("; ") + '.';
+    if (!verdict.counted.isEmpty()) lines << "Conta em: " + verdict.counted.join("; ") + '.';
+    if (lines.size() == 1) lines << "Este tema não trata deste registo: nada nele entra nos números.";
+    return lines.join("\r\n");
+}
+
+QStringList cellsOf(const Who& who)
+{
+    return {who.person ? titleOf(*who.person) : QString(), who.family ? titleOf(*who.family) : QString()};
+}
+
+QString countedRecords(std::size_t count)
+{
+    if (count == 0) return "nenhum registo";
+    return count == 1 ? QString("1 registo") : QString::number(count) + " registos";
+}
+
+} // namespace study

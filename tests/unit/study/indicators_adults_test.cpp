@@ -1,0 +1,159 @@
+// Adults from their marriage to their death, as four estimates see it.
+#include "study/taking.h"
+
+#include "study/indicators/adultLife.h"
+#include "study/indicators/mortality.h"
+
+using namespace study::indicators;
+using taking::keyOf;
+using taking::Shown;
+
+namespace {
+
+constexpr qint32 cohort = 1750, man = 1;
+
+study::parish::Date day(int year, int month = 1, int of = 1)
+{
+    return study::parish::dateOf(QDate(year, month, of), true);
+}
+
+} // namespace
+
+TEST(AdultMortality, OfTheWorkedExampleLeaves37YearsAt20)
+{
+    const std::array<double, 13> years = {410, 380.5, 352, 330, 310.5, 290, 262, 228, 186, 138, 86, 47, 20};
+    const std::array<int, 13> deaths = {4, 4, 4, 4, 4, 5, 6, 7, 9, 10, 10, 8, 6};
+    for (const qint32 estimate : {0, 1, 2, 3}) {
+        Tally tally;
+        tally.add(keyOf(adultMortality, "pessoas", {cohort, man, estimate}), 90);
+        qint32 age = 20;
+        for (std::size_t i = 0; i < years.size(); ++i, age += 5) {
+            tally.add(keyOf(adultMortality, "meios-dias", {cohort, man, estimate, age}), qRound64(years[i] * 730.5));
+            tally.add(keyOf(adultMortality, "obitos", {cohort, man, estimate, age}), deaths[i]);
+        }
+        static constexpr std::array<const char*, 4> ids = {"tabua-fechadas-m", "tabua-minima-m", "tabua-maxima-m",
+                                                           "tabua-censurada-m"};
+        const char* id = ids[static_cast<std::size_t>(estimate)];
+        const Shown shown(adultMortality, tally);
+        EXPECT_NEAR(shown.value(id, "20–24", "5qx"), 47.62, 0.005);
+        EXPECT_NEAR(shown.value(id, "45–49", "5qx"), 82.64, 0.005);
+        EXPECT_NEAR(shown.value(id, "60–64", "5qx"), 215.83, 0.005);
+        EXPECT_NEAR(shown.value(id, "75–79", "5qx"), 597.01, 0.005);
+        EXPECT_NEAR(shown.value(id, "50–54", "Sobreviventes"), 691.07, 0.005);
+        EXPECT_NEAR(shown.value(id, "80 e mais", "Sobreviventes"), 63.61, 0.005);
+        EXPECT_NEAR(shown.value(id, "20–24", "Esperança"), 37.68, 0.005);
+        EXPECT_NEAR(shown.value(id, "60–64", "Esperança"), 11.34, 0.005);
+        EXPECT_NEAR(shown.value(id, "80 e mais", "Esperança"), 3.33, 0.005);
+    }
+}
+
+TEST(AdultMortality, ClosesItsTableWhereNobodyDiesAtTheEnd)
+{
+    Tally tally;
+    for (qint32 age = 20; age <= 80; age += 5) {
+        tally.add(keyOf(adultMortality, "meios-dias", {cohort, man, 0, age}), 100000);
+        if (age < 80) tally.add(keyOf(adultMortality, "obitos", {cohort, man, 0, age}), 2);
+    }
+    const Shown shown(adultMortality, tally);
+    EXPECT_EQ(shown.value("tabua-fechadas-m", "75 e mais", "Óbitos"), 2);
+    EXPECT_EQ(shown.table("tabua-fechadas-m").rows.size(), 12U);
+}
+
+TEST(AdultMortality, GivesNothingOfNothing)
+{
+    for (const auto& figure : adultMortality.figures({}, {})) {
+        const auto* table = std::get_if<study::report::Table>(&figure);
+        EXPECT_TRUE(!table || table->isEmpty() || table->id == "nao-contados") << qPrintable(table->id);
+    }
+}
+
+class Adults : public Counting
+{
+protected:
+    AdultLife lifeOf(qint64 number, const Settings& settings = {}) const
+    {
+        const auto parish = study::parish::Snapshot::read(bdp);
+        const Study study = studyOf(parish, settings);
+        AdultLife life = adultLifeOf(*parish.person(study::parish::PersonNumber(number)), study);
+        life.family = nullptr; // of a parish that is gone
+        return life;
+    }
+    static const End& end(const AdultLife& life, Estimate estimate)
+    {
+        return life.ends[static_cast<std::size_t>(estimate)];
+    }
+};
+
+TEST_F(Adults, WithAKnownDeathDieThenByAllEstimates)
+{
+    const qint64 man = person({"João", 'm', "1720-01-01", "1760-01-01"});
+    couple(man, person({"Ana", 'f', "1722-01-01", "1780-01-01"}), "1745-01-01");
+    const AdultLife life = lifeOf(man);
+    ASSERT_EQ(life.why, NoAdult::None);
+    for (const Estimate estimate : estimates) {
+        EXPECT_EQ(end(life, estimate).day, day(1760));
+        EXPECT_TRUE(end(life, estimate).dies);
+    }
+}
+
+TEST_F(Adults, WhoAreLeftBehindAreSeenToTheEndOfTheUnionAlone)
+{
+    const qint64 woman = person({"Ana", 'f', "1722-01-01", "1780-01-01"});
+    couple(person({"João", 'm', "1720-01-01", "1760-01-01"}), woman, "1745-01-01");
+    const AdultLife life = lifeOf(woman);
+    EXPECT_EQ(end(life, Estimate::Closed).day, day(1760));
+    EXPECT_FALSE(end(life, Estimate::Closed).dies);
+    EXPECT_EQ(end(life, Estimate::Censored).day, day(1780));
+    EXPECT_TRUE(end(life, Estimate::Censored).dies);
+}
+
+TEST_F(Adults, OfUnknownDeathDieLateEarlyOrNot)
+{
+    const qint64 father = person({"João", 'm', "1720-01-01"});
+    const qint64 family = couple(father, person({"Ana", 'f', "1722-01-01"}), "1745-01-01");
+    const qint64 child = person({"Rui", 'm', "1750-06-01", "", family});
+    const qint64 other = person({"Eva", 'f', "1779-03-01"});
+    run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente, falecidopai, "
+        "falecidomae) values ('b', ?, '1779-03-01', ?, 'p', 1, 0)",
+        {other, child});
+    const AdultLife life = lifeOf(father);
+    ASSERT_EQ(life.why, NoAdult::None);
+    EXPECT_FALSE(end(life, Estimate::Closed).day.isKnown());
+    EXPECT_EQ(end(life, Estimate::Least).day, day(1779, 3, 1));
+    EXPECT_TRUE(end(life, Estimate::Least).dies);
+    EXPECT_EQ(end(life, Estimate::Most).day, end(life, Estimate::Censored).day);
+    EXPECT_TRUE(end(life, Estimate::Most).dies);
+    EXPECT_FALSE(end(life, Estimate::Censored).dies);
+    EXPECT_LT(end(life, Estimate::Censored).day.date().year(), 1752);
+}
+
+TEST_F(Adults, AreToldDeadByTheNextMarriageOfTheSpouse)
+{
+    const qint64 man = person({"João", 'm', "1720-01-01"});
+    const qint64 woman = person({"Ana", 'f', "1722-01-01"});
+    couple(man, woman, "1745-01-01");
+    couple(person({"Rui", 'm', "1720-01-01"}), woman, "1755-05-05");
+    EXPECT_EQ(end(lifeOf(man), Estimate::Least).day.date(), QDate(1755, 5, 5));
+    EXPECT_TRUE(end(lifeOf(man), Estimate::Least).dies);
+}
+
+TEST_F(Adults, WhoDieElsewhereAreSeenHereToTheirLastActHere)
+{
+    const qint64 man = person({"João", 'm', "1720-01-01", "1790-01-01"});
+    couple(man, person({"Ana", 'f', "1722-01-01"}), "1745-01-01");
+    run("update individuo set localobito = '030301', tipolocalobito = 'F' where nind = ?", {man});
+    run("insert into infopar (cod, nome) values ('030899', 'Aqui')");
+    const AdultLife life = lifeOf(man);
+    EXPECT_FALSE(end(life, Estimate::Censored).dies);
+    EXPECT_LT(end(life, Estimate::Censored).day.date().year(), 1790);
+    EXPECT_TRUE(end(life, Estimate::Most).dies);
+}
+
+TEST_F(Adults, WithoutABirthAreLeftOut)
+{
+    const qint64 man = person({"João", 'm', "", "1790-01-01"});
+    couple(man, person({"Ana", 'f', "1750-01-01"}), "1745-01-01");
+    EXPECT_EQ(lifeOf(man).why, NoAdult::NoBirth);
+    EXPECT_EQ(leftOut(figuresFor(adultMortality)),
+              (QMap<QString, int>{{"sem nascimento", 1}, {"datas que se contradizem", 1}}));
+}

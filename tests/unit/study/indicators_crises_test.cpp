@@ -1,0 +1,156 @@
+// Series by the year, and the years of crisis.
+#include "study/taking.h"
+
+#include "study/indicators/annual.h"
+#include "study/indicators/mortality.h"
+
+using namespace study::indicators;
+using taking::keyOf;
+using taking::Shown;
+
+namespace {
+
+constexpr qint32 adult = 0;
+
+Tally deaths(int first, std::initializer_list<int> numbers)
+{
+    Tally tally;
+    for (const int n : numbers)
+        tally.add(keyOf(mortalityCrises, "obitos", {first++, adult}), n);
+    return tally;
+}
+
+Tally withLast(int last)
+{
+    return deaths(1700, {31, 28, 35, 40, 29, 33, 37, 30, 34, 33, last});
+}
+
+constexpr auto byN = "Índice (desvio por n)";
+constexpr auto byNLessOne = "Índice (desvio por n − 1)";
+
+} // namespace
+
+TEST(ACrisis, IsMeasuredAgainstTheTenYearsBefore)
+{
+    struct Case
+    {
+        int deaths;
+        double byN, byNLessOne;
+        const char* magnitude;
+    };
+    for (const Case& known : {Case{39, 1.704, 1.616, "1, menor"}, Case{45, 3.408, 3.233, "2, média"},
+                              Case{60, 7.667, 7.274, "3, forte"}, Case{118, 24.138, 22.900, "5, enorme"}})
+    {
+        const Shown shown(mortalityCrises, withLast(known.deaths));
+        EXPECT_NEAR(shown.value("indices", "1710", byN), known.byN, 0.0005);
+        EXPECT_NEAR(shown.value("indices", "1710", byNLessOne), known.byNLessOne, 0.0005);
+        EXPECT_EQ(shown.text("indices", "1710", "Magnitude"), QString::fromUtf8(known.magnitude));
+        EXPECT_NEAR(shown.value("indices", "1710", "Média dos 10 anos antes"), 33, 1e-9);
+        EXPECT_EQ(shown.value("indices", "1709", byN), -1);
+    }
+}
+
+TEST(ACrisis, AmongTheTenYearsHidesTheNextUnlessItIsSkipped)
+{
+    const Tally tally = deaths(1700, {31, 28, 35, 40, 29, 33, 37, 30, 34, 33, 118, 60});
+    EXPECT_NEAR(Shown(mortalityCrises, deaths(1702, {28, 35, 40, 29, 33, 37, 30, 34, 33, 118, 60}))
+                    .value("indices", "1712", byN),
+                0.713, 0.0005);
+    Settings settings;
+    settings.skipCrises = true;
+    EXPECT_GT(Shown(mortalityCrises, tally, settings).value("indices", "1711", byN), 5);
+}
+
+TEST(ACrisis, IsAlsoMeasuredAgainstItsNeighbours)
+{
+    const Shown shown(mortalityCrises, deaths(1700, {31, 28, 35, 40, 29, 118, 33, 37, 30, 34, 33}));
+    EXPECT_NEAR(shown.value("indices", "1705", "Razão aos 10 vizinhos"), 3.61, 0.005);
+    EXPECT_EQ(shown.text("indices", "1705", "Crise pela razão"), "pequena");
+    EXPECT_EQ(shown.value("anos-de-crise", "1705", "Óbitos"), 118);
+}
+
+TEST(ACrisis, IsGreyWhereTenDeathsAYearAreNotReached)
+{
+    const Shown shown(mortalityCrises, deaths(1700, {3, 4, 3, 4, 3, 4, 3, 4, 3, 4, 12}));
+    EXPECT_EQ(shown.standing("indices", "1710", byN), study::report::Standing::Grey);
+}
+
+TEST(ACrisis, IsNotFoundBehindAGap)
+{
+    Settings settings;
+    settings.gaps[static_cast<std::size_t>(Series::Burials)] = {{1705, 1705}};
+    const Shown shown(mortalityCrises, withLast(118), settings);
+    EXPECT_EQ(shown.value("indices", "1710", byN), -1);
+    EXPECT_EQ(shown.table("indices").rows.size(), 10U);
+}
+
+TEST(AnnualSeries, HaveTheMovingAveragesOfTheWorkedExample)
+{
+    Tally tally;
+    int year = 1701;
+    for (const int n : {20, 22, 25, 19, 30, 28, 26, 24, 27, 31, 29, 33, 40, 28, 26})
+        tally.add(keyOf(annualSeries, "baptismos", {year++}), n);
+    Settings settings;
+    settings.movingAverage = 5;
+    const Shown five(annualSeries, tally, settings);
+    const std::array<double, 11> means = {23.2, 24.8, 25.6, 25.4, 27.0, 27.2, 27.4, 28.8, 32.0, 32.2, 31.2};
+    for (std::size_t i = 0; i < means.size(); ++i)
+        EXPECT_NEAR(five.value("medias-moveis", qPrintable(QString::number(1703 + static_cast<int>(i))),
+                               "Baptismos, média móvel de 5 anos"),
+                    means[i], 1e-9);
+    EXPECT_EQ(five.value("medias-moveis", "1702", "Baptismos, média móvel de 5 anos"), -1);
+    EXPECT_EQ(five.value("medias-moveis", "1714", "Baptismos, média móvel de 5 anos"), -1);
+    settings.movingAverage = 11;
+    const Shown eleven(annualSeries, tally, settings);
+    EXPECT_NEAR(eleven.value("medias-moveis", "1706", "Baptismos, média móvel de 11 anos"), 25.55, 0.005);
+    EXPECT_NEAR(eleven.value("medias-moveis", "1710", "Baptismos, média móvel de 11 anos"), 29.27, 0.005);
+    // 25.2 a year from 1701 to 1710.
+    EXPECT_NEAR(eleven.value("medias-moveis", "1713", "Baptismos, índice"), 40 / 25.2 * 100, 1e-9);
+}
+
+TEST(AnnualSeries, TakeAGapForAGapAndNotForAZero)
+{
+    Tally tally;
+    for (const int year : {1701, 1702, 1704, 1705}) {
+        tally.add(keyOf(annualSeries, "baptismos", {year}), 10);
+        tally.add(keyOf(annualSeries, "obitos", {year, 0, 0}), 4);
+    }
+    const Shown whole(annualSeries, tally);
+    EXPECT_EQ(whole.value("actos-por-ano", "1703", "Baptismos"), 0);
+    EXPECT_EQ(whole.value("actos-por-ano", "1705", "Saldo acumulado"), 24);
+    Settings settings;
+    settings.gaps[static_cast<std::size_t>(Series::Baptisms)] = {{1703, 1703}};
+    const Shown gap(annualSeries, tally, settings);
+    EXPECT_EQ(gap.value("actos-por-ano", "1703", "Baptismos"), -1);
+    EXPECT_EQ(gap.value("actos-por-ano", "1703", "Saldo natural"), -1);
+    EXPECT_EQ(gap.value("actos-por-ano", "1705", "Saldo acumulado"), 12);
+}
+
+using TheYearsOfAParish = Counting;
+
+TEST_F(TheYearsOfAParish, HoldItsActsAlone)
+{
+    const qint64 father = person({"João", 'm', "1720-05-01", "1781-02-01"});
+    const qint64 family = couple(father, person({"Ana", 'f'}), "1745-06-01");
+    person({"Rui", 'm', "1750-03-01", "1751-09-01", family});
+    run("update individuo set localobito = '030301', tipolocalobito = 'F' where nind = ?", {father});
+    run("insert into infopar (cod, nome) values ('030899', 'Aqui')");
+    const auto figures = figuresFor(annualSeries);
+    const Table table = tableOf(figures, "actos-por-ano");
+    EXPECT_EQ(value(table, "1750", "Baptismos"), 1);
+    EXPECT_EQ(value(table, "1749", "Concepções"), 1);
+    EXPECT_EQ(value(table, "1745", "Casamentos"), 1);
+    EXPECT_EQ(value(table, "1751", "Menores de 7"), 1);
+    EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"acto de outra freguesia", 1}}));
+}
+
+TEST_F(TheYearsOfAParish, HaveAHarvestYearFromAugustOn)
+{
+    person({"Rui", 'm', "", "1751-07-31"});
+    person({"Rui", 'm', "", "1751-08-01"});
+    person({"Rui", 'm', "", "1760-01-02"});
+    const Tally tally = tallyFor(mortalityCrises);
+    EXPECT_EQ((tally[keyOf(mortalityCrises, "obitos-ano-agricola", {1750, 2})]), 1);
+    EXPECT_EQ((tally[keyOf(mortalityCrises, "obitos-ano-agricola", {1751, 2})]), 1);
+    EXPECT_EQ((tally[keyOf(mortalityCrises, "obitos-ano-agricola", {1759, 2})]), 1);
+}

@@ -1,0 +1,164 @@
+// The window of the settings of a study: what is kept, what is refused, how it is typed.
+#include "study/indicatorsWindow.h"
+
+#include "study/indicators/settingsJson.h"
+#include "study/windows/studySettingsText.h"
+
+using namespace study;
+using indicators::Settings;
+using indicators::YearSpan;
+
+namespace {
+
+class TheWindowOfSettings : public TheWindowOfIndicators
+{
+protected:
+    static FrmDefinicoes& form() { return theForm<FrmDefinicoes>(); }
+    static TextBox& field(const char* name) { return control<TextBox>(form(), name); }
+    static void click(const char* name) { control<CommandButton>(form(), name).click(); }
+    static Settings kept() { return indicators::keptSettings(cnBDP); }
+};
+
+TEST_F(TheWindowOfSettings, KeepsWhatIsSetAndShowsItAgain)
+{
+    form().display();
+    EXPECT_TRUE(field("txtPeriodo_0").hasFocus());
+    EXPECT_EQ(field("txtFalta").text(), "0");
+    field("txtPeriodo_0").setText("1700");
+    field("txtPeriodo_1").setText("1799");
+    field("txtLivroDe_0").setText("1590");
+    field("txtLivroAte_2").setText("1850");
+    field("txtLacunas_2").setText("1810–1811; 1834");
+    field("txtFalta").setText("12,5");
+    field("txtAssina").setText("3");
+    control<ComboBox>(form(), "cmbCoorte").setListIndex(1);
+    control<ComboBox>(form(), "cmbSexo").setListIndex(2);
+    control<ComboBox>(form(), "cmbCompleta").setListIndex(0);
+    control<QCheckBox>(form(), "chkFreguesia").setChecked(false);
+    click("cmdGravar");
+    const Settings now = kept();
+    EXPECT_EQ(now.period, (YearSpan{1700, 1799}));
+    EXPECT_EQ(now.books[0], (YearSpan{1590, 0}));
+    EXPECT_EQ(now.books[2], (YearSpan{0, 1850}));
+    EXPECT_EQ(now.gaps[2], (std::vector<YearSpan>{{1810, 1811}, {1834, 1834}}));
+    EXPECT_EQ(now.missingBirths, 0.125);
+    EXPECT_EQ(now.signsFrom, 3);
+    EXPECT_EQ(now.cohortYears, 25);
+    EXPECT_EQ(now.gender, parish::Gender::Female);
+    EXPECT_EQ(now.completeAge, 45);
+    EXPECT_FALSE(now.localOnly);
+    EXPECT_TRUE(form().unload()) << "nothing is left to ask about";
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    form().display();
+    EXPECT_EQ(field("txtLacunas_2").text(), "1810-1811; 1834");
+    EXPECT_EQ(field("txtFalta").text(), "12,5");
+    EXPECT_EQ(control<ComboBox>(form(), "cmbCoorte").text(), "25 anos");
+}
+
+TEST_F(TheWindowOfSettings, RefusesWhatCantBeMeantAndLosesNothing)
+{
+    form().display();
+    const auto refused = [](const char* name, const char* text) {
+        const QString before = field(name).text();
+        field("txtPeriodo_1").setText("1799");
+        field(name).setText(text);
+        const Answer ok("OK");
+        click("cmdGravar");
+        EXPECT_EQ(field(name).text(), text);
+        EXPECT_EQ(field("txtPeriodo_1").text(), "1799");
+        EXPECT_EQ(kept(), Settings());
+        field(name).setText(before);
+        return ok.text;
+    };
+    EXPECT_TRUE(refused("txtPeriodo_0", "1800").startsWith("O período tem de ser de um ano a outro"));
+    EXPECT_TRUE(refused("txtPeriodo_0", "mil").startsWith("O período"));
+    EXPECT_TRUE(refused("txtLivroDe_1", "0").startsWith("Os livros de casamentos"));
+    EXPECT_TRUE(refused("txtLacunas_3", "1810 a 1811").startsWith("As lacunas dos livros de óbitos de menores"));
+    EXPECT_TRUE(refused("txtFalta", "20,1").startsWith("A parte dos nascimentos"));
+    EXPECT_TRUE(refused("txtAssina", "").startsWith("O nível"));
+    {
+        const Answer yes("&Sim"), ok("OK");
+        field("txtAssina").setText("x");
+        EXPECT_FALSE(form().unload()) << "what can't be stored stays";
+    }
+    EXPECT_EQ(field("txtAssina").text(), "x");
+    const Answer no("&Não");
+    EXPECT_TRUE(form().unload());
+    EXPECT_EQ(kept(), Settings());
+}
+
+TEST_F(TheWindowOfSettings, HasTheSubjectShownCountedAnew)
+{
+    choose(ageAtMarriage);
+    EXPECT_EQ(grid().rows(), 3);
+    form().display();
+    field("txtPeriodo_0").setText("1750");
+    click("cmdGravar");
+    EXPECT_TRUE(TheWindowOfIndicators::form().isAtWork());
+    ASSERT_TRUE(finishes());
+    EXPECT_EQ(grid().rows(), 0);
+    EXPECT_EQ(memo("txtNotas"), "sem dados");
+    EXPECT_EQ(leftOut().textMatrix(rowOf(leftOut(), "fora do período"), 1), "12");
+    EXPECT_FALSE(label("lblEstado").contains("mudou")) << "what is kept of the settings is no record";
+    EXPECT_TRUE(memo("txtMetodo").endsWith("Contado com definições alteradas: período dos acontecimentos."));
+}
+
+TEST_F(TheWindowOfSettings, TakesNeighboursThatThereAreAndWhatFiliationsCountAs)
+{
+    execute("insert into paroquia (codparoquia, nomeparoquia) values ('030805', 'Briteiros')", {});
+    execute("insert into infocomplementar (categoria, codigo, descricao) values ('Filia', '1', 'Legítima'), ('Filia', "
+            "'17', 'Enjeitado')",
+            {});
+    form().display();
+    field("txtCodigo").setText("999");
+    {
+        const Answer ok("OK");
+        click("cmdAcrescentar");
+        EXPECT_EQ(ok.text, "Não há freguesia com o código \"999\"!");
+    }
+    field("txtCodigo").setText("030805");
+    click("cmdAcrescentar");
+    EXPECT_EQ(control<ListBox>(form(), "lstVizinhas").list(0), "030805 – Briteiros");
+    auto& codes = control<Grid>(form(), "dtgFiliacoes");
+    ASSERT_EQ(codes.rows(), 3);
+    EXPECT_EQ(codes.textMatrix(1, 2), "legítima");
+    codes.setRow(2);
+    EXPECT_EQ(codes.textMatrix(2, 2), "desconhecida");
+    control<ComboBox>(form(), "cmbConta").setText("exposto");
+    EXPECT_EQ(codes.textMatrix(2, 2), "exposto (alterado)");
+    EXPECT_EQ(codes.row(), 2);
+    click("cmdGravar");
+    EXPECT_EQ(kept().neighbours, QStringList("030805"));
+    EXPECT_EQ(kept().filiations, (QHash<int, indicators::Legitimacy>{{17, indicators::Legitimacy::Foundling}}));
+    {
+        const Answer yes("&Sim");
+        click("cmdPadrao");
+    }
+    EXPECT_EQ(kept().neighbours.size(), 1) << "it isn't stored yet";
+    click("cmdGravar");
+    EXPECT_EQ(kept(), Settings());
+}
+
+TEST(TheTextsOfASetting, AreReadAsTheyAreShown)
+{
+    EXPECT_EQ(yearFrom(" "), 0);
+    EXPECT_EQ(yearFrom(" 1750 "), 1750);
+    for (const char* wrong : {"0", "-5", "17500", "17a", "1.750"})
+        EXPECT_FALSE(yearFrom(wrong)) << wrong;
+    EXPECT_EQ(spanFrom("", "1750"), (YearSpan{0, 1750}));
+    EXPECT_EQ(spanFrom("1750", ""), (YearSpan{1750, 0}));
+    EXPECT_FALSE(spanFrom("1751", "1750"));
+    const std::vector<YearSpan> gaps{{1810, 1811}, {1834, 1834}, {1850, 0}};
+    EXPECT_EQ(shownGaps(gaps), "1810-1811; 1834; 1850-");
+    EXPECT_EQ(gapsFrom("1810-1811; 1834; 1850-"), gaps);
+    EXPECT_EQ(gapsFrom(" ; "), std::vector<YearSpan>());
+    for (const char* wrong : {"-", "1811-1810", "1810-1811-1812", "1810, 1811"})
+        EXPECT_FALSE(gapsFrom(wrong)) << wrong;
+    EXPECT_EQ(shareFrom("12,5"), 0.125);
+    EXPECT_EQ(shareFrom(""), 0.0);
+    EXPECT_EQ(shownShare(0.125), "12,5");
+    for (const char* wrong : {"20,1", "-1", "dez", "1e1"})
+        EXPECT_FALSE(shareFrom(wrong)) << wrong;
+}
+
+} // namespace
