@@ -310,7 +310,7 @@ Table byKaplanMeier(const Reading& reading)
             const qint64 atRisk = atRiskAt(watched.exits, from);
             const Died died = diedBetween(watched.steps, from, until);
             table.rows.back().push_back(report::number(atRisk));
-            table.rows.back().push_back(estimated(died.probability, {}, atRisk, base, keys));
+            table.rows.back().push_back(estimated(died.probability, died.interval, atRisk, base, keys));
         }
     }
     table.notes = {"No início da idade estão os que já casaram; os que casam depois entram nesse dia."};
