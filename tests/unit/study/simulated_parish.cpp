@@ -347,7 +347,7 @@ private:
         family.number = FamilyNumber(rows_->families.size());
         family.situation = study::parish::situation::legitimate;
         family.marriage = dated(couple.marriage);
-        family.place = {home, 'F'};
+        family.place = {home, u'F'};
         if (rules_.marriedByChild && !children_.empty())
             family.marriage = dated(children_.front().birth - static_cast<qint32>(daysOfAnInfant));
         if (rules_.endsAtLastBirth)
@@ -364,7 +364,7 @@ private:
         auto& person = rows_->people.emplace_back();
         person.number = number;
         person.gender = wife ? study::parish::Gender::Female : study::parish::Gender::Male;
-        person.birthPlace = {elsewhere, 'F'};
+        person.birthPlace = {elsewhere, u'F'};
         const qint32 birth = wife ? couple.herBirth : couple.hisBirth, own = wife ? herDeath_ : hisDeath_,
                      other = wife ? hisDeath_ : herDeath_;
         if (isBirthFound(couple, wife)) person.birth = dated(birth);
