@@ -230,12 +230,12 @@ private:
     // marriage begins anywhere between two of them: then the mean of all couples is the rate itself at every age.
     double firstRest() { return dice_.generateDouble() < rest ? rest * dice_.generateDouble() : furtherRest(); }
     double furtherRest() { return rest + (1 - rest) * exponential(1); }
-    static constexpr double rest = 0.45;
+    static constexpr double rest = 0.5;
 
     // How fruitful a couple is; 1 on the average.
     double fruitfulness()
     {
-        static constexpr double spread = 0.35;
+        static constexpr double spread = 0.5;
         const double among = dice_.generateDouble();
         const double of = 1 + spread * (2 * dice_.generateDouble() - 1);
         return among < all_.sterile ? 0 : of / (1 - all_.sterile);
