@@ -3,11 +3,12 @@
 #include "study/parish/codes.h"
 #include "study/parish/reader.h"
 
+#include <QRandomGenerator>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <numeric>
 
 namespace simulated {
 
@@ -176,8 +177,8 @@ private:
         return marriage - static_cast<qint32>(std::lround(age * daysOfAYear));
     }
 
-    // The first of the events that `next` gives, one behind the other, of so much more than happen: as many of them
-    // are taken as the season has.
+    // The first event behind a day. `next` gives one behind another, as often as in the fullest month; of each the
+    // share is taken that its month has of that.
     template <class Next>
     double seasonal(double day, const Season& season, const Next& next)
     {
@@ -204,26 +205,30 @@ private:
     qint32 deathOfAChild(qint32 birth)
     {
         const double chance = dice_.generateDouble();
-        if (chance < all_.endogenous) { // most of them on the first days
-            const double part = chance / all_.endogenous;
-            return birth + static_cast<qint32>(daysOfTheEndogenous * part * part * part);
-        }
-        if (chance < all_.infantMortality()) {
-            const double scale = (chance - all_.endogenous) / all_.exogenous;
-            return birth + static_cast<qint32>(std::pow(10, std::cbrt(scale)) - 1);
-        }
-        for (std::size_t group = 0; group < all_.childhood.size(); ++group) {
-            const qint32 from = birthdayOf(birth, static_cast<int>(childhoodAges[group]));
-            const qint32 until = birthdayOf(birth, static_cast<int>(childhoodAges[group + 1]));
-            const auto next = [&](double day, double times) {
-                return day + exponential(all_.childhood[group] * times) * daysOfAYear;
-            };
-            // Behind the group it doesn't matter which day it is.
-            const double death = seasonal(
-                from, all_.deaths, [&](double day, double times) { return day >= until ? day : next(day, times); });
-            if (death < until) return static_cast<qint32>(death);
-        }
+        if (chance < all_.infantMortality()) return birth + ageOfAnInfant(chance);
+        for (std::size_t group = 0; group < all_.childhood.size(); ++group)
+            if (const qint32 death = deathIn(group, birth); death != 0) return death;
         return 0;
+    }
+
+    // In days; of the endogenous deaths most come first.
+    qint32 ageOfAnInfant(double chance) const
+    {
+        const double part = chance / all_.endogenous;
+        if (part < 1) return static_cast<qint32>(daysOfTheEndogenous * part * part * part);
+        return static_cast<qint32>(std::pow(10, std::cbrt((chance - all_.endogenous) / all_.exogenous)) - 1);
+    }
+
+    // 0 where the child outlives the group of ages.
+    qint32 deathIn(std::size_t group, qint32 birth)
+    {
+        const qint32 from = birthdayOf(birth, static_cast<int>(childhoodAges[group]));
+        const qint32 until = birthdayOf(birth, static_cast<int>(childhoodAges[group + 1]));
+        const auto next = [&](double day, double times) { // behind the group it doesn't matter which day it is
+            return day >= until ? day : day + exponential(all_.childhood[group] * times) * daysOfAYear;
+        };
+        const double death = seasonal(from, all_.deaths, next);
+        return death < until ? static_cast<qint32>(death) : 0;
     }
 
     // Confinements are a renewal of mean 1 in the time that the rates make, so that each couple has its rests, and a
@@ -249,22 +254,31 @@ private:
         const qint32 end = std::min({couple.end(), couple.leaves, birthdayOf(couple.herBirth, lastAge)});
         double left = firstRest();
         for (qint32 from = couple.marriage; from < end;) {
-            const QDate day = QDate::fromJulianDay(from);
-            const int completed = study::parish::completedYears({couple.herBirth, study::parish::Precision::Exact},
-                                                                {from, study::parish::Precision::Exact});
-            const int group = std::max(0, (completed - firstAge) / breadth);
-            const qint32 until = std::min({end, birthdayOf(couple.herBirth, firstAge + (group + 1) * breadth),
-                                           dayNumber(QDate(day.year(), day.month(), 1).addMonths(1))});
-            const double speed = factor * all_.rate(group) * all_.births[static_cast<std::size_t>(day.month() - 1)];
+            const int group = groupOn(from, couple.herBirth);
+            const qint32 until =
+                std::min({end, birthdayOf(couple.herBirth, firstAge + (group + 1) * breadth), endOfMonth(from)});
+            const double speed = factor * all_.rate(group) * seasonOn(from, all_.births);
             double at = from;
-            while (speed > 0 && at + left / speed < until) {
+            for (; speed > 0 && at + left / speed < until; left = furtherRest()) {
                 at += left / speed;
-                left = furtherRest();
                 deliver(couple, static_cast<qint32>(at));
             }
             left -= speed * (until - at);
             from = until;
         }
+    }
+
+    static int groupOn(qint32 day, qint32 birth)
+    {
+        const int age = study::parish::completedYears({birth, study::parish::Precision::Exact},
+                                                      {day, study::parish::Precision::Exact});
+        return (age - firstAge) / breadth;
+    }
+
+    static qint32 endOfMonth(qint32 number) // past its last day
+    {
+        const QDate day = QDate::fromJulianDay(number);
+        return dayNumber(QDate(day.year(), day.month(), 1).addMonths(1));
     }
 
     void deliver(Couple& couple, qint32 day)

@@ -7,8 +7,7 @@
 
 #include "study/parish/snapshot.h"
 
-#include <QRandomGenerator>
-
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -85,7 +84,7 @@ struct Couple
     bool heMoved = false, sheMoved = false;
     std::vector<Child> children = {}; // born here, by their births
 
-    qint32 end() const { return hisDeath < herDeath ? hisDeath : herDeath; }
+    qint32 end() const { return std::min(hisDeath, herDeath); }
     bool isOpen() const { return leaves <= end(); }
 };
 std::vector<Couple> lives(const Parameters& parameters, quint32 seed);
