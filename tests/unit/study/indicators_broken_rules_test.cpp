@@ -201,6 +201,8 @@ TEST_F(ABrokenRule, DeathsWithoutTheExposureOfEmigrantsMakeYoungAdultsDieTooOfte
         // Between the last act and the day on which they leave they live unseen.
         EXPECT_GT(summary(untold, toLastProof, "30q20"), summary(told, toLastProof, "30q20")) << gender;
         EXPECT_LT(summary(untold, toLastProof, "e20"), summary(told, toLastProof, "e20") - 1) << gender;
+        EXPECT_LT(summary(untold, "mínima", "e20"), expected - 1) << gender << "no bound where leaving isn't told";
+        EXPECT_LT(summary(untold, "máxima", "e20"), summary(untold, "mínima", "e20")) << gender;
     }
 }
 

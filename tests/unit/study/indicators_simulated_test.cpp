@@ -106,6 +106,16 @@ void gatherInfants(Gathering& gathering, const simulated::Parameters& truth)
     }
 }
 
+// All endogenous deaths come before 28 days.
+void gatherAges(Gathering& gathering, const simulated::Parameters& truth)
+{
+    const double young = 1000 * truth.diedBefore(28), all = 1000 * truth.infantMortality();
+    for (const char* row : {"Todo o período", "Todo o período, homens", "Todo o período, mulheres"}) {
+        gathering.take("idades no primeiro ano", infantMortality, "componentes", row, "0–27 dias", young);
+        gathering.take("idades no primeiro ano", infantMortality, "componentes", row, "28–364 dias", all - young);
+    }
+}
+
 void gatherChildren(Gathering& gathering, const simulated::Parameters& truth)
 {
     const std::array<const char*, 3> rows = {"1–4 (4q1)", "5–9 (5q5)", "10–14 (5q10)"};
@@ -118,6 +128,18 @@ void gatherChildren(Gathering& gathering, const simulated::Parameters& truth)
         }
 }
 
+// Per day of the month nine months before, which is longer or shorter.
+simulated::Season conceptionsOf(const simulated::Season& births)
+{
+    static constexpr std::array<double, 12> days = {31, 28.25, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    simulated::Season conceptions = {};
+    for (std::size_t birth = 0; birth < births.size(); ++birth) {
+        const auto month = static_cast<std::size_t>(monthOfConception(static_cast<int>(birth) + 1) - 1);
+        conceptions[month] = births[birth] * days[birth] / days[month];
+    }
+    return conceptions;
+}
+
 void gatherMonths(Gathering& gathering, const simulated::Parameters& truth)
 {
     const auto indices = [](simulated::Season season) {
@@ -128,6 +150,7 @@ void gatherMonths(Gathering& gathering, const simulated::Parameters& truth)
     const simulated::Season births = indices(truth.births), deaths = indices(truth.deaths);
     gathering.months("meses dos casamentos", marriageSeasons, "casamentos-por-mes", indices(truth.marriages));
     gathering.months("meses dos nascimentos", birthSeasons, "nascimentos-1", births);
+    gathering.months("meses das concepções", birthSeasons, "concepcoes", conceptionsOf(births));
     gathering.months("meses dos óbitos", seasonOfDeaths, "obitos-por-mes-3", deaths); // 1 to 4 years
     gathering.months("meses dos óbitos", seasonOfDeaths, "obitos-por-mes-5", deaths); // 20 to 59
     gathering.months("meses dos óbitos", seasonOfDeaths, "obitos-por-mes-6", deaths); // 60 and above
@@ -169,6 +192,7 @@ Gathered gatheredOf(const simulated::Parameters& truth)
         gatherMarriages(gathering, truth);
         gatherFertility(gathering, truth);
         gatherInfants(gathering, truth);
+        gatherAges(gathering, truth);
         gatherChildren(gathering, truth);
         gatherMonths(gathering, truth);
         // Adults are only seen to the day on which they leave where somebody tells of it.

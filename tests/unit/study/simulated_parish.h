@@ -65,7 +65,7 @@ struct Parameters
     double rate(int group) const;              // births a year at 15–19 (0) to 45–49 (6)
     double totalFrom(int group) const;         // five times their sum to 45–49
     double infantMortality() const;            // of 1
-    double diedBefore(double day) const;       // share of births that die before so many days, from 31 to 365
+    double diedBefore(double day) const;       // share of births that die before so many days, from 28 to 365
     double childhoodQuotient(int group) const; // at 1–4, 5–9, 10–14
 };
 
