@@ -310,7 +310,7 @@ Table byKaplanMeier(const Reading& reading)
             const qint64 atRisk = atRiskAt(watched.exits, from);
             const Died died = diedBetween(watched.steps, from, until);
             table.rows.back().push_back(report::number(atRisk));
-            table.rows.back().push_back(estimated(died.probability, {}, atRisk, base, keys));
+            table.rows.back().push_back(estimated(died.probability, died.interval, atRisk, base, keys));
         }
     }
     table.notes = {"No início da idade estão os que já casaram; os que casam depois entram nesse dia."};
@@ -357,9 +357,9 @@ const Subject adultMortality = {
     "Mortalidade",
     "Mortalidade dos adultos casados",
     "Contam os casados na freguesia, desde o primeiro casamento, se se conhece o nascimento. Quem não tem óbito "
-    "conhecido "
-    "entra de quatro maneiras, e a verdade está entre a mínima e a máxima. Contar só os óbitos conhecidos exagera a "
-    "mortalidade, porque quem morre novo morre mais vezes onde casou.",
+    "conhecido entra de quatro maneiras: a máxima exagera sempre a mortalidade, e a mínima só não a exagera se quem "
+    "partiu foi visto até partir. Contar só os óbitos conhecidos também a exagera, porque quem morre novo morre mais "
+    "vezes onde casou.",
     names,
     reasons,
     fill,

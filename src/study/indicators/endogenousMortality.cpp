@@ -84,14 +84,21 @@ Cumulated cumulatedOf(const Reading& reading, const Group& group)
 
 Cell standing(Cell cell, const Cumulated& of)
 {
-    if (of.deaths.n < leastDeaths) cell.standing = report::Standing::Suppressed;
+    if (of.deaths.n >= leastDeaths) return cell;
+    cell.standing = report::Standing::Suppressed;
+    cell.interval.reset();
     return cell;
 }
 
-Cell endogenousCell(const std::optional<statistics::Endogenous>& by, const Cumulated& of)
+Cell endogenousCell(statistics::EndogenousWay way, const Cumulated& of)
 {
+    const auto by = way(of.months);
     if (!by) return {};
-    if (by->endogenous >= 0) return standing(report::number(by->endogenous, of.deaths.keys), of);
+    if (by->endogenous >= 0) {
+        Cell cell = report::number(by->endogenous, of.deaths.keys);
+        cell.interval = statistics::endogenousInterval(way, of.months, static_cast<double>(of.births.n));
+        return standing(cell, of);
+    }
     Cell cell = report::text("0 (não aplicável)");
     cell.from = of.deaths.keys;
     return standing(cell, of);
@@ -142,10 +149,10 @@ Table byPeriod(const Reading& reading, const Settings& settings)
         Cell remarkCell = report::text(of.deaths.n < leastDeaths ? "menos de 50 óbitos" : remark(squares, group));
         table.rows.push_back({report::text(told(group, settings)), counted(of.births), counted(of.deaths),
                               of.births.n > 0 ? standing(report::number(of.months.back(), of.deaths.keys), of) : Cell(),
-                              endogenousCell(squares, of), exogenousCell(squares, of),
+                              endogenousCell(statistics::endogenousBySquares, of), exogenousCell(squares, of),
                               squares ? standing(report::number(squares->slope, of.deaths.keys), of) : Cell(),
-                              endogenousCell(line, of), exogenousCell(line, of), shortcutCell(of),
-                              std::move(remarkCell)});
+                              endogenousCell(statistics::endogenousByLine, of), exogenousCell(line, of),
+                              shortcutCell(of), std::move(remarkCell)});
     }
     table.notes = {"Óbitos acumulados até x dias: D(x) = A + B·log³(x + 1), com logaritmos decimais; A é a mortalidade "
                    "endógena. Todos os óbitos depois do primeiro mês são exógenos.",

@@ -37,8 +37,7 @@ Died diedBetween(const std::vector<statistics::Step>& steps, qint32 from, qint32
     const double alive = from > 0 ? statistics::survivalAt(steps, from - 1) : 1;
     if (alive <= 0) return {};
     Died died{1 - statistics::survivalAt(steps, until - 1) / alive};
-    if (from > 0) return died;
-    if (const auto survival = statistics::survivalIntervalAt(steps, until - 1))
+    if (const auto survival = statistics::survivalIntervalBetween(steps, from - 1, until - 1))
         died.interval = statistics::Interval{1 - survival->high, 1 - survival->low};
     return died;
 }

@@ -18,8 +18,7 @@ Cell quotient(qint64 events, qint64 atRisk, const Base& base, std::vector<Key> f
 Cell estimated(std::optional<double> probability, std::optional<statistics::Interval> interval, qint64 atRisk,
                const Base& base, std::vector<Key> from);
 
-// Probability of death before `until` among those who were alive at `from`, by the steps of survival. Its interval is
-// that of the survival from the beginning, so there is none where `from` isn't the beginning.
+// Probability of death before `until` among those who were alive at `from`, by the steps of survival.
 struct Died
 {
     std::optional<double> probability = {};

@@ -109,12 +109,7 @@ Snapshot Reader::read()
         readPassports();
         readActs();
     }
-    linkPeople();
-    linkMemberships();
-    linkChildren();
-    linkAssistances();
-    linkDatedRows();
-    return Snapshot(std::move(rows_));
+    return linked(std::move(rows_));
 }
 
 void Reader::next()

@@ -12,9 +12,14 @@ namespace study::parish {
 class Reader
 {
 public:
+    using Rows = Snapshot::Rows;
+
     Reader(const jet::Connection& bdp, const Snapshot::GoesOn& goesOn);
 
     Snapshot read();
+    // Of rows that were made without a BDP, in the order in which read() puts them, with the numbers that they name:
+    // what points from row to row is found here.
+    static Snapshot linked(std::unique_ptr<Rows> rows);
 
 private:
     // The tables, one after the other.
@@ -34,17 +39,14 @@ private:
     void readActs();
 
     // Then what points from row to row.
-    void linkPeople();
-    void linkMemberships();
-    void linkCouple(Family& family) const;
-    void linkChildren();
-    void linkAssistances();
-    void linkDatedRows();
+    static void linkPeople(Rows& rows);
+    static void linkMemberships(Rows& rows);
+    static void linkChildren(Rows& rows);
+    static void linkAssistances(Rows& rows);
+    static void linkDatedRows(Rows& rows);
 
     bool hasColumns(const QString& table, const QStringList& columns) const; // of a table of the acts
-    void next(); // counts a row, and asks now and then whether to go on
-    Person* personAt(PersonNumber number) const;
-    Family* familyAt(FamilyNumber number) const;
+    void next();                                             // counts a row, and asks now and then whether to go on
     PersonLink link(const jet::Rows& row, int column) const; // the person is found later
     Priest priest(const jet::Rows& row, int column, int function) const;
     Place place(const jet::Rows& row, int column); // and the column behind it
@@ -52,7 +54,7 @@ private:
 
     const jet::Connection& bdp_;
     const Snapshot::GoesOn& goesOn_;
-    std::unique_ptr<Snapshot::Rows> rows_;
+    std::unique_ptr<Rows> rows_;
     QSet<QString> texts_;
     qint64 all_ = 1, read_ = 0;
 };

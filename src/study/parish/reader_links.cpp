@@ -30,57 +30,17 @@ auto orderOfMarriage(const Membership& row)
     return std::tuple(row.family ? row.family->marriage.day : 0, row.familyNumber);
 }
 
-} // namespace
-
-Person* Reader::personAt(PersonNumber number) const
+Person* personAt(const Reader::Rows& rows, PersonNumber number)
 {
-    return recordOf(rows_->personOf, value(number));
+    return recordOf(rows.personOf, value(number));
 }
 
-Family* Reader::familyAt(FamilyNumber number) const
+Family* familyAt(const Reader::Rows& rows, FamilyNumber number)
 {
-    return recordOf(rows_->familyOf, value(number));
+    return recordOf(rows.familyOf, value(number));
 }
 
-void Reader::linkPeople()
-{
-    rows_->personOf.reserve(rows_->people.size());
-    for (Person& person : rows_->people)
-        rows_->personOf.emplace(value(person.number), &person);
-    rows_->familyOf.reserve(rows_->families.size());
-    for (Family& family : rows_->families)
-        rows_->familyOf.emplace(value(family.number), &family);
-    for (Person& person : rows_->people) {
-        person.origin = familyAt(person.originNumber);
-        for (PersonLink* const column :
-             {&person.executor, &person.baptismPriests[0].who, &person.baptismPriests[1].who, &person.burialPriest.who})
-            column->person = personAt(column->number);
-    }
-    for (Family& family : rows_->families)
-        for (Priest& one : family.priests)
-            one.who.person = personAt(one.who.number);
-}
-
-void Reader::linkMemberships()
-{
-    for (Membership& row : rows_->memberships) {
-        row.family = familyAt(row.familyNumber);
-        row.member.person = personAt(row.member.number);
-    }
-    deal(
-        rows_->memberships, [](const Membership& row) { return row.family; },
-        [](Family* family, std::span<const Membership> members) {
-            if (family) family->members = members;
-        });
-    for (Family& family : rows_->families)
-        linkCouple(family);
-    for (const Membership& row : rows_->memberships)
-        if (Person* const member = personAt(row.member.number)) member->unions.push_back(&row);
-    for (Person& person : rows_->people)
-        std::ranges::sort(person.unions, {}, [](const Membership* row) { return orderOfMarriage(*row); });
-}
-
-void Reader::linkCouple(Family& family) const
+void linkCouple(Family& family)
 {
     for (const Membership& row : family.members) {
         const Person* const member = row.member.person;
@@ -90,61 +50,110 @@ void Reader::linkCouple(Family& family) const
     }
 }
 
-void Reader::linkChildren()
+} // namespace
+
+Snapshot Reader::linked(std::unique_ptr<Rows> rows)
 {
-    for (const Person& person : rows_->people)
-        if (Family* const family = familyAt(person.originNumber)) family->children.push_back(&person);
-    for (Family& family : rows_->families)
+    linkPeople(*rows);
+    linkMemberships(*rows);
+    linkChildren(*rows);
+    linkAssistances(*rows);
+    linkDatedRows(*rows);
+    return Snapshot(std::move(rows));
+}
+
+void Reader::linkPeople(Rows& all)
+{
+    all.personOf.reserve(all.people.size());
+    for (Person& person : all.people)
+        all.personOf.emplace(value(person.number), &person);
+    all.familyOf.reserve(all.families.size());
+    for (Family& family : all.families)
+        all.familyOf.emplace(value(family.number), &family);
+    for (Person& person : all.people) {
+        person.origin = familyAt(all, person.originNumber);
+        for (PersonLink* const column :
+             {&person.executor, &person.baptismPriests[0].who, &person.baptismPriests[1].who, &person.burialPriest.who})
+            column->person = personAt(all, column->number);
+    }
+    for (Family& family : all.families)
+        for (Priest& one : family.priests)
+            one.who.person = personAt(all, one.who.number);
+}
+
+void Reader::linkMemberships(Rows& all)
+{
+    for (Membership& row : all.memberships) {
+        row.family = familyAt(all, row.familyNumber);
+        row.member.person = personAt(all, row.member.number);
+    }
+    deal(
+        all.memberships, [](const Membership& row) { return row.family; },
+        [](Family* family, std::span<const Membership> members) {
+            if (family) family->members = members;
+        });
+    std::ranges::for_each(all.families, linkCouple);
+    for (const Membership& row : all.memberships)
+        if (Person* const member = personAt(all, row.member.number)) member->unions.push_back(&row);
+    for (Person& person : all.people)
+        std::ranges::sort(person.unions, {}, [](const Membership* row) { return orderOfMarriage(*row); });
+}
+
+void Reader::linkChildren(Rows& all)
+{
+    for (const Person& person : all.people)
+        if (Family* const family = familyAt(all, person.originNumber)) family->children.push_back(&person);
+    for (Family& family : all.families)
         std::ranges::sort(family.children, {}, [](const Person* child) { return orderOfBirth(*child); });
 }
 
-void Reader::linkAssistances()
+void Reader::linkAssistances(Rows& all)
 {
-    for (Assistance& row : rows_->assistances) {
-        row.assistant.person = personAt(row.assistant.number);
+    for (Assistance& row : all.assistances) {
+        row.assistant.person = personAt(all, row.assistant.number);
         if (row.kind == ActKind::Marriage)
-            row.family = familyAt(FamilyNumber(row.entity));
+            row.family = familyAt(all, FamilyNumber(row.entity));
         else
-            row.child = personAt(PersonNumber(row.entity));
+            row.child = personAt(all, PersonNumber(row.entity));
     }
     deal(
-        rows_->assistances, [](const Assistance& row) { return std::pair(row.kind, row.entity); },
-        [this](std::pair<ActKind, qint64> act, std::span<const Assistance> rows) {
+        all.assistances, [](const Assistance& row) { return std::pair(row.kind, row.entity); },
+        [&all](std::pair<ActKind, qint64> act, std::span<const Assistance> rows) {
             if (act.first == ActKind::Marriage) {
-                if (Family* const family = familyAt(FamilyNumber(act.second))) family->witnesses = rows;
-            } else if (Person* const child = personAt(PersonNumber(act.second))) {
+                if (Family* const family = familyAt(all, FamilyNumber(act.second))) family->witnesses = rows;
+            } else if (Person* const child = personAt(all, PersonNumber(act.second))) {
                 child->godparents = rows;
             }
         });
-    for (const Assistance& row : rows_->assistances)
-        if (Person* const assistant = personAt(row.assistant.number)) assistant->assisted.push_back(&row);
-    for (Person& person : rows_->people)
+    for (const Assistance& row : all.assistances)
+        if (Person* const assistant = personAt(all, row.assistant.number)) assistant->assisted.push_back(&row);
+    for (Person& person : all.people)
         std::ranges::stable_sort(person.assisted, {}, [](const Assistance* row) { return row->date.day; });
 }
 
-void Reader::linkDatedRows()
+void Reader::linkDatedRows(Rows& all)
 {
-    for (Bequest& row : rows_->bequests)
-        row.heir.person = personAt(row.heir.number);
+    for (Bequest& row : all.bequests)
+        row.heir.person = personAt(all, row.heir.number);
 
-    const auto dealToPeople = [this](const auto& rows, auto owner, auto list) {
+    const auto dealToPeople = [&all](const auto& rows, auto owner, auto list) {
         deal(
             rows, [owner](const auto& row) { return row.*owner; },
-            [this, list](PersonNumber number, auto own) {
-                if (Person* const person = personAt(number)) person->*list = own;
+            [&all, list](PersonNumber number, auto own) {
+                if (Person* const person = personAt(all, number)) person->*list = own;
             });
     };
-    dealToPeople(rows_->professions, &Profession::person, &Person::professions);
-    dealToPeople(rows_->signatures, &Signature::person, &Person::signatures);
-    dealToPeople(rows_->bequests, &Bequest::testator, &Person::bequests);
-    dealToPeople(rows_->suffrages, &Suffrage::deceased, &Person::suffrages);
-    dealToPeople(rows_->passports, &Passport::person, &Person::passports);
+    dealToPeople(all.professions, &Profession::person, &Person::professions);
+    dealToPeople(all.signatures, &Signature::person, &Person::signatures);
+    dealToPeople(all.bequests, &Bequest::testator, &Person::bequests);
+    dealToPeople(all.suffrages, &Suffrage::deceased, &Person::suffrages);
+    dealToPeople(all.passports, &Passport::person, &Person::passports);
     deal(
-        rows_->residences, [](const Residence& row) { return std::pair(row.person, row.family); },
-        [this](std::pair<PersonNumber, FamilyNumber> owner, std::span<const Residence> rows) {
-            if (Person* const person = personAt(owner.first))
+        all.residences, [](const Residence& row) { return std::pair(row.person, row.family); },
+        [&all](std::pair<PersonNumber, FamilyNumber> owner, std::span<const Residence> rows) {
+            if (Person* const person = personAt(all, owner.first))
                 person->residences = rows;
-            else if (Family* const family = familyAt(owner.second))
+            else if (Family* const family = familyAt(all, owner.second))
                 family->residences = rows;
         });
 }

@@ -1,5 +1,7 @@
 #include "study/statistics/mortality.h"
 
+#include "study/statistics/quantiles.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -11,6 +13,7 @@ const std::array<int, 12> endsOfMonths{31, 61, 91, 122, 153, 183, 212, 243, 273,
 
 namespace {
 
+constexpr double upper = 0.975;
 constexpr std::size_t months = 12;
 constexpr std::size_t halfYear = 6;
 constexpr double mostBent = 0.25; // of the smaller slope
@@ -131,6 +134,23 @@ std::optional<Endogenous> endogenousByLine(const std::array<double, 12>& cumulat
 std::optional<Endogenous> endogenousBySquares(const std::array<double, 12>& cumulated)
 {
     return endogenousOf(lineThrough(cumulated, 0, months - 1), cumulated);
+}
+
+std::optional<Interval> endogenousInterval(EndogenousWay way, const std::array<double, 12>& cumulated, double births)
+{
+    static constexpr double perThousand = 1000;
+    if (!(cumulated.back() > 0) || !(births > 0)) return {};
+    double mean = 0, squares = 0;
+    for (std::size_t month = 0; month < months; ++month) {
+        std::array<double, months> one = {}; // of a child that dies in this month
+        std::fill(one.begin() + static_cast<std::ptrdiff_t>(month), one.end(), perThousand);
+        const double adds = way(one)->endogenous;
+        const double died = (cumulated[month] - (month > 0 ? cumulated[month - 1] : 0)) / perThousand;
+        mean += adds * died;
+        squares += adds * adds * died;
+    }
+    const double half = normalQuantile(upper) * std::sqrt(std::max(0.0, squares - mean * mean) / births);
+    return Interval{std::max(0.0, mean - half), std::max(0.0, mean + half)};
 }
 
 std::map<int, Crisis> crises(const std::map<int, double>& deathsByYear, Spread spread, bool skipCrises)

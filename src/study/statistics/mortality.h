@@ -1,6 +1,8 @@
 // Endogenous mortality of infants, crises, and heaping of ages.
 #pragma once
 
+#include "study/statistics/confidence.h"
+
 #include <QtGlobal>
 
 #include <array>
@@ -22,6 +24,11 @@ struct Endogenous
 extern const std::array<int, 12> endsOfMonths;                                          // in days: 31, 61, … 365
 std::optional<Endogenous> endogenousByLine(const std::array<double, 12>& cumulated);    // through months 1 and 12
 std::optional<Endogenous> endogenousBySquares(const std::array<double, 12>& cumulated); // over the 12 ends
+// Of A, by one of these ways, where the deaths are by thousand of so many births. A is linear in the deaths, so it is
+// the mean of what each birth adds to it, nothing where the child lives, and has the error of a mean. Never below 0.
+// Nothing without deaths or births.
+using EndogenousWay = std::optional<Endogenous> (*)(const std::array<double, 12>& cumulated);
+std::optional<Interval> endogenousInterval(EndogenousWay way, const std::array<double, 12>& cumulated, double births);
 
 // J. Dupâquier, 1979: (D − M)/S over the ten years before. Nothing for the first ten years, for one with a gap among
 // them, or where S is 0. Where crises are skipped, years of a magnitude don't count among the ten; nothing where fewer

@@ -20,6 +20,12 @@ std::optional<Interval> intervalOf(double survival, double spread)
     return Interval{std::pow(survival, factor), std::pow(survival, 1 / factor)};
 }
 
+// What a time with events adds to the sum.
+double spreadOf(double gone, double exposed)
+{
+    return gone < exposed ? gone / (exposed * (exposed - gone)) : 0;
+}
+
 std::vector<Step>::const_iterator behind(const std::vector<Step>& steps, qint32 time)
 {
     return std::upper_bound(steps.begin(), steps.end(), time,
@@ -49,7 +55,7 @@ std::vector<Step> kaplanMeier(const std::map<qint32, Exits>& exits, qint64 atSta
             const auto exposed = static_cast<double>(atRisk);
             const auto gone = static_cast<double>(std::min(exit.events, atRisk));
             survival *= 1 - gone / exposed;
-            if (gone < exposed) spread += gone / (exposed * (exposed - gone));
+            spread += spreadOf(gone, exposed);
             steps.push_back({.time = time,
                              .atRisk = atRisk,
                              .events = exit.events,
@@ -71,6 +77,18 @@ std::optional<Interval> survivalIntervalAt(const std::vector<Step>& steps, qint3
 {
     const auto next = behind(steps, time);
     return next == steps.begin() ? std::nullopt : std::prev(next)->interval;
+}
+
+std::optional<Interval> survivalIntervalBetween(const std::vector<Step>& steps, qint32 from, qint32 until)
+{
+    double survival = 1, spread = 0;
+    for (auto step = behind(steps, from); step != steps.end() && step->time <= until; ++step) {
+        const auto exposed = static_cast<double>(step->atRisk);
+        const auto gone = static_cast<double>(std::min(step->events, step->atRisk));
+        survival *= 1 - gone / exposed;
+        spread += spreadOf(gone, exposed);
+    }
+    return intervalOf(survival, spread);
 }
 
 std::optional<double> actuarialQuotient(double atRisk, double events, double left)

@@ -37,6 +37,9 @@ std::vector<Step> kaplanMeier(const std::map<qint32, Exits>& exits, qint64 atSta
 // Survival behind `time`; 1 before the first step.
 double survivalAt(const std::vector<Step>& steps, qint32 time);
 std::optional<Interval> survivalIntervalAt(const std::vector<Step>& steps, qint32 time);
+// Of the survival behind `until` among those who had survived `from`: Greenwood's sum over the times between, on the
+// same scale. None where it is 0 or 1.
+std::optional<Interval> survivalIntervalBetween(const std::vector<Step>& steps, qint32 from, qint32 until);
 
 // q = d/(N − c/2); nothing where nobody is at risk.
 std::optional<double> actuarialQuotient(double atRisk, double events, double left);

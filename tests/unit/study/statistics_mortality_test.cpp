@@ -52,6 +52,32 @@ TEST(EndogenousMortality, ByALineThroughTheFirstAndTheLastMonth)
     EXPECT_FALSE(found->bent);
 }
 
+// By the line, each of the 78 deaths of the first month adds 1, each of the 72 others −3.4099/(16.846 − 3.4099).
+TEST(EndogenousMortality, HasTheErrorOfAMeanOverTheBirths)
+{
+    const auto scale = [](int day) { return std::pow(std::log10(day + 1.0), 3); };
+    const double later = -scale(31) / (scale(365) - scale(31));
+    const double mean = 0.078 + 0.072 * later;
+    const double error = std::sqrt((0.078 + 0.072 * later * later - mean * mean) / 1000);
+    const auto found = endogenousInterval(endogenousByLine, infants, 1000);
+    ASSERT_TRUE(found);
+    EXPECT_NEAR(found->low, 1000 * (mean - 1.959964 * error), 1e-4);
+    EXPECT_NEAR(found->high, 1000 * (mean + 1.959964 * error), 1e-4);
+}
+
+TEST(EndogenousMortality, HasAnIntervalAroundIt)
+{
+    const auto squares = endogenousInterval(endogenousBySquares, infants, 1000);
+    const auto more = endogenousInterval(endogenousBySquares, infants, 4000);
+    ASSERT_TRUE(squares && more);
+    const double found = endogenousBySquares(infants)->endogenous;
+    EXPECT_NEAR((squares->low + squares->high) / 2, found, 1e-9);
+    EXPECT_NEAR(squares->high - squares->low, 2 * (more->high - more->low), 1e-9);
+    EXPECT_FALSE(endogenousInterval(endogenousBySquares, {}, 1000));
+    EXPECT_FALSE(endogenousInterval(endogenousBySquares, infants, 0));
+    EXPECT_EQ(endogenousInterval(endogenousBySquares, lineOf(-20, 9, 9), 100000)->low, 0);
+}
+
 TEST(EndogenousMortality, BySquaresOverTwelveMonths)
 {
     const auto found = endogenousBySquares(infants);

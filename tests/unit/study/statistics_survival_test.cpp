@@ -109,6 +109,20 @@ TEST(Survival, AddsUpItsSpreadOverTheSteps)
     EXPECT_NEAR(steps.back().interval->high, std::pow(0.45, 1 / factor), 1e-7);
 }
 
+// Who is alive at a time begins anew there: the interval is that of those alone.
+TEST(Survival, HasAnIntervalBetweenTwoTimes)
+{
+    const auto all = kaplanMeier(exitsOf({1, 2, 12, 14}, {13, 20, 20, 20, 20, 20}), 10);
+    const auto later = kaplanMeier(exitsOf({12, 14}, {13, 20, 20, 20, 20, 20}), 8);
+    const auto between = survivalIntervalBetween(all, 2, 15);
+    ASSERT_TRUE(between);
+    EXPECT_NEAR(between->low, later.back().interval->low, 1e-12);
+    EXPECT_NEAR(between->high, later.back().interval->high, 1e-12);
+    EXPECT_EQ(survivalIntervalBetween(all, 0, 15), all.back().interval);
+    EXPECT_FALSE(survivalIntervalBetween(all, 2, 11)) << "nobody dies";
+    EXPECT_FALSE(survivalIntervalBetween(all, 14, 99));
+}
+
 TEST(Survival, OfNobodyIsWholeAndWithoutSteps)
 {
     EXPECT_TRUE(kaplanMeier({}, 0).empty());
