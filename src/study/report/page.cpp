@@ -1,23 +1,11 @@
 #include "study/report/page.h"
 
+#include "study/report/origin.h"
 #include "study/report/page_p.h"
-
-#include <QLocale>
 
 namespace study::report {
 
 namespace {
-
-QString momentText(const QDateTime& moment)
-{
-    return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : QString("–");
-}
-
-QString sizeText(qint64 bytes)
-{
-    QLocale portuguese(QLocale::Portuguese, QLocale::Portugal);
-    return portuguese.toString(bytes) + (bytes == 1 ? " byte" : " bytes");
-}
 
 QString chapterAnchor(std::size_t chapter)
 {

@@ -218,6 +218,41 @@ TEST(APageOfAReport, HoldsARowThatIsTooShort)
     EXPECT_EQ(textsOf(elementsOf(pageOf(onlyOf(table))), "td"), (QStringList{"–", "–", "–"}));
 }
 
+QString classOf(const Table& table, const QString& element)
+{
+    const auto elements = elementsOf(pageOf(onlyOf(table)));
+    for (const Element& one : elements)
+        if (one.name == element) return one.attributes["class"];
+    return "none";
+}
+
+// What doesn't fit on A4 in the usual letters is set in smaller ones; what fits in none has its heading on end.
+TEST(APageOfAReport, SetsATableSoThatPaperHasRoomForIt)
+{
+    EXPECT_EQ(classOf(sample::agesTable(), "table"), "normal");
+    EXPECT_EQ(classOf(sample::seasonsTable(), "table"), "larga");
+    Table table = sample::agesTable();
+    const auto setTitles = [&table](std::size_t columns, const QString& title) {
+        table.columns.resize(columns);
+        for (std::size_t i = 1; i < columns; ++i)
+            table.columns[i] = {.title = title};
+    };
+    setTitles(9, "Descendência");
+    EXPECT_EQ(classOf(table, "table"), "larga");
+    setTitles(9, "em que de 10 a 20");
+    EXPECT_EQ(classOf(table, "table"), "normal") << "titles are broken between their words";
+    setTitles(12, "Descendência");
+    EXPECT_EQ(classOf(table, "table"), "larga larguissima");
+    setTitles(14, "Administrativos");
+    EXPECT_EQ(classOf(table, "table"), "larga larguissima imensa");
+}
+
+TEST(APageOfAReport, BreaksNoShortTableBetweenTwoPages)
+{
+    EXPECT_EQ(classOf(sample::agesTable(), "figure"), "quadro curto");
+    EXPECT_EQ(classOf(sample::seasonsTable(), "figure"), "quadro");
+}
+
 TEST(APageOfAReport, IsTheSameForTheSameReport)
 {
     EXPECT_EQ(pageOf(sample::report()), pageOf(sample::report()));
