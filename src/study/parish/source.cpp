@@ -5,13 +5,26 @@
 
 namespace study::parish {
 
+namespace {
+
+Source unmarked(const QString& path)
+{
+    return {.path = path, .readAt = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch())};
+}
+
+} // namespace
+
 Source sourceOf(const QString& path)
 {
-    Source source{.path = path};
-    source.readAt = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch());
     QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? sourceOf(file) : unmarked(path);
+}
+
+Source sourceOf(QFile& file)
+{
+    Source source = unmarked(file.fileName());
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return source;
+    if (!file.isOpen() || !hash.addData(&file)) return source;
     source.bytes = file.pos();
     source.sha256 = QString::fromLatin1(hash.result().toHex());
     return source;

@@ -4,6 +4,8 @@
 #include <QDateTime>
 #include <QString>
 
+class QFile;
+
 namespace study::parish {
 
 struct Source
@@ -19,5 +21,8 @@ struct Source
 
 // Reads the whole file: seconds for a large one. Where it can't be read, its path and the time alone are known.
 Source sourceOf(const QString& path);
+// The same of a file that stands open at its beginning, and stays open: for who may not close it, as that gives up the
+// locks that the process has on it.
+Source sourceOf(QFile& file);
 
 } // namespace study::parish

@@ -21,6 +21,7 @@ constexpr qsizetype mostLabels = 30;    // turned ones
 constexpr qsizetype lettersInLine = 90; // about as many as stand side by side
 constexpr std::size_t labelsInLine = 14;
 constexpr qsizetype longestLabel = 22; // turned, longer ones would leave no room to draw
+constexpr qsizetype mostLines = 3;     // of a label that is broken between its words
 
 QColor blend(const QColor& one, const QColor& other, double part)
 {
@@ -73,6 +74,54 @@ bool fitInLine(const std::vector<Tick>& ticks)
     for (const Tick& tick : ticks)
         letters += tick.label.size() + 2;
     return letters <= lettersInLine && ticks.size() <= labelsInLine;
+}
+
+// Its words in lines of so many letters at most; none where that takes too many lines.
+QStringList brokenLabel(const QString& label, qsizetype letters)
+{
+    QStringList lines;
+    const auto words = label.split(' ', Qt::SkipEmptyParts);
+    for (const QString& word : words) {
+        if (word.size() > letters) return {};
+        if (lines.isEmpty() || lines.constLast().size() + 1 + word.size() > letters)
+            lines << word;
+        else
+            lines.last() += ' ' + word;
+    }
+    return lines.size() > mostLines ? QStringList() : lines;
+}
+
+// How the labels of an axis stand. On a lying one whole where they fit side by side, else in lines, else turned.
+enum class Layout : quint8
+{
+    Whole,
+    Broken,
+    Turned,
+    Stacked // on a standing axis
+};
+
+qsizetype lettersOfOne(const std::vector<Tick>& ticks)
+{
+    return lettersInLine / std::max<qsizetype>(1, qsizetype(ticks.size())) - 2;
+}
+
+Layout layoutOf(const std::vector<Tick>& ticks)
+{
+    if (fitInLine(ticks)) return Layout::Whole;
+    const bool breaks = std::all_of(ticks.begin(), ticks.end(), [&](const Tick& tick) {
+        return !brokenLabel(tick.label, lettersOfOne(ticks)).isEmpty();
+    });
+    return breaks ? Layout::Broken : Layout::Turned;
+}
+
+// As rich text, by which the axis reads it.
+QString markupOf(const QString& label, Layout layout, qsizetype letters)
+{
+    if (layout != Layout::Broken) return escaped(layout == Layout::Whole ? label : shortened(label));
+    QStringList lines = brokenLabel(label, letters);
+    for (QString& line : lines)
+        line = escaped(line);
+    return lines.join("<br>");
 }
 
 } // namespace
@@ -140,9 +189,11 @@ std::unique_ptr<QAbstractAxis> axisOf(const std::vector<Tick>& ticks, double low
     auto axis = std::make_unique<QCategoryAxis>();
     axis->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
     axis->setStartValue(low);
+    const std::vector<Tick> told = thinned(ticks);
+    const Layout layout = lying ? layoutOf(told) : Layout::Stacked;
     QSet<QString> taken;
-    for (const Tick& tick : thinned(ticks)) {
-        QString label = escaped(shortened(tick.label)); // the axis reads its labels as rich text
+    for (const Tick& tick : told) {
+        QString label = markupOf(tick.label, layout, lettersOfOne(told));
         while (taken.contains(label)) // and wants each once: what stands on both sides of one leaves it in the middle
             label = QChar(QChar::Nbsp) + label + QChar(QChar::Nbsp);
         taken.insert(label);
@@ -151,9 +202,8 @@ std::unique_ptr<QAbstractAxis> axisOf(const std::vector<Tick>& ticks, double low
     axis->setRange(low, high);
     axis->setTitleText(escaped(title));
     axis->setTitleVisible(!title.isEmpty());
-    const bool turned = lying && !fitInLine(thinned(ticks));
-    if (turned) axis->setLabelsAngle(-90);
-    axis->setTruncateLabels(turned);
+    if (layout == Layout::Turned) axis->setLabelsAngle(-90);
+    axis->setTruncateLabels(false); // which leaves three points of a label that has little room to its sides
     const QColor ink = look.palette.color(QPalette::Text), ground = look.palette.color(QPalette::Base);
     axis->setLabelsBrush(ink);
     axis->setTitleBrush(ink);

@@ -1,5 +1,7 @@
 #include "study/report/figure.h"
 
+#include "study/report/smallNumbers.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -131,6 +133,19 @@ Cell mean(const Distribution& of, double perUnit, std::vector<Key> from)
 Cell median(const Distribution& of, double perUnit, std::vector<Key> from)
 {
     return ofValues(of.median(), of.medianInterval(), of.n(), perUnit, std::move(from));
+}
+
+QString ruleOfSmallNumbers()
+{
+    return QString(
+               "Não se mostra (*) uma taxa de menos de %1 acontecimentos ou de %2 anos de observação, uma proporção de "
+               "menos de %3 casos, uma média ou mediana de menos de %4. De %4 a %5 casos, uma média ou mediana lê-se "
+               "com reserva (†).")
+        .arg(eventsOfARate)
+        .arg(yearsOfARate)
+        .arg(baseOfAShare)
+        .arg(leastMean)
+        .arg(soundMean - 1);
 }
 
 QString shown(const Cell& cell, const Column& column)

@@ -113,6 +113,7 @@ Json sourceOf(const parish::Source& source)
 {
     Json json;
     put(json, "title", "BDP " + QFileInfo(source.path).fileName() + ", SHA-256 " + source.sha256);
+    put(json, "file", source.path); // a "path" would have to lie in the package
     put(json, "hash", "sha256:" + source.sha256);
     json["bytes"] = source.bytes;
     put(json, "read", moment(source.readAt));

@@ -1,23 +1,12 @@
 #include "study/report/page.h"
 
+#include "study/report/origin.h"
 #include "study/report/page_p.h"
-
-#include <QLocale>
+#include "study/report/smallNumbers.h"
 
 namespace study::report {
 
 namespace {
-
-QString momentText(const QDateTime& moment)
-{
-    return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : QString("–");
-}
-
-QString sizeText(qint64 bytes)
-{
-    QLocale portuguese(QLocale::Portuguese, QLocale::Portugal);
-    return portuguese.toString(bytes) + (bytes == 1 ? " byte" : " bytes");
-}
 
 QString chapterAnchor(std::size_t chapter)
 {
@@ -84,6 +73,17 @@ QString settingsOf(const Report& report)
                                '\n';
 }
 
+QString guideOf(const Report& report)
+{
+    if (report.chapters.empty()) return {};
+    return tag("section", {{"class", "leitura"}},
+               tag("h2", {{"id", "leitura"}}, "Como ler os quadros") +
+                   tag("p", {{"class", "metodo"}},
+                       "Entre parênteses rectos estão os limites do intervalo de confiança de 95 %. " +
+                           escaped(ruleOfSmallNumbers()) + " O traço (–) está onde não há valor.")) +
+           '\n';
+}
+
 // The figures of a chapter are counted through its sections.
 struct Counters
 {
@@ -138,7 +138,7 @@ QByteArray pageOf(const Report& report)
     const QString head = "<meta charset=\"utf-8\"/>\n"
                          "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n" +
                          tag("title", escaped(title)) + tag("style", pageStyle());
-    QString body = headerOf(report) + contentsOf(report) + sourcesOf(report) + settingsOf(report);
+    QString body = headerOf(report) + contentsOf(report) + sourcesOf(report) + settingsOf(report) + guideOf(report);
     for (std::size_t i = 0; i < report.chapters.size(); ++i)
         body += chapterMarkup(report.chapters[i], i);
     const QString page = "<!DOCTYPE html>\n" + tag("html", {{"lang", "pt-PT"}},

@@ -13,7 +13,7 @@ namespace study::report {
 namespace {
 
 constexpr QSize drawingSize(680, 410);
-constexpr std::size_t manyColumns = 9, tooManyColumns = 14; // of a table on A4
+constexpr std::size_t shortTable = 15; // rows of a table that isn't broken between two pages, at the most
 
 const QString none = QStringLiteral("<p class=\"vazio\">sem dados</p>");
 
@@ -23,12 +23,17 @@ bool hasInterval(const Cell& cell)
            std::isfinite(cell.interval->high);
 }
 
-QString limitsOf(const Cell& cell, const Column& column)
+QString limitsText(const Cell& cell, const Column& column)
 {
     if (!hasInterval(cell)) return {};
     const auto limit = [&](double value) { return shown(Cell{.value = value, .decimals = cell.decimals}, column); };
-    const QString told = '[' + limit(cell.interval->low) + "; " + limit(cell.interval->high) + ']';
-    return tag("small", told);
+    return '[' + limit(cell.interval->low) + "; " + limit(cell.interval->high) + ']';
+}
+
+QString limitsOf(const Cell& cell, const Column& column)
+{
+    const QString told = limitsText(cell, column);
+    return told.isEmpty() ? QString() : tag("small", told);
 }
 
 QString cellMarkup(const Cell& cell, const Column& column)
@@ -101,6 +106,54 @@ QString captionOf(const QString& label, const QString& title)
     return escaped(title.isEmpty() ? label : label + ". " + title);
 }
 
+// How a table is set on A4: in letters so small, and so close, that no word is cut. In points; as the style has them.
+struct Fit
+{
+    const char* name;
+    double size, padding; // padding: of both sides of a cell
+    bool limitsInOneLine;
+};
+constexpr double pageBreadth = 504, letter = 0.64, bold = 0.7, smaller = 0.82; // letters: in parts of their size
+constexpr Fit normal{"normal", 8.5, 14.4, true}, larga{"larga", 7.5, 7.2, false},
+    larguissima{"larga larguissima", 5.5, 3.6, false};
+constexpr auto imensa = "larga larguissima imensa"; // with its heading on end
+
+double longestWord(const QString& given)
+{
+    qsizetype longest = 0;
+    const auto words = QStringView(given).split(' ');
+    for (const QStringView word : words)
+        longest = std::max(longest, word.size());
+    return double(longest);
+}
+
+// The least breadth of a column, in parts of the size of its letters; limits may stand in one line or in two.
+double breadthOf(const Table& table, std::size_t column, bool inOneLine)
+{
+    const Column& of = table.columns[column];
+    double least = std::max(bold * longestWord(of.title), letter * smaller * (longestWord(of.unit) + 2));
+    for (const auto& row : table.rows) {
+        if (column >= row.size()) continue;
+        const QString told = shown(row[column], of);
+        const double letters = of.isText || column == 0 ? longestWord(told) : double(told.size());
+        const QString both = limitsText(row[column], of);
+        const double limits = inOneLine ? double(both.size()) : longestWord(both);
+        least = std::max({least, letter * letters, letter * smaller * limits});
+    }
+    return least;
+}
+
+const char* fitOf(const Table& table)
+{
+    for (const Fit& fit : {normal, larga, larguissima}) {
+        double breadth = double(table.columns.size()) * fit.padding;
+        for (std::size_t column = 0; column < table.columns.size(); ++column)
+            breadth += fit.size * breadthOf(table, column, fit.limitsInOneLine);
+        if (breadth <= pageBreadth) return fit.name;
+    }
+    return imensa;
+}
+
 // What may be broader than a telephone moves by itself; it is reached without a mouse, and tells what it is.
 QString rolling(const QString& label, const QString& title, const QString& inner)
 {
@@ -138,11 +191,10 @@ QString tableMarkup(const Table& table, const QString& label, const QString& anc
     QString rows;
     for (const auto& row : table.rows)
         rows += rowMarkup(row, table.columns);
-    const std::size_t columns = table.columns.size();
-    const QString breadth = columns > tooManyColumns ? "larga larguissima" : columns > manyColumns ? "larga" : "normal";
     const QString inner = tag("caption", tag("span", caption)) + headMarkup(table.columns) + tag("tbody", rows);
-    const QString rolled = rolling(label, table.title, tag("table", {{"class", breadth}}, inner));
-    return tag("figure", {{"class", "quadro"}, {"id", anchor}},
+    const QString rolled = rolling(label, table.title, tag("table", {{"class", fitOf(table)}}, inner));
+    const bool isShort = table.rows.size() <= shortTable;
+    return tag("figure", {{"class", isShort ? "quadro curto" : "quadro"}, {"id", anchor}},
                rolled + '\n' + legendOf(table) + notesOf(table.notes)) +
            '\n';
 }

@@ -35,9 +35,10 @@ thead { border-top: 2px solid #1a1a1a; border-bottom: 1px solid #1a1a1a; }
 tbody { border-bottom: 2px solid #1a1a1a; }
 th, td { padding: .25rem .6rem; vertical-align: top; text-align: left; font-weight: 400; }
 thead th { font-weight: 700; vertical-align: bottom; }
-thead th small { display: block; font-weight: 400; white-space: nowrap; }
+thead th small { display: block; font-weight: 400; }
 tbody tr:nth-child(even) { background: #f3f5f7; }
-.n { text-align: right; white-space: nowrap; }
+.n { text-align: right; }
+td.n { white-space: nowrap; }
 td small { display: block; color: #444; font-size: .82em; }
 .c { color: #5c5c5c; font-style: italic; }
 .s { color: #5c5c5c; }
@@ -71,13 +72,17 @@ td small { display: block; color: #444; font-size: .82em; }
   figure.grafico { break-inside: avoid; }
   .grafico svg { min-width: 0; max-width: 150mm; }
   .rola { overflow: visible; }
-  table { font-size: 8.5pt; }
+  table { font-size: 8.5pt; line-height: 1.2; }
+  th, td { padding: .15rem .6rem; }
   table.larga { font-size: 7.5pt; }
   table.larguissima { font-size: 5.5pt; }
   .larga th, .larga td { padding: .15rem .3rem; }
   .larguissima th, .larguissima td { padding: .1rem .15rem; }
-  thead { display: table-header-group; }
-  tr { break-inside: avoid; }
+  .larga td small { white-space: normal; }
+  table.imensa thead th.n { writing-mode: sideways-lr; writing-mode: vertical-rl; height: 13em; vertical-align: middle; }
+  thead { display: table-header-group; break-after: avoid; }
+  tr, .curto { break-inside: avoid; }
+  tbody, tbody tr:nth-child(-n+3) { break-before: avoid; }
   .legenda { break-before: avoid; font-size: 7.5pt; }
   .notas { font-size: 7.5pt; }
   tbody tr:nth-child(even) { -webkit-print-color-adjust: exact; print-color-adjust: exact; }

@@ -3,6 +3,7 @@
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/statusline.h"
+#include "study/report/origin.h"
 #include "study/report/sheet.h"
 
 #include <QClipboard>
@@ -164,7 +165,8 @@ void FrmIndicadores::cmdCopiar_Click()
 {
     const report::Table* table = tableInFront();
     if (!table || table->isEmpty()) return;
-    QGuiApplication::clipboard()->setText(report::tabSeparated(*table));
+    QGuiApplication::clipboard()->setText(report::tabSeparated(*table) + '\n' + report::originText(base_->source) +
+                                          '\n');
     showStatus("Tabela copiada: " + table->title);
 }
 

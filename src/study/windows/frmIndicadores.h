@@ -5,6 +5,7 @@
 #include "platform/forms/form.h"
 #include "store/session.h"
 #include "study/indicators/subject.h"
+#include "study/parish/source.h"
 #include "study/windows/background.h"
 #include "study/windows/parishWatch.h"
 #include "study/windows/subjectSheet.h"
@@ -50,7 +51,7 @@ private:
     {
         std::shared_ptr<const study::parish::Snapshot> parish;
         std::shared_ptr<const study::indicators::Study> study;
-        QString when;
+        study::parish::Source source; // without its mark where somebody wrote while it was made
     };
     // What is to be found out about the subject shown, beside its counts: writes what it finds, and shows it.
     struct Question

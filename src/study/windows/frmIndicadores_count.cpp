@@ -8,6 +8,8 @@
 #include "study/windows/subjectCount.h"
 
 #include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
 
 #include <utility>
 
@@ -30,6 +32,28 @@ SubjectSheet madeOf(const Subject& subject, const indicators::Study& study, cons
 {
     return sheetOf(subject.figures(counted(subject, study, goesOn), study.settings));
 }
+
+// The file of the BDP, to be marked on the thread. It is closed by the thread of the windows, between two events: who
+// closes a file gives up the locks that the engine has on it.
+class FileInWork
+{
+public:
+    FileInWork()
+        : file_(new QFile(QFileInfo(cnBDP.dataSource()).absoluteFilePath()), [](QFile* file) { file->deleteLater(); }),
+          written_(lastWritten()), isOpen_(file_->open(QIODevice::ReadOnly))
+    {
+    }
+
+    parish::Source source() const { return parish::sourceOf(*file_); }
+    bool isAsItWas() const { return isOpen_ && lastWritten() == written_; }
+
+private:
+    QDateTime lastWritten() const { return QFileInfo(file_->fileName()).lastModified(); }
+
+    std::shared_ptr<QFile> file_;
+    QDateTime written_;
+    bool isOpen_;
+};
 
 } // namespace
 
@@ -65,18 +89,20 @@ void FrmIndicadores::readAndCount()
         nextWatch_->begin();
         auto copy = std::make_shared<ParishCopy>(cnBDP);
         auto found = std::make_shared<Found>();
-        const QString when = QDateTime::currentDateTime().toString("dd/MM/yyyy HH:mm");
+        const FileInWork file;
         const Subject* subject = subject_;
         begin(
-            [copy, found, subject, when](const Background::GoesOn& goesOn) {
+            [copy, found, subject, file](const Background::GoesOn& goesOn) {
+                const parish::Source source = file.source();
                 const indicators::Settings settings = indicators::keptSettings(copy->open());
                 auto parish = std::make_shared<const Snapshot>(Snapshot::read(copy->open(), part(goesOn, 0, readBy)));
                 copy->close();
                 auto study = std::make_shared<const indicators::Study>(indicators::studyOf(*parish, settings));
                 found->sheet = madeOf(*subject, *study, part(goesOn, readyBy, 1));
-                found->base = std::make_shared<Base>(Base{std::move(parish), std::move(study), when});
+                found->base = std::make_shared<Base>(Base{std::move(parish), std::move(study), source});
             },
-            [this, found, subject] {
+            [this, found, subject, file] {
+                if (!file.isAsItWas()) found->base->source.sha256.clear();
                 base_ = std::move(found->base);
                 watch_ = std::move(nextWatch_);
                 watching_.start();
@@ -176,6 +202,8 @@ void FrmIndicadores::tellState()
 {
     if (work_) return;
     QString state = state_;
-    if (state.isEmpty()) state = base_ ? "Contado na BDP de " + base_->when + '.' : QString("Escolha um tema.");
+    if (state.isEmpty())
+        state = base_ ? "Contado na BDP de " + base_->source.readAt.toString("dd/MM/yyyy HH:mm") + '.'
+                      : QString("Escolha um tema.");
     lblEstado->setText(state + (watch_ && watch_->hasChanged() ? outdated : ""));
 }

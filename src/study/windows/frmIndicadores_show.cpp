@@ -6,6 +6,7 @@
 #include "study/indicators/tallyJson.h"
 #include "study/report/drawing.h"
 #include "study/report/files.h"
+#include "study/report/origin.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -46,9 +47,12 @@ auto chosenOf(const ComboBox& list, const Figures& figures) -> const typename Fi
 
 QByteArray pngOf(const Chart& chart)
 {
+    QImage image = report::imageOf(chart, pictureSize, {}, pictureScale);
+    image.setText("Title", chart.title);
+    image.setText("Description", chart.described);
     QBuffer bytes;
     bytes.open(QIODevice::WriteOnly);
-    report::imageOf(chart, pictureSize, {}, pictureScale).save(&bytes, "PNG");
+    image.save(&bytes, "PNG");
     return bytes.data();
 }
 
@@ -106,6 +110,7 @@ void FrmIndicadores::showMethod()
     QString text = subject_ ? QString::fromUtf8(subject_->method) : QString();
     const QStringList altered = sheetOf_ ? indicators::whatDiffers(base_->study->settings, {}) : QStringList();
     if (!altered.isEmpty()) text += "\r\nContado com definições alteradas: " + altered.join("; ") + '.';
+    if (sheetOf_) text += "\r\n" + report::originText(base_->source) + '.';
     txtMetodo->setText(text);
 }
 
@@ -151,8 +156,9 @@ void FrmIndicadores::drawChart()
 // As a drawing or as a picture, by the suffix.
 void FrmIndicadores::cmdGravar_Click()
 {
-    const Chart* chart = shownChart();
-    if (!chart || chart->isEmpty()) return;
+    if (!shownChart() || shownChart()->isEmpty()) return;
+    Chart chart = *shownChart();
+    chart.described = QStringList{chart.described, report::originText(base_->source)}.join(' ').trimmed();
     const QString path = saveFileName("Desenho SVG (*.svg)|*.svg|Imagem PNG (*.png)|*.png", "Gravar o gráfico");
     if (path.isEmpty()) return;
     const QString name = '"' + QFileInfo(path).fileName() + '"';
@@ -163,6 +169,6 @@ void FrmIndicadores::cmdGravar_Click()
     }
     const Hourglass hourglass;
     const bool isPicture = path.endsWith(".png", Qt::CaseInsensitive);
-    report::writeWhole(path, isPicture ? pngOf(*chart) : report::svgOf(*chart, pictureSize));
+    report::writeWhole(path, isPicture ? pngOf(chart) : report::svgOf(chart, pictureSize));
     showStatus("Gráfico gravado em " + name + '.');
 }

@@ -142,6 +142,34 @@ TEST(ADrawnChart, ShortensCategoriesThatWouldTakeItsRoom)
     EXPECT_LE(shortened[0].size(), 24);
 }
 
+// The names of the series take the room beside it, and leave little to each of the labels.
+TEST(ADrawnChart, CutsNoLabelWhereThereAreMany)
+{
+    Chart chart = sample::linesChart();
+    chart.plots = {{"nascimentos com data exacta", {}}, {"óbitos com nascimento", {}}, {"cônjuges com nascimento", {}}};
+    for (int i = 0; i < 25; ++i) {
+        chart.categories << QString("%1–%2").arg(1600 + 10 * i).arg(1609 + 10 * i);
+        for (Plot& plot : chart.plots)
+            plot.points.push_back({double(i), 90.0 + i % 7});
+    }
+    const QStringList texts = svgOfChart(chart).texts;
+    for (const QString& category : chart.categories)
+        EXPECT_EQ(texts.count(category), 1) << qPrintable(category) << " in " << qPrintable(texts.join(" | "));
+}
+
+TEST(ADrawnChart, BreaksLongCategoriesBetweenTheirWords)
+{
+    Chart chart = sample::barsChart();
+    chart.categories = {"Mulher mais velha 5 anos e mais", "Mulher mais velha 1–4 anos", "Mesma idade (menos de 1 ano)",
+                        "Marido mais velho 1–4 anos",      "Marido mais velho 5–9 anos", "Marido mais velho 10 e mais"};
+    const QStringList texts = svgOfChart(chart).texts;
+    EXPECT_EQ(texts.filter(QChar(0x2026)), QStringList());
+    const QString all = texts.join(' ');
+    for (const QString& category : chart.categories)
+        EXPECT_TRUE(all.contains(category)) << qPrintable(category) << " in " << qPrintable(all);
+    EXPECT_FALSE(texts.contains(chart.categories[1])) << "in one line it would meet its neighbour";
+}
+
 TEST(ADrawnChart, NamesWhatItRefersToByItsOwnId)
 {
     const Svg svg = svgOfChart(sample::barsChart());

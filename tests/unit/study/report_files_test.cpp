@@ -129,6 +129,7 @@ TEST(FilesOfAReport, AreDescribedInADataPackage)
     EXPECT_EQ(package["name"].toString(), "orv-estudo-c-030899");
     EXPECT_EQ(package["created"].toString(), "2026-11-22T09:31:30Z");
     EXPECT_TRUE(package["sources"][0]["title"].toString().contains(QString(64, 'a')));
+    EXPECT_EQ(package["sources"][0]["file"], "/home/ana/moinhos & vale.orv");
     EXPECT_EQ(package["settings"][0]["value"].toString(), "1700–1850");
     const QJsonArray resources = package["resources"].toArray();
     ASSERT_EQ(resources.size(), 3);

@@ -72,8 +72,8 @@ TEST(APageOfAReport, IsWellFormedAndTellsAll)
     EXPECT_EQ(elements[0].name, "html");
     EXPECT_EQ(elements[0].attributes["lang"], "pt-PT");
     EXPECT_EQ(textsOf(elements, "h1"), QStringList{"Estudo demográfico"});
-    EXPECT_EQ(textsOf(elements, "h2"),
-              (QStringList{"Índice", "Fonte", "Opções do estudo", "1 Nupcialidade", "2 Fecundidade e mortalidade"}));
+    EXPECT_EQ(textsOf(elements, "h2"), (QStringList{"Índice", "Fonte", "Opções do estudo", "Como ler os quadros",
+                                                    "1 Nupcialidade", "2 Fecundidade e mortalidade"}));
     EXPECT_EQ(textsOf(elements, "h3").value(0), "1.1 Idade ao primeiro casamento");
     const QStringList told = textsOf(elements, "dd");
     EXPECT_EQ(told.value(0), "/home/ana/moinhos & vale.orv");
@@ -168,10 +168,20 @@ TEST(APageOfAReport, ShowsNumbersWithACommaTheirLimitsAndHowFarTheyAreToBeTruste
         }
 }
 
+TEST(APageOfAReport, StatesTheRuleOfSmallNumbers)
+{
+    const QStringList told = textsOf(elementsOf(pageOf(sample::report())), "p").filter("Não se mostra (*)");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(
+        told[0].contains("uma taxa de menos de 5 acontecimentos ou de 20 anos de observação, uma proporção de menos "
+                         "de 20 casos, uma média ou mediana de menos de 5. De 5 a 9 casos"))
+        << qPrintable(told[0]);
+}
+
 TEST(APageOfAReport, HasALegendOfTheMarksThatStandInTheTableAlone)
 {
     const auto elements = elementsOf(pageOf(onlyOf(sample::leftOutTable())));
-    EXPECT_EQ(textsOf(elements, "p").filter("95 %").size(), 0);
+    EXPECT_EQ(textsOf(elements, "p").filter("[ ; ]").size(), 0);
     EXPECT_EQ(textsOf(elements, "p").filter("sem valor").size(), 0);
 }
 
@@ -216,6 +226,41 @@ TEST(APageOfAReport, HoldsARowThatIsTooShort)
     Table table = sample::agesTable();
     table.rows = {{text("curta")}};
     EXPECT_EQ(textsOf(elementsOf(pageOf(onlyOf(table))), "td"), (QStringList{"–", "–", "–"}));
+}
+
+QString classOf(const Table& table, const QString& element)
+{
+    const auto elements = elementsOf(pageOf(onlyOf(table)));
+    for (const Element& one : elements)
+        if (one.name == element) return one.attributes["class"];
+    return "none";
+}
+
+// What doesn't fit on A4 in the usual letters is set in smaller ones; what fits in none has its heading on end.
+TEST(APageOfAReport, SetsATableSoThatPaperHasRoomForIt)
+{
+    EXPECT_EQ(classOf(sample::agesTable(), "table"), "normal");
+    EXPECT_EQ(classOf(sample::seasonsTable(), "table"), "larga");
+    Table table = sample::agesTable();
+    const auto setTitles = [&table](std::size_t columns, const QString& title) {
+        table.columns.resize(columns);
+        for (std::size_t i = 1; i < columns; ++i)
+            table.columns[i] = {.title = title};
+    };
+    setTitles(7, "Descendência");
+    EXPECT_EQ(classOf(table, "table"), "larga");
+    setTitles(7, "em que de 10 a 20");
+    EXPECT_EQ(classOf(table, "table"), "normal") << "titles are broken between their words";
+    setTitles(10, "Descendência");
+    EXPECT_EQ(classOf(table, "table"), "larga larguissima");
+    setTitles(14, "Administrativos");
+    EXPECT_EQ(classOf(table, "table"), "larga larguissima imensa");
+}
+
+TEST(APageOfAReport, BreaksNoShortTableBetweenTwoPages)
+{
+    EXPECT_EQ(classOf(sample::agesTable(), "figure"), "quadro curto");
+    EXPECT_EQ(classOf(sample::seasonsTable(), "figure"), "quadro");
 }
 
 TEST(APageOfAReport, IsTheSameForTheSameReport)

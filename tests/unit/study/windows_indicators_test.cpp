@@ -2,11 +2,13 @@
 #include "study/indicatorsWindow.h"
 
 #include "study/people.h"
+#include "study/report/origin.h"
 #include "study/windows/subjectCount.h"
 #include "study/windows/subjectRecords.h"
 
 #include <QChartView>
 #include <QClipboard>
+#include <QFileInfo>
 
 using namespace study;
 
@@ -196,6 +198,28 @@ TEST_F(TheWindowOfIndicators, CopiesTheTableInFront)
     turnTo("pagNaoContados");
     button("cmdCopiar").click();
     EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("Razão\tCasos\n"));
+}
+
+// What is taken along tells which state of the BDP it is of.
+TEST_F(TheWindowOfIndicators, TellsWhichStateOfTheBdpItsFiguresAreOf)
+{
+    choose(ageAtMarriage);
+    const parish::Source source = parish::sourceOf(QFileInfo(cnBDP.dataSource()).absoluteFilePath());
+    ASSERT_TRUE(source.isKnown());
+    const QString mark = source.path + ", " + report::sizeText(source.bytes) + ", SHA-256 " + source.sha256;
+    EXPECT_TRUE(memo("txtMetodo").contains("Fonte: " + mark + ", lido em ")) << qPrintable(memo("txtMetodo"));
+    button("cmdCopiar").click();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains("\n\nFonte: " + mark));
+}
+
+TEST_F(TheWindowOfIndicators, GivesNoMarkOfAFileThatWasWrittenToMeanwhile)
+{
+    QTest::qSleep(50); // the time of a file is not exact
+    begin(ageAtMarriage);
+    execute("update individuo set nome = 'Gil' where nind = 1", {});
+    ASSERT_TRUE(finishes());
+    EXPECT_TRUE(memo("txtMetodo").contains("Fonte: ")) << qPrintable(memo("txtMetodo"));
+    EXPECT_FALSE(memo("txtMetodo").contains("SHA-256"));
 }
 
 TEST_F(TheWindowOfIndicators, GivesAChartTheRoomOfThePeople)
