@@ -2,8 +2,6 @@
 
 #include "study/parish/codes.h"
 
-#include <cmath>
-
 #include <algorithm>
 #include <cmath>
 
@@ -33,7 +31,9 @@ int completedMonths(const Date& from, const Date& to)
 
 qint32 hundredthsOfAge(const Date& birth, const Date& at)
 {
-    return static_cast<qint32>(std::lround(100 * parish::exactAge(birth, at)));
+    static constexpr double hundredths = 100;
+    const double age = parish::exactAge(birth, at);
+    return static_cast<qint32>(std::min(std::round(age * hundredths), std::floor(age) * hundredths + hundredths - 1));
 }
 
 qint32 groupOf(int value, int breadth)
@@ -44,7 +44,8 @@ qint32 groupOf(int value, int breadth)
 
 bool isLocal(const parish::Place& place, const Study& study)
 {
-    return !place.isKnown() || parish::isIn(place, study.parish.home());
+    const parish::Home& home = study.parish.home();
+    return !place.isKnown() || home.code.isEmpty() || parish::isIn(place, home);
 }
 
 bool isFirstMarriage(const Person* person, const Family& family)
