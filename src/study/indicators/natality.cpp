@@ -1,5 +1,6 @@
 #include "study/indicators/natality.h"
 
+#include "study/indicators/marriages.h"
 #include "study/parish/codes.h"
 
 #include <algorithm>
@@ -51,14 +52,9 @@ bool isLocal(const parish::Place& place, const Study& study)
 bool isFirstMarriage(const Person* person, const Family& family)
 {
     if (!person) return false;
-    for (const parish::Membership* row : person->unions) {
-        const bool here = row->family == &family;
-        if (here && (row->order.value_or(1) > 1 || row->state == parish::civil::widowed)) return false;
-        if (!here && row->family && row->family->marriage.isKnown() && family.marriage.isKnown() &&
-            row->family->marriage.middle() < family.marriage.middle())
-            return false;
-    }
-    return true;
+    const auto row = std::find_if(family.members.begin(), family.members.end(),
+                                  [person](const auto& member) { return member.member.person == person; });
+    return row != family.members.end() && rankOf({person, &*row}, family) != Rank::Later;
 }
 
 bool isMarital(const Family& family)

@@ -152,6 +152,21 @@ TEST_F(Births, OfAWidowedOneAndOfWhoIsNotSeenAgainAreNotOfFirstMarriages)
     EXPECT_EQ(value(first, firstMarriages, number), 1);
 }
 
+// Nobody knows when the wife was married before; a child of that union tells that she was.
+TEST_F(Births, OfAWifeWithAnEarlierUnionWithoutADateAreNotOfFirstMarriages)
+{
+    const qint64 family = firstAfter(300);
+    const qint64 wife = lastPerson - 1;
+    firstAfter(300);
+    child(couple(person({"Gil"}), wife), "1740-01-01");
+    count(firstInterval);
+    EXPECT_EQ(value(first, everyMarriage, number), 2);
+    EXPECT_EQ(value(first, firstMarriages, number), 1);
+    run("update familias set numcasam = 1 where nfamilia = ? and nind = ?", {family, wife});
+    count(firstInterval);
+    EXPECT_EQ(value(first, firstMarriages, number), 2) << "the act tells it";
+}
+
 TEST_F(Births, AreTellingWhatBecameOfTheChildBefore)
 {
     const qint64 family = married({"1740-06-10", "1720-03-12", "1790-05-01", "1770-10-02"});
