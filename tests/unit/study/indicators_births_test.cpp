@@ -120,6 +120,23 @@ TEST_F(Births, OnTheLimitOfEightMonthsAreNot)
     EXPECT_EQ(value(premarital, "Todos os casamentos", "Primeiros partos"), 4);
 }
 
+// The definition asks for a marriage in the parish; the interval, for a first child of it, too.
+TEST_F(Births, InAnotherParishTellOfTheConceptionBeforeTheMarriage)
+{
+    run("insert into infopar (cod, nome) values ('030899', 'São Mamede')");
+    run("update individuo set localnasc = '010101', tipolocalnasc = 'F' where famorig = ?", {firstAfter(150)});
+    firstAfter(300);
+    count(premaritalConceptions);
+    EXPECT_EQ(value(premarital, "Todos os casamentos", "Primeiros partos"), 2);
+    EXPECT_EQ(value(premarital, "Todos os casamentos", "Antes dos 8 meses"), 1);
+    EXPECT_EQ(value(premarital, "Todos os casamentos, 1700–1749", "Primeiros partos"), 2);
+    for (const auto& row : table("nao-contados").rows)
+        EXPECT_EQ(std::get<double>(row[1].value), 0) << qPrintable(std::get<QString>(row[0].value));
+    count(firstInterval);
+    EXPECT_EQ(value(first, "Primeiros casamentos, 0 meses e mais", number), 1);
+    EXPECT_EQ(leftOut("nascido noutra paróquia"), 1);
+}
+
 TEST_F(Births, TellWhyAFirstOneIsNotCounted)
 {
     run("insert into infopar (cod, nome) values ('030899', 'São Mamede')");

@@ -65,7 +65,7 @@ TEST_F(TheInbreedingOfChildren, IsRaisedByAnAncestorWhoIsInbred)
     EXPECT_EQ(of(man(his), woman(hers)), 1 / 8.0 * 5 / 4);
 }
 
-// Through the brothers' parents go no paths on top of those through the brothers' shared child.
+// Each pair of lines from brother and sister to a grandparent passes through one parent.
 TEST_F(TheInbreedingOfChildren, CountsNoPathThatPassesTwiceThroughSomebody)
 {
     const qint64 oldest = strangers();
