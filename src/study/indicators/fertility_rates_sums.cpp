@@ -178,8 +178,8 @@ bool markPoor(Row& row)
 {
     const double* const error = std::get_if<double>(&row[7].value);
     if (!error || *error <= poorFit || row[3].standing == report::Standing::Suppressed) return false;
-    for (const std::size_t cell : {3, 5})
-        row[cell].standing = report::Standing::Grey;
+    for (Cell* cell : {&row[3], &row[5]})
+        cell->standing = report::Standing::Grey;
     return true;
 }
 

@@ -316,7 +316,7 @@ TEST(TheRatesOfATally, HaveTheRatesAndAllEstimatorsOfTheWorkedExample)
     EXPECT_NEAR(table(0).rows[3][3].interval->low, 273.0, 0.05);
     EXPECT_NEAR(table(0).rows[3][3].interval->high, 500.7, 0.05);
     const auto models = table(2);
-    for (const std::size_t row : {0, 1, 2}) {
+    for (const std::size_t row : {0U, 1U, 2U}) {
         SCOPED_TRACE(row);
         EXPECT_NE(models.rows[row][3].standing, Standing::Suppressed);
         EXPECT_TRUE(std::holds_alternative<double>(models.rows[row][7].value));
