@@ -4,6 +4,7 @@
 #include "study/command/bdp.h"
 #include "study/command/check.h"
 #include "study/command/figures.h"
+#include "study/command/smam.h"
 #include "study/command/usage.h"
 #include "study/transcripts/importSources.h"
 #include "study/transcripts/kleio.h"
@@ -194,6 +195,7 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
         return done;
     }
     if (order.work == Order::Work::Check) return runCheck(order, out, err, goesOn);
+    if (order.work == Order::Work::Smam) return runSmam(order, out, err, goesOn);
     if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
     try {
         Run run(order, out, err, goesOn);

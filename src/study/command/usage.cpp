@@ -129,6 +129,8 @@ QString readArguments(const QStringList& arguments, Order& order)
     addFigures(*report, read);
     CLI::App* const tables = addSubcommand(app, "tabelas");
     addFigures(*tables, read);
+    CLI::App* const smam = addSubcommand(app, "smam");
+    smam->add_option("ficheiros", read.files)->required();
     try {
         app.parse(reversed(arguments));
     } catch (const CLI::ParseError& error) {
@@ -159,6 +161,8 @@ QString readArguments(const QStringList& arguments, Order& order)
         order.work = Order::Work::Report;
     else if (tables->parsed())
         order.work = Order::Work::Tables;
+    else if (smam->parsed())
+        order.work = Order::Work::Smam;
     else
         return "Falta dizer o que fazer.";
     return readWords(read, order);
@@ -175,6 +179,7 @@ QString helpText()
   orv-estudo juntar CONTAGENS.json… > TODAS.json
   orv-estudo relatorio FICHEIRO… -o RELATORIO.html
   orv-estudo tabelas FICHEIRO… -o PASTA
+  orv-estudo smam LISTA.csv…
 
 Opções da importação:
   --ensaio             diz o que seria escrito, e não escreve nada
@@ -200,7 +205,11 @@ Contagens diz, em JSON, o que se contou na BDP para os indicadores do estudo, co
 juntar soma as de várias freguesias, se foram feitas com as mesmas definições. Relatorio faz uma página com
 todos os quadros e gráficos, e tabelas um ficheiro CSV de cada quadro, com a sua descrição, na pasta: de uma
 ou de várias BDP (.orv) ou contagens (.json). Nenhuma BDP é alterada; o programa pode tê-la aberta.
-Fim das contagens, de juntar, do relatório e das tabelas: 0 feito, 2 não se pôde fazer.
+
+Smam diz a idade média ao primeiro casamento pelos solteiros de uma lista, como a de um recenseamento: um
+CSV com as colunas grupo (15–19 a 50–54, os oito) e solteiros, em percentagem; ou em número, com a coluna
+todos ao lado. Nenhuma BDP a pode dar: diz de quem casou, e não de quem não casou.
+Fim das contagens, de juntar, do relatório, das tabelas e de smam: 0 feito, 2 não se pôde fazer.
 
 Fim do resto: 0 feito, 1 recusado ou interrompido, 2 argumentos que não se entendem, 3 de um dos ficheiros
 nenhum acto se pôde guardar.

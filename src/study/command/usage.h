@@ -21,7 +21,8 @@ struct Order
         Count,
         Join,
         Report,
-        Tables
+        Tables,
+        Smam
     };
     enum class Format
     {

@@ -1,11 +1,11 @@
 // Age at first marriage: by the birth in the register, and apart from it by the age that the act tells.
 #include "study/indicators/marriages.h"
+#include "study/indicators/natality.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace study::indicators {
 
@@ -101,13 +101,6 @@ bool isLate(int birthYear, const Settings& settings)
     return last != 0 && birthYear > last - yearsToComplete;
 }
 
-// Rounded, but never into a year that isn't completed.
-qint32 ageInHundredths(const parish::Date& birth, const parish::Date& at)
-{
-    const double age = exactAge(birth, at);
-    return static_cast<qint32>(std::min(std::round(age * hundredths), std::floor(age) * hundredths + hundredths - 1));
-}
-
 class Marriage
 {
 public:
@@ -129,7 +122,7 @@ public:
         if (!birth.isKnown()) return add(NoBirth, spouse);
         if (birth.middle() > family_.marriage.middle()) return add(BeforeBirth, spouse);
         if (isEarly(year, gender, study_.settings)) return add(EarlyInBooks, spouse);
-        const qint32 age = ageInHundredths(birth, family_.marriage);
+        const qint32 age = natality::hundredthsOfAge(birth, family_.marriage);
         add(ByRegister, spouse, {period, sex, born, age});
         if (!birth.isExact()) add(ApproximateBirth, spouse, {period, sex});
         if (isLate(birth.year(), study_.settings)) return add(LateInBooks, spouse);
@@ -259,7 +252,11 @@ Table byPeriod(const Reading& reading, const Settings& settings, const Sex& sex)
                    "outra.";
     const int first = settings.books[static_cast<std::size_t>(Series::Baptisms)].first;
     const int cut = sex.code == static_cast<qint32>(Gender::Male) ? yearsOfEarlyMen : yearsOfEarlyWomen;
-    if (first != 0) table.notes << QString("Casamentos pelo registo a partir de %1.").arg(first + cut);
+    table.notes << (first != 0 ? QString("Casamentos pelo registo a partir de %1.").arg(first + cut)
+                               : QString("Sem o princípio dos livros de baptismos, contam também os casamentos dos "
+                                         "primeiros %1 anos, em que só os de gente nova se podem ligar: a média sobe "
+                                         "então por construção.")
+                                     .arg(cut));
     return table;
 }
 

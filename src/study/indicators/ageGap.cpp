@@ -88,6 +88,14 @@ constexpr Class classes[] = {{"Mulher mais velha 5 anos e mais", -farAway, -4},
                              {"Marido mais velho 5–9 anos", 5, 10},
                              {"Marido mais velho 10 anos e mais", 10, farAway}};
 
+// What is told of fewer couples is grey.
+Cell greyOfFew(const Reading::Spread& gaps, Cell cell)
+{
+    static constexpr qint64 least = 20;
+    if (gaps.values.n() < least && cell.standing == report::Standing::Sound) cell.standing = report::Standing::Grey;
+    return cell;
+}
+
 Table byPeriod(const Reading& reading, const Settings& settings)
 {
     Table table{"diferenca-de-idade",
@@ -106,9 +114,9 @@ Table byPeriod(const Reading& reading, const Settings& settings)
         const Reading::Part all{gaps.values.n(), gaps.keys};
         std::vector<Cell> row = {report::text(name),
                                  counted(all),
-                                 meanCell(gaps, hundredths),
-                                 medianCell(gaps, hundredths),
-                                 deviationCell(gaps, hundredths),
+                                 greyOfFew(gaps, meanCell(gaps, hundredths)),
+                                 greyOfFew(gaps, medianCell(gaps, hundredths)),
+                                 greyOfFew(gaps, deviationCell(gaps, hundredths)),
                                  percent(reading.part(WifeOlder, at), all)};
         for (const Class& each : classes)
             row.push_back(percent(reading.within(WholeYears, 1, each.from, each.until, at), all));

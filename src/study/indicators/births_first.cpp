@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <set>
+#include <span>
 
 namespace study::indicators {
 
@@ -48,9 +50,11 @@ constexpr std::array<const char*, noFirsts> noFirstTold{"famílias de um só mem
                                                         "primeiro filho nascido noutra paróquia"};
 
 // The interval: days and completed months (below 0 before the marriage), cohort, and what more is known of the couple.
-constexpr quint16 interval = 0, firstReason = 1;
-constexpr std::array<const char*, 1> ownNames{"intervalo"};
-constexpr auto counts = natality::joined(ownNames, noFirstNames);
+// Apart from it the interval to a first child of another parish, whose elder ones may stand in other books: it is no
+// first interval, but it tells of a conception before the marriage.
+constexpr quint16 interval = 0, firstReason = 1, intervalElsewhere = firstReason + noFirsts;
+constexpr std::array<const char*, 1> ownNames{"intervalo"}, elsewhereNames{"intervalo-de-fora"};
+constexpr auto counts = natality::joined(natality::joined(ownNames, noFirstNames), elsewhereNames);
 constexpr auto whyNot = natality::reasonsFrom(firstReason, noFirstTold);
 constexpr qint32 firstOfBoth = 1, seenLater = 2;
 
@@ -85,12 +89,12 @@ First firstOf(const observation::Union& of, const Study& study)
     const Date& marriage = of.family->marriage;
     const Date& birth = first.confinement.day;
     const Date& dated = study.settings.byMarriageCohort ? marriage : birth;
-    if (study.settings.localOnly && !natality::isLocal(first.confinement.children.front()->birthPlace, study))
-        first.lack = NoFirst::BornElsewhere;
-    else if (!study.settings.period.holds(dated.year()))
+    if (!study.settings.period.holds(dated.year()))
         first.lack = NoFirst::Period;
     else if (!isRead(marriage, birth, study.settings))
         first.lack = NoFirst::Books;
+    else if (study.settings.localOnly && !natality::isLocal(first.confinement.children.front()->birthPlace, study))
+        first.lack = NoFirst::BornElsewhere;
     return first;
 }
 
@@ -108,13 +112,13 @@ bool isSeenLater(const Family& family, const Date& day)
     return false;
 }
 
-void countFirst(const Family& family, const Confinement& first, const Settings& settings, Taker& taker)
+void countFirst(quint16 count, const Family& family, const Confinement& first, const Settings& settings, Taker& taker)
 {
     const bool both =
         natality::isFirstMarriage(family.husband, family) && natality::isFirstMarriage(family.wife, family);
     const qint32 known = (both ? firstOfBoth : 0) + (isSeenLater(family, first.day) ? seenLater : 0);
     taker.count(
-        {interval,
+        {count,
          {parish::daysBetween(family.marriage, first.day), natality::completedMonths(family.marriage, first.day),
           natality::cohortOf(family.marriage, first.day, settings), known}},
         {first.children.front(), &family});
@@ -125,9 +129,10 @@ void fill(const Study& study, const Share& share, Taker& taker)
     for (std::size_t i = share.firstFamily; i < share.lastFamily; ++i) {
         const observation::Union& of = study.unions[i];
         const First first = firstOf(of, study);
-        if (first.lack == NoFirst::None)
-            countFirst(*of.family, first.confinement, study.settings, taker);
-        else
+        if (first.lack == NoFirst::None) countFirst(interval, *of.family, first.confinement, study.settings, taker);
+        if (first.lack == NoFirst::BornElsewhere)
+            countFirst(intervalElsewhere, *of.family, first.confinement, study.settings, taker);
+        if (first.lack != NoFirst::None)
             taker.count({static_cast<quint16>(firstReason + static_cast<int>(first.lack) - 1), {}},
                         {nullptr, of.family});
     }
@@ -144,18 +149,18 @@ struct Taken
 };
 
 template <class Take>
-void eachTaken(const Reading& reading, const Taken& taken, const Take& take)
+void eachTaken(const Reading& reading, quint16 count, const Taken& taken, const Take& take)
 {
-    for (const qint32 months : reading.values(interval, 1))
+    for (const qint32 months : reading.values(count, 1))
         if (months >= taken.from && months < taken.behindLast)
             for (qint32 known = 0; known <= (firstOfBoth | seenLater); ++known)
                 if ((known & taken.known) == taken.known) take(Reading::At{Reading::any, months, taken.cohort, known});
 }
 
-Reading::Part partOf(const Reading& reading, const Taken& taken)
+Reading::Part partOf(const Reading& reading, const Taken& taken, quint16 count = interval)
 {
     Reading::Part part;
-    eachTaken(reading, taken, [&](const Reading::At& at) { part += reading.part(interval, at); });
+    eachTaken(reading, count, taken, [&](const Reading::At& at) { part += reading.part(count, at); });
     return part;
 }
 
@@ -163,7 +168,7 @@ Reading::Spread daysOf(const Reading& reading, const Taken& taken)
 {
     std::map<qint32, qint64> often;
     Reading::Spread spread;
-    eachTaken(reading, taken, [&](const Reading::At& at) {
+    eachTaken(reading, interval, taken, [&](const Reading::At& at) {
         const Reading::Spread some = reading.spread(interval, 0, at);
         for (const auto& [days, n] : some.values.counts())
             often[days] += n;
@@ -245,17 +250,36 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
 
 namespace premarital {
 
+// Wherever the first child was born.
+constexpr std::span<const Reason> notCounted = std::span<const Reason>(whyNot).first<noFirsts - 1>();
+
+Reading::Part everywhere(const Reading& reading, const Taken& taken)
+{
+    Reading::Part part = partOf(reading, taken);
+    part += partOf(reading, taken, intervalElsewhere);
+    return part;
+}
+
+std::vector<qint32> cohortsOf(const Reading& reading)
+{
+    std::set<qint32> cohorts;
+    for (const quint16 count : {interval, intervalElsewhere})
+        for (const qint32 cohort : reading.values(count, 2))
+            cohorts.insert(cohort);
+    return {cohorts.begin(), cohorts.end()};
+}
+
 Row rowOf(const Reading& reading, Taken taken)
 {
     taken.from = std::numeric_limits<int>::min();
-    const Reading::Part all = partOf(reading, taken);
+    const Reading::Part all = everywhere(reading, taken);
     Row row{report::text(taken.name), counted(all)};
     for (const int limit : {7, conceivedBefore, 9}) {
-        const Reading::Part part = partOf(reading, within(taken, 0, limit));
+        const Reading::Part part = everywhere(reading, within(taken, 0, limit));
         row.push_back(counted(part));
         row.push_back(percent(part, all));
     }
-    const Reading::Part before = partOf(reading, within(taken, std::numeric_limits<int>::min(), 0));
+    const Reading::Part before = everywhere(reading, within(taken, std::numeric_limits<int>::min(), 0));
     row.push_back(counted(before));
     row.push_back(percent(before, all));
     return row;
@@ -279,10 +303,10 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
          "Se as datas são de baptismos, o intervalo é maior do que foi, e a medida fica abaixo da verdade."}};
     table.rows.push_back(rowOf(reading, {"Todos os casamentos"}));
     table.rows.push_back(rowOf(reading, {"Primeiros casamentos dos dois", firstOfBoth}));
-    for (const qint32 cohort : reading.values(interval, 2))
+    for (const qint32 cohort : cohortsOf(reading))
         table.rows.push_back(
             rowOf(reading, {"Todos os casamentos, " + periodName(cohort, settings), 0, 0, noEnd, cohort}));
-    return {table, leftOutTable(reading, whyNot)};
+    return {table, leftOutTable(reading, notCounted)};
 }
 
 } // namespace premarital
@@ -307,12 +331,13 @@ const Subject premaritalConceptions = {
     .id = "concepcoes-pre-nupciais",
     .group = "Nascimentos",
     .title = "Concepções pré-nupciais",
-    .method =
-        "Contam os primeiros partos dos casais com data exacta de casamento e datas exactas de todos os filhos. É "
-        "pré-nupcial o parto que vem antes de 8 meses completos depois do casamento (a 7 e a 9, ao lado); os partos "
-        "antes do casamento são uma parte à parte. As partes são de todos os primeiros partos contados.",
+    .method = "Contam os primeiros partos dos casais casados na paróquia, com data exacta de casamento e datas exactas "
+              "de todos "
+              "os filhos, onde quer que o primeiro tenha nascido. É pré-nupcial o parto que vem antes de 8 meses "
+              "completos depois do casamento (a 7 e a 9, ao lado); os partos "
+              "antes do casamento são uma parte à parte. As partes são de todos os primeiros partos contados.",
     .counts = counts,
-    .reasons = whyNot,
+    .reasons = premarital::notCounted,
     .fill = fill,
     .figures = premarital::figures,
 };

@@ -16,10 +16,13 @@ namespace {
 
 using Confinements = std::vector<Confinement>;
 
-// Days, rank of the confinement before, period. In large families: days, place. By fate: days, fate, period.
-constexpr quint16 interval = 0, placed = 1, byFate = 2, noCouple = 3, notExact = 4, single = 5, outside = 6, unread = 7;
-constexpr std::array<const char*, 8> counts{"intervalo",         "grandes-familias", "por-destino", "falta-casal",
-                                            "sem-datas-exactas", "um-so-parto",      "fora",        "fora-dos-livros"};
+// Days, rank of the confinement before, period. In large families: days, place. By fate, to the first birthday or to
+// the next conception: days, fate, period.
+constexpr quint16 interval = 0, placed = 1, byFate = 2, noCouple = 3, notExact = 4, single = 5, outside = 6, unread = 7,
+                  byFateToConception = 8;
+constexpr std::array<const char*, 9> counts{"intervalo",   "grandes-familias",  "por-destino",
+                                            "falta-casal", "sem-datas-exactas", "um-so-parto",
+                                            "fora",        "fora-dos-livros",   "por-destino-ate-a-concepcao"};
 constexpr std::array<Reason, 5> whyNot{Reason{noCouple, "famílias de um só membro, ou sem marido e mulher"},
                                        Reason{notExact, "famílias com filhos sem data exacta de nascimento"},
                                        Reason{single, "casais com um só parto, ou nenhum"},
@@ -42,11 +45,13 @@ constexpr std::array<const char*, 6> places{"primeiro", "segundo", "terceiro", "
 
 enum class Fate : qint32
 {
-    Died, // in its first year
+    Died, // in its first year, or before the next conception
     Survived,
     Unknown
 };
-constexpr std::array<const char*, 3> fates{"morreu antes de um ano", "sobreviveu a um ano", "desconhecido"};
+using FateNames = std::array<const char*, 3>;
+constexpr FateNames fates{"morreu antes de um ano", "sobreviveu a um ano", "desconhecido"};
+constexpr FateNames fatesToConception{"morreu antes da concepção", "vivia na concepção", "desconhecido"};
 
 // The last day on which something of the family other than this child is told: while it is there, a death would be,
 // too.
@@ -79,16 +84,35 @@ Fate fateOf(const Person& child, qint32 familySeenUntil)
 }
 
 // Of twins the one that lived longest, as far as that is known.
-Fate fateOf(const Confinement& confinement, const Family& family)
+template <class FateOf>
+Fate longestOf(const Confinement& confinement, const FateOf& fateOfOne)
 {
-    const qint32 seen = lastDayOf(family, confinement);
     Fate fate = Fate::Died;
     for (const Person* child : confinement.children) {
-        const Fate one = fateOf(*child, seen);
+        const Fate one = fateOfOne(*child);
         if (one == Fate::Survived) return one;
         if (one == Fate::Unknown) fate = one;
     }
     return fate;
+}
+
+Fate fateOf(const Confinement& confinement, const Family& family)
+{
+    const qint32 seen = lastDayOf(family, confinement);
+    return longestOf(confinement, [&](const Person& child) { return fateOf(child, seen); });
+}
+
+// Whether the child still lived when the next one was conceived, nine months before its birth. The couple is there at
+// that birth: a death that isn't told hasn't happened.
+Fate fateToConception(const Confinement& confinement, const Confinement& next)
+{
+    static constexpr int monthsOfGestation = 9;
+    const QDate conception = next.day.date().addMonths(-monthsOfGestation);
+    return longestOf(confinement, [&](const Person& child) {
+        if (!child.death.isKnown()) return Fate::Survived;
+        if (child.death.isExact()) return child.death.date() < conception ? Fate::Died : Fate::Survived;
+        return child.death.date().year() > conception.year() ? Fate::Survived : Fate::Unknown;
+    });
 }
 
 bool isRead(const Date& from, const Date& until, const Settings& settings)
@@ -143,6 +167,9 @@ void countFamily(const observation::Union& of, const Settings& settings, Taker& 
         const qint32 period = periodOf(one.dated(settings).year(), settings);
         taker.count({interval, {one.days(), static_cast<qint32>(rank), period}}, one.who());
         taker.count({byFate, {one.days(), static_cast<qint32>(fateOf(one.before, family)), period}}, one.who());
+        taker.count(
+            {byFateToConception, {one.days(), static_cast<qint32>(fateToConception(one.before, one.after)), period}},
+            one.who());
         if (large) countPlace(one, rank, confinements.size() - 1, taker);
     }
     if (confinements.size() < 2) taker.count({single, {}}, {nullptr, &family});
@@ -215,11 +242,11 @@ Reading::At atFate(Fate fate)
 }
 
 // What the life of a child adds to the interval that follows it.
-Row differenceRow(const Reading& reading)
+Row differenceRow(const Reading& reading, quint16 count, const QString& name)
 {
-    const Reading::Spread died = reading.spread(byFate, 0, atFate(Fate::Died)),
-                          lived = reading.spread(byFate, 0, atFate(Fate::Survived));
-    Row row{report::text("Diferença: sobreviveu menos morreu"), {}, {}, {}, {}, {}};
+    const Reading::Spread died = reading.spread(count, 0, atFate(Fate::Died)),
+                          lived = reading.spread(count, 0, atFate(Fate::Survived));
+    Row row{report::text(name), {}, {}, {}, {}, {}};
     const std::optional<double> shorter = died.values.mean(), longer = lived.values.mean();
     if (!shorter || !longer) return row;
     std::vector<Key> keys = died.keys;
@@ -229,18 +256,34 @@ Row differenceRow(const Reading& reading)
     return row;
 }
 
+void appendFates(Table& table, const Reading& reading, quint16 count, const FateNames& names, const QString& difference)
+{
+    for (const Fate fate : {Fate::Died, Fate::Survived, Fate::Unknown})
+        table.rows.push_back(
+            rowOf(reading, QString::fromUtf8(names[static_cast<std::size_t>(fate)]), count, atFate(fate)));
+    table.rows.push_back(differenceRow(reading, count, difference));
+}
+
 Table fateTable(const Reading& reading)
 {
     Table table =
         emptyTable("por-destino", "Intervalos entre partos, pelo destino do filho anterior", "Filho anterior");
-    for (const Fate fate : {Fate::Died, Fate::Survived, Fate::Unknown})
-        table.rows.push_back(
-            rowOf(reading, QString::fromUtf8(fates[static_cast<std::size_t>(fate)]), byFate, atFate(fate)));
-    table.rows.push_back(differenceRow(reading));
+    appendFates(table, reading, byFate, fates, "Diferença: sobreviveu menos morreu");
     table.notes
         << "Sobreviveu: morreu depois, casou, ou a família ainda é vista ao fim de um ano sem que haja óbito. Dos "
            "gémeos conta o que viveu mais."
         << "A diferença estima o efeito da amamentação, de ordinário entre 6 e 10 meses.";
+    return table;
+}
+
+Table conceptionTable(const Reading& reading)
+{
+    Table table =
+        emptyTable("por-destino-ate-a-concepcao",
+                   "Intervalos entre partos, pelo filho anterior quando se concebeu o seguinte", "Filho anterior");
+    appendFates(table, reading, byFateToConception, fatesToConception, "Diferença: vivia menos morreu");
+    table.notes << "A concepção: nove meses antes do parto que fecha o intervalo. Quem morreu depois dela já não a "
+                   "podia apressar. Dos gémeos conta o que viveu mais.";
     return table;
 }
 
@@ -261,8 +304,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
 {
     const Reading reading(tally);
     if (reading.isEmpty()) return natality::withoutData(birthIntervals.title);
-    return {rankTable(reading, settings), chartOf(reading), placeTable(reading), fateTable(reading),
-            leftOutTable(reading, whyNot)};
+    return {rankTable(reading, settings), chartOf(reading),         placeTable(reading),
+            fateTable(reading),           conceptionTable(reading), leftOutTable(reading, whyNot)};
 }
 
 } // namespace

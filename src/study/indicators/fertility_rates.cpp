@@ -21,6 +21,20 @@ std::vector<Key> Base::keys() const
     return all;
 }
 
+Base& Base::operator+=(const Base& other)
+{
+    births += other.births;
+    halfDays += other.halfDays;
+    families += other.families;
+    return *this;
+}
+
+Base agelessBaseOf(const Reading& reading, const Reading::At& at)
+{
+    return {reading.part(agelessBirths, at), reading.part(agelessExposure, at),
+            reading.part(agelessFamilies, {Reading::any, Reading::any, at[2], Reading::any})};
+}
+
 Base baseOf(const Reading& reading, const Chosen& chosen, const Reading::At& at)
 {
     Base base;
@@ -78,11 +92,28 @@ void countLife(const MarriedLife& life, const Settings& settings, Taker& taker)
     taker.count({static_cast<quint16>(firstFamilies + one), {0, married, cohort}}, couple);
 }
 
+// By the duration of the marriage alone: nothing else is known where the wife's age isn't.
+void countAgeless(const MarriedLife& life, const Settings& settings, Taker& taker)
+{
+    if (!life.isCounted()) return;
+    const parish::Family& family = *life.of->family;
+    const Who couple{family.wife, &family};
+    for (const Stretch& stretch : stretchesOf(life, settings))
+        taker.count({agelessExposure, {0, 0, stretch.period, stretch.duration}}, couple, stretch.halfDays);
+    for (const Birth& birth : life.within()) {
+        const Stretch place = placeOf(birth, life, settings);
+        taker.count({agelessBirths, {0, 0, place.period, place.duration}}, {birth.child, &family});
+    }
+    taker.count({agelessFamilies, {0, 0, periodOf(life.marriage.year(), settings)}}, couple);
+}
+
 void fill(const Study& study, const Share& share, Taker& taker)
 {
     for (std::size_t i = share.firstFamily; i < share.lastFamily; ++i) {
         const MarriedLife life = marriedLifeOf(study.unions[i], study);
         countLack(life, firstLack, taker);
+        if (life.lack == Lack::WifeBirth || life.lack == Lack::WifeStated)
+            countAgeless(closedLifeOf(study.unions[i], study), study.settings, taker);
         if (!life.isCounted()) continue;
         countLife(life, study.settings, taker);
         countPlacings(life, firstPlacing, taker);
@@ -96,7 +127,10 @@ constexpr std::array<const char*, 3 * series> seriesNames{
     "nascimentos-aproximada-depois", "nascimentos-declarada-1.o", "nascimentos-declarada-depois",
     "familias-exacta-1.o",           "familias-exacta-depois",    "familias-aproximada-1.o",
     "familias-aproximada-depois",    "familias-declarada-1.o",    "familias-declarada-depois"};
-constexpr auto counts = natality::joined(natality::joined(seriesNames, lackNames), placingNames);
+constexpr std::array<const char*, 3> agelessNames{"meios-dias-sem-idade", "nascimentos-sem-idade",
+                                                  "familias-sem-idade"};
+constexpr auto counts =
+    natality::joined(natality::joined(natality::joined(seriesNames, lackNames), placingNames), agelessNames);
 constexpr auto told = natality::joined(lacksTold, placingsTold);
 constexpr auto whyNot = natality::reasonsFrom(firstLack, told);
 

@@ -27,6 +27,9 @@ enum class Order : quint8
 // of families: 0, age at marriage, cohort of the marriage.
 inline constexpr quint16 firstExposure = 0, firstBirths = series, firstFamilies = 2 * series, firstLack = 3 * series,
                          firstPlacing = firstLack + lacks;
+// Of closed families whose wife's age isn't taken (MF II), for rates by duration: 0, 0, period, duration.
+inline constexpr quint16 agelessExposure = firstPlacing + placings, agelessBirths = agelessExposure + 1,
+                         agelessFamilies = agelessExposure + 2;
 quint16 seriesOf(Known known, Order order);
 
 // Which series a figure adds.
@@ -41,11 +44,13 @@ struct Base
 {
     Reading::Part births = {}, halfDays = {}, families = {};
 
+    Base& operator+=(const Base& other);
     double years() const { return static_cast<double>(halfDays.n) / 2 / parish::daysOfAYear; }
     statistics::Borne borne() const { return {static_cast<double>(births.n), years()}; }
     std::vector<Key> keys() const;
 };
 Base baseOf(const Reading& reading, const Chosen& chosen, const Reading::At& at = Reading::everywhere);
+Base agelessBaseOf(const Reading& reading, const Reading::At& at = Reading::everywhere);
 // Of the seven groups from 15–19 to 45–49, the other dimensions as given.
 std::array<Base, 7> byAge(const Reading& reading, const Chosen& chosen, Reading::At at = Reading::everywhere);
 

@@ -10,6 +10,7 @@ namespace {
 
 constexpr double normalOf95 = 1.959963984540054; // quantile of 97.5 %
 constexpr int leastForModel = 100;               // births: under them M and m are suppressed
+constexpr double poorFit = 0.01;                 // mean squared error of the regression
 
 // A row of the sums: what it is of, and which part of the tally.
 struct Line
@@ -172,6 +173,16 @@ Row modelRow(const QString& of, const QString& way, const std::optional<statisti
     return row;
 }
 
+// A regression that leaves so much over is no model of these rates: M and m are grey. Returns whether it is one.
+bool markPoor(Row& row)
+{
+    const double* const error = std::get_if<double>(&row[7].value);
+    if (!error || *error <= poorFit || row[3].standing == report::Standing::Suppressed) return false;
+    for (Cell* cell : {&row[3], &row[5]})
+        cell->standing = report::Standing::Grey;
+    return true;
+}
+
 } // namespace
 
 Table controlTable(const Reading& reading, const Settings& settings)
@@ -183,6 +194,7 @@ Table controlTable(const Reading& reading, const Settings& settings)
                  decimalColumn("Erro-padrão de m", "", 3), decimalColumn("Erro quadrático médio", "", 4)},
                 {},
                 {}};
+    QStringList poor;
     for (const Line& line : linesOf(reading, settings)) {
         const Ages ages = byAge(reading, line.chosen, line.at);
         const Base sum = sumOf(ages, 1);
@@ -194,12 +206,17 @@ Table controlTable(const Reading& reading, const Settings& settings)
         if (five.empty()) continue;
         table.rows.push_back(
             modelRow(line.name, "mínimos quadrados, 20–44", statistics::coaleTrussellBySquares(five), sum, settings));
+        if (markPoor(table.rows.back())) poor << line.name;
         table.rows.push_back(modelRow(line.name, "M de 20–24 e média de m, 25–44",
                                       statistics::coaleTrussellByMeans(five), sum, settings));
     }
     table.notes << "r(a) = M·n(a)·exp(m·v(a)), com as tabelas n e v de 1978; pedem-se 100 nascimentos."
-                << "Um m abaixo de 0,2 não mostra limitação dos nascimentos. Erro quadrático médio: 0 perfeito, 0,005 "
-                   "medíocre, 0,01 péssimo.";
+                << "Um m abaixo de 0,2 não mostra limitação dos nascimentos. Erro quadrático médio, de ln r de 20–24 a "
+                   "40–44: nos mínimos quadrados, 0 perfeito, 0,005 medíocre, 0,01 péssimo.";
+    if (!poor.isEmpty())
+        table.notes << "O modelo não descreve estas taxas (erro quadrático médio acima de 0,01), e M e m não se podem "
+                       "ler: " +
+                           poor.join("; ") + '.';
     return table;
 }
 

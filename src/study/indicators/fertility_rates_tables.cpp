@@ -105,31 +105,56 @@ Table groupedTable(const QString& id, const QString& title, const QString& head,
     return table;
 }
 
+qint32 longestOf(const Reading& reading, const Chosen& chosen)
+{
+    qint32 last = 0;
+    const auto look = [&](quint16 exposure) {
+        for (const qint32 years : reading.values(exposure, 3))
+            last = std::max(last, years);
+    };
+    for (const Known known : chosen.knowns)
+        for (const Order order : chosen.orders)
+            look(static_cast<quint16>(firstExposure + seriesOf(known, order)));
+    look(agelessExposure);
+    return last;
+}
+
+// With the wife's age, to her fiftieth birthday; without it (MF II), to the end of the union; and both.
 Table durationTable(const Reading& reading, const Chosen& chosen, const Settings& settings)
 {
     Table table{"taxas-por-duracao",
                 "Taxas de fecundidade legítima por duração do casamento",
-                columnsOf({"Anos de casamento"}),
+                columnsOf({"Anos de casamento", "Famílias"}),
                 {},
                 {}};
-    const auto longest = [&] {
-        qint32 last = 0;
-        for (const Known known : chosen.knowns)
-            for (const Order order : chosen.orders)
-                for (const qint32 years : reading.values(firstExposure + seriesOf(known, order), 3))
-                    last = std::max(last, years);
-        return last;
-    }();
-    for (qint32 years = 0; years <= longest; years += 5) {
-        Row row{report::text(groupName(years))};
-        appendCells(row, baseOf(reading, chosen, {Reading::any, Reading::any, Reading::any, years}), settings);
+    const bool haveAgeless = reading.sum(agelessFamilies) > 0;
+    const qint32 longest = longestOf(reading, chosen);
+    const auto add = [&](qint32 years, const char* families, const Base& base) {
+        if (base.births.n == 0 && base.halfDays.n == 0) return;
+        Row row{report::text(groupName(years)), report::text(families)};
+        appendCells(row, base, settings);
         table.rows.push_back(row);
+    };
+    for (qint32 years = 0; years <= longest; years += 5) {
+        const Reading::At at{Reading::any, Reading::any, Reading::any, years};
+        Base base = baseOf(reading, chosen, at);
+        const Base ageless = agelessBaseOf(reading, at);
+        add(years, "com idade da mulher", base);
+        if (!haveAgeless) continue;
+        add(years, "sem idade da mulher", ageless);
+        base += ageless;
+        add(years, "todas", base);
     }
+    if (haveAgeless)
+        table.notes << QString("Famílias fechadas sem idade da mulher: %1. Seguem-se até ao fim da união, e não só até "
+                               "aos 50 anos dela: nas durações longas as suas taxas são mais baixas.")
+                           .arg(reading.sum(agelessFamilies));
     noteInflation(table, settings);
     return table;
 }
 
-report::Plot plotOf(const QString& name, const std::array<Base, groups>& ages, const Settings& settings)
+// `without` is the age group that isn't compared with those of the other plots; 0 for none.
+report::Plot plotOf(const QString& name, const std::array<Base, groups>& ages, qint32 without, const Settings& settings)
 {
     report::Plot plot{name, {}};
     for (int i = 0; i < groups; ++i) {
@@ -137,7 +162,8 @@ report::Plot plotOf(const QString& name, const std::array<Base, groups>& ages, c
         report::Point point;
         point.x = i;
         if (const double* value = std::get_if<double>(&cell.value);
-            value && cell.standing != report::Standing::Suppressed) {
+            value && cell.standing != report::Standing::Suppressed && firstAge + 5 * i != without)
+        {
             point.y = *value;
             point.interval = cell.interval;
         }
@@ -172,8 +198,11 @@ Chart chartOf(const QString& id, const QString& title, const std::vector<Named>&
                 .described = {}};
     for (int i = 0; i < groups; ++i)
         chart.categories << groupName(firstAge + 5 * i);
-    for (const Named& group : named)
-        chart.plots.push_back(plotOf(group.name, byAge(reading, chosen, group.at), settings));
+    // Where the wife was married in an age group, that group begins with all couples at one point of their lives.
+    for (const Named& group : named) {
+        const qint32 marriage = group.at[1] == Reading::any ? 0 : group.at[1];
+        chart.plots.push_back(plotOf(group.name, byAge(reading, chosen, group.at), marriage, settings));
+    }
     const auto isBare = [](const report::Plot& plot) {
         return std::none_of(plot.points.begin(), plot.points.end(), [](const report::Point& one) { return one.y; });
     };
@@ -243,8 +272,9 @@ std::vector<Figure> figuresOf(const Reading& reading, const Settings& settings)
     appendOrders(figures, reading, chosen, settings);
     Table married = groupedTable("taxas-por-idade-ao-casamento", title + " e idade ao casamento", "Idade ao casamento",
                                  ages, reading, chosen, settings);
-    married.notes
-        << "O grupo de idades em que está o casamento não se compara com o mesmo grupo das casadas mais cedo.";
+    married.notes << "O grupo de idades em que está o casamento não se compara com o mesmo grupo das casadas mais "
+                     "cedo, e não está "
+                     "no gráfico.";
     figures.emplace_back(married);
     figures.emplace_back(
         chartOf("taxas-idade-ao-casamento", title + " e idade ao casamento", ages, reading, chosen, settings));

@@ -1,4 +1,5 @@
 // Marriages of kin: as notes tell of a dispensation, and as far as the ancestors are linked.
+#include "study/indicators/inbreeding.h"
 #include "study/indicators/marriages.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
@@ -15,7 +16,8 @@ using parish::Family;
 using parish::Person;
 using report::Figure;
 
-// Of the dimensions: period, then whether notes tell of a dispensation, or the degree that the ancestors show.
+// Of the dimensions: period, then whether notes tell of a dispensation, the degree that the ancestors show, or F of the
+// children in inbreedingUnits.
 enum Count : quint16
 {
     Dispensed,
@@ -24,20 +26,23 @@ enum Count : quint16
     Elsewhere,
     OutOfPeriod,
     OutOfBooks,
-    UnknownParents
+    UnknownParents,
+    Inbreeding
 };
 
 constexpr const char* counts[] = {
-    "dispensa", "grau", "sem data", "noutra paróquia", "fora do período", "fora dos livros", "pais desconhecidos"};
+    "dispensa",           "grau",           "sem data", "noutra paróquia", "fora do período", "fora dos livros",
+    "pais desconhecidos", "consanguinidade"};
 
-constexpr Reason leftOut[] = {{Undated, reasons::noMarriage},
-                              {Elsewhere, reasons::notLocal},
-                              {OutOfPeriod, reasons::outsidePeriod},
-                              {OutOfBooks, reasons::outsideBooks},
-                              {UnknownParents, "só pelos graus: sem pai ou mãe de um dos cônjuges"}};
+constexpr Reason leftOut[] = {
+    {Undated, reasons::noMarriage},
+    {Elsewhere, reasons::notLocal},
+    {OutOfPeriod, reasons::outsidePeriod},
+    {OutOfBooks, reasons::outsideBooks},
+    {UnknownParents, "só pelos graus e pela consanguinidade: sem pai ou mãe de um dos cônjuges"}};
 
 constexpr qint32 any = Reading::any;
-constexpr int farthest = 4; // canonical degrees: the prohibitions went so far
+constexpr int farthest = farthestDegree; // the prohibitions went so far
 
 // Each ancestor with the generations up to them, the fewest; the person with none.
 using Ancestors = std::map<const Person*, int>;
@@ -84,8 +89,10 @@ void fill(const Study& study, const Share& share, Taker& taker)
         add(Dispensed, {period, family.kinDispensed ? 1 : 0});
         if (!family.husband || !family.wife || !hasBothParents(*family.husband) || !hasBothParents(*family.wife))
             add(UnknownParents, {});
-        else
+        else {
             add(Degree, {period, degreeOf(*family.husband, *family.wife)});
+            add(Inbreeding, {period, inbreedingOfChildren(*family.husband, *family.wife)});
+        }
     }
 }
 
@@ -129,10 +136,67 @@ Table degrees(const Reading& reading, const Settings& settings)
     return table;
 }
 
+struct Class
+{
+    const char* name;
+    qint32 from, until; // units, until past the end
+};
+constexpr qint32 all = inbreedingUnits;
+constexpr Class classes[] = {{"1/16 e mais", all / 16, all + 1},
+                             {"1/64 a menos de 1/16", all / 64, all / 16},
+                             {"menos de 1/64, acima de 0", 1, all / 64}};
+
+// The mean F in thousandths, of marriages whose F is in a range.
+Cell meanInThousandths(const Reading& reading, qint32 from, qint32 period)
+{
+    std::map<qint32, qint64> units;
+    Reading::Spread spread = reading.spread(Inbreeding, 1, {period, any, any, any});
+    for (const auto& [value, n] : spread.values.counts())
+        if (value >= from) units[value] = n;
+    if (from > 0) spread.keys = reading.within(Inbreeding, 1, from, all + 1, {period, any, any, any}).keys;
+    spread.values = statistics::Distribution(std::move(units));
+    static constexpr double thousand = 1000;
+    return meanCell(spread, all / thousand);
+}
+
+Table inbreeding(const Reading& reading, const Settings& settings)
+{
+    Table table{"consanguinidade",
+                "Coeficiente de consanguinidade (F) dos filhos, pelos antepassados ligados",
+                {textColumn("Casados em"), countColumn("Casamentos de pais conhecidos"),
+                 countColumn("Com F acima de 0"), decimalColumn("Com F acima de 0, em 100", "%"),
+                 decimalColumn("F médio de todos", "milésimos", 2),
+                 decimalColumn("F médio dos que o têm acima de 0", "milésimos", 2)},
+                {},
+                {"F: a probabilidade de um filho receber do pai e da mãe o mesmo gene de um antepassado. Contam-se os "
+                 "caminhos por todos os antepassados comuns, até quatro gerações de cada lado: ½ por cada geração, e "
+                 "mais uma.",
+                 "Primos direitos, 62,5 milésimos (1/16); segundos primos, 15,6 (1/64). Um mínimo: os antepassados que "
+                 "faltam na base não mostram parentesco."}};
+    for (const Class& each : classes)
+        table.columns.push_back(countColumn(QString("F de ") + each.name));
+    for (const auto& [period, name] : periodsOf(reading, {Inbreeding}, settings)) {
+        const Reading::At at = {period, any, any, any};
+        const Reading::Part couples = reading.part(Inbreeding, at),
+                            some = reading.within(Inbreeding, 1, 1, all + 1, at);
+        std::vector<Cell> row = {report::text(name),
+                                 counted(couples),
+                                 counted(some),
+                                 percent(some, couples),
+                                 meanInThousandths(reading, 0, period),
+                                 meanInThousandths(reading, 1, period)};
+        for (const Class& each : classes)
+            row.push_back(counted(reading.within(Inbreeding, 1, each.from, each.until, at)));
+        table.rows.push_back(row);
+    }
+    return table;
+}
+
 std::vector<Figure> figures(const Tally& tally, const Settings& settings)
 {
     const Reading reading(tally);
-    return {dispensations(reading, settings), degrees(reading, settings), leftOutTable(reading, leftOut)};
+    return {dispensations(reading, settings), degrees(reading, settings), inbreeding(reading, settings),
+            leftOutTable(reading, leftOut)};
 }
 
 } // namespace
@@ -143,8 +207,8 @@ const Subject kinEndogamy = {
     "Casamentos entre parentes",
     "Contam-se os casamentos cujas notas dizem uma dispensa de parentesco e, à parte, os graus de consanguinidade que "
     "os "
-    "antepassados ligados mostram, até ao quarto grau canónico. Ambos são mínimos: o que não se transcreveu ou não se "
-    "ligou não se vê. A afinidade só a dizem as dispensas.",
+    "antepassados ligados mostram, até ao quarto grau canónico, com o coeficiente de consanguinidade dos filhos. Tudo "
+    "são mínimos: o que não se transcreveu ou não se ligou não se vê. A afinidade só a dizem as dispensas.",
     counts,
     leftOut,
     fill,

@@ -125,7 +125,7 @@ Before stateBefore(const Spouse& spouse, const Family& family, const Study& stud
     const int order = spouse.row->order.value_or(0);
     if (order > 0) return order == 1 ? Before::Single : Before::Widowed;
     for (const Membership* row : spouse.person->unions) {
-        if (!row->family || row->family == &family) continue;
+        if (!row->family || row->family == &family || !isMarriage(*row->family)) continue;
         const observation::Union& earlier = study.unionOf(*row->family);
         const bool hadEnded =
             earlier.isClosed() && family.marriage.isKnown() && earlier.end.middle() <= family.marriage.middle();

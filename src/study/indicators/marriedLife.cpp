@@ -16,7 +16,7 @@ using parish::Person;
 
 namespace {
 
-constexpr int firstAge = 15, lastAge = 50, daysOfPosthumous = 300;
+constexpr int firstAge = 15, lastAge = 50, longestMarriage = 100, daysOfPosthumous = 300;
 
 // What a card copies from the dates of births, marriages and deaths adds nothing; what was typed instead restricts.
 void restrictTo(QDate first, const Date& copiedFirst, QDate last, const Date& copiedLast, MarriedLife& life)
@@ -186,7 +186,7 @@ namespace {
 
 Stretch stretchAt(const Date& day, const MarriedLife& life, const Settings& settings)
 {
-    return {.age = groupOf(parish::completedYears(life.wifeBirth, day)),
+    return {.age = life.wifeBirth.isKnown() ? groupOf(parish::completedYears(life.wifeBirth, day)) : 0,
             .duration = groupOf(parish::completedYears(life.marriage, day)),
             .period = natality::cohortOf(life.marriage, day, settings)};
 }
@@ -198,9 +198,9 @@ std::vector<qint32> cutsOf(const MarriedLife& life, const Settings& settings)
     const auto cut = [&](const Date& day) {
         if (day.day > life.from.day && day.day < life.until.day) cuts.push_back(day.day);
     };
-    for (int age = firstAge; age < lastAge; age += 5)
+    for (int age = firstAge; age < lastAge && life.wifeBirth.isKnown(); age += 5)
         cut(anniversary(life.wifeBirth, age));
-    for (int years = 5; years < lastAge; years += 5)
+    for (int years = 5; years < longestMarriage; years += 5)
         cut(anniversary(life.marriage, years));
     for (int year = life.from.year() + 1; year <= life.until.year(); ++year) {
         const bool changes = isRead(year, settings) != isRead(year - 1, settings) ||
@@ -225,7 +225,8 @@ std::vector<Stretch> stretchesOf(const MarriedLife& life, const Settings& settin
     const std::vector<qint32> cuts = cutsOf(life, settings);
     for (std::size_t i = 0; i + 1 < cuts.size(); ++i) {
         Stretch stretch = stretchAt(dayOf(cuts[i]), life, settings);
-        if (stretch.age < firstAge || !isRead(dayOf(cuts[i]).year(), settings)) continue;
+        const bool isYoung = life.wifeBirth.isKnown() && stretch.age < firstAge;
+        if (isYoung || !isRead(dayOf(cuts[i]).year(), settings)) continue;
         stretch.halfDays = 2 * qint64(parish::daysBetween(dayOf(cuts[i]), dayOf(cuts[i + 1])));
         stretches.push_back(stretch);
     }

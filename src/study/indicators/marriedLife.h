@@ -79,7 +79,7 @@ struct Birth
 // A part of it that is of one age, one duration, one period.
 struct Stretch
 {
-    int age = 0;      // lowest of the group of five years
+    int age = 0;      // lowest of the group of five years; 0 in a life that asks for no age
     int duration = 0; // likewise, of years of marriage
     int period = 0;   // first year of the period of the study
     qint64 halfDays = 0;
@@ -112,8 +112,8 @@ MarriedLife marriedLifeOf(const observation::Union& of, const Study& study);
 // Closed families whatever is known of the wife; no fiftieth birthday ends them.
 MarriedLife closedLifeOf(const observation::Union& of, const Study& study);
 
-// What was lived, at ages from 15 to 49, in years that the books of baptisms cover. Precondition: a life with the
-// wife's age that is counted. A birth on the one day of a life without length gives that half a day.
+// What was lived, at ages from 15 to 49 or, in a life that asks for no age, at any, in years that the books of baptisms
+// cover. Precondition: a life that is counted. A birth on the one day of a life without length gives that half a day.
 std::vector<Stretch> stretchesOf(const MarriedLife& life, const Settings& settings);
 // The group of a birth within; without length.
 Stretch placeOf(const Birth& birth, const MarriedLife& life, const Settings& settings);

@@ -1,8 +1,7 @@
 #include "study/indicators/natality.h"
 
+#include "study/indicators/marriages.h"
 #include "study/parish/codes.h"
-
-#include <cmath>
 
 #include <algorithm>
 #include <cmath>
@@ -33,7 +32,9 @@ int completedMonths(const Date& from, const Date& to)
 
 qint32 hundredthsOfAge(const Date& birth, const Date& at)
 {
-    return static_cast<qint32>(std::lround(100 * parish::exactAge(birth, at)));
+    static constexpr double hundredths = 100;
+    const double age = parish::exactAge(birth, at);
+    return static_cast<qint32>(std::min(std::round(age * hundredths), std::floor(age) * hundredths + hundredths - 1));
 }
 
 qint32 groupOf(int value, int breadth)
@@ -44,20 +45,16 @@ qint32 groupOf(int value, int breadth)
 
 bool isLocal(const parish::Place& place, const Study& study)
 {
-    return !place.isKnown() || parish::isIn(place, study.parish.home());
+    const parish::Home& home = study.parish.home();
+    return !place.isKnown() || home.code.isEmpty() || parish::isIn(place, home);
 }
 
 bool isFirstMarriage(const Person* person, const Family& family)
 {
     if (!person) return false;
-    for (const parish::Membership* row : person->unions) {
-        const bool here = row->family == &family;
-        if (here && (row->order.value_or(1) > 1 || row->state == parish::civil::widowed)) return false;
-        if (!here && row->family && row->family->marriage.isKnown() && family.marriage.isKnown() &&
-            row->family->marriage.middle() < family.marriage.middle())
-            return false;
-    }
-    return true;
+    const auto row = std::find_if(family.members.begin(), family.members.end(),
+                                  [person](const auto& member) { return member.member.person == person; });
+    return row != family.members.end() && rankOf({person, &*row}, family) != Rank::Later;
 }
 
 bool isMarital(const Family& family)

@@ -14,11 +14,12 @@ parish::Date anniversary(const parish::Date& of, int years);
 // Months by the calendar: from 10 June to 10 February are 8; the last day of a shorter month completes one, too.
 // Negative before. Precondition: both are known.
 int completedMonths(const parish::Date& from, const parish::Date& to);
-// Exact age in hundredths of a year. Precondition: both are known, the birth isn't the later one.
+// Exact age in hundredths of a year, never rounded into a year that isn't completed. Precondition: both are known, the
+// birth isn't the later one.
 qint32 hundredthsOfAge(const parish::Date& birth, const parish::Date& at);
 qint32 groupOf(int value, int breadth = 5); // its lowest value: 20 for 24; downwards below 0, too
 
-// Acts without a place count as those of the parish.
+// Acts without a place count as those of the parish, and all do where the parish isn't known to itself.
 bool isLocal(const parish::Place& place, const Study& study);
 // As the act and the BDP tell it: no other marriage before, no order above the first, not widowed. False for nobody.
 bool isFirstMarriage(const parish::Person* person, const parish::Family& family);

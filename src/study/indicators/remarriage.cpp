@@ -1,5 +1,6 @@
 // From the end of a union to the survivor's next marriage: how long it took, and who married again at all.
 #include "study/indicators/marriages.h"
+#include "study/indicators/natality.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
@@ -108,7 +109,7 @@ Next nextOf(const Person& survivor, const Union& union_)
     Next next;
     for (const parish::Membership* row : survivor.unions) {
         const Family* const family = row->family;
-        if (!family || family == union_.family || !family->husband || !family->wife) continue;
+        if (!family || family == union_.family || !isMarriage(*family)) continue;
         const Date& day = family->marriage;
         if (!day.isKnown())
             next.isUndated = true;
@@ -120,7 +121,7 @@ Next nextOf(const Person& survivor, const Union& union_)
 
 qint32 daysFrom(const Date& from, const Date& to)
 {
-    return static_cast<qint32>(std::max<qint64>(0, from.middle().daysTo(to.middle())));
+    return std::max(0, parish::daysBetween(natality::settled(from), natality::settled(to)));
 }
 
 void count(const Union& union_, const Study& study, Taker& taker)
@@ -211,12 +212,10 @@ Reading::Spread spreadOf(const Reading& reading, quint16 which, const Group& gro
     return all;
 }
 
-constexpr double daysOfAMonth = parish::daysOfAYear / 12;
-
 // Within so many months: the day that completes them counts in.
 qint32 lastDayOf(int months)
 {
-    return static_cast<qint32>(months * daysOfAMonth + 0.5);
+    return static_cast<qint32>(months * natality::daysOfAMonth + 0.5);
 }
 
 Table intervals(const Reading& reading, const std::vector<Group>& groups)
@@ -237,10 +236,10 @@ Table intervals(const Reading& reading, const std::vector<Group>& groups)
         const Reading::Part all{days.values.n(), days.keys};
         std::vector<Cell> row = {report::text(group.name),
                                  counted(all),
-                                 medianCell(days, daysOfAMonth),
-                                 quantileCell(days, 0.25, daysOfAMonth),
-                                 quantileCell(days, 0.75, daysOfAMonth),
-                                 meanCell(days, daysOfAMonth)};
+                                 medianCell(days, natality::daysOfAMonth),
+                                 quantileCell(days, 0.25, natality::daysOfAMonth),
+                                 quantileCell(days, 0.75, natality::daysOfAMonth),
+                                 meanCell(days, natality::daysOfAMonth)};
         for (const int months : limits) {
             Reading::Part within;
             for (const qint32 code : group.codes)
@@ -300,7 +299,7 @@ Table chances(const Reading& reading, const std::vector<Group>& groups)
                 {},
                 {"Da viuvez ao novo casamento; quem não casou sai na morte ou na última notícia de vida. Conta também "
                  "quem nunca voltou a casar.",
-                 "“Alguma vez” é um mínimo: até onde alguém foi seguido."}};
+                 "“Alguma vez” é um mínimo: até onde alguém foi seguido. O mês tem 30,4375 dias."}};
     constexpr int limits[] = {12, 24, 60, 120};
     for (const int months : limits)
         table.columns.push_back(decimalColumn(QString("Até %1 meses").arg(months), "%"));

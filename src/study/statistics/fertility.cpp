@@ -25,6 +25,17 @@ bool areAllBorn(const std::vector<double>& rates, std::size_t n)
                                             [](double rate) { return rate > 0; });
 }
 
+// Of ln r around the model, mean over the first n rates. Precondition: they are above 0.
+double squaredErrorOf(const std::vector<double>& rates, std::size_t n, double logLevel, double control)
+{
+    double squares = 0;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double error = std::log(rates[i] / natural[i]) - logLevel - control * deviation[i];
+        squares += error * error;
+    }
+    return squares / static_cast<double>(n);
+}
+
 // The sums behind a step of Newton: of what was born beyond the expected, and of the expected by the powers of v.
 struct Sums
 {
@@ -62,12 +73,22 @@ std::optional<double> levelOf(const std::vector<Borne>& groups)
     return births / sums.expected;
 }
 
-CoaleTrussell settledAt(const Sums& sums, double logLevel, double control)
+std::optional<double> squaredErrorOf(const std::vector<Borne>& groups, double logLevel, double control)
+{
+    std::vector<double> rates;
+    for (std::size_t i = 0; i < std::min(groups.size(), groupsTo44); ++i)
+        rates.push_back(groups[i].years > 0 ? groups[i].births / groups[i].years : 0);
+    if (!areAllBorn(rates, groupsTo44)) return {};
+    return squaredErrorOf(rates, groupsTo44, logLevel, control);
+}
+
+CoaleTrussell settledAt(const std::vector<Borne>& groups, const Sums& sums, double logLevel, double control)
 {
     return {.level = std::exp(logLevel),
             .control = control,
             .levelLogError = std::sqrt(sums.expectedByVV / sums.determinant()),
-            .controlError = std::sqrt(sums.expected / sums.determinant())};
+            .controlError = std::sqrt(sums.expected / sums.determinant()),
+            .squaredError = squaredErrorOf(groups, logLevel, control)};
 }
 
 } // namespace
@@ -96,7 +117,7 @@ std::optional<CoaleTrussell> coaleTrussellByPoisson(const std::vector<Borne>& gr
         if (!(determinant > settled * sums.expected * sums.expectedByVV)) return {};
         double byLevel = (sums.expectedByVV * sums.beyond - sums.expectedByV * sums.beyondByV) / determinant;
         double byControl = (sums.expected * sums.beyondByV - sums.expectedByV * sums.beyond) / determinant;
-        if (std::abs(byLevel) + std::abs(byControl) < settled) return settledAt(sums, logLevel, control);
+        if (std::abs(byLevel) + std::abs(byControl) < settled) return settledAt(groups, sums, logLevel, control);
         // A step that leads down went too far; one that leads down by the last digits is at the top.
         const double least = sums.likelihood - settled * std::abs(sums.likelihood);
         while (sumsAt(groups, logLevel + byLevel, control + byControl).likelihood < least) {
@@ -125,12 +146,8 @@ std::optional<CoaleTrussell> coaleTrussellBySquares(const std::vector<double>& r
     const auto count = static_cast<double>(n);
     const double control = (count * vy - v * y) / (count * vv - v * v);
     const double logLevel = (y - control * v) / count;
-    double squares = 0;
-    for (std::size_t i = 0; i < n; ++i) {
-        const double error = std::log(rates[i] / natural[i]) - logLevel - control * deviation[i];
-        squares += error * error;
-    }
-    return CoaleTrussell{.level = std::exp(logLevel), .control = control, .squaredError = squares / count};
+    return CoaleTrussell{
+        .level = std::exp(logLevel), .control = control, .squaredError = squaredErrorOf(rates, n, logLevel, control)};
 }
 
 std::optional<CoaleTrussell> coaleTrussellByMeans(const std::vector<double>& rates)
@@ -140,7 +157,10 @@ std::optional<CoaleTrussell> coaleTrussellByMeans(const std::vector<double>& rat
     double sum = 0;
     for (std::size_t i = 1; i < groupsTo44; ++i)
         sum += std::log(rates[i] / (level * natural[i])) / deviation[i];
-    return CoaleTrussell{.level = level, .control = sum / static_cast<double>(groupsTo44 - 1)};
+    const double control = sum / static_cast<double>(groupsTo44 - 1);
+    return CoaleTrussell{.level = level,
+                         .control = control,
+                         .squaredError = squaredErrorOf(rates, groupsTo44, std::log(level), control)};
 }
 
 std::optional<double> coaleIndex(const std::array<Borne, 7>& groups)

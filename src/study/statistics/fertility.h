@@ -30,7 +30,8 @@ struct CoaleTrussell
     double level = 0;                                            // M
     double control = 0;                                          // m
     std::optional<double> levelLogError = {}, controlError = {}; // of ln M and of m, where the way gives them
-    std::optional<double> squaredError = {};                     // mean, of the regression
+    std::optional<double> squaredError = {}; // mean, of ln r: over the rates of a regression, otherwise over 20–44;
+                                             // none where one of them is 0
 };
 // Poisson maximum likelihood (G. Broström, 1985), by Newton's steps; groups without exposure stay out. Nothing without
 // births, or where it doesn't settle.

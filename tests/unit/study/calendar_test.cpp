@@ -32,6 +32,42 @@ TEST(Easter, IsASundayFrom22MarchTo25April)
     }
 }
 
+TEST(TheFeasts, OfTheWorkedExampleAreWhereTheTableHasThem)
+{
+    const struct
+    {
+        QDate easter, ashes;
+        int adventDay; // of November; 31 is 1 December
+    } rows[]{{{1583, 4, 10}, {1583, 2, 23}, 27}, {{1700, 4, 11}, {1700, 2, 24}, 28}, {{1755, 3, 30}, {1755, 2, 12}, 30},
+             {{1761, 3, 22}, {1761, 2, 4}, 29},  {{1818, 3, 22}, {1818, 2, 4}, 29},  {{1850, 3, 31}, {1850, 2, 13}, 31},
+             {{1886, 4, 25}, {1886, 3, 10}, 28}, {{1943, 4, 25}, {1943, 3, 10}, 28}};
+    for (const auto& row : rows) {
+        const int year = row.easter.year();
+        EXPECT_EQ(easter(year), row.easter);
+        EXPECT_EQ(ashWednesday(year), row.ashes);
+        EXPECT_EQ(adventSunday(year), QDate(year, 11, 1).addDays(row.adventDay - 1));
+    }
+}
+
+TEST(AClosedSeason, LastsAsTheWorkedExampleHasIt)
+{
+    int in1755 = 0;
+    for (int year = 1583; year < 2000; ++year) {
+        int lent = 0, advent = 0;
+        for (QDate day(year, 1, 7); day < QDate(year + 1, 1, 7); day = day.addDays(1)) {
+            lent += closedSeason(day) == ClosedSeason::Lent;
+            advent += closedSeason(day) == ClosedSeason::Advent;
+        }
+        EXPECT_EQ(lent, 54) << year;
+        EXPECT_GE(advent, 35) << year;
+        EXPECT_LE(advent, 41) << year;
+        if (year == 1755) in1755 = lent + advent;
+    }
+    EXPECT_EQ(in1755, 54 + 38);
+    EXPECT_EQ(closedSeason({1755, 4, 6}), ClosedSeason::Lent);
+    EXPECT_EQ(closedSeason({1755, 4, 7}), ClosedSeason::None);
+}
+
 TEST(Advent, BeginsOnTheSundayNearestTo30November)
 {
     EXPECT_EQ(adventSunday(1702), QDate(1702, 12, 3));

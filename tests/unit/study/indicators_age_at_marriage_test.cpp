@@ -123,3 +123,10 @@ TEST_F(TheAgeAtMarriage, OfNobodyHasNoNumbers)
     EXPECT_TRUE(tableOf(figures, "idade-homens").isEmpty());
     EXPECT_TRUE(leftOut(figures).isEmpty());
 }
+
+TEST_F(TheAgeAtMarriage, TellsWhereTheFirstYearsOfTheBooksAreInIt)
+{
+    const auto noteOf = [this](const char* id) { return tableOf(figuresFor(ageAtMarriage), id).notes.back(); };
+    EXPECT_TRUE(noteOf("idade-homens").contains("dos primeiros 40 anos"));
+    EXPECT_TRUE(noteOf("idade-mulheres").contains("dos primeiros 35 anos"));
+}

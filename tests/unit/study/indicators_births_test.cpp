@@ -71,6 +71,17 @@ TEST_F(Births, OfTheHandExampleFollowEachOther)
     EXPECT_EQ(value("gemeos", "Todos", "Partos de gémeos"), 1);
 }
 
+TEST_F(Births, OfTheHandExampleHaveTheMothersAges)
+{
+    handExample();
+    count(parentsAge);
+    const std::pair<const char*, double> expected[]{
+        {"1.º", 22.14}, {"2.º", 24.53}, {"3.º", 26.92}, {"4.º", 29.38}, {"6.º", 32.85}};
+    for (const auto& [rank, age] : expected)
+        EXPECT_NEAR(value("idades", rank, "Idade média da mãe"), age, 0.005) << rank;
+    EXPECT_EQ(value("idades", "4.º", "Mães"), 2) << "twins";
+}
+
 TEST_F(Births, BeforeEightMonthsOfTheCalendarArePremarital)
 {
     workedIntervals({1741, 6, 10});
@@ -109,8 +120,26 @@ TEST_F(Births, OnTheLimitOfEightMonthsAreNot)
     EXPECT_EQ(value(premarital, "Todos os casamentos", "Primeiros partos"), 4);
 }
 
+// The definition asks for a marriage in the parish; the interval, for a first child of it, too.
+TEST_F(Births, InAnotherParishTellOfTheConceptionBeforeTheMarriage)
+{
+    run("insert into infopar (cod, nome) values ('030899', 'São Mamede')");
+    run("update individuo set localnasc = '010101', tipolocalnasc = 'F' where famorig = ?", {firstAfter(150)});
+    firstAfter(300);
+    count(premaritalConceptions);
+    EXPECT_EQ(value(premarital, "Todos os casamentos", "Primeiros partos"), 2);
+    EXPECT_EQ(value(premarital, "Todos os casamentos", "Antes dos 8 meses"), 1);
+    EXPECT_EQ(value(premarital, "Todos os casamentos, 1700–1749", "Primeiros partos"), 2);
+    for (const auto& row : table("nao-contados").rows)
+        EXPECT_EQ(std::get<double>(row[1].value), 0) << qPrintable(std::get<QString>(row[0].value));
+    count(firstInterval);
+    EXPECT_EQ(value(first, "Primeiros casamentos, 0 meses e mais", number), 1);
+    EXPECT_EQ(leftOut("nascido noutra paróquia"), 1);
+}
+
 TEST_F(Births, TellWhyAFirstOneIsNotCounted)
 {
+    run("insert into infopar (cod, nome) values ('030899', 'São Mamede')");
     run("update familia set dcasamfixa = 0 where nfamilia = ?", {firstAfter(300)});
     run("update individuo set DnascFixa = 0 where famorig = ?", {firstAfter(300)});
     married({"1741-06-10"});
@@ -140,6 +169,21 @@ TEST_F(Births, OfAWidowedOneAndOfWhoIsNotSeenAgainAreNotOfFirstMarriages)
     EXPECT_EQ(value(first, firstMarriages, number), 1);
 }
 
+// Nobody knows when the wife was married before; a child of that union tells that she was.
+TEST_F(Births, OfAWifeWithAnEarlierUnionWithoutADateAreNotOfFirstMarriages)
+{
+    const qint64 family = firstAfter(300);
+    const qint64 wife = lastPerson - 1;
+    firstAfter(300);
+    child(couple(person({"Gil"}), wife), "1740-01-01");
+    count(firstInterval);
+    EXPECT_EQ(value(first, everyMarriage, number), 2);
+    EXPECT_EQ(value(first, firstMarriages, number), 1);
+    run("update familias set numcasam = 1 where nfamilia = ? and nind = ?", {family, wife});
+    count(firstInterval);
+    EXPECT_EQ(value(first, firstMarriages, number), 2) << "the act tells it";
+}
+
 TEST_F(Births, AreTellingWhatBecameOfTheChildBefore)
 {
     const qint64 family = married({"1740-06-10", "1720-03-12", "1790-05-01", "1770-10-02"});
@@ -155,6 +199,25 @@ TEST_F(Births, AreTellingWhatBecameOfTheChildBefore)
     EXPECT_EQ(value("por-destino", "desconhecido", "Intervalos"), 1);
     EXPECT_NEAR(value("por-destino", "sobreviveu a um ano", mean), 730.33 / 30.4375, 0.005);
     EXPECT_NEAR(value("por-destino", "Diferença: sobreviveu menos morreu", mean), (2191 / 3.0 - 365) / 30.4375, 0.005);
+}
+
+// The first child dies at 11 months, when the next one has been conceived; the second one at 13, before that.
+TEST_F(Births, AreAlsoToldByWhetherTheChildBeforeLivedAtTheConception)
+{
+    const qint64 family = married({"1740-06-10", "1720-03-12", "1790-05-01", "1770-10-02"});
+    child(family, "1741-01-10", 'm', "1741-12-10");
+    child(family, "1742-06-10", 'm', "1743-07-10");
+    child(family, "1744-04-11"); // conceived on 11 July 1743
+    run("update individuo set dobitofixa = 0 where nind = ?", {child(family, "1746-01-10", 'm', "1747-03-03")});
+    child(family, "1748-01-10");
+    count(birthIntervals);
+    EXPECT_EQ(value("por-destino", "morreu antes de um ano", "Intervalos"), 1);
+    const char* const table = "por-destino-ate-a-concepcao";
+    EXPECT_EQ(value(table, "morreu antes da concepção", "Intervalos"), 1);
+    EXPECT_NEAR(value(table, "morreu antes da concepção", mean), 671 / 30.4375, 0.005);
+    EXPECT_EQ(value(table, "vivia na concepção", "Intervalos"), 2);
+    EXPECT_EQ(value(table, "desconhecido", "Intervalos"), 1);
+    EXPECT_NEAR(value(table, "Diferença: vivia menos morreu", mean), ((516 + 639) / 2.0 - 671) / 30.4375, 0.005);
 }
 
 TEST_F(Births, AboveEightYearsApartAreFlagged)
@@ -217,6 +280,7 @@ TEST(TheSexRatioOfATally, HasTheIntervalOfTheWorkedExample)
 
 TEST_F(Births, OfASexAreThoseOfThePersonsOfTheParish)
 {
+    run("insert into infopar (cod, nome) values ('030899', 'São Mamede')");
     const qint64 family = married({"1740-06-10"});
     child(family, "1741-01-10", 'm');
     child(family, "1742-01-10", 'f');
@@ -229,6 +293,17 @@ TEST_F(Births, OfASexAreThoseOfThePersonsOfTheParish)
     EXPECT_EQ(cell("relacao-de-masculinidade", "Todos", "Rapazes por 100 raparigas").standing, Standing::Suppressed);
     EXPECT_EQ(leftOut("noutra paróquia"), 1);
     EXPECT_EQ(leftOut("sem data de nascimento"), 2);
+}
+
+TEST_F(Births, AreAllHereWhereTheParishIsNotKnownToItself)
+{
+    const qint64 family = married({"1740-06-10"});
+    run("update individuo set localnasc = '010101', tipolocalnasc = 'F' where nind = ?", {child(family, "1744-01-10")});
+    run("update familia set localcasam = '010101', tipolocalcasam = 'F'");
+    count(sexRatio);
+    EXPECT_EQ(value("relacao-de-masculinidade", "Todos", "Rapazes"), 1);
+    count(firstInterval);
+    EXPECT_EQ(value(first, everyMarriage, number), 1);
 }
 
 TEST_F(Births, ByTheMonthHaveTheirConceptions)

@@ -115,6 +115,14 @@ TEST_F(CompleteFamilies, TellTheAgeAtTheLastBirth)
     EXPECT_EQ(tally().sum(0), 19);
 }
 
+TEST_F(CompleteFamilies, AreNotYetFortyOnTheDayBefore)
+{
+    for (int i = 0; i < 20; ++i)
+        child(ofSize(0), i < 5 ? "1760-03-11" : "1760-03-12");
+    count(lastBirth);
+    EXPECT_EQ(value("idade-ao-ultimo-filho", "Todas", "Antes dos 40 anos"), 25);
+}
+
 // The wife is 35 at the end of the union: her last birth says nothing of when she would have stopped.
 TEST_F(CompleteFamilies, DoNotHoldTheFamilyOfTheHandExample)
 {

@@ -33,6 +33,22 @@ TEST_F(TheAgeGap, IsOfExactAgesInWholeYearsTowardsZero)
     EXPECT_TRUE(leftOut(figures).isEmpty());
 }
 
+TEST_F(TheAgeGap, OfFewerThanTwentyCouplesIsGrey)
+{
+    const auto standing = [this](const char* column) {
+        return cell(tableOf(figuresFor(ageGap), "diferenca-de-idade"), "Todos", column).standing;
+    };
+    for (int i = 0; i < 20; ++i) {
+        if (i == 19) {
+            for (const char* column : {"Média", "Mediana", "Desvio-padrão"})
+                EXPECT_EQ(standing(column), study::report::Standing::Grey) << column;
+        }
+        const char* const birth = i % 2 ? "1720-04-01" : "1722-04-01";
+        couple(person({"José", 'm', birth}), person({"Ana", 'f', "1725-05-01"}), "1750-03-01");
+    }
+    EXPECT_EQ(standing("Média"), study::report::Standing::Sound);
+}
+
 TEST_F(TheAgeGap, IsOfFirstMarriagesOfBoth)
 {
     const qint64 rui = person({"Rui", 'm', "1715-03-01"}), ana = person({"Ana", 'f', "1720-03-01"});
@@ -171,4 +187,12 @@ TEST_F(KinEndogamy, CountsDegreesByTheLongerSide)
     EXPECT_EQ(value(table, "Todos", "1.º grau"), 1);
     EXPECT_EQ(value(table, "Todos", "2.º grau"), 3);
     EXPECT_EQ(value(table, "Todos", "Sem parentesco conhecido"), 1);
+    // 1/16 of the cousins, 1/8 of uncle and niece, 1/8 and 1/32 of nephew and aunt, whose cousin is his mother; 1/4.
+    const Table inbreeding = tableOf(figures, "consanguinidade");
+    EXPECT_EQ(value(inbreeding, "Todos", "Com F acima de 0"), 4);
+    EXPECT_NEAR(value(inbreeding, "Todos", "F médio de todos"), 1000 * 19 / 32.0 / 5, 1e-9);
+    EXPECT_NEAR(value(inbreeding, "Todos", "F médio dos que o têm acima de 0"), 1000 * 19 / 32.0 / 4, 1e-9);
+    EXPECT_EQ(value(inbreeding, "Todos", "F de 1/16 e mais"), 4);
+    EXPECT_EQ(value(inbreeding, "1750–1799", "F de 1/64 a menos de 1/16"), 0);
+    EXPECT_EQ(cell(inbreeding, "Todos", "Com F acima de 0").from.size(), 4U);
 }

@@ -68,6 +68,22 @@ TEST(Exposure, OfThreeWivesIsOfTheEndsThatAreKnown)
     EXPECT_EQ(yearsOfAll({25, 22}), "10.0 10.0 10.0 10.0 7.0");
 }
 
+// What nobody should do: the same three wives, each to her last birth. Six births at 30 to 39 then come of 16.9 years.
+TEST(Exposure, OfThreeWivesWouldBeThisToTheirLastBirths)
+{
+    const parish::Date birth = day(1700, 1, 1), marriage = day(1725, 1, 1);
+    std::map<int, qint64> halfDays;
+    for (const double years : {14.2, 12.2, 5.5}) {
+        const parish::Date last = parish::dateOf(marriage.date().addDays(qRound64(years * parish::daysOfAYear)), true);
+        for (const Slice& slice : split({birth, marriage, last}, fertileAges()))
+            halfDays[slice.age] += slice.halfDays;
+    }
+    QStringList told;
+    for (const auto& group : halfDays)
+        told << QString::number(yearsOf(group.second), 'f', 1);
+    EXPECT_EQ(told.join(' '), "15.0 10.5 6.4");
+}
+
 TEST(Exposure, IsNothingOutsideOfAllGroups)
 {
     EXPECT_TRUE(split({day(1720, 3, 12), day(1770, 3, 12), day(1780, 1, 1)}, fertileAges()).empty());

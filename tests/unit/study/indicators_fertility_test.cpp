@@ -299,6 +299,113 @@ TEST(TheRatesOfATally, AreSummedUpAndComparedWithNaturalFertility)
     EXPECT_NEAR(table.rows[5][3].interval->high, 239.7, 0.05);
 }
 
+TEST(TheRatesOfATally, HaveTheRatesAndAllEstimatorsOfTheWorkedExample)
+{
+    Tally tally;
+    const double lived[]{38.5, 92, 120.25, 115.5, 98, 60.75}, told[]{441.6, 434.8, 374.2, 294.4, 142.9, 16.5};
+    const qint64 born[]{17, 40, 45, 34, 14, 1};
+    for (int i = 0; i < 6; ++i) {
+        tally.add({0, {20 + 5 * i, 20, 1750, 0}}, qRound64(lived[i] * 365.25 * 2));
+        tally.add({6, {20 + 5 * i, 20, 1750, 0}}, born[i]);
+    }
+    const auto figures = maritalFertility.figures(tally, {});
+    const auto table = [&](std::size_t i) { return std::get<study::report::Table>(figures[i]); };
+    const auto number = [](const study::report::Cell& cell) { return std::get<double>(cell.value); };
+    for (std::size_t i = 0; i < 6; ++i)
+        EXPECT_NEAR(number(table(0).rows[i + 1][3]), told[i], 0.05);
+    EXPECT_NEAR(table(0).rows[3][3].interval->low, 273.0, 0.05);
+    EXPECT_NEAR(table(0).rows[3][3].interval->high, 500.7, 0.05);
+    const auto models = table(2);
+    for (const std::size_t row : {0U, 1U, 2U}) {
+        SCOPED_TRACE(row);
+        EXPECT_NE(models.rows[row][3].standing, Standing::Suppressed);
+        EXPECT_TRUE(std::holds_alternative<double>(models.rows[row][7].value));
+    }
+    EXPECT_NEAR(number(models.rows[0][7]), 0.0008, 5e-5);
+    EXPECT_NEAR(number(models.rows[2][3]), 0.960, 5e-4);
+    EXPECT_NEAR(number(models.rows[2][5]), -0.007, 5e-4);
+    EXPECT_NEAR(number(models.rows[2][7]), 0.0043, 5e-5);
+    EXPECT_EQ(models.rows[1][3].standing, Standing::Sound);
+    EXPECT_EQ(models.notes.size(), 2);
+}
+
+// The rates of a parish that the model describes badly: an error of 0.0117.
+TEST(TheRatesOfATally, AreNotReadByAModelThatDoesNotFitThem)
+{
+    Tally tally;
+    const qint64 born[]{346, 395, 272, 182, 104, 20};
+    for (int i = 0; i < 6; ++i) {
+        tally.add({0, {20 + 5 * i, 20, 1750, 0}}, qRound64(1000 * 365.25 * 2));
+        tally.add({6, {20 + 5 * i, 20, 1750, 0}}, born[i]);
+    }
+    const auto figures = maritalFertility.figures(tally, {});
+    const auto& models = std::get<study::report::Table>(figures[2]);
+    EXPECT_NEAR(std::get<double>(models.rows[1][7].value), 0.0117, 5e-5);
+    EXPECT_EQ(models.rows[1][3].standing, Standing::Grey);
+    EXPECT_EQ(models.rows[1][5].standing, Standing::Grey);
+    EXPECT_EQ(models.rows[0][3].standing, Standing::Sound) << "the guide is that of the regression";
+    EXPECT_TRUE(models.notes.back().contains("não se podem ler: Todas as famílias contadas; "))
+        << qPrintable(models.notes.back());
+}
+
+// Two closed families, of one of which nobody knows the wife's age: 14 years and 114 days, and 55 years.
+TEST_F(MaritalFertility, ByDurationIsToldOfFamiliesWithoutTheWifesAgeToo)
+{
+    closedFamily();
+    const qint64 ageless = married({"1741-06-10", "", "1796-06-10", "1797-01-01"});
+    children(ageless, {"1742-06-10", "1743-06-10", "1747-01-01"});
+    count(maritalFertility);
+    const char* const table = "taxas-por-duracao";
+    EXPECT_EQ(value(table, "0–4|com idade da mulher", births), 2);
+    EXPECT_EQ(value(table, "0–4|sem idade da mulher", births), 2);
+    EXPECT_EQ(value(table, "0–4|todas", births), 4);
+    EXPECT_NEAR(value(table, "0–4|todas", years) * 365.25, 2 * 1826, 1e-6);
+    EXPECT_EQ(value(table, "5–9|todas", births), 4);
+    EXPECT_NEAR(value(table, "10–14|com idade da mulher", years) * 365.25, 1575, 1e-6);
+    EXPECT_NEAR(value(table, "50–54|sem idade da mulher", years) * 365.25, 1827, 1e-6);
+    EXPECT_EQ(cell(table, "0–4|todas", rate).from.size(), 4U);
+    EXPECT_EQ(leftOut("sem nascimento da mulher"), 1) << "in the tables by age it doesn't count";
+    EXPECT_EQ(value(rates, "15–49", births), 6);
+    EXPECT_EQ(value("somas", all, "Número de famílias"), 1);
+}
+
+TEST_F(MaritalFertility, ByDurationTakesNoWifeTwice)
+{
+    const qint64 family = married({"1741-06-10", "", "1790-05-01", "1755-10-02"});
+    run("update familias set idade = 21 where nind = ?", {lastPerson});
+    child(family, "1742-06-10");
+    count(maritalFertility);
+    EXPECT_EQ(value("taxas-por-duracao", "0–4|todas", births), 1);
+    Settings settings;
+    settings.derivedBirths = true;
+    count(maritalFertility, settings);
+    EXPECT_EQ(value("taxas-por-duracao", "0–4|com idade da mulher", births), 1);
+    for (const auto& row : table("taxas-por-duracao").rows)
+        EXPECT_EQ(std::get<QString>(row[1].value), "com idade da mulher");
+}
+
+// At 20 to 24 all who married then begin at one point of their lives.
+TEST(TheRatesOfATally, AreNotDrawnForTheAgeOfTheMarriage)
+{
+    Tally tally;
+    for (const int married : {15, 20})
+        for (int age = married; age < 35; age += 5) {
+            tally.add({0, {age, married, 1750, 0}}, qRound64(50 * 365.25 * 2));
+            tally.add({6, {age, married, 1750, 0}}, 20);
+        }
+    for (const auto& figure : maritalFertility.figures(tally, {})) {
+        const auto* chart = std::get_if<study::report::Chart>(&figure);
+        if (!chart || chart->id != "taxas-idade-ao-casamento") continue;
+        ASSERT_EQ(chart->plots.size(), 2U);
+        EXPECT_FALSE(chart->plots[0].points[0].y);
+        EXPECT_TRUE(chart->plots[0].points[1].y);
+        EXPECT_FALSE(chart->plots[1].points[1].y);
+        EXPECT_TRUE(chart->plots[1].points[2].y);
+        return;
+    }
+    ADD_FAILURE() << "no chart";
+}
+
 using TheDemonstration = DemoBdp;
 
 TEST_F(TheDemonstration, HasTheFertilityThatWasWorkedOutApart)

@@ -62,6 +62,18 @@ TEST_F(TheCombinedStatus, DerivesWidowhoodFromAnEarlierUnionThatHadEnded)
     EXPECT_EQ(value(tableOf(figuresFor(combinedStatus), "estado-combinado"), "Todos", "Viúvo e solteira"), 1);
 }
 
+TEST_F(TheCombinedStatus, DerivesNoWidowhoodFromAUnionThatWasNoMarriage)
+{
+    const qint64 jose = person({"José", 'm', "", "1790-01-01"}), ana = person({"Ana", 'f', "", "1755-02-02"});
+    const qint64 rosa = person({"Rosa", 'f'});
+    run("update familia set sfamilia = '6' where nfamilia = ?", {couple(jose, ana, "1750-03-01")});
+    couple(jose, rosa, "1756-03-01");
+    run("update familias set estadocivil = 1 where nind = ?", {rosa});
+    const auto figures = figuresFor(combinedStatus);
+    EXPECT_EQ(tallyFor(combinedStatus).sum(0), 0);
+    EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"estado civil anterior desconhecido", 2}}));
+}
+
 using TheSeasonsOfMarriage = Nuptiality;
 
 TEST_F(TheSeasonsOfMarriage, KnowTheClosedTimesOfTheYear)

@@ -85,6 +85,28 @@ TEST_F(Remarriage, CantBeTimedWhereAnotherUnionHasNoDate)
     EXPECT_EQ(leftOut(figuresFor(remarriage))["outra união do sobrevivente sem data"], 1);
 }
 
+// Thursday 4 October 1582 was followed by Friday the 15th.
+TEST_F(Remarriage, IsTenDaysSoonerOverTheChangeOfTheCalendar)
+{
+    const qint64 rui = person({"Rui", 'm', "1550-03-01", "1582-09-30"}), ana = person({"Ana", 'f', "1555-03-01"});
+    couple(rui, ana, "1580-03-01");
+    couple(person({"Luís", 'm'}), ana, "1582-11-01");
+    const Tally tally = tallyFor(remarriage);
+    EXPECT_EQ((tally[{0, {1550, women, 10, 22}}]), 1);
+    EXPECT_EQ((tally[{1, {1550, women, 10, 22}}]), 1);
+}
+
+TEST_F(Remarriage, IsTimedWhereTheOtherUnionWasNoMarriage)
+{
+    const qint64 rui = person({"Rui", 'm', "1700-03-01", "1770-03-11"});
+    const qint64 ana = person({"Ana", 'f', "1705-03-01", "1760-03-01"}), rosa = person({"Rosa", 'f'});
+    couple(rui, ana, "1745-03-01");
+    run("update familia set sfamilia = '5' where nfamilia = ?", {couple(rui, rosa)});
+    const auto figures = figuresFor(remarriage);
+    EXPECT_FALSE(leftOut(figures).contains("outra união do sobrevivente sem data"));
+    EXPECT_EQ(value(tableOf(figures, "probabilidades"), "Viúvos", "Nº em observação"), 1);
+}
+
 TEST_F(Remarriage, OfNobodyHasNoNumbers)
 {
     const auto figures = figuresFor(remarriage);

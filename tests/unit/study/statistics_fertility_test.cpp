@@ -129,6 +129,23 @@ TEST(CoaleAndTrussell, ByMeansOfPublishedRates)
     EXPECT_NEAR(of(3).control, 0.144, lastDigit(3));
 }
 
+// Worked out by another program, from the same rates: over 20–24 to 40–44 in each way.
+TEST(CoaleAndTrussell, LeaveAnErrorInAllTheirWays)
+{
+    const auto byMeans = [](std::size_t i) { return *coaleTrussellByMeans(populations()[i].byYear(6))->squaredError; };
+    EXPECT_NEAR(byMeans(0), 0.004482, 5e-7);
+    EXPECT_NEAR(byMeans(1), 0.000099, 5e-7);
+    EXPECT_NEAR(byMeans(10), 0.043649, 5e-7) << "Colyton, 1647-1719";
+    EXPECT_NEAR(*coaleTrussellByPoisson(parish())->squaredError, 0.000821, 5e-7);
+    EXPECT_NEAR(*coaleTrussellByPoisson(firstOf(5))->squaredError, 0.000800, 5e-7);
+    auto groups = parish();
+    groups[5].births = 0;
+    EXPECT_TRUE(coaleTrussellByPoisson(groups)->squaredError);
+    groups[4].births = 0;
+    EXPECT_FALSE(coaleTrussellByPoisson(groups)->squaredError);
+    EXPECT_FALSE(coaleTrussellByPoisson(firstOf(4))->squaredError);
+}
+
 TEST(CoaleAndTrussell, ByPoissonOfAParish)
 {
     const auto six = coaleTrussellByPoisson(parish());
