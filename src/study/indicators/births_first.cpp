@@ -2,6 +2,7 @@
 #include "study/indicators/births.h"
 #include "study/indicators/confinements.h"
 #include "study/indicators/natality.h"
+#include "study/indicators/scope.h"
 
 #include <algorithm>
 #include <limits>
@@ -72,7 +73,7 @@ NoFirst lackOfMarriage(const observation::Union& of, const Study& study)
     if (!natality::isMarital(family)) return NoFirst::Situation;
     if (!family.marriage.isKnown()) return NoFirst::Marriage;
     if (!family.marriage.isExact()) return NoFirst::ApproximateMarriage;
-    if (study.settings.localOnly && !natality::isLocal(family.place, study)) return NoFirst::Elsewhere;
+    if (!isHere(family.place, study)) return NoFirst::Elsewhere;
     if (family.children.empty()) return NoFirst::Children;
     return hasExactBirths(family) ? NoFirst::None : NoFirst::ApproximateChildren;
 }
@@ -85,7 +86,7 @@ First firstOf(const observation::Union& of, const Study& study)
     const Date& marriage = of.family->marriage;
     const Date& birth = first.confinement.day;
     const Date& dated = study.settings.byMarriageCohort ? marriage : birth;
-    if (study.settings.localOnly && !natality::isLocal(first.confinement.children.front()->birthPlace, study))
+    if (!isHere(first.confinement.children.front()->birthPlace, study))
         first.lack = NoFirst::BornElsewhere;
     else if (!study.settings.period.holds(dated.year()))
         first.lack = NoFirst::Period;
