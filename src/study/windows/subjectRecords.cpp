@@ -19,10 +19,15 @@ namespace {
 class Listening final : public indicators::Taker
 {
 public:
-    explicit Listening(std::function<bool(const Who&)> isAsked) : isAsked_(std::move(isAsked)) {}
+    Listening(std::function<bool(const Who&)> isAsked, const parish::Snapshot::GoesOn& goesOn)
+        : isAsked_(std::move(isAsked)), goesOn_(goesOn)
+    {
+    }
 
     void count(const indicators::Key& key, const Who& who, qint64 amount) override
     {
+        static constexpr unsigned betweenQuestions = 4096;
+        if (goesOn_ && ++counts_ % betweenQuestions == 0 && !goesOn_(0)) throw parish::Snapshot::Interrupted{};
         if (amount != 0 && isAsked_(who)) heard.insert(key.count);
     }
 
@@ -30,11 +35,14 @@ public:
 
 private:
     std::function<bool(const Who&)> isAsked_;
+    const parish::Snapshot::GoesOn& goesOn_;
+    unsigned counts_ = 0;
 };
 
-Verdict verdictOf(const Subject& subject, const Study& study, std::function<bool(const Who&)> isAsked)
+Verdict verdictOf(const Subject& subject, const Study& study, const parish::Snapshot::GoesOn& goesOn,
+                  std::function<bool(const Who&)> isAsked)
 {
-    Listening listening(std::move(isAsked));
+    Listening listening(std::move(isAsked), goesOn);
     subject.fill(study, {0, study.parish.people().size(), 0, study.parish.families().size()}, listening);
     Verdict verdict;
     for (const quint16 count : listening.heard) {
@@ -49,14 +57,16 @@ Verdict verdictOf(const Subject& subject, const Study& study, std::function<bool
 
 } // namespace
 
-Verdict verdictOn(const Subject& subject, const Study& study, const parish::Person& person)
+Verdict verdictOn(const Subject& subject, const Study& study, const parish::Person& person,
+                  const parish::Snapshot::GoesOn& goesOn)
 {
-    return verdictOf(subject, study, [&person](const Who& who) { return who.person == &person; });
+    return verdictOf(subject, study, goesOn, [&person](const Who& who) { return who.person == &person; });
 }
 
-Verdict verdictOn(const Subject& subject, const Study& study, const parish::Family& family)
+Verdict verdictOn(const Subject& subject, const Study& study, const parish::Family& family,
+                  const parish::Snapshot::GoesOn& goesOn)
 {
-    return verdictOf(subject, study, [&family](const Who& who) { return who.family == &family; });
+    return verdictOf(subject, study, goesOn, [&family](const Who& who) { return who.family == &family; });
 }
 
 QString told(const Verdict& verdict, const QString& title)

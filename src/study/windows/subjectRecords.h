@@ -20,9 +20,11 @@ struct Verdict
 };
 
 // The record itself has to be told by the subject: a family doesn't count where only its members do, one by one. A
-// subject's fill() is heard once from beginning to end; throws what that throws.
-Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Person& person);
-Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Family& family);
+// subject's fill() is heard once from beginning to end; throws what that throws. goesOn is asked as by behind().
+Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Person& person,
+                  const parish::Snapshot::GoesOn& goesOn = {});
+Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Family& family,
+                  const parish::Snapshot::GoesOn& goesOn = {});
 
 // As an answer to "porque não conta?", in lines that end with CR LF: "Conta em: …", "Fica de fora: …". `title` is that
 // of the record, "Família 12 – …".
