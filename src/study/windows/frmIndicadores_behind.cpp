@@ -106,8 +106,10 @@ void FrmIndicadores::cmdPorque_Click()
     }
     auto text = std::make_shared<QString>();
     question_ = {[text, family, person](const Subject& subject, const Study& study, const Background::GoesOn& goesOn) {
-                     *text = family ? told(verdictOn(subject, study, *family, goesOn), titleOf(*family))
-                                    : told(verdictOn(subject, study, *person, goesOn), titleOf(*person));
+                     *text = family ? told(verdictOn(subject, study, *family, goesOn), titleOf(*family)) + "\r\n" +
+                                          observed(study, *family)
+                                    : told(verdictOn(subject, study, *person, goesOn), titleOf(*person)) + "\r\n" +
+                                          observed(study, *person);
                  },
                  [this, text] { txtResposta->setText(*text); }};
     stopped_ = false;

@@ -39,6 +39,17 @@ private:
     unsigned counts_ = 0;
 };
 
+// "14/02/1720 (casamento)"
+QString told(const observation::Mark& mark)
+{
+    return shown(mark.day) + " (" + told(mark.by) + ')';
+}
+
+QString capitalised(const QString& text)
+{
+    return text.left(1).toUpper() + text.mid(1);
+}
+
 Verdict verdictOf(const Subject& subject, const Study& study, const parish::Snapshot::GoesOn& goesOn,
                   std::function<bool(const Who&)> isAsked)
 {
@@ -75,6 +86,38 @@ QString told(const Verdict& verdict, const QString& title)
     if (!verdict.leftOut.isEmpty()) lines << "Fica de fora: " + verdict.leftOut.join("; ") + '.';
     if (!verdict.counted.isEmpty()) lines << "Conta em: " + verdict.counted.join("; ") + '.';
     if (lines.size() == 1) lines << "Este tema não trata deste registo: nada nele entra nos números.";
+    return lines.join("\r\n");
+}
+
+QString observed(const Study& study, const parish::Person& person)
+{
+    const observation::Presence& presence = study.presenceOf(person);
+    QStringList lines;
+    lines << (presence.isObserved() ? "Em observação de " + told(presence.from) + " a " + told(presence.until) + '.'
+                                    : QString("Nada prova que tenha vivido na freguesia: fora de observação."));
+    if (presence.aliveUntil.day.isKnown()) lines << "Última prova de vida: " + told(presence.aliveUntil) + '.';
+    if (!person.origin) return lines.join("\r\n");
+    const observation::Mark family = observation::familyEndFor(person, study.parish, study.unions);
+    lines << (family.day.isKnown() ? "Os outros mostram a família de origem na freguesia até " + told(family) + '.'
+                                   : QString("Nada dos outros mostra a família de origem depois deste nascimento."));
+    return lines.join("\r\n");
+}
+
+QString observed(const Study& study, const parish::Family& family)
+{
+    const observation::Union& of = study.unionOf(family);
+    if (!of.isUnion()) return "Não é uma união: " + className(of) + '.';
+    QStringList lines{of.isContradictory() ? capitalised(told(of.openBy)) + '.' : "Classe " + className(of) + '.'};
+    lines << (of.marriage.isKnown() ? "Casamento: " + shown(of.marriage) + '.'
+                                    : QString("Casamento: sem data que conte."));
+    if (of.isClosed())
+        lines << "Fim da união: " + shown(of.end) + " (" + told(of.endBy) + ").";
+    else if (!of.isContradictory())
+        lines << "Fim da união: desconhecido (" + told(of.openBy) + ')' +
+                     (of.endBound.isKnown() ? ", o mais tardar a " + shown(of.endBound) + '.' : QString("."));
+    lines << (of.wifeBirth.isKnown()
+                  ? "Nascimento da mulher: " + shown(of.wifeBirth) + " (" + told(of.wifeBirthBy) + ")."
+                  : QString("Nascimento da mulher: desconhecido."));
     return lines.join("\r\n");
 }
 

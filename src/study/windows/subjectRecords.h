@@ -30,6 +30,11 @@ Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& s
 // of the record, "Família 12 – …".
 QString told(const Verdict& verdict, const QString& title);
 
+// From when to when somebody is seen, or a couple lived together, and what proves it; sentences, in lines that end with
+// CR LF. The same whatever the subject: what the verdicts of all of them rest on.
+QString observed(const indicators::Study& study, const parish::Person& person);
+QString observed(const indicators::Study& study, const parish::Family& family);
+
 // Both cells of a line of who stands behind a number: the person and the family; "" where there is none.
 QStringList cellsOf(const indicators::Who& who);
 
