@@ -1,6 +1,7 @@
 #include "study/indicators/adultLife.h"
 
 #include "study/indicators/scope.h"
+#include "study/observation/limits.h"
 #include "study/parish/codes.h"
 
 namespace study::indicators {
@@ -63,19 +64,7 @@ Date toldDead(const Person& person, const Date& alive)
     return found;
 }
 
-// Limits. The card fills them with birth and death by itself: these say nothing.
-
-Date typedFrom(const Person& person)
-{
-    const Date typed = parish::dateOf(person.observedFrom, true);
-    return typed.day == person.birth.day ? Date() : typed;
-}
-
-Date typedUntil(const Person& person)
-{
-    const Date typed = parish::dateOf(person.observedUntil, true);
-    return typed.day == person.death.day ? Date() : typed;
-}
+// Limits.
 
 // The first day, up to another one, on which a death wouldn't stand in the books.
 Date endOfBooks(const Date& from, const Date& until, const Settings& settings)
@@ -94,7 +83,7 @@ void leaveAt(End& end, const Date& limit, const Date& from)
 void limit(End& end, const AdultLife& life, const Person& person, const Settings& settings)
 {
     if (!end.day.isKnown()) return;
-    leaveAt(end, typedUntil(person), life.from);
+    leaveAt(end, observation::typedUntil(person), life.from);
     leaveAt(end, endOfBooks(life.from, end.day, settings), life.from);
     if (end.day.middle() < life.from.middle()) end = {life.from, false};
 }
@@ -152,7 +141,7 @@ AdultLife adultLifeOf(const Person& person, const Study& study)
     life.family = firstMarriage(person);
     if (!life.family) return life;
     life.marriage = life.family->marriage;
-    const Date typed = typedFrom(person);
+    const Date typed = observation::typedFrom(person);
     life.from = typed.isKnown() && typed.middle() > life.marriage.middle() ? typed : life.marriage;
     life.birth = person.birth;
     if (!life.birth.isKnown() && study.settings.derivedBirths && life.family->wife == &person)

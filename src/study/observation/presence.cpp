@@ -1,5 +1,6 @@
 #include "study/observation/presence.h"
 
+#include "study/observation/limits.h"
 #include "study/parish/codes.h"
 #include "study/parish/locality.h"
 
@@ -246,8 +247,7 @@ Mark lastOfParent(const Person& parent, const Family& family, const Home& home)
     for (const Membership* row : parent.unions)
         if (row->family && row->family != &family)
             takeLater(mark, lastOfChildren(parent, *row->family, home).day, Proof::Sibling);
-    const bool typed = parent.observedUntil.isValid() && parent.observedUntil != parent.death.date();
-    if (typed) takeLater(mark, exactly(parent.observedUntil), Proof::Researcher);
+    takeLater(mark, typedUntil(parent), Proof::Researcher);
     return mark;
 }
 
@@ -383,15 +383,12 @@ private:
         return mark;
     }
 
-    // The card fills its limits with birth and death: these say nothing. Others were typed.
     static void restrict(Presence& presence, const Person& person)
     {
-        const Date from = exactly(person.observedFrom);
-        const Date until = exactly(person.observedUntil);
-        if (from.isKnown() && from.day != person.birth.day && isBefore(presence.from.day, from))
-            presence.from = {from, Proof::Researcher};
-        if (until.isKnown() && until.day != person.death.day && isBefore(until, presence.until.day))
-            presence.until = {until, Proof::Researcher};
+        const Date from = typedFrom(person);
+        const Date until = typedUntil(person);
+        if (from.isKnown() && isBefore(presence.from.day, from)) presence.from = {from, Proof::Researcher};
+        if (until.isKnown() && isBefore(until, presence.until.day)) presence.until = {until, Proof::Researcher};
         if (isBefore(presence.until.day, presence.from.day)) presence.from = presence.until = {};
     }
 

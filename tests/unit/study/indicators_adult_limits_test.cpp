@@ -105,3 +105,17 @@ TEST_F(AdultsWithinLimits, AreToldDeadByTheStateOfTheOtherAtABirth)
     run("update individuo set estadocivilmae = 2, estadocivilpai = 3 where nind = ?", {child});
     EXPECT_FALSE(dies(life(), Estimate::Least));
 }
+
+// The child is born in 1750; the father dies ten years later.
+TEST_F(AdultsWithinLimits, OrphanNobodyBehindALimitThatWasTyped)
+{
+    person({"Rui", 'm', "1750-01-01", "", family_});
+    const auto sumOf = [](const Tally& tally, const char* name, qint32 days) {
+        return tally.sum(keyOf(orphanhood, name).count, {Tally::any, 0, days, Tally::any});
+    };
+    EXPECT_EQ(sumOf(tallyFor(orphanhood), "obitos-dos-pais", 10 * 365), 1);
+    typed("fimobs", "1755-01-01");
+    const Tally limited = tallyFor(orphanhood);
+    EXPECT_EQ(sumOf(limited, "obitos-dos-pais", Tally::any), 0);
+    EXPECT_EQ(sumOf(limited, "saidas-dos-pais", 5 * 365), 1);
+}

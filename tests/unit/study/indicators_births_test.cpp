@@ -111,6 +111,7 @@ TEST_F(Births, OnTheLimitOfEightMonthsAreNot)
 
 TEST_F(Births, TellWhyAFirstOneIsNotCounted)
 {
+    run("insert into infopar (cod, nome) values ('030899', 'Aqui')");
     run("update familia set dcasamfixa = 0 where nfamilia = ?", {firstAfter(300)});
     run("update individuo set DnascFixa = 0 where famorig = ?", {firstAfter(300)});
     married({"1741-06-10"});
@@ -217,6 +218,7 @@ TEST(TheSexRatioOfATally, HasTheIntervalOfTheWorkedExample)
 
 TEST_F(Births, OfASexAreThoseOfThePersonsOfTheParish)
 {
+    run("insert into infopar (cod, nome) values ('030899', 'Aqui')");
     const qint64 family = married({"1740-06-10"});
     child(family, "1741-01-10", 'm');
     child(family, "1742-01-10", 'f');
