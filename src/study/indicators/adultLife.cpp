@@ -80,7 +80,7 @@ void leaveAt(End& end, const Date& limit, const Date& from)
     end = {limit.middle() < from.middle() ? from : limit, false};
 }
 
-void limit(End& end, const AdultLife& life, const Person& person, const Settings& settings)
+void keepWithinLimits(End& end, const AdultLife& life, const Person& person, const Settings& settings)
 {
     if (!end.day.isKnown()) return;
     leaveAt(end, observation::typedUntil(person), life.from);
@@ -150,7 +150,7 @@ AdultLife adultLifeOf(const Person& person, const Study& study)
     if (life.why != NoAdult::None) return life;
     life.ends = endsOf(person, *life.family, study);
     for (End& end : life.ends)
-        limit(end, life, person, study.settings);
+        keepWithinLimits(end, life, person, study.settings);
     return life;
 }
 
