@@ -62,7 +62,7 @@ Tallies talliesOfBdp(const QString& path, const Snapshot::GoesOn& goesOn)
 {
     for (int i = 0; i < attempts; ++i)
         if (const std::optional<Read> read = readOnce(path, goesOn))
-            return talliesOf(studyOf(read->parish, read->settings), read->source,
+            return talliesOf(studyOf(read->parish, read->settings, goesOn), read->source,
                              static_cast<int>(std::thread::hardware_concurrency()), goesOn);
     throw jet::Error(jet::number::engineFailure,
                      QString("A BDP \"%1\" está sempre a ser alterada por outro programa.").arg(path));
@@ -149,7 +149,8 @@ void run(const Order& order, QTextStream& out, const Snapshot::GoesOn& goesOn)
     if (order.work == Report) checkPageTarget(order);
     const Tallies tallies = talliesOfAll(order, goesOn);
     if (order.work == Count || order.work == Join) return tell(tallies, out);
-    const report::Report report = reportOf(tallies, {.program = programName(), .made = QDateTime::currentDateTime()});
+    const report::Report report = reportOf(tallies, {.program = programName(), .made = QDateTime::currentDateTime()},
+                                           indicators::subjects(), goesOn);
     if (!goesOn(1)) throw Snapshot::Interrupted{};
     order.work == Report ? writePage(order, report) : writeTables(order, report);
 }

@@ -1,6 +1,7 @@
 #include "study/indicators/adultLife.h"
 
 #include "study/indicators/scope.h"
+#include "study/observation/limits.h"
 #include "study/parish/codes.h"
 
 namespace study::indicators {
@@ -52,13 +53,39 @@ Date toldDead(const Person& person, const Date& alive)
         if (!row->family) continue;
         if (const Person* spouse = parish::spouseOf(person, *row->family))
             takeWidowhood(found, *spouse, *row->family, alive);
-        for (const Person* child : row->family->children)
-            for (const parish::Assistance* act : child->assisted) {
-                const bool dead = &person == row->family->husband ? act->fatherDead == true : act->motherDead == true;
-                if (dead) takeEarlier(found, act->date, alive);
-            }
+        const bool isHusband = &person == row->family->husband;
+        for (const Person* child : row->family->children) {
+            const parish::Code left = isHusband ? child->motherState : child->fatherState;
+            if (left == parish::civil::widowed) takeEarlier(found, child->birth, alive);
+            for (const parish::Assistance* act : child->assisted)
+                if ((isHusband ? act->fatherDead : act->motherDead) == true) takeEarlier(found, act->date, alive);
+        }
     }
     return found;
+}
+
+// Limits.
+
+// The first day, up to another one, on which a death wouldn't stand in the books.
+Date endOfBooks(const Date& from, const Date& until, const Settings& settings)
+{
+    for (int year = from.middle().year(); year <= until.middle().year(); ++year)
+        if (!settings.covers(Series::Burials, year)) return parish::dateOf(QDate(year, 1, 1), true);
+    return {};
+}
+
+void leaveAt(End& end, const Date& limit, const Date& from)
+{
+    if (!limit.isKnown() || end.day.middle() <= limit.middle()) return;
+    end = {limit.middle() < from.middle() ? from : limit, false};
+}
+
+void keepWithinLimits(End& end, const AdultLife& life, const Person& person, const Settings& settings)
+{
+    if (!end.day.isKnown()) return;
+    leaveAt(end, observation::typedUntil(person), life.from);
+    leaveAt(end, endOfBooks(life.from, end.day, settings), life.from);
+    if (end.day.middle() < life.from.middle()) end = {life.from, false};
 }
 
 std::array<End, 4> endsOf(const Person& person, const Family& family, const Study& study)
@@ -93,11 +120,11 @@ std::array<End, 4> endsOf(const Person& person, const Family& family, const Stud
 NoAdult whyNot(const Person& person, const AdultLife& life, const Study& study)
 {
     const Settings& settings = study.settings;
-    const int year = life.marriage.middle().year();
+    const int year = life.marriage.middle().year(), begins = life.from.middle().year();
     if (!settings.period.holds(year) || !isWanted(person.gender, settings)) return NoAdult::NotAsked;
     if (person.gender == parish::Gender::Undetermined) return NoAdult::Sexless;
     if (!isHere(life.family->place, study)) return NoAdult::Elsewhere;
-    if (!settings.covers(Series::Marriages, year) || !settings.covers(Series::Burials, year))
+    if (!settings.covers(Series::Marriages, year) || !settings.covers(Series::Burials, begins))
         return NoAdult::OutOfBooks;
     if (!life.birth.isKnown()) return NoAdult::NoBirth;
     const bool wrong = life.birth.middle() >= life.marriage.middle() ||
@@ -114,11 +141,16 @@ AdultLife adultLifeOf(const Person& person, const Study& study)
     life.family = firstMarriage(person);
     if (!life.family) return life;
     life.marriage = life.family->marriage;
+    const Date typed = observation::typedFrom(person);
+    life.from = typed.isKnown() && typed.middle() > life.marriage.middle() ? typed : life.marriage;
     life.birth = person.birth;
     if (!life.birth.isKnown() && study.settings.derivedBirths && life.family->wife == &person)
         life.birth = study.unionOf(*life.family).wifeBirth;
     life.why = whyNot(person, life, study);
-    if (life.why == NoAdult::None) life.ends = endsOf(person, *life.family, study);
+    if (life.why != NoAdult::None) return life;
+    life.ends = endsOf(person, *life.family, study);
+    for (End& end : life.ends)
+        keepWithinLimits(end, life, person, study.settings);
     return life;
 }
 

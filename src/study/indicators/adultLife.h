@@ -2,6 +2,9 @@
 //
 // Whose death isn't known must not be dropped: who dies young dies more often where the wedding was. Bounds: L. Henry,
 // 1967; with the union that is seen to its end: after J. Dupâquier.
+//
+// A limit of observation that a researcher typed holds for all four, and so does the first year that no book of burials
+// covers: who died behind it has left alive.
 #pragma once
 
 #include "study/indicators/subject.h"
@@ -39,6 +42,7 @@ struct AdultLife
 {
     NoAdult why = NoAdult::NotAsked;
     parish::Date birth = {}, marriage = {};
+    parish::Date from = {};                 // at risk: from the marriage, or from a later limit that was typed
     const parish::Family* family = nullptr; // of the first marriage
     std::array<End, 4> ends = {};           // by Estimate
 };

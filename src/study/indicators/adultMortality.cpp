@@ -85,7 +85,7 @@ void countRates(const AdultLife& life, Estimate estimate, const End& end, const 
 {
     const auto place = static_cast<qint32>(estimate);
     taker.count({Lives, {who[0], who[1], place}}, person);
-    for (const Slice& slice : split({life.birth, life.marriage, end.day, end.dies}, adultAges()))
+    for (const Slice& slice : split({life.birth, life.from, end.day, end.dies}, adultAges()))
         taker.count({Years, {who[0], who[1], place, slice.age}}, person, slice.halfDays);
     const auto group = end.dies ? ageGroup(life.birth, end.day, adultAges()) : std::nullopt;
     if (group) taker.count({Deaths, {who[0], who[1], place, *group}}, person);
@@ -93,7 +93,7 @@ void countRates(const AdultLife& life, Estimate estimate, const End& end, const 
 
 void countDays(const AdultLife& life, const End& end, const At& who, const Who& person, Taker& taker)
 {
-    const qint32 entry = std::max(ageInDays(life.birth, life.marriage), firstAge * daysOfAnAge);
+    const qint32 entry = std::max(ageInDays(life.birth, life.from), firstAge * daysOfAnAge);
     const qint32 exit = ageInDays(life.birth, end.day);
     if (exit < entry) return;
     taker.count({Enter, {who[0], who[1], entry - 1}}, person);

@@ -4,6 +4,7 @@
 #include "study/indicators/other.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
+#include "study/indicators/scope.h"
 #include "study/parish/codes.h"
 
 #include <algorithm>
@@ -138,7 +139,7 @@ public:
         const std::optional<bool> adult = isAdult(person_);
         if (adult && !*adult) return;
         const int year = person_.death.year();
-        if (settings.localOnly && !isLocal(person_.deathPlace, study_.parish.home())) return add(Elsewhere);
+        if (!isHere(person_.deathPlace, study_)) return add(Elsewhere);
         if (!settings.period.holds(year)) return add(OutOfPeriod);
         if (!settings.covers(Series::Burials, year)) return add(OutOfBooks);
         if (person_.gender == Gender::Undetermined) return add(NoSex);

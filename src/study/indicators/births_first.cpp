@@ -2,6 +2,7 @@
 #include "study/indicators/births.h"
 #include "study/indicators/confinements.h"
 #include "study/indicators/natality.h"
+#include "study/indicators/scope.h"
 
 #include <algorithm>
 #include <limits>
@@ -76,7 +77,7 @@ NoFirst lackOfMarriage(const observation::Union& of, const Study& study)
     if (!natality::isMarital(family)) return NoFirst::Situation;
     if (!family.marriage.isKnown()) return NoFirst::Marriage;
     if (!family.marriage.isExact()) return NoFirst::ApproximateMarriage;
-    if (study.settings.localOnly && !natality::isLocal(family.place, study)) return NoFirst::Elsewhere;
+    if (!isHere(family.place, study)) return NoFirst::Elsewhere;
     if (family.children.empty()) return NoFirst::Children;
     return hasExactBirths(family) ? NoFirst::None : NoFirst::ApproximateChildren;
 }
@@ -93,7 +94,7 @@ First firstOf(const observation::Union& of, const Study& study)
         first.lack = NoFirst::Period;
     else if (!isRead(marriage, birth, study.settings))
         first.lack = NoFirst::Books;
-    else if (study.settings.localOnly && !natality::isLocal(first.confinement.children.front()->birthPlace, study))
+    else if (!isHere(first.confinement.children.front()->birthPlace, study))
         first.lack = NoFirst::BornElsewhere;
     return first;
 }

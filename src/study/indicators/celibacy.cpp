@@ -3,6 +3,7 @@
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
+#include "study/indicators/scope.h"
 #include "study/parish/codes.h"
 
 #include <algorithm>
@@ -73,7 +74,7 @@ bool hasMarried(const Person& person)
 std::optional<Count> whyNot(const Person& person, const Study& study)
 {
     const Settings& settings = study.settings;
-    if (settings.localOnly && !isLocal(person.deathPlace, study.parish.home())) return Elsewhere;
+    if (!isHere(person.deathPlace, study)) return Elsewhere;
     if (!settings.period.holds(person.death.year())) return OutOfPeriod;
     if (!settings.covers(Series::Burials, person.death.year())) return OutOfBooks;
     return person.gender == Gender::Undetermined ? std::optional(NoSex) : std::nullopt;

@@ -2,6 +2,7 @@
 
 #include "study/indicators/deaths.h"
 #include "study/indicators/scope.h"
+#include "study/observation/limits.h"
 
 #include <algorithm>
 
@@ -53,9 +54,7 @@ Date seenUntil(const parish::Person& child, const Study& study)
     if (!end.isKnown()) return end;
     endAt(end, ownMarriage(child));
     endAt(end, endOfBooks(child.birth, study.settings));
-    // The card writes the death there by itself; another day is the researcher's.
-    const Date typed = parish::dateOf(child.observedUntil, true);
-    if (typed.isKnown() && (!child.death.isKnown() || typed.day < child.death.day)) endAt(end, typed);
+    endAt(end, observation::typedUntil(child));
     return end;
 }
 
@@ -82,10 +81,9 @@ Unwatched whyUndated(const parish::Person& child)
     if (child.death.isKnown() && child.birth.isExact() && child.death.isExact() && child.death.day < child.birth.day)
         return Unwatched::DeathBeforeBirth;
     if (isDoubtful(child)) return Unwatched::Approximate;
-    const Date typed = parish::dateOf(child.observedFrom, true);
-    return typed.isKnown() && typed.day > child.birth.day && typed.date() > child.birth.middle()
-               ? Unwatched::ObservedLater
-               : Unwatched::Watched;
+    const Date typed = observation::typedFrom(child);
+    const bool isLater = typed.isKnown() && typed.day > child.birth.day && typed.date() > child.birth.middle();
+    return isLater ? Unwatched::ObservedLater : Unwatched::Watched;
 }
 
 } // namespace

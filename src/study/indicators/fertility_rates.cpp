@@ -153,11 +153,10 @@ const Subject maritalFertility = {
     .title = "Fecundidade legítima por idade da mulher",
     .method =
         "Contam as famílias com data de casamento, fim conhecido da união e nascimento da mulher, desde o casamento "
-        "até "
-        "à primeira morte do casal ou aos 50 anos da mulher; as famílias abertas não contam. A taxa é o número de "
-        "nascimentos legítimos (os gémeos são dois; os póstumos até 300 dias contam sem alongar o tempo) por mil anos "
-        "vividos pelas mulheres casadas em cada idade. A célula do grupo em que a mulher se casou lê-se com cautela: "
-        "todos os casais começam ao mesmo tempo.",
+        "até à primeira morte do casal ou aos 50 anos da mulher; as famílias abertas só contam se as definições o "
+        "pedem. A taxa é o número de nascimentos legítimos (os gémeos são dois; os póstumos até 300 dias contam sem "
+        "alongar o tempo) por mil anos vividos pelas mulheres casadas em cada idade. A célula do grupo em que a mulher "
+        "se casou lê-se com cautela: todos os casais começam ao mesmo tempo.",
     .counts = rates::counts,
     .reasons = rates::whyNot,
     .fill = rates::fill,

@@ -59,6 +59,9 @@ Table ageTable(const QString& id, const QString& title, const Reading& reading, 
     appendCells(total, all, settings);
     table.rows.push_back(total);
     table.notes << QString("Famílias: %1.").arg(all.families.n);
+    if (settings.openFamilies)
+        table.notes << "As famílias abertas contam até ao último dia em que marido e mulher são vistos, sem contar os "
+                       "nascimentos dos seus filhos.";
     noteInflation(table, settings);
     return table;
 }

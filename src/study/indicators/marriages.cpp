@@ -1,5 +1,6 @@
 #include "study/indicators/marriages.h"
 
+#include "study/indicators/scope.h"
 #include "study/parish/codes.h"
 
 #include <algorithm>
@@ -78,16 +79,11 @@ Spouse wifeIn(const Family& family)
     return spouseIn(family, family.wife);
 }
 
-bool isLocal(const Place& place, const parish::Home& home)
-{
-    return !place.isKnown() || home.code.isEmpty() || isIn(place, home);
-}
-
 MarriageIs marriageIs(const Family& family, const Study& study)
 {
     if (!family.marriage.isKnown()) return MarriageIs::Undated;
     const Settings& settings = study.settings;
-    if (settings.localOnly && !isLocal(family.place, study.parish.home())) return MarriageIs::Elsewhere;
+    if (!isHere(family.place, study)) return MarriageIs::Elsewhere;
     const int year = family.marriage.year();
     if (!settings.period.holds(year)) return MarriageIs::OutOfPeriod;
     return settings.covers(Series::Marriages, year) ? MarriageIs::Counted : MarriageIs::OutOfBooks;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "study/indicators/subject.h"
+#include "study/parish/locality.h"
 
 namespace study::indicators {
 
@@ -14,9 +15,6 @@ struct Spouse
 };
 Spouse husbandIn(const parish::Family& family);
 Spouse wifeIn(const parish::Family& family);
-
-// An unknown place counts as of the parish; so does every one where the parish isn't made known to itself.
-bool isLocal(const parish::Place& place, const parish::Home& home);
 
 // Whether the marriage of a family is one that the settings take.
 enum class MarriageIs : quint8

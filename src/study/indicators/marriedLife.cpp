@@ -56,15 +56,15 @@ Reach reachOf(const MarriedLife& life, const Settings& settings)
     return reach;
 }
 
-Lack lackOfUnion(const Union& of, const Settings& settings)
+Lack lackOfUnion(const Union& of, const Date& end, const Settings& settings)
 {
     if (!of.isUnion()) return Lack::Couple;
     if (!of.marriage.isKnown()) return Lack::Marriage;
     if (of.isContradictory()) return Lack::Contradiction;
-    if (!of.isClosed()) return Lack::End;
+    if (!end.isKnown()) return Lack::End;
     if (!natality::isMarital(*of.family)) return Lack::Situation;
     if (settings.byMarriageCohort && !settings.period.holds(of.marriage.year())) return Lack::Period;
-    return settled(of.end).day < settled(of.marriage).day ? Lack::Contradiction : Lack::None;
+    return settled(end).day < settled(of.marriage).day ? Lack::Contradiction : Lack::None;
 }
 
 Lack lackOfAge(const Union& of, const Settings& settings)
@@ -79,7 +79,8 @@ bool isWidow(const MarriedLife& life)
 {
     const Person* husband = life.of->family->husband;
     const Person* wife = life.of->family->wife;
-    const bool hisDeath = husband && husband->death.isKnown() && settled(husband->death) == life.end;
+    const bool hisDeath =
+        life.of->isClosed() && husband && husband->death.isKnown() && settled(husband->death) == life.end;
     return hisDeath && !(wife && wife->death.isKnown() && settled(wife->death).day <= life.end.day);
 }
 
@@ -120,14 +121,14 @@ void placeBirths(MarriedLife& life, const Settings& settings)
 }
 
 // The union with its days; only where nothing of it lacks.
-MarriedLife begun(const Union& of, const Settings& settings)
+MarriedLife begun(const Union& of, const Date& end, const Settings& settings)
 {
     MarriedLife life;
     life.of = &of;
-    life.lack = lackOfUnion(of, settings);
+    life.lack = lackOfUnion(of, end, settings);
     if (!life.isCounted()) return life;
     life.marriage = life.from = settled(of.marriage);
-    life.end = life.until = settled(of.end);
+    life.end = life.until = settled(end);
     restrictToObservation(*of.family, life);
     return life;
 }
@@ -159,13 +160,15 @@ std::size_t MarriedLife::placedAs(Placed placed) const
 
 bool MarriedLife::isCompleteAt(int age) const
 {
-    return isCounted() && isReadThroughout && wifeBirth.isKnown() && ageAtMarriage < age && from == marriage &&
-           until.day >= anniversary(wifeBirth, age).day;
+    return isCounted() && of->isClosed() && isReadThroughout && wifeBirth.isKnown() && ageAtMarriage < age &&
+           from == marriage && until.day >= anniversary(wifeBirth, age).day;
 }
 
 MarriedLife marriedLifeOf(const Union& of, const Study& study)
 {
-    MarriedLife life = begun(of, study.settings);
+    const bool takesOpen = study.settings.openFamilies && !of.isClosed();
+    const Date end = takesOpen ? observation::coupleSeenUntil(of, study.parish).day : of.end;
+    MarriedLife life = begun(of, end, study.settings);
     if (life.isCounted()) life.lack = lackOfAge(of, study.settings);
     if (!life.isCounted()) return life;
     life.wifeBirth = settled(of.wifeBirth);
@@ -178,7 +181,7 @@ MarriedLife marriedLifeOf(const Union& of, const Study& study)
 
 MarriedLife closedLifeOf(const Union& of, const Study& study)
 {
-    MarriedLife life = begun(of, study.settings);
+    MarriedLife life = begun(of, of.end, study.settings);
     return life.isCounted() ? finished(std::move(life), study.settings) : life;
 }
 

@@ -2,7 +2,8 @@
 // historique, 1967.
 //
 // From the marriage until the first death or the wife's fiftieth birthday. A couple whose end is unknown gives no such
-// time, and no end depends on a birth. Days are those of study/parish/date.h, those of a year alone in its middle.
+// time, unless the settings take it up to the day both are last seen; no end depends on a birth. Days are those of
+// study/parish/date.h, those of a year alone in its middle.
 #pragma once
 
 #include "study/indicators/subject.h"
@@ -91,7 +92,7 @@ struct MarriedLife
 {
     const observation::Union* of = nullptr;
     Lack lack = Lack::None;
-    parish::Date marriage = {}, end = {}; // of the union; exact days
+    parish::Date marriage = {}, end = {}; // of the union, or the day an open one is last seen; exact days
     parish::Date from = {}, until = {};   // of observation: [from, until), until the fiftieth birthday at most
     parish::Date wifeBirth = {};          // unknown in a life that asks for no age
     int ageAtMarriage = 0;                // completed; where the wife's birth is known
@@ -103,11 +104,11 @@ struct MarriedLife
     std::size_t placedAs(Placed placed) const; // how many
     // Born to the couple in their marriage, as far as is known: those without a date are taken to be.
     std::size_t size() const { return placedAs(Placed::Within) + placedAs(Placed::Undated); }
-    // Both lived, married, and observed from the marriage until the wife was so old.
+    // Both lived, married, and observed from the marriage until the wife was so old; of a union whose end is known.
     bool isCompleteAt(int age) const;
 };
 
-// With the wife's age: families MF I, and I′ where the settings take stated ages.
+// With the wife's age: families MF I, I′ where the settings take stated ages, and MO where they take open families.
 MarriedLife marriedLifeOf(const observation::Union& of, const Study& study);
 // Closed families whatever is known of the wife; no fiftieth birthday ends them.
 MarriedLife closedLifeOf(const observation::Union& of, const Study& study);

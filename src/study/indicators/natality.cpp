@@ -1,6 +1,7 @@
 #include "study/indicators/natality.h"
 
 #include "study/indicators/marriages.h"
+#include "study/indicators/scope.h"
 #include "study/parish/codes.h"
 
 #include <algorithm>
@@ -43,12 +44,6 @@ qint32 groupOf(int value, int breadth)
     return value - (rest < 0 ? rest + breadth : rest);
 }
 
-bool isLocal(const parish::Place& place, const Study& study)
-{
-    const parish::Home& home = study.parish.home();
-    return !place.isKnown() || home.code.isEmpty() || parish::isIn(place, home);
-}
-
 bool isFirstMarriage(const Person* person, const Family& family)
 {
     if (!person) return false;
@@ -62,33 +57,15 @@ bool isMarital(const Family& family)
     return !parish::isUnmarried(family) && family.situation != QLatin1String(parish::situation::foster);
 }
 
-namespace {
-
-bool isAskedFor(Legitimacy legitimacy, Which which)
-{
-    switch (which) {
-    case Which::All:
-        break;
-    case Which::Legitimate:
-        return legitimacy == Legitimacy::Legitimate || legitimacy == Legitimacy::Legitimised;
-    case Which::Illegitimate:
-        return legitimacy == Legitimacy::Illegitimate;
-    }
-    return true;
-}
-
-} // namespace
-
 NoBirth lackOfBirth(const Person& person, const Study& study, bool chosen)
 {
     const Settings& settings = study.settings;
     if (!person.birth.isKnown()) return NoBirth::Undated;
-    if (settings.localOnly && !isLocal(person.birthPlace, study)) return NoBirth::Elsewhere;
+    if (!isHere(person.birthPlace, study)) return NoBirth::Elsewhere;
     if (!settings.period.holds(person.birth.year())) return NoBirth::Period;
     if (!settings.covers(Series::Baptisms, person.birth.year())) return NoBirth::Books;
-    if (chosen && !isAskedFor(legitimacyOf(person, settings), settings.which)) return NoBirth::Filiation;
-    const bool bothSexes = settings.gender == parish::Gender::Undetermined;
-    return bothSexes || settings.gender == person.gender ? NoBirth::None : NoBirth::Sex;
+    if (chosen && !isWanted(legitimacyOf(person, settings), settings)) return NoBirth::Filiation;
+    return isWanted(person.gender, settings) ? NoBirth::None : NoBirth::Sex;
 }
 
 qint32 cohortOf(const Date& marriage, const Date& event, const Settings& settings)

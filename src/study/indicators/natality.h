@@ -19,8 +19,6 @@ int completedMonths(const parish::Date& from, const parish::Date& to);
 qint32 hundredthsOfAge(const parish::Date& birth, const parish::Date& at);
 qint32 groupOf(int value, int breadth = 5); // its lowest value: 20 for 24; downwards below 0, too
 
-// Acts without a place count as those of the parish, and all do where the parish isn't known to itself.
-bool isLocal(const parish::Place& place, const Study& study);
 // As the act and the BDP tell it: no other marriage before, no order above the first, not widowed. False for nobody.
 bool isFirstMarriage(const parish::Person* person, const parish::Family& family);
 // Of a marriage: legitimate, presumed so, made so later, or untold.

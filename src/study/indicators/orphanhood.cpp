@@ -2,6 +2,7 @@
 #include "study/indicators/mortality.h"
 #include "study/indicators/quotients.h"
 #include "study/indicators/scope.h"
+#include "study/observation/limits.h"
 
 #include <algorithm>
 
@@ -61,7 +62,10 @@ struct Parent
 Parent parentOf(const parish::Person* person, const Study& study)
 {
     if (!person) return {};
-    return {person->death, study.presenceOf(*person).aliveUntil.day};
+    const Parent parent{person->death, study.presenceOf(*person).aliveUntil.day};
+    const parish::Date typed = observation::typedUntil(*person);
+    const parish::Date& end = parent.death.isKnown() ? parent.death : parent.alive;
+    return typed.isKnown() && end.isKnown() && typed.middle() < end.middle() ? Parent{{}, typed} : parent;
 }
 
 bool isDeadBefore(const parish::Person& child, const Parent& parent, int allowedDays)

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "study/indicators/subject.h"
+#include "study/parish/locality.h"
 
 namespace study::indicators {
 
-// An act of the parish: one without a place is taken for one, and all are where the parish isn't known to itself.
+// Whether an act counts by its place: all do, unless those of the parish alone are asked for.
 inline bool isHere(const parish::Place& place, const Study& study)
 {
-    const parish::Home& home = study.parish.home();
-    return !study.settings.localOnly || !place.isKnown() || home.code.isEmpty() || parish::isIn(place, home);
+    return !study.settings.localOnly || parish::isLocal(place, study.parish.home());
 }
 
 inline bool isWanted(parish::Gender gender, const Settings& settings)
@@ -17,7 +17,8 @@ inline bool isWanted(parish::Gender gender, const Settings& settings)
     return settings.gender == parish::Gender::Undetermined || settings.gender == gender;
 }
 
-// Of one of all births and children. An unknown legitimacy is wanted only among all.
+// Of one of all births and children. An unknown legitimacy is wanted only among all, and so are foundlings: they come
+// from elsewhere, and are neither.
 inline bool isWanted(Legitimacy legitimacy, const Settings& settings)
 {
     switch (settings.which) {
@@ -26,7 +27,7 @@ inline bool isWanted(Legitimacy legitimacy, const Settings& settings)
     case Which::Legitimate:
         return legitimacy == Legitimacy::Legitimate || legitimacy == Legitimacy::Legitimised;
     case Which::Illegitimate:
-        return legitimacy == Legitimacy::Illegitimate || legitimacy == Legitimacy::Foundling;
+        return legitimacy == Legitimacy::Illegitimate;
     }
     return false;
 }

@@ -56,6 +56,7 @@ struct Settings
     bool localOnly = true;                                // acts of the parish alone; unknown places count as local
     observation::UnionRules unions = {};
     bool derivedBirths = false;             // ages from statements count where the register has none (I′)
+    bool openFamilies = false;              // couples of unknown end count up to the day both are last seen
     int completeAge = 50;                   // the wife's age to which a complete family is seen: 50 or 45
     double missingBirths = 0;               // share of births that the books lack, 0 to 0.2
     int movingAverage = 9;                  // years: 5, 9 or 11

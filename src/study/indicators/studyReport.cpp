@@ -134,7 +134,7 @@ std::vector<report::Told> inWords(const Tallies& tallies)
     return told;
 }
 
-report::Report reportOf(const Tallies& tallies, const Heading& heading, Known known)
+report::Report reportOf(const Tallies& tallies, const Heading& heading, Known known, const GoesOn& goesOn)
 {
     report::Report report{.title = heading.title, .program = heading.program, .made = heading.made};
     QStringList names, codes;
@@ -147,7 +147,9 @@ report::Report reportOf(const Tallies& tallies, const Heading& heading, Known kn
     report.parishCode = codes.join(", ");
     report.settings = inWords(tallies);
     const Settings settings = settingsOf(tallies);
+    double asked = 0;
     for (const Subject* subject : known) {
+        if (goesOn && !goesOn(asked++ / static_cast<double>(known.size()))) throw parish::Snapshot::Interrupted{};
         const auto counted = tallies.bySubject.find(subject->id);
         if (counted == tallies.bySubject.end()) continue;
         chapterOf(report, subject->group).sections.push_back(sectionOf(*subject, counted->second, settings));

@@ -29,9 +29,10 @@ struct Heading
 };
 
 // A chapter for each group of the subjects that were counted, in the order of the known ones, by settingsOf(tallies).
-// What the parishes of joined tallies have set for themselves is told of each.
+// What the parishes of joined tallies have set for themselves is told of each. goesOn is asked before each subject;
+// throws parish::Snapshot::Interrupted where it answered false.
 report::Report reportOf(const Tallies& tallies, const Heading& heading,
-                        std::span<const Subject* const> known = subjects());
+                        std::span<const Subject* const> known = subjects(), const GoesOn& goesOn = {});
 
 // The settings in words, each of them, those as standard too.
 std::vector<report::Told> inWords(const Tallies& tallies);

@@ -20,7 +20,7 @@ public:
 class Listening final : public Taker
 {
 public:
-    explicit Listening(const std::vector<Key>& cells)
+    Listening(const std::vector<Key>& cells, const parish::Snapshot::GoesOn& goesOn) : goesOn_(goesOn)
     {
         for (const Key& cell : cells) {
             if (std::ranges::find(cell.at, Tally::any) == cell.at.end())
@@ -32,6 +32,8 @@ public:
 
     void count(const Key& key, const Who& who, qint64 amount) override
     {
+        static constexpr unsigned betweenQuestions = 4096;
+        if (goesOn_ && ++counts_ % betweenQuestions == 0 && !goesOn_(0)) throw parish::Snapshot::Interrupted{};
         if (amount != 0 && isAsked(key)) heard.push_back(who);
     }
 
@@ -51,6 +53,8 @@ private:
                std::ranges::any_of(wide_, [&](const Key& wide) { return isWithin(key, wide); });
     }
 
+    const parish::Snapshot::GoesOn& goesOn_;
+    unsigned counts_ = 0;
     std::unordered_set<Key, statistics::KeyHash> single_ = {};
     std::vector<Key> wide_ = {};
 };
@@ -80,10 +84,10 @@ const observation::Presence& Study::presenceOf(const parish::Person& person) con
     return presences[static_cast<std::size_t>(&person - parish.people().data())];
 }
 
-Study studyOf(const parish::Snapshot& parish, const Settings& settings)
+Study studyOf(const parish::Snapshot& parish, const Settings& settings, const parish::Snapshot::GoesOn& goesOn)
 {
     auto unions = observation::unionsOf(parish, settings.unions);
-    auto presences = observation::presencesOf(parish, unions);
+    auto presences = observation::presencesOf(parish, unions, goesOn);
     return {parish, settings, std::move(unions), std::move(presences)};
 }
 
@@ -104,9 +108,10 @@ Tally tallyOf(const Subject& subject, const Study& study, int threads)
     return tally;
 }
 
-std::vector<Who> behind(const Subject& subject, const Study& study, const std::vector<Key>& cells)
+std::vector<Who> behind(const Subject& subject, const Study& study, const std::vector<Key>& cells,
+                        const parish::Snapshot::GoesOn& goesOn)
 {
-    Listening listening(cells);
+    Listening listening(cells, goesOn);
     subject.fill(study, shareOf(study.parish, 0, 1), listening);
     std::vector<Who> all = std::move(listening.heard);
     std::ranges::sort(all, {}, numbersOf);

@@ -27,7 +27,8 @@ struct Study
     const observation::Union& unionOf(const parish::Family& family) const;
     const observation::Presence& presenceOf(const parish::Person& person) const;
 };
-Study studyOf(const parish::Snapshot& parish, const Settings& settings);
+// goesOn is asked as by presencesOf().
+Study studyOf(const parish::Snapshot& parish, const Settings& settings, const parish::Snapshot::GoesOn& goesOn = {});
 
 // Who stands behind a count: the person, the family, or both.
 struct Who
@@ -82,6 +83,9 @@ const Subject* subjectOf(const QString& id); // null for an unknown one
 Tally tallyOf(const Subject& subject, const Study& study, int threads = 1);
 
 // Who stands behind these cells, each once, in the order of their numbers. In a key Tally::any stands for every value.
-std::vector<Who> behind(const Subject& subject, const Study& study, const std::vector<Key>& cells);
+// goesOn is asked now and then, with 0: how far it is isn't known. Throws parish::Snapshot::Interrupted where it
+// answered false.
+std::vector<Who> behind(const Subject& subject, const Study& study, const std::vector<Key>& cells,
+                        const parish::Snapshot::GoesOn& goesOn = {});
 
 } // namespace study::indicators

@@ -1,6 +1,8 @@
 #include "study/observation/presence.h"
 
+#include "study/observation/limits.h"
 #include "study/parish/codes.h"
+#include "study/parish/locality.h"
 
 #include <algorithm>
 #include <iterator>
@@ -44,26 +46,21 @@ Date exactly(QDate day)
     return parish::dateOf(day, true);
 }
 
-// Places. An act whose place isn't told was written in the parish's own books; a residence has to be told.
-
-bool isLocalAct(const Place& place, const Home& home)
-{
-    return !place.isKnown() || home.code.isEmpty() || isIn(place, home);
-}
+// Places.
 
 bool isLocalResidence(const Place& place, const Home& home)
 {
-    return place.isKnown() && (home.code.isEmpty() || isIn(place, home));
+    return place.isKnown() && isLocal(place, home);
 }
 
 bool isBornHere(const Person& person, const Home& home)
 {
-    return person.birth.isKnown() && isLocalAct(person.birthPlace, home);
+    return person.birth.isKnown() && isLocal(person.birthPlace, home);
 }
 
 bool diedHere(const Person& person, const Home& home)
 {
-    return person.death.isKnown() && isLocalAct(person.deathPlace, home);
+    return person.death.isKnown() && isLocal(person.deathPlace, home);
 }
 
 // Where somebody is said to live, in the order of the days.
@@ -142,7 +139,7 @@ OwnMarks ownMarks(const Person& person, const Home& home)
     takeLater(marks.lived, lastOf(person.passports, Proof::Passport));
     takeLater(marks.lived, lastAssistanceOfAResident(person, residences));
     for (const Membership* row : person.unions)
-        if (row->family && isLocalAct(row->family->place, home))
+        if (row->family && isLocal(row->family->place, home))
             takeLater(marks.marriage, row->family->marriage, Proof::Marriage);
     return marks;
 }
@@ -196,6 +193,18 @@ Mark lastOfChildren(const Person& parent, const Home& home)
     return mark;
 }
 
+// Couples.
+
+// What shows a husband and a wife at once, and is no birth of theirs.
+Mark seenTogether(const Family& family, const Home& home)
+{
+    Mark mark;
+    for (const Person* child : family.children)
+        if (diedHere(*child, home) && diedAsAChild(*child)) takeLater(mark, child->death, Proof::ChildBuried);
+    takeLater(mark, exactly(family.observedUntil), Proof::Researcher);
+    return mark;
+}
+
 // The family of a child.
 
 std::vector<const Person*> parentsOf(const Family& family)
@@ -210,7 +219,7 @@ std::vector<const Person*> parentsOf(const Family& family)
 void takeMarriages(Mark& mark, const Person& sibling, const std::vector<const Person*>& parents, const Home& home)
 {
     for (const Membership* row : sibling.unions) {
-        if (!row->family || !row->family->marriage.isKnown() || !isLocalAct(row->family->place, home)) continue;
+        if (!row->family || !row->family->marriage.isKnown() || !isLocal(row->family->place, home)) continue;
         const Date& day = row->family->marriage;
         if (mark.day.isKnown() && !isBefore(mark.day, day)) continue;
         const auto isResident = [&](const Person* parent) { return Residences(*parent, home).isResident(day); };
@@ -238,8 +247,7 @@ Mark lastOfParent(const Person& parent, const Family& family, const Home& home)
     for (const Membership* row : parent.unions)
         if (row->family && row->family != &family)
             takeLater(mark, lastOfChildren(parent, *row->family, home).day, Proof::Sibling);
-    const bool typed = parent.observedUntil.isValid() && parent.observedUntil != parent.death.date();
-    if (typed) takeLater(mark, exactly(parent.observedUntil), Proof::Researcher);
+    takeLater(mark, typedUntil(parent), Proof::Researcher);
     return mark;
 }
 
@@ -312,7 +320,7 @@ private:
         if (isBornHere(person, home_)) return {person.birth, Proof::Birth};
         Mark mark = own.firstResidence;
         for (const Membership* row : person.unions)
-            if (row->family && isLocalAct(row->family->place, home_) && livesHere(*row->family))
+            if (row->family && isLocal(row->family->place, home_) && livesHere(*row->family))
                 takeEarlier(mark, {row->family->marriage, Proof::Marriage});
         return mark;
     }
@@ -375,15 +383,12 @@ private:
         return mark;
     }
 
-    // The card fills its limits with birth and death: these say nothing. Others were typed.
     static void restrict(Presence& presence, const Person& person)
     {
-        const Date from = exactly(person.observedFrom);
-        const Date until = exactly(person.observedUntil);
-        if (from.isKnown() && from.day != person.birth.day && isBefore(presence.from.day, from))
-            presence.from = {from, Proof::Researcher};
-        if (until.isKnown() && until.day != person.death.day && isBefore(until, presence.until.day))
-            presence.until = {until, Proof::Researcher};
+        const Date from = typedFrom(person);
+        const Date until = typedUntil(person);
+        if (from.isKnown() && isBefore(presence.from.day, from)) presence.from = {from, Proof::Researcher};
+        if (until.isKnown() && isBefore(until, presence.until.day)) presence.until = {until, Proof::Researcher};
         if (isBefore(presence.until.day, presence.from.day)) presence.from = presence.until = {};
     }
 
@@ -394,19 +399,45 @@ private:
 
 } // namespace
 
-std::vector<Presence> presencesOf(const parish::Snapshot& parish, const std::vector<Union>& unions)
+std::vector<Presence> presencesOf(const parish::Snapshot& parish, const std::vector<Union>& unions,
+                                  const parish::Snapshot::GoesOn& goesOn)
 {
+    static constexpr std::size_t peopleBetweenQuestions = 4096;
     const Observer observer(parish, unions);
     std::vector<Presence> presences;
-    presences.reserve(parish.people().size());
-    for (const Person& person : parish.people())
+    const auto people = parish.people();
+    presences.reserve(people.size());
+    for (const Person& person : people) {
+        if (goesOn && presences.size() % peopleBetweenQuestions == 0 &&
+            !goesOn(static_cast<double>(presences.size()) / static_cast<double>(people.size())))
+            throw parish::Snapshot::Interrupted{};
         presences.push_back(observer.presence(person));
+    }
     return presences;
 }
 
 Mark familyEndFor(const Person& child, const parish::Snapshot& parish, const std::vector<Union>& unions)
 {
     return Observer(parish, unions).familyEnd(child);
+}
+
+Mark coupleSeenUntil(const Union& of, const parish::Snapshot& parish)
+{
+    if (!of.isUnion() || of.isClosed() || of.isContradictory() || !of.marriage.isKnown()) return {};
+    const Family& family = *of.family;
+    const Mark both = seenTogether(family, parish.home());
+    Mark couple;
+    for (const Person* one : {family.husband, family.wife}) {
+        Mark mark = ownMarks(*one, parish.home()).lived;
+        takeLater(mark, both);
+        if (diedHere(*one, parish.home())) takeLater(mark, one->death, Proof::Death);
+        if (!mark.day.isKnown()) return {};
+        takeEarlier(couple, mark);
+    }
+    for (const Person* one : {family.husband, family.wife})
+        takeEarlier(couple, {one->death, Proof::Death});
+    takeEarlier(couple, {of.endBound, Proof::Spouse});
+    return isBefore(of.marriage, couple.day) ? couple : Mark();
 }
 
 QString told(Proof proof)

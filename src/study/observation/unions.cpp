@@ -171,8 +171,9 @@ void endByOneDeath(Union& made, const Side& dead, const Side& other, const Union
     if (ofOther.later || lastSeen(*other.person) > lastDay(death)) return close(made, EndBy::SurvivorSeen, death);
     if (rules.marriedAtDeath && died(dead, parish::civil::married) && surelyLast)
         return close(made, EndBy::MarriedAtDeath, death);
-    if (died(other, parish::civil::widowed)) return close(made, EndBy::OtherWidowed, death);
+    // Where both are said to have died widowed, one of the two isn't true: the bound alone is sure.
     if (died(dead, parish::civil::widowed)) return leaveOpen(made, OpenBy::WidowedAtDeath, death);
+    if (died(other, parish::civil::widowed)) return close(made, EndBy::OtherWidowed, death);
     leaveOpen(made, OpenBy::OneDeath);
 }
 

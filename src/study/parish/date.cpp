@@ -16,6 +16,11 @@ QDate birthdayIn(int year, QDate birth)
     return day.isValid() ? day : QDate(year, 3, 1);
 }
 
+double lived(QDate from, QDate to)
+{
+    return daysBetween(dateOf(from, true), dateOf(to, true));
+}
+
 } // namespace
 
 QDate Date::middle() const
@@ -59,7 +64,7 @@ double exactAge(const Date& birth, const Date& at)
     const int years = study::completedYears(from, to);
     const QDate last = birthday(birth, years);
     const QDate next = birthday(birth, years + 1);
-    return years + static_cast<double>(last.daysTo(to)) / static_cast<double>(last.daysTo(next));
+    return years + lived(last, to) / lived(last, next);
 }
 
 QString shown(const Date& date)

@@ -64,14 +64,17 @@ QString hiscoIn(const QString& notes)
     return found.hasMatch() ? found.captured(1).rightJustified(digits, '0') : QString();
 }
 
-// "Dispensados no quarto grau de consanguinidade", and not of the banns, which are dispensed as well.
+// "Dispensados no quarto grau de consanguinidade", and not of the banns, which are dispensed as well. Both are told in
+// one sentence, which no dot ends that belongs to a number ("3.º", "3. grau") or to a title ("D. João", "Sr. Bispo").
 bool tellsOfKinDispensation(const QString& notes)
 {
     if (notes.isEmpty()) return false;
-    static const QRegularExpression told("\\bd[ie]spens\\w*\\b[^.;]*(\\bgraus?\\b|sangu|\\bafinidade|\\bparente)|"
-                                         "(\\bgraus?\\b|sangu|\\bafinidade|\\bparente)[^.;]*\\bd[ie]spens",
-                                         QRegularExpression::CaseInsensitiveOption |
-                                             QRegularExpression::UseUnicodePropertiesOption);
+    static const QString between = "(?:[^.;]|(?>\\.(?=[ºª°]|[oa]s?\\b|\\s*(?-i:\\p{Ll}))|"
+                                   "(?<=\\b(?-i:\\p{Lu}))\\.|(?<=\\b(?-i:\\p{Lu})\\p{L})\\.))*";
+    static const QString kinship = "(?:\\bgraus?\\b|sangu|\\bafinidade|\\bparente)";
+    static const QRegularExpression told(
+        "\\bd[ie]spens\\w*\\b" + between + kinship + '|' + kinship + between + "\\bd[ie]spens",
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
     return told.match(notes).hasMatch();
 }
 

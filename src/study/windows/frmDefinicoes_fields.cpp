@@ -98,6 +98,7 @@ void FrmDefinicoes::showSettings(const Settings& settings)
     chkCasado->setChecked(settings.unions.marriedAtDeath);
     chkContraditorias->setChecked(settings.unions.leaveOutContradictory);
     chkDeduzidos->setChecked(settings.derivedBirths);
+    chkAbertas->setChecked(settings.openFamilies);
     cmbCompleta->setListIndex(placeOf(settings.completeAge, completeAges));
     txtFalta->setText(shownShare(settings.missingBirths));
     cmbMedia->setListIndex(placeOf(settings.movingAverage, averages));
@@ -164,6 +165,7 @@ std::optional<Settings> FrmDefinicoes::typed(Problem& problem) const
     all.unions.marriedAtDeath = chkCasado->isChecked();
     all.unions.leaveOutContradictory = chkContraditorias->isChecked();
     all.derivedBirths = chkDeduzidos->isChecked();
+    all.openFamilies = chkAbertas->isChecked();
     all.skipCrises = chkCrises->isChecked();
     all.neighbours = neighbours_;
     all.filiations = filiations_;

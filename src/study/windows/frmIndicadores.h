@@ -56,7 +56,9 @@ private:
     // What is to be found out about the subject shown, beside its counts: writes what it finds, and shows it.
     struct Question
     {
-        std::function<void(const study::indicators::Subject& subject, const study::indicators::Study& study)> find;
+        std::function<void(const study::indicators::Subject& subject, const study::indicators::Study& study,
+                           const study::Background::GoesOn& goesOn)>
+            find;
         std::function<void()> show;
         explicit operator bool() const { return find != nullptr; }
     };

@@ -33,13 +33,14 @@ void FrmIndicadores::openCell(const report::Table* table, const QModelIndex& ind
         return;
     }
     auto found = std::make_shared<std::vector<Who>>();
-    question_ = {[found, cells = cell->from](const Subject& subject, const Study& study) {
-                     *found = indicators::behind(subject, study, cells);
-                 },
-                 [this, found, what] {
-                     behind_ = std::move(*found);
-                     showBehind(what);
-                 }};
+    question_ = {
+        [found, cells = cell->from](const Subject& subject, const Study& study, const Background::GoesOn& goesOn) {
+            *found = indicators::behind(subject, study, cells, goesOn);
+        },
+        [this, found, what] {
+            behind_ = std::move(*found);
+            showBehind(what);
+        }};
     stopped_ = false;
     goOn();
 }
@@ -104,9 +105,11 @@ void FrmIndicadores::cmdPorque_Click()
         return;
     }
     auto text = std::make_shared<QString>();
-    question_ = {[text, family, person](const Subject& subject, const Study& study) {
-                     *text = family ? told(verdictOn(subject, study, *family), titleOf(*family))
-                                    : told(verdictOn(subject, study, *person), titleOf(*person));
+    question_ = {[text, family, person](const Subject& subject, const Study& study, const Background::GoesOn& goesOn) {
+                     *text = family ? told(verdictOn(subject, study, *family, goesOn), titleOf(*family)) + "\r\n" +
+                                          observed(study, *family)
+                                    : told(verdictOn(subject, study, *person, goesOn), titleOf(*person)) + "\r\n" +
+                                          observed(study, *person);
                  },
                  [this, text] { txtResposta->setText(*text); }};
     stopped_ = false;

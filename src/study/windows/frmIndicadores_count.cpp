@@ -30,7 +30,11 @@ Background::GoesOn part(const Background::GoesOn& goesOn, double from, double to
 // On the thread: the figures are values, and of many cells they take their time, too.
 SubjectSheet madeOf(const Subject& subject, const indicators::Study& study, const Background::GoesOn& goesOn)
 {
-    return sheetOf(subject.figures(counted(subject, study, goesOn), study.settings));
+    const indicators::Tally tally = counted(subject, study, goesOn);
+    if (!goesOn(1)) throw Snapshot::Interrupted{};
+    const auto figures = subject.figures(tally, study.settings);
+    if (!goesOn(1)) throw Snapshot::Interrupted{};
+    return sheetOf(figures);
 }
 
 // The file of the BDP, to be marked on the thread. It is closed by the thread of the windows, between two events: who
@@ -97,7 +101,8 @@ void FrmIndicadores::readAndCount()
                 const indicators::Settings settings = indicators::keptSettings(copy->open());
                 auto parish = std::make_shared<const Snapshot>(Snapshot::read(copy->open(), part(goesOn, 0, readBy)));
                 copy->close();
-                auto study = std::make_shared<const indicators::Study>(indicators::studyOf(*parish, settings));
+                auto study = std::make_shared<const indicators::Study>(
+                    indicators::studyOf(*parish, settings, part(goesOn, readBy, readyBy)));
                 found->sheet = madeOf(*subject, *study, part(goesOn, readyBy, 1));
                 found->base = std::make_shared<Base>(Base{std::move(parish), std::move(study), source});
             },
@@ -130,7 +135,7 @@ void FrmIndicadores::answer()
 {
     Question question = std::exchange(question_, {});
     begin([base = base_, subject = subject_,
-           find = std::move(question.find)](const Background::GoesOn&) { find(*subject, *base->study); },
+           find = std::move(question.find)](const Background::GoesOn& goesOn) { find(*subject, *base->study, goesOn); },
           [show = std::move(question.show), this, subject = subject_] {
               if (subject == subject_) show();
           },

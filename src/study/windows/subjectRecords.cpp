@@ -19,10 +19,15 @@ namespace {
 class Listening final : public indicators::Taker
 {
 public:
-    explicit Listening(std::function<bool(const Who&)> isAsked) : isAsked_(std::move(isAsked)) {}
+    Listening(std::function<bool(const Who&)> isAsked, const parish::Snapshot::GoesOn& goesOn)
+        : isAsked_(std::move(isAsked)), goesOn_(goesOn)
+    {
+    }
 
     void count(const indicators::Key& key, const Who& who, qint64 amount) override
     {
+        static constexpr unsigned betweenQuestions = 4096;
+        if (goesOn_ && ++counts_ % betweenQuestions == 0 && !goesOn_(0)) throw parish::Snapshot::Interrupted{};
         if (amount != 0 && isAsked_(who)) heard.insert(key.count);
     }
 
@@ -30,11 +35,25 @@ public:
 
 private:
     std::function<bool(const Who&)> isAsked_;
+    const parish::Snapshot::GoesOn& goesOn_;
+    unsigned counts_ = 0;
 };
 
-Verdict verdictOf(const Subject& subject, const Study& study, std::function<bool(const Who&)> isAsked)
+// "14/02/1720 (casamento)"
+QString told(const observation::Mark& mark)
 {
-    Listening listening(std::move(isAsked));
+    return shown(mark.day) + " (" + told(mark.by) + ')';
+}
+
+QString capitalised(const QString& text)
+{
+    return text.left(1).toUpper() + text.mid(1);
+}
+
+Verdict verdictOf(const Subject& subject, const Study& study, const parish::Snapshot::GoesOn& goesOn,
+                  std::function<bool(const Who&)> isAsked)
+{
+    Listening listening(std::move(isAsked), goesOn);
     subject.fill(study, {0, study.parish.people().size(), 0, study.parish.families().size()}, listening);
     Verdict verdict;
     for (const quint16 count : listening.heard) {
@@ -49,14 +68,16 @@ Verdict verdictOf(const Subject& subject, const Study& study, std::function<bool
 
 } // namespace
 
-Verdict verdictOn(const Subject& subject, const Study& study, const parish::Person& person)
+Verdict verdictOn(const Subject& subject, const Study& study, const parish::Person& person,
+                  const parish::Snapshot::GoesOn& goesOn)
 {
-    return verdictOf(subject, study, [&person](const Who& who) { return who.person == &person; });
+    return verdictOf(subject, study, goesOn, [&person](const Who& who) { return who.person == &person; });
 }
 
-Verdict verdictOn(const Subject& subject, const Study& study, const parish::Family& family)
+Verdict verdictOn(const Subject& subject, const Study& study, const parish::Family& family,
+                  const parish::Snapshot::GoesOn& goesOn)
 {
-    return verdictOf(subject, study, [&family](const Who& who) { return who.family == &family; });
+    return verdictOf(subject, study, goesOn, [&family](const Who& who) { return who.family == &family; });
 }
 
 QString told(const Verdict& verdict, const QString& title)
@@ -65,6 +86,38 @@ QString told(const Verdict& verdict, const QString& title)
     if (!verdict.leftOut.isEmpty()) lines << "Fica de fora: " + verdict.leftOut.join("; ") + '.';
     if (!verdict.counted.isEmpty()) lines << "Conta em: " + verdict.counted.join("; ") + '.';
     if (lines.size() == 1) lines << "Este tema não trata deste registo: nada nele entra nos números.";
+    return lines.join("\r\n");
+}
+
+QString observed(const Study& study, const parish::Person& person)
+{
+    const observation::Presence& presence = study.presenceOf(person);
+    QStringList lines;
+    lines << (presence.isObserved() ? "Em observação de " + told(presence.from) + " a " + told(presence.until) + '.'
+                                    : QString("Nada prova que tenha vivido na freguesia: fora de observação."));
+    if (presence.aliveUntil.day.isKnown()) lines << "Última prova de vida: " + told(presence.aliveUntil) + '.';
+    if (!person.origin) return lines.join("\r\n");
+    const observation::Mark family = observation::familyEndFor(person, study.parish, study.unions);
+    lines << (family.day.isKnown() ? "Os outros mostram a família de origem na freguesia até " + told(family) + '.'
+                                   : QString("Nada dos outros mostra a família de origem depois deste nascimento."));
+    return lines.join("\r\n");
+}
+
+QString observed(const Study& study, const parish::Family& family)
+{
+    const observation::Union& of = study.unionOf(family);
+    if (!of.isUnion()) return "Não é uma união: " + className(of) + '.';
+    QStringList lines{of.isContradictory() ? capitalised(told(of.openBy)) + '.' : "Classe " + className(of) + '.'};
+    lines << (of.marriage.isKnown() ? "Casamento: " + shown(of.marriage) + '.'
+                                    : QString("Casamento: sem data que conte."));
+    if (of.isClosed())
+        lines << "Fim da união: " + shown(of.end) + " (" + told(of.endBy) + ").";
+    else if (!of.isContradictory())
+        lines << "Fim da união: desconhecido (" + told(of.openBy) + ')' +
+                     (of.endBound.isKnown() ? ", o mais tardar a " + shown(of.endBound) + '.' : QString("."));
+    lines << (of.wifeBirth.isKnown()
+                  ? "Nascimento da mulher: " + shown(of.wifeBirth) + " (" + told(of.wifeBirthBy) + ")."
+                  : QString("Nascimento da mulher: desconhecido."));
     return lines.join("\r\n");
 }
 

@@ -20,13 +20,20 @@ struct Verdict
 };
 
 // The record itself has to be told by the subject: a family doesn't count where only its members do, one by one. A
-// subject's fill() is heard once from beginning to end; throws what that throws.
-Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Person& person);
-Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Family& family);
+// subject's fill() is heard once from beginning to end; throws what that throws. goesOn is asked as by behind().
+Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Person& person,
+                  const parish::Snapshot::GoesOn& goesOn = {});
+Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Family& family,
+                  const parish::Snapshot::GoesOn& goesOn = {});
 
 // As an answer to "porque não conta?", in lines that end with CR LF: "Conta em: …", "Fica de fora: …". `title` is that
 // of the record, "Família 12 – …".
 QString told(const Verdict& verdict, const QString& title);
+
+// From when to when somebody is seen, or a couple lived together, and what proves it; sentences, in lines that end with
+// CR LF. The same whatever the subject: what the verdicts of all of them rest on.
+QString observed(const indicators::Study& study, const parish::Person& person);
+QString observed(const indicators::Study& study, const parish::Family& family);
 
 // Both cells of a line of who stands behind a number: the person and the family; "" where there is none.
 QStringList cellsOf(const indicators::Who& who);

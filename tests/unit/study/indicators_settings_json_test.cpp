@@ -58,6 +58,7 @@ TEST(SettingsOfAStudy, AreAllWritten)
                                                    [](Settings& s) { s.unions.approximateMarriages = true; },
                                                    [](Settings& s) { s.unions.marriedAtDeath = false; },
                                                    [](Settings& s) { s.unions.leaveOutContradictory = true; },
+                                                   [](Settings& s) { s.openFamilies = true; },
                                                    [](Settings& s) { s.derivedBirths = true; },
                                                    [](Settings& s) { s.completeAge = 45; },
                                                    [](Settings& s) { s.missingBirths = 0.05; },
@@ -73,7 +74,7 @@ TEST(SettingsOfAStudy, AreAllWritten)
         change(settings);
         EXPECT_TRUE(texts.insert(jsonOf(settings)).second) << texts.size();
     }
-    EXPECT_EQ(settingEntries().size(), 19U);
+    EXPECT_EQ(settingEntries().size(), 20U);
 }
 
 TEST(SettingsOfAStudy, AreWrittenInWords)

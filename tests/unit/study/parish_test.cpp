@@ -72,6 +72,12 @@ TEST(AnAge, HasThePartOfTheYearThatHasGone)
     EXPECT_DOUBLE_EQ(exactAge(exact(1704, 2, 29), exact(1705, 2, 28)), 365 / 366.0);
 }
 
+TEST(AnAge, LacksTheDaysThatTheCalendarLeftOut)
+{
+    EXPECT_DOUBLE_EQ(exactAge(exact(1560, 6, 1), exact(1582, 12, 1)), 22 + 173 / 355.0);
+    EXPECT_DOUBLE_EQ(exactAge(exact(1560, 6, 1), exact(1583, 6, 1)), 23.0);
+}
+
 using ASnapshot = People;
 
 TEST_F(ASnapshot, HasThePeopleWithTheirColumns)
@@ -219,7 +225,13 @@ TEST_F(ASnapshot, TellsWhoWasDispensedOfKinship)
     EXPECT_TRUE(isDispensed("Dispensados no quarto grau de consanguinidade."));
     EXPECT_TRUE(isDispensed("Parentes em 3.º grau, com dispensa"));
     EXPECT_TRUE(isDispensed("DESPENSADOS POR AFINIDADE"));
+    EXPECT_TRUE(isDispensed("Foram dispensados no 3.º grau de consanguinidade."));
+    EXPECT_TRUE(isDispensed("dispensados no 3.o e 4.o grau"));
+    EXPECT_TRUE(isDispensed("dispensados no 3. grau"));
+    EXPECT_TRUE(isDispensed("Dispensados por D. João, bispo, no terceiro grau"));
+    EXPECT_TRUE(isDispensed("No 2.º grau de afinidade, que o Sr. Bispo dispensou"));
     EXPECT_FALSE(isDispensed("Dispensados dos banhos."));
+    EXPECT_FALSE(isDispensed("Dispensados dos banhos a 3.5.1750. Parentes do pároco."));
     EXPECT_FALSE(isDispensed("Casaram com dispensa de proclamas. São parentes do pároco."));
     EXPECT_FALSE(isDispensed("O grau é indispensável"));
     EXPECT_FALSE(isDispensed("Parentes no quarto grau."));

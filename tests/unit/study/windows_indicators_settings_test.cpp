@@ -35,6 +35,7 @@ TEST_F(TheWindowOfSettings, KeepsWhatIsSetAndShowsItAgain)
     control<ComboBox>(form(), "cmbSexo").setListIndex(2);
     control<ComboBox>(form(), "cmbCompleta").setListIndex(0);
     control<QCheckBox>(form(), "chkFreguesia").setChecked(false);
+    control<QCheckBox>(form(), "chkAbertas").setChecked(true);
     click("cmdGravar");
     const Settings now = kept();
     EXPECT_EQ(now.period, (YearSpan{1700, 1799}));
@@ -47,12 +48,14 @@ TEST_F(TheWindowOfSettings, KeepsWhatIsSetAndShowsItAgain)
     EXPECT_EQ(now.gender, parish::Gender::Female);
     EXPECT_EQ(now.completeAge, 45);
     EXPECT_FALSE(now.localOnly);
+    EXPECT_TRUE(now.openFamilies);
     EXPECT_TRUE(form().unload()) << "nothing is left to ask about";
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     form().display();
     EXPECT_EQ(field("txtLacunas_2").text(), "1810-1811; 1834");
     EXPECT_EQ(field("txtFalta").text(), "12,5");
     EXPECT_EQ(control<ComboBox>(form(), "cmbCoorte").text(), "25 anos");
+    EXPECT_TRUE(control<QCheckBox>(form(), "chkAbertas").isChecked());
 }
 
 TEST_F(TheWindowOfSettings, RefusesWhatCantBeMeantAndLosesNothing)

@@ -112,7 +112,10 @@ TEST_F(TheWindowOfIndicators, TellsWhyAFamilyDoesNotCount)
     number.setText("7");
     button("cmdPorque").click();
     ASSERT_TRUE(finishes());
-    EXPECT_EQ(memo("txtResposta"), "Família 7 – Rui e Ana\r\nFica de fora: sem data do casamento.");
+    EXPECT_EQ(memo("txtResposta"), "Família 7 – Rui e Ana\r\nFica de fora: sem data do casamento.\r\n"
+                                   "Classe EO I.\r\nCasamento: sem data que conte.\r\n"
+                                   "Fim da união: desconhecido (sem óbito dos cônjuges).\r\n"
+                                   "Nascimento da mulher: 14/02/1702 (registo).");
     number.setText("1");
     button("cmdPorque").click();
     ASSERT_TRUE(finishes());
