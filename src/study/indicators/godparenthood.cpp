@@ -311,7 +311,7 @@ Table traitsOfWitnesses(const Reading& reading, const Settings& settings)
             return percent(reading.within(WitnessKin, 1, from, until + 1, at), known);
         };
         const auto holding = [&](quint16 count) {
-            return percent(reading.part(count, {period, 1, any, any}), reading.part(count, at));
+            return percent(reading.part(count, {at[0], 1, any, any}), reading.part(count, at));
         };
         const auto women = reading.part(Witnesses, {period, numbered(parish::Gender::Female), any, any});
         table.rows.push_back({report::text(name), counted(reading.part(Witnesses, at)),

@@ -311,8 +311,9 @@ Table byCohort(const Reading& reading, const Settings& settings, quint16 count, 
     }
     for (const Sex& sex : sexes)
         for (const auto& [cohort, name] : periodsOf(reading, {count}, settings)) {
-            const auto part = [&](qint32 code) {
-                return reading.part(count, {cohort, static_cast<qint32>(sex.gender), code, any});
+            const qint32 first = cohort;
+            const auto part = [&reading, &sex, count, first](qint32 code) {
+                return reading.part(count, {first, static_cast<qint32>(sex.gender), code, any});
             };
             if (part(any).n == 0) continue;
             std::vector<Cell> row = {report::text(QString("%1, %2").arg(sex.name, name.toLower())), counted(part(any))};
