@@ -4,7 +4,9 @@
 #include "study/command/bdp.h"
 #include "study/command/check.h"
 #include "study/command/figures.h"
+#include "study/command/network.h"
 #include "study/command/smam.h"
+#include "study/command/studySettings.h"
 #include "study/command/usage.h"
 #include "study/transcripts/importSources.h"
 #include "study/transcripts/kleio.h"
@@ -197,6 +199,9 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
     if (order.work == Order::Work::Check) return runCheck(order, out, err, goesOn);
     if (order.work == Order::Work::Smam) return runSmam(order, out, err, goesOn);
     if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
+    if (order.work == Order::Work::Network) return runNetwork(order, out, err, goesOn);
+    if (order.work == Order::Work::Settings) return runSettings(order, out, err);
+    if (order.work == Order::Work::Baptisms) return runBaptisms(order, out, err, goesOn);
     try {
         Run run(order, out, err, goesOn);
         return order.work == Order::Work::ExportKleio ? run.exportActs() : run.importFiles();

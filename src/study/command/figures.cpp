@@ -1,15 +1,13 @@
 #include "study/command/figures.h"
 
-#include "platform/jet/rows.h"
-#include "study/command/bdp.h"
+#include "platform/jet/error.h"
 #include "study/command/command.h"
-#include "study/indicators/settingsJson.h"
+#include "study/command/readParish.h"
 #include "study/indicators/studyReport.h"
 #include "study/report/files.h"
 #include "study/report/page.h"
 #include "study/transcripts/importSources.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
@@ -24,48 +22,13 @@ namespace {
 using indicators::Tallies;
 using parish::Snapshot;
 
-constexpr int attempts = 5; // at a BDP that somebody writes to meanwhile
 constexpr auto pageBegin = "<!DOCTYPE html>";
-
-// Another one, once another connection has written.
-qint64 stateOf(const jet::Connection& bdp)
-{
-    jet::Rows row(bdp, jet::NativeSql("select data_version from pragma_data_version"));
-    row.next();
-    return row.number(0);
-}
-
-// The rows of a BDP, what is set in it, and which state of the file they are of.
-struct Read
-{
-    Snapshot parish;
-    indicators::Settings settings;
-    parish::Source source;
-};
-
-// Nothing where somebody has written meanwhile: mark and rows could be of two states.
-std::optional<Read> readOnce(const QString& path, const Snapshot::GoesOn& goesOn)
-{
-    jet::Connection bdp;
-    openBdpToRead(bdp, path);
-    const qint64 state = stateOf(bdp);
-    const parish::Source source = parish::sourceOf(QFileInfo(path).absoluteFilePath());
-    if (!source.isKnown())
-        throw jet::Error(jet::number::permissionDenied, QString("O ficheiro \"%1\" não pode ser lido.").arg(path));
-    if (!goesOn(0)) throw Snapshot::Interrupted{};
-    Read read{.parish = Snapshot::read(bdp, goesOn), .settings = indicators::keptSettings(bdp), .source = source};
-    if (stateOf(bdp) != state) return {};
-    return read;
-}
 
 Tallies talliesOfBdp(const QString& path, const Snapshot::GoesOn& goesOn)
 {
-    for (int i = 0; i < attempts; ++i)
-        if (const std::optional<Read> read = readOnce(path, goesOn))
-            return talliesOf(studyOf(read->parish, read->settings, goesOn), read->source,
-                             static_cast<int>(std::thread::hardware_concurrency()), goesOn);
-    throw jet::Error(jet::number::engineFailure,
-                     QString("A BDP \"%1\" está sempre a ser alterada por outro programa.").arg(path));
+    const ReadParish read = readParish(path, goesOn);
+    return talliesOf(studyOf(read.parish, read.settings, goesOn), read.source,
+                     static_cast<int>(std::thread::hardware_concurrency()), goesOn);
 }
 
 template <class Work>
@@ -102,11 +65,6 @@ Tallies talliesOfAll(const Order& order, const Snapshot::GoesOn& goesOn)
     return *sum;
 }
 
-QString programName()
-{
-    return QString("ORV %1.%2.%3").arg(ORV_VERSION_MAJOR).arg(ORV_VERSION_MINOR).arg(ORV_VERSION_REVISION);
-}
-
 // A report takes the place of an earlier page alone, and never of what it is made of.
 void checkPageTarget(const Order& order)
 {
@@ -128,9 +86,7 @@ void writePage(const Order& order, const report::Report& report)
 
 void writeTables(const Order& order, const report::Report& report)
 {
-    const QFileInfo folder(order.output);
-    if (!folder.exists() && !QDir().mkdir(order.output))
-        throw jet::Error(jet::number::pathNotFound, QString("A pasta \"%1\" não pode ser criada.").arg(order.output));
+    makeFolder(order.output);
     report::writeFiles(report::filesOf(report), order.output);
 }
 

@@ -23,6 +23,7 @@ struct Read
     std::string format;
     std::string severity;
     std::string output;
+    std::string settings, list, birthWords, baptismWords;
     bool linkCouples = false;
     bool help = false;
 };
@@ -59,6 +60,40 @@ void addFigures(CLI::App& command, Read& read)
 {
     command.add_option("ficheiros", read.files)->required();
     command.add_option("-o", read.output)->required();
+}
+
+// What sets a study, and the words that were given for it.
+struct SettingCommands
+{
+    CLI::App* settings = nullptr;
+    CLI::App* baptisms = nullptr;
+    CLI::Option* birthWords = nullptr;
+    CLI::Option* baptismWords = nullptr;
+
+    // Whether it is one of these.
+    bool take(const Read& read, Order& order) const
+    {
+        if (settings->parsed()) order.work = Order::Work::Settings;
+        if (baptisms->parsed()) order.work = Order::Work::Baptisms;
+        order.settings = QString::fromStdString(read.settings);
+        order.list = QString::fromStdString(read.list);
+        if (birthWords->count() > 0) order.birthWords = QString::fromStdString(read.birthWords);
+        if (baptismWords->count() > 0) order.baptismWords = QString::fromStdString(read.baptismWords);
+        return settings->parsed() || baptisms->parsed();
+    }
+};
+
+SettingCommands addSettings(CLI::App& app, Read& read, Order& order)
+{
+    SettingCommands all{addSubcommand(app, "definicoes"), addSubcommand(app, "baptismos")};
+    for (CLI::App* const command : {all.settings, all.baptisms})
+        command->add_option("bdp", read.bdp)->required();
+    all.settings->add_option("--de", read.settings);
+    all.baptisms->add_option("--lista", read.list);
+    all.birthWords = all.baptisms->add_option("--nascido", read.birthWords);
+    all.baptismWords = all.baptisms->add_option("--baptizado", read.baptismWords);
+    all.baptisms->add_flag("--gravar", order.keep);
+    return all;
 }
 
 // "", or which word of a check isn't understood.
@@ -131,6 +166,10 @@ QString readArguments(const QStringList& arguments, Order& order)
     addFigures(*tables, read);
     CLI::App* const smam = addSubcommand(app, "smam");
     smam->add_option("ficheiros", read.files)->required();
+    CLI::App* const network = addSubcommand(app, "rede");
+    network->add_option("bdp", read.bdp)->required();
+    network->add_option("-o", read.output)->required();
+    const SettingCommands setting = addSettings(app, read, order);
     try {
         app.parse(reversed(arguments));
     } catch (const CLI::ParseError& error) {
@@ -163,7 +202,9 @@ QString readArguments(const QStringList& arguments, Order& order)
         order.work = Order::Work::Tables;
     else if (smam->parsed())
         order.work = Order::Work::Smam;
-    else
+    else if (network->parsed())
+        order.work = Order::Work::Network;
+    else if (!setting.take(read, order))
         return "Falta dizer o que fazer.";
     return readWords(read, order);
 }
@@ -180,6 +221,9 @@ QString helpText()
   orv-estudo relatorio FICHEIRO… -o RELATORIO.html
   orv-estudo tabelas FICHEIRO… -o PASTA
   orv-estudo smam LISTA.csv…
+  orv-estudo rede PAROQUIA.orv -o PASTA
+  orv-estudo definicoes PAROQUIA.orv [--de DEFINICOES.json]
+  orv-estudo baptismos PAROQUIA.orv [--lista LISTA.csv] [--nascido PALAVRAS] [--baptizado PALAVRAS] [--gravar]
 
 Opções da importação:
   --ensaio             diz o que seria escrito, e não escreve nada
@@ -206,10 +250,25 @@ juntar soma as de várias freguesias, se foram feitas com as mesmas definições
 todos os quadros e gráficos, e tabelas um ficheiro CSV de cada quadro, com a sua descrição, na pasta: de uma
 ou de várias BDP (.orv) ou contagens (.json). Nenhuma BDP é alterada; o programa pode tê-la aberta.
 
+
 Smam diz a idade média ao primeiro casamento pelos solteiros de uma lista, como a de um recenseamento: um
 CSV com as colunas grupo (15–19 a 50–54, os oito) e solteiros, em percentagem; ou em número, com a coluna
 todos ao lado. Nenhuma BDP a pode dar: diz de quem casou, e não de quem não casou.
-Fim das contagens, de juntar, do relatório, das tabelas e de smam: 0 feito, 2 não se pôde fazer.
+
+Rede escreve na pasta quem foi padrinho, compadre e testemunha de quem: arestas, pessoas e componentes em CSV, e
+tudo em GraphML (rede.graphml).
+
+Definicoes diz as definições do estudo, em JSON; com --de, guarda na BDP as de um ficheiro assim: as que ele não
+tem ficam como é regra. Baptismos diz, de cada criança, o que se lê do nascimento e do baptismo, e não guarda
+nada sem --gravar:
+  --lista              CSV com as colunas nind;data_nascimento;data_baptismo
+  --nascido            palavras das notas da ficha antes do dia do nascimento, como "nasceu a; n.": a data da
+                       ficha é então a do baptismo
+  --baptizado          o mesmo para o baptismo: a data da ficha é então a do nascimento
+Para guardar, o programa não pode ter a BDP aberta.
+
+Fim das contagens, de juntar, do relatório, das tabelas, de smam, da rede, das definições e dos baptismos: 0 feito,
+2 não se pôde fazer.
 
 Fim do resto: 0 feito, 1 recusado ou interrompido, 2 argumentos que não se entendem, 3 de um dos ficheiros
 nenhum acto se pôde guardar.

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace study {
 
 struct Order
@@ -22,7 +24,10 @@ struct Order
         Join,
         Report,
         Tables,
-        Smam
+        Smam,
+        Network,
+        Settings,
+        Baptisms
     };
     enum class Format
     {
@@ -33,13 +38,17 @@ struct Order
     Work work = Work::Help;
     QStringList files;
     QString bdp;
-    QString output;  // the page of a report, or the folder of its tables
+    QString output;  // the page of a report, or the folder of tables or of a network
     QString columns; // the file of an assignment; "": the one kept for these headers, or the proposed one
     bool rehearse = false;
     ImportOptions options;
-    Format format = Format::Text;                           // of what a check has found
-    checks::Severity least = checks::Severity::Information; // what is less grave isn't told
-    bool withSeen = false;                                  // those that were put aside are told, too
+    Format format = Format::Text;                              // of what a check has found
+    checks::Severity least = checks::Severity::Information;    // what is less grave isn't told
+    bool withSeen = false;                                     // those that were put aside are told, too
+    QString settings = {};                                     // the file of those to be kept; "": they are told
+    QString list = {};                                         // of births and baptisms; "": that of the BDP
+    std::optional<QString> birthWords = {}, baptismWords = {}; // nothing: those of the BDP
+    bool keep = false;                                         // words and list, in the BDP
 
     bool operator==(const Order&) const = default;
 };

@@ -22,7 +22,12 @@ enum Count : quint16
     Enter, // by the last estimate, one day before: who enters is at risk from that day on
     Dies,
     Leaves,
-    Lives,   // by estimate
+    Lives, // by estimate
+    // As Years, Deaths and Lives, of those who are married at an exact age, from that age on: the estimate by
+    // startPlace().
+    YearsFrom,
+    DeathsFrom,
+    LivesFrom,
     Sexless, // the first of the reasons
     Elsewhere,
     OutOfBooks,
@@ -30,9 +35,10 @@ enum Count : quint16
     Contradiction,
     Open
 };
-constexpr std::array<const char*, 12> names = {"meios-dias",      "obitos",         "entradas",    "obitos-por-dia",
-                                               "saidas",          "pessoas",        "sem-sexo",    "fora-da-freguesia",
-                                               "fora-dos-livros", "sem-nascimento", "contradicao", "uniao-aberta"};
+constexpr std::array<const char*, 15> names = {"meios-dias",     "obitos",      "entradas",          "obitos-por-dia",
+                                               "saidas",         "pessoas",     "meios-dias-desde",  "obitos-desde",
+                                               "pessoas-desde",  "sem-sexo",    "fora-da-freguesia", "fora-dos-livros",
+                                               "sem-nascimento", "contradicao", "uniao-aberta"};
 constexpr std::array<Reason, 6> reasons = {{{Sexless, "sexo indeterminado"},
                                             {Elsewhere, "primeiro casamento fora da freguesia"},
                                             {OutOfBooks, "casamento fora dos livros de casamentos ou de óbitos"},
@@ -45,8 +51,9 @@ constexpr std::array<const char*, 4> estimateTold = {"uniões fechadas", "mínim
                                                      "até à última prova de vida"};
 
 constexpr int firstAge = 20, lastAge = 80, groupYears = 5;
-constexpr double leastYears = 20;  // of a cell
-constexpr qint64 leastDeaths = 10; // of a table
+constexpr std::array<int, 3> starts = {20, 25, 30}; // exact ages at which a table may begin
+constexpr double leastYears = 20;                   // of a cell
+constexpr qint64 leastDeaths = 10;                  // of a table
 constexpr Base base = {20, 50};
 
 // Groups of five years from 20, and all from 80 on.
@@ -58,6 +65,11 @@ const Ages& adultAges()
         return made;
     }();
     return ages;
+}
+
+constexpr qint32 startPlace(Estimate estimate, std::size_t start)
+{
+    return static_cast<qint32>(estimate) + static_cast<qint32>(estimates.size() * start);
 }
 
 std::optional<Count> reasonOf(NoAdult why)
@@ -91,6 +103,21 @@ void countRates(const AdultLife& life, Estimate estimate, const End& end, const 
     if (group) taker.count({Deaths, {who[0], who[1], place, *group}}, person);
 }
 
+// Who isn't married at the exact age never enters: nobody comes into the group later.
+void countFrom(const AdultLife& life, Estimate estimate, const End& end, const At& who, const Who& person, Taker& taker)
+{
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+        const parish::Date entry = parish::dateOf(parish::birthday(life.birth, starts[i]), true);
+        if (life.marriage.middle() > entry.date() || end.day.middle() < entry.date()) continue;
+        const qint32 place = startPlace(estimate, i);
+        taker.count({LivesFrom, {who[0], who[1], place}}, person);
+        for (const Slice& slice : split({life.birth, entry, end.day, end.dies}, adultAges()))
+            taker.count({YearsFrom, {who[0], who[1], place, slice.age}}, person, slice.halfDays);
+        const auto group = end.dies ? ageGroup(life.birth, end.day, adultAges()) : std::nullopt;
+        if (group) taker.count({DeathsFrom, {who[0], who[1], place, *group}}, person);
+    }
+}
+
 void countDays(const AdultLife& life, const End& end, const At& who, const Who& person, Taker& taker)
 {
     const qint32 entry = std::max(ageInDays(life.birth, life.from), firstAge * daysOfAnAge);
@@ -110,10 +137,12 @@ void fill(const Study& study, const Share& share, Taker& taker)
         const At at = {periodOf(life.marriage.middle().year(), study.settings), numbered(person.gender)};
         for (const Estimate estimate : estimates) {
             const End& end = life.ends[static_cast<std::size_t>(estimate)];
-            if (end.day.isKnown())
-                countRates(life, estimate, end, at, who, taker);
-            else
+            if (!end.day.isKnown()) {
                 taker.count({Open}, who);
+                continue;
+            }
+            countRates(life, estimate, end, at, who, taker);
+            countFrom(life, estimate, end, at, who, taker);
         }
         countDays(life, life.ends[static_cast<std::size_t>(Estimate::Censored)], at, who, taker);
     }
@@ -140,12 +169,32 @@ void closeTable(std::vector<statistics::Exposed>& groups)
     }
 }
 
-Part partOf(const Reading& reading, qint32 cohort, qint32 gender, Estimate estimate)
+// Whose rates: those of a cohort and gender by an estimate, from the marriage on or from an exact age.
+struct Whose
 {
-    Part part;
-    for (int age = firstAge; age <= lastAge; age += groupYears) {
-        const At at = {cohort, gender, static_cast<qint32>(estimate), age};
-        part.groups.push_back({yearsOf(reading.sum(Years, at)), reading.sum(Deaths, at)});
+    qint32 cohort = any, gender = any, place = 0;
+    int first = firstAge;
+    quint16 years = Years, deaths = Deaths;
+
+    At at(qint32 age = any) const { return {cohort, gender, place, age}; }
+};
+
+Whose fromMarriage(qint32 cohort, qint32 gender, Estimate estimate)
+{
+    return {cohort, gender, static_cast<qint32>(estimate)};
+}
+
+Whose fromAge(qint32 gender, Estimate estimate, std::size_t start)
+{
+    return {any, gender, startPlace(estimate, start), starts[start], YearsFrom, DeathsFrom};
+}
+
+Part partOf(const Reading& reading, const Whose& whose)
+{
+    Part part{whose.first};
+    for (int age = whose.first; age <= lastAge; age += groupYears) {
+        part.groups.push_back(
+            {yearsOf(reading.sum(whose.years, whose.at(age))), reading.sum(whose.deaths, whose.at(age))});
         part.years += part.groups.back().years;
         part.deaths += part.groups.back().deaths;
     }
@@ -174,24 +223,22 @@ QString groupTold(const Part& part, std::size_t group)
                                            : QString("%1–%2").arg(age).arg(age + groupYears - 1);
 }
 
-Table lifeTableOf(const Reading& reading, qint32 gender, Estimate estimate)
+Table lifeTableOf(const Reading& reading, const Whose& whose, const QString& id, const QString& title)
 {
-    const auto place = static_cast<std::size_t>(estimate);
-    Table table{QString("tabua-%1-%2").arg(estimateIds[place], gender == numbered(parish::Gender::Male) ? "m" : "f"),
-                QString("Tábua de mortalidade: %1, %2").arg(genderTold(gender), QString::fromUtf8(estimateTold[place])),
+    Table table{id,
+                title,
                 {textColumn("Idade"), decimalColumn("Anos em risco", "anos"), countColumn("Óbitos"),
                  decimalColumn("5qx", "‰"), decimalColumn("Sobreviventes", "‰"), decimalColumn("Esperança", "anos")}};
-    const Part part = partOf(reading, any, gender, estimate);
+    const Part part = partOf(reading, whose);
     const bool sound = part.deaths >= leastDeaths;
     for (std::size_t i = 0; i < part.rows.size(); ++i) {
         const auto& row = part.rows[i];
         const bool open = i + 1 == part.rows.size();
-        const std::vector<Key> deaths =
-            open ? reading.within(Deaths, 3, row.age, 200, {any, gender, static_cast<qint32>(estimate), any}).keys
-                 : std::vector<Key>{{Deaths, {any, gender, static_cast<qint32>(estimate), row.age}}};
-        const std::vector<Key> years =
-            open ? reading.within(Years, 3, row.age, 200, {any, gender, static_cast<qint32>(estimate), any}).keys
-                 : std::vector<Key>{{Years, {any, gender, static_cast<qint32>(estimate), row.age}}};
+        const auto keys = [&](quint16 count) {
+            return open ? reading.within(count, 3, row.age, 200, whose.at()).keys
+                        : std::vector<Key>{{count, whose.at(row.age)}};
+        };
+        const std::vector<Key> deaths = keys(whose.deaths), years = keys(whose.years);
         const bool enough = sound && part.groups[i].years >= leastYears;
         table.rows.push_back({report::text(groupTold(part, i)), report::number(part.groups[i].years, years),
                               report::number(part.groups[i].deaths, deaths),
@@ -225,7 +272,7 @@ void addSummary(Table& table, const Reading& reading, const Group& group, const 
 {
     for (const Estimate estimate : estimates) {
         const auto place = static_cast<qint32>(estimate);
-        const Part part = partOf(reading, group.period, group.gender, estimate);
+        const Part part = partOf(reading, fromMarriage(group.period, group.gender, estimate));
         const bool sound = part.deaths >= leastDeaths;
         const std::vector<Key> deaths = {{Deaths, {group.period, group.gender, place, any}}};
         const auto cell = [&](std::optional<double> value) {
@@ -256,6 +303,39 @@ Table summary(const Reading& reading, const Settings& settings)
         "quando um acto o diz morto pela primeira vez, e sai à última prova de vida se nenhum o diz. Máxima: morre à "
         "última prova de vida. A última: sai à última prova de vida.",
         "5qx = 5m/(1 + 2,5m), com m óbitos por ano em risco."};
+    return table;
+}
+
+// By the estimate and the exact age at which the group is taken together.
+Table fromExactAges(const Reading& reading)
+{
+    Table table{"desde-idade-exacta",
+                "Dos que já estão casados numa idade exacta, desde essa idade",
+                {textColumn("Desde"), textColumn("Estimativa"), countColumn("Pessoas"),
+                 decimalColumn("Anos em risco", "anos"), countColumn("Óbitos"), decimalColumn("5qx", "‰"),
+                 decimalColumn("Esperança", "anos")}};
+    for (const parish::Gender gender : {parish::Gender::Male, parish::Gender::Female})
+        for (std::size_t start = 0; start < starts.size(); ++start)
+            for (const Estimate estimate : estimates) {
+                const Whose whose = fromAge(numbered(gender), estimate, start);
+                const auto lives = reading.part(LivesFrom, whose.at());
+                if (lives.n == 0) continue;
+                const Part part = partOf(reading, whose);
+                const std::vector<Key> deaths = {{DeathsFrom, whose.at()}};
+                const bool has = part.rows.size() > 1 && part.rows.front().age == whose.first;
+                const auto cell = [&](double value, bool enough) {
+                    return has ? standing(report::number(value, deaths), enough) : Cell();
+                };
+                const bool sound = part.deaths >= leastDeaths;
+                table.rows.push_back(
+                    {report::text(QString("%1 anos, %2").arg(whose.first).arg(genderTold(whose.gender))),
+                     report::text(estimateTold[static_cast<std::size_t>(estimate)]), counted(lives),
+                     report::number(part.years, {{YearsFrom, whose.at()}}), report::number(part.deaths, deaths),
+                     cell(has ? part.rows.front().quotient * 1000 : 0,
+                          sound && part.groups.front().years >= leastYears),
+                     cell(has ? part.rows.front().expectation : 0, sound)});
+            }
+    table.notes = {"Quem casa depois dessa idade não entra; nas outras tábuas entra no dia em que casa."};
     return table;
 }
 
@@ -324,7 +404,7 @@ report::Chart chartOf(const Reading& reading, parish::Gender gender)
                         men ? "Sobreviventes dos casados: homens" : "Sobreviventes dos casados: mulheres",
                         report::Drawing::Lines, "idade (anos)", "sobreviventes (‰)"};
     for (const Estimate estimate : estimates) {
-        const Part part = partOf(reading, any, numbered(gender), estimate);
+        const Part part = partOf(reading, fromMarriage(any, numbered(gender), estimate));
         if (part.deaths < leastDeaths) continue;
         report::Plot plot{estimateTold[static_cast<std::size_t>(estimate)]};
         for (const auto& row : part.rows)
@@ -342,9 +422,24 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     std::vector<report::Figure> all = {summary(reading, settings)};
     for (const parish::Gender gender : {parish::Gender::Male, parish::Gender::Female}) {
         all.push_back(chartOf(reading, gender));
-        for (const Estimate estimate : estimates)
-            all.push_back(lifeTableOf(reading, numbered(gender), estimate));
+        const QString sex = gender == parish::Gender::Male ? "m" : "f", people = genderTold(numbered(gender));
+        for (const Estimate estimate : estimates) {
+            const auto place = static_cast<std::size_t>(estimate);
+            all.push_back(lifeTableOf(
+                reading, fromMarriage(any, numbered(gender), estimate),
+                QString("tabua-%1-%2").arg(estimateIds[place], sex),
+                QString("Tábua de mortalidade: %1, %2").arg(people, QString::fromUtf8(estimateTold[place]))));
+        }
     }
+    all.push_back(fromExactAges(reading));
+    for (const parish::Gender gender : {parish::Gender::Male, parish::Gender::Female})
+        for (std::size_t start = 0; start < starts.size(); ++start)
+            all.push_back(lifeTableOf(
+                reading, fromAge(numbered(gender), Estimate::Censored, start),
+                QString("tabua-desde-%1-%2").arg(starts[start]).arg(gender == parish::Gender::Male ? "m" : "f"),
+                QString("Tábua de mortalidade desde os %1 anos exactos: %2, até à última prova de vida")
+                    .arg(starts[start])
+                    .arg(genderTold(numbered(gender)))));
     all.push_back(byKaplanMeier(reading));
     all.push_back(leftOutTable(reading, reasons));
     return all;

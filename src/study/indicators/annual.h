@@ -6,6 +6,7 @@
 namespace study::indicators {
 
 extern const Subject annualSeries;
+extern const Subject baptismDelay;
 extern const Subject godparenthood;
 extern const Subject givenNames;
 

@@ -4,6 +4,8 @@
 #include "study/indicators/years.h"
 #include "study/statistics/mortality.h"
 
+#include <algorithm>
+
 namespace study::indicators {
 
 namespace {
@@ -111,6 +113,19 @@ std::map<int, double> byMarriages(const AllSeries& all, int lag)
     return ratios;
 }
 
+// The births of a year's conceptions come until September of the next one: without its book the year isn't whole.
+std::map<int, double> wholeConceptions(const Reading& reading, const YearSpan& years, const Settings& settings)
+{
+    std::map<int, double> whole = byYear(reading, Conceptions, Series::Baptisms, years, settings);
+    int last = years.last; // the period of the study may end before the books
+    for (const qint32 year : reading.values(Conceptions, 0))
+        last = std::max(last, year);
+    std::erase_if(whole, [&](const auto& entry) {
+        return entry.first >= last || !settings.covers(Series::Baptisms, entry.first + 1);
+    });
+    return whole;
+}
+
 AllSeries seriesOf(const Reading& reading, const Settings& settings)
 {
     static constexpr std::array<quint16, 3> counts = {Baptisms, Marriages, Burials};
@@ -121,7 +136,7 @@ AllSeries seriesOf(const Reading& reading, const Settings& settings)
         return byYear(reading, count, of, all.years, settings, at);
     };
     all.baptisms = series(Baptisms, Series::Baptisms);
-    all.conceptions = series(Conceptions, Series::Baptisms);
+    all.conceptions = wholeConceptions(reading, all.years, settings);
     all.marriages = series(Marriages, Series::Marriages);
     all.adults = series(Burials, Series::Burials, buried(Buried::Adult));
     all.ageless = series(Burials, Series::Burials, buried(Buried::Ageless));
@@ -156,26 +171,36 @@ Table acts(const Reading& reading, const AllSeries& all)
              valueCell(all.sum, year), valueCell(all.baptismsByMarriage, year), valueCell(all.laggedBaptisms, year)});
     table.notes = {"Um ano fora dos livros ou numa lacuna não tem valor; não é zero.",
                    "O saldo acumulado começa de novo depois de uma lacuna.",
-                   "As concepções são os nascimentos com data exacta, nove meses antes."};
+                   "As concepções são os nascimentos com data exacta, nove meses antes; um ano a que falta o "
+                   "livro do seguinte não tem valor."};
     return table;
 }
 
-// Of the series, the moving average and the index: 100 is the mean of the first ten years that follow each other.
-std::optional<double> baseOf(const std::map<int, double>& values, int& first)
+constexpr int yearsOfBase = 10;
+
+// Of ten years; nothing where one of them is missing, or all are empty.
+std::optional<double> meanFrom(const std::map<int, double>& values, int first)
 {
-    int run = 0, last = 0;
     double sum = 0;
-    for (const auto& [year, value] : values) {
-        if (run > 0 && year != last + 1) {
-            run = 0;
-            sum = 0;
-        }
+    for (int year = first; year < first + yearsOfBase; ++year) {
+        const auto found = values.find(year);
+        if (found == values.end()) return {};
+        sum += found->second;
+    }
+    return sum > 0 ? std::optional(sum / yearsOfBase) : std::nullopt;
+}
+
+// The mean that is 100 of an index: that of the ten years that the study sets, else of the first ones that follow each
+// other.
+std::optional<double> baseOf(const std::map<int, double>& values, const Settings& settings, int& first)
+{
+    if (settings.indexBase != 0) return meanFrom(values, first = settings.indexBase);
+    int run = 0, last = 0;
+    for (const auto& entry : values) {
+        const int year = entry.first;
+        if (run > 0 && year != last + 1) run = 0;
         last = year;
-        sum += value;
-        if (++run == 10) {
-            first = year - 9;
-            return sum > 0 ? std::optional(sum / 10) : std::nullopt;
-        }
+        if (++run == yearsOfBase) return meanFrom(values, first = year - yearsOfBase + 1);
     }
     return {};
 }
@@ -191,13 +216,17 @@ Table averages(const AllSeries& all, const Settings& settings)
     for (std::size_t i = 0; i < series.size(); ++i) {
         int first = 0;
         means[i] = statistics::movingAverage(*series[i].second, settings.movingAverage);
-        bases[i] = baseOf(*series[i].second, first);
+        bases[i] = baseOf(*series[i].second, settings, first);
         table.columns.push_back(decimalColumn(QString("%1, %2").arg(QString(series[i].first), of), ""));
         table.columns.push_back(decimalColumn(QString("%1, índice").arg(QString(series[i].first)), ""));
         if (bases[i])
             table.notes << QString("%1: 100 é a média de %2–%3, que é de %4 por ano.")
-                               .arg(QString(series[i].first), QString::number(first), QString::number(first + 9),
-                                    decimalComma(*bases[i], 1));
+                               .arg(QString(series[i].first), QString::number(first),
+                                    QString::number(first + yearsOfBase - 1), decimalComma(*bases[i], 1));
+        else if (settings.indexBase != 0)
+            table.notes << QString("%1: sem índice; aos anos de %2–%3 falta um, ou estão todos vazios.")
+                               .arg(QString(series[i].first), QString::number(first),
+                                    QString::number(first + yearsOfBase - 1));
     }
     for (int year = all.years.first; year != 0 && year <= all.years.last; ++year) {
         std::vector<Cell> row = {report::text(QString::number(year))};

@@ -29,6 +29,7 @@ enum Count : quint16
     KindOfMass,   // label: masses
     KindOfOffice,
     KindOfAlms, // label: gifts
+    AlmsTo,     // name of whom they are for: gifts
     Money,      // period, currency, of one testator, units
     Heirs,      // label of the kinship; code 0 where it isn't told
     HeirSex,
@@ -51,6 +52,7 @@ constexpr const char* counts[] = {"óbitos",
                                   "missas por tipo",
                                   "ofícios por tipo",
                                   "esmolas por tipo",
+                                  "esmolas por destino",
                                   "dinheiro",
                                   "herdeiros",
                                   "sexo do herdeiro",
@@ -162,7 +164,10 @@ private:
             countOrdered(period, kind);
         std::map<qint32, double> sums;
         for (const Suffrage& row : person_.suffrages) {
-            if (row.kind == SuffrageKind::Alms) add(KindOfAlms, named("TipEs", row.type));
+            if (row.kind == SuffrageKind::Alms) {
+                add(KindOfAlms, named("TipEs", row.type));
+                add(AlmsTo, labelledByName(row.destination));
+            }
             if (isContradictory(row)) add(WrongTotal);
             const auto total = totalOf(row);
             if (!total) continue;
@@ -387,6 +392,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             ordered(reading, settings, SuffrageKind::Office, "oficios", "Ofícios por testador", "ofícios"),
             byLabel(reading, KindOfOffice, {"tipos-de-oficio", "Ofícios por tipo", {}, {}, {}}, "Tipo", "Ofícios"),
             byLabel(reading, KindOfAlms, {"tipos-de-esmola", "Esmolas por tipo", {}, {}, {}}, "Tipo", "Esmolas"),
+            byLabel(reading, AlmsTo, {"esmolas-por-destino", "Esmolas por destino, como o acto o diz", {}, {}, {}},
+                    "Destino", "Esmolas", toldName),
             money(reading, settings),
             byLabel(reading, Heirs, {"herdeiros", "Legados por parentesco do herdeiro", {}, {}, {}}, "Parentesco",
                     "Legados"),

@@ -1,10 +1,8 @@
+#include "study/indicators/causes.h"
 #include "study/indicators/deaths.h"
 #include "study/indicators/mortality.h"
 #include "study/indicators/quotients.h"
 #include "study/indicators/scope.h"
-#include "study/names/fold.h"
-
-#include <algorithm>
 
 namespace study::indicators {
 
@@ -12,7 +10,7 @@ namespace {
 
 constexpr qint32 any = Reading::any;
 
-// Period of the death, gender, place of the cause in `causes`, 1 for a child under seven.
+// Period of the death, gender, the cause, 1 for a child under seven.
 enum Count : quint16
 {
     Told,
@@ -25,45 +23,6 @@ constexpr std::array<Reason, 3> reasons = {{{Untold, "causa não declarada"},
                                             {Elsewhere, "óbito fora da freguesia"},
                                             {OutOfBooks, "óbito fora dos livros ou numa lacuna"}}};
 
-// A cause, and the beginnings of words, without accents, that tell it. The first one that is found counts; what none
-// tells is "outra": nothing is inferred.
-struct Cause
-{
-    const char* name;
-    std::array<const char*, 6> beginnings;
-};
-constexpr std::array<Cause, 14> causes = {{{"Bexigas (varíola)", {"bexig", "variol"}},
-                                           {"Sarampo", {"saramp"}},
-                                           {"Garrotilho (difteria)", {"garrot", "difter", "diphter", "crup", "croup"}},
-                                           {"Cólera", {"colera", "cholera"}},
-                                           {"Cólicas e disenteria", {"colic", "disenter", "dysenter", "camaras"}},
-                                           {"Febres, malinas, sezões", {"febr", "malin", "sez", "terca"}},
-                                           {"Tísica", {"tisic", "tysic", "phtisic", "tubercul", "hetic"}},
-                                           {"Hidropisia", {"hidrop", "hydrop"}},
-                                           {"Parto", {"part", "sobrepart", "puerper"}},
-                                           {"Acidente ou afogamento", {"aciden", "desastr", "qued", "afoga", "raio"}},
-                                           {"Apoplexia (estupor)", {"apople", "estupor", "parlesi", "paralis"}},
-                                           {"Velhice", {"velh", "decrepit", "senil"}},
-                                           {"De repente", {"repent", "subita"}},
-                                           {"Outra", {}}}};
-
-bool tells(const QStringList& words, const Cause& cause)
-{
-    return std::any_of(words.begin(), words.end(), [&cause](const QString& word) {
-        return std::any_of(cause.beginnings.begin(), cause.beginnings.end(), [&word](const char* beginning) {
-            return beginning && word.startsWith(QLatin1String(beginning));
-        });
-    });
-}
-
-qint32 causeOf(const QString& text)
-{
-    const QStringList words = fold::plain(text).split(u' ', Qt::SkipEmptyParts);
-    const auto found =
-        std::find_if(causes.begin(), causes.end() - 1, [&words](const Cause& cause) { return tells(words, cause); });
-    return static_cast<qint32>(found - causes.begin());
-}
-
 void countDeath(const parish::Person& person, const Study& study, Taker& taker)
 {
     const Settings& settings = study.settings;
@@ -74,7 +33,9 @@ void countDeath(const parish::Person& person, const Study& study, Taker& taker)
     const bool child = buriedAs(person) == Buried::Child;
     if (!settings.covers(child ? Series::ChildBurials : Series::Burials, year)) return taker.count({OutOfBooks}, who);
     if (person.cause.simplified().isEmpty()) return taker.count({Untold}, who);
-    taker.count({Told, {periodOf(year, settings), numbered(person.gender), causeOf(person.cause), child ? 1 : 0}}, who);
+    taker.count(
+        {Told, {periodOf(year, settings), numbered(person.gender), causeOf(person.cause, settings), child ? 1 : 0}},
+        who);
 }
 
 void fill(const Study& study, const Share& share, Taker& taker)
@@ -92,8 +53,7 @@ Table tableOf(const Reading& reading, qint32 period, const QString& id, const QS
     const auto all = reading.part(Told, {period, any, any, any});
     for (const qint32 cause : reading.values(Told, 2, {period, any, any, any})) {
         const auto some = reading.part(Told, {period, any, cause, any});
-        table.rows.push_back({report::text(causes.at(static_cast<std::size_t>(cause)).name), counted(some),
-                              percent(some, all),
+        table.rows.push_back({report::text(nameOfCause(cause)), counted(some), percent(some, all),
                               counted(reading.part(Told, {period, numbered(parish::Gender::Male), cause, any})),
                               counted(reading.part(Told, {period, numbered(parish::Gender::Female), cause, any})),
                               counted(reading.part(Told, {period, any, cause, 1}))});

@@ -4,6 +4,8 @@
 #include "study/indicators/years.h"
 #include "study/statistics/mortality.h"
 
+#include <algorithm>
+
 namespace study::indicators {
 
 namespace {
@@ -112,14 +114,6 @@ std::map<int, double> deathsOf(const Reading& reading, const Deaths& of, const S
     return deaths;
 }
 
-double meanBefore(const std::map<int, double>& deaths, int year)
-{
-    double sum = 0;
-    for (int before = year - yearsOfBase; before < year; ++before)
-        if (const auto found = deaths.find(before); found != deaths.end()) sum += found->second;
-    return sum / yearsOfBase;
-}
-
 const char* magnitudeTold(int magnitude)
 {
     static constexpr std::array<const char*, 7> told = {"–",         "1, menor",  "2, média",     "3, forte",
@@ -177,26 +171,44 @@ Indices indicesOf(const Reading& reading, const Deaths& of, const Settings& sett
     return indices;
 }
 
+// Of the years that the index of this one is measured by; 0 where there are none.
+double meanBefore(const Indices& indices, int year, const Settings& settings)
+{
+    double sum = 0;
+    int years = 0;
+    for (int before = year - yearsOfBase; before < year; ++before) {
+        const auto found = indices.deaths.find(before);
+        const auto crisis = indices.byN.find(before);
+        const bool skipped = settings.skipCrises && crisis != indices.byN.end() && crisis->second.magnitude > 0;
+        if (found == indices.deaths.end() || skipped) continue;
+        sum += found->second;
+        ++years;
+    }
+    return years > 0 ? sum / years : 0;
+}
+
 Cell indexCell(const std::map<int, statistics::Crisis>& indices, int year, double mean, const std::vector<Key>& from)
 {
     const auto found = indices.find(year);
     return found == indices.end() ? Cell() : greyedBy(report::number(found->second.index, from), mean);
 }
 
-std::vector<Cell> rowOf(const Reading& reading, const Deaths& of, const Indices& indices, int year)
+std::vector<Cell> rowOf(const Reading& reading, const Deaths& of, const Indices& indices, int year,
+                        const Settings& settings)
 {
     const Reading::Part dead = reading.part(of.count, {year, of.who, any, any});
     const auto index = indices.byN.find(year);
     const auto ratio = indices.ratios.find(year);
     const bool hasIndex = index != indices.byN.end(), hasRatio = ratio != indices.ratios.end();
-    const double mean = meanBefore(indices.deaths, year);
+    const double mean = meanBefore(indices, year, settings);
+    const double neighbours = hasRatio && ratio->second > 0 ? static_cast<double>(dead.n) / ratio->second : leastMean;
     return {report::text(of.count == HarvestBurials ? QString("%1/%2").arg(year).arg(year + 1) : QString::number(year)),
             counted(dead),
             hasIndex ? report::number(mean) : Cell(),
             indexCell(indices.byN, year, mean, dead.keys),
             indexCell(indices.byNLessOne, year, mean, dead.keys),
             hasIndex ? report::text(magnitudeTold(index->second.magnitude)) : Cell(),
-            hasRatio ? greyedBy(report::number(ratio->second, dead.keys), mean) : Cell(),
+            hasRatio ? greyedBy(report::number(ratio->second, dead.keys), neighbours) : Cell(),
             hasRatio ? report::text(ratioTold(ratio->second)) : Cell()};
 }
 
@@ -205,13 +217,15 @@ Table indexTable(const Reading& reading, const Deaths& of, const Settings& setti
     const Indices indices = indicesOf(reading, of, settings);
     Table table{of.id, of.title, indexColumns()};
     for (const auto& entry : indices.deaths)
-        table.rows.push_back(rowOf(reading, of, indices, entry.first));
+        if (settings.period.holds(entry.first))
+            table.rows.push_back(rowOf(reading, of, indices, entry.first, settings));
     table.notes = {"Índice: óbitos do ano menos a média dos dez anos anteriores, em desvios-padrão desses anos. "
                    "Os primeiros dez anos, e os que têm uma lacuna entre os dez anteriores, não têm índice.",
                    "Razão: óbitos do ano pela média dos cinco anos antes e cinco depois, sem os dois maiores e os dois "
                    "menores; a partir de 1,5 é uma crise pequena, a partir de 4 uma grande.",
                    "A cinzento: média inferior a dez óbitos por ano, em que o acaso faz crises."};
-    if (settings.skipCrises) table.notes << "Os anos que são crises ficam fora da base dos índices seguintes.";
+    if (settings.skipCrises)
+        table.notes << "Os anos que são crises ficam fora da base dos índices seguintes, e da média dela.";
     return table;
 }
 
@@ -227,19 +241,24 @@ Table crisisYears(const Reading& reading, const Settings& settings)
                  countColumn("Baptismos do ano seguinte")}};
     for (const auto& entry : indices.deaths) {
         const int year = entry.first;
-        if (!indices.isCrisis(year)) continue;
+        if (!indices.isCrisis(year) || !settings.period.holds(year)) continue;
         const auto index = indices.byN.find(year);
         const auto of = [&](quint16 count, int when, qint32 who = any) {
             return counted(reading.part(count, {when, who, any, any}));
+        };
+        // A year without a book is a gap, and no zero.
+        const auto inBook = [&](Series series, quint16 count, int when) {
+            return settings.covers(series, when) ? of(count, when) : Cell();
         };
         table.rows.push_back(
             {report::text(QString::number(year)),
              index == indices.byN.end()
                  ? Cell()
-                 : greyedBy(report::text(magnitudeTold(index->second.magnitude)), meanBefore(indices.deaths, year)),
+                 : greyedBy(report::text(magnitudeTold(index->second.magnitude)), meanBefore(indices, year, settings)),
              of(Burials, year), of(Burials, year, qint32(Buried::Adult)), of(Burials, year, qint32(Buried::Child)),
-             of(Marriages, year), of(Conceptions, year), of(Baptisms, year), of(Marriages, year + 1),
-             of(Baptisms, year + 1)});
+             inBook(Series::Marriages, Marriages, year), inBook(Series::Baptisms, Conceptions, year),
+             inBook(Series::Baptisms, Baptisms, year), inBook(Series::Marriages, Marriages, year + 1),
+             inBook(Series::Baptisms, Baptisms, year + 1)});
     }
     table.notes = {
         "Anos de magnitude 1 ou mais, ou com uma razão aos vizinhos de 1,5 ou mais. A cinzento: média inferior a dez "
@@ -258,7 +277,10 @@ report::Chart chartOf(const Reading& reading, const Settings& settings)
     std::map<int, double> indices;
     for (const auto& [year, crisis] : statistics::crises(deaths, statistics::Spread::ByN, settings.skipCrises))
         indices[year] = crisis.index;
-    const YearSpan years = {deaths.begin()->first, deaths.rbegin()->first};
+    YearSpan years = {deaths.begin()->first, deaths.rbegin()->first};
+    if (settings.period.first != 0) years.first = std::max(years.first, settings.period.first);
+    if (settings.period.last != 0) years.last = std::min(years.last, settings.period.last);
+    if (years.last < years.first) return chart;
     chart.plots = {lineOf("óbitos", deaths, years), lineOf("índice", indices, years)};
     return chart;
 }

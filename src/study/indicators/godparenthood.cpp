@@ -1,8 +1,8 @@
 #include "study/indicators/annual.h"
-#include "study/indicators/givenName.h"
+#include "study/indicators/godparents.h"
+#include "study/indicators/marriages.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/scope.h"
-#include "study/parish/codes.h"
 #include "study/statistics/mortality.h"
 
 #include <algorithm>
@@ -30,13 +30,17 @@ enum Count : quint16
     Baptised,   // children, by how many godparents they have
     Held,       // people: how many godchildren
     Witnessed,  // people: at how many marriages they were witnesses
-    Saints,     // the first of the reasons
+    Witnesses,  // of marriages: period of the marriage; gender of the witness
+    WitnessKin, // by KinOfCouple
+    WitnessClergy,
+    WitnessPlace,
+    Saints, // the first of the reasons
     Unnamed,
     Undated,
     Elsewhere,
     OutOfBooks
 };
-constexpr std::array<const char*, 15> names = {"padrinhos",
+constexpr std::array<const char*, 19> names = {"padrinhos",
                                                "parentesco",
                                                "mesmo-sexo",
                                                "clerigos",
@@ -46,6 +50,10 @@ constexpr std::array<const char*, 15> names = {"padrinhos",
                                                "baptizados",
                                                "afilhados-por-padrinho",
                                                "casamentos-por-testemunha",
+                                               "testemunhas",
+                                               "parentesco-das-testemunhas",
+                                               "testemunhas-clerigos",
+                                               "testemunhas-do-mesmo-lugar",
                                                "santos",
                                                "sem-pessoa",
                                                "sem-data",
@@ -57,75 +65,43 @@ constexpr std::array<Reason, 5> reasons = {{{Saints, "padrinho que é um santo, 
                                             {Elsewhere, "baptismo fora da freguesia"},
                                             {OutOfBooks, "baptismo fora dos livros ou numa lacuna"}}};
 
-enum Kin : qint32
-{
-    UnknownKin,
-    NoKin,
-    Paternal,
-    Maternal,
-    OtherKin
-};
 constexpr std::array<const char*, 5> kinTold = {"parentesco desconhecido", "sem parentesco", "parente do lado paterno",
                                                 "parente do lado materno", "outro parente"};
 
-// The codes of kinship: grandparents and uncles of either side; from "compadre" to "sem parentesco" no kin, but for the
-// kin of a degree that isn't told.
-Kin kinOf(parish::Code code)
+enum KinOfCouple : qint32
 {
-    static constexpr int lastKin = 62, lastNoKin = 72, unknownDegree = 71, last = 78;
-    if (!code || *code <= 0 || *code > last) return UnknownKin;
-    switch (*code) {
-    case 5:
-    case 6:
-    case 19:
-    case 20:
-        return Paternal;
-    case 7:
-    case 8:
-    case 21:
-    case 22:
-        return Maternal;
-    case unknownDegree:
-        return OtherKin;
-    default:
-        return *code > lastKin && *code <= lastNoKin ? NoKin : OtherKin;
+    Unrelated = NoKin,
+    OfGroom,
+    OfBride,
+    OfBoth
+};
+
+// UnknownKin where neither kinship is told.
+qint32 kinOfCouple(const Assistance& act)
+{
+    const Kin groom = kinOf(act.kinToGroom), bride = kinOf(act.kinToBride);
+    const bool his = groom > NoKin, hers = bride > NoKin;
+    if (his && hers) return OfBoth;
+    if (his || hers) return his ? OfGroom : OfBride;
+    return groom == NoKin || bride == NoKin ? qint32(Unrelated) : qint32(UnknownKin);
+}
+
+void countWitnesses(const Family& family, const Study& study, GivenNames& known, Taker& taker)
+{
+    if (marriageIs(family, study) != MarriageIs::Counted) return;
+    const qint32 period = periodOf(family.marriage.year(), study.settings);
+    const QDate day = family.marriage.middle();
+    for (const Assistance& act : family.witnesses) {
+        if (act.godparent || !isPerson(act, known)) continue;
+        const Person& witness = *act.assistant.person;
+        const Who who{&witness, &family};
+        taker.count({Witnesses, {period, numbered(witness.gender)}}, who);
+        taker.count({WitnessKin, {period, kinOfCouple(act)}}, who);
+        taker.count({WitnessClergy, {period, isCleric(act) ? 1 : 0}}, who);
+        const auto* one = homeOf(witness, day);
+        const auto* other = homeOf(family, day);
+        if (one && other) taker.count({WitnessPlace, {period, one->place == other->place ? 1 : 0}}, who);
     }
-}
-
-bool isCleric(const Assistance& act)
-{
-    const Person& person = *act.assistant.person;
-    return act.state == parish::civil::cleric || person.stateAtDeath == parish::civil::cleric;
-}
-
-// The last residence up to a day, or the first behind it.
-const parish::Residence* residenceOn(std::span<const parish::Residence> residences, QDate day)
-{
-    const parish::Residence* found = nullptr;
-    for (const parish::Residence& each : residences) {
-        if (!each.place.isKnown()) continue;
-        if (found && (!each.date.isKnown() || each.date.middle() > day)) break;
-        found = &each;
-    }
-    return found;
-}
-
-const parish::Residence* homeOf(const Person& person, QDate day)
-{
-    if (const auto* own = residenceOn(person.residences, day)) return own;
-    for (const parish::Membership* row : person.unions)
-        if (row->family)
-            if (const auto* shared = residenceOn(row->family->residences, day)) return shared;
-    return nullptr;
-}
-
-const parish::Residence* homeOf(const Family& family, QDate day)
-{
-    if (const auto* own = residenceOn(family.residences, day)) return own;
-    for (const Person* parent : {family.husband, family.wife})
-        if (parent)
-            if (const auto* theirs = residenceOn(parent->residences, day)) return theirs;
-    return nullptr;
 }
 
 bool isOf(const Person* person, const Family& family)
@@ -143,11 +119,6 @@ bool isReciprocal(const Person& godparent, const Family& family)
                 if (act.godparent && act.assistant.person && isOf(act.assistant.person, family)) return true;
     }
     return false;
-}
-
-bool isPerson(const Assistance& act, GivenNames& known)
-{
-    return act.godparent && act.assistant.person && !known.of(*act.assistant.person).isSaint;
 }
 
 void countEdge(const Person& child, const Assistance& act, qint32 period, GivenNames& known, Taker& taker)
@@ -200,26 +171,17 @@ void countBaptism(const Person& child, const Study& study, GivenNames& known, Ta
     taker.count({Baptised, {period, godparents}}, who);
 }
 
-bool isCounted(const Person& child, const Study& study)
-{
-    if (!child.birth.isKnown() || !isHere(child.birthPlace, study)) return false;
-    const int year = child.birth.middle().year();
-    return study.settings.period.holds(year) && study.settings.covers(Series::Baptisms, year) &&
-           isWanted(child.gender, study.settings) && isWanted(legitimacyOf(child, study.settings), study.settings);
-}
-
 // How much one person holds: who holds nothing isn't counted.
 void countHolder(const Person& person, const Study& study, GivenNames& known, Taker& taker)
 {
     if (person.assisted.empty() || known.of(person).isSaint) return;
     qint32 held = 0, witnessed = 0;
     for (const Assistance* act : person.assisted) {
-        if (act->kind == parish::ActKind::Baptism && act->godparent && act->child && isCounted(*act->child, study))
+        if (act->kind == parish::ActKind::Baptism && act->godparent && act->child &&
+            isCountedBaptism(*act->child, study))
             ++held;
         if (act->kind != parish::ActKind::Marriage || act->godparent || !act->family) continue;
-        const parish::Date& day = act->family->marriage;
-        if (day.isKnown() && study.settings.period.holds(day.middle().year()) && isHere(act->family->place, study))
-            ++witnessed;
+        if (marriageIs(*act->family, study) == MarriageIs::Counted) ++witnessed;
     }
     if (held > 0) taker.count({Held, {held}}, {&person, nullptr});
     if (witnessed > 0) taker.count({Witnessed, {witnessed}}, {&person, nullptr});
@@ -232,6 +194,8 @@ void fill(const Study& study, const Share& share, Taker& taker)
         countBaptism(person, study, known, taker);
         countHolder(person, study, known, taker);
     }
+    for (const Family& family : familiesOf(study, share))
+        countWitnesses(family, study, known, taker);
 }
 
 struct Holdings
@@ -333,6 +297,33 @@ Table traits(const Reading& reading, const Settings& settings)
     return table;
 }
 
+Table traitsOfWitnesses(const Reading& reading, const Settings& settings)
+{
+    Table table{"testemunhas",
+                "Quem são as testemunhas dos casamentos, por período",
+                {textColumn("Casamentos"), countColumn("Testemunhas"), decimalColumn("Mulheres", "%"),
+                 decimalColumn("Parentes", "%"), decimalColumn("Só do noivo", "%"), decimalColumn("Só da noiva", "%"),
+                 decimalColumn("Do mesmo lugar", "%"), decimalColumn("Clérigos", "%")}};
+    for (const auto& [period, name] : periodsOf(reading, {Witnesses}, settings)) {
+        const At at = {period, any, any, any};
+        const Reading::Part known = reading.within(WitnessKin, 1, Unrelated, OfBoth + 1, at);
+        const auto kin = [&](qint32 from, qint32 until) {
+            return percent(reading.within(WitnessKin, 1, from, until + 1, at), known);
+        };
+        const auto holding = [&](quint16 count) {
+            return percent(reading.part(count, {at[0], 1, any, any}), reading.part(count, at));
+        };
+        const auto women = reading.part(Witnesses, {period, numbered(parish::Gender::Female), any, any});
+        table.rows.push_back({report::text(name), counted(reading.part(Witnesses, at)),
+                              percent(women, reading.part(Witnesses, at)), kin(OfGroom, OfBoth), kin(OfGroom, OfGroom),
+                              kin(OfBride, OfBride), holding(WitnessPlace), holding(WitnessClergy)});
+    }
+    table.notes = {
+        "Parentes: entre as de parentesco conhecido com o noivo ou a noiva. Mesmo lugar: entre aquelas de que "
+        "se conhece a residência, e a do casal."};
+    return table;
+}
+
 Table kinship(const Reading& reading)
 {
     Table table{"parentesco",
@@ -365,6 +356,7 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return {traits(reading, settings),
             kinship(reading),
             perChild(reading),
+            traitsOfWitnesses(reading, settings),
             concentration(reading),
             distribution(reading, Held, "afilhados", "Afilhados por padrinho ou madrinha", "Padrinhos e madrinhas",
                          "Afilhados"),

@@ -10,7 +10,12 @@ Reading::At labelled(const QString& name, qint32 code);
 // "Carpinteiro", "Trabalhador de e… (312)", "(312)" for one without a name; "por dizer" for 0 without a name.
 QString labelOf(const Reading::At& at);
 
+// A name of up to twenty letters, where no code is behind it.
+Reading::At labelledByName(const QString& name);
+QString toldName(const Reading::At& at); // "Confraria das almas…" for a longer one, "por dizer" for none
+
 // A row for each label of a count, the most frequent first, with its share.
-Table byLabel(const Reading& reading, quint16 count, Table table, const QString& labels, const QString& amounts);
+Table byLabel(const Reading& reading, quint16 count, Table table, const QString& labels, const QString& amounts,
+              QString (*name)(const Reading::At&) = labelOf);
 
 } // namespace study::indicators

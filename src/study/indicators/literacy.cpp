@@ -1,10 +1,13 @@
 // Who could sign, among those of whom it is told.
+#include "study/indicators/labels.h"
 #include "study/indicators/marriages.h"
 #include "study/indicators/other.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <map>
 
 namespace study::indicators {
 
@@ -17,7 +20,8 @@ using parish::Signature;
 using report::Chart;
 using report::Figure;
 
-// Of the dimensions: period or cohort, sex, whether the person signs; of ByLevel the level.
+// Of the dimensions: period or cohort, sex, how the person signs; of ByLevel the level. Of roles and professions the
+// label alone: each has three counts, one for each way to sign.
 enum Count : quint16
 {
     AtMarriage,
@@ -25,12 +29,19 @@ enum Count : quint16
     EverySignature,
     ByCohort,
     ByLevel,
+    RoleUnable, // each person once in each role, by the best level in it
+    RoleMark,
+    RoleSigns,
+    ProfessionUnable, // each person once, by the best level
+    ProfessionMark,
+    ProfessionSigns,
     NoLevel,
     NoDate,
     OutOfPeriod,
     NoSex,
     NoBirth,
-    UnsignedMarriage
+    UnsignedMarriage,
+    NoProfession
 };
 
 constexpr const char* counts[] = {"ao casamento",
@@ -38,25 +49,34 @@ constexpr const char* counts[] = {"ao casamento",
                                   "assinaturas",
                                   "coorte de nascimento",
                                   "nível",
+                                  "não sabe, por função",
+                                  "cruz, por função",
+                                  "assina, por função",
+                                  "não sabe, por profissão",
+                                  "cruz, por profissão",
+                                  "assina, por profissão",
                                   "sem nível",
                                   "sem data",
                                   "fora do período",
                                   "sexo por determinar",
                                   "sem nascimento",
-                                  "casamento sem assinatura"};
+                                  "casamento sem assinatura",
+                                  "sem profissão"};
 
 constexpr Reason leftOut[] = {{NoLevel, "assinatura sem nível"},
                               {NoDate, reasons::noDate},
                               {OutOfPeriod, reasons::outsidePeriod},
                               {NoSex, reasons::unknownSex},
                               {NoBirth, "só por coorte de nascimento: sem nascimento"},
-                              {UnsignedMarriage, "cônjuge sem assinatura registada no dia do casamento"}};
+                              {UnsignedMarriage, "cônjuge sem assinatura registada no dia do casamento"},
+                              {NoProfession, "só por profissão: sem profissão conhecida"}};
 
 constexpr qint32 any = Reading::any;
 
 enum Signs : qint32
 {
-    DoesNotSign,
+    Unable,
+    Mark, // a cross, or another sign
     DoesSign
 };
 
@@ -85,6 +105,7 @@ public:
         if (person_.gender == Gender::Undetermined) return add(NoSex);
         const Signature* first = nullptr;
         int best = 0;
+        std::map<QString, int> bestInRole;
         for (const Signature& row : person_.signatures) {
             if (const auto reason = whyNot(row, settings_)) {
                 add(*reason);
@@ -95,8 +116,13 @@ public:
             add(ByLevel, {period, sex(), *row.level});
             best = first ? std::max(best, *row.level) : *row.level;
             if (!first || row.date.middle() < first->date.middle()) first = &row;
+            int& inRole = bestInRole.try_emplace(roleOf(row), *row.level).first->second;
+            inRole = std::max(inRole, *row.level);
         }
         if (!first) return;
+        for (const auto& [role, level] : bestInRole)
+            add(waysTo(RoleUnable, level), labelledByName(role));
+        countProfession(*first, best);
         add(Ever, {periodOf(first->date.year(), settings_), sex(), signs(best)});
         if (!person_.birth.isKnown()) return add(NoBirth);
         add(ByCohort, {periodOf(person_.birth.year(), settings_), sex(), signs(best)});
@@ -119,8 +145,42 @@ private:
                 add(UnsignedMarriage, {}, row->family);
         }
     }
+    // As the card has it, else by the acts of that day.
+    QString roleOf(const Signature& row) const
+    {
+        if (const QString& told = study_.parish.roleIn(row); !told.isEmpty()) return told.toLower();
+        const auto isThatDay = [&row](const Date& date) { return date.isKnown() && date.day == row.date.day; };
+        const bool man = person_.gender == Gender::Male;
+        for (const parish::Membership* union_ : person_.unions) {
+            if (!union_->family) continue;
+            if (isThatDay(union_->family->marriage)) return man ? "noivo" : "noiva";
+            for (const Person* child : union_->family->children)
+                if (isThatDay(child->birth)) return man ? "pai" : "mãe";
+        }
+        for (const parish::Assistance* act : person_.assisted)
+            if (isThatDay(act->date)) return act->godparent ? (man ? "padrinho" : "madrinha") : "testemunha";
+        return {};
+    }
+    // The one told nearest to the first signature: who can sign at one time could at others.
+    void countProfession(const Signature& first, int level) const
+    {
+        const parish::Profession* nearest = nullptr;
+        const auto distance = [&first](const parish::Profession& row) {
+            return std::abs(row.date.middle().daysTo(first.date.middle()));
+        };
+        for (const parish::Profession& row : person_.professions)
+            if (row.code && row.date.isKnown() && (!nearest || distance(row) < distance(*nearest))) nearest = &row;
+        if (!nearest) return add(NoProfession);
+        add(waysTo(ProfessionUnable, level),
+            labelled(study_.parish.catalogue().professions.value(*nearest->code), *nearest->code));
+    }
+    Count waysTo(Count unable, int level) const { return static_cast<Count>(unable + signs(level)); }
     qint32 sex() const { return static_cast<qint32>(person_.gender); }
-    qint32 signs(int level) const { return level >= settings_.signsFrom ? DoesSign : DoesNotSign; }
+    qint32 signs(int level) const
+    {
+        if (level >= settings_.signsFrom) return DoesSign;
+        return level >= settings_.marksFrom ? Mark : Unable;
+    }
     void add(Count which, const Reading::At& at = {}, const parish::Family* family = nullptr) const
     {
         taker_.count({which, at}, {&person_, family});
@@ -166,6 +226,8 @@ Table shareTable(const Reading& reading, const Settings& settings, const Shown& 
     Table table{shown.id, shown.title, {textColumn(shown.rows)}, {}, {}};
     for (const Sex& sex : sexes) {
         table.columns.push_back(countColumn(QString(sex.name) + ", nº"));
+        table.columns.push_back(countColumn(QString(sex.name) + ", não sabem"));
+        table.columns.push_back(countColumn(QString(sex.name) + ", cruz ou sinal"));
         table.columns.push_back(countColumn(QString(sex.name) + ", assinam"));
         table.columns.push_back(decimalColumn(QString(sex.name) + ", assinam em 100", "%"));
     }
@@ -176,25 +238,55 @@ Table shareTable(const Reading& reading, const Settings& settings, const Shown& 
             const Reading::Part all = reading.part(shown.count, {period, code, any, any});
             const Reading::Part part = reading.part(shown.count, {period, code, DoesSign, any});
             row.push_back(counted(all));
+            row.push_back(counted(reading.part(shown.count, {period, code, Unable, any})));
+            row.push_back(counted(reading.part(shown.count, {period, code, Mark, any})));
             row.push_back(counted(part));
             row.push_back(percent(part, all));
         }
         table.rows.push_back(row);
     }
-    table.notes << QString(
-                       "Assina quem tem nível %1 ou mais. A base são as pessoas de quem há assinatura registada: não "
-                       "ter nenhuma não é não saber assinar.")
-                       .arg(settings.signsFrom);
+    table.notes << QString("Assina quem tem nível %1 ou mais; faz cruz ou sinal quem tem menos e pelo menos %2. A base "
+                           "são as pessoas de quem há assinatura registada: não ter nenhuma não é não saber assinar.")
+                       .arg(settings.signsFrom)
+                       .arg(settings.marksFrom);
     return table;
 }
 
-Table levelTable(const Reading& reading)
+// Of each label the three ways to sign, which are counts that follow each other; the most frequent first.
+Table labelTable(const Reading& reading, quint16 unable, Table table, const QString& labels,
+                 QString (*name)(const Reading::At&))
 {
-    Table table{"niveis", "Assinaturas por nível", {textColumn("Nível")}, {}, {}};
+    table.columns = {textColumn(labels),           countColumn("Pessoas"), countColumn("Não sabem"),
+                     countColumn("Cruz ou sinal"), countColumn("Assinam"), decimalColumn("Assinam em 100", "%")};
+    using Ways = std::array<Reading::Part, 3>;
+    std::map<Reading::At, Ways> all;
+    for (std::size_t way = 0; way < Ways().size(); ++way)
+        for (const Reading::Part& part : reading.cellsOf(static_cast<quint16>(unable + way)))
+            all[part.keys.front().at][way] = part;
+    for (const auto& [at, ways] : all) {
+        Reading::Part whole = ways[Unable];
+        whole += ways[Mark];
+        whole += ways[DoesSign];
+        table.rows.push_back({report::text(name(at)), counted(whole), counted(ways[Unable]), counted(ways[Mark]),
+                              counted(ways[DoesSign]), percent(ways[DoesSign], whole)});
+    }
+    const auto isMore = [](const std::vector<Cell>& one, const std::vector<Cell>& other) {
+        return std::get<double>(one[1].value) > std::get<double>(other[1].value);
+    };
+    std::stable_sort(table.rows.begin(), table.rows.end(), isMore);
+    return table;
+}
+
+Table levelTable(const Reading& reading, const Settings& settings)
+{
+    Table table{"niveis", "Assinaturas por nível", {textColumn("Nível"), textColumn("Conta como")}, {}, {}};
     for (const Sex& sex : sexes)
         table.columns.push_back(countColumn(sex.name));
     for (const qint32 level : reading.values(ByLevel, 2)) {
-        std::vector<Cell> row = {report::text(QString::number(level))};
+        const char* way = level >= settings.signsFrom   ? "assina"
+                          : level >= settings.marksFrom ? "cruz ou sinal"
+                                                        : "não sabe";
+        std::vector<Cell> row = {report::text(QString::number(level)), report::text(way)};
         for (const Sex& sex : sexes)
             row.push_back(counted(reading.part(ByLevel, {any, static_cast<qint32>(sex.gender), level, any})));
         table.rows.push_back(row);
@@ -240,7 +332,23 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     for (const Shown& shown : tables)
         all.emplace_back(shareTable(reading, settings, shown));
     if (const Chart chart = trend(reading, settings); !chart.isEmpty()) all.emplace_back(chart);
-    all.emplace_back(levelTable(reading));
+    all.emplace_back(labelTable(reading, RoleUnable,
+                                {"funcoes",
+                                 "Assinam, pela função no acto",
+                                 {},
+                                 {},
+                                 {"Cada pessoa conta uma vez em cada função, pelo melhor nível nela. Onde a ficha não "
+                                  "diz a função, é a que a pessoa tem nos actos desse dia."}},
+                                "Função", toldName));
+    all.emplace_back(labelTable(reading, ProfessionUnable,
+                                {"profissoes",
+                                 "Assinam, pela profissão",
+                                 {},
+                                 {},
+                                 {"A profissão dita mais perto da primeira assinatura; cada pessoa conta uma vez, pelo "
+                                  "melhor nível."}},
+                                "Profissão", labelOf));
+    all.emplace_back(levelTable(reading, settings));
     all.emplace_back(leftOutTable(reading, leftOut));
     return all;
 }
@@ -253,7 +361,8 @@ const Subject literacy = {
     "Alfabetização pelas assinaturas",
     "Contam-se as pessoas de quem há assinatura com nível: ao casar, no dia do casamento; e em toda a vida, uma vez, "
     "pelo "
-    "melhor nível. O nível a partir do qual se assina é o do estudo. Quem não tem assinatura registada não conta como "
+    "melhor nível. O nível a partir do qual se assina, e o da cruz ou sinal, são os do estudo. Quem não tem assinatura "
+    "registada não conta como "
     "quem não sabe assinar.",
     counts,
     leftOut,

@@ -1,10 +1,13 @@
 // Who moved: residences, deaths elsewhere, and those who vanish.
+#include "study/indicators/labels.h"
 #include "study/indicators/marriages.h"
 #include "study/indicators/other.h"
+#include "study/indicators/packedName.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace study::indicators {
@@ -22,6 +25,8 @@ enum Count : quint16
     Owners,     // whose, how many places
     Moves,      // whose, from which class of places, to which
     Days,       // whose: between the first residence and the last
+    PlaceMoves, // from which place, to which, by their numbers; a site is taken as of its locality
+    PlaceNames, // the number of a place, and the letters of its name: once for each end of a move
     DeathPlace, // cohort, sex, where
     Fate,       // cohort, sex, what became of who was seen to the 15th birthday
     NoPlace,
@@ -35,6 +40,8 @@ enum Count : quint16
 constexpr const char* counts[] = {"com residência",
                                   "mudanças",
                                   "dias",
+                                  "mudanças entre lugares",
+                                  "nomes dos lugares",
                                   "lugar do óbito",
                                   "destino",
                                   "sem lugar",
@@ -71,6 +78,35 @@ enum Became : qint32
     Lost
 };
 
+constexpr int digitsOfLocality = 8;
+constexpr qint32 numbersOfALevel = 8; // of the seven letters, and of no letter
+
+// The locality of a site; any other place as it is.
+parish::Place localityOf(const parish::Place& place)
+{
+    if (place.level != u'S') return place;
+    return {place.code.left(digitsOfLocality), u'L'};
+}
+
+// One for each place whose code has no more digits than a locality's.
+qint32 numberOf(const parish::Place& place)
+{
+    static const QString levels = "PZDCFLS";
+    const auto level = static_cast<qint32>(levels.indexOf(place.level)) + 1;
+    return place.code.left(digitsOfLocality).toInt() * numbersOfALevel + level;
+}
+
+void countMove(const Residence& from, const Residence& to, const Study& study, const Who& who, Taker& taker)
+{
+    const parish::Place one = localityOf(from.place), other = localityOf(to.place);
+    if (one == other) return;
+    taker.count({PlaceMoves, {numberOf(one), numberOf(other)}}, who);
+    for (const parish::Place& place : {one, other}) {
+        const Reading::At name = labelled(study.parish.catalogue().name(place), 0);
+        taker.count({PlaceNames, {numberOf(place), name[0], name[1], name[2]}}, who);
+    }
+}
+
 void countResidences(std::span<const Residence> rows, Whose whose, const Study& study, const Who& who, Taker& taker)
 {
     std::vector<const Residence*> dated;
@@ -96,6 +132,7 @@ void countResidences(std::span<const Residence> rows, Whose whose, const Study& 
                      {whose, static_cast<qint32>(originOf(dated[i - 1]->place, study)),
                       static_cast<qint32>(originOf(dated[i]->place, study))}},
                     who);
+        countMove(*dated[i - 1], *dated[i], study, who, taker);
     }
     const qint64 days = dated.front()->date.middle().daysTo(dated.back()->date.middle());
     if (days > 0) taker.count({Days, {whose}}, who, days);
@@ -187,6 +224,68 @@ Table moves(const Reading& reading)
     return table;
 }
 
+// "03089901" of numberOf(): the codes of all levels have pairs of digits.
+QString codeOf(qint32 number)
+{
+    const QString digits = QString::number(number / numbersOfALevel);
+    return digits.size() % 2 == 0 ? digits : '0' + digits;
+}
+
+QString nameOfPlace(const Reading::At& at)
+{
+    QString name = unpacked({at[1], at[2], at[3]});
+    if (name.size() >= lettersOfAName) name += u'…';
+    return name.isEmpty() ? codeOf(at[0]) : name;
+}
+
+// The places with most moves, from or to, by their numbers; with the code where two have one name.
+std::vector<std::pair<qint32, QString>> placesOf(const Reading& reading)
+{
+    static constexpr std::size_t most = 20;
+    std::vector<Reading::Part> parts = reading.cellsOf(PlaceNames);
+    const auto isMore = [](const Reading::Part& one, const Reading::Part& other) { return one.n > other.n; };
+    std::stable_sort(parts.begin(), parts.end(), isMore);
+    if (parts.size() > most) parts.resize(most);
+    std::map<QString, int> namesakes;
+    for (const Reading::Part& part : parts)
+        ++namesakes[nameOfPlace(part.keys.front().at)];
+    std::vector<std::pair<qint32, QString>> places;
+    std::set<qint32> seen; // joined parishes may name a place differently
+    for (const Reading::Part& part : parts) {
+        const Reading::At& at = part.keys.front().at;
+        if (!seen.insert(at[0]).second) continue;
+        const QString name = nameOfPlace(at);
+        places.emplace_back(at[0], namesakes[name] > 1 ? QString("%1 (%2)").arg(name, codeOf(at[0])) : name);
+    }
+    return places;
+}
+
+Table movesOfPlaces(const Reading& reading)
+{
+    Table table{"mudancas-entre-lugares",
+                "De que lugar (linhas) para que lugar (colunas) se mudaram",
+                {textColumn("De")},
+                {},
+                {"Pessoas e famílias. Um sítio conta como do seu lugar. Os vinte lugares com mais mudanças; os totais "
+                 "são de todos."}};
+    const auto places = placesOf(reading);
+    if (places.empty()) return table;
+    for (const auto& place : places)
+        table.columns.push_back(countColumn(place.second));
+    table.columns.push_back(countColumn("Todos os lugares"));
+    const auto row = [&](const QString& name, qint32 from) {
+        std::vector<Cell> cells = {report::text(name)};
+        for (const auto& to : places)
+            cells.push_back(counted(reading.part(PlaceMoves, {from, to.first, any, any})));
+        cells.push_back(counted(reading.part(PlaceMoves, {from, any, any, any})));
+        table.rows.push_back(cells);
+    };
+    for (const auto& from : places)
+        row(from.second, from.first);
+    row("Todos os lugares", any);
+    return table;
+}
+
 struct Sex
 {
     Gender gender;
@@ -212,8 +311,9 @@ Table byCohort(const Reading& reading, const Settings& settings, quint16 count, 
     }
     for (const Sex& sex : sexes)
         for (const auto& [cohort, name] : periodsOf(reading, {count}, settings)) {
-            const auto part = [&](qint32 code) {
-                return reading.part(count, {cohort, static_cast<qint32>(sex.gender), code, any});
+            const qint32 first = cohort;
+            const auto part = [&reading, &sex, count, first](qint32 code) {
+                return reading.part(count, {first, static_cast<qint32>(sex.gender), code, any});
             };
             if (part(any).n == 0) continue;
             std::vector<Cell> row = {report::text(QString("%1, %2").arg(sex.name, name.toLower())), counted(part(any))};
@@ -237,7 +337,9 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
         {},
         {"Perdidos: nem casamento nem óbito na base. São um máximo dos que saíram: entre eles há óbitos que "
          "os livros não têm."}};
-    return {residences(reading), moves(reading),
+    return {residences(reading),
+            moves(reading),
+            movesOfPlaces(reading),
             byCohort(reading, settings, DeathPlace, deaths,
                      {{Here, "Na paróquia", false}, {Away, "Fora da paróquia", true}}),
             byCohort(reading, settings, Fate, fates,

@@ -95,11 +95,12 @@ void countAges(const parish::Person& child, const std::array<Parent, 2>& parents
     };
     for (std::size_t i = 0; i < ages.size(); ++i) {
         const QDate day = parish::birthday(child.birth, ages[i]);
-        if (child.death.isKnown() && child.death.middle() < day) return;
+        if (child.death.isKnown() && child.death.middle() < day) break;
         count(day, static_cast<qint32>(i));
     }
     const parish::Date marriage = firstMarriage(child);
-    if (marriage.isKnown() && marriage.middle() > child.birth.middle()) count(marriage.middle(), atMarriage);
+    const bool isAlive = !child.death.isKnown() || marriage.middle() <= child.death.middle();
+    if (marriage.isKnown() && marriage.middle() > child.birth.middle() && isAlive) count(marriage.middle(), atMarriage);
 }
 
 // From the child's birth on, whether the child lives or not.

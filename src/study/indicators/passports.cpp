@@ -18,10 +18,11 @@ using report::Figure;
 
 enum Count : quint16
 {
-    Issued,   // period, sex
+    Issued,   // period, sex, year
     AgeGroup, // sex, completed years
     State,    // sex, state
     Country,  // label
+    Zone,     // label: where the destination is told so far
     CanSign,  // sex, whether
     Returns,  // sex, whether
     Height,   // cohort, cm: men of 21 and more
@@ -33,10 +34,20 @@ enum Count : quint16
     NoSignature
 };
 
-constexpr const char* counts[] = {
-    "passaportes",    "idade",       "estado",        "destino",         "assina",
-    "regressa",       "altura",      "sem data",      "fora do período", "sexo por determinar",
-    "sem nascimento", "sem destino", "sem assinatura"};
+constexpr const char* counts[] = {"passaportes",
+                                  "idade",
+                                  "estado",
+                                  "destino",
+                                  "zona",
+                                  "assina",
+                                  "regressa",
+                                  "altura",
+                                  "sem data",
+                                  "fora do período",
+                                  "sexo por determinar",
+                                  "sem nascimento",
+                                  "sem destino",
+                                  "sem assinatura"};
 
 constexpr Reason leftOut[] = {{NoDate, reasons::noDate},
                               {OutOfPeriod, reasons::outsidePeriod},
@@ -47,6 +58,7 @@ constexpr Reason leftOut[] = {{NoDate, reasons::noDate},
 
 constexpr qint32 any = Reading::any;
 constexpr int fullyGrown = 21;
+constexpr int longestPregnancy = 300; // days: a child born sooner may have been left behind
 
 enum CivilState : qint32
 {
@@ -68,7 +80,7 @@ CivilState stateAt(const Person& person, const Date& day, const Study& study)
     return state;
 }
 
-// By an own marriage, residence or death in the parish.
+// By an own marriage, residence, assistance or death in the parish, or a child that was conceived since.
 bool isSeenHereAfter(const Person& person, const Date& day, const Study& study)
 {
     const parish::Home& home = study.parish.home();
@@ -79,8 +91,20 @@ bool isSeenHereAfter(const Person& person, const Date& day, const Study& study)
     if (isLater(person.death, person.deathPlace, false)) return true;
     for (const parish::Residence& row : person.residences)
         if (isLater(row.date, row.place, true)) return true;
-    for (const parish::Membership* row : person.unions)
-        if (row->family && isLater(row->family->marriage, row->family->place, false)) return true;
+    for (const parish::Assistance* act : person.assisted) {
+        const parish::Place place = act->child    ? act->child->birthPlace
+                                    : act->family ? act->family->place
+                                                  : parish::Place();
+        if (isLater(act->date, place, false)) return true;
+    }
+    for (const parish::Membership* row : person.unions) {
+        if (!row->family) continue;
+        if (isLater(row->family->marriage, row->family->place, false)) return true;
+        for (const Person* child : row->family->children)
+            if (isLater(child->birth, child->birthPlace, false) &&
+                parish::daysBetween(day, child->birth) > longestPregnancy)
+                return true;
+    }
     return false;
 }
 
@@ -101,7 +125,7 @@ void count(const Person& person, const Passport& passport, const Study& study, T
     if (!settings.period.holds(day.year())) return add(OutOfPeriod);
     if (person.gender == Gender::Undetermined) return add(NoSex);
     const auto sex = static_cast<qint32>(person.gender);
-    add(Issued, {periodOf(day.year(), settings), sex});
+    add(Issued, {periodOf(day.year(), settings), sex, day.year()});
     add(State, {sex, stateAt(person, day, study)});
     add(Returns, {sex, isSeenHereAfter(person, day, study) ? 1 : 0});
     if (passport.destination.isKnown()) {
@@ -110,6 +134,8 @@ void count(const Person& person, const Passport& passport, const Study& study, T
         const parish::Place country{passport.destination.code.left(digitsOfCountry), u'P'};
         const parish::Place& shown = isOfCountry ? country : passport.destination;
         add(Country, labelled(study.parish.catalogue().name(shown), shown.code.toInt()));
+        if (isOfCountry)
+            add(Zone, labelled(study.parish.catalogue().name(passport.destination), passport.destination.code.toInt()));
     } else {
         add(NoDestination);
     }
@@ -178,6 +204,15 @@ Table byPeriod(const Reading& reading, const Settings& settings)
     return bothSexes({"periodos", "Passaportes por período", {}, {}, {}}, "Período", lines);
 }
 
+Table byYear(const Reading& reading)
+{
+    std::vector<Line> lines;
+    for (const qint32 year : reading.values(Issued, 2))
+        lines.push_back({QString::number(year), reading.part(Issued, {any, sexes[0].code, year, any}),
+                         reading.part(Issued, {any, sexes[1].code, year, any})});
+    return bothSexes({"anos", "Passaportes por ano", {}, {}, {}}, "Ano", lines);
+}
+
 Table byAge(const Reading& reading)
 {
     static constexpr struct
@@ -223,10 +258,13 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
 {
     const Reading reading(tally);
     return {byPeriod(reading, settings),
+            byYear(reading),
             byAge(reading),
             byCode(reading, State, {"estados", "Estado civil no passaporte", {}, {}, {}}, "Estado",
                    {{NoMarriage, "sem casamento conhecido"}, {Married, "casados"}, {Widowed, "viúvos"}}),
             byLabel(reading, Country, {"destinos", "Passaportes por destino", {}, {}, {}}, "Destino", "Passaportes"),
+            byLabel(reading, Zone, {"zonas", "Passaportes por zona de destino, onde é dita", {}, {}, {}}, "Zona",
+                    "Passaportes"),
             byCode(reading, CanSign, {"assinam", "Assinam, entre os de assinatura conhecida", {}, {}, {}}, "Assinatura",
                    {{1, "assinam"}, {0, "não assinam"}}),
             byCode(reading, Returns, {"regressos", "Vistos na paróquia depois do passaporte", {}, {}, {}}, "Regresso",
@@ -242,9 +280,8 @@ const Subject passports = {
     "Outros",
     "Passaportes",
     "Contam-se os passaportes datados, um por um; a altura uma vez, no último passaporte de homens já feitos. O estado "
-    "civil é o que a base prova nesse dia. Regressou quem se vê depois na paróquia por casamento, residência ou óbito: "
-    "é "
-    "um mínimo.",
+    "civil é o que a base prova nesse dia. Regressou quem se vê depois na paróquia num acto seu, ou de um filho que "
+    "concebeu depois: é um mínimo.",
     counts,
     leftOut,
     fill,

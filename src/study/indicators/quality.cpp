@@ -88,7 +88,9 @@ void countFamily(const parish::Family& family, const Study& study, Taker& taker)
     const auto found = std::find_if(classes.begin(), classes.end(),
                                     [&name](const char* known) { return name == QString::fromUtf8(known); });
     const bool differs = family.type && *family.type != of.computedType;
-    taker.count({Families, {static_cast<qint32>(found - classes.begin()), differs ? 1 : 0}}, {nullptr, &family});
+    const qint32 decade = family.marriage.isKnown() ? decadeOf(family.marriage) : 0;
+    taker.count({Families, {static_cast<qint32>(found - classes.begin()), differs ? 1 : 0, decade}},
+                {nullptr, &family});
     countSpouses(family, study, taker);
     countConfinements(family, taker);
     countFirstBirth(family, taker);

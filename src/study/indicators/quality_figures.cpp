@@ -143,6 +143,23 @@ Table families(const Reading& reading)
     return table;
 }
 
+Table familiesByDecade(const Reading& reading)
+{
+    Table table{"familias-por-anos", "Famílias por classe, por dez anos do casamento", {textColumn("Anos")}};
+    const std::vector<qint32> found = reading.values(Families, 0);
+    if (found.empty()) return table;
+    for (const qint32 which : found)
+        table.columns.push_back(countColumn(QString::fromUtf8(classes.at(static_cast<std::size_t>(which)))));
+    table.columns.push_back(countColumn("Todas"));
+    for (const qint32 decade : reading.values(Families, 2)) {
+        table.rows.push_back({report::text(decade == 0 ? QString("sem data do casamento") : decadeTold(decade))});
+        for (const qint32 which : found)
+            table.rows.back().push_back(counted(reading.part(Families, {which, any, decade, any})));
+        table.rows.back().push_back(counted(reading.part(Families, {any, any, decade, any})));
+    }
+    return table;
+}
+
 std::optional<double> whipple(const Reading& reading, quint16 count)
 {
     std::map<int, qint64> ages;
@@ -227,8 +244,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings&)
     std::vector<qint32> rows = decades(reading);
     const report::Chart chart = chartOf(reading, rows);
     if (!rows.empty()) rows.push_back(any);
-    return {births(reading, rows), links(reading, rows), chart,
-            families(reading),     signs(reading),       leftOutTable(reading, reasons)};
+    return {births(reading, rows), links(reading, rows),          chart, families(reading), familiesByDecade(reading),
+            signs(reading),        leftOutTable(reading, reasons)};
 }
 
 } // namespace study::indicators::quality_counts

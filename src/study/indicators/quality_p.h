@@ -15,7 +15,8 @@ enum Count : quint16
     Confinements, // children of a family within three days are one; exact births alone
     Twins,        // confinements of more than one
     FirstBirths,  // behind an exact marriage; 1 where it came before eight months
-    Families,     // no decade: place of the class in `classes`; 1 where the stored type isn't the computed one
+    Families,     // place of the class in `classes`; 1 where the stored type isn't the computed one; decade of the
+                  // marriage, 0 where its date isn't known
     People,       // no decade: 1 for who has neither a family of origin nor one of the own; gender
     AgesAtDeath,  // no decade: the age, as told
     AgesAtMarriage,

@@ -1,6 +1,7 @@
 #include "study/indicators/settingEntries.h"
 
 #include "platform/jet/error.h"
+#include "study/indicators/causes.h"
 #include "study/indicators/settingWords.h"
 
 #include <algorithm>
@@ -186,6 +187,75 @@ bool takeLevel(int& into, const json& value)
     return level.has_value();
 }
 
+bool takeYear(int& into, const json& value)
+{
+    const auto year = wholeOf(value, 0, lastYear);
+    if (year) into = static_cast<int>(*year);
+    return year.has_value();
+}
+
+bool takeText(QString& into, const json& value)
+{
+    if (!value.is_string()) return false;
+    into = QString::fromStdString(value.get_ref<const std::string&>());
+    return true;
+}
+
+using Baptisms = std::map<parish::PersonNumber, BaptismDays>;
+
+// [[12, "1750-03-01", "1750-03-04"], …]: the number of the child, its birth, its baptism.
+json toldOf(const Baptisms& baptisms)
+{
+    json told = json::array();
+    for (const auto& [child, days] : baptisms)
+        told.push_back(json::array({parish::value(child), days.birth.toString(Qt::ISODate).toStdString(),
+                                    days.baptism.toString(Qt::ISODate).toStdString()}));
+    return told;
+}
+
+bool takeDay(QDate& into, const json& value)
+{
+    if (!value.is_string()) return false;
+    into = QDate::fromString(QString::fromStdString(value.get_ref<const std::string&>()), Qt::ISODate);
+    return into.isValid();
+}
+
+bool takeBaptisms(Baptisms& into, const json& value)
+{
+    if (!value.is_array()) return false;
+    Baptisms baptisms;
+    for (const json& one : value) {
+        BaptismDays days;
+        if (!one.is_array() || one.size() != 3) return false;
+        const auto child = wholeOf(one[0], 1, std::numeric_limits<qint64>::max());
+        if (!child || !takeDay(days.birth, one[1]) || !takeDay(days.baptism, one[2])) return false;
+        baptisms[parish::PersonNumber(*child)] = days;
+    }
+    into = std::move(baptisms);
+    return true;
+}
+
+json toldOf(const QMap<QString, QString>& causes)
+{
+    json told = json::object();
+    for (auto it = causes.cbegin(); it != causes.cend(); ++it)
+        told[it.key().toStdString()] = it.value().toStdString();
+    return told;
+}
+
+bool takeCauses(QMap<QString, QString>& into, const json& value)
+{
+    if (!value.is_object()) return false;
+    QMap<QString, QString> causes;
+    for (const auto& [beginning, id] : value.items()) {
+        QString cause;
+        if (!takeText(cause, id) || causeById(cause) < 0) return false;
+        causes.insert(QString::fromStdString(beginning), cause);
+    }
+    into = causes;
+    return true;
+}
+
 std::vector<Entry> countingEntries()
 {
     return {
@@ -243,6 +313,10 @@ std::vector<Entry> countingEntries()
          [](const Settings& s) { return QString::number(s.signsFrom); },
          [](const Settings& s) { return json(s.signsFrom); },
          [](Settings& s, const json& value) { return takeLevel(s.signsFrom, value); }},
+        {"sinal_desde", "nível a partir do qual se faz cruz ou sinal", Defines::Counting,
+         [](const Settings& s) { return QString::number(s.marksFrom); },
+         [](const Settings& s) { return json(s.marksFrom); },
+         [](Settings& s, const json& value) { return takeLevel(s.marksFrom, value); }},
     };
 }
 
@@ -264,6 +338,22 @@ std::vector<Entry> furtherEntries()
          [](const Settings& s) { return words::ofFiliations(s.filiations); },
          [](const Settings& s) { return toldOf(s.filiations); },
          [](Settings& s, const json& value) { return takeFiliations(s.filiations, value); }},
+        {"causas_de_morte", "palavras que dizem a causa de morte", Defines::Parish,
+         [](const Settings& s) { return words::ofCauses(s.causes); },
+         [](const Settings& s) { return toldOf(s.causes); },
+         [](Settings& s, const json& value) { return takeCauses(s.causes, value); }},
+        {"palavras_do_nascimento", "palavras das notas antes do dia do nascimento", Defines::Parish,
+         [](const Settings& s) { return words::ofNotes(s.birthWords); },
+         [](const Settings& s) { return json(s.birthWords.toStdString()); },
+         [](Settings& s, const json& value) { return takeText(s.birthWords, value); }},
+        {"palavras_do_baptismo", "palavras das notas antes do dia do baptismo", Defines::Parish,
+         [](const Settings& s) { return words::ofNotes(s.baptismWords); },
+         [](const Settings& s) { return json(s.baptismWords.toStdString()); },
+         [](Settings& s, const json& value) { return takeText(s.baptismWords, value); }},
+        {"lista_de_baptismos", "lista de nascimentos e baptismos", Defines::Parish,
+         [](const Settings& s) { return words::ofBaptisms(s.baptisms.size()); },
+         [](const Settings& s) { return toldOf(s.baptisms); },
+         [](Settings& s, const json& value) { return takeBaptisms(s.baptisms, value); }},
         {"nascimentos_em_falta", "parte dos nascimentos que falta nos livros", Defines::Showing,
          [](const Settings& s) { return words::ofShare(s.missingBirths); },
          [](const Settings& s) { return json(s.missingBirths); },
@@ -274,6 +364,10 @@ std::vector<Entry> furtherEntries()
          [](Settings& s, const json& value) {
              return takeOneOf(s.movingAverage, value, {5, 9, 11});
          }},
+        {"base_do_indice", "primeiro dos dez anos da base dos índices", Defines::Showing,
+         [](const Settings& s) { return words::ofBase(s.indexBase); },
+         [](const Settings& s) { return json(s.indexBase); },
+         [](Settings& s, const json& value) { return takeYear(s.indexBase, value); }},
         {"crises_fora_da_base", "anos de crise fora da base do índice", Defines::Showing,
          [](const Settings& s) { return words::ofYesNo(s.skipCrises); },
          [](const Settings& s) { return json(s.skipCrises); },

@@ -1,5 +1,6 @@
 #include "study/indicators/settingWords.h"
 
+#include "study/indicators/causes.h"
 #include "study/indicators/reading.h"
 
 #include <algorithm>
@@ -90,6 +91,32 @@ QString ofFiliations(const QHash<int, Legitimacy>& filiations)
 QString ofShare(double share)
 {
     return decimalComma(100 * share, 1).remove(QString(",0")) + " %";
+}
+
+QString ofCauses(const QMap<QString, QString>& causes)
+{
+    if (causes.isEmpty()) return "como é regra";
+    QStringList all;
+    for (auto it = causes.cbegin(); it != causes.cend(); ++it)
+        all << QString("%1: %2").arg(it.key(), nameOfCause(std::max(0, causeById(it.value()))));
+    return all.join("; ");
+}
+
+QString ofNotes(const QString& words)
+{
+    return words.trimmed().isEmpty() ? QString("não se lêem") : words.simplified();
+}
+
+QString ofBaptisms(std::size_t children)
+{
+    if (children == 0) return "a da BDP, se a tem"; // counts don't take it along
+    return children == 1 ? QString("1 criança") : QString("%1 crianças").arg(children);
+}
+
+QString ofBase(int firstYear)
+{
+    return firstYear == 0 ? QString("os primeiros dez anos seguidos")
+                          : QString("%1–%2").arg(firstYear).arg(firstYear + 9);
 }
 
 } // namespace study::indicators::words

@@ -17,5 +17,9 @@ QString ofGaps(const std::array<std::vector<YearSpan>, 4>& gaps);
 QString ofCodes(const QStringList& codes);
 QString ofFiliations(const QHash<int, Legitimacy>& filiations);
 QString ofShare(double share); // "5 %"
+QString ofCauses(const QMap<QString, QString>& causes);
+QString ofNotes(const QString& words);    // "não se lêem"
+QString ofBaptisms(std::size_t children); // "120 crianças"
+QString ofBase(int firstYear);            // "1750–1759", "os primeiros dez anos seguidos"
 
 } // namespace study::indicators::words

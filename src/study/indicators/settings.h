@@ -3,10 +3,13 @@
 
 #include "study/observation/unions.h"
 
+#include <QDate>
 #include <QHash>
+#include <QMap>
 #include <QString>
 
 #include <array>
+#include <map>
 #include <vector>
 
 namespace study::indicators {
@@ -44,6 +47,14 @@ enum class Which : quint8
     Illegitimate
 };
 
+// When a child was born and when it was baptised, from a list beside the BDP: both are valid.
+struct BaptismDays
+{
+    QDate birth = {}, baptism = {};
+
+    bool operator==(const BaptismDays&) const = default;
+};
+
 struct Settings
 {
     YearSpan period = {};               // of the events that count
@@ -64,6 +75,14 @@ struct Settings
     bool skipCrises = false;                // years of crisis stay out of the base of the crises' index
     QStringList neighbours = {};            // codes of the neighbouring parishes
     QHash<int, Legitimacy> filiations = {}; // code: what it counts as, where it isn't the default
+    // Lowest level of a signature that counts as a mark, "cruz ou sinal"; what is lower counts as "não sabe".
+    int marksFrom = 1;
+    int indexBase = 0; // first of the ten years whose mean is the 100 of an index; 0: the first ten without a gap
+    // The words of a card's notes behind which the day of the birth stands, or that of the baptism ("nasceu a; n.");
+    // the date of the card is that of the other act then. "": the notes aren't read.
+    QString birthWords = {}, baptismWords = {};
+    std::map<parish::PersonNumber, BaptismDays> baptisms = {}; // from a list, which goes before the notes
+    QMap<QString, QString> causes = {}; // beginning of a word: the cause of death that it tells; goes before the rule
 
     bool operator==(const Settings&) const = default;
 

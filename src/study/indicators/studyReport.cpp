@@ -111,7 +111,9 @@ Tallies talliesOf(const Study& study, const parish::Source& source, int threads,
     if (counts.isEnded()) throw parish::Snapshot::Interrupted{};
 
     const parish::Home& home = study.parish.home();
-    Tallies tallies{.parishes = {{.source = source, .settings = study.settings, .name = home.name, .code = home.code}}};
+    Settings settings = study.settings;
+    settings.baptisms.clear(); // counts tell how many, and never who
+    Tallies tallies{.parishes = {{.source = source, .settings = settings, .name = home.name, .code = home.code}}};
     for (std::size_t i = 0; i < known.size(); ++i)
         tallies.bySubject.emplace(known[i]->id, std::move(counts[i]));
     return tallies;

@@ -15,8 +15,9 @@ namespace study::indicators {
 // Asked now and then by the thread that calls, with the share that is done, from 0 to 1; false ends the counting.
 using GoesOn = std::function<bool(double done)>;
 
-// All subjects of one parish, on as many threads as are given (one at least). Same digits whatever their number. Throws
-// parish::Snapshot::Interrupted where goesOn answered false, and what a subject's fill() throws.
+// All subjects of one parish, without the list of baptisms of its settings, which is of people; on as many threads as
+// are given (one at least). Same digits whatever their number. Throws parish::Snapshot::Interrupted where goesOn
+// answered false, and what a subject's fill() throws.
 Tallies talliesOf(const Study& study, const parish::Source& source, int threads = 1, const GoesOn& goesOn = {},
                   std::span<const Subject* const> known = subjects());
 

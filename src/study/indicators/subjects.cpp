@@ -30,7 +30,8 @@ std::span<const Subject* const> subjects()
         &infantMortality, &endogenousMortality, &childhoodMortality, &adultMortality, &maternalMortality, &ageAtDeath,
         &orphanhood, &seasonOfDeaths, &mortalityCrises, &causesOfDeath, &lastSacraments,
         // other
-        &annualSeries, &mobility, &passports, &literacy, &professions, &bequests, &godparenthood, &givenNames,
+        &annualSeries, &mobility, &passports, &literacy, &professions, &bequests, &baptismDelay, &godparenthood,
+        &givenNames,
         // clang-format on
     };
     return all;

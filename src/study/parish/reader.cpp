@@ -184,7 +184,7 @@ void Reader::readPeople()
                        "dataobito, dobitofixa, localobito, tipolocalobito, inicioobs, fimobs, famorig, filiacao, "
                        "idadepai, idademae, estadocivilpai, estadocivilmae, idadeobito, estadoobito, sacramentos, "
                        "classparoquial, menor, testam, escrit, testamenteiro, altura, primpadrebapt, funcprimpbapt, "
-                       "segpadrebapt, funcsegpbapt, primpadreobito, funcprimpobito, rpBapt, rpObi, causa "
+                       "segpadrebapt, funcsegpbapt, primpadreobito, funcprimpobito, rpBapt, rpObi, causa, obs "
                        "from individuo order by nind"));
     while (row.next()) {
         next();
@@ -218,6 +218,8 @@ void Reader::readPeople()
         person.baptismFile = row.text(++column);
         person.burialFile = row.text(++column);
         person.cause = shared(row.text(++column));
+        const QString notes = row.text(++column);
+        if (!notes.isEmpty()) rows_->notes.insert(value(person.number), notes);
     }
 }
 
@@ -304,11 +306,14 @@ void Reader::readProfessions()
 
 void Reader::readSignatures()
 {
-    jet::Rows row(bdp_,
-                  jet::NativeSql("select nind, dataref, datafixa, idade, nivelassinatura, assinatura from assinatura "
-                                 "order by nind, dataref, idassinatura"));
-    while (row.next())
+    jet::Rows row(
+        bdp_,
+        jet::NativeSql("select nind, dataref, datafixa, idade, nivelassinatura, assinatura, funcao from assinatura "
+                       "order by nind, dataref, idassinatura"));
+    while (row.next()) {
         rows_->signatures.push_back({personNumber(row, 0), dated(row, 1), code(row, 3), code(row, 4), row.text(5)});
+        rows_->rolesOfSigners.push_back(shared(row.text(6).simplified()));
+    }
 }
 
 void Reader::readBequests()

@@ -137,6 +137,16 @@ const Person* Snapshot::person(PersonNumber number) const
     return recordOf(rows_->personOf, value(number));
 }
 
+QString Snapshot::notesOf(PersonNumber number) const
+{
+    return rows_->notes.value(value(number));
+}
+
+const QString& Snapshot::roleIn(const Signature& signature) const
+{
+    return rows_->rolesOfSigners[static_cast<std::size_t>(&signature - rows_->signatures.data())];
+}
+
 const Family* Snapshot::family(FamilyNumber number) const
 {
     return recordOf(rows_->familyOf, value(number));

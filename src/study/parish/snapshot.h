@@ -315,6 +315,9 @@ public:
     const Home& home() const;
 
     const Person* person(PersonNumber number) const; // null: nobody
+    QString notesOf(PersonNumber number) const;      // of the card; "" where there are none
+    // As what somebody signed, as the card has it: "Testemunha"; "" where it isn't told. Precondition: of signatures().
+    const QString& roleIn(const Signature& signature) const;
     const Family* family(FamilyNumber number) const;
 
 private:

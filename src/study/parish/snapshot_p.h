@@ -24,6 +24,8 @@ struct Snapshot::Rows
     Home home = {};
     std::unordered_map<qint64, Person*> personOf = {};
     std::unordered_map<qint64, Family*> familyOf = {};
+    QHash<qint64, QString> notes = {};        // by the number of the person
+    std::vector<QString> rolesOfSigners = {}; // of each signature, in their order
 };
 
 // Null where nobody has the number.

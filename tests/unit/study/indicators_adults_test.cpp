@@ -149,6 +149,44 @@ TEST_F(Adults, WhoDieElsewhereAreSeenHereToTheirLastActHere)
     EXPECT_TRUE(end(life, Estimate::Most).dies);
 }
 
+TEST_F(Adults, WhoAreMarriedAtAnExactAgeAreATableOfTheirOwn)
+{
+    // Married at 22 and at 28, both dead at 40.
+    for (const char* marriage : {"1742-03-01", "1748-03-01"})
+        couple(person({"João", 'm', "1720-03-01", "1760-03-01"}), person({"Ana", 'f', "1722-03-01", "1780-03-01"}),
+               marriage);
+    const Table table = tableOf(figuresFor(adultMortality), "desde-idade-exacta");
+    const auto at = [&](const char* row, const char* column) { return value(table, row, column); };
+    EXPECT_EQ(at("25 anos, homens", "Pessoas"), 1) << "who marries later never enters";
+    EXPECT_NEAR(at("25 anos, homens", "Anos em risco"), 15, 0.01);
+    EXPECT_EQ(at("30 anos, homens", "Pessoas"), 2);
+    EXPECT_NEAR(at("30 anos, homens", "Anos em risco"), 20, 0.02);
+    EXPECT_EQ(at("30 anos, homens", "Óbitos"), 2);
+    EXPECT_EQ(at("20 anos, mulheres", "Pessoas"), 1) << "married on her twentieth birthday";
+    for (const auto& row : table.rows)
+        EXPECT_NE(std::get<QString>(row[0].value), "20 anos, homens");
+}
+
+TEST(AdultMortality, OfTheWorkedExampleIsTheSameFromTheExactAgeOf20)
+{
+    const std::array<double, 13> years = {410, 380.5, 352, 330, 310.5, 290, 262, 228, 186, 138, 86, 47, 20};
+    const std::array<int, 13> deaths = {4, 4, 4, 4, 4, 5, 6, 7, 9, 10, 10, 8, 6};
+    constexpr qint32 censoredFrom20 = 3;
+    Tally tally;
+    tally.add(keyOf(adultMortality, "pessoas-desde", {cohort, man, censoredFrom20}), 90);
+    qint32 age = 20;
+    for (std::size_t i = 0; i < years.size(); ++i, age += 5) {
+        tally.add(keyOf(adultMortality, "meios-dias-desde", {cohort, man, censoredFrom20, age}),
+                  qRound64(years[i] * 730.5));
+        tally.add(keyOf(adultMortality, "obitos-desde", {cohort, man, censoredFrom20, age}), deaths[i]);
+    }
+    const Shown shown(adultMortality, tally);
+    EXPECT_NEAR(shown.value("desde-idade-exacta", "20 anos, homens", "5qx"), 47.62, 0.005);
+    EXPECT_NEAR(shown.value("desde-idade-exacta", "20 anos, homens", "Esperança"), 37.68, 0.005);
+    EXPECT_NEAR(shown.value("tabua-desde-20-m", "25–29", "Esperança"), 34.44, 0.005);
+    EXPECT_NEAR(shown.value("tabua-desde-20-m", "50–54", "Esperança"), 17.54, 0.005);
+}
+
 TEST_F(Adults, WithoutABirthAreLeftOut)
 {
     const qint64 man = person({"João", 'm', "", "1790-01-01"});

@@ -87,6 +87,25 @@ TEST_F(Bequests, NeverAddCurrenciesAndTellWhatDoesntAddUp)
                                   {"valor total que não é a quantidade vezes o valor unitário (conta o total)", 1}}));
 }
 
+TEST_F(Bequests, TellWhomTheAlmsAreFor)
+{
+    const qint64 who = dies('f', "1720-03-01", 1);
+    for (const char* destination : {"Confraria das Almas", "confraria  das almas", "Confraria do Santíssimo Sacramento",
+                                    "Misericórdia", "", "Pobres"})
+    {
+        orders(who, "esmola", 1, {}, {}, 50);
+        run("update rituaismorte set destino = ? where idlegpio = ?",
+            {*destination ? QVariant(QString::fromUtf8(destination)) : QVariant(), lastRow});
+    }
+    run("update rituaismorte set tipolegpio = 'missa' where idlegpio = 6");
+    const Table table = tableOf(figuresFor(bequests), "esmolas-por-destino");
+    ASSERT_EQ(table.rows.size(), 4U) << "no mass";
+    EXPECT_EQ(value(table, "Confraria das almas", "Esmolas"), 2);
+    EXPECT_EQ(value(table, "Confraria do santíss…", "Esmolas"), 1);
+    EXPECT_EQ(value(table, "Misericórdia", "Esmolas"), 1);
+    EXPECT_EQ(value(table, "por dizer", "Esmolas"), 1);
+}
+
 TEST_F(Bequests, TellTheHeirs)
 {
     run("insert into infocomplementar (categoria, codigo, descricao) values ('Paren', '4', 'Filha')");

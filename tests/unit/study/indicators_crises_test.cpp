@@ -53,9 +53,10 @@ TEST(ACrisis, IsMeasuredAgainstTheTenYearsBefore)
 TEST(ACrisis, AmongTheTenYearsHidesTheNextUnlessItIsSkipped)
 {
     const Tally tally = deaths(1700, {31, 28, 35, 40, 29, 33, 37, 30, 34, 33, 118, 60});
-    EXPECT_NEAR(Shown(mortalityCrises, deaths(1702, {28, 35, 40, 29, 33, 37, 30, 34, 33, 118, 60}))
-                    .value("indices", "1712", byN),
-                0.713, 0.0005);
+    const Shown hidden(mortalityCrises, deaths(1702, {28, 35, 40, 29, 33, 37, 30, 34, 33, 118, 60}));
+    EXPECT_NEAR(hidden.value("indices", "1712", byN), 0.713, 0.0005);
+    EXPECT_NEAR(hidden.value("indices", "1712", "Média dos 10 anos antes"), 41.7, 1e-9);
+    EXPECT_NEAR((60 - 41.7) / hidden.value("indices", "1712", byN), 25.667, 0.0005) << "the deviation";
     Settings settings;
     settings.skipCrises = true;
     EXPECT_GT(Shown(mortalityCrises, tally, settings).value("indices", "1711", byN), 5);
@@ -106,6 +107,79 @@ TEST(AnnualSeries, HaveTheMovingAveragesOfTheWorkedExample)
     EXPECT_NEAR(eleven.value("medias-moveis", "1710", "Baptismos, média móvel de 11 anos"), 29.27, 0.005);
     // 25.2 a year from 1701 to 1710.
     EXPECT_NEAR(eleven.value("medias-moveis", "1713", "Baptismos, índice"), 40 / 25.2 * 100, 1e-9);
+}
+
+TEST(ACrisis, IsShownInThePeriodOfTheStudyAloneAndMeasuredByAllYears)
+{
+    Settings settings;
+    settings.period = {1710, 1720};
+    const Shown shown(mortalityCrises, withLast(118), settings);
+    EXPECT_EQ(shown.table("indices").rows.size(), 1U);
+    EXPECT_NEAR(shown.value("indices", "1710", byN), 24.138, 0.0005);
+    settings.period = {1700, 1709};
+    EXPECT_TRUE(Shown(mortalityCrises, withLast(118), settings).table("anos-de-crise").isEmpty());
+}
+
+TEST(ACrisis, HasNoMarriagesWhereTheirBookIsMissing)
+{
+    Settings settings;
+    settings.books[static_cast<std::size_t>(Series::Marriages)] = {1700, 1709};
+    const Shown shown(mortalityCrises, withLast(118), settings);
+    EXPECT_EQ(shown.value("anos-de-crise", "1710", "Casamentos"), -1) << "a gap, and no zero";
+    EXPECT_EQ(shown.value("anos-de-crise", "1710", "Baptismos"), 0);
+}
+
+TEST(ACrisis, ByItsNeighboursIsGreyOnlyWhereTheyAreFew)
+{
+    const Shown shown(mortalityCrises, deaths(1700, {12, 13, 12, 13, 12, 40, 12, 13, 12, 13, 12}));
+    EXPECT_EQ(shown.standing("indices", "1705", "Razão aos 10 vizinhos"), study::report::Standing::Sound)
+        << "five years before it, of twelve deaths each";
+}
+
+TEST(ACrisis, ThatIsSkippedIsNotInTheMeanOfTheBaseEither)
+{
+    Settings settings;
+    settings.skipCrises = true;
+    const Shown shown(mortalityCrises, deaths(1700, {31, 28, 35, 40, 29, 33, 37, 30, 34, 33, 118, 60}), settings);
+    EXPECT_NEAR(shown.value("indices", "1711", "Média dos 10 anos antes"), 299.0 / 9, 1e-9);
+}
+
+TEST(AnnualSeries, HaveTheBaseOfTheirIndexWhereTheStudySetsIt)
+{
+    Tally tally;
+    int year = 1701;
+    for (const int n : {20, 22, 25, 19, 30, 28, 26, 24, 27, 31, 29, 33, 40, 28, 26})
+        tally.add(keyOf(annualSeries, "baptismos", {year++}), n);
+    Settings settings;
+    settings.indexBase = 1706;
+    const Shown shown(annualSeries, tally, settings);
+    EXPECT_NEAR(shown.value("medias-moveis", "1713", "Baptismos, índice"), 40 / 29.2 * 100, 1e-9);
+    EXPECT_TRUE(shown.table("medias-moveis").notes.first().startsWith("Baptismos: 100 é a média de 1706–1715"));
+    settings.indexBase = 1707;
+    const Shown short_(annualSeries, tally, settings);
+    EXPECT_EQ(short_.value("medias-moveis", "1713", "Baptismos, índice"), -1) << "1716 is missing";
+    EXPECT_TRUE(short_.table("medias-moveis").notes.first().startsWith("Baptismos: sem índice"));
+}
+
+TEST(AnnualSeries, HaveNoConceptionsOfAYearWhoseBirthsAreNotAllIn)
+{
+    Tally tally;
+    for (int year = 1701; year <= 1705; ++year) {
+        tally.add(keyOf(annualSeries, "baptismos", {year}), 10);
+        tally.add(keyOf(annualSeries, "concepcoes", {year}), year < 1705 ? 10 : 2);
+    }
+    const auto at = [](const Shown& shown, const char* year) {
+        return shown.value("actos-por-ano", year, "Concepções");
+    };
+    const Shown all(annualSeries, tally);
+    EXPECT_EQ(at(all, "1704"), 10);
+    EXPECT_EQ(at(all, "1705"), -1);
+    Settings settings;
+    settings.period = {1701, 1703};
+    EXPECT_EQ(at(Shown(annualSeries, tally, settings), "1703"), 10) << "the books go on";
+    settings.period = {};
+    settings.gaps[static_cast<std::size_t>(Series::Baptisms)] = {{1703, 1703}};
+    EXPECT_EQ(at(Shown(annualSeries, tally, settings), "1702"), -1);
 }
 
 TEST(AnnualSeries, TakeAGapForAGapAndNotForAZero)

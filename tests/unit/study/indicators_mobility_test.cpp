@@ -44,6 +44,26 @@ TEST_F(Mobility, CountsMovesFromPlaceToPlace)
     EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"residência sem lugar", 1}}));
 }
 
+TEST_F(Mobility, TellsFromWhichLocalityToWhich)
+{
+    run("insert or replace into lugar (codlugar, nomelugar, codparoquia) values ('03089901', 'Paço', '030899'), "
+        "('03089902', 'Outeiro', '030899'), ('03080101', 'Paço', '030801')");
+    const qint64 rui = person({"Rui", 'm'}), luis = person({"Luís", 'm'});
+    lives(rui, "1720-03-01", "0308990101", "S");
+    lives(rui, "1725-03-01", "0308990102", "S"); // the same locality
+    lives(rui, "1730-03-01", "03089902", "L");
+    lives(luis, "1720-03-01", "03089901", "L");
+    lives(luis, "1730-03-01", "03089902", "L");
+    lives(luis, "1740-03-01", "03080101", "L");
+    const Table table = tableOf(figuresFor(mobility), "mudancas-entre-lugares");
+    ASSERT_EQ(table.rows.size(), 4U) << "three places, and all";
+    const auto at = [&](const char* from, const char* to) { return value(table, from, to); };
+    EXPECT_EQ(at("Paço (03089901)", "Outeiro"), 2);
+    EXPECT_EQ(at("Outeiro", "Paço (03080101)"), 1);
+    EXPECT_EQ(at("Outeiro", "Paço (03089901)"), 0);
+    EXPECT_EQ(at("Todos os lugares", "Todos os lugares"), 3);
+}
+
 TEST_F(Mobility, TellsWhoDiedElsewhere)
 {
     for (const char* place : {"030899", "030801", ""}) {

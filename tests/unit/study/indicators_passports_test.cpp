@@ -32,6 +32,9 @@ TEST_F(PassportsOfAStudy, TellAgeStateAndDestination)
     leaves(luis, "");
     const auto figures = figuresFor(passports);
     EXPECT_EQ(value(tableOf(figures, "periodos"), "1700–1749", "Homens"), 3);
+    EXPECT_EQ(value(tableOf(figures, "anos"), "1744", "Homens"), 2);
+    EXPECT_EQ(value(tableOf(figures, "anos"), "1746", "Homens, em 100"), 25);
+    EXPECT_EQ(tableOf(figures, "zonas").rows.size(), 1U) << "of the one destination that is a zone";
     const Table states = tableOf(figures, "estados");
     EXPECT_EQ(value(states, "sem casamento conhecido", "Homens"), 2);
     EXPECT_EQ(value(states, "casados", "Homens"), 1);
@@ -45,4 +48,27 @@ TEST_F(PassportsOfAStudy, TellAgeStateAndDestination)
     EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"sem data", 1},
                                                     {"só pelo destino: sem lugar de destino", 1},
                                                     {"só pela assinatura: sem assinatura com nível", 4}}));
+}
+
+TEST_F(PassportsOfAStudy, TellOfAnyLaterActHereThatSomebodyCameBack)
+{
+    run("insert into infopar (cod, nome) values ('030899', 'Aqui')");
+    const qint64 godfather = person({"Rui", 'm'}), father = person({"Gil", 'm'}), gone = person({"Ivo", 'm'});
+    const qint64 elsewhere = person({"Tomé", 'm'});
+    const qint64 early = couple(gone, person({"Eva", 'f'})), late = couple(father, person({"Ana", 'f'}));
+    person({"Póstumo", 'm', "1750-12-20", "", early}); // conceived before
+    const qint64 child = person({"Filho", 'm', "1752-03-01", "", late});
+    run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) values ('b', ?, '1752-03-01', ?, "
+        "'p')",
+        {child, godfather});
+    const qint64 far = person({"Longe", 'f', "1752-03-01"});
+    run("update individuo set localnasc = '030301', tipolocalnasc = 'F' where nind = ?", {far});
+    run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) values ('b', ?, '1752-03-01', ?, "
+        "'p')",
+        {far, elsewhere});
+    for (const qint64 who : {godfather, father, gone, elsewhere})
+        leaves(who, "1750-03-01");
+    const Table table = tableOf(figuresFor(passports), "regressos");
+    EXPECT_EQ(value(table, "vistos", "Homens"), 2) << "the godfather and the father";
+    EXPECT_EQ(value(table, "não vistos", "Homens"), 2);
 }

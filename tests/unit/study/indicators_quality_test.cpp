@@ -143,6 +143,60 @@ TEST_F(Deceased, AreToldByTheWordsOfTheirCause)
     EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"causa não declarada", 1}}));
 }
 
+TEST_F(Deceased, OfAPartOfTheBodyDidNotDieInChildbirth)
+{
+    for (const char* cause : {"dor na parte esquerda", "de parto", "de sobreparto", "subitamente"})
+        run("update individuo set causa = ? where nind = ?",
+            {QString::fromUtf8(cause), person({"A", 'f', "1700-01-01", "1750-07-02"})});
+    const Table table = tableOf(figuresFor(causesOfDeath), "causas");
+    EXPECT_EQ(value(table, "Parto", "Óbitos"), 2);
+    EXPECT_EQ(value(table, "De repente", "Óbitos"), 1);
+    EXPECT_EQ(value(table, "Outra", "Óbitos"), 1);
+}
+
+TEST_F(Deceased, AreToldByTheWordsOfTheResearcherFirst)
+{
+    for (const char* cause : {"hum tiro", "tiros e febre", "febre"})
+        run("update individuo set causa = ? where nind = ?",
+            {QString::fromUtf8(cause), person({"A", 'f', "1700-01-01", "1750-07-02"})});
+    Settings settings;
+    settings.causes = {{"Tiro", "acidente"}};
+    const Table table = tableOf(figuresFor(causesOfDeath, settings), "causas");
+    EXPECT_EQ(value(table, "Acidente ou afogamento", "Óbitos"), 2);
+    EXPECT_EQ(value(table, "Febres, malinas, sezões", "Óbitos"), 1);
+}
+
+TEST_F(Deceased, WhoMarriedBetweenTwoAgesWereOrphansAtTheirMarriage)
+{
+    const qint64 family = couple(person({"Rui", 'm', "1720-01-01", "1752-01-01"}),
+                                 person({"Ana", 'f', "1720-01-01", "1790-01-01"}), "1745-01-01");
+    const qint64 bride = person({"Eva", 'f', "1750-03-10", "1768-03-10", family}); // no twenty years
+    couple(person({"Gil", 'm'}), bride, "1767-01-01");
+    const auto tally = tallyFor(orphanhood);
+    EXPECT_EQ((tally[keyOf(orphanhood, "vistos", {1750, 5, 1})]), 1);
+}
+
+using TheFamiliesOfTheQualityPage = Counting;
+
+TEST_F(TheFamiliesOfTheQualityPage, AreToldByClassAndDecade)
+{
+    const auto pair = [this](const char* death, const char* marriage) {
+        couple(person({"Rui", 'm', "", death}), person({"Ana", 'f', "1720-01-01", death}), marriage);
+    };
+    pair("1780-01-01", "1745-01-01");
+    pair("1780-01-01", "1749-12-31");
+    pair("1780-01-01", "1750-01-01");
+    pair("", "1750-01-01");
+    pair("1780-01-01", "");
+    run("update familia set dcasamfixa = 1");
+    const Table table = tableOf(figuresFor(quality), "familias-por-anos");
+    EXPECT_EQ(value(table, "1740–1749", "MF I"), 2);
+    EXPECT_EQ(value(table, "1750–1759", "MF I"), 1);
+    EXPECT_EQ(value(table, "1750–1759", "MO I"), 1);
+    EXPECT_EQ(value(table, "1750–1759", "Todas"), 2);
+    EXPECT_EQ(value(table, "sem data do casamento", "EF I"), 1);
+}
+
 TEST_F(Deceased, LeaveOrphans)
 {
     const qint64 family = couple(person({"Rui", 'm', "1720-01-01", "1752-01-01"}),
@@ -187,4 +241,30 @@ TEST_F(Deceased, AndLivingHaveGodparents)
     EXPECT_EQ((tally[keyOf(godparenthood, "mesmo-nome", {1750, 1})]), 2);
     EXPECT_EQ((tally[keyOf(godparenthood, "mesmo-sexo", {1750, 1})]), 2);
     EXPECT_EQ(value(tableOf(figuresFor(givenNames), "nomes-f"), "Eva", "Crianças"), 3);
+}
+
+TEST_F(Deceased, AndLivingHaveWitnessesOfTheirMarriages)
+{
+    const qint64 family = couple(person({"Rui", 'm'}), person({"Ana", 'f'}), "1745-01-01");
+    const auto assists = [&](char sex, int groom, int bride, const char* as) {
+        run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente, parentnoivo, parentnoiva) "
+            "values "
+            "('c', ?, '1745-01-01', ?, ?, ?, ?)",
+            {family, person({"Alguém", sex}), QString(as), groom, bride});
+    };
+    assists('m', 19, 72, "t");
+    assists('m', 72, 19, "t");
+    assists('f', 11, 49, "t");
+    assists('m', 72, 72, "t");
+    assists('m', 19, 19, "p"); // no witness
+    const auto tally = tallyFor(godparenthood);
+    const auto kin = [&](qint32 which) {
+        return tally[keyOf(godparenthood, "parentesco-das-testemunhas", {1700, which})];
+    };
+    EXPECT_EQ(kin(1), 1) << "of nobody";
+    EXPECT_EQ(kin(2), 1) << "of the groom";
+    EXPECT_EQ(kin(3), 1) << "of the bride";
+    EXPECT_EQ(kin(4), 1) << "of both";
+    EXPECT_EQ(value(tableOf(figuresFor(godparenthood), "testemunhas"), "Todos", "Testemunhas"), 4);
+    EXPECT_EQ(value(tableOf(figuresFor(godparenthood), "testemunhas"), "Todos", "Parentes"), 75);
 }

@@ -37,6 +37,14 @@ inline study::indicators::Settings randomSettings(QRandomGenerator& dice)
     settings.movingAverage = oneOf({5, 9, 11});
     settings.signsFrom = dice.bounded(-2, 9);
     settings.skipCrises = coin();
+    settings.marksFrom = dice.bounded(-2, 3);
+    settings.indexBase = coin() ? 0 : dice.bounded(1500, 1900);
+    if (coin()) settings.birthWords = QString::fromUtf8("nasceu à \"hora\"; n.");
+    if (coin()) settings.baptismWords = "b. a";
+    for (int n = dice.bounded(3); n > 0; --n)
+        settings.baptisms[study::parish::PersonNumber(dice.bounded(1, 1000))] = {
+            QDate(1700, 1, 1).addDays(dice.bounded(30000)), QDate(1700, 1, 1).addDays(dice.bounded(30000))};
+    if (coin()) settings.causes = {{"tiro", "acidente"}, {QString::fromUtf8("cãibra"), "outra"}};
     for (int n = dice.bounded(3); n > 0; --n)
         settings.neighbours << QString("%1 \"ã\"").arg(dice.bounded(100000));
     for (int n = dice.bounded(4); n > 0; --n)

@@ -164,6 +164,16 @@ TEST_F(CountingAParish, CountsEachSubjectAndTellsWhoseItIs)
     }
 }
 
+TEST_F(CountingAParish, TellsHowManyAndNeverWho)
+{
+    person({"Rui"});
+    const auto parish = study::parish::Snapshot::read(bdp);
+    Settings settings;
+    settings.baptisms[study::parish::PersonNumber(1)] = {QDate(1750, 3, 1), QDate(1750, 3, 4)};
+    const Tallies tallies = talliesOf(studyOf(parish, settings), {.path = "a.orv"}, 1, {}, known);
+    EXPECT_FALSE(jsonOf(tallies, known).contains("1750-03-01"));
+}
+
 TEST_F(CountingAParish, GoesOnlyAsFarAsItIsLet)
 {
     const auto parish = study::parish::Snapshot::read(bdp);

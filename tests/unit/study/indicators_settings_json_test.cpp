@@ -44,37 +44,48 @@ TEST(SettingsOfAStudy, AreAllWritten)
     // A setting that isn't written comes back as standard: each one, changed alone, changes the text.
     const QByteArray standard = jsonOf(Settings());
     std::set<QByteArray> texts{standard};
-    const std::vector<void (*)(Settings&)> changes{[](Settings& s) { s.period.first = 1700; },
-                                                   [](Settings& s) { s.period.last = 1700; },
-                                                   [](Settings& s) { s.cohortYears = 25; },
-                                                   [](Settings& s) { s.byMarriageCohort = false; },
-                                                   [](Settings& s) { s.books[3].first = 1750; },
-                                                   [](Settings& s) {
-                                                       s.gaps[1] = {{1810, 1811}};
-                                                   },
-                                                   [](Settings& s) { s.which = Which::Illegitimate; },
-                                                   [](Settings& s) { s.gender = study::parish::Gender::Female; },
-                                                   [](Settings& s) { s.localOnly = false; },
-                                                   [](Settings& s) { s.unions.approximateMarriages = true; },
-                                                   [](Settings& s) { s.unions.marriedAtDeath = false; },
-                                                   [](Settings& s) { s.unions.leaveOutContradictory = true; },
-                                                   [](Settings& s) { s.openFamilies = true; },
-                                                   [](Settings& s) { s.derivedBirths = true; },
-                                                   [](Settings& s) { s.completeAge = 45; },
-                                                   [](Settings& s) { s.missingBirths = 0.05; },
-                                                   [](Settings& s) { s.movingAverage = 11; },
-                                                   [](Settings& s) { s.signsFrom = 3; },
-                                                   [](Settings& s) { s.skipCrises = true; },
-                                                   [](Settings& s) { s.neighbours = {"030301"}; },
-                                                   [](Settings& s) {
-                                                       s.filiations = {{17, Legitimacy::Foundling}};
-                                                   }};
+    const std::vector<void (*)(Settings&)> changes{
+        [](Settings& s) { s.period.first = 1700; },
+        [](Settings& s) { s.period.last = 1700; },
+        [](Settings& s) { s.cohortYears = 25; },
+        [](Settings& s) { s.byMarriageCohort = false; },
+        [](Settings& s) { s.books[3].first = 1750; },
+        [](Settings& s) {
+            s.gaps[1] = {{1810, 1811}};
+        },
+        [](Settings& s) { s.which = Which::Illegitimate; },
+        [](Settings& s) { s.gender = study::parish::Gender::Female; },
+        [](Settings& s) { s.localOnly = false; },
+        [](Settings& s) { s.unions.approximateMarriages = true; },
+        [](Settings& s) { s.unions.marriedAtDeath = false; },
+        [](Settings& s) { s.unions.leaveOutContradictory = true; },
+        [](Settings& s) { s.openFamilies = true; },
+        [](Settings& s) { s.derivedBirths = true; },
+        [](Settings& s) { s.completeAge = 45; },
+        [](Settings& s) { s.missingBirths = 0.05; },
+        [](Settings& s) { s.movingAverage = 11; },
+        [](Settings& s) { s.signsFrom = 3; },
+        [](Settings& s) { s.skipCrises = true; },
+        [](Settings& s) { s.neighbours = {"030301"}; },
+        [](Settings& s) {
+            s.filiations = {{17, Legitimacy::Foundling}};
+        },
+        [](Settings& s) { s.marksFrom = 0; },
+        [](Settings& s) { s.indexBase = 1750; },
+        [](Settings& s) { s.birthWords = "n."; },
+        [](Settings& s) { s.baptismWords = "n."; },
+        [](Settings& s) {
+            s.baptisms[study::parish::PersonNumber(7)] = {QDate(1750, 3, 1), QDate(1750, 3, 4)};
+        },
+        [](Settings& s) {
+            s.causes = {{"tiro", "acidente"}};
+        }};
     for (const auto change : changes) {
         Settings settings;
         change(settings);
         EXPECT_TRUE(texts.insert(jsonOf(settings)).second) << texts.size();
     }
-    EXPECT_EQ(settingEntries().size(), 20U);
+    EXPECT_EQ(settingEntries().size(), 26U);
 }
 
 TEST(SettingsOfAStudy, AreWrittenInWords)
@@ -122,6 +133,13 @@ TEST(SettingsOfAStudy, ThatCannotBeMeantAreRefusedByName)
     expectRefused(R"({"freguesias_vizinhas": [30301]})", "freguesias_vizinhas");
     expectRefused(R"({"filiacoes": {"x": "exposto"}})", "filiacoes");
     expectRefused(R"({"filiacoes": {"6": "natural"}})", "filiacoes");
+    expectRefused(R"({"base_do_indice": 10000})", "base_do_indice");
+    expectRefused(R"({"sinal_desde": 1.5})", "sinal_desde");
+    expectRefused(R"({"palavras_do_nascimento": ["n."]})", "palavras_do_nascimento");
+    expectRefused(R"({"causas_de_morte": {"tiro": "morte"}})", "causas_de_morte");
+    for (const char* value : {"7", "[7]", "[[7, \"1750-03-01\"]]", "[[0, \"1750-03-01\", \"1750-03-04\"]]",
+                              "[[7, \"1750-02-30\", \"1750-03-04\"]]", "[[7, 1750, 1751]]"})
+        expectRefused(QByteArray(R"({"lista_de_baptismos": )") + value + '}', "lista_de_baptismos");
 }
 
 using TheBDPOfAStudy = People;
