@@ -25,11 +25,12 @@ looked_at() {
         --dump-dom "file://$1${3:-}" 2>"$folder/browser.log"
 }
 
+listens="window.scriptErrors = []; addEventListener('error', e => scriptErrors.push(e.message));"
+
 # findings PAGE SIZE [QUERY]: what the probe has found, one a line; a line of its own where it hasn't come to its end.
 findings() {
     local lines
-    sed "s|<head>|<head><script>window.scriptErrors = []; addEventListener('error', e => scriptErrors.push(e.message));</script>|" \
-        "$1" | sed '/<\/body>/,$d' >"$folder/looked.html"
+    sed "s|<head>|<head><script>$listens</script>|" "$1" | sed '/<\/body>/,$d' >"$folder/looked.html"
     { echo '<script>' && cat "$here/probe.js" && echo '</script></body></html>'; } >>"$folder/looked.html"
     lines=$(looked_at "$folder/looked.html" "$2" "${3:-}" | sed -n '/<pre id="achados">/,/<\/pre>/p' |
         sed 's/.*<pre id="achados">//; s/<\/pre>.*//')
@@ -69,7 +70,8 @@ s/<main>/<main><p style="width: 2000px">largo<\/p><p style="color: #bbb">claro<\
 sed "$all_wrong" "$page" >"$folder/broken.html"
 findings "$folder/broken.html" 1280,900 >"$folder/found"
 for what in 'script: ' 'sem role="img"' 'gráfico sem nome' 'gráfico sem palavras' 'o índice leva a nada: #nada' \
-    'não é número: nan' 'sem alcance' 'está duas vezes' 'a página é mais larga' 'p mais largo' 'mal se lê' 'com o teclado'; do
+    'não é número: nan' 'sem alcance' 'está duas vezes' 'a página é mais larga' 'p mais largo' \
+    'mal se lê' 'com o teclado'; do
     grep -qF -- "$what" "$folder/found" && continue
     echo "A page broken by hand isn't found out: $what"
     failed=1
