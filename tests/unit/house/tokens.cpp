@@ -49,8 +49,10 @@ Tokens read(const QString& source)
     int line = 1;
     for (qsizetype at = 0; at < source.size();) {
         for (const Pattern& pattern : patterns()) {
+            // To look through the whole source for broken signs at each token would take seconds.
             const auto match = pattern.form.match(source, at, QRegularExpression::NormalMatch,
-                                                  QRegularExpression::AnchorAtOffsetMatchOption);
+                                                  QRegularExpression::AnchorAtOffsetMatchOption |
+                                                      QRegularExpression::DontCheckSubjectStringMatchOption);
             if (!match.hasMatch()) continue;
             if (pattern.kind == Pattern::Literal) tokens.push_back({Token::Text, match.captured(1), line});
             if (pattern.kind == Pattern::RawLiteral) tokens.push_back({Token::Text, match.captured(2), line});
