@@ -346,7 +346,7 @@ TEST_F(AnyTwoPeople, AreTwoAgainAsTheyWereInTheDemonstration)
 {
     const Outcome outcome = mergeAndTakeBack(bdp_->connection, 100, 1);
     EXPECT_GE(outcome.merged, 100);
-    EXPECT_GT(outcome.joined, 2);
+    EXPECT_GT(outcome.joined, 0);
     EXPECT_GT(outcome.refused, 0);
 }
 
