@@ -47,17 +47,6 @@ void endAt(Date& end, const Date& other)
     if (other.isKnown() && other.middle() < end.middle()) end = other;
 }
 
-// Until when it would have been seen had it lived. Unknown where nothing proves it.
-Date seenUntil(const parish::Person& child, const Study& study)
-{
-    Date end = observation::familyEndFor(child, study.parish, study.unions).day;
-    if (!end.isKnown()) return end;
-    endAt(end, ownMarriage(child));
-    endAt(end, endOfBooks(child.birth, study.settings));
-    endAt(end, observation::typedUntil(child));
-    return end;
-}
-
 Unwatched whyNotAsked(const parish::Person& child, const Study& study, Legitimacy legitimacy)
 {
     const Settings& settings = study.settings;
@@ -97,6 +86,16 @@ qint32 ageInDays(const Date& birth, const Date& at)
     if (!last.isValid()) last = QDate(from.year() + years, 3, 1);
     // The year that lost ten days has its birthdays as every other.
     return years * daysOfAnAge + std::min(static_cast<qint32>(last.daysTo(to)), daysOfAnAge - 1);
+}
+
+Date seenUntil(const parish::Person& child, const Study& study)
+{
+    Date end = observation::familyEndFor(child, study.parish, study.unions).day;
+    if (!end.isKnown()) return end;
+    endAt(end, ownMarriage(child));
+    endAt(end, endOfBooks(child.birth, study.settings));
+    endAt(end, observation::typedUntil(child));
+    return end;
 }
 
 Childhood childhoodOf(const parish::Person& child, const Study& study)
