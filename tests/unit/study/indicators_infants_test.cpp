@@ -88,6 +88,23 @@ TEST(EndogenousMortality, OfTheWorkedExampleIs59AndAHalf)
     EXPECT_EQ(figures.text("endogena", "1750–1799", "Observação"), "recta");
 }
 
+TEST(EndogenousMortality, ByThousandBearsADecimalFromAHundredBirthsOn)
+{
+    for (const auto& [births, decimals] : {std::pair{99, std::optional(0)}, std::pair{100, std::optional<int>()}}) {
+        Tally tally;
+        tally.add(keyOf(endogenousMortality, "nascimentos", {period, boy, 0, 0}), births);
+        for (const qint32 day : {1, 40, 70, 100, 200, 300})
+            tally.add(keyOf(endogenousMortality, "obitos", {period, boy, 0, day}), 10);
+        const Shown figures(endogenousMortality, tally);
+        const auto table = figures.table("endogena");
+        for (const char* column : {"Mortalidade infantil", "Exógena (atalho)"})
+            EXPECT_EQ(Counting::cell(table, "1750–1799", column).decimals, decimals) << births;
+        const auto months = figures.table("acumulados");
+        EXPECT_EQ(Counting::cell(months, "365", "Por mil nascimentos").decimals, decimals);
+        EXPECT_EQ(Counting::cell(months, "365", "Pela recta").decimals, decimals);
+    }
+}
+
 TEST(TheSubjectsOfChildren, GiveFiguresOfNothing)
 {
     for (const Subject* subject : {&infantMortality, &childhoodMortality, &endogenousMortality})
