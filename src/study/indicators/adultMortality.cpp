@@ -50,7 +50,12 @@ constexpr std::array<const char*, 4> estimateIds = {"fechadas", "minima", "maxim
 constexpr std::array<const char*, 4> estimateTold = {"uniões fechadas", "mínima", "máxima",
                                                      "até à última prova de vida"};
 
-constexpr int firstAge = 20, lastAge = 80, groupYears = 5;
+constexpr const char* noBoundTold =
+    "A mínima só é um limite para quem algum acto diz morto: morreu, o mais tardar, nesse dia. Para quem nenhum acto "
+    "diz morto não há limite: sai à última prova de vida, e tanto pode ter morrido logo depois como ter vivido mais "
+    "anos, que não contam.";
+
+constexpr int firstAge = 20, lastAge = 80, endOfAges = 200, groupYears = 5;
 constexpr std::array<int, 3> starts = {20, 25, 30}; // exact ages at which a table may begin
 constexpr double leastYears = 20;                   // of a cell
 constexpr qint64 leastDeaths = 10;                  // of a table
@@ -61,7 +66,7 @@ const Ages& adultAges()
 {
     static const Ages ages = [] {
         Ages made = fiveYearAges(firstAge, lastAge);
-        made.push_back(200);
+        made.push_back(endOfAges);
         return made;
     }();
     return ages;
@@ -216,6 +221,34 @@ Cell standing(Cell cell, bool enough)
     return cell;
 }
 
+// By thousand, what so few years stand behind bears no decimals.
+Cell byThousand(double share, double years, std::vector<Key> from)
+{
+    static constexpr double leastForADecimal = 100;
+    Cell cell = report::number(share * 1000, std::move(from));
+    if (years < leastForADecimal) cell.decimals = 0;
+    return cell;
+}
+
+// At risk in the group that has the fewest, of those from one age on, before another.
+double fewestYears(const Part& part, int from, int until)
+{
+    double fewest = part.years;
+    int age = part.first;
+    for (const statistics::Exposed& group : part.groups) {
+        if (age >= from && age < until) fewest = std::min(fewest, group.years);
+        age += groupYears;
+    }
+    return fewest;
+}
+
+// Who is at risk, and who dies, from one age on, before another.
+std::vector<Key> keysOf(const Reading& reading, const Whose& whose, qint32 from, qint32 until = endOfAges)
+{
+    return reading.within(whose.years, 3, from, until, whose.at()).keys +
+           reading.within(whose.deaths, 3, from, until, whose.at()).keys;
+}
+
 QString groupTold(const Part& part, std::size_t group)
 {
     const int age = part.first + static_cast<int>(group) * groupYears;
@@ -235,17 +268,21 @@ Table lifeTableOf(const Reading& reading, const Whose& whose, const QString& id,
         const auto& row = part.rows[i];
         const bool open = i + 1 == part.rows.size();
         const auto keys = [&](quint16 count) {
-            return open ? reading.within(count, 3, row.age, 200, whose.at()).keys
+            return open ? reading.within(count, 3, row.age, endOfAges, whose.at()).keys
                         : std::vector<Key>{{count, whose.at(row.age)}};
         };
         const std::vector<Key> deaths = keys(whose.deaths), years = keys(whose.years);
         const bool enough = sound && part.groups[i].years >= leastYears;
+        const int lived = std::max(row.age, part.first + groupYears); // who is left tells of the groups before
         table.rows.push_back({report::text(groupTold(part, i)), report::number(part.groups[i].years, years),
                               report::number(part.groups[i].deaths, deaths),
-                              standing(report::number(row.quotient * 1000, deaths), enough),
-                              standing(report::number(row.survivors * 1000), sound),
-                              standing(report::number(row.expectation), sound)});
+                              standing(byThousand(row.quotient, part.groups[i].years, deaths), enough),
+                              standing(byThousand(row.survivors, fewestYears(part, part.first, lived),
+                                                  keysOf(reading, whose, part.first, lived)),
+                                       sound),
+                              standing(report::number(row.expectation, keysOf(reading, whose, row.age)), sound)});
     }
+    if (whose.place == static_cast<qint32>(Estimate::Least)) table.notes << noBoundTold;
     if (part.rows.empty() && part.years > 0) table.notes << "Sem óbitos ou sem anos que bastem para uma tábua.";
     return table;
 }
@@ -279,12 +316,13 @@ void addSummary(Table& table, const Reading& reading, const Group& group, const 
             return value ? standing(report::number(*value, deaths), sound) : Cell();
         };
         const auto died = diedUntil(part, 20, 50);
-        table.rows.push_back(
-            {report::text(told(group, settings)), report::text(estimateTold[static_cast<std::size_t>(place)]),
-             counted(reading.part(Lives, {group.period, group.gender, place, any})),
-             report::number(part.years, {{Years, {group.period, group.gender, place, any}}}),
-             report::number(part.deaths, deaths), cell(expectationAt(part, 20)), cell(expectationAt(part, 30)),
-             cell(expectationAt(part, 50)), cell(died ? std::optional(*died * 1000) : std::nullopt)});
+        table.rows.push_back({report::text(told(group, settings)),
+                              report::text(estimateTold[static_cast<std::size_t>(place)]),
+                              counted(reading.part(Lives, {group.period, group.gender, place, any})),
+                              report::number(part.years, {{Years, {group.period, group.gender, place, any}}}),
+                              report::number(part.deaths, deaths), cell(expectationAt(part, 20)),
+                              cell(expectationAt(part, 30)), cell(expectationAt(part, 50)),
+                              died ? standing(byThousand(*died, fewestYears(part, 20, 50), deaths), sound) : Cell()});
     }
 }
 
@@ -302,7 +340,7 @@ Table summary(const Reading& reading, const Settings& settings)
         "Uniões fechadas: até ao fim da união, de que se conhece o primeiro óbito. Mínima: quem não tem óbito morre "
         "quando um acto o diz morto pela primeira vez, e sai à última prova de vida se nenhum o diz. Máxima: morre à "
         "última prova de vida. A última: sai à última prova de vida.",
-        "5qx = 5m/(1 + 2,5m), com m óbitos por ano em risco."};
+        noBoundTold, "5qx = 5m/(1 + 2,5m), com m óbitos por ano em risco."};
     return table;
 }
 
@@ -323,17 +361,19 @@ Table fromExactAges(const Reading& reading)
                 const Part part = partOf(reading, whose);
                 const std::vector<Key> deaths = {{DeathsFrom, whose.at()}};
                 const bool has = part.rows.size() > 1 && part.rows.front().age == whose.first;
-                const auto cell = [&](double value, bool enough) {
-                    return has ? standing(report::number(value, deaths), enough) : Cell();
-                };
                 const bool sound = part.deaths >= leastDeaths;
+                Cell quotientCell, expectation;
+                if (has) {
+                    const double years = part.groups.front().years;
+                    quotientCell =
+                        standing(byThousand(part.rows.front().quotient, years, deaths), sound && years >= leastYears);
+                    expectation = standing(report::number(part.rows.front().expectation, deaths), sound);
+                }
                 table.rows.push_back(
                     {report::text(QString("%1 anos, %2").arg(whose.first).arg(genderTold(whose.gender))),
                      report::text(estimateTold[static_cast<std::size_t>(estimate)]), counted(lives),
                      report::number(part.years, {{YearsFrom, whose.at()}}), report::number(part.deaths, deaths),
-                     cell(has ? part.rows.front().quotient * 1000 : 0,
-                          sound && part.groups.front().years >= leastYears),
-                     cell(has ? part.rows.front().expectation : 0, sound)});
+                     quotientCell, expectation});
             }
     table.notes = {"Quem casa depois dessa idade não entra; nas outras tábuas entra no dia em que casa."};
     return table;
@@ -360,6 +400,13 @@ qint64 atRiskAt(const std::map<qint32, statistics::Exits>& exits, qint32 age)
     for (auto exit = exits.begin(); exit != exits.end() && exit->first < age; ++exit)
         atRisk += exit->second.entered - exit->second.events - exit->second.left;
     return atRisk;
+}
+
+// Who dies or leaves at this age or later: those at risk, and who marries behind it.
+std::vector<Key> leavingFrom(const Reading& reading, qint32 age, const At& at)
+{
+    const qint32 end = endOfAges * daysOfAnAge;
+    return reading.within(Dies, 2, age, end, at).keys + reading.within(Leaves, 2, age, end, at).keys;
 }
 
 // Men and women beside each other.
@@ -389,7 +436,7 @@ Table byKaplanMeier(const Reading& reading)
                 reading.within(Dies, 2, from, until, at).keys + reading.within(Leaves, 2, from, until, at).keys;
             const qint64 atRisk = atRiskAt(watched.exits, from);
             const Died died = diedBetween(watched.steps, from, until);
-            table.rows.back().push_back(report::number(atRisk));
+            table.rows.back().push_back(report::number(atRisk, leavingFrom(reading, from, at)));
             table.rows.back().push_back(estimated(died.probability, died.interval, atRisk, base, keys));
         }
     }
