@@ -146,6 +146,23 @@ TEST_F(Children, AreSeenAsLongAsTheirFamilyIs)
     EXPECT_EQ(value(infants(), "Todo o período", "1q0 clássico"), 500);
 }
 
+// Of who is born in the last days of one period, and dies in the first ones of the next.
+TEST_F(Children, AreCountedByThePeriodOfTheBirthAndByThatOfTheDeath)
+{
+    child("1749-12-01", "1750-01-20");
+    child("1749-10-01");
+    child("1751-10-01");
+    const auto figures = figuresFor(infantMortality);
+    const auto cohorts = tableOf(figures, "mortalidade-infantil"), periods = tableOf(figures, "pelo-ano-do-obito");
+    EXPECT_EQ(value(cohorts, "1700–1749", "Óbitos"), 1);
+    EXPECT_EQ(value(cohorts, "1750–1799", "Óbitos"), 0);
+    EXPECT_EQ(value(periods, "1700–1749", "Óbitos"), 0);
+    EXPECT_EQ(value(periods, "1700–1749", "Nascimentos vistos um ano"), 2);
+    EXPECT_EQ(value(periods, "1750–1799", "Óbitos"), 1);
+    EXPECT_EQ(value(periods, "1750–1799", "1q0 do período"), 1000);
+    EXPECT_EQ(value(periods, "Todo o período", "Óbitos"), 1);
+}
+
 TEST_F(Children, WhoDieAloneTellNothing)
 {
     const qint64 lonely = lonelyCouple();
