@@ -105,6 +105,15 @@ TEST(EndogenousMortality, ByThousandBearsADecimalFromAHundredBirthsOn)
     }
 }
 
+TEST(TheAgeOfAChild, CountsNoneOfTheDaysThatOctober1582LeftOut)
+{
+    const auto day = [](int year, int month, int of) { return study::parish::dateOf(QDate(year, month, of), true); };
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1582, 10, 4)), 3);
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1582, 10, 15)), 4);
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1583, 9, 30)), 354);
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1583, 10, 1)), 365);
+}
+
 TEST(TheSubjectsOfChildren, GiveFiguresOfNothing)
 {
     for (const Subject* subject : {&infantMortality, &childhoodMortality, &endogenousMortality})
