@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,10 +24,19 @@ struct Read
     std::string format;
     std::string severity;
     std::string output;
-    std::string settings, list, birthWords, baptismWords;
+    std::string settings, list;
+    std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
     bool help = false;
 };
+
+CLI::App* addSubcommand(CLI::App& app, const std::string& name)
+{
+    CLI::App* command = app.add_subcommand(name);
+    command->set_help_flag();
+    command->require_subcommand(0, 1);
+    return command;
+}
 
 void addImport(CLI::App& command, Read& read, Order& order)
 {
@@ -40,12 +50,16 @@ void addImport(CLI::App& command, Read& read, Order& order)
     command.add_option("--ressalva", read.overruling);
 }
 
-CLI::App* addSubcommand(CLI::App& app, const std::string& name)
+void addTableImport(CLI::App& command, Read& read, Order& order)
 {
-    CLI::App* command = app.add_subcommand(name);
-    command->set_help_flag();
-    command->require_subcommand(0, 1);
-    return command;
+    addImport(command, read, order);
+    command.add_option("--colunas", read.columns);
+}
+
+void addExport(CLI::App& command, Read& read, Order&)
+{
+    command.add_option("ficheiro", read.files)->required()->expected(1);
+    command.add_option("--bdp", read.bdp)->required();
 }
 
 void addCheck(CLI::App& command, Read& read, Order& order)
@@ -56,44 +70,103 @@ void addCheck(CLI::App& command, Read& read, Order& order)
     command.add_flag("--vistos", order.withSeen);
 }
 
-void addFigures(CLI::App& command, Read& read)
+void addBdp(CLI::App& command, Read& read, Order&)
+{
+    command.add_option("bdp", read.bdp)->required();
+}
+
+void addFiles(CLI::App& command, Read& read, Order&)
 {
     command.add_option("ficheiros", read.files)->required();
+}
+
+void addFigures(CLI::App& command, Read& read, Order& order)
+{
+    addFiles(command, read, order);
     command.add_option("-o", read.output)->required();
 }
 
-// What sets a study, and the words that were given for it.
-struct SettingCommands
+void addNetwork(CLI::App& command, Read& read, Order& order)
 {
-    CLI::App* settings = nullptr;
-    CLI::App* baptisms = nullptr;
-    CLI::Option* birthWords = nullptr;
-    CLI::Option* baptismWords = nullptr;
+    addBdp(command, read, order);
+    command.add_option("-o", read.output)->required();
+}
 
-    // Whether it is one of these.
-    bool take(const Read& read, Order& order) const
-    {
-        if (settings->parsed()) order.work = Order::Work::Settings;
-        if (baptisms->parsed()) order.work = Order::Work::Baptisms;
-        order.settings = QString::fromStdString(read.settings);
-        order.list = QString::fromStdString(read.list);
-        if (birthWords->count() > 0) order.birthWords = QString::fromStdString(read.birthWords);
-        if (baptismWords->count() > 0) order.baptismWords = QString::fromStdString(read.baptismWords);
-        return settings->parsed() || baptisms->parsed();
-    }
+void addSettings(CLI::App& command, Read& read, Order& order)
+{
+    addBdp(command, read, order);
+    command.add_option("--de", read.settings);
+}
+
+void addBaptisms(CLI::App& command, Read& read, Order& order)
+{
+    addBdp(command, read, order);
+    command.add_option("--lista", read.list);
+    const auto into = [](std::optional<std::string>& words) {
+        return [&words](const std::string& given) { words = given; };
+    };
+    command.add_option_function<std::string>("--nascido", into(read.birthWords));
+    command.add_option_function<std::string>("--baptizado", into(read.baptismWords));
+    command.add_flag("--gravar", order.keep);
+}
+
+// What the user may ask for. Of two at once the first one here is done.
+struct Command
+{
+    CLI::App* said;
+    Order::Work work;
 };
 
-SettingCommands addSettings(CLI::App& app, Read& read, Order& order)
+std::vector<Command> addCommands(CLI::App& app, Read& read, Order& order)
 {
-    SettingCommands all{addSubcommand(app, "definicoes"), addSubcommand(app, "baptismos")};
-    for (CLI::App* const command : {all.settings, all.baptisms})
-        command->add_option("bdp", read.bdp)->required();
-    all.settings->add_option("--de", read.settings);
-    all.baptisms->add_option("--lista", read.list);
-    all.birthWords = all.baptisms->add_option("--nascido", read.birthWords);
-    all.baptismWords = all.baptisms->add_option("--baptizado", read.baptismWords);
-    all.baptisms->add_flag("--gravar", order.keep);
-    return all;
+    using enum Order::Work;
+    struct Known
+    {
+        CLI::App* of;
+        const char* name;
+        Order::Work work;
+        void (*add)(CLI::App&, Read&, Order&);
+    };
+    CLI::App* const import = addSubcommand(app, "importar");
+    CLI::App* const exported = addSubcommand(app, "exportar");
+    const Known all[] = {{import, "kleio", ImportKleio, addImport},
+                         {import, "tabela", ImportTable, addTableImport},
+                         {exported, "kleio", ExportKleio, addExport},
+                         {&app, "verificar", Check, addCheck},
+                         {&app, "contagens", Count, addBdp},
+                         {&app, "juntar", Join, addFiles},
+                         {&app, "relatorio", Report, addFigures},
+                         {&app, "tabelas", Tables, addFigures},
+                         {&app, "smam", Smam, addFiles},
+                         {&app, "rede", Network, addNetwork},
+                         {&app, "baptismos", Baptisms, addBaptisms},
+                         {&app, "definicoes", Settings, addSettings}};
+    std::vector<Command> commands;
+    for (const Known& known : all) {
+        commands.push_back({addSubcommand(*known.of, known.name), known.work});
+        known.add(*commands.back().said, read, order);
+    }
+    return commands;
+}
+
+std::optional<QString> textOf(const std::optional<std::string>& words)
+{
+    return words ? std::optional(QString::fromStdString(*words)) : std::nullopt;
+}
+
+void take(const Read& read, Order& order)
+{
+    for (const std::string& file : read.files)
+        order.files << QString::fromStdString(file);
+    order.bdp = QString::fromStdString(read.bdp);
+    order.output = QString::fromStdString(read.output);
+    order.columns = QString::fromStdString(read.columns);
+    order.options.overruling = QString::fromStdString(read.overruling);
+    if (read.linkCouples) order.options.rule = LinkRule::CouplesWithOpenSpan;
+    order.settings = QString::fromStdString(read.settings);
+    order.list = QString::fromStdString(read.list);
+    order.birthWords = textOf(read.birthWords);
+    order.baptismWords = textOf(read.baptismWords);
 }
 
 // "", or which word of a check isn't understood.
@@ -145,67 +218,19 @@ QString readArguments(const QStringList& arguments, Order& order)
     CLI::App app;
     app.set_help_flag();
     app.add_flag("-h,--help,--ajuda", read.help);
-    CLI::App* const import = addSubcommand(app, "importar");
-    CLI::App* const kleio = addSubcommand(*import, "kleio");
-    CLI::App* const table = addSubcommand(*import, "tabela");
-    CLI::App* const exported = addSubcommand(*addSubcommand(app, "exportar"), "kleio");
-    addImport(*kleio, read, order);
-    addImport(*table, read, order);
-    table->add_option("--colunas", read.columns);
-    exported->add_option("ficheiro", read.files)->required()->expected(1);
-    exported->add_option("--bdp", read.bdp)->required();
-    CLI::App* const check = addSubcommand(app, "verificar");
-    addCheck(*check, read, order);
-    CLI::App* const counts = addSubcommand(app, "contagens");
-    counts->add_option("bdp", read.bdp)->required();
-    CLI::App* const join = addSubcommand(app, "juntar");
-    join->add_option("ficheiros", read.files)->required();
-    CLI::App* const report = addSubcommand(app, "relatorio");
-    addFigures(*report, read);
-    CLI::App* const tables = addSubcommand(app, "tabelas");
-    addFigures(*tables, read);
-    CLI::App* const smam = addSubcommand(app, "smam");
-    smam->add_option("ficheiros", read.files)->required();
-    CLI::App* const network = addSubcommand(app, "rede");
-    network->add_option("bdp", read.bdp)->required();
-    network->add_option("-o", read.output)->required();
-    const SettingCommands setting = addSettings(app, read, order);
+    const std::vector<Command> commands = addCommands(app, read, order);
     try {
         app.parse(reversed(arguments));
     } catch (const CLI::ParseError& error) {
         if (!read.help) return inPortuguese(error);
     }
-    for (const std::string& file : read.files)
-        order.files << QString::fromStdString(file);
-    order.bdp = QString::fromStdString(read.bdp);
-    order.output = QString::fromStdString(read.output);
-    order.columns = QString::fromStdString(read.columns);
-    order.options.overruling = QString::fromStdString(read.overruling);
-    if (read.linkCouples) order.options.rule = LinkRule::CouplesWithOpenSpan;
+    take(read, order);
     if (read.help) return {};
-    if (kleio->parsed())
-        order.work = Order::Work::ImportKleio;
-    else if (table->parsed())
-        order.work = Order::Work::ImportTable;
-    else if (exported->parsed())
-        order.work = Order::Work::ExportKleio;
-    else if (check->parsed())
-        order.work = Order::Work::Check;
-    else if (counts->parsed()) {
-        order.work = Order::Work::Count;
-        order.files = {order.bdp};
-    } else if (join->parsed())
-        order.work = Order::Work::Join;
-    else if (report->parsed())
-        order.work = Order::Work::Report;
-    else if (tables->parsed())
-        order.work = Order::Work::Tables;
-    else if (smam->parsed())
-        order.work = Order::Work::Smam;
-    else if (network->parsed())
-        order.work = Order::Work::Network;
-    else if (!setting.take(read, order))
-        return "Falta dizer o que fazer.";
+    const auto isSaid = [](const Command& command) { return command.said->parsed(); };
+    const auto command = std::find_if(commands.begin(), commands.end(), isSaid);
+    if (command == commands.end()) return "Falta dizer o que fazer.";
+    order.work = command->work;
+    if (order.work == Order::Work::Count) order.files = {order.bdp};
     return readWords(read, order);
 }
 

@@ -147,7 +147,8 @@ Table classesOf(const Reading& reading, qint32 gender, const QString& id, const 
 
 report::Chart chartOf(const Reading& reading)
 {
-    report::Chart chart{"idades-ao-obito", "Óbitos por idade e sexo", report::Drawing::Pyramid, "óbitos", "idade"};
+    report::Chart chart{"idades-ao-obito", "Óbitos por idade e sexo", report::Drawing::Pyramid, "idade (anos)",
+                        "óbitos"};
     chart.described = "Quantos homens e quantas mulheres morreram em cada grupo de idades.";
     if (reading.sum(ByDates) == 0 && reading.sum(ByAct) == 0) return chart;
     for (const parish::Gender gender : {parish::Gender::Male, parish::Gender::Female}) {

@@ -1,5 +1,6 @@
 #include "study/indicators/annual.h"
 #include "study/indicators/deaths.h"
+#include "study/indicators/quotients.h"
 #include "study/indicators/scope.h"
 #include "study/indicators/years.h"
 #include "study/statistics/mortality.h"
@@ -82,6 +83,7 @@ struct AllSeries
     std::map<int, double> baptisms = {}, marriages = {}, adults = {}, children = {}, ageless = {}, conceptions = {};
     std::map<int, double> burials = {};                                 // of all; where adults and children are covered
     std::map<int, double> balance = {}, sum = {};                       // natural; the sum begins anew behind a gap
+    std::map<int, int> sumFrom = {};                                    // the first year of each sum
     std::map<int, double> baptismsByMarriage = {}, laggedBaptisms = {}; // by a marriage of the year, of five before
 };
 
@@ -93,14 +95,17 @@ At buried(Buried who)
 void balance(AllSeries& all)
 {
     double sum = 0;
+    int first = all.years.first;
     for (int year = all.years.first; year <= all.years.last; ++year) {
         const auto born = all.baptisms.find(year), dead = all.burials.find(year);
         if (born == all.baptisms.end() || dead == all.burials.end()) {
             sum = 0;
+            first = year + 1;
             continue;
         }
         all.balance[year] = born->second - dead->second;
         all.sum[year] = sum += born->second - dead->second;
+        all.sumFrom[year] = first;
     }
 }
 
@@ -150,6 +155,27 @@ AllSeries seriesOf(const Reading& reading, const Settings& settings)
     return all;
 }
 
+// What the acts of these years were counted by, from the first to the last of them.
+std::vector<Key> keysOf(const Reading& reading, quint16 count, int first, int last)
+{
+    return reading.within(count, 0, first, last + 1).keys;
+}
+
+// The cells that are worked out of those of a year, each with the keys of all that it was made of.
+std::vector<Cell> workedOut(const Reading& reading, const AllSeries& all, int year)
+{
+    const auto ofBoth = [&](int first) {
+        return keysOf(reading, Baptisms, first, year) + keysOf(reading, Burials, first, year);
+    };
+    const auto byMarriage = [&](int lag) {
+        return keysOf(reading, Baptisms, year, year) + keysOf(reading, Marriages, year - lag, year - lag);
+    };
+    const auto first = all.sumFrom.find(year);
+    return {valueCell(all.balance, year, ofBoth(year)),
+            valueCell(all.sum, year, ofBoth(first == all.sumFrom.end() ? year : first->second)),
+            valueCell(all.baptismsByMarriage, year, byMarriage(0)), valueCell(all.laggedBaptisms, year, byMarriage(5))};
+}
+
 Table acts(const Reading& reading, const AllSeries& all)
 {
     Table table{"actos-por-ano",
@@ -160,15 +186,17 @@ Table acts(const Reading& reading, const AllSeries& all)
                  decimalColumn("Baptismos por casamento", ""),
                  decimalColumn("Baptismos por casamento de 5 anos antes", "")}};
     if (all.years.first == 0) return table;
-    for (int year = all.years.first; year <= all.years.last; ++year)
-        table.rows.push_back(
-            {report::text(QString::number(year)), yearCell(reading, Baptisms, all.baptisms, year),
-             yearCell(reading, Marriages, all.marriages, year), yearCell(reading, Burials, all.burials, year),
-             yearCell(reading, Burials, all.adults, year, buried(Buried::Adult)),
-             yearCell(reading, Burials, all.children, year, buried(Buried::Child)),
-             yearCell(reading, Burials, all.ageless, year, buried(Buried::Ageless)),
-             yearCell(reading, Conceptions, all.conceptions, year), valueCell(all.balance, year),
-             valueCell(all.sum, year), valueCell(all.baptismsByMarriage, year), valueCell(all.laggedBaptisms, year)});
+    for (int year = all.years.first; year <= all.years.last; ++year) {
+        table.rows.push_back({report::text(QString::number(year)), yearCell(reading, Baptisms, all.baptisms, year),
+                              yearCell(reading, Marriages, all.marriages, year),
+                              yearCell(reading, Burials, all.burials, year),
+                              yearCell(reading, Burials, all.adults, year, buried(Buried::Adult)),
+                              yearCell(reading, Burials, all.children, year, buried(Buried::Child)),
+                              yearCell(reading, Burials, all.ageless, year, buried(Buried::Ageless)),
+                              yearCell(reading, Conceptions, all.conceptions, year)});
+        for (Cell& cell : workedOut(reading, all, year))
+            table.rows.back().push_back(std::move(cell));
+    }
     table.notes = {"Um ano fora dos livros ou numa lacuna não tem valor; não é zero.",
                    "O saldo acumulado começa de novo depois de uma lacuna.",
                    "As concepções são os nascimentos com data exacta, nove meses antes; um ano a que falta o "
@@ -205,36 +233,62 @@ std::optional<double> baseOf(const std::map<int, double>& values, const Settings
     return {};
 }
 
-Table averages(const AllSeries& all, const Settings& settings)
+// A series of acts with its moving average, and its index where it has a base of ten years.
+struct Averaged
 {
-    const QString of = QString("média móvel de %1 anos").arg(settings.movingAverage);
-    Table table{"medias-moveis", "Médias móveis e índices por ano", {textColumn("Ano")}};
-    const std::array<std::pair<const char*, const std::map<int, double>*>, 3> series = {
-        {{"Baptismos", &all.baptisms}, {"Casamentos", &all.marriages}, {"Óbitos", &all.burials}}};
-    std::array<std::map<int, double>, 3> means;
-    std::array<std::optional<double>, 3> bases;
-    for (std::size_t i = 0; i < series.size(); ++i) {
-        int first = 0;
-        means[i] = statistics::movingAverage(*series[i].second, settings.movingAverage);
-        bases[i] = baseOf(*series[i].second, settings, first);
-        table.columns.push_back(decimalColumn(QString("%1, %2").arg(QString(series[i].first), of), ""));
-        table.columns.push_back(decimalColumn(QString("%1, índice").arg(QString(series[i].first)), ""));
-        if (bases[i])
-            table.notes << QString("%1: 100 é a média de %2–%3, que é de %4 por ano.")
-                               .arg(QString(series[i].first), QString::number(first),
-                                    QString::number(first + yearsOfBase - 1), decimalComma(*bases[i], 1));
-        else if (settings.indexBase != 0)
-            table.notes << QString("%1: sem índice; aos anos de %2–%3 falta um, ou estão todos vazios.")
-                               .arg(QString(series[i].first), QString::number(first),
-                                    QString::number(first + yearsOfBase - 1));
+    QString name = {};
+    quint16 count = 0;
+    std::map<int, double> values = {}, means = {};
+    std::optional<double> base = {};
+    int firstOfBase = 0;
+};
+
+std::vector<Averaged> averagedOf(const AllSeries& all, const Settings& settings)
+{
+    std::vector<Averaged> series = {{"Baptismos", Baptisms, all.baptisms},
+                                    {"Casamentos", Marriages, all.marriages},
+                                    {"Óbitos", Burials, all.burials}};
+    for (Averaged& one : series) {
+        one.means = statistics::movingAverage(one.values, settings.movingAverage);
+        one.base = baseOf(one.values, settings, one.firstOfBase);
     }
+    return series;
+}
+
+void describe(Table& table, const Averaged& one, const Settings& settings)
+{
+    const QString years = QString("%1–%2").arg(one.firstOfBase).arg(one.firstOfBase + yearsOfBase - 1);
+    const QString of = QString("média móvel de %1 anos").arg(settings.movingAverage);
+    table.columns.push_back(decimalColumn(QString("%1, %2").arg(one.name, of), ""));
+    table.columns.push_back(decimalColumn(QString("%1, índice").arg(one.name), ""));
+    if (one.base)
+        table.notes << QString("%1: 100 é a média de %2, que é de %3 por ano.")
+                           .arg(one.name, years, decimalComma(*one.base, 1));
+    else if (settings.indexBase != 0)
+        table.notes << QString("%1: sem índice; aos anos de %2 falta um, ou estão todos vazios.").arg(one.name, years);
+}
+
+Cell indexCell(const Reading& reading, const Averaged& one, int year)
+{
+    const auto found = one.values.find(year);
+    if (!one.base || found == one.values.end()) return {};
+    return report::number(found->second / *one.base * 100,
+                          keysOf(reading, one.count, year, year) +
+                              keysOf(reading, one.count, one.firstOfBase, one.firstOfBase + yearsOfBase - 1));
+}
+
+Table averages(const Reading& reading, const AllSeries& all, const Settings& settings)
+{
+    Table table{"medias-moveis", "Médias móveis e índices por ano", {textColumn("Ano")}};
+    const std::vector<Averaged> series = averagedOf(all, settings);
+    for (const Averaged& one : series)
+        describe(table, one, settings);
+    const int aside = settings.movingAverage / 2;
     for (int year = all.years.first; year != 0 && year <= all.years.last; ++year) {
         std::vector<Cell> row = {report::text(QString::number(year))};
-        for (std::size_t i = 0; i < series.size(); ++i) {
-            row.push_back(valueCell(means[i], year));
-            const auto found = series[i].second->find(year);
-            row.push_back(bases[i] && found != series[i].second->end() ? report::number(found->second / *bases[i] * 100)
-                                                                       : Cell());
+        for (const Averaged& one : series) {
+            row.push_back(valueCell(one.means, year, keysOf(reading, one.count, year - aside, year + aside)));
+            row.push_back(indexCell(reading, one, year));
         }
         table.rows.push_back(std::move(row));
     }
@@ -289,7 +343,7 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
 {
     const Reading reading(tally);
     const AllSeries all = seriesOf(reading, settings);
-    return {acts(reading, all), chartOf(all, settings),     averages(all, settings),
+    return {acts(reading, all), chartOf(all, settings),     averages(reading, all, settings),
             balanceChart(all),  approximates(reading, all), leftOutTable(reading, reasons)};
 }
 

@@ -1,7 +1,9 @@
 // Foundlings: how many, when, and how long they are seen to live.
 #include "study/indicators/births.h"
+#include "study/indicators/childhood.h"
 #include "study/indicators/natality.h"
 #include "study/indicators/seasonality.h"
+#include "study/observation/limits.h"
 #include "study/statistics/survival.h"
 
 #include <algorithm>
@@ -21,15 +23,19 @@ constexpr auto counts = natality::joined(ownNames, natality::noBirthNames);
 constexpr std::array<const char*, 1> ownTold{"expostos sem data exacta ou sem observação (fora da sobrevivência)"};
 constexpr auto whyNot = natality::reasonsFrom(unseen, natality::joined(ownTold, natality::noBirthTold));
 
+// As every child: the own death never proves that somebody was there to be seen to die. Who is counted where it dies,
+// and not where it lives on, makes too few survive.
 void countSurvival(const Person& child, const Study& study, Taker& taker)
 {
     const Who who{&child, child.origin};
-    const observation::Presence& presence = study.presenceOf(child);
-    const bool dead = child.death.isKnown();
-    const Date& until = dead ? child.death : presence.until.day;
-    const bool exact = child.birth.isExact() && until.isKnown() && (!dead || until.isExact());
-    if (!exact || until.day < child.birth.day) return taker.count({unseen, {}}, who);
-    taker.count({dead ? died : left, {parish::daysBetween(child.birth, until)}}, who);
+    const Date& death = child.death;
+    const bool exact = child.birth.isExact() && (!death.isKnown() || death.isExact());
+    if (!exact || (death.isKnown() && death.day < child.birth.day)) return taker.count({unseen, {}}, who);
+    const Date typed = observation::typedFrom(child), seen = seenUntil(child, study);
+    const bool isLater = typed.isKnown() && typed.middle() > child.birth.middle();
+    if (isLater || !seen.isKnown() || seen.middle() <= child.birth.middle()) return taker.count({unseen, {}}, who);
+    const bool dies = death.isKnown() && death.middle() <= seen.middle();
+    taker.count({dies ? died : left, {parish::daysBetween(child.birth, dies ? death : seen)}}, who);
 }
 
 void fill(const Study& study, const Share& share, Taker& taker)
@@ -68,7 +74,7 @@ Table survivalTable(const Reading& reading)
                 "Sobrevivência dos expostos (Kaplan–Meier)",
                 {textColumn("Até à idade de"), countColumn("Mortos antes"), decimalColumn("Sobreviventes", "%")},
                 {},
-                {QString("Expostos seguidos: %1; saem no último dia em que são vistos.").arg(all)}};
+                {QString("Expostos seguidos: %1; saem no último dia em que a família que os criou é vista.").arg(all)}};
     if (all == 0) return table;
     const std::vector<statistics::Step> steps = statistics::kaplanMeier(exits, all);
     const std::pair<const char*, qint32> ends[]{{"1 mês", 31}, {"1 ano", 366}, {"5 anos", 1827}, {"10 anos", 3653}};
@@ -102,10 +108,11 @@ const Subject foundlings = {
     .id = "expostos",
     .group = "Nascimentos",
     .title = "Expostos",
-    .method =
-        "Contam as pessoas baptizadas na paróquia cuja filiação é de exposto, ou que vêm de uma família de "
-        "acolhimento. A sobrevivência vai do nascimento ao óbito, em datas exactas; quem não tem óbito sai no último "
-        "dia em que é visto na paróquia. Os expostos saem cedo para as amas, e poucos são seguidos.",
+    .method = "Contam as pessoas baptizadas na paróquia cuja filiação é de exposto, ou que vêm de uma família de "
+              "acolhimento. A sobrevivência vai do nascimento ao óbito, em datas exactas, enquanto a família que os "
+              "criou é vista "
+              "por actos que não são os do próprio; sem ela ficam fora. Os expostos saem cedo para as amas, e poucos "
+              "são seguidos.",
     .counts = counts,
     .reasons = whyNot,
     .fill = fill,

@@ -67,7 +67,7 @@ const Subject birthSeasons = {
     .method =
         "Contam os nascidos na paróquia com data exacta; por trimestre também os de data aproximada, se não é só o "
         "ano. As concepções são os nascimentos nove meses antes. O índice é por dia: 100 é a média do ano; pedem-se "
-        "100 nascimentos. As datas podem ser de baptismos.",
+        "100 nascimentos, e as datas podem ser de baptismos.",
     .counts = counts,
     .reasons = whyNot,
     .fill = fill,

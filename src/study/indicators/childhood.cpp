@@ -15,10 +15,16 @@ namespace {
 // Two years between two dates of which one isn't exact tell nothing about the first year.
 constexpr int doubtfulDays = 730;
 
+// Those that October 1582 left out are none.
+qint32 daysOf(const QDate& from, const QDate& until)
+{
+    return parish::daysBetween(parish::dateOf(from, true), parish::dateOf(until, true));
+}
+
 bool isDoubtful(const parish::Person& child)
 {
     if (!child.death.isKnown() || (child.birth.isExact() && child.death.isExact())) return false;
-    return child.birth.middle().daysTo(child.death.middle()) < doubtfulDays;
+    return daysOf(child.birth.middle(), child.death.middle()) < doubtfulDays;
 }
 
 // The first day that no book of burials covers, a child's book up to seven years; nothing where they go on.
@@ -45,17 +51,6 @@ Date ownMarriage(const parish::Person& child)
 void endAt(Date& end, const Date& other)
 {
     if (other.isKnown() && other.middle() < end.middle()) end = other;
-}
-
-// Until when it would have been seen had it lived. Unknown where nothing proves it.
-Date seenUntil(const parish::Person& child, const Study& study)
-{
-    Date end = observation::familyEndFor(child, study.parish, study.unions).day;
-    if (!end.isKnown()) return end;
-    endAt(end, ownMarriage(child));
-    endAt(end, endOfBooks(child.birth, study.settings));
-    endAt(end, observation::typedUntil(child));
-    return end;
 }
 
 Unwatched whyNotAsked(const parish::Person& child, const Study& study, Legitimacy legitimacy)
@@ -96,7 +91,17 @@ qint32 ageInDays(const Date& birth, const Date& at)
     QDate last(from.year() + years, from.month(), from.day());
     if (!last.isValid()) last = QDate(from.year() + years, 3, 1);
     // The year that lost ten days has its birthdays as every other.
-    return years * daysOfAnAge + std::min(static_cast<qint32>(last.daysTo(to)), daysOfAnAge - 1);
+    return years * daysOfAnAge + std::min(daysOf(last, to), daysOfAnAge - 1);
+}
+
+Date seenUntil(const parish::Person& child, const Study& study)
+{
+    Date end = observation::familyEndFor(child, study.parish, study.unions).day;
+    if (!end.isKnown()) return end;
+    endAt(end, ownMarriage(child));
+    endAt(end, endOfBooks(child.birth, study.settings));
+    endAt(end, observation::typedUntil(child));
+    return end;
 }
 
 Childhood childhoodOf(const parish::Person& child, const Study& study)

@@ -44,6 +44,10 @@ struct Childhood
 
 Childhood childhoodOf(const parish::Person& child, const Study& study);
 
+// Until when a child would have been seen had it lived: as long as its family is, it hasn't married, and the books and
+// the limits that a researcher typed go on. Unknown where nothing proves it. Precondition: its birth is known.
+parish::Date seenUntil(const parish::Person& child, const Study& study);
+
 // Why somebody wasn't watched, as a subject counts it: the reasons stand together among its counts, from `first` on.
 inline constexpr std::array<const char*, 8> unwatchedNames = {
     "menor-sem-nascimento", "nascido-fora",      "fora-dos-livros",   "filiacao-desconhecida",

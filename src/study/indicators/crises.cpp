@@ -1,5 +1,6 @@
 #include "study/indicators/deaths.h"
 #include "study/indicators/mortality.h"
+#include "study/indicators/quotients.h"
 #include "study/indicators/scope.h"
 #include "study/indicators/years.h"
 #include "study/statistics/mortality.h"
@@ -34,7 +35,7 @@ constexpr std::array<Reason, 3> reasons = {
 
 constexpr int firstMonthOfHarvest = 8;
 constexpr int monthsOfPregnancy = 9;
-constexpr int yearsOfBase = 10;
+constexpr int yearsOfBase = 10, yearsAside = 5;
 constexpr double leastMean = 10;                   // deaths a year: with fewer, chance alone makes crises
 constexpr double smallRatio = 1.5, greatRatio = 4; // of L. Del Panta and M. Livi Bacci, 1977
 
@@ -171,20 +172,43 @@ Indices indicesOf(const Reading& reading, const Deaths& of, const Settings& sett
     return indices;
 }
 
-// Of the years that the index of this one is measured by; 0 where there are none.
-double meanBefore(const Indices& indices, int year, const Settings& settings)
+// The years that the index of this one is measured by.
+std::vector<int> yearsBefore(const Indices& indices, int year, const Settings& settings)
 {
-    double sum = 0;
-    int years = 0;
+    std::vector<int> years;
     for (int before = year - yearsOfBase; before < year; ++before) {
         const auto found = indices.deaths.find(before);
         const auto crisis = indices.byN.find(before);
         const bool skipped = settings.skipCrises && crisis != indices.byN.end() && crisis->second.magnitude > 0;
-        if (found == indices.deaths.end() || skipped) continue;
-        sum += found->second;
-        ++years;
+        if (found != indices.deaths.end() && !skipped) years.push_back(before);
     }
-    return years > 0 ? sum / years : 0;
+    return years;
+}
+
+// 0 where there are none.
+double meanBefore(const Indices& indices, int year, const Settings& settings)
+{
+    const std::vector<int> years = yearsBefore(indices, year, settings);
+    double sum = 0;
+    for (const int before : years)
+        sum += indices.deaths.at(before);
+    return years.empty() ? 0 : sum / static_cast<double>(years.size());
+}
+
+std::vector<Key> keysOf(const Reading& reading, const Deaths& of, const std::vector<int>& years)
+{
+    std::vector<Key> keys;
+    for (const int year : years)
+        keys = std::move(keys) + reading.part(of.count, {year, of.who, any, any}).keys;
+    return keys;
+}
+
+std::vector<int> neighboursOf(int year)
+{
+    std::vector<int> years;
+    for (int other = year - yearsAside; other <= year + yearsAside; ++other)
+        if (other != year) years.push_back(other);
+    return years;
 }
 
 Cell indexCell(const std::map<int, statistics::Crisis>& indices, int year, double mean, const std::vector<Key>& from)
@@ -201,14 +225,17 @@ std::vector<Cell> rowOf(const Reading& reading, const Deaths& of, const Indices&
     const auto ratio = indices.ratios.find(year);
     const bool hasIndex = index != indices.byN.end(), hasRatio = ratio != indices.ratios.end();
     const double mean = meanBefore(indices, year, settings);
+    const std::vector<Key> before = keysOf(reading, of, yearsBefore(indices, year, settings));
     const double neighbours = hasRatio && ratio->second > 0 ? static_cast<double>(dead.n) / ratio->second : leastMean;
     return {report::text(of.count == HarvestBurials ? QString("%1/%2").arg(year).arg(year + 1) : QString::number(year)),
             counted(dead),
-            hasIndex ? report::number(mean) : Cell(),
-            indexCell(indices.byN, year, mean, dead.keys),
-            indexCell(indices.byNLessOne, year, mean, dead.keys),
+            hasIndex ? report::number(mean, before) : Cell(),
+            indexCell(indices.byN, year, mean, dead.keys + before),
+            indexCell(indices.byNLessOne, year, mean, dead.keys + before),
             hasIndex ? report::text(magnitudeTold(index->second.magnitude)) : Cell(),
-            hasRatio ? greyedBy(report::number(ratio->second, dead.keys), neighbours) : Cell(),
+            hasRatio ? greyedBy(report::number(ratio->second, dead.keys + keysOf(reading, of, neighboursOf(year))),
+                                neighbours)
+                     : Cell(),
             hasRatio ? report::text(ratioTold(ratio->second)) : Cell()};
 }
 

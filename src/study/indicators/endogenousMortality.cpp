@@ -90,12 +90,21 @@ Cell standing(Cell cell, const Cumulated& of)
     return cell;
 }
 
+// By thousand births: fewer than a hundred bear no decimals.
+Cell perThousand(double value, const Cumulated& of)
+{
+    static constexpr qint64 leastForADecimal = 100;
+    Cell cell = report::number(value, of.deaths.keys + of.births.keys);
+    if (of.births.n < leastForADecimal) cell.decimals = 0;
+    return cell;
+}
+
 Cell endogenousCell(statistics::EndogenousWay way, const Cumulated& of)
 {
     const auto by = way(of.months);
     if (!by) return {};
     if (by->endogenous >= 0) {
-        Cell cell = report::number(by->endogenous, of.deaths.keys);
+        Cell cell = perThousand(by->endogenous, of);
         cell.interval = statistics::endogenousInterval(way, of.months, static_cast<double>(of.births.n));
         return standing(cell, of);
     }
@@ -107,7 +116,7 @@ Cell endogenousCell(statistics::EndogenousWay way, const Cumulated& of)
 Cell exogenousCell(const std::optional<statistics::Endogenous>& by, const Cumulated& of)
 {
     if (!by || by->endogenous < 0) return {};
-    return standing(report::number(of.months.back() - by->endogenous, of.deaths.keys), of);
+    return standing(perThousand(of.months.back() - by->endogenous, of), of);
 }
 
 // All deaths behind the first month, and so many before it as the line gives.
@@ -121,7 +130,7 @@ Cell shortcutCell(const Cumulated& of)
 {
     if (of.births.n == 0 || of.deaths.n == 0) return {};
     const double factor = scale(11) / (scale(11) - scale(0));
-    return standing(report::number(factor * (of.months.back() - of.months.front()), of.deaths.keys), of);
+    return standing(perThousand(factor * (of.months.back() - of.months.front()), of), of);
 }
 
 QString remark(const std::optional<statistics::Endogenous>& by, const Group& group)
@@ -148,7 +157,7 @@ Table byPeriod(const Reading& reading, const Settings& settings)
         const auto squares = statistics::endogenousBySquares(of.months), line = statistics::endogenousByLine(of.months);
         Cell remarkCell = report::text(of.deaths.n < leastDeaths ? "menos de 50 óbitos" : remark(squares, group));
         table.rows.push_back({report::text(told(group, settings)), counted(of.births), counted(of.deaths),
-                              of.births.n > 0 ? standing(report::number(of.months.back(), of.deaths.keys), of) : Cell(),
+                              of.births.n > 0 ? standing(perThousand(of.months.back(), of), of) : Cell(),
                               endogenousCell(statistics::endogenousBySquares, of), exogenousCell(squares, of),
                               squares ? standing(report::number(squares->slope, of.deaths.keys), of) : Cell(),
                               endogenousCell(statistics::endogenousByLine, of), exogenousCell(line, of),
@@ -170,11 +179,10 @@ Table byMonth(const Reading& reading)
     if (of.births.n == 0) return table;
     const auto squares = statistics::endogenousBySquares(of.months);
     for (std::size_t i = 0; i < of.months.size(); ++i)
-        table.rows.push_back(
-            {report::text(QString::number(statistics::endsOfMonths[i])),
-             counted(reading.within(Deaths, 3, 0, statistics::endsOfMonths[i])),
-             report::number(of.months[i], of.deaths.keys), report::number(scale(i)),
-             squares ? report::number(squares->endogenous + squares->slope * scale(i), of.deaths.keys) : Cell()});
+        table.rows.push_back({report::text(QString::number(statistics::endsOfMonths[i])),
+                              counted(reading.within(Deaths, 3, 0, statistics::endsOfMonths[i])),
+                              perThousand(of.months[i], of), report::number(scale(i)),
+                              squares ? perThousand(squares->endogenous + squares->slope * scale(i), of) : Cell()});
     return table;
 }
 

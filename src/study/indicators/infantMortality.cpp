@@ -24,12 +24,15 @@ enum Count : quint16
     ExactSeen,  // as Seen and SeenDied, to the day
     ExactDied,
     ExactDeaths, // all deaths under one with both dates exact
+    DiedWhen,    // as SeenDied; the period is that of the death, and there is no age
     Unlinked     // the first of the reasons
 };
-constexpr std::array<const char*, 16> names = {
-    "vistos-um-ano",   "vistos-obitos",   "nao-vistos-obitos", "obitos",          "saidas",          "vistos-exactos",
-    "obitos-exactos",  "obitos-todos",    unwatchedNames[0],   unwatchedNames[1], unwatchedNames[2], unwatchedNames[3],
-    unwatchedNames[4], unwatchedNames[5], unwatchedNames[6],   unwatchedNames[7]};
+constexpr std::array<const char*, 17> names = {"vistos-um-ano",   "vistos-obitos",   "nao-vistos-obitos",
+                                               "obitos",          "saidas",          "vistos-exactos",
+                                               "obitos-exactos",  "obitos-todos",    "obitos-pelo-ano-do-obito",
+                                               unwatchedNames[0], unwatchedNames[1], unwatchedNames[2],
+                                               unwatchedNames[3], unwatchedNames[4], unwatchedNames[5],
+                                               unwatchedNames[6], unwatchedNames[7]};
 constexpr std::array<Reason, 8> reasons = reasonsFrom(Unlinked);
 
 constexpr Base base = {100, 200}; // births
@@ -40,7 +43,7 @@ bool diedAsInfant(const Childhood& life)
     return life.death && *life.death < daysOfAnAge;
 }
 
-void countSeen(const Childhood& life, const At& at, const Who& who, Taker& taker)
+void countSeen(const Childhood& life, const At& at, qint32 periodOfDeath, const Who& who, Taker& taker)
 {
     const bool dead = diedAsInfant(life);
     if (!life.isWatched() || life.seen < daysOfAnAge) {
@@ -48,7 +51,10 @@ void countSeen(const Childhood& life, const At& at, const Who& who, Taker& taker
         return;
     }
     taker.count({Seen, {at[0], at[1], at[2]}}, who);
-    if (dead) taker.count({SeenDied, at}, who);
+    if (dead) {
+        taker.count({SeenDied, at}, who);
+        taker.count({DiedWhen, {periodOfDeath, at[1], at[2]}}, who);
+    }
     if (!life.exact) return;
     taker.count({ExactSeen, {at[0], at[1], at[2]}}, who);
     if (dead) taker.count({ExactDied, at}, who);
@@ -65,7 +71,9 @@ void fill(const Study& study, const Share& share, Taker& taker)
         At at = {periodOf(child.birth.middle().year(), study.settings), numbered(child.gender),
                  static_cast<qint32>(life.legitimacy), life.death.value_or(0)};
         if (life.exact && diedAsInfant(life)) taker.count({ExactDeaths, at}, who);
-        if (life.why != Unwatched::ObservedLater) countSeen(life, at, who, taker);
+        const qint32 periodOfDeath =
+            child.death.isKnown() ? periodOf(child.death.middle().year(), study.settings) : at[0];
+        if (life.why != Unwatched::ObservedLater) countSeen(life, at, periodOfDeath, who, taker);
         if (!life.isWatched()) continue;
         at[3] = std::min(life.until, daysOfAnAge);
         taker.count({life.died && life.until < daysOfAnAge ? Dies : Leaves, at}, who);
@@ -127,6 +135,24 @@ Table byLegitimacy(const Reading& reading)
             row.push_back(std::move(cell));
         table.rows.push_back(std::move(row));
     }
+    return table;
+}
+
+// The other tables are of cohorts of births.
+Table byPeriodOfDeath(const Reading& reading, const Settings& settings)
+{
+    Table table{"pelo-ano-do-obito",
+                "Mortalidade infantil pelo período do óbito",
+                {textColumn("Nascimentos e óbitos de"), countColumn("Nascimentos vistos um ano"), countColumn("Óbitos"),
+                 decimalColumn("1q0 do período", "‰")}};
+    for (const Group& group : groupsOf(reading, {Seen})) {
+        const At at = {group.period, group.gender, any, any};
+        const auto born = reading.part(Seen, at), dead = reading.part(DiedWhen, at);
+        table.rows.push_back({report::text(told(group, settings)), counted(born), counted(dead),
+                              quotient(dead.n, born.n, base, dead.keys + born.keys)});
+    }
+    table.notes = {"Cada óbito conta no período em que se deu, e divide-se pelos nascimentos do mesmo período; nos "
+                   "outros quadros conta no do nascimento (coortes de nascimento)."};
     return table;
 }
 
@@ -210,13 +236,9 @@ report::Chart chartOf(const Reading& reading, const Settings& settings)
 std::vector<report::Figure> figures(const Tally& tally, const Settings& settings)
 {
     const Reading reading(tally);
-    return {byPeriod(reading, settings),
-            chartOf(reading, settings),
-            byLegitimacy(reading),
-            byAge(reading, settings),
-            byDay(reading),
-            allDeaths(reading),
-            leftOutTable(reading, reasons)};
+    return {byPeriod(reading, settings), chartOf(reading, settings),    byPeriodOfDeath(reading, settings),
+            byLegitimacy(reading),       byAge(reading, settings),      byDay(reading),
+            allDeaths(reading),          leftOutTable(reading, reasons)};
 }
 
 } // namespace

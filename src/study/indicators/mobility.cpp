@@ -134,7 +134,9 @@ void countResidences(std::span<const Residence> rows, Whose whose, const Study& 
                     who);
         countMove(*dated[i - 1], *dated[i], study, who, taker);
     }
-    const qint64 days = dated.front()->date.middle().daysTo(dated.back()->date.middle());
+    const parish::Date first = parish::dateOf(dated.front()->date.middle(), true),
+                       last = parish::dateOf(dated.back()->date.middle(), true);
+    const qint64 days = parish::daysBetween(first, last);
     if (days > 0) taker.count({Days, {whose}}, who, days);
 }
 

@@ -201,6 +201,7 @@ std::vector<report::Figure> monthFigures(const Reading& reading, const ByMonth& 
         figures.emplace_back(monthTable(shown, group, events, id));
         if (events.all.n < leastBySeason) continue;
         chart.plots.push_back(plotOf(group, events));
+        if (group.name.isEmpty() && shown.groups.size() > 1) chart.plots.back().name = "Todos";
         words << described(chart.plots.back());
     }
     chart.described = words.join(' ');

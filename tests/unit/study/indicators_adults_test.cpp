@@ -59,6 +59,60 @@ TEST(AdultMortality, ClosesItsTableWhereNobodyDiesAtTheEnd)
     EXPECT_EQ(shown.table("tabua-fechadas-m").rows.size(), 12U);
 }
 
+TEST(AdultMortality, ByThousandBearsADecimalFromAHundredYearsOn)
+{
+    Tally tally;
+    const auto add = [&](const char* years, const char* deaths, qint32 estimate, qint32 age, int lived) {
+        tally.add(keyOf(adultMortality, years, {cohort, man, estimate, age}), qRound64(lived * 730.5));
+        tally.add(keyOf(adultMortality, deaths, {cohort, man, estimate, age}), 4);
+    };
+    for (const qint32 age : {20, 25, 30, 35}) {
+        add("meios-dias", "obitos", 0, age, age == 25 ? 99 : 101);
+        add("meios-dias-desde", "obitos-desde", 0, age, age == 20 ? 99 : 101);
+    }
+    tally.add(keyOf(adultMortality, "pessoas", {cohort, man, 0}), 90);
+    tally.add(keyOf(adultMortality, "pessoas-desde", {cohort, man, 0}), 90);
+    const Shown shown(adultMortality, tally);
+    const Table table = shown.table("tabua-fechadas-m");
+    const auto decimals = [&](const char* row, const char* column) {
+        return Counting::cell(table, row, column).decimals;
+    };
+    EXPECT_FALSE(decimals("20–24", "5qx"));
+    EXPECT_EQ(decimals("25–29", "5qx"), 0);
+    EXPECT_FALSE(decimals("30–34", "5qx"));
+    EXPECT_FALSE(decimals("25–29", "Sobreviventes"));
+    EXPECT_EQ(decimals("30–34", "Sobreviventes"), 0) << "they have come through the age of few";
+    const Table from = shown.table("desde-idade-exacta");
+    EXPECT_EQ(Counting::cell(from, "20 anos, homens", "5qx").decimals, 0);
+}
+
+TEST(AdultMortality, LeadsFromWhoIsLeftToWhoWasAtRisk)
+{
+    Tally tally;
+    for (const qint32 age : {20, 25, 30}) {
+        tally.add(keyOf(adultMortality, "meios-dias", {cohort, man, 0, age}), 100000);
+        tally.add(keyOf(adultMortality, "obitos", {cohort, man, 0, age}), 4);
+    }
+    const Table table = Shown(adultMortality, tally).table("tabua-fechadas-m");
+    const auto key = [](const char* name, qint32 age) {
+        return keyOf(adultMortality, name, {Tally::any, man, 0, age});
+    };
+    EXPECT_EQ(Counting::cell(table, "30 e mais", "Sobreviventes").from,
+              (std::vector<Key>{key("meios-dias", 20), key("meios-dias", 25), key("obitos", 20), key("obitos", 25)}));
+    EXPECT_EQ(Counting::cell(table, "25–29", "Esperança").from,
+              (std::vector<Key>{key("meios-dias", 25), key("meios-dias", 30), key("obitos", 25), key("obitos", 30)}));
+}
+
+TEST(AdultMortality, TellsWhomTheLeastOfTheTwoBoundsDoesNotBound)
+{
+    Tally tally;
+    tally.add(keyOf(adultMortality, "pessoas", {cohort, man, 1}), 5);
+    const Shown shown(adultMortality, tally);
+    for (const char* id : {"resumo", "tabua-minima-m", "tabua-minima-f"})
+        EXPECT_TRUE(shown.table(id).notes.join(' ').contains("Para quem nenhum acto diz morto não há limite")) << id;
+    EXPECT_FALSE(shown.table("tabua-maxima-m").notes.join(' ').contains("não há limite"));
+}
+
 TEST(AdultMortality, GivesNothingOfNothing)
 {
     for (const auto& figure : adultMortality.figures({}, {})) {

@@ -366,11 +366,41 @@ TEST_F(Births, OfFoundlingsAreFollowedWhileTheyAreSeen)
     for (const char* death : {"1741-02-20", "1741-08-10", ""})
         filiation(6, child(family, "1741-02-10", 'm', death));
     child(family, "1741-02-10");
+    child(family, "1745-02-10");
     count(foundlings);
     EXPECT_EQ(value("expostos", "Todos", "Expostos"), 3);
     EXPECT_EQ(value("sobrevivencia", "1 mês", "Mortos antes"), 1);
     EXPECT_EQ(value("sobrevivencia", "1 ano", "Mortos antes"), 2);
     EXPECT_EQ(cell("sobrevivencia", "1 ano", "Sobreviventes").standing, Standing::Suppressed);
+}
+
+// Neither who dies nor who is never seen again is followed where nothing but the own acts shows a foundling.
+TEST_F(Births, OfFoundlingsWithoutAFamilyAreNotFollowed)
+{
+    for (const char* death : {"1741-02-20", "1741-08-10", ""}) {
+        const qint64 found = person({"Zé", 'm', "1741-02-10", death});
+        filiation(6, found);
+    }
+    count(foundlings);
+    EXPECT_EQ(value("expostos", "Todos", "Expostos"), 3);
+    EXPECT_EQ(leftOut("sem observação"), 3);
+    EXPECT_TRUE(table("sobrevivencia").rows.empty());
+}
+
+// The family is last seen on the first of June of 1742, and the second foundling dies behind that day.
+TEST_F(Births, OfFoundlingsDieWhileTheirFamilyIsSeenOrLeaveWithIt)
+{
+    const qint64 family = married({});
+    filiation(6, child(family, "1741-02-10", 'm', "1741-02-20"));
+    filiation(6, child(family, "1741-02-10"));
+    child(family, "1742-06-01");
+    const qint64 late = child(family, "1741-03-10", 'm', "1750-01-01");
+    filiation(6, late);
+    run("update individuo set localobito = '010101', tipolocalobito = 'F' where nind = ?", {late});
+    count(foundlings);
+    EXPECT_EQ(value("sobrevivencia", "10 anos", "Mortos antes"), 1);
+    EXPECT_NEAR(value("sobrevivencia", "10 anos", "Sobreviventes"), 100 * 2.0 / 3, 1e-9);
+    EXPECT_EQ(leftOut("sem observação"), 0);
 }
 
 TEST_F(Births, HaveTheAgesOfTheParentsByTheRank)

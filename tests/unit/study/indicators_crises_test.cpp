@@ -10,7 +10,7 @@ using taking::Shown;
 
 namespace {
 
-constexpr qint32 adult = 0;
+constexpr qint32 adult = 0, any = Tally::any;
 
 Tally deaths(int first, std::initializer_list<int> numbers)
 {
@@ -60,6 +60,54 @@ TEST(ACrisis, AmongTheTenYearsHidesTheNextUnlessItIsSkipped)
     Settings settings;
     settings.skipCrises = true;
     EXPECT_GT(Shown(mortalityCrises, tally, settings).value("indices", "1711", byN), 5);
+}
+
+TEST(ACrisis, LeadsToTheYearsThatItIsMeasuredAgainst)
+{
+    const auto year = [](int of) { return Key{keyOf(mortalityCrises, "obitos").count, {of, any, any, any}}; };
+    std::vector<Key> before, around;
+    for (int of = 1700; of < 1710; ++of)
+        before.push_back(year(of));
+    for (int of = 1700; of <= 1710; ++of)
+        if (of != 1705) around.push_back(year(of));
+    const Table table = Shown(mortalityCrises, withLast(118)).table("indices");
+    const auto from = [&](const char* row, const char* column) { return Counting::cell(table, row, column).from; };
+    EXPECT_EQ(from("1710", "Média dos 10 anos antes"), before);
+    before.insert(before.begin(), year(1710));
+    EXPECT_EQ(from("1710", byN), before);
+    EXPECT_EQ(from("1710", byNLessOne), before);
+    around.insert(around.begin(), year(1705));
+    EXPECT_EQ(from("1705", "Razão aos 10 vizinhos"), around);
+}
+
+TEST(TheSeries, LeadFromWhatIsWorkedOutToAllItIsMadeOf)
+{
+    Tally tally;
+    for (qint32 of = 1700; of < 1720; ++of)
+        for (const char* count : {"baptismos", "casamentos", "obitos"})
+            tally.add(keyOf(annualSeries, count, {of, 0}), 7);
+    const auto keys = [](const char* count, int first, int last) {
+        std::vector<Key> all;
+        for (int of = first; of <= last; ++of)
+            all.push_back({keyOf(annualSeries, count).count, {of, any, any, any}});
+        return all;
+    };
+    const auto both = [](std::vector<Key> one, const std::vector<Key>& other) {
+        one.insert(one.end(), other.begin(), other.end());
+        return one;
+    };
+    Settings settings;
+    settings.movingAverage = 9;
+    settings.gaps[static_cast<std::size_t>(Series::Baptisms)] = {{1703, 1703}};
+    const Shown shown(annualSeries, tally, settings);
+    const Table acts = shown.table("actos-por-ano"), means = shown.table("medias-moveis");
+    const auto at = [](const Table& table, const char* column) { return Counting::cell(table, "1710", column).from; };
+    EXPECT_EQ(at(acts, "Saldo natural"), both(keys("baptismos", 1710, 1710), keys("obitos", 1710, 1710)));
+    EXPECT_EQ(at(acts, "Saldo acumulado"), both(keys("baptismos", 1704, 1710), keys("obitos", 1704, 1710)));
+    EXPECT_EQ(at(acts, "Baptismos por casamento de 5 anos antes"),
+              both(keys("baptismos", 1710, 1710), keys("casamentos", 1705, 1705)));
+    EXPECT_EQ(at(means, "Baptismos, média móvel de 9 anos"), keys("baptismos", 1706, 1714));
+    EXPECT_EQ(at(means, "Baptismos, índice"), both(keys("baptismos", 1710, 1710), keys("baptismos", 1704, 1713)));
 }
 
 TEST(ACrisis, IsAlsoMeasuredAgainstItsNeighbours)

@@ -88,6 +88,32 @@ TEST(EndogenousMortality, OfTheWorkedExampleIs59AndAHalf)
     EXPECT_EQ(figures.text("endogena", "1750–1799", "Observação"), "recta");
 }
 
+TEST(EndogenousMortality, ByThousandBearsADecimalFromAHundredBirthsOn)
+{
+    for (const auto& [births, decimals] : {std::pair{99, std::optional(0)}, std::pair{100, std::optional<int>()}}) {
+        Tally tally;
+        tally.add(keyOf(endogenousMortality, "nascimentos", {period, boy, 0, 0}), births);
+        for (const qint32 day : {1, 40, 70, 100, 200, 300})
+            tally.add(keyOf(endogenousMortality, "obitos", {period, boy, 0, day}), 10);
+        const Shown figures(endogenousMortality, tally);
+        const auto table = figures.table("endogena");
+        for (const char* column : {"Mortalidade infantil", "Exógena (atalho)"})
+            EXPECT_EQ(Counting::cell(table, "1750–1799", column).decimals, decimals) << births;
+        const auto months = figures.table("acumulados");
+        EXPECT_EQ(Counting::cell(months, "365", "Por mil nascimentos").decimals, decimals);
+        EXPECT_EQ(Counting::cell(months, "365", "Pela recta").decimals, decimals);
+    }
+}
+
+TEST(TheAgeOfAChild, CountsNoneOfTheDaysThatOctober1582LeftOut)
+{
+    const auto day = [](int year, int month, int of) { return study::parish::dateOf(QDate(year, month, of), true); };
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1582, 10, 4)), 3);
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1582, 10, 15)), 4);
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1583, 9, 30)), 354);
+    EXPECT_EQ(ageInDays(day(1582, 10, 1), day(1583, 10, 1)), 365);
+}
+
 TEST(TheSubjectsOfChildren, GiveFiguresOfNothing)
 {
     for (const Subject* subject : {&infantMortality, &childhoodMortality, &endogenousMortality})
@@ -127,6 +153,23 @@ TEST_F(Children, AreSeenAsLongAsTheirFamilyIs)
     child("1752-06-01", "1752-06-20");
     EXPECT_EQ(seen(), 2);
     EXPECT_EQ(value(infants(), "Todo o período", "1q0 clássico"), 500);
+}
+
+// Of who is born in the last days of one period, and dies in the first ones of the next.
+TEST_F(Children, AreCountedByThePeriodOfTheBirthAndByThatOfTheDeath)
+{
+    child("1749-12-01", "1750-01-20");
+    child("1749-10-01");
+    child("1751-10-01");
+    const auto figures = figuresFor(infantMortality);
+    const auto cohorts = tableOf(figures, "mortalidade-infantil"), periods = tableOf(figures, "pelo-ano-do-obito");
+    EXPECT_EQ(value(cohorts, "1700–1749", "Óbitos"), 1);
+    EXPECT_EQ(value(cohorts, "1750–1799", "Óbitos"), 0);
+    EXPECT_EQ(value(periods, "1700–1749", "Óbitos"), 0);
+    EXPECT_EQ(value(periods, "1700–1749", "Nascimentos vistos um ano"), 2);
+    EXPECT_EQ(value(periods, "1750–1799", "Óbitos"), 1);
+    EXPECT_EQ(value(periods, "1750–1799", "1q0 do período"), 1000);
+    EXPECT_EQ(value(periods, "Todo o período", "Óbitos"), 1);
 }
 
 TEST_F(Children, WhoDieAloneTellNothing)

@@ -95,3 +95,13 @@ TEST_F(Mobility, TellsWhoWasLostBehindTheFifteenthBirthday)
     EXPECT_EQ(value(table, "Homens, 1700–1749", "Com óbito"), 1);
     EXPECT_EQ(leftOut(figures)["natural da paróquia que deixa de ser visto antes dos 15 anos"], 1);
 }
+
+// From the 4th to the 15th of October of 1582 it was a day.
+TEST_F(Mobility, CountsNoneOfTheDaysThatTheCalendarLeftOut)
+{
+    const qint64 rui = person({"Rui", 'm'});
+    lives(rui, "1582-10-01", "030899");
+    lives(rui, "1582-10-20", "030801");
+    const Table table = tableOf(figuresFor(mobility), "residencias");
+    EXPECT_NEAR(value(table, "pessoas", "Anos entre a primeira e a última"), 9 / 365.25, 1e-9);
+}

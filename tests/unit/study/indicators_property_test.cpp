@@ -6,6 +6,7 @@
 #include "study/indicators/studyReport.h"
 
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <memory>
 #include <set>
@@ -56,6 +57,27 @@ void expectSharesToAddUp(const Study& study, const Subject& subject, QRandomGene
     Tally sum = tallyOfShare(subject, study, {0, person, 0, family});
     sum += tallyOfShare(subject, study, {person, all, family, families});
     EXPECT_EQ(sum, tallyOf(subject, study)) << subject.id << " cut at " << person << " and " << family;
+}
+
+bool isConstant(const QString& table, const QString& column)
+{
+    return (table == "tempos-proibidos" && column == "Dias") || (table == "acumulados" && column == "log³(x + 1)");
+}
+
+// A count of nothing has no keys.
+void expectKeysOfNumbers(const Subject& subject, const std::vector<study::report::Figure>& figures)
+{
+    for (const auto& figure : figures) {
+        const auto* table = std::get_if<study::report::Table>(&figure);
+        if (!table) continue;
+        for (const auto& row : table->rows)
+            for (std::size_t i = 0; i < row.size(); ++i) {
+                const double* number = std::get_if<double>(&row[i].value);
+                if (!number || *number == 0 || isConstant(table->id, table->columns[i].title)) continue;
+                EXPECT_FALSE(row[i].from.empty())
+                    << subject.id << ", " << qPrintable(table->id + ", " + table->columns[i].title);
+            }
+    }
 }
 
 std::set<Key> keysIn(const std::vector<study::report::Figure>& figures)
@@ -119,6 +141,26 @@ TEST(EverySubject, HasNamesOfItsOwn)
     }
 }
 
+TEST(EverySubject, TellsItsMethodInThreeSentences)
+{
+    static const QRegularExpression end("[.!?](?=\\s|$)");
+    for (const Subject* subject : subjects()) {
+        const QString method = subject->method;
+        EXPECT_EQ(method.count(end), 3) << subject->id << ": " << qPrintable(method);
+        EXPECT_TRUE(method.endsWith('.')) << subject->id;
+    }
+}
+
+// A click on a number leads to the people behind it. Two columns are constants of the calendar and of a formula.
+TEST(EverySubject, TellsTheKeysOfEachNumber)
+{
+    for (const Settings& settings : differentSettings()) {
+        const Study study = studyOf(sample().first, settings);
+        for (const Subject* subject : subjects())
+            expectKeysOfNumbers(*subject, subject->figures(tallyOf(*subject, study), settings));
+    }
+}
+
 TEST(EverySubject, IsWrittenAndReadAgain)
 {
     const Tallies tallies = talliesOf(studyOf(sample().first, {}), {.path = "a.orv", .bytes = 1, .sha256 = "ab"});
@@ -145,6 +187,14 @@ TEST_F(EverySubjectOfTheDemonstration, CountsAsMuchInItsPartsAsInTheWhole)
     for (const Subject* subject : subjects())
         for (int round = 0; round < 5; ++round)
             expectSharesToAddUp(study, *subject, dice);
+}
+
+TEST_F(EverySubjectOfTheDemonstration, TellsTheKeysOfEachNumber)
+{
+    const Snapshot parish = Snapshot::read(bdp_->connection);
+    const Study study = studyOf(parish, {});
+    for (const Subject* subject : subjects())
+        expectKeysOfNumbers(*subject, subject->figures(tallyOf(*subject, study), study.settings));
 }
 
 // A number that names the keys it was made of is a number of somebody.

@@ -116,6 +116,16 @@ TEST_F(Deceased, HaveTheAgeOfTheirDatesOrOfTheActOrOfTheirClass)
     EXPECT_EQ(leftOut(figures), (QMap<QString, int>{{"óbito sem idade nem classe", 2}}));
 }
 
+TEST_F(Deceased, StandInAPyramidByAgeAndNumber)
+{
+    for (const auto& figure : figuresFor(ageAtDeath))
+        if (const auto* chart = std::get_if<study::report::Chart>(&figure)) {
+            EXPECT_EQ(chart->drawing, study::report::Drawing::Pyramid);
+            EXPECT_EQ(chart->xTitle, "idade (anos)");
+            EXPECT_EQ(chart->yTitle, "óbitos");
+        }
+}
+
 TEST_F(Deceased, MothersCountOnceForTwins)
 {
     const qint64 mother = person({"Ana", 'f', "1720-01-01", "1750-03-20"});

@@ -88,6 +88,19 @@ TEST(Seasonality, ShowsEachGroupThatHasEvents)
     EXPECT_EQ(std::get<Chart>(figures[2]).plots.size(), 1U);
 }
 
+TEST(Seasonality, NamesTheLineOfAllBesideThoseOfThePeriods)
+{
+    ByMonth shown = shownByMonth;
+    shown.groups = {{}, {"1750–1799", {1750, Reading::any, Reading::any, Reading::any}}};
+    const auto figures = monthFigures(Reading(tallyOfMonths()), shown);
+    const auto& chart = std::get<Chart>(figures.back());
+    ASSERT_EQ(chart.plots.size(), 2U);
+    EXPECT_EQ(chart.plots[0].name, "Todos");
+    EXPECT_EQ(chart.plots[1].name, "1750–1799");
+    EXPECT_TRUE(chart.described.startsWith("Todos: mais em Fevereiro (242)")) << qPrintable(chart.described);
+    EXPECT_EQ(std::get<Table>(figures[0]).title, "Casamentos por mês");
+}
+
 TEST(Seasonality, ByQuarterIsPerDay)
 {
     Tally tally;
