@@ -103,7 +103,8 @@ TEST_F(TheWindowOfSettings, HasTheSubjectShownCountedAnew)
     EXPECT_EQ(memo("txtNotas"), "sem dados");
     EXPECT_EQ(leftOut().textMatrix(rowOf(leftOut(), "fora do período"), 1), "12");
     EXPECT_FALSE(label("lblEstado").contains("mudou")) << "what is kept of the settings is no record";
-    EXPECT_TRUE(memo("txtMetodo").endsWith("Contado com definições alteradas: período dos acontecimentos."));
+    EXPECT_TRUE(memo("txtMetodo").contains("\r\nContado com definições alteradas: período dos acontecimentos.\r\n"))
+        << qPrintable(memo("txtMetodo"));
 }
 
 TEST_F(TheWindowOfSettings, TakesNeighboursThatThereAreAndWhatFiliationsCountAs)
