@@ -27,8 +27,11 @@ FrmDefinicoes::FrmDefinicoes() : Form(Name)
     on(cmdPadrao, &FrmDefinicoes::cmdPadrao_Click);
     on(cmdAcrescentar, &FrmDefinicoes::cmdAcrescentar_Click);
     on(cmdTirar, &FrmDefinicoes::cmdTirar_Click);
+    on(cmdCausa, &FrmDefinicoes::cmdCausa_Click);
+    on(cmdTirarCausa, &FrmDefinicoes::cmdTirarCausa_Click);
     connect(cmdFechar, &CommandButton::clicked, this, [this] { unload(); });
     connect(txtCodigo, &TextBox::returnPressed, this, [this] { guarded([this] { cmdAcrescentar_Click(); }); });
+    connect(txtCausa, &TextBox::returnPressed, this, [this] { guarded([this] { cmdCausa_Click(); }); });
     connect(cmbFreguesia, &ComboBox::clicked, this,
             [this] { txtCodigo->setText(cmbFreguesia->text().section(' ', 0, 0)); });
     connect(cmbConta, &ComboBox::clicked, this, &FrmDefinicoes::cmbConta_Click);
@@ -87,7 +90,8 @@ void FrmDefinicoes::cmdGravar_Click()
 // As typed: what is kept stays until it is stored.
 void FrmDefinicoes::cmdPadrao_Click()
 {
-    if (!ask("Deseja que todas as definições fiquem como no início? Só ficam gravadas com \"Gravar\".")) return;
+    const QString list = kept_.baptisms.empty() ? "" : " A lista de nascimentos e baptismos não é alterada.";
+    if (!ask("Deseja que todas as definições fiquem como no início? Só ficam gravadas com \"Gravar\"." + list)) return;
     showSettings({});
     Focus::setTo(cmdGravar);
 }
