@@ -200,6 +200,73 @@ TEST_F(TheWindowOfIndicators, TellsThatASearchWasCancelledAndKeepsItsFigures)
     EXPECT_TRUE(memo("txtResposta").startsWith("Família 7"));
 }
 
+TEST_F(TheWindowOfIndicators, TellsThatTheBdpHasChangedWhileItCounted)
+{
+    begin(ageAtMarriage);
+    execute("update familia set datacasam = '1720-02-14' where nfamilia = 7", {});
+    ASSERT_TRUE(finishes());
+    EXPECT_TRUE(label("lblEstado").endsWith(" A BDP mudou desde a contagem.")) << qPrintable(label("lblEstado"));
+    begin(ageGap);
+    ASSERT_TRUE(finishes());
+    choose(ageAtMarriage);
+    EXPECT_EQ(grid().textMatrix(1, 1), "7");
+}
+
+TEST_F(TheWindowOfIndicators, EndsASearchWhenItIsClosed)
+{
+    choose(ageAtMarriage);
+    turnTo("pagNaoContados");
+    control<TextBox>(form(), "txtNumero").setText("7");
+    button("cmdPorque").click();
+    ASSERT_TRUE(form().isAtWork());
+    EXPECT_TRUE(form().unload());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Forms::find(FrmIndicadores::Name), nullptr);
+    QTest::qWait(50);
+}
+
+// Somebody may be gone by then.
+TEST_F(TheWindowOfIndicators, TellsOfSomebodyWhoIsNoMoreInTheBdp)
+{
+    choose(ageAtMarriage);
+    clickCell(grid(), 1, 1);
+    execute("delete from individuo where nind = 1", {});
+    button("cmdFicha").click();
+    EXPECT_EQ(Forms::find("frmInd"), nullptr);
+    EXPECT_EQ(behind().rows(), 7);
+}
+
+// Names of the acts stand in them.
+TEST_F(TheWindowOfIndicators, TakesNoTextOfTheActsForMarkup)
+{
+    form().display();
+    for (const char* name : {"lblQuem", "lblCelula", "lblEstado", "lblNaoContados", "lblTema"})
+        EXPECT_EQ(control<QLabel>(form(), name).textFormat(), Qt::PlainText) << name;
+}
+
+TEST_F(TheWindowOfIndicators, LeadsToItsListsByALetter)
+{
+    choose(ageAtMarriage);
+    for (const auto& [page, list] : {std::pair{"pagQuadros", "cmbQuadro"}, std::pair{"pagGraficos", "cmbGrafico"}}) {
+        turnTo(page);
+        control<QTreeWidget>(form(), "tvwTemas").setFocus();
+        QTest::keyClick(&form(), Qt::Key_L, Qt::AltModifier);
+        EXPECT_TRUE(control<ComboBox>(form(), list).hasFocus()) << list;
+    }
+}
+
+// A reason is a sentence at times.
+TEST_F(TheWindowOfIndicators, CutsNoReasonShort)
+{
+    for (const indicators::Subject* subject : indicators::subjects()) {
+        choose(subject->id);
+        turnTo("pagNaoContados");
+        for (int row = 1; row < leftOut().rows(); ++row)
+            EXPECT_LE(leftOut().fontMetrics().horizontalAdvance(leftOut().textMatrix(row, 0)), leftOut().columnWidth(0))
+                << subject->id << ' ' << qPrintable(leftOut().textMatrix(row, 0));
+    }
+}
+
 TEST_F(TheWindowOfIndicators, EndsItsWorkWhenItIsClosed)
 {
     begin(ageAtMarriage);
