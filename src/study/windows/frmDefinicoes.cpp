@@ -2,6 +2,7 @@
 
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "study/indicators/settingsJson.h"
@@ -55,7 +56,7 @@ bool FrmDefinicoes::Form_QueryUnload(UnloadMode mode)
     if (!askWhetherToStore("Deseja gravar as definições que alterou?")) return true;
     bool stored = false; // where they couldn't be kept
     guarded([&] { stored = store(); });
-    return stored;
+    return stored || Forms::isUnloadingAll(); // left standing, they would be stored in the next BDP
 }
 
 bool FrmDefinicoes::isTyped() const
@@ -70,7 +71,8 @@ bool FrmDefinicoes::store()
     Problem problem;
     const auto next = typed(problem);
     if (!next) {
-        showMessage(problem.told);
+        showMessage(problem.told +
+                    (Forms::isUnloadingAll() ? " As definições que alterou não foram gravadas nesta BDP." : ""));
         Focus::setTo(problem.field);
         return false;
     }

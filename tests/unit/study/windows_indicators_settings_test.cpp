@@ -160,6 +160,22 @@ TEST_F(TheWindowOfSettings, KeepsWhatItsFieldsDoNotShowAsItIs)
     EXPECT_EQ(rows.text(0).split(',').size(), 2) << "what this version can't read is nobody's to change";
 }
 
+// Left standing, it would store in the next BDP what was typed for this one.
+TEST_F(TheWindowOfSettings, GoesWithItsBdpAlsoWhereItCantStore)
+{
+    form().display();
+    field("txtBase").setText("dez");
+    {
+        const Answer yes("&Sim"), ok("OK");
+        EXPECT_FALSE(form().unload()) << "closed alone it stays";
+    }
+    const Answer yes("&Sim"), ok("OK");
+    Forms::unloadAll();
+    EXPECT_EQ(Forms::find(FrmDefinicoes::Name), nullptr);
+    EXPECT_TRUE(ok.text.endsWith(" As definições que alterou não foram gravadas nesta BDP.")) << qPrintable(ok.text);
+    EXPECT_EQ(kept(), Settings());
+}
+
 // A letter leads to one control alone: of those that are seen together none has that of another.
 TEST_F(TheWindowOfSettings, GivesEachLetterOnce)
 {
