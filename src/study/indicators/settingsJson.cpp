@@ -70,9 +70,11 @@ void keepSettings(jet::Connection& bdp, const Settings& settings)
     if (!hasTable(bdp))
         bdp.execute(jet::NativeSql("create table estudo_ajuste (chave varchar primary key not null, valor text not "
                                    "null)"));
+    const Settings before = keptSettings(bdp);
     for (const Entry& entry : settingEntries()) {
-        bdp.execute(jet::NativeSql("delete from estudo_ajuste where chave = ?", {QString(entry.key)}));
         const json value = entry.told(settings);
+        if (value == entry.told(before)) continue; // also where what stands there can't be read
+        bdp.execute(jet::NativeSql("delete from estudo_ajuste where chave = ?", {QString(entry.key)}));
         if (value != entry.told(standard))
             bdp.execute(jet::NativeSql("insert into estudo_ajuste (chave, valor) values (?, ?)",
                                        {QString(entry.key), QString::fromStdString(value.dump())}));

@@ -17,7 +17,8 @@ Settings settingsFrom(const QByteArray& json);
 // The settings of the BDP; what isn't kept, or can't be meant, is as standard. Throws jet::Error.
 Settings keptSettings(const jet::Connection& bdp);
 // Keeps what is otherwise than standard, all or nothing, and forgets the rest, so that a later standard holds where the
-// user has set nothing; what is kept of settings that are unknown here stays. Throws jet::Error.
+// user has set nothing; what is kept of settings that are unknown here stays, and so does a value that can't be meant
+// while its setting is as standard. Throws jet::Error.
 void keepSettings(jet::Connection& bdp, const Settings& settings);
 
 } // namespace study::indicators

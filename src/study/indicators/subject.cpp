@@ -33,8 +33,12 @@ public:
     void count(const Key& key, const Who& who, qint64 amount) override
     {
         static constexpr unsigned betweenQuestions = 4096;
-        if (goesOn_ && ++counts_ % betweenQuestions == 0 && !goesOn_(0)) throw parish::Snapshot::Interrupted{};
+        if (++counts_ % betweenQuestions == 0) ask();
         if (amount != 0 && isAsked(key)) heard.push_back(who);
+    }
+    void ask() const
+    {
+        if (goesOn_ && !goesOn_(0)) throw parish::Snapshot::Interrupted{};
     }
 
     std::vector<Who> heard = {};
@@ -111,8 +115,15 @@ Tally tallyOf(const Subject& subject, const Study& study, int threads)
 std::vector<Who> behind(const Subject& subject, const Study& study, const std::vector<Key>& cells,
                         const parish::Snapshot::GoesOn& goesOn)
 {
+    // A subject may look at many records before it tells the first count.
+    static constexpr std::size_t mostPieces = 20, recordsOfAPiece = 5000;
+    const std::size_t records = study.parish.people().size() + study.parish.families().size();
+    const std::size_t pieces = std::clamp<std::size_t>(records / recordsOfAPiece, 1, mostPieces);
     Listening listening(cells, goesOn);
-    subject.fill(study, shareOf(study.parish, 0, 1), listening);
+    for (std::size_t turn = 0; turn < pieces; ++turn) {
+        listening.ask();
+        subject.fill(study, shareOf(study.parish, turn, pieces), listening);
+    }
     std::vector<Who> all = std::move(listening.heard);
     std::ranges::sort(all, {}, numbersOf);
     const auto isSame = [](const Who& one, const Who& other) { return numbersOf(one) == numbersOf(other); };

@@ -2,6 +2,7 @@
 
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "study/indicators/settingsJson.h"
@@ -27,8 +28,11 @@ FrmDefinicoes::FrmDefinicoes() : Form(Name)
     on(cmdPadrao, &FrmDefinicoes::cmdPadrao_Click);
     on(cmdAcrescentar, &FrmDefinicoes::cmdAcrescentar_Click);
     on(cmdTirar, &FrmDefinicoes::cmdTirar_Click);
+    on(cmdCausa, &FrmDefinicoes::cmdCausa_Click);
+    on(cmdTirarCausa, &FrmDefinicoes::cmdTirarCausa_Click);
     connect(cmdFechar, &CommandButton::clicked, this, [this] { unload(); });
     connect(txtCodigo, &TextBox::returnPressed, this, [this] { guarded([this] { cmdAcrescentar_Click(); }); });
+    connect(txtCausa, &TextBox::returnPressed, this, [this] { guarded([this] { cmdCausa_Click(); }); });
     connect(cmbFreguesia, &ComboBox::clicked, this,
             [this] { txtCodigo->setText(cmbFreguesia->text().section(' ', 0, 0)); });
     connect(cmbConta, &ComboBox::clicked, this, &FrmDefinicoes::cmbConta_Click);
@@ -52,7 +56,7 @@ bool FrmDefinicoes::Form_QueryUnload(UnloadMode mode)
     if (!askWhetherToStore("Deseja gravar as definições que alterou?")) return true;
     bool stored = false; // where they couldn't be kept
     guarded([&] { stored = store(); });
-    return stored;
+    return stored || Forms::isUnloadingAll(); // left standing, they would be stored in the next BDP
 }
 
 bool FrmDefinicoes::isTyped() const
@@ -67,7 +71,8 @@ bool FrmDefinicoes::store()
     Problem problem;
     const auto next = typed(problem);
     if (!next) {
-        showMessage(problem.told);
+        showMessage(problem.told +
+                    (Forms::isUnloadingAll() ? " As definições que alterou não foram gravadas nesta BDP." : ""));
         Focus::setTo(problem.field);
         return false;
     }
@@ -87,7 +92,8 @@ void FrmDefinicoes::cmdGravar_Click()
 // As typed: what is kept stays until it is stored.
 void FrmDefinicoes::cmdPadrao_Click()
 {
-    if (!ask("Deseja que todas as definições fiquem como no início? Só ficam gravadas com \"Gravar\".")) return;
+    const QString list = kept_.baptisms.empty() ? "" : " A lista de nascimentos e baptismos não é alterada.";
+    if (!ask("Deseja que todas as definições fiquem como no início? Só ficam gravadas com \"Gravar\"." + list)) return;
     showSettings({});
     Focus::setTo(cmdGravar);
 }

@@ -7,14 +7,16 @@
 
 #include "ui_frmDefinicoes.h"
 
+#include <QMap>
 #include <QStringList>
 
 #include <array>
 #include <optional>
 #include <vector>
 
-// Shows what is kept in the BDP. What is typed is kept as a whole, where all of it can be meant; what can't is told,
-// with the field in front, and nothing is lost. What was typed and not stored is asked about when the window is closed.
+// Shows what is kept in the BDP; of the list of baptisms only how long it is: it stays as it is. What is typed is kept
+// as a whole, where all of it can be meant; what can't is told, with the field in front, and nothing is lost. What was
+// typed and not stored is asked about when the window is closed.
 class FrmDefinicoes : public Form, private Ui::FrmDefinicoes
 {
     Q_OBJECT
@@ -49,9 +51,17 @@ private:
     void showBooks(const study::indicators::Settings& settings);
     void showNeighbours();
     void showFiliations();
+    // frmDefinicoes_notes.cpp: the words of the notes and of the causes, and the series
+    void fillCauses();
+    void showNotes(const study::indicators::Settings& settings);
+    void showCauses();
+    bool takeNotes(study::indicators::Settings& into, Problem& problem) const;
+    void cmdCausa_Click();
+    void cmdTirarCausa_Click();
 
     // What is typed, where it can be meant; otherwise the first problem is told.
     std::optional<study::indicators::Settings> typed(Problem& problem) const;
+    bool takeLevel(int& into, TextBox* field, const QString& what, Problem& problem) const;
     bool takeNumbers(study::indicators::Settings& into, Problem& problem) const;
     bool takeBooks(study::indicators::Settings& into, Problem& problem) const;
     bool isTyped() const; // otherwise than kept
@@ -75,5 +85,6 @@ private:
     study::indicators::Settings kept_;
     QStringList neighbours_;
     QHash<int, study::indicators::Legitimacy> filiations_;
+    QMap<QString, QString> causes_; // as Settings has them, in the order of the list
     std::vector<Filiation> codes_;
 };

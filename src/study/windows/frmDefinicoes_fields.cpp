@@ -45,6 +45,7 @@ void FrmDefinicoes::fillLists()
     addYears(*cmbCoorte, cohorts);
     addYears(*cmbCompleta, completeAges);
     addYears(*cmbMedia, averages);
+    fillCauses();
     for (const QString which : {"Todos", "Legítimos", "Ilegítimos"})
         cmbNascimentos->add(which);
     for (const QString which : {"Ambos", "Homens", "Mulheres"})
@@ -100,11 +101,12 @@ void FrmDefinicoes::showSettings(const Settings& settings)
     chkDeduzidos->setChecked(settings.derivedBirths);
     chkAbertas->setChecked(settings.openFamilies);
     cmbCompleta->setListIndex(placeOf(settings.completeAge, completeAges));
-    txtFalta->setText(shownShare(settings.missingBirths));
     cmbMedia->setListIndex(placeOf(settings.movingAverage, averages));
     txtAssina->setText(QString::number(settings.signsFrom));
+    txtSinal->setText(QString::number(settings.marksFrom));
     chkCrises->setChecked(settings.skipCrises);
     showBooks(settings);
+    showNotes(settings);
     neighbours_ = settings.neighbours;
     showNeighbours();
     filiations_ = settings.filiations;
@@ -153,7 +155,7 @@ void FrmDefinicoes::showFiliations()
 std::optional<Settings> FrmDefinicoes::typed(Problem& problem) const
 {
     Settings all = kept_;
-    if (!takeNumbers(all, problem) || !takeBooks(all, problem)) return {};
+    if (!takeNumbers(all, problem) || !takeBooks(all, problem) || !takeNotes(all, problem)) return {};
     takeChoice(all.cohortYears, *cmbCoorte, cohorts);
     takeChoice(all.completeAge, *cmbCompleta, completeAges);
     takeChoice(all.movingAverage, *cmbMedia, averages);
@@ -172,6 +174,17 @@ std::optional<Settings> FrmDefinicoes::typed(Problem& problem) const
     return all;
 }
 
+bool FrmDefinicoes::takeLevel(int& into, TextBox* field, const QString& what, Problem& problem) const
+{
+    bool isLevel = false;
+    const int level = field->text().trimmed().toInt(&isLevel);
+    if (isLevel)
+        into = level;
+    else
+        problem = {"O nível a partir do qual " + what + " tem de ser um número inteiro!", field};
+    return isLevel;
+}
+
 bool FrmDefinicoes::takeNumbers(Settings& into, Problem& problem) const
 {
     const auto period = spanFrom(txtPeriodo_0->text(), txtPeriodo_1->text());
@@ -181,22 +194,9 @@ bool FrmDefinicoes::takeNumbers(Settings& into, Problem& problem) const
                    txtPeriodo_0};
         return false;
     }
-    const auto share = shareFrom(txtFalta->text());
-    if (!share) {
-        problem = {"A parte dos nascimentos que falta tem de ser um número de 0 a 20 (%)!", txtFalta};
-        return false;
-    }
-    bool isLevel = false;
-    const int level = txtAssina->text().trimmed().toInt(&isLevel);
-    if (!isLevel) {
-        problem = {"O nível a partir do qual se assina tem de ser um número inteiro!", txtAssina};
-        return false;
-    }
     into.period = *period;
-    // As it was kept, unless it is typed otherwise: the field shows so many digits alone.
-    if (txtFalta->text() != shownShare(into.missingBirths)) into.missingBirths = *share;
-    into.signsFrom = level;
-    return true;
+    return takeLevel(into.signsFrom, txtAssina, "se assina", problem) &&
+           takeLevel(into.marksFrom, txtSinal, "se faz cruz ou sinal", problem);
 }
 
 bool FrmDefinicoes::takeBooks(Settings& into, Problem& problem) const
@@ -219,7 +219,8 @@ bool FrmDefinicoes::takeBooks(Settings& into, Problem& problem) const
             return false;
         }
         into.books[series] = *span;
-        into.gaps[series] = *gaps;
+        // As they were kept, unless they are typed otherwise: one without limits isn't shown.
+        if (books_[series].gaps->text() != shownGaps(into.gaps[series])) into.gaps[series] = *gaps;
     }
     return true;
 }

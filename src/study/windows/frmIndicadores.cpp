@@ -3,6 +3,7 @@
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/statusline.h"
+#include "study/report/chartTable.h"
 #include "study/report/origin.h"
 #include "study/report/sheet.h"
 
@@ -163,20 +164,29 @@ void FrmIndicadores::changeEvent(QEvent* event)
 
 void FrmIndicadores::cmdCopiar_Click()
 {
-    const report::Table* table = tableInFront();
-    if (!table || table->isEmpty()) return;
-    QGuiApplication::clipboard()->setText(report::tabSeparated(*table) + '\n' + report::originText(base_->source) +
+    if (!hasTableInFront()) return;
+    const bool isChart = tabPaginas->currentWidget() == pagGraficos;
+    const report::Table numbers = isChart ? report::tableOf(*shownChart()) : report::Table();
+    const report::Table& table = isChart ? numbers : *tableInFront();
+    QGuiApplication::clipboard()->setText(report::tabSeparated(table) + '\n' + report::originText(base_->source) +
                                           '\n');
-    showStatus("Tabela copiada: " + table->title);
+    showStatus((isChart ? "Números do gráfico copiados: " : "Tabela copiada: ") + table.title);
+}
+
+// A chart's own numbers are a table, too; a method has none.
+bool FrmIndicadores::hasTableInFront() const
+{
+    if (tabPaginas->currentWidget() == pagGraficos) return shownChart() && !shownChart()->isEmpty();
+    const report::Table* table = tableInFront();
+    return table && !table->isEmpty();
 }
 
 void FrmIndicadores::offerCommands()
 {
-    const report::Table* table = tableInFront();
     const report::Chart* chart = shownChart();
     const indicators::Who* who = chosenRecord();
     cmdContar->setEnabled(subject_ && !work_);
-    cmdCopiar->setEnabled(table && !table->isEmpty());
+    cmdCopiar->setEnabled(hasTableInFront());
     cmdGravar->setEnabled(chart && !chart->isEmpty());
     cmdFicha->setEnabled(who);
     cmdFamilia->setEnabled(who && who->person && who->family);

@@ -81,6 +81,7 @@ private:
     void answer();
     void begin(std::function<void(const study::Background::GoesOn&)> compute, std::function<void()> take,
                const QString& state);
+    void tellProgress(int percent);
     void ended();
     void forget(); // what was read and counted
     void setAtWork(bool atWork);
@@ -96,7 +97,8 @@ private:
     void drawChart();
     const study::report::Table* shownTable() const;
     const study::report::Table* leftOutTable() const;
-    const study::report::Table* tableInFront() const;
+    const study::report::Table* tableInFront() const; // null for a page without one
+    bool hasTableInFront() const;                     // or a chart, whose numbers are one
     const study::report::Chart* shownChart() const;
 
     // frmIndicadores_behind.cpp: who stands behind a number

@@ -20,6 +20,7 @@ using parish::Snapshot;
 namespace {
 
 constexpr double readBy = 0.6, readyBy = 0.7; // shares of the time of a first count
+constexpr auto searching = "A procurar…";
 constexpr auto outdated = " A BDP mudou desde a contagem.";
 
 Background::GoesOn part(const Background::GoesOn& goesOn, double from, double to)
@@ -139,7 +140,7 @@ void FrmIndicadores::answer()
           [show = std::move(question.show), this, subject = subject_] {
               if (subject == subject_) show();
           },
-          "A procurar…");
+          searching);
 }
 
 void FrmIndicadores::begin(std::function<void(const Background::GoesOn&)> compute, std::function<void()> take,
@@ -147,10 +148,17 @@ void FrmIndicadores::begin(std::function<void(const Background::GoesOn&)> comput
 {
     take_ = std::move(take);
     work_ = std::make_unique<Background>(std::move(compute));
-    connect(work_.get(), &Background::progressed, barra, &QProgressBar::setValue);
+    connect(work_.get(), &Background::progressed, this, &FrmIndicadores::tellProgress);
     connect(work_.get(), &Background::ended, this, &FrmIndicadores::ended);
     setAtWork(true);
     lblEstado->setText(state);
+}
+
+// Some searches don't know how far they are: the bar moves without an end then.
+void FrmIndicadores::tellProgress(int percent)
+{
+    barra->setRange(0, percent == 0 && lblEstado->text() == searching ? 0 : 100);
+    barra->setValue(percent);
 }
 
 // What is shown stays where nothing came of it.
@@ -160,6 +168,7 @@ void FrmIndicadores::ended()
         if (!work_) return;
         const Outcome outcome = takeOutcome(work_);
         const auto take = std::exchange(take_, {});
+        const bool wasSearch = lblEstado->text() == searching;
         setAtWork(false);
         if (outcome.isResult()) {
             state_ = {};
@@ -167,9 +176,12 @@ void FrmIndicadores::ended()
         } else {
             stopped_ = true;
             question_ = {};
-            state_ = outcome.cancelled ? QString("A contagem foi cancelada.")
-                                       : "Não foi possível contar: " + outcome.failure;
-            showStatus(state_);
+            const QString told =
+                outcome.cancelled
+                    ? QString(wasSearch ? "A procura foi cancelada." : "A contagem foi cancelada.")
+                    : (wasSearch ? "Não foi possível procurar: " : "Não foi possível contar: ") + outcome.failure;
+            state_ = wasSearch ? QString() : told; // the figures are as they were
+            showStatus(told);
         }
         if (subject_ != sheetOf_ && sheet()) showSubject();
         tellState();
@@ -199,6 +211,7 @@ void FrmIndicadores::setAtWork(bool atWork)
     cmdContar->setEnabled(!atWork && subject_);
     cmdCancelar->setEnabled(atWork);
     if (hadFocus) (atWork ? cmdCancelar : cmdContar)->setFocus();
+    barra->setRange(0, 100);
     barra->setValue(0);
     barra->setVisible(atWork);
 }

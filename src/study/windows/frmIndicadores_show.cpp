@@ -70,7 +70,8 @@ const Table* FrmIndicadores::leftOutTable() const
 
 const Table* FrmIndicadores::tableInFront() const
 {
-    return tabPaginas->currentWidget() == pagNaoContados ? leftOutTable() : shownTable();
+    const QWidget* page = tabPaginas->currentWidget();
+    return page == pagQuadros ? shownTable() : page == pagNaoContados ? leftOutTable() : nullptr;
 }
 
 const Chart* FrmIndicadores::shownChart() const
@@ -159,7 +160,8 @@ void FrmIndicadores::cmdGravar_Click()
     if (!shownChart() || shownChart()->isEmpty()) return;
     Chart chart = *shownChart();
     chart.described = QStringList{chart.described, report::originText(base_->source)}.join(' ').trimmed();
-    const QString path = saveFileName("Desenho SVG (*.svg)|*.svg|Imagem PNG (*.png)|*.png", "Gravar o gráfico");
+    const QString path =
+        saveFileName("Desenho SVG (*.svg)|*.svg|Imagem PNG (*.png)|*.png", "Gravar o gráfico: " + chart.title);
     if (path.isEmpty()) return;
     const QString name = '"' + QFileInfo(path).fileName() + '"';
     if (QFileInfo::exists(path)) {

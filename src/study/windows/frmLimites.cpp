@@ -2,6 +2,7 @@
 
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "store/session.h"
@@ -41,7 +42,7 @@ bool FrmLimites::Form_QueryUnload(UnloadMode mode)
     if (mode == UnloadMode::Application) return true;
     bool leaves = false; // where what is typed couldn't be kept
     guarded([&] { leaves = leavesTyped(); });
-    return leaves;
+    return leaves || Forms::isUnloadingAll(); // what was typed is not for the next BDP
 }
 
 void FrmLimites::fillGrid()

@@ -2,6 +2,7 @@
 
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
+#include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "study/windows/decisionNews.h"
@@ -63,7 +64,8 @@ bool FrmPesos::Form_QueryUnload(UnloadMode mode)
         keep();
         isStored = true;
     });
-    return !isWanted || isStored; // what can't be stored stays in sight
+    // What can't be stored stays in sight, but it is not for the next BDP.
+    return !isWanted || isStored || Forms::isUnloadingAll();
 }
 
 // Nothing is altered then.

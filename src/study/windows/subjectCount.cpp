@@ -36,18 +36,26 @@ private:
 
 } // namespace
 
+std::vector<indicators::Share> piecesOf(const parish::Snapshot& parish)
+{
+    const std::size_t people = parish.people().size(), families = parish.families().size();
+    const std::size_t all = std::clamp<std::size_t>((people + families) / recordsOfAPiece, 1, pieces);
+    std::vector<indicators::Share> shares;
+    for (std::size_t turn = 0; turn < all; ++turn)
+        shares.push_back(
+            {people * turn / all, people * (turn + 1) / all, families * turn / all, families * (turn + 1) / all});
+    return shares;
+}
+
 Tally counted(const indicators::Subject& subject, const indicators::Study& study,
               const std::function<bool(double done)>& goesOn)
 {
-    const std::size_t people = study.parish.people().size(), families = study.parish.families().size();
-    const std::size_t all = std::clamp<std::size_t>((people + families) / recordsOfAPiece, 1, pieces);
+    const std::vector<indicators::Share> shares = piecesOf(study.parish);
     Asking asking(goesOn);
-    for (std::size_t turn = 0; turn < all; ++turn) {
-        asking.done = static_cast<double>(turn) / static_cast<double>(all);
+    for (std::size_t turn = 0; turn < shares.size(); ++turn) {
+        asking.done = static_cast<double>(turn) / static_cast<double>(shares.size());
         asking.ask();
-        subject.fill(
-            study, {people * turn / all, people * (turn + 1) / all, families * turn / all, families * (turn + 1) / all},
-            asking);
+        subject.fill(study, shares[turn], asking);
     }
     return std::move(asking.tally);
 }

@@ -1,6 +1,7 @@
 #include "study/windows/subjectRecords.h"
 
 #include "study/windows/recordSheet.h"
+#include "study/windows/subjectCount.h"
 
 #include <algorithm>
 #include <functional>
@@ -27,11 +28,17 @@ public:
     void count(const indicators::Key& key, const Who& who, qint64 amount) override
     {
         static constexpr unsigned betweenQuestions = 4096;
-        if (goesOn_ && ++counts_ % betweenQuestions == 0 && !goesOn_(0)) throw parish::Snapshot::Interrupted{};
+        if (++counts_ % betweenQuestions == 0) ask();
         if (amount != 0 && isAsked_(who)) heard.insert(key.count);
     }
 
+    void ask() const
+    {
+        if (goesOn_ && !goesOn_(done)) throw parish::Snapshot::Interrupted{};
+    }
+
     std::set<quint16> heard = {};
+    double done = 0;
 
 private:
     std::function<bool(const Who&)> isAsked_;
@@ -54,7 +61,12 @@ Verdict verdictOf(const Subject& subject, const Study& study, const parish::Snap
                   std::function<bool(const Who&)> isAsked)
 {
     Listening listening(std::move(isAsked), goesOn);
-    subject.fill(study, {0, study.parish.people().size(), 0, study.parish.families().size()}, listening);
+    const std::vector<indicators::Share> pieces = piecesOf(study.parish);
+    for (std::size_t turn = 0; turn < pieces.size(); ++turn) {
+        listening.done = static_cast<double>(turn) / static_cast<double>(pieces.size());
+        listening.ask();
+        subject.fill(study, pieces[turn], listening);
+    }
     Verdict verdict;
     for (const quint16 count : listening.heard) {
         const auto reason = std::ranges::find(subject.reasons, count, &Reason::count);

@@ -20,7 +20,8 @@ struct Verdict
 };
 
 // The record itself has to be told by the subject: a family doesn't count where only its members do, one by one. A
-// subject's fill() is heard once from beginning to end; throws what that throws. goesOn is asked as by behind().
+// subject's fill() is heard once from beginning to end, piece by piece; throws what that throws. goesOn is asked now
+// and then with the share that is done; where it answers false, parish::Snapshot::Interrupted is thrown.
 Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Person& person,
                   const parish::Snapshot::GoesOn& goesOn = {});
 Verdict verdictOn(const indicators::Subject& subject, const indicators::Study& study, const parish::Family& family,

@@ -22,6 +22,7 @@ constexpr auto leftOutId = "nao-contados"; // of the last table of every subject
 constexpr auto few = "poucos casos", tooFew = "casos a menos para se mostrar";
 constexpr int margin = 16;            // beside a text, in pixels
 constexpr int least = 48, most = 340; // of a column, in pixels of the usual font
+constexpr int mostOfReasons = 640;    // of a text that one number alone follows
 constexpr int measuredRows = 200;
 
 // How a cell stands there: the grid knows texts alone.
@@ -59,7 +60,8 @@ int widthOf(const Grid& grid, const Table& table, std::size_t column)
     for (std::size_t row = 0; row < rows; ++row)
         width = std::max(width, metrics.horizontalAdvance(shown(table.rows[row][column], table.columns[column])));
     const double scale = fontScale(&grid);
-    return std::clamp(width + margin, qRound(least * scale), qRound(most * scale));
+    return std::clamp(width + margin, qRound(least * scale),
+                      qRound((column == 0 && table.columns.size() == 2 ? mostOfReasons : most) * scale));
 }
 
 QModelIndex firstNumber(const Grid& grid, const Table& table)

@@ -1,6 +1,7 @@
 // The window of the settings of a study: what is kept, what is refused, how it is typed.
 #include "study/indicatorsWindow.h"
 
+#include "platform/jet/rows.h"
 #include "study/indicators/settingsJson.h"
 #include "study/windows/studySettingsText.h"
 
@@ -16,6 +17,7 @@ protected:
     static FrmDefinicoes& form() { return theForm<FrmDefinicoes>(); }
     static TextBox& field(const char* name) { return control<TextBox>(form(), name); }
     static void click(const char* name) { control<CommandButton>(form(), name).click(); }
+    static QString label(const char* name) { return control<QLabel>(form(), name).text(); }
     static Settings kept() { return indicators::keptSettings(cnBDP); }
 };
 
@@ -79,6 +81,8 @@ TEST_F(TheWindowOfSettings, RefusesWhatCantBeMeantAndLosesNothing)
     EXPECT_TRUE(refused("txtLacunas_3", "1810 a 1811").startsWith("As lacunas dos livros de óbitos de menores"));
     EXPECT_TRUE(refused("txtFalta", "20,1").startsWith("A parte dos nascimentos"));
     EXPECT_TRUE(refused("txtAssina", "").startsWith("O nível"));
+    EXPECT_TRUE(refused("txtSinal", "cruz").startsWith("O nível a partir do qual se faz cruz ou sinal"));
+    EXPECT_TRUE(refused("txtBase", "dez").startsWith("O primeiro ano da base"));
     {
         const Answer yes("&Sim"), ok("OK");
         field("txtAssina").setText("x");
@@ -88,6 +92,115 @@ TEST_F(TheWindowOfSettings, RefusesWhatCantBeMeantAndLosesNothing)
     const Answer no("&Não");
     EXPECT_TRUE(form().unload());
     EXPECT_EQ(kept(), Settings());
+}
+
+TEST_F(TheWindowOfSettings, TakesTheWordsOfNotesAndCausesAndTheBaseOfAnIndex)
+{
+    form().display();
+    field("txtSinal").setText("0");
+    field("txtBase").setText("1750");
+    field("txtNasceu").setText(" nasceu a;  n. ");
+    field("txtBaptizado").setText("bapt.");
+    for (const char* wrong : {"", "de tiro", "..."}) {
+        field("txtCausa").setText(wrong);
+        const Answer ok("OK");
+        click("cmdCausa");
+        EXPECT_EQ(ok.text, "Deve inserir o começo de uma só palavra, como \"tiro\"!") << wrong;
+    }
+    auto& causes = control<ListBox>(form(), "lstCausas");
+    field("txtCausa").setText("tiro");
+    control<ComboBox>(form(), "cmbCausa").setText("Acidente ou afogamento");
+    click("cmdCausa");
+    field("txtCausa").setText("ar");
+    control<ComboBox>(form(), "cmbCausa").setText("Apoplexia (estupor)");
+    click("cmdCausa");
+    EXPECT_EQ(causes.list(0), "ar – Apoplexia (estupor)");
+    EXPECT_EQ(causes.listIndex(), 0);
+    click("cmdTirarCausa");
+    click("cmdGravar");
+    Settings set;
+    set.marksFrom = 0;
+    set.indexBase = 1750;
+    set.birthWords = "nasceu a; n.";
+    set.baptismWords = "bapt.";
+    set.causes.insert("tiro", "acidente");
+    EXPECT_EQ(kept(), set);
+    EXPECT_TRUE(form().unload());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    form().display();
+    EXPECT_EQ(field("txtNasceu").text(), "nasceu a; n.");
+    EXPECT_EQ(control<ListBox>(form(), "lstCausas").list(0), "tiro – Acidente ou afogamento");
+}
+
+TEST_F(TheWindowOfSettings, KeepsWhatItsFieldsDoNotShowAsItIs)
+{
+    Settings set;
+    set.gaps[0] = {{0, 0}, {1750, 1750}};
+    set.missingBirths = 0.123456789;
+    set.neighbours = QStringList{"999999"};
+    set.filiations.insert(77, indicators::Legitimacy::Foundling);
+    set.birthWords = " nasceu\na ";
+    set.causes.insert("de tiro", "acidente");
+    set.baptisms[parish::PersonNumber(1)] = {QDate(1700, 2, 14), QDate(1700, 2, 20)};
+    indicators::keepSettings(cnBDP, set);
+    execute("insert into estudo_ajuste values ('de_outra_versao', '7'), ('media_movel', '13')", {});
+    form().display();
+    EXPECT_EQ(label("lblLista"),
+              "Lista de nascimentos e baptismos: 1 criança. Dá-se à BDP com \"orv-estudo baptismos\".");
+    EXPECT_TRUE(form().unload()) << "nothing was typed";
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    form().display();
+    field("txtSinal").setText("0");
+    click("cmdGravar");
+    set.marksFrom = 0;
+    EXPECT_EQ(kept(), set);
+    jet::Rows rows(cnBDP, jet::NativeSql("select group_concat(valor) from estudo_ajuste where chave in "
+                                         "('de_outra_versao', 'media_movel')"));
+    ASSERT_TRUE(rows.next());
+    EXPECT_EQ(rows.text(0).split(',').size(), 2) << "what this version can't read is nobody's to change";
+}
+
+// Left standing, it would store in the next BDP what was typed for this one.
+TEST_F(TheWindowOfSettings, GoesWithItsBdpAlsoWhereItCantStore)
+{
+    form().display();
+    field("txtBase").setText("dez");
+    {
+        const Answer yes("&Sim"), ok("OK");
+        EXPECT_FALSE(form().unload()) << "closed alone it stays";
+    }
+    const Answer yes("&Sim"), ok("OK");
+    Forms::unloadAll();
+    EXPECT_EQ(Forms::find(FrmDefinicoes::Name), nullptr);
+    EXPECT_TRUE(ok.text.endsWith(" As definições que alterou não foram gravadas nesta BDP.")) << qPrintable(ok.text);
+    EXPECT_EQ(kept(), Settings());
+}
+
+// A letter leads to one control alone: of those that are seen together none has that of another.
+TEST_F(TheWindowOfSettings, GivesEachLetterOnce)
+{
+    for (const char* name : {FrmIndicadores::Name, FrmDefinicoes::Name}) {
+        const Form& shown = *Forms::show(name);
+        auto& pages = control<QTabWidget>(shown, "tabPaginas");
+        for (int page = 0; page < pages.count(); ++page) {
+            pages.setCurrentIndex(page);
+            QStringList letters;
+            const auto take = [&letters](const QString& text) {
+                if (const auto key = QKeySequence::mnemonic(text); !key.isEmpty()) letters << key.toString();
+            };
+            for (int each = 0; each < pages.count(); ++each)
+                take(pages.tabText(each));
+            for (const auto* button : shown.findChildren<QAbstractButton*>())
+                if (button->isVisibleTo(&shown)) take(button->text());
+            for (const auto* each : shown.findChildren<QLabel*>())
+                if (each->buddy() && each->isVisibleTo(&shown)) take(each->text());
+            EXPECT_GT(letters.size(), 6) << name;
+            letters.sort();
+            QStringList once = letters;
+            once.removeDuplicates();
+            EXPECT_EQ(letters, once) << name << ' ' << page << ' ' << qPrintable(letters.join(' '));
+        }
+    }
 }
 
 TEST_F(TheWindowOfSettings, HasTheSubjectShownCountedAnew)
@@ -102,8 +215,10 @@ TEST_F(TheWindowOfSettings, HasTheSubjectShownCountedAnew)
     EXPECT_EQ(grid().rows(), 0);
     EXPECT_EQ(memo("txtNotas"), "sem dados");
     EXPECT_EQ(leftOut().textMatrix(rowOf(leftOut(), "fora do período"), 1), "12");
-    EXPECT_FALSE(label("lblEstado").contains("mudou")) << "what is kept of the settings is no record";
-    EXPECT_TRUE(memo("txtMetodo").contains("Contado com definições alteradas: período dos acontecimentos."));
+    EXPECT_FALSE(TheWindowOfIndicators::label("lblEstado").contains("mudou"))
+        << "what is kept of the settings is no record";
+    EXPECT_TRUE(memo("txtMetodo").contains("\r\nContado com definições alteradas: período dos acontecimentos.\r\n"))
+        << qPrintable(memo("txtMetodo"));
 }
 
 TEST_F(TheWindowOfSettings, TakesNeighboursThatThereAreAndWhatFiliationsCountAs)

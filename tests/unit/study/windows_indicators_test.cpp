@@ -182,6 +182,91 @@ TEST_F(TheWindowOfIndicators, LeavesNothingOfACountThatWasCancelled)
     EXPECT_EQ(grid().textMatrix(1, 1), "6");
 }
 
+TEST_F(TheWindowOfIndicators, TellsThatASearchWasCancelledAndKeepsItsFigures)
+{
+    choose(ageAtMarriage);
+    turnTo("pagNaoContados");
+    control<TextBox>(form(), "txtNumero").setText("7");
+    button("cmdPorque").click();
+    ASSERT_TRUE(form().isAtWork());
+    EXPECT_EQ(label("lblEstado"), "A procurar…");
+    button("cmdCancelar").click();
+    ASSERT_TRUE(finishes());
+    EXPECT_EQ(memo("txtResposta"), "");
+    EXPECT_TRUE(label("lblEstado").startsWith("Contado na BDP de ")) << "nothing of the count was cancelled";
+    EXPECT_EQ(grid().textMatrix(1, 1), "6");
+    button("cmdPorque").click();
+    ASSERT_TRUE(finishes());
+    EXPECT_TRUE(memo("txtResposta").startsWith("Família 7"));
+}
+
+TEST_F(TheWindowOfIndicators, TellsThatTheBdpHasChangedWhileItCounted)
+{
+    begin(ageAtMarriage);
+    execute("update familia set datacasam = '1720-02-14' where nfamilia = 7", {});
+    ASSERT_TRUE(finishes());
+    EXPECT_TRUE(label("lblEstado").endsWith(" A BDP mudou desde a contagem.")) << qPrintable(label("lblEstado"));
+    begin(ageGap);
+    ASSERT_TRUE(finishes());
+    choose(ageAtMarriage);
+    EXPECT_EQ(grid().textMatrix(1, 1), "7");
+}
+
+TEST_F(TheWindowOfIndicators, EndsASearchWhenItIsClosed)
+{
+    choose(ageAtMarriage);
+    turnTo("pagNaoContados");
+    control<TextBox>(form(), "txtNumero").setText("7");
+    button("cmdPorque").click();
+    ASSERT_TRUE(form().isAtWork());
+    EXPECT_TRUE(form().unload());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Forms::find(FrmIndicadores::Name), nullptr);
+    QTest::qWait(50);
+}
+
+// Somebody may be gone by then.
+TEST_F(TheWindowOfIndicators, TellsOfSomebodyWhoIsNoMoreInTheBdp)
+{
+    choose(ageAtMarriage);
+    clickCell(grid(), 1, 1);
+    execute("delete from individuo where nind = 1", {});
+    button("cmdFicha").click();
+    EXPECT_EQ(Forms::find("frmInd"), nullptr);
+    EXPECT_EQ(behind().rows(), 7);
+}
+
+// Names of the acts stand in them.
+TEST_F(TheWindowOfIndicators, TakesNoTextOfTheActsForMarkup)
+{
+    form().display();
+    for (const char* name : {"lblQuem", "lblCelula", "lblEstado", "lblNaoContados", "lblTema"})
+        EXPECT_EQ(control<QLabel>(form(), name).textFormat(), Qt::PlainText) << name;
+}
+
+TEST_F(TheWindowOfIndicators, LeadsToItsListsByALetter)
+{
+    choose(ageAtMarriage);
+    for (const auto& [page, list] : {std::pair{"pagQuadros", "cmbQuadro"}, std::pair{"pagGraficos", "cmbGrafico"}}) {
+        turnTo(page);
+        control<QTreeWidget>(form(), "tvwTemas").setFocus();
+        QTest::keyClick(&form(), Qt::Key_L, Qt::AltModifier);
+        EXPECT_TRUE(control<ComboBox>(form(), list).hasFocus()) << list;
+    }
+}
+
+// A reason is a sentence at times.
+TEST_F(TheWindowOfIndicators, CutsNoReasonShort)
+{
+    for (const indicators::Subject* subject : indicators::subjects()) {
+        choose(subject->id);
+        turnTo("pagNaoContados");
+        for (int row = 1; row < leftOut().rows(); ++row)
+            EXPECT_LE(leftOut().fontMetrics().horizontalAdvance(leftOut().textMatrix(row, 0)), leftOut().columnWidth(0))
+                << subject->id << ' ' << qPrintable(leftOut().textMatrix(row, 0));
+    }
+}
+
 TEST_F(TheWindowOfIndicators, EndsItsWorkWhenItIsClosed)
 {
     begin(ageAtMarriage);
@@ -201,6 +286,21 @@ TEST_F(TheWindowOfIndicators, CopiesTheTableInFront)
     turnTo("pagNaoContados");
     button("cmdCopiar").click();
     EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("Razão\tCasos\n"));
+}
+
+TEST_F(TheWindowOfIndicators, CopiesTheNumbersOfTheChartInFrontAndNothingOfAMethod)
+{
+    choose(ageAtMarriage);
+    turnTo("pagGraficos");
+    button("cmdCopiar").click();
+    const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
+    EXPECT_TRUE(lines.value(0).contains("Homens")) << qPrintable(lines.value(0));
+    EXPECT_TRUE(lines.value(1).startsWith("1700–1749\t20,0")) << qPrintable(lines.value(1));
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains("\n\nFonte: "));
+    turnTo("pagMetodo");
+    EXPECT_FALSE(button("cmdCopiar").isEnabled());
+    turnTo("pagQuadros");
+    EXPECT_TRUE(button("cmdCopiar").isEnabled());
 }
 
 // What is taken along tells which state of the BDP it is of.
@@ -296,6 +396,35 @@ TEST_F(ASubjectInPieces, GivesTheTallyOfTheWhole)
     const auto endsSoon = [&looks](double) { return ++looks < 3; };
     EXPECT_THROW(counted(*subject, study, endsSoon), parish::Snapshot::Interrupted);
     EXPECT_EQ(looks, 3);
+}
+
+TEST_F(ASubjectInPieces, SearchesPieceByPieceAndEndsWhereItIsToldTo)
+{
+    bdp.beginTrans();
+    for (int i = 0; i < 6000; ++i) {
+        const qint64 husband = person({"Rui", 'm', "1700-02-14"});
+        couple(husband, person({"Ana", 'f', "1702-02-14"}), "1720-02-14");
+    }
+    bdp.commitTrans();
+    const auto parish = parish::Snapshot::read(bdp);
+    const indicators::Study study = indicators::studyOf(parish, {});
+    const indicators::Subject& subject = *indicators::subjectOf(ageGap);
+    const parish::Person& first = parish.people().front();
+    std::vector<double> asked;
+    const Verdict whole = verdictOn(subject, study, first, [&asked](double done) {
+        asked.push_back(done);
+        return true;
+    });
+    EXPECT_EQ(whole, verdictOn(subject, study, first));
+    EXPECT_EQ(asked.front(), 0);
+    EXPECT_GT(asked.back(), 0.5);
+    EXPECT_TRUE(std::ranges::is_sorted(asked));
+    int looks = 0;
+    const auto endsSoon = [&looks](double) { return ++looks < 2; };
+    EXPECT_THROW(verdictOn(subject, study, first, endsSoon), parish::Snapshot::Interrupted);
+    EXPECT_EQ(looks, 2);
+    const auto endsAtOnce = [](double) { return false; };
+    EXPECT_THROW(indicators::behind(subject, study, {}, endsAtOnce), parish::Snapshot::Interrupted);
 }
 
 TEST_F(ASubjectInPieces, TellsOfARecordWhatItIsAndIsNotCountedFor)
