@@ -27,11 +27,6 @@ constexpr int greatest = 6; // of the magnitudes
 
 constexpr int whippleFrom = 23, whippleTo = 62;
 
-struct Line
-{
-    double start = 0, slope = 0;
-};
-
 double scaleOf(std::size_t month)
 {
     const double logarithm = std::log10(endsOfMonths[month] + 1.0);
@@ -39,7 +34,7 @@ double scaleOf(std::size_t month)
 }
 
 // Least squares over the ends of the months from first to last.
-Line lineThrough(const std::array<double, months>& deaths, std::size_t first, std::size_t last)
+LineOfMonths lineThrough(const std::array<double, months>& deaths, std::size_t first, std::size_t last)
 {
     const auto n = static_cast<double>(last - first + 1);
     double x = 0, y = 0, xx = 0, xy = 0;
@@ -54,18 +49,18 @@ Line lineThrough(const std::array<double, months>& deaths, std::size_t first, st
     return {(y - slope * x) / n, slope};
 }
 
-bool isBent(const std::array<double, months>& deaths)
+bool isBent(double early, double late, double deaths)
 {
-    const double early = lineThrough(deaths, 0, halfYear - 1).slope;
-    const double late = lineThrough(deaths, halfYear - 1, months - 1).slope;
     const double bend = std::abs(early - late);
-    return bend > mostBent * std::min(std::abs(early), std::abs(late)) && bend > nothing * deaths.back();
+    return bend > mostBent * std::min(std::abs(early), std::abs(late)) && bend > nothing * deaths;
 }
 
-std::optional<Endogenous> endogenousOf(const Line& line, const std::array<double, months>& deaths)
+std::optional<Endogenous> endogenousOf(const LineOfMonths& line, const std::array<double, months>& deaths)
 {
     if (!(deaths.back() > 0)) return {};
-    return Endogenous{line.start, line.slope, isBent(deaths)};
+    const LineOfMonths early = lineThrough(deaths, 0, halfYear - 1);
+    const LineOfMonths late = lineThrough(deaths, halfYear - 1, months - 1);
+    return Endogenous{line.start, line.slope, early, late, isBent(early.slope, late.slope, deaths.back())};
 }
 
 int magnitudeOf(double index)

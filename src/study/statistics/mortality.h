@@ -14,10 +14,15 @@ namespace study::statistics {
 
 // J. Bourgeois-Pichat, 1951: D(x) = A + B·log10³(x + 1) for deaths cumulated to the ends of the months 1 to 12. Nothing
 // without deaths.
+struct LineOfMonths
+{
+    double start = 0, slope = 0; // A and B
+};
 struct Endogenous
 {
-    double endogenous = 0; // A, in the unit of the deaths; below 0: not applicable
-    double slope = 0;      // B
+    double endogenous = 0;              // A, in the unit of the deaths; below 0: not applicable
+    double slope = 0;                   // B
+    LineOfMonths early = {}, late = {}; // by squares over months 1–6 and 6–12
     bool bent = false; // the slopes of months 1–6 and 6–12 differ by more than a quarter of the smaller one: A means
                        // nothing then
 };

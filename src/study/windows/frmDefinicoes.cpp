@@ -12,7 +12,6 @@
 #include <algorithm>
 
 using namespace study;
-using indicators::Settings;
 
 FrmDefinicoes::FrmDefinicoes() : Form(Name)
 {

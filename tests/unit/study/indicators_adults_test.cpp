@@ -140,9 +140,9 @@ protected:
 
 TEST_F(Adults, WithAKnownDeathDieThenByAllEstimates)
 {
-    const qint64 man = person({"João", 'm', "1720-01-01", "1760-01-01"});
-    couple(man, person({"Ana", 'f', "1722-01-01", "1780-01-01"}), "1745-01-01");
-    const AdultLife life = lifeOf(man);
+    const qint64 joao = person({"João", 'm', "1720-01-01", "1760-01-01"});
+    couple(joao, person({"Ana", 'f', "1722-01-01", "1780-01-01"}), "1745-01-01");
+    const AdultLife life = lifeOf(joao);
     ASSERT_EQ(life.why, NoAdult::None);
     for (const Estimate estimate : estimates) {
         EXPECT_EQ(end(life, estimate).day, day(1760));
@@ -183,21 +183,21 @@ TEST_F(Adults, OfUnknownDeathDieLateEarlyOrNot)
 
 TEST_F(Adults, AreToldDeadByTheNextMarriageOfTheSpouse)
 {
-    const qint64 man = person({"João", 'm', "1720-01-01"});
+    const qint64 joao = person({"João", 'm', "1720-01-01"});
     const qint64 woman = person({"Ana", 'f', "1722-01-01"});
-    couple(man, woman, "1745-01-01");
+    couple(joao, woman, "1745-01-01");
     couple(person({"Rui", 'm', "1720-01-01"}), woman, "1755-05-05");
-    EXPECT_EQ(end(lifeOf(man), Estimate::Least).day.date(), QDate(1755, 5, 5));
-    EXPECT_TRUE(end(lifeOf(man), Estimate::Least).dies);
+    EXPECT_EQ(end(lifeOf(joao), Estimate::Least).day.date(), QDate(1755, 5, 5));
+    EXPECT_TRUE(end(lifeOf(joao), Estimate::Least).dies);
 }
 
 TEST_F(Adults, WhoDieElsewhereAreSeenHereToTheirLastActHere)
 {
-    const qint64 man = person({"João", 'm', "1720-01-01", "1790-01-01"});
-    couple(man, person({"Ana", 'f', "1722-01-01"}), "1745-01-01");
-    run("update individuo set localobito = '030301', tipolocalobito = 'F' where nind = ?", {man});
+    const qint64 joao = person({"João", 'm', "1720-01-01", "1790-01-01"});
+    couple(joao, person({"Ana", 'f', "1722-01-01"}), "1745-01-01");
+    run("update individuo set localobito = '030301', tipolocalobito = 'F' where nind = ?", {joao});
     run("insert into infopar (cod, nome) values ('030899', 'Aqui')");
-    const AdultLife life = lifeOf(man);
+    const AdultLife life = lifeOf(joao);
     EXPECT_FALSE(end(life, Estimate::Censored).dies);
     EXPECT_LT(end(life, Estimate::Censored).day.date().year(), 1790);
     EXPECT_TRUE(end(life, Estimate::Most).dies);
@@ -243,9 +243,9 @@ TEST(AdultMortality, OfTheWorkedExampleIsTheSameFromTheExactAgeOf20)
 
 TEST_F(Adults, WithoutABirthAreLeftOut)
 {
-    const qint64 man = person({"João", 'm', "", "1790-01-01"});
-    couple(man, person({"Ana", 'f', "1750-01-01"}), "1745-01-01");
-    EXPECT_EQ(lifeOf(man).why, NoAdult::NoBirth);
+    const qint64 joao = person({"João", 'm', "", "1790-01-01"});
+    couple(joao, person({"Ana", 'f', "1750-01-01"}), "1745-01-01");
+    EXPECT_EQ(lifeOf(joao).why, NoAdult::NoBirth);
     EXPECT_EQ(leftOut(figuresFor(adultMortality)),
               (QMap<QString, int>{{"sem nascimento", 1}, {"datas que se contradizem", 1}}));
 }

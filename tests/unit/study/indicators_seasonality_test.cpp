@@ -1,6 +1,8 @@
 // Events by the month, as the subjects share them.
 #include "study/indicators/seasonality.h"
 
+#include <gtest/gtest.h>
+
 using namespace study::indicators;
 using study::parish::Date;
 using study::parish::dateOf;

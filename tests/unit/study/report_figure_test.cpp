@@ -3,6 +3,7 @@
 #include "study/statistics_near.h"
 
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 
 using namespace study::report;

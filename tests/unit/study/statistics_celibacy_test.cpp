@@ -1,6 +1,7 @@
 // Who stays single.
 #include "study/statistics/celibacy.h"
 
+#include <gtest/gtest.h>
 #include <limits>
 
 using namespace study::statistics;

@@ -4,6 +4,7 @@
 #include "study/statistics_near.h"
 
 #include <cmath>
+#include <gtest/gtest.h>
 
 using namespace study::statistics;
 

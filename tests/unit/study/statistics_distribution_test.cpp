@@ -2,6 +2,7 @@
 #include "study/statistics/distribution.h"
 #include "study/statistics_near.h"
 
+#include <gtest/gtest.h>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <gtest/gtest.h>
 
 using namespace study::statistics;
 

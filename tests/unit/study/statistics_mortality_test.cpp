@@ -3,6 +3,7 @@
 #include "study/statistics_near.h"
 
 #include <cmath>
+#include <gtest/gtest.h>
 
 using namespace study::statistics;
 
@@ -84,6 +85,10 @@ TEST(EndogenousMortality, BySquaresOverTwelveMonths)
     ASSERT_TRUE(found);
     EXPECT_NEAR(found->endogenous, 59.4, lastDigit(1));
     EXPECT_NEAR(found->slope, 5.420, lastDigit(3));
+    EXPECT_NEAR(found->early.start, 59.5, lastDigit(1));
+    EXPECT_NEAR(found->early.slope, 5.400, lastDigit(3));
+    EXPECT_NEAR(found->late.start, 59.3, lastDigit(1));
+    EXPECT_NEAR(found->late.slope, 5.426, lastDigit(3));
     EXPECT_FALSE(found->bent);
 }
 

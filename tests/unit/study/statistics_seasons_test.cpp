@@ -3,6 +3,7 @@
 #include "study/statistics/seasons.h"
 #include "study/statistics_near.h"
 
+#include <gtest/gtest.h>
 #include <numeric>
 
 using namespace study::statistics;

@@ -1,6 +1,8 @@
 // Counts that add.
 #include "study/statistics/tally.h"
 
+#include <gtest/gtest.h>
+
 using namespace study::statistics;
 
 TEST(ATally, AddsUpInAnyOrder)
