@@ -126,8 +126,8 @@ Table tableFor(const Reading& reading, const Settings& settings, Gender gender, 
                 {},
                 {"Mede-se à morte: diz dos casamentos que se faziam umas décadas antes."}};
     const auto sex = static_cast<qint32>(gender);
-    for (const auto& [period, title] : periodsOf(reading, {Deaths}, settings)) {
-        const auto part = [&](qint32 state) { return reading.part(Deaths, {period, sex, state, any}); };
+    for (const auto& [group, title] : periodsOf(reading, {Deaths}, settings)) {
+        const auto part = [&, period = group](qint32 state) { return reading.part(Deaths, {period, sex, state, any}); };
         if (part(any).n == 0) continue;
         const Reading::Part single = part(NeverMarried), clerics = part(Cleric);
         Reading::Part lay = single, unmarried = single;

@@ -120,7 +120,7 @@ void fill(const Study& study, const Share& share, Taker& taker)
     }
 }
 
-constexpr std::array<const char*, 3 * series> seriesNames{
+constexpr std::array<const char*, std::size_t{3} * series> seriesNames{
     "meios-dias-exacta-1.o",         "meios-dias-exacta-depois",  "meios-dias-aproximada-1.o",
     "meios-dias-aproximada-depois",  "meios-dias-declarada-1.o",  "meios-dias-declarada-depois",
     "nascimentos-exacta-1.o",        "nascimentos-exacta-depois", "nascimentos-aproximada-1.o",

@@ -71,6 +71,7 @@ using natality::Named;
 std::vector<Named> byAgeAtMarriage()
 {
     std::vector<Named> all;
+    all.reserve(marriedAt.size());
     for (const int age : marriedAt)
         all.push_back({groupAtMarriageName(age), {Reading::any, age, Reading::any, Reading::any}});
     return all;

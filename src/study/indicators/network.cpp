@@ -102,6 +102,7 @@ private:
         for (std::size_t i = 0; i < network_.people.size(); ++i)
             ++sizes[components.root(i)];
         std::vector<std::pair<qint64, std::size_t>> order;
+        order.reserve(sizes.size());
         for (const auto& [root, size] : sizes)
             order.emplace_back(-size, root);
         std::sort(order.begin(), order.end());

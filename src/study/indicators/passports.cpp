@@ -232,6 +232,7 @@ Table byAge(const Reading& reading)
 Table byCode(const Reading& reading, quint16 count, Table table, const QString& title, const std::vector<Named>& codes)
 {
     std::vector<Line> lines;
+    lines.reserve(codes.size());
     for (const Named& code : codes)
         lines.push_back({code.name, reading.part(count, {sexes[0].code, code.code, any, any}),
                          reading.part(count, {sexes[1].code, code.code, any, any})});

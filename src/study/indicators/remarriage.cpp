@@ -7,6 +7,7 @@
 #include "study/statistics/survival.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace study::indicators {
 
@@ -215,7 +216,7 @@ Reading::Spread spreadOf(const Reading& reading, quint16 which, const Group& gro
 // Within so many months: the day that completes them counts in.
 qint32 lastDayOf(int months)
 {
-    return static_cast<qint32>(months * natality::daysOfAMonth + 0.5);
+    return static_cast<qint32>(std::lround(months * natality::daysOfAMonth));
 }
 
 Table intervals(const Reading& reading, const std::vector<Group>& groups)

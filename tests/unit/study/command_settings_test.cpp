@@ -76,15 +76,16 @@ TEST_F(TheCommandThatSets, TakesAListWholeOrNotAtAll)
     ASSERT_EQ(kept().baptisms.size(), 2U);
     EXPECT_EQ(kept().baptisms.at(parish::PersonNumber(2)),
               (indicators::BaptismDays{QDate(1750, 3, 8), QDate(1750, 3, 10)}));
-    const auto refused = [&](const QByteArray& rows, const QString& why) {
+    const auto expectRefused = [&](const QByteArray& rows, const QString& why) {
         const QString bad = written("b.csv", "nind;data_nascimento;data_baptismo\n" + rows);
         EXPECT_EQ(orv({"baptismos", path(), "--lista", bad, "--gravar"}), notCounted) << rows.constData();
         EXPECT_TRUE(err_.contains(why)) << qPrintable(err_);
         EXPECT_EQ(kept().baptisms.size(), 2U) << "as it was";
     };
-    refused("1;1750-03-01;1750-03-10\n7;1750-03-01;1750-03-10\n", "b.csv:3: \"7\" não é o número de ninguém");
-    refused("1;1750-03-01;1750-13-10\n", "b.csv:2: As datas escrevem-se");
-    refused("1;1750-03-01;1750-03-10\n1;1750-03-01;1750-03-10\n", "b.csv:3: A criança 1 está na lista duas vezes.");
+    expectRefused("1;1750-03-01;1750-03-10\n7;1750-03-01;1750-03-10\n", "b.csv:3: \"7\" não é o número de ninguém");
+    expectRefused("1;1750-03-01;1750-13-10\n", "b.csv:2: As datas escrevem-se");
+    expectRefused("1;1750-03-01;1750-03-10\n1;1750-03-01;1750-03-10\n",
+                  "b.csv:3: A criança 1 está na lista duas vezes.");
     EXPECT_EQ(orv({"baptismos", path(), "--lista", written("c.csv", "nind;nascimento\n1;1750-03-01\n")}), notCounted);
     EXPECT_TRUE(err_.contains("falta a coluna \"data_nascimento\"")) << qPrintable(err_);
 }

@@ -301,6 +301,7 @@ std::vector<Couple> lives(const Parameters& parameters, quint32 seed)
 {
     Lives made(parameters, seed);
     std::vector<Couple> couples;
+    couples.reserve(static_cast<std::size_t>(std::max(0, parameters.couples)));
     for (int i = 0; i < parameters.couples; ++i)
         couples.push_back(made.couple());
     return couples;
@@ -327,7 +328,7 @@ class Clerk
 public:
     explicit Clerk(const Registers& registers) : rules_(registers) { rows_->home = {home, "Santa Maria"}; }
 
-    void write(Couple couple)
+    void write(const Couple& couple)
     {
         children_.clear();
         for (const Child& one : couple.children)
