@@ -7,7 +7,6 @@
 namespace study::indicators {
 
 using natality::Row;
-using parish::Date;
 using parish::Person;
 
 namespace {

@@ -32,19 +32,16 @@ bool isGrownClass(parish::Code code)
 AgeAtDeath ageByClass(const parish::Person& person)
 {
     AgeAtDeath age{AgeAtDeath::By::Class};
-    if (person.parishClass == innocent)
+    const bool isMinorOfAnAge =
+        person.parishClass == minorWithoutConfession || person.parishClass == minorWithConfession;
+    const bool isOlder = wasMarried(person) || isMinorOfAnAge || isGrownClass(person.parishClass);
+    if (person.parishClass == innocent || (!isOlder && person.minor == true)) {
         age.below = endOfInnocence + 1;
-    else if (wasMarried(person))
-        age.least = marriageable;
-    else if (person.parishClass == minorWithoutConfession || person.parishClass == minorWithConfession) {
-        age.least = endOfInnocence + 1;
-        age.below = majority;
-    } else if (isGrownClass(person.parishClass))
-        age.least = endOfInnocence + 1;
-    else if (person.minor == true)
-        age.below = endOfInnocence + 1;
-    else
-        return {};
+        return age;
+    }
+    if (!isOlder) return {};
+    age.least = wasMarried(person) ? marriageable : endOfInnocence + 1;
+    if (!wasMarried(person) && isMinorOfAnAge) age.below = majority;
     return age;
 }
 

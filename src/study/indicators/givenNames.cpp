@@ -10,6 +10,8 @@ namespace study::indicators {
 
 namespace {
 
+constexpr PackedName unnamed = {};
+
 using At = Reading::At;
 using parish::Person;
 constexpr qint32 any = Reading::any;
@@ -75,7 +77,7 @@ void countChild(const Person& child, const Study& study, GivenNames& known, Take
     if (child.gender == parish::Gender::Undetermined) return taker.count({Sexless}, who);
     const GivenName given = known.of(child);
     const PackedName name = packed(given.first);
-    if (name == PackedName()) return taker.count({Nameless}, who);
+    if (name == unnamed) return taker.count({Nameless}, who);
     const qint32 period = periodOf(child.birth.middle().year(), settings);
     const auto count = [&](quint16 which, std::optional<bool> holds) {
         if (holds) taker.count({which, {period, numbered(child.gender), *holds ? 1 : 0}}, who);
@@ -115,6 +117,7 @@ std::vector<Frequency> frequencies(const Tally& tally, quint16 count, qint32 per
         frequency.keys.push_back(key);
     }
     std::vector<Frequency> all;
+    all.reserve(byName.size());
     for (auto& entry : byName)
         all.push_back(std::move(entry.second));
     std::stable_sort(all.begin(), all.end(),

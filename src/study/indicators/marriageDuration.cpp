@@ -159,8 +159,8 @@ Table deaths(const Reading& reading, const Settings& settings)
                  countColumn("No mesmo dia"), decimalColumn("Marido, em 100", "%")},
                 {},
                 {}};
-    for (const auto& [period, name] : periodsOf(reading, {FirstDead}, settings)) {
-        const auto part = [&](qint32 who) { return reading.part(FirstDead, {period, who, any, any}); };
+    for (const auto& [group, name] : periodsOf(reading, {FirstDead}, settings)) {
+        const auto part = [&, period = group](qint32 who) { return reading.part(FirstDead, {period, who, any, any}); };
         table.rows.push_back({report::text(name), counted(part(any)), counted(part(Husband)), counted(part(Wife)),
                               counted(part(SameDay)), percent(part(Husband), part(any))});
     }
@@ -176,8 +176,8 @@ Table homes(const Reading& reading, const Settings& settings)
                  decimalColumn("Na paróquia, entre as conhecidas", "%")},
                 {},
                 {"A primeira residência do casal, do casamento em diante."}};
-    for (const auto& [period, name] : periodsOf(reading, {Home}, settings)) {
-        const auto part = [&](qint32 where) { return reading.part(Home, {period, where, any, any}); };
+    for (const auto& [group, name] : periodsOf(reading, {Home}, settings)) {
+        const auto part = [&, period = group](qint32 where) { return reading.part(Home, {period, where, any, any}); };
         Reading::Part known = part(Here);
         known += part(Away);
         table.rows.push_back({report::text(name), counted(part(any)), counted(part(Here)), counted(part(Away)),

@@ -13,7 +13,6 @@ namespace study::indicators {
 namespace {
 
 using parish::Date;
-using parish::Family;
 using parish::Gender;
 using parish::Person;
 using parish::Profession;

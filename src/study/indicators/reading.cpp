@@ -173,6 +173,7 @@ std::vector<std::pair<qint32, QString>> periodsOf(const Reading& reading, const 
         for (const qint32 period : reading.values(count, 0))
             periods.insert(period);
     std::vector<std::pair<qint32, QString>> named;
+    named.reserve(periods.size() + 1);
     for (const qint32 period : periods)
         named.emplace_back(period, periodName(period, settings));
     if (!named.empty()) named.emplace_back(Reading::any, "Todos");

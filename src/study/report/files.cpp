@@ -245,6 +245,7 @@ void writeFiles(const std::vector<ReportFile>& files, const QString& folder)
     const QDir dir(folder);
     checkRoom(files, dir);
     std::vector<std::unique_ptr<jet::Draft>> drafts;
+    drafts.reserve(files.size());
     for (const ReportFile& file : files)
         drafts.push_back(drafted(dir.filePath(file.name), file.bytes));
     for (std::size_t i = 0; i < files.size(); ++i)

@@ -77,7 +77,7 @@ std::vector<std::pair<int, double>> seriesOf(const std::map<int, double>& byYear
     std::vector<std::pair<int, double>> series;
     for (auto it = byYear.lower_bound(first); it != byYear.end() && it->first <= last; ++it)
         series.emplace_back(it->first, it->second);
-    if (series.size() != static_cast<std::size_t>(last - first + 1)) series.clear();
+    if (series.size() != static_cast<std::size_t>(last - first) + 1) series.clear();
     return series;
 }
 

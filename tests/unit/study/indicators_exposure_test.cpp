@@ -20,8 +20,9 @@ parish::Date day(int year, int month, int day, bool exact = true)
 std::vector<Slice> daysOf(const std::vector<std::pair<int, int>>& daysByAge)
 {
     std::vector<Slice> slices;
+    slices.reserve(daysByAge.size());
     for (const auto& [age, days] : daysByAge)
-        slices.push_back({age, 0, 2 * days});
+        slices.push_back({age, 0, qint64{2} * days});
     return slices;
 }
 
@@ -133,12 +134,12 @@ TEST(Exposure, IsSplitAtTheFirstDayOfEachPeriod)
     Settings settings;
     settings.cohortYears = 10;
     const Episode episode{day(1720, 3, 12), day(1738, 12, 30), day(1751, 1, 3)};
-    EXPECT_EQ(splitByPeriod(episode, fertileAges(), settings), (std::vector<Slice>{{15, 1730, 2 * 367},
-                                                                                   {15, 1740, 2 * 71},
-                                                                                   {20, 1740, 2 * 1826},
-                                                                                   {25, 1740, 2 * 1756},
-                                                                                   {25, 1750, 2 * 70},
-                                                                                   {30, 1750, 2 * 297}}));
+    EXPECT_EQ(splitByPeriod(episode, fertileAges(), settings), (std::vector<Slice>{{15, 1730, qint64{2} * 367},
+                                                                                   {15, 1740, qint64{2} * 71},
+                                                                                   {20, 1740, qint64{2} * 1826},
+                                                                                   {25, 1740, qint64{2} * 1756},
+                                                                                   {25, 1750, qint64{2} * 70},
+                                                                                   {30, 1750, qint64{2} * 297}}));
     qint64 all = 0;
     for (const Slice& slice : splitByPeriod(episode, fertileAges(), settings))
         all += slice.halfDays;
@@ -151,5 +152,5 @@ TEST(Exposure, CountsOnlyWithinThePeriodOfTheSettings)
     settings.period = {1745, 1745};
     const Episode episode{day(1720, 3, 12), day(1738, 12, 30), day(1751, 1, 3)};
     EXPECT_EQ(splitByPeriod(episode, fertileAges(), settings),
-              (std::vector<Slice>{{20, 1700, 2 * 70}, {25, 1700, 2 * 295}}));
+              (std::vector<Slice>{{20, 1700, qint64{2} * 70}, {25, 1700, qint64{2} * 295}}));
 }

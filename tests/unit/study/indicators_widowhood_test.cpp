@@ -4,6 +4,8 @@
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reasons.h"
 
+#include <cmath>
+
 using namespace study::indicators;
 using study::report::Standing;
 
@@ -19,12 +21,12 @@ Tally widows()
     constexpr qint32 group = 20;
     Tally tally;
     for (const int months : {4, 7, 9, 14, 26, 75}) {
-        const auto days = static_cast<qint32>(months * month + 0.5);
+        const auto days = static_cast<qint32>(std::lround(months * month));
         tally.add({again, {1750, women, group, days}}, 1);
         tally.add({interval, {1750, women, group, days}}, 1);
     }
     for (const int months : {20, 40, 60, 120, 130, 200})
-        tally.add({left, {1750, women, group, static_cast<qint32>(months * month + 0.5)}}, 1);
+        tally.add({left, {1750, women, group, static_cast<qint32>(std::lround(months * month))}}, 1);
     return tally;
 }
 

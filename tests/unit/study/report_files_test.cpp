@@ -133,21 +133,21 @@ TEST(FilesOfAReport, AreDescribedInADataPackage)
     EXPECT_EQ(package["settings"][0]["value"].toString(), "1700–1850");
     const QJsonArray resources = package["resources"].toArray();
     ASSERT_EQ(resources.size(), 3);
-    for (const QJsonValue& resource : resources) {
+    for (const QJsonValue resource : resources) {
         const QByteArray bytes = bytesOf(files, resource["path"].toString());
         EXPECT_EQ(resource["path"].toString(), resource["name"].toString() + ".csv");
         EXPECT_EQ(resource["bytes"].toInteger(), bytes.size());
         const QByteArray hash = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
         EXPECT_EQ(resource["hash"].toString(), "sha256:" + QString::fromLatin1(hash));
         QStringList names;
-        for (const QJsonValue& field : resource["schema"]["fields"].toArray())
+        for (const QJsonValue field : resource["schema"]["fields"].toArray())
             names << field["name"].toString();
         EXPECT_EQ(names, readCsv(bytes).at(0));
         EXPECT_EQ(resource["schema"]["missingValues"].toArray(), QJsonArray{""});
     }
     const QJsonArray fields = resources[0]["schema"]["fields"].toArray();
     QStringList types;
-    for (const QJsonValue& field : fields)
+    for (const QJsonValue field : fields)
         types << field["type"].toString();
     EXPECT_EQ(types, (QStringList{"string", "integer", "number", "number", "number", "string", "number", "string"}));
     EXPECT_EQ(fields[2]["unit"].toString(), "anos");

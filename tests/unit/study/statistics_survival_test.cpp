@@ -25,6 +25,7 @@ std::map<qint32, Exits> exitsOf(const Times& events, const Times& leavings)
 std::vector<std::pair<qint64, qint64>> risksOf(const std::vector<Step>& steps)
 {
     std::vector<std::pair<qint64, qint64>> risks;
+    risks.reserve(steps.size());
     for (const Step& step : steps)
         risks.emplace_back(step.atRisk, step.events);
     return risks;
