@@ -117,9 +117,9 @@ std::map<int, double> deathsOf(const Reading& reading, const Deaths& of, const S
 
 const char* magnitudeTold(int magnitude)
 {
-    static constexpr std::array<const char*, 7> told = {"–",         "1, menor",  "2, média",     "3, forte",
-                                                        "4, grande", "5, enorme", "6, catástrofe"};
-    return told[static_cast<std::size_t>(magnitude)];
+    static constexpr std::array<const char*, 7> magnitudes = {"–",         "1, menor",  "2, média",     "3, forte",
+                                                              "4, grande", "5, enorme", "6, catástrofe"};
+    return magnitudes[static_cast<std::size_t>(magnitude)];
 }
 
 const char* ratioTold(double ratio)

@@ -15,7 +15,7 @@ struct Line
     std::array<const Person*, farthestDegree + 1> people = {};
     int generations = 0;
 
-    const Person* end() const { return people[static_cast<std::size_t>(generations)]; }
+    const Person* top() const { return people[static_cast<std::size_t>(generations)]; }
     bool holds(const Person* person) const
     {
         const auto last = people.begin() + generations + 1;
@@ -29,7 +29,7 @@ void extend(const Line& line, Lines& lines)
 {
     lines.push_back(line);
     if (line.generations == farthestDegree) return;
-    for (const Person* parent : {line.end()->father(), line.end()->mother()}) {
+    for (const Person* parent : {line.top()->father(), line.top()->mother()}) {
         if (!parent || line.holds(parent)) continue; // nobody descends from himself, whatever is linked
         Line longer = line;
         longer.people[static_cast<std::size_t>(++longer.generations)] = parent;
@@ -47,7 +47,7 @@ Lines linesFrom(const Person& person)
 
 bool meetAtTheEndAlone(const Line& one, const Line& other)
 {
-    if (one.end() != other.end()) return false;
+    if (one.top() != other.top()) return false;
     for (int generation = 0; generation < one.generations; ++generation)
         if (other.holds(one.people[static_cast<std::size_t>(generation)])) return false;
     return true;
@@ -61,7 +61,7 @@ qint64 sumOverPaths(const Person& father, const Person& mother, const Weight& we
     qint64 sum = 0;
     for (const Line& one : his)
         for (const Line& other : hers)
-            if (meetAtTheEndAlone(one, other)) sum += weight(*one.end()) >> (one.generations + other.generations + 1);
+            if (meetAtTheEndAlone(one, other)) sum += weight(*one.top()) >> (one.generations + other.generations + 1);
     return sum;
 }
 

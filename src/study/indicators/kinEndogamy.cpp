@@ -141,10 +141,10 @@ struct Class
     const char* name;
     qint32 from, until; // units, until past the end
 };
-constexpr qint32 all = inbreedingUnits;
-constexpr Class classes[] = {{"1/16 e mais", all / 16, all + 1},
-                             {"1/64 a menos de 1/16", all / 64, all / 16},
-                             {"menos de 1/64, acima de 0", 1, all / 64}};
+constexpr qint32 whole = inbreedingUnits;
+constexpr Class classes[] = {{"1/16 e mais", whole / 16, whole + 1},
+                             {"1/64 a menos de 1/16", whole / 64, whole / 16},
+                             {"menos de 1/64, acima de 0", 1, whole / 64}};
 
 // The mean F in thousandths, of marriages whose F is in a range.
 Cell meanInThousandths(const Reading& reading, qint32 from, qint32 period)
@@ -153,10 +153,10 @@ Cell meanInThousandths(const Reading& reading, qint32 from, qint32 period)
     Reading::Spread spread = reading.spread(Inbreeding, 1, {period, any, any, any});
     for (const auto& [value, n] : spread.values.counts())
         if (value >= from) units[value] = n;
-    if (from > 0) spread.keys = reading.within(Inbreeding, 1, from, all + 1, {period, any, any, any}).keys;
+    if (from > 0) spread.keys = reading.within(Inbreeding, 1, from, whole + 1, {period, any, any, any}).keys;
     spread.values = statistics::Distribution(std::move(units));
     static constexpr double thousand = 1000;
-    return meanCell(spread, all / thousand);
+    return meanCell(spread, whole / thousand);
 }
 
 Table inbreeding(const Reading& reading, const Settings& settings)
@@ -178,7 +178,7 @@ Table inbreeding(const Reading& reading, const Settings& settings)
     for (const auto& [period, name] : periodsOf(reading, {Inbreeding}, settings)) {
         const Reading::At at = {period, any, any, any};
         const Reading::Part couples = reading.part(Inbreeding, at),
-                            some = reading.within(Inbreeding, 1, 1, all + 1, at);
+                            some = reading.within(Inbreeding, 1, 1, whole + 1, at);
         std::vector<Cell> row = {report::text(name),
                                  counted(couples),
                                  counted(some),

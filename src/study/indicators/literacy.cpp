@@ -148,7 +148,7 @@ private:
     // As the card has it, else by the acts of that day.
     QString roleOf(const Signature& row) const
     {
-        if (const QString& told = study_.parish.roleIn(row); !told.isEmpty()) return told.toLower();
+        if (const QString& role = study_.parish.roleIn(row); !role.isEmpty()) return role.toLower();
         const auto isThatDay = [&row](const Date& date) { return date.isKnown() && date.day == row.date.day; };
         const bool man = person_.gender == Gender::Male;
         for (const parish::Membership* union_ : person_.unions) {

@@ -88,13 +88,13 @@ report::Chart bars(const QString& id, const QString& title, const QString& xTitl
                    const std::vector<std::pair<QString, double>>& values)
 {
     report::Chart chart{id, title, report::Drawing::Bars, xTitle, yTitle, {}, {{}}, {}};
-    QStringList told;
+    QStringList words;
     for (const auto& [name, value] : values) {
         chart.plots.front().points.push_back({static_cast<double>(chart.categories.size()), value, {}});
         chart.categories << name;
-        told << name + " " + decimalComma(value, value == std::floor(value) ? 0 : 1);
+        words << name + " " + decimalComma(value, value == std::floor(value) ? 0 : 1);
     }
-    chart.described = title + ". " + told.join(", ") + ".";
+    chart.described = title + ". " + words.join(", ") + ".";
     return chart;
 }
 
