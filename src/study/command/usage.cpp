@@ -148,7 +148,9 @@ QString readArguments(const QStringList& arguments, Order& order)
     CLI::App* const import = addSubcommand(app, "importar");
     CLI::App* const kleio = addSubcommand(*import, "kleio");
     CLI::App* const table = addSubcommand(*import, "tabela");
-    CLI::App* const exported = addSubcommand(*addSubcommand(app, "exportar"), "kleio");
+    CLI::App* const out = addSubcommand(app, "exportar");
+    CLI::App* const exported = addSubcommand(*out, "kleio");
+    const ExchangeArguments exchange(*out);
     addImport(*kleio, read, order);
     addImport(*table, read, order);
     table->add_option("--colunas", read.columns);
@@ -183,6 +185,10 @@ QString readArguments(const QStringList& arguments, Order& order)
     order.options.overruling = QString::fromStdString(read.overruling);
     if (read.linkCouples) order.options.rule = LinkRule::CouplesWithOpenSpan;
     if (read.help) return {};
+    if (exchange.isAsked()) {
+        order.work = Order::Work::Exchange;
+        return exchange.take(order.exchange);
+    }
     if (kleio->parsed())
         order.work = Order::Work::ImportKleio;
     else if (table->parsed())
@@ -211,11 +217,11 @@ QString readArguments(const QStringList& arguments, Order& order)
 
 QString helpText()
 {
-    return R"(Uso:
+    QString text = R"(Uso:
   orv-estudo importar kleio FICHEIRO… --bdp PAROQUIA.orv [opções]
   orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
-  orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
+@USO@  orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
   orv-estudo juntar CONTAGENS.json… > TODAS.json
   orv-estudo relatorio FICHEIRO… -o RELATORIO.html
@@ -238,6 +244,7 @@ Antes de escrever é feita uma cópia da BDP, na pasta "copias" ao lado dela. Ca
 por inteiro ou não é guardado; Ctrl+C interrompe. Um ficheiro danificado é recusado com a linha e a
 razão. O programa não pode ter a BDP aberta.
 
+@EXPORTAR@
 Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
 programa pode tê-la aberta, e o ficheiro pode ser só de leitura.
   --formato            texto, se nada for dito; csv, em UTF-8 e com ";"; ou json
@@ -273,6 +280,7 @@ Fim das contagens, de juntar, do relatório, das tabelas, de smam, da rede, das 
 Fim do resto: 0 feito, 1 recusado ou interrompido, 2 argumentos que não se entendem, 3 de um dos ficheiros
 nenhum acto se pôde guardar.
 )";
+    return text.replace("@USO@", exchangeUsage).replace("@EXPORTAR@", exchangeHelp);
 }
 
 } // namespace study

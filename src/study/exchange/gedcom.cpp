@@ -29,6 +29,23 @@ bool hasActs(const jet::Connection& bdp)
            hasColumns(bdp, "estudo_familia", {"acto", "ordem", "nfamilia"});
 }
 
+// An export takes the place of an earlier one and of nothing else.
+void checkTarget(const QString& path, const QString& bdp)
+{
+    static constexpr qint64 placeOfMark = 256; // bytes in which a file of ours tells of itself
+    const QFileInfo there(path);
+    if (!there.exists()) return;
+    if (there.canonicalFilePath() == QFileInfo(bdp).canonicalFilePath())
+        throw jet::Error(jet::number::permissionDenied, "A BDP não se exporta para cima de si própria.");
+    QFile file(path);
+    const QByteArray begin = file.open(QIODevice::ReadOnly) ? file.read(placeOfMark) : QByteArray();
+    if (!file.isOpen() || (file.size() > 0 && !(begin.contains("0 HEAD\n") && begin.contains("\n1 SOUR ORV\n"))))
+        throw jet::Error(jet::number::fileExists,
+                         QString("O ficheiro \"%1\" já existe e não é uma exportação GEDCOM do ORV; não se escreve "
+                                 "por cima.")
+                             .arg(path));
+}
+
 } // namespace
 
 QString actsOfPeople(const jet::Connection& bdp, Register which)
@@ -184,6 +201,7 @@ GedcomCounts exportGedcom(const jet::Connection& bdp, const QString& path, const
         return jet::Error(jet::number::permissionDenied,
                           QString("O ficheiro \"%1\" não pode ser escrito: %2").arg(path, why));
     };
+    checkTarget(path, bdp.dataSource());
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) throw failed(file.errorString());
     const GedcomCounts counts = writeGedcom(bdp, file, options, goesOn);

@@ -73,7 +73,8 @@ using Interrupted = parish::Snapshot::Interrupted;
 GedcomCounts writeGedcom(const jet::Connection& bdp, QIODevice& target, const GedcomOptions& options,
                          const GoesOn& goesOn = {});
 
-// The same to a file, which takes its name when it is whole; one that was there stays as it was until then.
+// The same to a file, which takes its name when it is whole: an earlier export stays as it was until then. jet::Error
+// where a file stands there that is none, or the BDP itself.
 GedcomCounts exportGedcom(const jet::Connection& bdp, const QString& path, const GedcomOptions& options,
                           const GoesOn& goesOn = {});
 

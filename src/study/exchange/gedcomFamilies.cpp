@@ -96,9 +96,12 @@ GedcomWriter::Couple GedcomWriter::coupleOf(const FamilyCard& card, OfFamilies& 
         couple.spouses[isTaken ? other : own] =
             Couple::Spouse{member.number, sex, codeAt(row, 4), codeAt(row, 5), codeAt(row, 6)};
         if (isTaken)
-            couple.notes << QString("A pessoa %1 está no lugar %2 por este ser o que resta; não é o que o sexo diz")
+            couple.notes << QString("A pessoa %1 está no lugar %2, que não é o do seu sexo: o outro está tomado")
                                 .arg(member.number)
                                 .arg(own == husband ? "da mulher" : "do marido");
+        não é o que o sexo diz ")
+            .arg(member.number)
+            .arg(own == husband ? "da mulher" : "do marido");
     }
     return couple;
 }
