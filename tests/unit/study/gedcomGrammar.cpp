@@ -29,6 +29,7 @@ Rules rulesOf(const char* text)
     for (const QString& line : lines) {
         if (!line.startsWith(u' ')) {
             context = line.trimmed();
+            rules[context]; // there, even where nothing may stand below it
             continue;
         }
         const QStringList words = line.simplified().split(u' ');
@@ -64,7 +65,10 @@ bool isDate(const QString& text)
 
 bool matches(const QString& text, const char* pattern)
 {
-    return QRegularExpression(QString("^(?:%1)$").arg(pattern)).match(text).hasMatch();
+    static QHash<const char*, QRegularExpression> made;
+    QRegularExpression& form = made[pattern];
+    if (form.pattern().isEmpty()) form.setPattern(QString("^(?:%1)$").arg(pattern));
+    return form.match(text).hasMatch();
 }
 
 // Whether the payload of a structure is of the type that a rule tells: "text", "text/90", "enum:A,B", "@INDI", ...
