@@ -78,6 +78,11 @@ ExchangeArguments::ExchangeArguments(CLI::App& exported) : gedcom_(exported.add_
     gedcom_->add_option("--limite", limit_);
 }
 
+bool ExchangeArguments::isAsked() const
+{
+    return gedcom_->parsed();
+}
+
 QString ExchangeArguments::take(ExchangeOrder& order) const
 {
     static constexpr int mostYears = 1000;

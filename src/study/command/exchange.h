@@ -29,7 +29,7 @@ class ExchangeArguments
 public:
     explicit ExchangeArguments(CLI::App& exported);
 
-    bool isAsked() const { return gedcom_->parsed(); }
+    bool isAsked() const;
     QString take(ExchangeOrder& order) const; // "", or what can't be understood
 
 private:
