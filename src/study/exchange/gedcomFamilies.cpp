@@ -99,9 +99,6 @@ GedcomWriter::Couple GedcomWriter::coupleOf(const FamilyCard& card, OfFamilies& 
             couple.notes << QString("A pessoa %1 está no lugar %2, que não é o do seu sexo: o outro está tomado")
                                 .arg(member.number)
                                 .arg(own == husband ? "da mulher" : "do marido");
-        não é o que o sexo diz ")
-            .arg(member.number)
-            .arg(own == husband ? "da mulher" : "do marido");
     }
     return couple;
 }
