@@ -15,7 +15,7 @@
 namespace study {
 
 const char* const exchangeUsage =
-    "  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS]";
+    "  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS]\n";
 
 const char* const exchangeHelp =
     R"(Exportar gedcom escreve as pessoas e as famílias para os programas de genealogia. A BDP não é alterada; o
