@@ -96,6 +96,34 @@ SettingCommands addSettings(CLI::App& app, Read& read, Order& order)
     return all;
 }
 
+// All tables of a BDP, and a BDP made of them.
+struct TableCommands
+{
+    CLI::App* exported = nullptr;
+    CLI::App* imported = nullptr;
+
+    // Whether it is one of these.
+    bool take(Order& order) const
+    {
+        if (exported->parsed()) order.work = Order::Work::ExportTables;
+        if (imported->parsed()) order.work = Order::Work::ImportTables;
+        return exported->parsed() || imported->parsed();
+    }
+};
+
+TableCommands addTables(CLI::App& exports, CLI::App& imports, Read& read, Order& order)
+{
+    const TableCommands both{addSubcommand(exports, "tabelas"), addSubcommand(imports, "tabelas")};
+    both.exported->add_option("bdp", read.bdp)->required();
+    both.exported->add_option("pasta", read.output)->required();
+    both.exported->add_flag("--excel", order.spreadsheet);
+    both.exported->add_flag("--sem-orfas", order.emptyOrphans);
+    both.imported->add_option("pasta", read.files)->required()->expected(1);
+    both.imported->add_option("--bdp", read.bdp)->required();
+    both.imported->add_flag("--ensaio", order.rehearse);
+    return both;
+}
+
 // "", or which word of a check isn't understood.
 QString readWords(const Read& read, Order& order)
 {
@@ -148,7 +176,9 @@ QString readArguments(const QStringList& arguments, Order& order)
     CLI::App* const import = addSubcommand(app, "importar");
     CLI::App* const kleio = addSubcommand(*import, "kleio");
     CLI::App* const table = addSubcommand(*import, "tabela");
-    CLI::App* const exported = addSubcommand(*addSubcommand(app, "exportar"), "kleio");
+    CLI::App* const exports = addSubcommand(app, "exportar");
+    CLI::App* const exported = addSubcommand(*exports, "kleio");
+    const TableCommands allTables = addTables(*exports, *import, read, order);
     addImport(*kleio, read, order);
     addImport(*table, read, order);
     table->add_option("--colunas", read.columns);
@@ -204,7 +234,7 @@ QString readArguments(const QStringList& arguments, Order& order)
         order.work = Order::Work::Smam;
     else if (network->parsed())
         order.work = Order::Work::Network;
-    else if (!setting.take(read, order))
+    else if (!allTables.take(order) && !setting.take(read, order))
         return "Falta dizer o que fazer.";
     return readWords(read, order);
 }
@@ -215,6 +245,8 @@ QString helpText()
   orv-estudo importar kleio FICHEIRO… --bdp PAROQUIA.orv [opções]
   orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
+  orv-estudo exportar tabelas PAROQUIA.orv PASTA [--excel] [--sem-orfas]
+  orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
   orv-estudo juntar CONTAGENS.json… > TODAS.json
@@ -237,6 +269,15 @@ Opções da importação:
 Antes de escrever é feita uma cópia da BDP, na pasta "copias" ao lado dela. Cada ficheiro é guardado
 por inteiro ou não é guardado; Ctrl+C interrompe. Um ficheiro danificado é recusado com a linha e a
 razão. O programa não pode ter a BDP aberta.
+
+Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua descrição (datapackage.json). O que
+não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.
+  --excel              para o Excel em português: ";", vírgula decimal, datas dd/mm/aaaa
+  --sem-orfas          os números que não levam a nenhum registo ficam vazios, e não vão para problemas.csv
+Importar tabelas faz de uma pasta assim uma BDP nova, igual à primeira, linha por linha; nada é escrito por
+cima. Bastam algumas tabelas, com os nomes e as colunas de uma BDP; os locais, os códigos e as profissões são
+os do programa, se não houver nenhuma tabela deles. Um ficheiro com erros é recusado com a linha e a razão.
+  --ensaio             lê tudo, diz os erros, e não escreve nada
 
 Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
 programa pode tê-la aberta, e o ficheiro pode ser só de leitura.

@@ -27,7 +27,9 @@ struct Order
         Smam,
         Network,
         Settings,
-        Baptisms
+        Baptisms,
+        ExportTables,
+        ImportTables
     };
     enum class Format
     {
@@ -48,6 +50,8 @@ struct Order
     QString settings = {};                                     // the file of those to be kept; "": they are told
     QString list = {};                                         // of births and baptisms; "": that of the BDP
     std::optional<QString> birthWords = {}, baptismWords = {}; // nothing: those of the BDP
+    bool spreadsheet = false;                                  // tables for the spreadsheets of Portugal
+    bool emptyOrphans = false;                                 // keys that lead nowhere aren't kept beside the tables
     bool keep = false;                                         // words and list, in the BDP
 
     bool operator==(const Order&) const = default;

@@ -1,0 +1,107 @@
+#include "study/command/exchangeTables.h"
+
+#include "platform/jet/rows.h"
+#include "study/command/bdp.h"
+#include "study/command/command.h"
+#include "study/command/readParish.h"
+#include "study/exchange/tables.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTextStream>
+
+namespace study {
+
+namespace {
+
+using exchange::TableProblem;
+
+// The mark of the file is taken while the look holds its state. The file is closed behind the connection: closing it
+// gives up the locks of the process.
+exchange::TablesWritten written(const Order& order, const std::function<bool()>& goesOn)
+{
+    QFile file(QFileInfo(order.bdp).absoluteFilePath());
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    jet::Connection bdp;
+    openBdpToRead(bdp, order.bdp);
+    const jet::OneLook look(bdp);
+    {
+        jet::Rows first(bdp, jet::NativeSql("select count(*) from infopar")); // takes the lock
+        first.next();
+    }
+    exchange::TablesOptions options{.program = programName(), .goesOn = [&](double) { return goesOn(); }};
+    if (order.spreadsheet) options.dialect = exchange::Dialect::Spreadsheet;
+    if (order.emptyOrphans) options.orphans = exchange::Orphans::Emptied;
+    if (isOpen) options.source = parish::sourceOf(file);
+    // The same BDP gives the same files, wherever it lies and whenever it is read.
+    options.source.path = QFileInfo(order.bdp).fileName();
+    options.source.readAt = {};
+    makeFolder(order.output);
+    return exportTables(bdp, order.output, options);
+}
+
+void tell(const std::vector<exchange::TableCount>& tables, QTextStream& out)
+{
+    for (const exchange::TableCount& table : tables)
+        out << QString("%1: %2\n").arg(table.name).arg(table.rows);
+}
+
+void tell(const std::vector<TableProblem>& problems, const QString& folder, const QString& kind, QTextStream& err)
+{
+    for (const TableProblem& one : problems)
+        err << QDir(folder).filePath(one.file) << ':' << one.line << ": " << kind << one.text << '\n';
+}
+
+int ended(const std::function<int()>& work, QTextStream& err)
+{
+    try {
+        return work();
+    } catch (const exchange::Interrupted&) {
+        err << "Interrompido. Nada foi escrito.\n";
+    } catch (const std::exception& error) {
+        err << QString::fromUtf8(error.what()) << '\n';
+    }
+    return refused;
+}
+
+} // namespace
+
+int runExportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            const exchange::TablesWritten all = written(order, goesOn);
+            tell(all.tables, out);
+            if (all.apart > 0) out << QString("Células em problemas.csv: %1.\n").arg(all.apart);
+            if (all.emptied > 0)
+                out << QString("Números que não levam a nenhum registo e ficaram vazios: %1.\n").arg(all.emptied);
+            for (const QString& other : all.leftOut)
+                err << "Ficou de fora, por ser de outro programa: " << other << '\n';
+            return done;
+        },
+        err);
+}
+
+int runImportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            const QString folder = order.files.first();
+            const exchange::TablesRead all =
+                exchange::importTables(folder, order.bdp, order.rehearse, [&](double) { return goesOn(); });
+            tell(all.warnings, folder, "aviso: ", err);
+            tell(all.errors, folder, {}, err);
+            if (!all.errors.empty()) {
+                err << "Nada foi escrito.\n";
+                return refused;
+            }
+            tell(all.tables, out);
+            if (all.referenceData) out << "Locais, códigos e profissões: os do programa.\n";
+            if (order.rehearse) out << "Ensaio: nada foi escrito.\n";
+            return done;
+        },
+        err);
+}
+
+} // namespace study

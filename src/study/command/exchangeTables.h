@@ -1,0 +1,17 @@
+// orv-estudo exportar tabelas, importar tabelas: all tables of a BDP as CSV, and a BDP made of such tables.
+#pragma once
+
+#include "study/command/usage.h"
+
+#include <functional>
+
+class QTextStream;
+
+namespace study {
+
+// End as a run does (command.h): refused also where a file can't be taken, each reason as "ficheiro:linha: razão" to
+// `err`. Throw nothing.
+int runExportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+int runImportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+
+} // namespace study
