@@ -45,7 +45,7 @@ private:
     bool takeCell(const Taken& taken, const CsvCell& cell);
     bool hasSurplus() const;
 
-    const TableFile file_;
+    TableFile file_;
     Complaint complain_;
     QFile device_;
     CsvReader reader_;
