@@ -49,9 +49,9 @@ protected:
     // The first row of a select on the BDP that was made.
     QJsonObject row(const char* select) const
     {
-        jet::Connection bdp;
-        bdp.open(made());
-        return jet::jsonRows(bdp, jet::NativeSql(select)).value(0);
+        jet::Connection other;
+        other.open(made());
+        return jet::jsonRows(other, jet::NativeSql(select)).value(0);
     }
 };
 

@@ -167,7 +167,9 @@ TEST_F(TablesOfABdp, ComeBackRowByRowOfTheStudyForManySeeds)
         addAct(bdp, act, conclusions, random.planOf(act, conclusions));
         transaction.commit();
         expectTheSameBdp({.dialect = seed % 2 == 0 ? Dialect::Standard : Dialect::Spreadsheet});
-        if (seed % 2 == 0) EXPECT_EQ(exchanged::faultsOf(tables()), QStringList());
+        if (seed % 2 == 0) {
+            EXPECT_EQ(exchanged::faultsOf(tables()), QStringList());
+        }
     }
 }
 
@@ -285,7 +287,7 @@ TEST_F(TablesOfABdp, TellWhatCodesPlacesAndProfessionsMean)
 TEST_F(TablesOfABdp, NameTheWordsOfAColumnOnlyWhereItHoldsNoOther)
 {
     const auto sexes = [&] {
-        for (const QJsonValue field : resource("individuo")["schema"]["fields"].toArray())
+        for (const QJsonValue field : resource("individuo").value("schema")["fields"].toArray())
             if (field["name"] == "sexo") return field["constraints"]["enum"].toArray();
         return QJsonArray();
     };
