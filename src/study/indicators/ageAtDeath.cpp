@@ -56,10 +56,7 @@ void countDeath(const parish::Person& person, const Study& study, Taker& taker)
     const Settings& settings = study.settings;
     const int year = person.death.middle().year();
     const Who who{&person, nullptr};
-    if (!settings.period.holds(year) || !isWanted(person.gender, settings)) return;
-    if (!isHere(person.deathPlace, study)) return taker.count({Elsewhere}, who);
-    const Series series = buriedAs(person) == Buried::Child ? Series::ChildBurials : Series::Burials;
-    if (!settings.covers(series, year)) return taker.count({OutOfBooks}, who);
+    if (!isAskedFor(person, study, taker, {Elsewhere, OutOfBooks})) return;
     const bool exact = person.birth.isExact() && person.death.isExact();
     if (exact && person.death.day < person.birth.day) return taker.count({Contradictory}, who);
     const AgeAtDeath age = ageAtDeathOf(person);

@@ -28,10 +28,8 @@ void countDeath(const parish::Person& person, const Study& study, Taker& taker)
     const Settings& settings = study.settings;
     const int year = person.death.middle().year();
     const Who who{&person, nullptr};
-    if (!settings.period.holds(year) || !isWanted(person.gender, settings)) return;
-    if (!isHere(person.deathPlace, study)) return taker.count({Elsewhere}, who);
+    if (!isAskedFor(person, study, taker, {Elsewhere, OutOfBooks})) return;
     const bool child = buriedAs(person) == Buried::Child;
-    if (!settings.covers(child ? Series::ChildBurials : Series::Burials, year)) return taker.count({OutOfBooks}, who);
     if (person.cause.simplified().isEmpty()) return taker.count({Untold}, who);
     taker.count(
         {Told, {periodOf(year, settings), numbered(person.gender), causeOf(person.cause, settings), child ? 1 : 0}},

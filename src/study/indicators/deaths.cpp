@@ -1,5 +1,6 @@
 #include "study/indicators/deaths.h"
 
+#include "study/indicators/scope.h"
 #include "study/parish/codes.h"
 
 #include <algorithm>
@@ -75,6 +76,19 @@ Buried buriedAs(const parish::Person& person)
     const AgeAtDeath age = ageAtDeathOf(person);
     if (age.isYoung(endOfInnocence + 1)) return Buried::Child;
     return age.isGrown(endOfInnocence + 1) ? Buried::Adult : Buried::Ageless;
+}
+
+bool isAskedFor(const parish::Person& dead, const Study& study, Taker& taker, DeathsApart apart)
+{
+    const int year = dead.death.middle().year();
+    const auto countApart = [&](quint16 which) {
+        taker.count({which}, {&dead, nullptr});
+        return false;
+    };
+    if (!study.settings.period.holds(year) || !isWanted(dead.gender, study.settings)) return false;
+    if (!isHere(dead.deathPlace, study)) return countApart(apart.elsewhere);
+    const Series series = buriedAs(dead) == Buried::Child ? Series::ChildBurials : Series::Burials;
+    return study.settings.covers(series, year) || countApart(apart.outOfBooks);
 }
 
 } // namespace study::indicators

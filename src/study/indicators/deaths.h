@@ -1,7 +1,7 @@
 // How old somebody was who died, as far as the registers tell it.
 #pragma once
 
-#include "study/parish/snapshot.h"
+#include "study/indicators/subject.h"
 
 #include <optional>
 
@@ -41,5 +41,14 @@ enum class Buried : quint8
     Ageless
 };
 Buried buriedAs(const parish::Person& person);
+
+// Under which counts a subject tells of deaths elsewhere, and of those that the books don't hold.
+struct DeathsApart
+{
+    quint16 elsewhere, outOfBooks;
+};
+// Whether a death is among those that the study asks for, by its year, its place and its book and the sex. One that its
+// place or its book alone keeps out is counted as such; the others not at all.
+bool isAskedFor(const parish::Person& dead, const Study& study, Taker& taker, DeathsApart apart);
 
 } // namespace study::indicators

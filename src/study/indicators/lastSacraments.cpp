@@ -63,10 +63,7 @@ void countDeath(const parish::Person& person, const Study& study, Taker& taker)
     const Settings& settings = study.settings;
     const int year = person.death.middle().year();
     const Who who{&person, nullptr};
-    if (!settings.period.holds(year) || !isWanted(person.gender, settings)) return;
-    if (!isHere(person.deathPlace, study)) return taker.count({Elsewhere}, who);
-    const Series series = buriedAs(person) == Buried::Child ? Series::ChildBurials : Series::Burials;
-    if (!settings.covers(series, year)) return taker.count({OutOfBooks}, who);
+    if (!isAskedFor(person, study, taker, {Elsewhere, OutOfBooks})) return;
     if (!person.sacraments) return taker.count({Untold}, who);
     if (*person.sacraments == undeclared) return taker.count({Undeclared}, who);
     if (*person.sacraments < everything || *person.sacraments > undeclared) return taker.count({Own}, who);

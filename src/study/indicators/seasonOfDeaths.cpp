@@ -49,13 +49,8 @@ qint32 classOf(const parish::Person& person)
 
 void countDeath(const parish::Person& person, const Study& study, Taker& taker)
 {
-    const Settings& settings = study.settings;
-    const int year = person.death.middle().year();
     const Who who{&person, nullptr};
-    if (!settings.period.holds(year) || !isWanted(person.gender, settings)) return;
-    if (!isHere(person.deathPlace, study)) return taker.count({Elsewhere}, who);
-    const Series series = buriedAs(person) == Buried::Child ? Series::ChildBurials : Series::Burials;
-    if (!settings.covers(series, year)) return taker.count({OutOfBooks}, who);
+    if (!isAskedFor(person, study, taker, {Elsewhere, OutOfBooks})) return;
     const qint32 age = classOf(person);
     if (const auto quarter = quarterOf(person.death)) taker.count({Quarters, {age, *quarter}}, who);
     if (const auto month = monthOf(person.death))
