@@ -223,9 +223,8 @@ private:
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
-    const auto people = study.parish.people();
-    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i)
-        Dead(people[i], study, taker).count();
+    for (const parish::Person& person : peopleOf(study, share))
+        Dead(person, study, taker).count();
 }
 
 // Figures
@@ -235,8 +234,6 @@ struct Named
     qint32 code;
     const char* name;
 };
-constexpr Named sexes[] = {{static_cast<qint32>(Gender::Male), "Homens"},
-                           {static_cast<qint32>(Gender::Female), "Mulheres"}};
 
 Table wills(const Reading& reading, const Settings& settings)
 {
@@ -248,7 +245,7 @@ Table wills(const Reading& reading, const Settings& settings)
                 {},
                 {"Adultos: homens de 14 anos e mais, mulheres de 12 e mais; à falta da idade, maiores de confissão e "
                  "comunhão."}};
-    for (const Named& sex : sexes)
+    for (const Sex& sex : sexes)
         for (const auto& [period, name] : periodsOf(reading, {Deaths}, settings)) {
             const Reading::Part all = reading.part(Deaths, {period, sex.code, any, any});
             if (all.n == 0) continue;

@@ -1,6 +1,7 @@
 // Births out of wedlock, and their mothers.
 #include "study/indicators/births.h"
 #include "study/indicators/natality.h"
+#include "study/indicators/scope.h"
 
 #include <algorithm>
 
@@ -76,8 +77,8 @@ void fill(const Study& study, const Share& share, Taker& taker)
 {
     natality::eachBirth(study, share, firstReason, false, taker,
                         [&](const Person& child) { countBirth(child, study, taker); });
-    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i)
-        countMother(study.parish.people()[i], study, taker);
+    for (const parish::Person& person : peopleOf(study, share))
+        countMother(person, study, taker);
 }
 
 Row rowOf(const Reading& reading, const QString& name, qint32 period)

@@ -111,9 +111,8 @@ void count(const Person& person, const Study& study, Taker& taker)
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
-    const auto people = study.parish.people();
-    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i)
-        count(people[i], study, taker);
+    for (const parish::Person& person : peopleOf(study, share))
+        count(person, study, taker);
 }
 
 Table tableFor(const Reading& reading, const Settings& settings, Gender gender, const char* id, const char* name)

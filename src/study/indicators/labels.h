@@ -3,7 +3,18 @@
 
 #include "study/indicators/reading.h"
 
+#include <array>
+
 namespace study::indicators {
+
+// Both sexes as counts hold them, with what their columns and lines are called.
+struct Sex
+{
+    qint32 code;
+    const char* name;
+};
+inline constexpr std::array<Sex, 2> sexes = {
+    {{static_cast<qint32>(parish::Gender::Male), "Homens"}, {static_cast<qint32>(parish::Gender::Female), "Mulheres"}}};
 
 // The name, as long as a key can hold it, and the code, which tells names apart that begin alike.
 Reading::At labelled(const QString& name, qint32 code);

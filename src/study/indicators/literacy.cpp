@@ -4,6 +4,7 @@
 #include "study/indicators/other.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
+#include "study/indicators/scope.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -194,19 +195,11 @@ private:
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
-    const auto people = study.parish.people();
-    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i)
-        Signer(people[i], study, taker).count();
+    for (const parish::Person& person : peopleOf(study, share))
+        Signer(person, study, taker).count();
 }
 
 // Figures
-
-struct Sex
-{
-    Gender gender;
-    const char* name;
-};
-constexpr Sex sexes[] = {{Gender::Male, "Homens"}, {Gender::Female, "Mulheres"}};
 
 struct Shown
 {
@@ -234,7 +227,7 @@ Table shareTable(const Reading& reading, const Settings& settings, const Shown& 
     for (const auto& [period, name] : periodsOf(reading, {shown.count}, settings)) {
         std::vector<Cell> row = {report::text(name)};
         for (const Sex& sex : sexes) {
-            const auto code = static_cast<qint32>(sex.gender);
+            const qint32 code = sex.code;
             const Reading::Part all = reading.part(shown.count, {period, code, any, any});
             const Reading::Part part = reading.part(shown.count, {period, code, DoesSign, any});
             row.push_back(counted(all));
@@ -288,7 +281,7 @@ Table levelTable(const Reading& reading, const Settings& settings)
                                                         : "não sabe";
         std::vector<Cell> row = {report::text(QString::number(level)), report::text(way)};
         for (const Sex& sex : sexes)
-            row.push_back(counted(reading.part(ByLevel, {any, static_cast<qint32>(sex.gender), level, any})));
+            row.push_back(counted(reading.part(ByLevel, {any, sex.code, level, any})));
         table.rows.push_back(row);
     }
     return table;
@@ -304,7 +297,7 @@ Chart trend(const Reading& reading, const Settings& settings)
     for (const qint32 cohort : cohorts)
         chart.categories << periodName(cohort, settings);
     for (const Sex& sex : sexes) {
-        const auto code = static_cast<qint32>(sex.gender);
+        const qint32 code = sex.code;
         report::Plot plot{sex.name, {}};
         for (std::size_t i = 0; i < cohorts.size(); ++i) {
             const Cell cell = percent(reading.part(ByCohort, {cohorts[i], code, DoesSign, any}),

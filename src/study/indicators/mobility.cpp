@@ -5,6 +5,7 @@
 #include "study/indicators/packedName.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
+#include "study/indicators/scope.h"
 
 #include <algorithm>
 #include <map>
@@ -175,10 +176,9 @@ void countNative(const Person& person, const Study& study, Taker& taker)
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
-    const auto people = study.parish.people();
-    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i) {
-        countResidences(people[i].residences, OfAPerson, study, {&people[i], nullptr}, taker);
-        countNative(people[i], study, taker);
+    for (const parish::Person& person : peopleOf(study, share)) {
+        countResidences(person.residences, OfAPerson, study, {&person, nullptr}, taker);
+        countNative(person, study, taker);
     }
     const auto families = study.parish.families();
     for (std::size_t i = share.firstFamily; i < share.lastFamily; ++i)
@@ -288,13 +288,6 @@ Table movesOfPlaces(const Reading& reading)
     return table;
 }
 
-struct Sex
-{
-    Gender gender;
-    const char* name;
-};
-constexpr Sex sexes[] = {{Gender::Male, "Homens"}, {Gender::Female, "Mulheres"}};
-
 struct Outcome
 {
     qint32 code;
@@ -315,7 +308,7 @@ Table byCohort(const Reading& reading, const Settings& settings, quint16 count, 
         for (const auto& [cohort, name] : periodsOf(reading, {count}, settings)) {
             const qint32 first = cohort;
             const auto part = [&reading, &sex, count, first](qint32 code) {
-                return reading.part(count, {first, static_cast<qint32>(sex.gender), code, any});
+                return reading.part(count, {first, sex.code, code, any});
             };
             if (part(any).n == 0) continue;
             std::vector<Cell> row = {report::text(QString("%1, %2").arg(sex.name, name.toLower())), counted(part(any))};

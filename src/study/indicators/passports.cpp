@@ -3,6 +3,7 @@
 #include "study/indicators/marriages.h"
 #include "study/indicators/other.h"
 #include "study/indicators/reasons.h"
+#include "study/indicators/scope.h"
 
 #include <algorithm>
 
@@ -153,10 +154,9 @@ void count(const Person& person, const Passport& passport, const Study& study, T
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
-    const auto people = study.parish.people();
-    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i)
-        for (const Passport& passport : people[i].passports)
-            count(people[i], passport, study, taker);
+    for (const parish::Person& person : peopleOf(study, share))
+        for (const Passport& passport : person.passports)
+            count(person, passport, study, taker);
 }
 
 // Figures
@@ -166,8 +166,6 @@ struct Named
     qint32 code;
     const char* name;
 };
-constexpr Named sexes[] = {{static_cast<qint32>(Gender::Male), "Homens"},
-                           {static_cast<qint32>(Gender::Female), "Mulheres"}};
 
 struct Line
 {
@@ -179,7 +177,7 @@ struct Line
 Table bothSexes(Table table, const QString& title, const std::vector<Line>& lines)
 {
     table.columns = {textColumn(title)};
-    for (const Named& sex : sexes) {
+    for (const Sex& sex : sexes) {
         table.columns.push_back(countColumn(sex.name));
         table.columns.push_back(decimalColumn(QString(sex.name) + ", em 100", "%"));
     }

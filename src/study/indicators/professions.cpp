@@ -3,6 +3,7 @@
 #include "study/indicators/marriages.h"
 #include "study/indicators/other.h"
 #include "study/indicators/reasons.h"
+#include "study/indicators/scope.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -195,9 +196,8 @@ private:
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
-    const auto people = study.parish.people();
-    for (std::size_t i = share.firstPerson; i < share.lastPerson; ++i)
-        Worker(people[i], study, taker).count();
+    for (const parish::Person& person : peopleOf(study, share))
+        Worker(person, study, taker).count();
 }
 
 // Figures
