@@ -1,197 +1,20 @@
 #include "study/observation/presence.h"
 
 #include "study/observation/limits.h"
-#include "study/parish/codes.h"
+#include "study/observation/marks.h"
 #include "study/parish/locality.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace study::observation {
 
-using parish::Assistance;
 using parish::Date;
 using parish::Family;
 using parish::Home;
 using parish::Membership;
 using parish::Person;
-using parish::Place;
 
 namespace {
-
-// Marks. Dates compare by their middles.
-
-bool isBefore(const Date& one, const Date& other)
-{
-    return one.middle() < other.middle();
-}
-
-void takeLater(Mark& mark, const Date& day, Proof by)
-{
-    if (day.isKnown() && (!mark.day.isKnown() || isBefore(mark.day, day))) mark = {day, by};
-}
-
-void takeLater(Mark& mark, const Mark& other)
-{
-    takeLater(mark, other.day, other.by);
-}
-
-void takeEarlier(Mark& mark, const Mark& other)
-{
-    if (other.day.isKnown() && (!mark.day.isKnown() || isBefore(other.day, mark.day))) mark = other;
-}
-
-Date exactly(QDate day)
-{
-    return parish::dateOf(day, true);
-}
-
-// Places.
-
-bool isLocalResidence(const Place& place, const Home& home)
-{
-    return place.isKnown() && isLocal(place, home);
-}
-
-bool isBornHere(const Person& person, const Home& home)
-{
-    return person.birth.isKnown() && isLocal(person.birthPlace, home);
-}
-
-bool diedHere(const Person& person, const Home& home)
-{
-    return person.death.isKnown() && isLocal(person.deathPlace, home);
-}
-
-// Where somebody is said to live, in the order of the days.
-class Residences
-{
-public:
-    Residences(const Person& person, const Home& home)
-    {
-        add(person.residences, home);
-        for (const Membership* row : person.unions)
-            if (row->family) add(row->family->residences, home);
-        std::ranges::sort(stays_, {}, &Stay::day);
-    }
-
-    // By the last row until then.
-    bool isResident(const Date& at) const
-    {
-        const auto behind = std::ranges::upper_bound(stays_, at.day, {}, &Stay::day);
-        return behind != stays_.begin() && std::prev(behind)->local;
-    }
-    Mark first() const
-    {
-        const auto stay = std::ranges::find_if(stays_, &Stay::local);
-        return stay == stays_.end() ? Mark() : Mark{stay->date, Proof::Residence};
-    }
-    Mark last() const
-    {
-        const auto stay = std::find_if(stays_.rbegin(), stays_.rend(), [](const Stay& one) { return one.local; });
-        return stay == stays_.rend() ? Mark() : Mark{stay->date, Proof::Residence};
-    }
-
-private:
-    struct Stay
-    {
-        qint32 day = 0;
-        bool local = false;
-        Date date = {};
-    };
-    void add(std::span<const parish::Residence> rows, const Home& home)
-    {
-        for (const parish::Residence& row : rows)
-            if (row.date.isKnown()) stays_.push_back({row.date.day, isLocalResidence(row.place, home), row.date});
-    }
-    std::vector<Stay> stays_ = {};
-};
-
-template <class Row>
-Mark lastOf(std::span<const Row> rows, Proof by) // in the order of their dates
-{
-    return rows.empty() || !rows.back().date.isKnown() ? Mark() : Mark{rows.back().date, by};
-}
-
-// What a person's own rows prove.
-struct OwnMarks
-{
-    Mark firstResidence = {};
-    Mark lived = {};    // last row that shows the person living here; marriages and children stand apart
-    Mark marriage = {}; // last one in the parish
-};
-
-Mark lastAssistanceOfAResident(const Person& person, const Residences& residences)
-{
-    const auto proves = [&](const Assistance* row) { return row->date.isKnown() && residences.isResident(row->date); };
-    const auto row = std::find_if(person.assisted.rbegin(), person.assisted.rend(), proves);
-    return row == person.assisted.rend() ? Mark() : Mark{(*row)->date, Proof::Assistance};
-}
-
-OwnMarks ownMarks(const Person& person, const Home& home)
-{
-    const Residences residences(person, home);
-    OwnMarks marks;
-    marks.firstResidence = residences.first();
-    marks.lived = residences.last();
-    takeLater(marks.lived, lastOf(person.professions, Proof::Profession));
-    takeLater(marks.lived, lastOf(person.signatures, Proof::Signature));
-    takeLater(marks.lived, lastOf(person.passports, Proof::Passport));
-    takeLater(marks.lived, lastAssistanceOfAResident(person, residences));
-    for (const Membership* row : person.unions)
-        if (row->family && isLocal(row->family->place, home))
-            takeLater(marks.marriage, row->family->marriage, Proof::Marriage);
-    return marks;
-}
-
-// Children.
-
-// Who has married has a home of their own.
-bool hasMarried(const Person& person)
-{
-    return std::ranges::any_of(person.unions, [](const Membership* row) {
-        return row->family && (row->family->marriage.isKnown() || isMarried(*row->family));
-    });
-}
-
-constexpr int endOfChildhood = 15;
-
-bool diedAsAChild(const Person& person)
-{
-    if (person.birth.isKnown()) return completedYears(person.birth, person.death) < endOfChildhood;
-    return person.ageAtDeath ? *person.ageAtDeath < endOfChildhood : person.minor.value_or(false);
-}
-
-// Of a child: what it shows of its parents. One that is grown up may be buried without them.
-Mark lastOfChild(const Person& child, const Home& home)
-{
-    Mark mark;
-    if (isBornHere(child, home)) takeLater(mark, child.birth, Proof::ChildBorn);
-    if (diedHere(child, home) && diedAsAChild(child)) takeLater(mark, child.death, Proof::ChildBuried);
-    return mark;
-}
-
-// A father need not have seen a posthumous child.
-bool isPosthumousOf(const Person* parent, const Person& child, const Family& family)
-{
-    return parent == family.husband && child.filiation == parish::filiation::posthumous;
-}
-
-Mark lastOfChildren(const Person& parent, const Family& family, const Home& home)
-{
-    Mark mark;
-    for (const Person* child : family.children)
-        if (!isPosthumousOf(&parent, *child, family)) takeLater(mark, lastOfChild(*child, home));
-    return mark;
-}
-
-Mark lastOfChildren(const Person& parent, const Home& home)
-{
-    Mark mark;
-    for (const Membership* row : parent.unions)
-        if (row->family) takeLater(mark, lastOfChildren(parent, *row->family, home));
-    return mark;
-}
 
 // Couples.
 
