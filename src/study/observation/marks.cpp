@@ -22,9 +22,11 @@ bool isLocalResidence(const parish::Place& place, const Home& home)
     return place.isKnown() && isLocal(place, home);
 }
 
-Mark lastAssistanceOfAResident(const Person& person, const Residences& residences)
+Mark lastAssistanceOfAResident(const Person& person, const Residences& residences, DaysApart apart)
 {
-    const auto proves = [&](const Assistance* row) { return row->date.isKnown() && residences.isResident(row->date); };
+    const auto proves = [&](const Assistance* row) {
+        return row->date.isKnown() && !isApart(row->date, apart) && residences.isResident(row->date);
+    };
     const auto row = std::find_if(person.assisted.rbegin(), person.assisted.rend(), proves);
     return row == person.assisted.rend() ? Mark() : Mark{(*row)->date, Proof::Assistance};
 }
@@ -70,9 +72,10 @@ Mark Residences::first() const
     return stay == stays_.end() ? Mark() : Mark{stay->date, Proof::Residence};
 }
 
-Mark Residences::last() const
+Mark Residences::last(DaysApart apart) const
 {
-    const auto stay = std::find_if(stays_.rbegin(), stays_.rend(), [](const Stay& one) { return one.local; });
+    const auto stay = std::find_if(stays_.rbegin(), stays_.rend(),
+                                   [&](const Stay& one) { return one.local && !isApart(one.date, apart); });
     return stay == stays_.rend() ? Mark() : Mark{stay->date, Proof::Residence};
 }
 
@@ -82,16 +85,16 @@ void Residences::add(std::span<const parish::Residence> rows, const Home& home)
         if (row.date.isKnown()) stays_.push_back({row.date.day, isLocalResidence(row.place, home), row.date});
 }
 
-OwnMarks ownMarks(const Person& person, const Home& home)
+OwnMarks ownMarks(const Person& person, const Home& home, DaysApart apart)
 {
     const Residences residences(person, home);
     OwnMarks marks;
     marks.firstResidence = residences.first();
-    marks.lived = residences.last();
-    takeLater(marks.lived, lastOf(person.professions, Proof::Profession));
-    takeLater(marks.lived, lastOf(person.signatures, Proof::Signature));
-    takeLater(marks.lived, lastOf(person.passports, Proof::Passport));
-    takeLater(marks.lived, lastAssistanceOfAResident(person, residences));
+    marks.lived = residences.last(apart);
+    takeLater(marks.lived, lastOf(person.professions, Proof::Profession, apart));
+    takeLater(marks.lived, lastOf(person.signatures, Proof::Signature, apart));
+    takeLater(marks.lived, lastOf(person.passports, Proof::Passport, apart));
+    takeLater(marks.lived, lastAssistanceOfAResident(person, residences, apart));
     for (const Membership* row : person.unions)
         if (row->family && isLocal(row->family->place, home))
             takeLater(marks.marriage, row->family->marriage, Proof::Marriage);

@@ -3,6 +3,7 @@
 
 #include "study/observation/presence.h"
 
+#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -33,6 +34,9 @@ inline parish::Date exactly(QDate day)
     return parish::dateOf(day, true);
 }
 
+// Days whose rows prove nothing: those on which the event itself is measured, of which the same act wrote the rows.
+using DaysApart = std::span<const qint32>;
+
 bool isBornHere(const parish::Person& person, const parish::Home& home);
 bool diedHere(const parish::Person& person, const parish::Home& home);
 
@@ -44,7 +48,7 @@ public:
 
     bool isResident(const parish::Date& at) const; // by the last row until then
     Mark first() const;                            // here
-    Mark last() const;
+    Mark last(DaysApart apart = {}) const;
 
 private:
     struct Stay
@@ -58,10 +62,17 @@ private:
     std::vector<Stay> stays_ = {};
 };
 
-template <class Row>
-Mark lastOf(std::span<const Row> rows, Proof by) // in the order of their dates
+inline bool isApart(const parish::Date& date, DaysApart apart)
 {
-    return rows.empty() || !rows.back().date.isKnown() ? Mark() : Mark{rows.back().date, by};
+    return std::ranges::find(apart, date.day) != apart.end();
+}
+
+template <class Row>
+Mark lastOf(std::span<const Row> rows, Proof by, DaysApart apart = {}) // in the order of their dates
+{
+    for (auto row = rows.rbegin(); row != rows.rend() && row->date.isKnown(); ++row)
+        if (!isApart(row->date, apart)) return {row->date, by};
+    return {};
 }
 
 // What a person's own rows prove.
@@ -71,7 +82,7 @@ struct OwnMarks
     Mark lived = {};    // last row that shows the person living here; marriages and children stand apart
     Mark marriage = {}; // last one in the parish
 };
-OwnMarks ownMarks(const parish::Person& person, const parish::Home& home);
+OwnMarks ownMarks(const parish::Person& person, const parish::Home& home, DaysApart apart = {});
 
 inline constexpr int endOfChildhood = 15;
 bool hasMarried(const parish::Person& person); // who has, has a home of their own

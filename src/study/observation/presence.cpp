@@ -5,6 +5,7 @@
 #include "study/parish/locality.h"
 
 #include <algorithm>
+#include <array>
 
 namespace study::observation {
 
@@ -61,10 +62,10 @@ void takeSiblings(Mark& mark, const Person& child, const std::vector<const Perso
 }
 
 // A parent's own rows, and the children of other unions.
-Mark lastOfParent(const Person& parent, const Family& family, const Home& home)
+Mark lastOfParent(const Person& parent, const Family& family, const Home& home, DaysApart apart)
 {
     if (diedHere(parent, home)) return {parent.death, Proof::Death};
-    const OwnMarks own = ownMarks(parent, home);
+    const OwnMarks own = ownMarks(parent, home, apart);
     Mark mark = own.lived;
     takeLater(mark, own.marriage);
     for (const Membership* row : parent.unions)
@@ -90,9 +91,11 @@ Mark lastOfFamily(const Person& child, const Union& its, const Home& home)
     const Family& family = *its.family;
     const auto parents = parentsOf(family);
     if (parents.empty()) return {};
+    const std::array<qint32, 1> burial{child.death.day};
+    const DaysApart apart = child.death.isKnown() ? DaysApart(burial) : DaysApart();
     Mark mark;
     for (const Person* parent : parents)
-        takeLater(mark, lastOfParent(*parent, family, home));
+        takeLater(mark, lastOfParent(*parent, family, home, apart));
     takeLater(mark, exactly(family.observedUntil), Proof::Researcher);
     const Date end = endOfHome(parents);
     if (!end.isKnown() || mark.day != end) takeSiblings(mark, child, parents, home);
@@ -249,9 +252,12 @@ Mark coupleSeenUntil(const Union& of, const parish::Snapshot& parish)
     if (!of.isUnion() || of.isClosed() || of.isContradictory() || !of.marriage.isKnown()) return {};
     const Family& family = *of.family;
     const Mark both = seenTogether(family, parish.home());
+    std::vector<qint32> births;
+    for (const Person* child : family.children)
+        if (child->birth.isKnown()) births.push_back(child->birth.day);
     Mark couple;
     for (const Person* one : {family.husband, family.wife}) {
-        Mark mark = ownMarks(*one, parish.home()).lived;
+        Mark mark = ownMarks(*one, parish.home(), births).lived;
         takeLater(mark, both);
         if (diedHere(*one, parish.home())) takeLater(mark, one->death, Proof::Death);
         if (!mark.day.isKnown()) return {};

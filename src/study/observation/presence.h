@@ -51,15 +51,16 @@ struct Presence
 std::vector<Presence> presencesOf(const parish::Snapshot& parish, const std::vector<Union>& unions,
                                   const parish::Snapshot::GoesOn& goesOn = {});
 
-// Until when the family of this child is seen by events that aren't the child's own: of the parents, of brothers and
-// sisters until they marry, and as far as a researcher has typed; never behind the death of the last parent. Unknown
-// where nothing from the child's birth on proves it. The unions are all of the parish, as unionsOf() gives them.
+// Until when the family of this child is seen by events that aren't the child's own, nor rows of the day of its death:
+// of the parents, of brothers and sisters until they marry, and as far as a researcher has typed; never behind the
+// death of the last parent. Unknown where nothing from the child's birth on proves it. The unions are all of the
+// parish, as unionsOf() gives them.
 Mark familyEndFor(const parish::Person& child, const parish::Snapshot& parish, const std::vector<Union>& unions);
 
 // Until when both of a couple whose end isn't known are seen in the parish, by what is no birth of theirs: each by own
-// rows, both by burials of their children and as far as a researcher has typed for the family. Never behind a death of
-// one of them, nor behind the bound of the end. Unknown where nothing behind the marriage proves it of both, and of
-// unions that are closed or contradict themselves.
+// rows of other days, both by burials of their children and as far as a researcher has typed for the family. Never
+// behind a death of one of them, nor behind the bound of the end. Unknown where nothing behind the marriage proves it
+// of both, and of unions that are closed or contradict themselves.
 Mark coupleSeenUntil(const Union& of, const parish::Snapshot& parish);
 
 QString told(Proof proof);

@@ -81,6 +81,17 @@ TEST_F(ACoupleOfUnknownEnd, IsSeenAsLongAsBothAre)
     EXPECT_EQ(seenUntil(), (Mark{day(1775, 5, 5), Proof::Researcher}));
 }
 
+TEST_F(ACoupleOfUnknownEnd, IsNotSeenByWhatWasWrittenAtABaptismOfItsChildren)
+{
+    for (const int nind : {1, 2}) {
+        livesHere(nind, "i", "1760-06-01");
+        run("insert into residencia (numero, tiporesid, dataref, datafixa, localresid, tipolocal) select ?, 'i', "
+            "datanasc, 1, localresid, tipolocal from residencia, individuo where famorig = 1 and numero = ?",
+            {nind, nind});
+    }
+    EXPECT_EQ(seenUntil(), (Mark{day(1760, 6, 1), Proof::Residence}));
+}
+
 TEST_F(ACoupleOfUnknownEnd, IsNotSeenBehindADeathOrABound)
 {
     livesHere(1, "f", "1771-01-01");

@@ -239,6 +239,16 @@ TEST_F(ThePresence, OfAFamilyIsNotLengthenedByTheChildItself)
     EXPECT_EQ(familyEnd(4), Mark()); // neither its own death nor what was before it
 }
 
+TEST_F(ThePresence, OfAFamilyIsNotLengthenedByWhatTheBurialOfTheChildWroteOfItsParents)
+{
+    settle();
+    run("update individuo set dataobito = '1726-01-01', dobitofixa = 1 where nind = 4");
+    livesIn(1, here, "1725-01-01");
+    livesIn(1, here, "1726-01-01");
+    EXPECT_EQ(familyEnd(4), (Mark{day(1725, 1, 1), Proof::Residence}));
+    EXPECT_EQ(familyEnd(3).day, day(1726, 1, 1)) << "to others the burial is no event of their own";
+}
+
 TEST_F(ThePresence, OfAFamilyMarriedElsewhereIsThatOfItsChildren)
 {
     settle();
