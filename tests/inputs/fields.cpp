@@ -153,7 +153,12 @@ QString Inputs::keySeen(const Window& window, const QString& key)
 {
     const QString control = key.section(':', 0, 0), column = key.section(':', 1);
     const Target target = Lookup::target(control.contains('.') ? control : window.form + '.' + control);
-    if (column.isEmpty()) return Sight::text(target);
+    if (column.isEmpty()) {
+        const QString text = Sight::text(target);
+        bool isNumber = false;
+        const qlonglong number = text.toLongLong(&isNumber);
+        return isNumber ? QString::number(number) : text; // 007 is the record 7
+    }
     const int row = Sight::currentRow(target);
     return row > 0 ? Sight::cells(target, row).value(column.toInt()) : QString();
 }

@@ -145,7 +145,8 @@ QString longText(Dice& dice, bool pasted)
 {
     static const QList<int> typedLengths{254, 255, 256, 300};
     static const QList<int> pastedLengths{255, 256, 1000, 5000, 65534, 65535, 65536, 70000};
-    const QString piece = dice.oneIn(3) ? QString("palavra ") : dice.oneIn(2) ? dice.among(odd) : QString("á");
+    QString piece = dice.oneIn(3) ? QString("palavra ") : dice.oneIn(2) ? dice.among(odd) : QString("á");
+    if (piece.isEmpty()) piece = "á";
     const int length = dice.among(pasted ? pastedLengths : typedLengths);
     return piece.repeated(length / int(piece.size()) + 1).left(length - 1) + '.';
 }
