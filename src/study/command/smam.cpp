@@ -52,6 +52,15 @@ std::optional<double> numberOf(QString text)
     return number;
 }
 
+// Digits alone: a point or a comma may be one of thousands, and "1.000" isn't one person.
+std::optional<double> countOf(const QString& text)
+{
+    bool isWhole = false;
+    const qint64 number = text.trimmed().toLongLong(&isWhole);
+    if (!isWhole || number < 0) return {};
+    return static_cast<double>(number);
+}
+
 // One file, read.
 class Singles
 {
@@ -131,9 +140,8 @@ private:
 
     double ofCounts(const QString& singles, const QString& all, int line)
     {
-        const auto isCount = [](const std::optional<double>& n) { return n && *n >= 0 && *n == std::floor(*n); };
-        const std::optional<double> part = numberOf(singles), whole = numberOf(all);
-        if (!isCount(part) || !isCount(whole))
+        const std::optional<double> part = countOf(singles), whole = countOf(all);
+        if (!part || !whole)
             refuse(line, QString("\"%1\" e \"%2\" não são dois números de pessoas, inteiros e sem pontos.")
                              .arg(singles.trimmed(), all.trimmed()));
         else if (*whole == 0)

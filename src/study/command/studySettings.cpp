@@ -92,9 +92,10 @@ QString told(const parish::Person& child, const BaptismTold& read, const QString
     const QString quoted = QString(" Notas: \"%1\"").arg(notes.simplified());
     if (read.by == BaptismTold::By::Unread) return head + "as palavras estão lá, mas nenhum dia depois delas." + quoted;
     if (read.by == BaptismTold::By::Approximate) return head + "a data da ficha é aproximada." + quoted;
-    const QString days = QString("nascimento %1, baptismo %2, %3 dias.")
-                             .arg(read.days.birth.toString("dd/MM/yyyy"), read.days.baptism.toString("dd/MM/yyyy"))
-                             .arg(read.days.birth.daysTo(read.days.baptism));
+    const QString days =
+        QString("nascimento %1, baptismo %2, %3 dias.")
+            .arg(read.days.birth.toString("dd/MM/yyyy"), read.days.baptism.toString("dd/MM/yyyy"))
+            .arg(parish::daysBetween(parish::dateOf(read.days.birth, true), parish::dateOf(read.days.baptism, true)));
     return head + days + (read.by == BaptismTold::By::List ? QString(" Lista.") : quoted);
 }
 

@@ -56,12 +56,12 @@ void countRates(const AdultLife& life, Estimate estimate, const End& end, const 
     if (group) taker.count({Deaths, {who[0], who[1], place, *group}}, person);
 }
 
-// Who isn't married at the exact age never enters: nobody comes into the group later.
+// Who isn't married at the exact age, or is observed only later, never enters: nobody comes into the group later.
 void countFrom(const AdultLife& life, Estimate estimate, const End& end, const At& who, const Who& person, Taker& taker)
 {
     for (std::size_t i = 0; i < starts.size(); ++i) {
         const parish::Date entry = parish::dateOf(parish::birthday(life.birth, starts[i]), true);
-        if (life.marriage.middle() > entry.date() || end.day.middle() < entry.date()) continue;
+        if (life.from.middle() > entry.date() || end.day.middle() < entry.date()) continue;
         const qint32 place = startPlace(estimate, i);
         taker.count({LivesFrom, {who[0], who[1], place}}, person);
         for (const Slice& slice : split({life.birth, entry, end.day, end.dies}, adultAges()))

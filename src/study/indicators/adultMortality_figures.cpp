@@ -288,6 +288,7 @@ struct Watched
     qint32 gender = 0;
     std::map<qint32, statistics::Exits> exits = {};
     std::vector<statistics::Step> steps = {};
+    bool isSound = false; // enough of them die at the ages of the table
 };
 
 Table byKaplanMeier(const Reading& reading)
@@ -297,8 +298,11 @@ Table byKaplanMeier(const Reading& reading)
                 {textColumn("Idade"), countColumn("Homens no início"), decimalColumn("Homens, 5qx", "‰"),
                  countColumn("Mulheres no início"), decimalColumn("Mulheres, 5qx", "‰")}};
     std::array<Watched, 2> both = {{{numbered(parish::Gender::Male)}, {numbered(parish::Gender::Female)}}};
-    for (Watched& watched : both)
+    for (Watched& watched : both) {
+        const At at = {any, watched.gender, any, any};
         watched.steps = stepsOf(reading, watched.gender, watched.exits);
+        watched.isSound = reading.within(Dies, 2, firstAge * daysOfAnAge, lastAge * daysOfAnAge, at).n >= leastDeaths;
+    }
     if (both[0].exits.empty() && both[1].exits.empty()) return table;
     for (int age = firstAge; age < lastAge; age += groupYears) {
         const qint32 from = age * daysOfAnAge, until = from + groupYears * daysOfAnAge;
@@ -310,7 +314,9 @@ Table byKaplanMeier(const Reading& reading)
             const qint64 atRisk = atRiskAt(watched.exits, from);
             const Died died = diedBetween(watched.steps, from, until);
             table.rows.back().push_back(report::number(atRisk, leavingFrom(reading, from, at)));
-            table.rows.back().push_back(estimated(died.probability, died.interval, atRisk, base, keys));
+            Cell quotientCell = estimated(died.probability, died.interval, atRisk, base, keys);
+            if (!watched.isSound && died.probability && atRisk > 0) quotientCell = standing(quotientCell, false);
+            table.rows.back().push_back(std::move(quotientCell));
         }
     }
     table.notes = {"No início da idade estão os que já casaram; os que casam depois entram nesse dia."};

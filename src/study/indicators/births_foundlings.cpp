@@ -78,11 +78,14 @@ Table survivalTable(const Reading& reading)
     if (all == 0) return table;
     const std::vector<statistics::Step> steps = statistics::kaplanMeier(exits, all);
     const std::pair<const char*, qint32> ends[]{{"1 mês", 31}, {"1 ano", 366}, {"5 anos", 1827}, {"10 anos", 3653}};
+    const qint32 last = exits.rbegin()->first; // nobody is followed any longer
     for (const auto& [name, end] : ends) {
+        const bool isFollowed = end - 1 <= last || statistics::survivalAt(steps, last) == 0;
         Cell cell = report::number(100 * statistics::survivalAt(steps, end - 1), keys);
-        if (const auto interval = statistics::survivalIntervalAt(steps, end - 1); interval && all >= least)
+        if (const auto interval = statistics::survivalIntervalAt(steps, end - 1);
+            interval && all >= least && isFollowed)
             cell.interval = statistics::Interval{100 * interval->low, 100 * interval->high};
-        if (all < least) cell.standing = report::Standing::Suppressed;
+        if (all < least || !isFollowed) cell.standing = report::Standing::Suppressed;
         table.rows.push_back(
             {report::text(QString::fromUtf8(name)), report::number(dead.values.below(end), dead.keys), cell});
     }

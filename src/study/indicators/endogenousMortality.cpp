@@ -41,6 +41,7 @@ constexpr std::array<Reason, 10> reasons = allReasons();
 constexpr qint64 leastDeaths = 50;
 constexpr double likelyLeast = 40; // ‰: less before 1850 tells of deaths that weren't written down
 constexpr int lastOldYear = 1850;
+constexpr double nearNothing = 10; // ‰: so few tell of them at any time
 
 void fill(const Study& study, const Share& share, Taker& taker)
 {
@@ -137,8 +138,8 @@ QString remark(const std::optional<statistics::Endogenous>& by, const Group& gro
 {
     if (!by) return "–";
     if (by->bent) return "as duas metades do ano não fazem uma recta: não interpretar";
-    if (by->endogenous < likelyLeast && group.period != any && group.period < lastOldYear)
-        return "muito baixa: faltam óbitos de recém-nascidos?";
+    const bool isOld = group.period != any && group.period < lastOldYear;
+    if (by->endogenous < (isOld ? likelyLeast : nearNothing)) return "muito baixa: faltam óbitos de recém-nascidos?";
     return "recta";
 }
 
@@ -179,10 +180,11 @@ Table byMonth(const Reading& reading)
     if (of.births.n == 0) return table;
     const auto squares = statistics::endogenousBySquares(of.months);
     for (std::size_t i = 0; i < of.months.size(); ++i)
-        table.rows.push_back({report::text(QString::number(statistics::endsOfMonths[i])),
-                              counted(reading.within(Deaths, 3, 0, statistics::endsOfMonths[i])),
-                              perThousand(of.months[i], of), report::number(scale(i)),
-                              squares ? perThousand(squares->endogenous + squares->slope * scale(i), of) : Cell()});
+        table.rows.push_back(
+            {report::text(QString::number(statistics::endsOfMonths[i])),
+             counted(reading.within(Deaths, 3, 0, statistics::endsOfMonths[i])),
+             standing(perThousand(of.months[i], of), of), report::number(scale(i)),
+             squares ? standing(perThousand(squares->endogenous + squares->slope * scale(i), of), of) : Cell()});
     return table;
 }
 

@@ -1,5 +1,7 @@
 #include "study/indicators/inbreeding.h"
 
+#include "study/parish/codes.h"
+
 #include <algorithm>
 #include <array>
 
@@ -8,6 +10,13 @@ namespace study::indicators {
 using parish::Person;
 
 namespace {
+
+bool isTakenIn(const Person& child)
+{
+    using namespace parish;
+    return child.filiation == filiation::foundling || child.filiation == filiation::adopted ||
+           (child.origin && child.origin->situation == situation::foster);
+}
 
 // From a person up to an ancestor, both with it.
 struct Line
@@ -29,7 +38,7 @@ void extend(const Line& line, Lines& lines)
 {
     lines.push_back(line);
     if (line.generations == farthestDegree) return;
-    for (const Person* parent : {line.top()->father(), line.top()->mother()}) {
+    for (const Person* parent : {fatherByBlood(*line.top()), motherByBlood(*line.top())}) {
         if (!parent || line.holds(parent)) continue; // nobody descends from himself, whatever is linked
         Line longer = line;
         longer.people[static_cast<std::size_t>(++longer.generations)] = parent;
@@ -69,13 +78,23 @@ constexpr qint64 notInbred = inbreedingUnits;
 
 qint64 weightOf(const Person& ancestor)
 {
-    const Person* const father = ancestor.father();
-    const Person* const mother = ancestor.mother();
+    const Person* const father = fatherByBlood(ancestor);
+    const Person* const mother = motherByBlood(ancestor);
     if (!father || !mother) return notInbred;
     return notInbred + sumOverPaths(*father, *mother, [](const Person&) { return notInbred; });
 }
 
 } // namespace
+
+const Person* fatherByBlood(const Person& child)
+{
+    return isTakenIn(child) ? nullptr : child.father();
+}
+
+const Person* motherByBlood(const Person& child)
+{
+    return isTakenIn(child) ? nullptr : child.mother();
+}
 
 qint32 inbreedingOfChildren(const Person& father, const Person& mother)
 {

@@ -11,6 +11,11 @@ inline constexpr int farthestDegree = 4;
 // inbred by as much.
 inline constexpr qint32 inbreedingUnits = 1 << 18;
 
+// The parents by blood: those of the family that a person comes from, but where it only took the child in, as a foster
+// family or as that of a foundling or of an adopted child. Nothing for one who isn't linked.
+const parish::Person* fatherByBlood(const parish::Person& child);
+const parish::Person* motherByBlood(const parish::Person& child);
+
 // F of the children of two people, by counting paths: over each common ancestor A, and each two lines of i and j
 // generations from the parents up to A that meet nowhere else, (1/2)^(i+j+1)·(1 + F of A). That of A is counted in the
 // same way, from ancestors that are taken for not inbred. A least: who isn't linked has no ancestors. In units, 0 to

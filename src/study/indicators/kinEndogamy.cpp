@@ -53,8 +53,8 @@ void gather(const Person* person, int generation, Ancestors& ancestors)
     const auto [place, isNew] = ancestors.try_emplace(person, generation);
     if (!isNew && place->second <= generation) return;
     place->second = generation;
-    gather(person->father(), generation + 1, ancestors);
-    gather(person->mother(), generation + 1, ancestors);
+    gather(fatherByBlood(*person), generation + 1, ancestors);
+    gather(motherByBlood(*person), generation + 1, ancestors);
 }
 
 // By the canon law: the generations of the longer side to the nearest common ancestor; 0 where none is known.
@@ -75,7 +75,7 @@ int degreeOf(const Person& one, const Person& other)
 
 bool hasBothParents(const Person& person)
 {
-    return person.father() && person.mother();
+    return fatherByBlood(person) && motherByBlood(person);
 }
 
 void fill(const Study& study, const Share& share, Taker& taker)

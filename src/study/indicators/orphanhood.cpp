@@ -28,7 +28,7 @@ constexpr std::array<const char*, 7> names = {"vistos",          "obitos-dos-pai
                                               "pais-incognitos", "pais-nao-vistos", "pais-mortos-antes"};
 constexpr std::array<Reason, 3> reasons = {
     {{NoParents, "criança sem pai nem mãe conhecidos"},
-     {ParentUnseen, "sem prova de vida do pai ou da mãe depois do nascimento"},
+     {ParentUnseen, "sem prova de vida do pai ou da mãe depois do nascimento, ou só observados mais tarde"},
      {DeadBeforeBirth, "pai morto mais de 300 dias antes do nascimento, ou mãe mais de 8 dias"}}};
 
 constexpr std::array<int, 5> ages = {1, 5, 10, 15, 20};
@@ -49,11 +49,14 @@ enum Dead : qint32
 struct Parent
 {
     parish::Date death = {}, alive = {}; // proved, the last one
+    parish::Date from = {};              // observed, where a later day than the own birth was typed
 
     bool isKnown() const { return death.isKnown() || alive.isKnown(); }
-    // Nothing where that isn't known.
+    bool isSeenOn(QDate day) const { return !from.isKnown() || from.middle() <= day; }
+    // Nothing where that isn't known, or the parent isn't observed yet: had it died, nobody would know.
     std::optional<bool> isDeadOn(QDate day) const
     {
+        if (!isSeenOn(day)) return {};
         if (death.isKnown()) return death.middle() <= day;
         return alive.isKnown() && alive.middle() >= day ? std::optional(false) : std::nullopt;
     }
@@ -62,10 +65,10 @@ struct Parent
 Parent parentOf(const parish::Person* person, const Study& study)
 {
     if (!person) return {};
-    const Parent parent{person->death, study.presenceOf(*person).aliveUntil.day};
+    const Parent parent{person->death, study.presenceOf(*person).aliveUntil.day, observation::typedFrom(*person)};
     const parish::Date typed = observation::typedUntil(*person);
     const parish::Date& end = parent.death.isKnown() ? parent.death : parent.alive;
-    return typed.isKnown() && end.isKnown() && typed.middle() < end.middle() ? Parent{{}, typed} : parent;
+    return typed.isKnown() && end.isKnown() && typed.middle() < end.middle() ? Parent{{}, typed, parent.from} : parent;
 }
 
 bool isDeadBefore(const parish::Person& child, const Parent& parent, int allowedDays)
@@ -108,7 +111,8 @@ void countSurvival(const parish::Person& child, const Parent& parent, qint32 whi
 {
     const Who who{&child, child.origin};
     const parish::Date& end = parent.death.isKnown() ? parent.death : parent.alive;
-    if (!end.isKnown() || (!parent.death.isKnown() && end.middle() <= child.birth.middle()))
+    const bool isLater = !parent.isSeenOn(child.birth.middle());
+    if (isLater || !end.isKnown() || (!parent.death.isKnown() && end.middle() <= child.birth.middle()))
         return taker.count({ParentUnseen}, who);
     // A father of a posthumous child has died at its birth.
     const qint32 age = end.middle() <= child.birth.middle() ? 0 : ageInDays(child.birth, end);

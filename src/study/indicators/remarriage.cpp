@@ -4,6 +4,7 @@
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
 #include "study/indicators/reasons.h"
+#include "study/observation/limits.h"
 #include "study/statistics/survival.h"
 
 #include <algorithm>
@@ -33,12 +34,13 @@ enum Count : quint16
     NoSurvivor,
     UndatedMarriage,
     NotSeen,
-    NotByMonth
+    NotByMonth,
+    Enter // who is observed only later: days to the one before that
 };
 
 constexpr const char* counts[] = {"intervalo",        "novo casamento",  "saída de observação", "sem casal",
                                   "união aberta",     "fora do período", "sem sobrevivente",    "casamento sem data",
-                                  "não visto depois", "só o ano"};
+                                  "não visto depois", "só o ano",        "entrada mais tarde"};
 
 constexpr Reason leftOut[] = {{NoUnion, "só um cônjuge conhecido, ou sexos por determinar"},
                               {OpenUnion, reasons::openUnion},
@@ -125,6 +127,23 @@ qint32 daysFrom(const Date& from, const Date& to)
     return std::max(0, parish::daysBetween(natality::settled(from), natality::settled(to)));
 }
 
+// What a widowed person is observed of. A limit that was typed holds for the next marriage too.
+struct Observed
+{
+    Date from = {}, until = {};
+    bool marries = false;
+};
+
+Observed observedOf(const Person& survivor, const Date& end, const Date& marriage, const Study& study)
+{
+    const Date first = observation::typedFrom(survivor), last = observation::typedUntil(survivor);
+    const Date& seen = marriage.isKnown() ? marriage : study.presenceOf(survivor).aliveUntil.day;
+    Observed observed{end, seen, marriage.isKnown()};
+    if (first.isKnown() && first.middle() > end.middle()) observed.from = first;
+    if (last.isKnown() && seen.isKnown() && last.middle() < seen.middle()) observed = {observed.from, last, false};
+    return observed;
+}
+
 void count(const Union& union_, const Study& study, Taker& taker)
 {
     const Family* const family = union_.family;
@@ -137,12 +156,13 @@ void count(const Union& union_, const Study& study, Taker& taker)
     if (study.settings.gender != Gender::Undetermined && study.settings.gender != survivor->gender) return;
     const Next next = nextOf(*survivor, union_);
     if (next.isUndated && !next.marriage.isKnown()) return leave(UndatedMarriage, survivor);
-    const Date seen = study.presenceOf(*survivor).aliveUntil.day;
-    const Date& until = next.marriage.isKnown() ? next.marriage : seen;
-    if (!until.isKnown() || until.middle() < union_.end.middle()) return leave(NotSeen, survivor);
+    const Observed observed = observedOf(*survivor, union_.end, next.marriage, study);
+    if (!observed.until.isKnown() || observed.until.middle() < observed.from.middle()) return leave(NotSeen, survivor);
     const Reading::At at = {periodOf(union_.end.year(), study.settings), static_cast<qint32>(survivor->gender),
-                            groupOf(*survivor, *family, union_.end), daysFrom(union_.end, until)};
-    if (!next.marriage.isKnown()) return taker.count({Left, at}, {survivor, family});
+                            groupOf(*survivor, *family, union_.end), daysFrom(union_.end, observed.until)};
+    if (const qint32 entry = daysFrom(union_.end, observed.from); entry > 0)
+        taker.count({Enter, {at[0], at[1], at[2], entry - 1}}, {survivor, family});
+    if (!observed.marries) return taker.count({Left, at}, {survivor, family});
     taker.count({Again, at}, {survivor, family});
     const auto isYear = [](const Date& day) { return day.precision == parish::Precision::Year; };
     if (isYear(union_.end) || isYear(next.marriage)) return leave(NotByMonth, survivor);
@@ -255,23 +275,27 @@ Table intervals(const Reading& reading, const std::vector<Group>& groups)
 struct Curve
 {
     std::vector<statistics::Step> steps = {};
-    qint64 atStart = 0, again = 0;
-    qint32 last = 0; // day on which somebody is still seen
+    qint64 all = 0, atStart = 0, again = 0; // all: with those who are observed only later
+    qint32 last = 0;                        // day on which somebody is still seen
     std::vector<Key> keys = {};
 };
 
 Curve curveOf(const Reading& reading, const Group& group)
 {
     const Reading::Spread again = spreadOf(reading, Again, group), left = spreadOf(reading, Left, group);
+    const Reading::Spread later = spreadOf(reading, Enter, group);
     std::map<qint32, statistics::Exits> exits;
     for (const auto& [day, n] : again.values.counts())
         exits[day].events += n;
     for (const auto& [day, n] : left.values.counts())
         exits[day].left += n;
+    for (const auto& [day, n] : later.values.counts())
+        exits[day].entered += n;
     Curve curve;
-    curve.atStart = again.values.n() + left.values.n();
+    curve.all = again.values.n() + left.values.n();
+    curve.atStart = curve.all - later.values.n();
     curve.again = again.values.n();
-    if (curve.atStart == 0) return curve;
+    if (curve.all == 0) return curve;
     curve.steps = statistics::kaplanMeier(exits, curve.atStart);
     curve.last = exits.rbegin()->first;
     curve.keys = again.keys;
@@ -279,16 +303,17 @@ Curve curveOf(const Reading& reading, const Group& group)
     return curve;
 }
 
-// The share who have remarried until then, in %. Nothing where nobody is followed so long, unless all have remarried.
+// The share who have remarried until then, in %. Nothing where nobody is followed so long, unless all have remarried,
+// nor where nobody is observed from the beginning.
 Cell remarriedUntil(const Curve& curve, qint32 day)
 {
     static constexpr qint64 leastBase = 20;
     const double survival = statistics::survivalAt(curve.steps, day);
-    if (day > curve.last && survival > 0) return {};
+    if (curve.atStart == 0 || (day > curve.last && survival > 0)) return {};
     Cell cell = report::number((1 - survival) * 100, curve.keys);
     if (const auto interval = statistics::survivalIntervalAt(curve.steps, day))
         cell.interval = statistics::Interval{(1 - interval->high) * 100, (1 - interval->low) * 100};
-    if (curve.atStart < leastBase) cell.standing = report::Standing::Grey;
+    if (curve.all < leastBase) cell.standing = report::Standing::Grey;
     return cell;
 }
 
@@ -299,7 +324,7 @@ Table chances(const Reading& reading, const std::vector<Group>& groups)
                 {textColumn("Grupo"), countColumn("Nº em observação"), countColumn("Voltaram a casar")},
                 {},
                 {"Da viuvez ao novo casamento; quem não casou sai na morte ou na última notícia de vida. Conta também "
-                 "quem nunca voltou a casar.",
+                 "quem nunca voltou a casar. Quem só é observado mais tarde entra então.",
                  "“Alguma vez” é um mínimo: até onde alguém foi seguido. O mês tem 30,4375 dias."}};
     constexpr int limits[] = {12, 24, 60, 120};
     for (const int months : limits)
@@ -307,8 +332,8 @@ Table chances(const Reading& reading, const std::vector<Group>& groups)
     table.columns.push_back(decimalColumn("Alguma vez", "%"));
     for (const Group& group : groups) {
         const Curve curve = curveOf(reading, group);
-        if (curve.atStart == 0) continue;
-        std::vector<Cell> row = {report::text(group.name), report::number(curve.atStart, curve.keys),
+        if (curve.all == 0) continue;
+        std::vector<Cell> row = {report::text(group.name), report::number(curve.all, curve.keys),
                                  report::number(curve.again, curve.keys)};
         for (const int months : limits)
             row.push_back(remarriedUntil(curve, lastDayOf(months)));

@@ -89,3 +89,12 @@ TEST_F(TheCommandThatSets, TakesAListWholeOrNotAtAll)
     EXPECT_EQ(orv({"baptismos", path(), "--lista", written("c.csv", "nind;nascimento\n1;1750-03-01\n")}), notCounted);
     EXPECT_TRUE(err_.contains("falta a coluna \"data_nascimento\"")) << qPrintable(err_);
 }
+
+// Thursday 4 October 1582 was followed by Friday the 15th.
+TEST_F(TheCommandThatSets, ShowsTheDaysOfADelayAsTheyAreCounted)
+{
+    person({"Rui", 'm', "1582-10-16"});
+    const QString list = written("a.csv", "nind;data_nascimento;data_baptismo\n1;1582-10-02;1582-10-16\n");
+    EXPECT_EQ(orv({"baptismos", path(), "--lista", list}), counted) << qPrintable(err_);
+    EXPECT_TRUE(out_.contains("baptismo 16/10/1582, 4 dias. Lista.\n")) << qPrintable(out_);
+}

@@ -91,6 +91,20 @@ TEST_F(TheCommandForSinglesByAge, RefusesAListByTheLineThatIsWrong)
     expectRefused("", "0: A tabela não tem nenhuma linha");
 }
 
+// "1.000" is a thousand, whatever follows the point.
+TEST_F(TheCommandForSinglesByAge, RefusesCountsWithThePointOfThousands)
+{
+    const auto refused = [this](const char* singles, const char* all) {
+        expectRefused(QByteArray("grupo;solteiros;todos\n15–19;") + singles + ';' + all + '\n',
+                      QString("2: \"%1\" e \"%2\" não são dois números de pessoas, inteiros e sem pontos.")
+                          .arg(singles, all));
+    };
+    refused("1.000", "2.000");
+    refused("1,000", "2");
+    refused("900", "1.000");
+    refused("1", "2%");
+}
+
 TEST_F(TheCommandForSinglesByAge, RefusesSharesAndAPeopleThatNeverMarries)
 {
     QByteArray shares = "grupo;solteiros\n", all = shares;

@@ -106,6 +106,26 @@ TEST_F(AdultsWithinLimits, AreToldDeadByTheStateOfTheOtherAtABirth)
     EXPECT_FALSE(dies(life(), Estimate::Least));
 }
 
+// He is married from 24 on.
+TEST_F(AdultsWithinLimits, AreNotAtRiskFromAnExactAgeBeforeADayThatWasTyped)
+{
+    constexpr qint32 any = Tally::any;
+    const auto closed = static_cast<qint32>(Estimate::Closed);
+    const auto from = [&](const char* name, int start) {
+        const auto place = closed + start * static_cast<qint32>(estimates.size());
+        return tallyFor(adultMortality).sum(keyOf(adultMortality, name).count, {any, 1, place, any});
+    };
+    run("update familia set datacasam = '1744-06-01'");
+    EXPECT_EQ(from("pessoas-desde", 1), 1);
+    EXPECT_EQ(from("pessoas-desde", 2), 1);
+    typed("inicioobs", "1748-01-01");
+    EXPECT_EQ(from("pessoas-desde", 1), 0) << "seen at 28, not at 25";
+    EXPECT_EQ(from("pessoas-desde", 2), 1);
+    typed("inicioobs", "1752-01-01");
+    for (const char* name : {"pessoas-desde", "meios-dias-desde", "obitos-desde"})
+        EXPECT_EQ(from(name, 2), 0) << name;
+}
+
 // The child is born in 1750; the father dies ten years later.
 TEST_F(AdultsWithinLimits, OrphanNobodyBehindALimitThatWasTyped)
 {
@@ -118,4 +138,21 @@ TEST_F(AdultsWithinLimits, OrphanNobodyBehindALimitThatWasTyped)
     const Tally limited = tallyFor(orphanhood);
     EXPECT_EQ(sumOf(limited, "obitos-dos-pais", Tally::any), 0);
     EXPECT_EQ(sumOf(limited, "saidas-dos-pais", 5 * 365), 1);
+}
+
+TEST_F(AdultsWithinLimits, AreNoParentsAtRiskBeforeADayThatWasTyped)
+{
+    person({"Rui", 'm', "1750-01-01", "", family_});
+    const auto sumOf = [](const Tally& tally, const char* name, qint32 which) {
+        return tally.sum(keyOf(orphanhood, name).count, {Tally::any, which, Tally::any, Tally::any});
+    };
+    typed("inicioobs", "1749-01-01");
+    EXPECT_EQ(sumOf(tallyFor(orphanhood), "obitos-dos-pais", 0), 1);
+    EXPECT_EQ(sumOf(tallyFor(orphanhood), "vistos", 0), 1) << "at the age of 1";
+    typed("inicioobs", "1752-01-01");
+    const Tally limited = tallyFor(orphanhood);
+    EXPECT_EQ(sumOf(limited, "obitos-dos-pais", 0), 0);
+    EXPECT_EQ(limited.sum(keyOf(orphanhood, "pais-nao-vistos").count), 1);
+    EXPECT_EQ(sumOf(limited, "vistos", 0), 0);
+    EXPECT_EQ(sumOf(limited, "vistos", 1), 1) << "at the age of 5";
 }

@@ -113,6 +113,26 @@ TEST(AdultMortality, TellsWhomTheLeastOfTheTwoBoundsDoesNotBound)
     EXPECT_FALSE(shown.table("tabua-maxima-m").notes.join(' ').contains("não há limite"));
 }
 
+TEST(AdultMortality, ByKaplanMeierTakesTenDeathsATable)
+{
+    constexpr qint32 year = 365, at30 = 30 * year, woman = 2;
+    Tally tally;
+    for (const auto& [gender, deaths] : {std::pair{man, 9}, std::pair{woman, 10}}) {
+        tally.add(keyOf(adultMortality, "entradas", {cohort, gender, 20 * year - 1}), 100);
+        tally.add(keyOf(adultMortality, "obitos-por-dia", {cohort, gender, at30 + 1}), deaths);
+        tally.add(keyOf(adultMortality, "saidas", {cohort, gender, 70 * year}), 100 - deaths);
+    }
+    const Shown shown(adultMortality, tally);
+    const auto table = shown.table("kaplan-meier");
+    using study::report::Standing;
+    for (const char* row : {"20–24", "30–34"}) {
+        EXPECT_EQ(shown.standing("kaplan-meier", row, "Homens, 5qx"), Standing::Suppressed) << row;
+        EXPECT_FALSE(Counting::cell(table, row, "Homens, 5qx").interval) << row;
+        EXPECT_EQ(shown.standing("kaplan-meier", row, "Mulheres, 5qx"), Standing::Sound) << row;
+    }
+    EXPECT_EQ(shown.standing("kaplan-meier", "75–79", "Homens, 5qx"), Standing::Sound) << "there is nobody";
+}
+
 TEST(AdultMortality, GivesNothingOfNothing)
 {
     for (const auto& figure : adultMortality.figures({}, {})) {

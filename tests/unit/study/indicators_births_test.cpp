@@ -1,5 +1,6 @@
 // Intervals and kinds of births.
 #include "data/demobdp.h"
+#include "study/counting.h"
 #include "study/natal.h"
 
 #include "study/indicators/births.h"
@@ -401,6 +402,31 @@ TEST_F(Births, OfFoundlingsDieWhileTheirFamilyIsSeenOrLeaveWithIt)
     EXPECT_EQ(value("sobrevivencia", "10 anos", "Mortos antes"), 1);
     EXPECT_NEAR(value("sobrevivencia", "10 anos", "Sobreviventes"), 100 * 2.0 / 3, 1e-9);
     EXPECT_EQ(leftOut("sem observação"), 0);
+}
+
+// Twenty are followed for one year and some months, and one of them dies.
+TEST(TheSurvivalOfFoundlings, IsSuppressedWhereNobodyIsFollowedSoLong)
+{
+    constexpr quint16 died = 2, left = 3;
+    const auto cellOf = [](const study::statistics::Tally& tally, const char* row) {
+        const auto figures = foundlings.figures(tally, {});
+        const auto table = Counting::tableOf(figures, "sobrevivencia");
+        return Counting::cell(table, row, "Sobreviventes");
+    };
+    study::statistics::Tally tally;
+    tally.add({0, {1750}}, 20);
+    tally.add({died, {100}}, 1);
+    tally.add({left, {500}}, 19);
+    EXPECT_EQ(cellOf(tally, "1 ano").standing, Standing::Sound);
+    EXPECT_TRUE(cellOf(tally, "1 ano").interval);
+    for (const char* row : {"5 anos", "10 anos"}) {
+        EXPECT_EQ(cellOf(tally, row).standing, Standing::Suppressed) << row;
+        EXPECT_FALSE(cellOf(tally, row).interval) << row;
+    }
+    study::statistics::Tally all;
+    all.add({0, {1750}}, 20);
+    all.add({died, {100}}, 20);
+    EXPECT_EQ(cellOf(all, "10 anos").standing, Standing::Sound) << "known: nobody is left";
 }
 
 TEST_F(Births, HaveTheAgesOfTheParentsByTheRank)

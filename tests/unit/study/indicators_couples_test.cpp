@@ -196,3 +196,29 @@ TEST_F(KinEndogamy, CountsDegreesByTheLongerSide)
     EXPECT_EQ(value(inbreeding, "1750–1799", "F de 1/64 a menos de 1/16"), 0);
     EXPECT_EQ(cell(inbreeding, "Todos", "Com F acima de 0").from.size(), 4U);
 }
+
+TEST_F(KinEndogamy, IsNotOfFamiliesThatOnlyTookAChildIn)
+{
+    const auto man = [this](qint64 family) { return person({"Ele", 'm', "", "", family}); };
+    const auto woman = [this](qint64 family) { return person({"Ela", 'f', "", "", family}); };
+    const qint64 home = couple(man(0), woman(0));
+    const qint64 son = man(home), daughter = woman(home), taken = man(home);
+    const qint64 his = couple(son, woman(0)), hers = couple(man(0), daughter), takens = couple(taken, woman(0));
+    couple(man(his), woman(hers), "1750-03-01");
+    couple(man(takens), woman(hers), "1750-03-01");
+    const auto degreesOf = [this](const char* change) {
+        run(change);
+        const auto figures = figuresFor(kinEndogamy);
+        EXPECT_EQ(value(tableOf(figures, "consanguinidade"), "Todos", "Com F acima de 0"),
+                  value(tableOf(figures, "graus"), "Todos", "2.º grau"));
+        return value(tableOf(figures, "graus"), "Todos", "2.º grau");
+    };
+    EXPECT_EQ(degreesOf("update individuo set filiacao = 1"), 2);
+    EXPECT_EQ(degreesOf("update individuo set filiacao = 6 where nind = 5"), 1);
+    EXPECT_EQ(degreesOf("update individuo set filiacao = 14 where nind = 5"), 1);
+    EXPECT_EQ(degreesOf("update individuo set filiacao = 1 where nind = 5"), 2);
+    EXPECT_EQ(degreesOf("update familia set sfamilia = '10' where nfamilia = 1"), 0);
+    // A spouse who was taken in has no parents who are known.
+    run("update individuo set filiacao = 6 where famorig = 2");
+    EXPECT_EQ(value(tableOf(figuresFor(kinEndogamy), "graus"), "Todos", "Casamentos de pais conhecidos"), 1);
+}

@@ -4,6 +4,8 @@
 #include "study/indicators/childhood.h"
 #include "study/indicators/mortality.h"
 
+#include <cmath>
+
 using namespace study::indicators;
 using taking::keyOf;
 using taking::Shown;
@@ -103,6 +105,46 @@ TEST(EndogenousMortality, ByThousandBearsADecimalFromAHundredBirthsOn)
         EXPECT_EQ(Counting::cell(months, "365", "Por mil nascimentos").decimals, decimals);
         EXPECT_EQ(Counting::cell(months, "365", "Pela recta").decimals, decimals);
     }
+}
+
+TEST(EndogenousMortality, ByMonthIsSuppressedOfFewerThan50DeathsToo)
+{
+    using study::report::Standing;
+    for (const auto& [deaths, standing] : {std::pair{49, Standing::Suppressed}, std::pair{50, Standing::Sound}}) {
+        Tally tally;
+        tally.add(keyOf(endogenousMortality, "nascimentos", {period, boy, 0, 0}), 500);
+        for (const qint32 day : {1, 40, 100, 200})
+            tally.add(keyOf(endogenousMortality, "obitos", {period, boy, 0, day}), 10);
+        tally.add(keyOf(endogenousMortality, "obitos", {period, boy, 0, 300}), deaths - 40);
+        const Shown figures(endogenousMortality, tally);
+        for (const char* column : {"Por mil nascimentos", "Pela recta"})
+            EXPECT_EQ(figures.standing("acumulados", "365", column), standing) << column << deaths;
+        EXPECT_EQ(figures.value("acumulados", "365", "Óbitos"), deaths);
+    }
+}
+
+// The deaths lie on a line, but for those that nobody wrote down.
+TEST(EndogenousMortality, NearNothingIsRemarkedAtAnyTimeAndALowOneBefore1850)
+{
+    static constexpr std::array<int, 12> ends = {31, 61, 91, 122, 153, 183, 212, 243, 273, 304, 334, 365};
+    const auto remarkOf = [](int year, int endogenous, const char* row) {
+        Tally tally;
+        tally.add(keyOf(endogenousMortality, "nascimentos", {year, boy, 0, 0}), 10000);
+        qint64 before = 0;
+        for (const int end : ends) {
+            const double logarithm = std::log10(end + 1);
+            const auto deaths = static_cast<qint64>(10 * (endogenous + 5 * logarithm * logarithm * logarithm));
+            tally.add(keyOf(endogenousMortality, "obitos", {year, boy, 0, end - 1}), deaths - before);
+            before = deaths;
+        }
+        return Shown(endogenousMortality, tally).text("endogena", row, "Observação");
+    };
+    const QString low = "muito baixa: faltam óbitos de recém-nascidos?";
+    EXPECT_EQ(remarkOf(1750, 30, "1750–1799"), low);
+    EXPECT_EQ(remarkOf(1750, 50, "1750–1799"), "recta");
+    EXPECT_EQ(remarkOf(1900, 30, "1900–1949"), "recta");
+    EXPECT_EQ(remarkOf(1900, 3, "1900–1949"), low);
+    EXPECT_EQ(remarkOf(1900, 3, "Todo o período"), low);
 }
 
 TEST(TheAgeOfAChild, CountsNoneOfTheDaysThatOctober1582LeftOut)

@@ -109,6 +109,56 @@ TEST_F(Remarriage, IsTimedWhereTheOtherUnionWasNoMarriage)
     EXPECT_EQ(value(tableOf(figures, "probabilidades"), "Viúvos", "Nº em observação"), 1);
 }
 
+TEST_F(Remarriage, BehindTheLastDayThatWasTypedDoesNotCount)
+{
+    const qint64 ana = person({"Ana", 'f', "1720-03-01", "1790-03-01"});
+    couple(person({"Rui", 'm', "1715-03-01", "1755-03-01"}), ana, "1745-03-01");
+    couple(person({"Luís", 'm'}), ana, "1756-03-01");
+    const auto until = [&](const char* day) {
+        run("update individuo set fimobs = ? where nind = ?", {QString(day), ana});
+        return tallyFor(remarriage);
+    };
+    EXPECT_EQ((until("1757-03-01")[{1, {1750, women, 20, 366}}]), 1);
+    const Tally tally = until("1755-12-31");
+    EXPECT_EQ(tally.sum(0) + tally.sum(1), 0);
+    EXPECT_EQ((tally[{2, {1750, women, 20, 305}}]), 1);
+    EXPECT_EQ(leftOut(remarriage.figures(until("1755-01-01"), {}))["sem notícia do sobrevivente depois da viuvez"], 1);
+}
+
+TEST_F(Remarriage, IsAtRiskFromTheFirstDayThatWasTypedOn)
+{
+    const qint64 ana = person({"Ana", 'f', "1720-03-01", "1790-03-01"});
+    couple(person({"Rui", 'm', "1715-03-01", "1755-03-01"}), ana, "1745-03-01");
+    couple(person({"Luís", 'm'}), ana, "1756-03-01");
+    const auto from = [&](const char* day) {
+        run("update individuo set inicioobs = ? where nind = ?", {QString(day), ana});
+        return tallyFor(remarriage);
+    };
+    constexpr quint16 enter = 10;
+    EXPECT_EQ(from("1755-03-01").sum(enter), 0);
+    const Tally tally = from("1755-04-01");
+    EXPECT_EQ((tally[{enter, {1750, women, 20, 30}}]), 1);
+    EXPECT_EQ((tally[{1, {1750, women, 20, 366}}]), 1);
+    EXPECT_EQ(from("1757-03-01").sum(1), 0) << "married before she is seen";
+}
+
+TEST_F(Remarriage, CountsWhoEntersLaterAmongThoseAtRiskThenAlone)
+{
+    constexpr quint16 again = 1, left = 2, enter = 10;
+    constexpr qint32 group = 20;
+    Tally tally;
+    tally.add({again, {1750, women, group, 100}}, 5);
+    tally.add({again, {1750, women, group, 300}}, 5);
+    tally.add({left, {1750, women, group, 4000}}, 10);
+    tally.add({enter, {1750, women, group, 199}}, 10);
+    const Table chances = tableOf(remarriage.figures(tally, {}), "probabilidades");
+    EXPECT_EQ(value(chances, "Viúvas", "Nº em observação"), 20);
+    EXPECT_NEAR(value(chances, "Viúvas", "Até 12 meses"), 100 * (1 - 0.5 * 10 / 15), 1e-9);
+    tally.add({enter, {1750, women, group, 99}}, 10);
+    const Table none = tableOf(remarriage.figures(tally, {}), "probabilidades");
+    EXPECT_EQ(value(none, "Viúvas", "Até 12 meses"), -1) << "nobody is seen from the beginning";
+}
+
 TEST_F(Remarriage, OfNobodyHasNoNumbers)
 {
     const auto figures = figuresFor(remarriage);
