@@ -200,6 +200,7 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
     if (order.work == Order::Work::Smam) return runSmam(order, out, err, goesOn);
     if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
     if (order.work == Order::Work::Network) return runNetwork(order, out, err, goesOn);
+    if (order.work == Order::Work::Exchange) return runExchange(order.exchange, out, err, goesOn);
     if (order.work == Order::Work::Settings) return runSettings(order, out, err);
     if (order.work == Order::Work::Baptisms) return runBaptisms(order, out, err, goesOn);
     try {

@@ -117,7 +117,7 @@ struct Command
     Order::Work work;
 };
 
-std::vector<Command> addCommands(CLI::App& app, Read& read, Order& order)
+std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& exported, Read& read, Order& order)
 {
     using enum Order::Work;
     struct Known
@@ -127,11 +127,9 @@ std::vector<Command> addCommands(CLI::App& app, Read& read, Order& order)
         Order::Work work;
         void (*add)(CLI::App&, Read&, Order&);
     };
-    CLI::App* const import = addSubcommand(app, "importar");
-    CLI::App* const exported = addSubcommand(app, "exportar");
-    const Known all[] = {{import, "kleio", ImportKleio, addImport},
-                         {import, "tabela", ImportTable, addTableImport},
-                         {exported, "kleio", ExportKleio, addExport},
+    const Known all[] = {{&import, "kleio", ImportKleio, addImport},
+                         {&import, "tabela", ImportTable, addTableImport},
+                         {&exported, "kleio", ExportKleio, addExport},
                          {&app, "verificar", Check, addCheck},
                          {&app, "contagens", Count, addBdp},
                          {&app, "juntar", Join, addFiles},
@@ -218,7 +216,10 @@ QString readArguments(const QStringList& arguments, Order& order)
     CLI::App app;
     app.set_help_flag();
     app.add_flag("-h,--help,--ajuda", read.help);
-    const std::vector<Command> commands = addCommands(app, read, order);
+    CLI::App& import = *addSubcommand(app, "importar");
+    CLI::App& exported = *addSubcommand(app, "exportar");
+    const std::vector<Command> commands = addCommands(app, import, exported, read, order);
+    const ExchangeArguments exchange(exported);
     try {
         app.parse(reversed(arguments));
     } catch (const CLI::ParseError& error) {
@@ -226,6 +227,10 @@ QString readArguments(const QStringList& arguments, Order& order)
     }
     take(read, order);
     if (read.help) return {};
+    if (exchange.isAsked()) {
+        order.work = Order::Work::Exchange;
+        return exchange.take(order.exchange);
+    }
     const auto isSaid = [](const Command& command) { return command.said->parsed(); };
     const auto command = std::find_if(commands.begin(), commands.end(), isSaid);
     if (command == commands.end()) return "Falta dizer o que fazer.";
@@ -236,11 +241,11 @@ QString readArguments(const QStringList& arguments, Order& order)
 
 QString helpText()
 {
-    return R"(Uso:
+    QString text = R"(Uso:
   orv-estudo importar kleio FICHEIRO… --bdp PAROQUIA.orv [opções]
   orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
-  orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
+@USO@  orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
   orv-estudo juntar CONTAGENS.json… > TODAS.json
   orv-estudo relatorio FICHEIRO… -o RELATORIO.html
@@ -263,6 +268,7 @@ Antes de escrever é feita uma cópia da BDP, na pasta "copias" ao lado dela. Ca
 por inteiro ou não é guardado; Ctrl+C interrompe. Um ficheiro danificado é recusado com a linha e a
 razão. O programa não pode ter a BDP aberta.
 
+@EXPORTAR@
 Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
 programa pode tê-la aberta, e o ficheiro pode ser só de leitura.
   --formato            texto, se nada for dito; csv, em UTF-8 e com ";"; ou json
@@ -298,6 +304,7 @@ Fim das contagens, de juntar, do relatório, das tabelas, de smam, da rede, das 
 Fim do resto: 0 feito, 1 recusado ou interrompido, 2 argumentos que não se entendem, 3 de um dos ficheiros
 nenhum acto se pôde guardar.
 )";
+    return text.replace("@USO@", exchangeUsage).replace("@EXPORTAR@", exchangeHelp);
 }
 
 } // namespace study

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "study/checks/case.h"
+#include "study/command/exchange.h"
 #include "study/transcripts/import.h"
 
 #include <QString>
@@ -19,6 +20,7 @@ struct Order
         ImportKleio,
         ImportTable,
         ExportKleio,
+        Exchange,
         Check,
         Count,
         Join,
@@ -49,6 +51,7 @@ struct Order
     QString list = {};                                         // of births and baptisms; "": that of the BDP
     std::optional<QString> birthWords = {}, baptismWords = {}; // nothing: those of the BDP
     bool keep = false;                                         // words and list, in the BDP
+    ExchangeOrder exchange = {};
 
     bool operator==(const Order&) const = default;
 };

@@ -1,0 +1,62 @@
+// Dates, names, places and numbers of a BDP as values of GEDCOM.
+#pragma once
+
+#include "study/exchange/gedcom.h"
+#include "study/names/names.h"
+#include "study/parish/snapshot.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <array>
+
+namespace study::exchange {
+
+// "14 FEB 1702", "ABT 14 FEB 1702", "ABT 1702"; "" for none. As the register has it: no calendar is told.
+QByteArray gedcomDate(const parish::Date& date);
+// "FROM 1 JAN 1700 TO 2 FEB 1750", or one half of it; "" where both are invalid.
+QByteArray gedcomPeriod(QDate from, QDate until);
+QByteArray gedcomAge(parish::Code years); // "46y"; "" for none, and for what is no age
+
+// A name with its surname between slashes. The surname begins at the first particle, or at the first word that is no
+// given name in the table; where no word is sure to be of the surname, all stay given: "Maria Rosa //".
+// What the name has no slash for of its own becomes U+2215.
+struct GedcomName
+{
+    QString payload = {}; // "Padre João /da Costa/, o Moço"; "" where there is no name
+    QString given = {};
+    QString particle = {}; // "da"
+    QString surname = {};  // "Costa"
+    QStringList titles = {};
+
+    bool operator==(const GedcomName&) const = default;
+};
+GedcomName gedcomName(const QString& name, const NameTable& table = NameTable::shared());
+
+// The same for the same record of the same parish, whenever it is asked: a name-based UUID (version 5).
+QByteArray uidOf(const parish::Home& home, const char* kind, qint64 number);
+
+// A reference to a picture that tells nothing of the machine: below the folder of the BDP its path from there,
+// otherwise its name alone. With slashes.
+QString relativePath(const QString& path, const QString& bdpFolder);
+
+// The tables of places, each with what it lies in.
+class PlaceNames
+{
+public:
+    explicit PlaceNames(const jet::Connection& bdp); // throws jet::Error
+
+    // "Sítio, Lugar, Freguesia, Concelho, Distrito, País": a level that isn't told is empty, and a comma within a name
+    // a semicolon. A place that isn't in its table has its code in brackets.
+    QString hierarchy(const parish::Place& place) const;
+
+private:
+    struct Named
+    {
+        QString name = {};
+        QString within = {}; // letter and code
+    };
+    QHash<QString, Named> places_ = {}; // by letter and code
+};
+
+} // namespace study::exchange

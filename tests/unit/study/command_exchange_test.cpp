@@ -1,0 +1,88 @@
+// orv-estudo exportar gedcom.
+#include "study/gedcomGrammar.h"
+#include "study/people.h"
+
+#include "study/command/command.h"
+#include "study/command/usage.h"
+
+#include <QFile>
+#include <QTextStream>
+
+using namespace study;
+
+namespace {
+
+class TheExportOfAParish : public People
+{
+protected:
+    TheExportOfAParish() { person({"Eva Dias", 'f', "1750-03-10"}); }
+    int orv(const QStringList& arguments, bool goesOn = true)
+    {
+        out_.clear();
+        err_.clear();
+        QTextStream out(&out_), err(&err_);
+        return runCommand(arguments, out, err, [goesOn] { return goesOn; });
+    }
+    QString target() const { return folder.filePath("a.ged"); }
+    QByteArray bytes() const
+    {
+        QFile file(target());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QString out_, err_;
+};
+
+} // namespace
+
+TEST_F(TheExportOfAParish, IsGedcom551OrThatOf70)
+{
+    ASSERT_EQ(orv({"exportar", "gedcom", path(), target()}), done) << qPrintable(err_);
+    EXPECT_EQ(out_, "Pessoas: 1; famílias: 0.\n");
+    EXPECT_TRUE(bytes().contains("\n2 VERS 5.5.1\n"));
+    ASSERT_EQ(orv({"exportar", "gedcom", path(), target(), "--versao", "7.0"}), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("\n2 VERS 7.0\n"));
+    const QStringList problems = gedcom::problemsOf(gedcom::read(bytes(), false), false);
+    EXPECT_TRUE(problems.isEmpty()) << qPrintable(problems.join('\n'));
+}
+
+TEST_F(TheExportOfAParish, LeavesOutWhoMayBeAliveByTheLimitOfTheUser)
+{
+    const int year = QDate::currentDate().year();
+    person({"Nova", 'f', QByteArray::number(year - 50) + "-01-01"});
+    ASSERT_EQ(orv({"exportar", "gedcom", path(), target()}), done);
+    EXPECT_EQ(out_, "Pessoas: 1; famílias: 0.\nPodem estar vivas e não foram: 1 pessoas.\n");
+    EXPECT_FALSE(bytes().contains("Nova"));
+    ASSERT_EQ(orv({"exportar", "gedcom", path(), target(), "--limite", "40"}), done);
+    EXPECT_TRUE(bytes().contains("Nova"));
+}
+
+TEST_F(TheExportOfAParish, TakesTheDaysThatTheNotesTell)
+{
+    run("update individuo set obs = 'n. 8/3/1750' where nind = 1");
+    ASSERT_EQ(orv({"baptismos", path(), "--nascido", "n.", "--gravar"}), counted) << qPrintable(err_);
+    ASSERT_EQ(orv({"exportar", "gedcom", path(), target()}), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("1 BIRT\n2 DATE 8 MAR 1750\n")) << bytes().constData();
+    EXPECT_TRUE(bytes().contains("1 CHR\n2 DATE 10 MAR 1750\n")) << bytes().constData();
+}
+
+TEST_F(TheExportOfAParish, WritesNothingWhereItIsInterruptedOrRefused)
+{
+    EXPECT_EQ(orv({"exportar", "gedcom", path(), target()}, false), refused);
+    EXPECT_EQ(err_, "Interrompido. Nada foi escrito.\n");
+    EXPECT_EQ(orv({"exportar", "gedcom", path(), path()}), refused) << "over the BDP itself";
+    EXPECT_EQ(orv({"exportar", "gedcom", folder.filePath("nada.orv"), target()}), refused);
+    EXPECT_EQ(bytes(), "");
+}
+
+TEST_F(TheExportOfAParish, SaysWhichArgumentItDoesNotUnderstand)
+{
+    EXPECT_EQ(orv({"exportar", "gedcom", path()}), wrongUsage);
+    EXPECT_EQ(orv({"exportar", "gedcom", path(), target(), "--versao", "6"}), wrongUsage);
+    EXPECT_TRUE(err_.startsWith("A versão é 5.5.1 ou 7.0, e não \"6\".")) << qPrintable(err_);
+    EXPECT_EQ(orv({"exportar", "gedcom", path(), target(), "--limite", "-1"}), wrongUsage);
+    EXPECT_EQ(orv({"exportar", "gedcom", path(), target(), "--limite", "muitos"}), wrongUsage);
+    EXPECT_TRUE(err_.startsWith("O limite é um número de anos")) << qPrintable(err_);
+    EXPECT_TRUE(helpText().contains("exportar gedcom PAROQUIA.orv ALVO.ged"));
+    EXPECT_FALSE(helpText().contains('@'));
+}

@@ -1,0 +1,387 @@
+// What the cards tell, as GEDCOM has it.
+#include "study/gedcomGrammar.h"
+#include "study/people.h"
+
+#include "platform/jet/error.h"
+#include "study/exchange/gedcom.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+
+using namespace study;
+using namespace study::exchange;
+using gedcom::Structure;
+
+namespace {
+
+class GedcomOfAParish : public People
+{
+protected:
+    GedcomOfAParish()
+    {
+        options_.version = GedcomVersion::V70;
+        options_.today = QDate(2026, 1, 1);
+        run("insert into infopar (cod, nome, pais) values ('010102', 'Aguada de Baixo', 'PT')");
+        run("insert into infocomplementar (categoria, codigo, descricao) values ('Filia', '6', 'Exposto'), "
+            "('Paren', '19', 'Tio paterno'), ('SitFa', '6', 'União não matrimonial'), ('FunPa', '9', 'Vigário'), "
+            "('EstCi', '3', 'Viúvo'), ('TipMi', '1', 'Rezada')");
+        person({"Rui Dias", 'm', "1720-05-04"});
+        person({"Ana da Silva", 'f', "1722-01-01"});
+        family_ = couple(1, 2, "1745-01-01");
+        child_ = person({"Eva Dias", 'f', "1750-03-10", "1790-06-07", family_}); // 3
+    }
+    void assists(qint64 entity, qint64 who, char act, char as)
+    {
+        run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente, parentbapt) "
+            "values (?, ?, '1750-03-10', ?, ?, 19)",
+            {QString(QChar(act)), entity, who, QString(QChar(as))});
+    }
+    QByteArray written()
+    {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        counts_ = writeGedcom(bdp, buffer, options_);
+        return buffer.data();
+    }
+    // Sound by the grammar.
+    gedcom::File file()
+    {
+        const bool is551 = options_.version == GedcomVersion::V551;
+        gedcom::File all = gedcom::read(written(), is551);
+        const QStringList problems = gedcom::problemsOf(all, is551);
+        EXPECT_TRUE(problems.isEmpty()) << qPrintable(problems.join('\n'));
+        return all;
+    }
+    Structure record(const char* xref)
+    {
+        const gedcom::File all = file();
+        const Structure* const found = all.record(xref);
+        EXPECT_TRUE(found) << xref;
+        return found ? *found : Structure();
+    }
+    static Structure below(const Structure& above, const char* tag)
+    {
+        const Structure* const found = above.first(tag);
+        EXPECT_TRUE(found) << tag;
+        return found ? *found : Structure();
+    }
+    static QString factOf(const Structure& record, const char* type, const char* tag = "FACT")
+    {
+        for (const Structure& fact : record.all(tag))
+            if (fact.text("TYPE") == type) return fact.value;
+        return {};
+    }
+
+    GedcomOptions options_;
+    GedcomCounts counts_;
+    qint64 family_ = 0, child_ = 0;
+};
+
+} // namespace
+
+TEST_F(GedcomOfAParish, HasADateAsABaptismAndTheBirthAboutIt)
+{
+    const Structure eva = record("@I3@");
+    EXPECT_EQ(below(eva, "CHR").text("DATE"), "10 MAR 1750");
+    EXPECT_EQ(below(eva, "BIRT").text("DATE"), "ABT 10 MAR 1750");
+    EXPECT_EQ(below(eva, "DEAT").text("DATE"), "7 JUN 1790");
+    options_.birthDates = BirthDates::Baptisms;
+    EXPECT_EQ(below(record("@I3@"), "BAPM").text("DATE"), "10 MAR 1750");
+    options_.birthDates = BirthDates::Births;
+    const Structure born = record("@I3@");
+    EXPECT_EQ(below(born, "BIRT").text("DATE"), "10 MAR 1750");
+    EXPECT_FALSE(born.first("CHR"));
+    EXPECT_FALSE(born.first("BAPM"));
+}
+
+TEST_F(GedcomOfAParish, HasBothDaysWhereBothAreKnown)
+{
+    options_.days = [](parish::PersonNumber who, const parish::Date&, const QString&) {
+        const KnownDays days{QDate(1750, 3, 8), QDate(1750, 3, 10)};
+        return value(who) == 3 ? std::optional<KnownDays>(days) : std::nullopt;
+    };
+    const Structure eva = record("@I3@");
+    EXPECT_EQ(below(eva, "BIRT").text("DATE"), "8 MAR 1750");
+    EXPECT_EQ(below(eva, "CHR").text("DATE"), "10 MAR 1750");
+    EXPECT_EQ(below(record("@I1@"), "BIRT").text("DATE"), "ABT 4 MAY 1720");
+}
+
+TEST_F(GedcomOfAParish, KeepsAboutAsAbout)
+{
+    run("update individuo set DnascFixa = 0 where nind in (1, 2)");
+    EXPECT_EQ(below(record("@I1@"), "CHR").text("DATE"), "ABT 4 MAY 1720");
+    EXPECT_EQ(below(record("@I2@"), "CHR").text("DATE"), "ABT 1722");
+}
+
+TEST_F(GedcomOfAParish, HasGodparentsAtTheBaptismAndIn551WithTheChild)
+{
+    assists(child_, person({"Gil", 'm', "1700-01-02"}), 'b', 'p');
+    assists(child_, person({"Inês", 'f', "1700-01-02"}), 'b', 'p');
+    assists(child_, person({"Ivo", 'm', "1700-01-02"}), 'b', 't');
+    const QList<Structure> all = below(record("@I3@"), "CHR").all("ASSO");
+    ASSERT_EQ(all.size(), 3);
+    EXPECT_EQ(all[0].pointer, "@I4@");
+    EXPECT_EQ(all[0].text("ROLE"), "GODP");
+    EXPECT_EQ(below(all[0], "ROLE").text("PHRASE"), "Padrinho");
+    EXPECT_EQ(below(all[1], "ROLE").text("PHRASE"), "Madrinha");
+    EXPECT_EQ(all[1].text("NOTE"), "Parentesco: Tio paterno");
+    EXPECT_EQ(all[2].text("ROLE"), "WITN");
+    options_.version = GedcomVersion::V551;
+    const Structure eva = record("@I3@");
+    ASSERT_EQ(eva.all("ASSO").size(), 3);
+    EXPECT_EQ(eva.all("ASSO")[1].text("RELA"), "Godparent");
+    EXPECT_EQ(eva.all("ASSO")[1].text("NOTE"), "Madrinha do baptismo\nParentesco: Tio paterno");
+    EXPECT_FALSE(below(eva, "CHR").first("_ASSO"));
+    options_.associationsOfEvents = true;
+    EXPECT_EQ(below(record("@I3@"), "CHR").all("_ASSO").size(), 3);
+}
+
+TEST_F(GedcomOfAParish, HasWitnessesAndPriestsAtTheMarriageAndIn551WithTheWife)
+{
+    assists(family_, person({"Ivo", 'm', "1700-01-02"}), 'c', 't');
+    assists(family_, person({"Gil", 'm', "1700-01-02"}), 'c', 'p');
+    run("update familia set primpadrecasam = 5, funcprimpcasam = 9");
+    const QList<Structure> all = below(record("@F1@"), "MARR").all("ASSO");
+    ASSERT_EQ(all.size(), 3);
+    EXPECT_EQ(all[0].text("ROLE"), "WITN");
+    EXPECT_EQ(below(all[1], "ROLE").text("PHRASE"), "Padrinho") << "of a marriage he is a witness, too";
+    EXPECT_EQ(all[2].text("ROLE"), "CLERGY");
+    EXPECT_EQ(below(all[2], "ROLE").text("PHRASE"), "Vigário");
+    options_.version = GedcomVersion::V551;
+    const QList<Structure> ofWife = record("@I2@").all("ASSO");
+    ASSERT_EQ(ofWife.size(), 3);
+    EXPECT_EQ(ofWife[0].pointer, "@I4@");
+    EXPECT_TRUE(ofWife[0].text("NOTE").startsWith("Testemunha do casamento da família 1"));
+    EXPECT_EQ(ofWife[2].text("RELA"), "Officiator");
+    EXPECT_TRUE(record("@I1@").all("ASSO").isEmpty());
+    run("delete from familias");
+    EXPECT_EQ(below(record("@F1@"), "MARR").text("NOTE"), "Testemunha: pessoa 4\nPadrinho: pessoa 5\nVigário: pessoa 5")
+        << "nobody is there to bear them";
+}
+
+TEST_F(GedcomOfAParish, HasTheCoupleByItsSexAndTellsWhereItCannot)
+{
+    run("update individuo set sexo = 'm' where nind = 2");
+    person({"Luís", 'm', "1725-01-02"}); // 4
+    run("insert into familias (nfamilia, nind) values (1, 4)");
+    const Structure family = record("@F1@");
+    EXPECT_EQ(below(family, "HUSB").pointer, "@I1@");
+    EXPECT_EQ(below(family, "WIFE").pointer, "@I2@");
+    EXPECT_EQ(below(family, "CHIL").pointer, "@I3@");
+    EXPECT_TRUE(family.text("NOTE").contains("A pessoa 2 está no lugar da mulher"));
+    EXPECT_TRUE(family.text("NOTE").contains("a pessoa 4"));
+    EXPECT_FALSE(record("@I4@").first("FAMS"));
+}
+
+TEST_F(GedcomOfAParish, HasAUnionThatIsNoMarriageAsAnEvent)
+{
+    run("update familia set sfamilia = '6'");
+    const Structure family = record("@F1@");
+    EXPECT_FALSE(family.first("MARR"));
+    EXPECT_EQ(below(family, "EVEN").value, "União");
+    EXPECT_EQ(below(family, "EVEN").text("DATE"), "ABT 1745");
+    EXPECT_EQ(factOf(family, "Situação da família"), "União não matrimonial");
+    run("update familia set sfamilia = '1', datacasam = null");
+    EXPECT_EQ(below(record("@F1@"), "MARR").value, "Y") << "they are married, whenever it was";
+    run("update familia set sfamilia = null");
+    EXPECT_FALSE(record("@F1@").first("MARR"));
+}
+
+TEST_F(GedcomOfAParish, HasAgesStatesAndOrdersAtTheMarriage)
+{
+    run("update familias set idade = 25, estadocivil = 3, numcasam = 2 where nind = 1");
+    const Structure marriage = below(record("@F1@"), "MARR");
+    EXPECT_EQ(below(marriage, "HUSB").text("AGE"), "25y");
+    EXPECT_FALSE(marriage.first("WIFE"));
+    EXPECT_EQ(marriage.text("NOTE"), "Estado civil do marido: Viúvo\nCasamento n.º do marido: 2");
+}
+
+TEST_F(GedcomOfAParish, HasFoundlingsAsOtherThanBorn)
+{
+    run("update individuo set filiacao = 6 where nind = 3");
+    const Structure eva = record("@I3@");
+    EXPECT_EQ(factOf(eva, "Filiação"), "Exposto");
+    const Structure pedigree = below(below(eva, "FAMC"), "PEDI");
+    EXPECT_EQ(pedigree.value, "OTHER");
+    EXPECT_EQ(pedigree.text("PHRASE"), "Exposto");
+    options_.version = GedcomVersion::V551;
+    EXPECT_EQ(below(record("@I3@"), "FAMC").text("PEDI"), "foster");
+}
+
+TEST_F(GedcomOfAParish, HasWhatHangsOnAPerson)
+{
+    run("insert into profissao (codprof, profissao) values (7, 'Ferreiro')");
+    run("insert into profissoes (nind, idprofissao, dataref, datafixa, codprof, fonte) "
+        "values (1, 1, '1750-03-10', 1, 7, 'Rol')");
+    run("insert into residencia (numero, tiporesid, dataref, datafixa, localresid, tipolocal, obs) "
+        "values (1, 'i', '1750-03-10', 0, '010102', 'F', 'junto à igreja')");
+    run("insert into assinatura (nind, idassinatura, dataref, datafixa, nivelassinatura, assinatura) "
+        "values (1, 1, '1750-03-10', 1, 3, 'imagens/a b.jpg')");
+    run("insert into passaporte (nind, nPass, dataref) values (1, 77, '1760-03-10')");
+    run("update individuo set testam = 1, altura = 170, alcunha = 'o Ferreiro', titulo = 'Padre', obs = 'um\ndois' "
+        "where nind = 1");
+    run("insert into legadosprofanos (nind, idlegprof, nindherd, bensraiz) values (1, 1, 3, 'A eira')");
+    run("insert into rituaismorte (nind, idlegpio, tipolegpio, tipo, quantidade, valorunit, tipoMoeda) "
+        "values (1, 1, 'missa', 1, 9, 50.5, 'Re')");
+    const Structure rui = record("@I1@");
+    EXPECT_EQ(below(rui, "OCCU").value, "Ferreiro");
+    EXPECT_EQ(below(below(rui, "OCCU"), "SOUR").text("PAGE"), "Rol");
+    EXPECT_EQ(below(rui, "RESI").text("DATE"), "ABT 10 MAR 1750");
+    EXPECT_EQ(below(rui, "RESI").text("NOTE"), "junto à igreja");
+    EXPECT_EQ(factOf(rui, "Assinatura"), "Assina, nível 3");
+    EXPECT_EQ(record("@OA1_1@").text("FILE"), "imagens/a%20b.jpg");
+    EXPECT_EQ(below(rui, "EMIG").text("TYPE"), "Passaporte");
+    EXPECT_EQ(below(rui, "DSCR").value, "Altura: 170 cm");
+    EXPECT_EQ(below(rui, "NAME").text("NICK"), "o Ferreiro");
+    EXPECT_EQ(below(rui, "NAME").text("NPFX"), "Padre");
+    EXPECT_EQ(rui.text("NOTE"), "um\ndois");
+    const Structure heir = below(below(rui, "WILL"), "ASSO");
+    EXPECT_EQ(heir.pointer, "@I3@");
+    EXPECT_EQ(below(heir, "ROLE").text("PHRASE"), "Herdeiro");
+    EXPECT_EQ(heir.text("NOTE"), "Bens de raiz: A eira");
+    EXPECT_EQ(below(rui, "DEAT").text("NOTE"),
+              "Missas: tipo: Rezada; quantidade: 9; valor de cada: 50,50; moeda: réis");
+    EXPECT_EQ(rui.text("REFN"), "1");
+    options_.version = GedcomVersion::V551;
+    EXPECT_TRUE(record("@I1@").first("_UID"));
+}
+
+TEST_F(GedcomOfAParish, HasThePlaceWithItsHierarchyAndCode)
+{
+    run("insert into pais (codpais, nomepais) values ('PT', 'Portugal')");
+    run("insert into distrito (coddistrito, nomedistrito, codpais) values ('01', 'Aveiro', 'PT')");
+    run("insert into concelho (codconcelho, nomeconcelho, coddistrito) values ('0101', 'Águeda', '01')");
+    run("insert into paroquia (codparoquia, nomeparoquia, codconcelho) values ('010102', 'Aguada de Baixo', '0101')");
+    run("update individuo set localnasc = '010102', tipolocalnasc = 'F' where nind = 3");
+    const Structure place = below(below(record("@I3@"), "CHR"), "PLAC");
+    EXPECT_EQ(place.value, ", , Aguada de Baixo, Águeda, Aveiro, Portugal");
+    EXPECT_EQ(place.text("EXID"), "F010102");
+    EXPECT_EQ(below(place, "EXID").text("TYPE"), "urn:orv:lugar");
+}
+
+TEST_F(GedcomOfAParish, CitesTheRegistersOfTheParishAlone)
+{
+    EXPECT_EQ(below(below(record("@I3@"), "CHR"), "SOUR").pointer, "@S1@");
+    EXPECT_EQ(below(below(record("@F1@"), "MARR"), "SOUR").pointer, "@S2@");
+    EXPECT_EQ(below(below(record("@I3@"), "DEAT"), "SOUR").pointer, "@S3@");
+    EXPECT_EQ(record("@S1@").text("TITL"), "Registos de baptismos de Aguada de Baixo");
+    run("update individuo set localnasc = '020202', tipolocalnasc = 'F' where nind = 3");
+    EXPECT_FALSE(below(record("@I3@"), "CHR").first("SOUR")) << "it is in the books of another one";
+}
+
+TEST_F(GedcomOfAParish, CitesTheActWithItsReference)
+{
+    elsewhere("create table estudo_acto (id integer primary key, tipo text, livro text, folio text, numero text);"
+              "create table estudo_pessoa (acto integer, ordem integer, papel text, nind integer);"
+              "create table estudo_familia (acto integer, ordem integer, nfamilia integer)");
+    run("insert into estudo_acto values (1, 'baptismo', '3', '12v', '4'), (2, 'casamento', '7', '2', '')");
+    run("insert into estudo_pessoa values (1, 0, 'baptizado', 3), (1, 1, 'pai', 1)");
+    run("insert into estudo_familia values (2, 0, 1)");
+    EXPECT_EQ(below(below(record("@I3@"), "CHR"), "SOUR").text("PAGE"), "Livro 3, fl. 12v, n.º 4");
+    EXPECT_EQ(below(below(record("@I1@"), "CHR"), "SOUR").text("PAGE"), "") << "he was the father there";
+    EXPECT_EQ(below(below(record("@F1@"), "MARR"), "SOUR").text("PAGE"), "Livro 7, fl. 2");
+    elsewhere("drop table estudo_familia");
+    EXPECT_EQ(below(below(record("@I3@"), "CHR"), "SOUR").text("PAGE"), "") << "these tables are somebody else's";
+}
+
+TEST_F(GedcomOfAParish, LeavesOutWhoMayBeAlive)
+{
+    person({"Nova", 'f', "1950-01-01", "", family_});            // 4
+    person({"Morta", 'f', "1950-01-01", "1999-01-01", family_}); // 5
+    person({"Sem data", 'm'});                                   // 6
+    person({"Velho sem data", 'm'});                             // 7
+    assists(child_, 7, 'b', 'p');
+    assists(child_, 4, 'b', 'p');
+    const qint64 recent = couple(4, 5, "1980-01-01");
+    const gedcom::File all = file();
+    EXPECT_FALSE(all.record("@I4@"));
+    EXPECT_TRUE(all.record("@I5@")) << "dead";
+    EXPECT_FALSE(all.record("@I6@")) << "of whom nothing says how old he is";
+    EXPECT_TRUE(all.record("@I7@")) << "he stood by in 1750";
+    EXPECT_EQ(below(*all.record("@I3@"), "CHR").all("ASSO").size(), 1);
+    EXPECT_EQ(all.record("@F1@")->all("CHIL").size(), 2);
+    const Structure* const couple = all.record("@F2@");
+    ASSERT_TRUE(couple) << recent;
+    EXPECT_FALSE(couple->first("MARR")) << "of who may be alive";
+    EXPECT_FALSE(couple->first("WIFE"));
+    EXPECT_EQ(below(*couple, "HUSB").pointer, "@I5@");
+    EXPECT_EQ(counts_.withheldPeople, 2);
+    EXPECT_EQ(counts_.withheldFamilies, 1);
+    EXPECT_EQ(counts_.people, 5);
+    EXPECT_FALSE(written().contains("Nova"));
+    options_.limitYears = 60;
+    EXPECT_TRUE(file().record("@I4@")) << "born 76 years ago";
+    options_.limitYears = 0;
+    EXPECT_TRUE(file().record("@I6@")) << "nobody stays out";
+}
+
+TEST_F(GedcomOfAParish, CountsLinksThatLeadNowhere)
+{
+    assists(child_, 999, 'b', 'p');
+    run("update individuo set famorig = 888 where nind = 1");
+    run("insert into familias (nfamilia, nind) values (1, 777)");
+    const gedcom::File all = file();
+    EXPECT_TRUE(below(*all.record("@I3@"), "CHR").all("ASSO").isEmpty());
+    EXPECT_FALSE(all.record("@I1@")->first("FAMC"));
+    EXPECT_EQ(counts_.lostLinks, 3);
+    options_.version = GedcomVersion::V551;
+    file();
+    EXPECT_EQ(counts_.lostLinks, 3);
+}
+
+TEST_F(GedcomOfAParish, KeepsTheWholeOfWhat551HasNoRoomFor)
+{
+    options_.version = GedcomVersion::V551;
+    const QString name = "Ana " + QString(150, u'a') + " da Silva@";
+    run("update individuo set nome = ?, causa = ?, rpObi = ? where nind = 3",
+        {name, QString(200, u'c'), QString("imagens/") + QString(40, u'i') + ".jpg"});
+    const Structure eva = record("@I3@");
+    EXPECT_EQ(below(eva, "NAME").text("NOTE"), "Nome completo: " + name);
+    EXPECT_TRUE(below(eva, "DEAT").text("NOTE").contains("Causa: " + QString(200, u'c')));
+    EXPECT_TRUE(below(eva, "DEAT").text("NOTE").contains("Ficheiro: imagens/"));
+    EXPECT_EQ(counts_.shortened, 2);
+    run("update individuo set rpObi = 'imagens/b.JPG' where nind = 3");
+    const Structure picture = below(below(below(record("@I3@"), "DEAT"), "SOUR"), "OBJE");
+    EXPECT_EQ(picture.text("FILE"), "imagens/b.JPG");
+    EXPECT_EQ(below(picture, "FILE").text("FORM"), "jpg");
+}
+
+TEST_F(GedcomOfAParish, TakesNamesOfEveryLetter)
+{
+    for (int code = 0x20; code < 0x500; ++code)
+        run("insert into individuo (nind, nome, sexo) values (?, ?, 'd')",
+            {code + 1000, QString("Ana ") + QChar(code) + "b Dias"});
+    for (const GedcomVersion version : {GedcomVersion::V70, GedcomVersion::V551}) {
+        options_.version = version;
+        const gedcom::File all = file();
+        for (int code = 0xA1; code < 0x500; ++code)
+            EXPECT_TRUE(all.record("@I" + QByteArray::number(code + 1000) + '@')->text("NAME").contains(QChar(code)))
+                << code;
+    }
+}
+
+TEST_F(GedcomOfAParish, IsAWholeFileOrNone)
+{
+    const QString target = folder.filePath("a.ged");
+    const auto bytes = [&] {
+        QFile file(target);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    EXPECT_EQ(exportGedcom(bdp, target, options_).people, 3);
+    const QByteArray whole = bytes();
+    EXPECT_EQ(whole, written());
+    person({"Gil"});
+    EXPECT_THROW(exportGedcom(bdp, target, options_, [](double) { return false; }), Interrupted);
+    EXPECT_EQ(bytes(), whole) << "the one that was there stays";
+    EXPECT_EQ(QDir(folder.path()).entryList({"a.ged*"}, QDir::Files).size(), 1);
+    EXPECT_THROW(exportGedcom(bdp, folder.filePath("nada/a.ged"), options_), jet::Error);
+    EXPECT_THROW(exportGedcom(bdp, path(), options_), jet::Error) << "over itself";
+    QFile other(folder.filePath("b.ged"));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("0 HEAD\n1 SOUR OUTRO\n0 TRLR\n");
+    other.close();
+    EXPECT_THROW(exportGedcom(bdp, other.fileName(), options_), jet::Error) << "of somebody else";
+    EXPECT_EQ(bdp.transactionLevel(), 0);
+    EXPECT_NO_THROW(run("delete from individuo where nind = 4")) << "nothing is locked";
+}
