@@ -30,6 +30,28 @@ bool Rows::next()
     return !d_->over;
 }
 
+Rows::Kind Rows::kind(int column) const
+{
+    switch (sqlite3_column_type(d_->statement.handle(), column)) {
+    case SQLITE_INTEGER:
+        return Kind::Whole;
+    case SQLITE_FLOAT:
+        return Kind::Real;
+    case SQLITE_TEXT:
+        return Kind::Text;
+    case SQLITE_BLOB:
+        return Kind::Blob;
+    default:
+        return Kind::Null;
+    }
+}
+
+QByteArrayView Rows::bytes(int column) const
+{
+    const auto* first = static_cast<const char*>(sqlite3_column_blob(d_->statement.handle(), column));
+    return {first, sqlite3_column_bytes(d_->statement.handle(), column)};
+}
+
 bool Rows::isNull(int column) const
 {
     return sqlite3_column_type(d_->statement.handle(), column) == SQLITE_NULL;

@@ -3,6 +3,7 @@
 
 #include "platform/jet/connection.h"
 
+#include <QByteArrayView>
 #include <QDate>
 #include <QString>
 #include <QVariantList>
@@ -24,6 +25,18 @@ public:
     Rows& operator=(const Rows&) = delete;
 
     bool next(); // false behind the last row
+
+    // As what the engine keeps the value, whatever the type of its column.
+    enum class Kind : quint8
+    {
+        Null,
+        Whole,
+        Real,
+        Text,
+        Blob
+    };
+    Kind kind(int column) const;
+    QByteArrayView bytes(int column) const; // of a text or a blob, as they stand in the file; "" for none
 
     bool isNull(int column) const;
     qint64 number(int column) const; // 0 for none; of a fraction the whole part

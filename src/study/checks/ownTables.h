@@ -1,4 +1,4 @@
-// The tables of the checks (docs/bdp.md), made when first needed. For this room alone.
+// The tables of the checks (docs/bdp.md), made when first needed.
 #pragma once
 
 #include "platform/jet/connection.h"
@@ -13,6 +13,9 @@ struct OwnTable
     QStringList columns;
     QString statement; // that makes it
 };
+
+const OwnTable& seenTable();    // the cases that were put aside
+const OwnTable& settingTable(); // what is set otherwise than standard
 
 // Whether the BDP has it. Throws jet::Error, in Portuguese, where something else stands under its name.
 bool exists(const jet::Connection& bdp, const OwnTable& table);

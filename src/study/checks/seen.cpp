@@ -10,6 +10,14 @@ namespace study::checks {
 
 namespace {
 
+// Null texts of a column are empty ones.
+QString text(const QString& told)
+{
+    return told.isNull() ? QString("") : told;
+}
+
+} // namespace
+
 const OwnTable& seenTable()
 {
     static const OwnTable table{"estudo_visto",
@@ -19,14 +27,6 @@ const OwnTable& seenTable()
                                 "varchar not null)"};
     return table;
 }
-
-// Null texts of a column are empty ones.
-QString text(const QString& told)
-{
-    return told.isNull() ? QString("") : told;
-}
-
-} // namespace
 
 std::vector<Seen> seenCases(const jet::Connection& bdp)
 {

@@ -16,6 +16,14 @@ constexpr auto toleranceKey = "tolerancia";
 constexpr auto yearToleranceKey = "tolerancia_ano";
 constexpr double largest = 1'000'000; // beyond it nobody means it
 
+bool makesSense(const Setting& setting, double value)
+{
+    if (setting.kind == Setting::Kind::Switch) return value == 0 || value == 1;
+    return std::isfinite(value) && value >= 0 && value <= largest;
+}
+
+} // namespace
+
 const OwnTable& settingTable()
 {
     static const OwnTable table{
@@ -24,14 +32,6 @@ const OwnTable& settingTable()
         "create table estudo_regra (chave varchar primary key not null, valor double not null)"};
     return table;
 }
-
-bool makesSense(const Setting& setting, double value)
-{
-    if (setting.kind == Setting::Kind::Switch) return value == 0 || value == 1;
-    return std::isfinite(value) && value >= 0 && value <= largest;
-}
-
-} // namespace
 
 const std::vector<Setting>& allSettings()
 {

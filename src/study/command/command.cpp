@@ -3,6 +3,7 @@
 #include "study/acts/register.h"
 #include "study/command/bdp.h"
 #include "study/command/check.h"
+#include "study/command/exchange.h"
 #include "study/command/figures.h"
 #include "study/command/network.h"
 #include "study/command/smam.h"
@@ -200,8 +201,10 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
     if (order.work == Order::Work::Smam) return runSmam(order, out, err, goesOn);
     if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
     if (order.work == Order::Work::Network) return runNetwork(order, out, err, goesOn);
-    if (order.work == Order::Work::Exchange) return runExchange(order.exchange, out, err, goesOn);
+    if (order.work == Order::Work::ExportGedcom) return runExportGedcom(order, out, err, goesOn);
     if (order.work == Order::Work::Settings) return runSettings(order, out, err);
+    if (order.work == Order::Work::ExportTables) return runExportTables(order, out, err, goesOn);
+    if (order.work == Order::Work::ImportTables) return runImportTables(order, out, err, goesOn);
     if (order.work == Order::Work::Baptisms) return runBaptisms(order, out, err, goesOn);
     try {
         Run run(order, out, err, goesOn);

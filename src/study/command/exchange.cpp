@@ -1,35 +1,60 @@
 #include "study/command/exchange.h"
 
+#include "platform/jet/rows.h"
 #include "study/command/bdp.h"
 #include "study/command/command.h"
 #include "study/command/readParish.h"
+#include "study/exchange/tables.h"
 #include "study/indicators/baptismDays.h"
 #include "study/indicators/settingsJson.h"
 
-#include <CLI/App.hpp>
-
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <memory>
 
 namespace study {
 
-const char* const exchangeUsage =
-    "  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS]\n";
-
-const char* const exchangeHelp =
-    R"(Exportar gedcom escreve as pessoas e as famílias para os programas de genealogia. A BDP não é alterada; o
-programa pode tê-la aberta.
-  --versao             5.5.1, que quase todos lêem, se nada for dito; ou 7.0, que diz mais
-  --limite             quem pode estar vivo não vai: nascido há menos de ANOS (110, se nada for dito) e sem
-                       óbito; 0 leva todos
-)";
-
 namespace {
 
-QString text(const std::string& told)
+using exchange::TableProblem;
+
+// The mark of the file is taken while the look holds its state. The file is closed behind the connection: closing it
+// gives up the locks of the process.
+exchange::TablesWritten written(const Order& order, const std::function<bool()>& goesOn)
 {
-    return QString::fromStdString(told);
+    QFile file(QFileInfo(order.bdp).absoluteFilePath());
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    jet::Connection bdp;
+    openBdpToRead(bdp, order.bdp);
+    const jet::OneLook look(bdp);
+    {
+        jet::Rows first(bdp, jet::NativeSql("select count(*) from infopar")); // takes the lock
+        first.next();
+    }
+    exchange::TablesOptions options{.program = programName(), .goesOn = [&](double) { return goesOn(); }};
+    if (order.spreadsheet) options.dialect = exchange::Dialect::Spreadsheet;
+    if (order.emptyOrphans) options.orphans = exchange::Orphans::Emptied;
+    if (isOpen) options.source = parish::sourceOf(file);
+    // The same BDP gives the same files, wherever it lies and whenever it is read.
+    options.source.path = QFileInfo(order.bdp).fileName();
+    options.source.readAt = {};
+    makeFolder(order.output);
+    return exportTables(bdp, order.output, options);
+}
+
+void tell(const std::vector<exchange::TableCount>& tables, QTextStream& out)
+{
+    for (const exchange::TableCount& table : tables)
+        out << QString("%1: %2\n").arg(table.name).arg(table.rows);
+}
+
+void tell(const std::vector<TableProblem>& problems, const QString& folder, const QString& kind, QTextStream& err)
+{
+    for (const TableProblem& one : problems)
+        err << QDir(folder).filePath(one.file) << ':' << one.line << ": " << kind << one.text << '\n';
 }
 
 // By what the notes of the cards and the list of the study tell, where the BDP has words for it.
@@ -49,67 +74,79 @@ daysOf(const jet::Connection& bdp)
     };
 }
 
-void run(const ExchangeOrder& order, QTextStream& out, const std::function<bool()>& goesOn)
-{
-    jet::Connection bdp;
-    openBdpToRead(bdp, order.bdp);
-    exchange::GedcomOptions options{.version = order.version, .limitYears = order.limitYears};
-    options.today = QDate::currentDate();
-    options.programVersion = programName().section(' ', -1);
-    options.days = daysOf(bdp);
-    const exchange::GedcomCounts counts = exportGedcom(bdp, order.target, options, [&](double) { return goesOn(); });
-    out << QString("Pessoas: %1; famílias: %2.\n").arg(counts.people).arg(counts.families);
-    if (counts.withheldPeople > 0)
-        out << QString("Podem estar vivas e não foram: %1 pessoas.\n").arg(counts.withheldPeople);
-    if (counts.lostLinks > 0)
-        out << QString("Ligações a quem não está na BDP, que não foram: %1.\n").arg(counts.lostLinks);
-    if (counts.shortened > 0)
-        out << QString("Textos longos de mais, que estão por inteiro nas notas: %1.\n").arg(counts.shortened);
-}
-
-} // namespace
-
-ExchangeArguments::ExchangeArguments(CLI::App& exported) : gedcom_(exported.add_subcommand("gedcom"))
-{
-    gedcom_->set_help_flag();
-    gedcom_->add_option("bdp", bdp_)->required();
-    gedcom_->add_option("alvo", target_)->required();
-    gedcom_->add_option("--versao", version_);
-    gedcom_->add_option("--limite", limit_);
-}
-
-bool ExchangeArguments::isAsked() const
-{
-    return gedcom_->parsed();
-}
-
-QString ExchangeArguments::take(ExchangeOrder& order) const
-{
-    static constexpr int mostYears = 1000;
-    order.bdp = text(bdp_);
-    order.target = text(target_);
-    if (version_ == "7.0")
-        order.version = exchange::GedcomVersion::V70;
-    else if (!version_.empty() && version_ != "5.5.1")
-        return "A versão é 5.5.1 ou 7.0, e não \"" + text(version_) + "\".";
-    if (limit_.empty()) return {};
-    bool isNumber = false;
-    order.limitYears = text(limit_).toInt(&isNumber);
-    if (isNumber && order.limitYears >= 0 && order.limitYears <= mostYears) return {};
-    return "O limite é um número de anos, e não \"" + text(limit_) + "\".";
-}
-
-int runExchange(const ExchangeOrder& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+int ended(const std::function<int()>& work, QTextStream& err)
 {
     try {
-        run(order, out, goesOn);
-        return done;
+        return work();
     } catch (const exchange::Interrupted&) {
         err << "Interrompido. Nada foi escrito.\n";
     } catch (const std::exception& error) {
         err << QString::fromUtf8(error.what()) << '\n';
     }
     return refused;
+}
+
+} // namespace
+
+int runExportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            jet::Connection bdp;
+            openBdpToRead(bdp, order.bdp);
+            exchange::GedcomOptions options{.version = order.version, .limitYears = order.limitYears};
+            options.today = QDate::currentDate();
+            options.programVersion = programName().section(' ', -1);
+            options.days = daysOf(bdp);
+            const exchange::GedcomCounts counts =
+                exportGedcom(bdp, order.output, options, [&](double) { return goesOn(); });
+            out << QString("Pessoas: %1; famílias: %2.\n").arg(counts.people).arg(counts.families);
+            if (counts.withheldPeople > 0)
+                out << QString("Podem estar vivas e não foram: %1 pessoas.\n").arg(counts.withheldPeople);
+            if (counts.lostLinks > 0)
+                out << QString("Ligações a quem não está na BDP, que não foram: %1.\n").arg(counts.lostLinks);
+            if (counts.shortened > 0)
+                out << QString("Textos longos de mais, que estão por inteiro nas notas: %1.\n").arg(counts.shortened);
+            return done;
+        },
+        err);
+}
+
+int runExportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            const exchange::TablesWritten all = written(order, goesOn);
+            tell(all.tables, out);
+            if (all.apart > 0) out << QString("Células em problemas.csv: %1.\n").arg(all.apart);
+            if (all.emptied > 0)
+                out << QString("Números que não levam a nenhum registo e ficaram vazios: %1.\n").arg(all.emptied);
+            for (const QString& other : all.leftOut)
+                err << "Ficou de fora, por ser de outro programa: " << other << '\n';
+            return done;
+        },
+        err);
+}
+
+int runImportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            const QString folder = order.files.first();
+            const exchange::TablesRead all =
+                exchange::importTables(folder, order.bdp, order.rehearse, [&](double) { return goesOn(); });
+            tell(all.warnings, folder, "aviso: ", err);
+            tell(all.errors, folder, {}, err);
+            if (!all.errors.empty()) {
+                err << "Nada foi escrito.\n";
+                return refused;
+            }
+            tell(all.tables, out);
+            if (all.referenceData) out << "Locais, códigos e profissões: os do programa.\n";
+            if (order.rehearse) out << "Ensaio: nada foi escrito.\n";
+            return done;
+        },
+        err);
 }
 
 } // namespace study

@@ -25,6 +25,7 @@ struct Read
     std::string severity;
     std::string output;
     std::string settings, list;
+    std::string version, limit;
     std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
     bool help = false;
@@ -110,6 +111,29 @@ void addBaptisms(CLI::App& command, Read& read, Order& order)
     command.add_flag("--gravar", order.keep);
 }
 
+void addGedcom(CLI::App& command, Read& read, Order& order)
+{
+    addBdp(command, read, order);
+    command.add_option("alvo", read.output)->required();
+    command.add_option("--versao", read.version);
+    command.add_option("--limite", read.limit);
+}
+
+void addTables(CLI::App& command, Read& read, Order& order)
+{
+    addBdp(command, read, order);
+    command.add_option("pasta", read.output)->required();
+    command.add_flag("--excel", order.spreadsheet);
+    command.add_flag("--sem-orfas", order.emptyOrphans);
+}
+
+void addTablesImport(CLI::App& command, Read& read, Order& order)
+{
+    command.add_option("pasta", read.files)->required()->expected(1);
+    command.add_option("--bdp", read.bdp)->required();
+    command.add_flag("--ensaio", order.rehearse);
+}
+
 // What the user may ask for. Of two at once the first one here is done.
 struct Command
 {
@@ -129,7 +153,10 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
     };
     const Known all[] = {{&import, "kleio", ImportKleio, addImport},
                          {&import, "tabela", ImportTable, addTableImport},
+                         {&import, "tabelas", ImportTables, addTablesImport},
                          {&exported, "kleio", ExportKleio, addExport},
+                         {&exported, "gedcom", ExportGedcom, addGedcom},
+                         {&exported, "tabelas", ExportTables, addTables},
                          {&app, "verificar", Check, addCheck},
                          {&app, "contagens", Count, addBdp},
                          {&app, "juntar", Join, addFiles},
@@ -189,6 +216,22 @@ QString readWords(const Read& read, Order& order)
     return {};
 }
 
+// "", or what of the way out isn't understood.
+QString readGedcomWords(const Read& read, Order& order)
+{
+    static constexpr int mostYears = 1000;
+    if (read.version == "7.0")
+        order.version = exchange::GedcomVersion::V70;
+    else if (!read.version.empty() && read.version != "5.5.1")
+        return "A versão é 5.5.1 ou 7.0, e não \"" + QString::fromStdString(read.version) + "\".";
+    if (read.limit.empty()) return {};
+    const QString limit = QString::fromStdString(read.limit);
+    bool isNumber = false;
+    order.limitYears = limit.toInt(&isNumber);
+    if (isNumber && order.limitYears >= 0 && order.limitYears <= mostYears) return {};
+    return "O limite é um número de anos, e não \"" + limit + "\".";
+}
+
 QString inPortuguese(const CLI::ParseError& error)
 {
     const QString what = QString::fromStdString(error.what());
@@ -219,7 +262,6 @@ QString readArguments(const QStringList& arguments, Order& order)
     CLI::App& import = *addSubcommand(app, "importar");
     CLI::App& exported = *addSubcommand(app, "exportar");
     const std::vector<Command> commands = addCommands(app, import, exported, read, order);
-    const ExchangeArguments exchange(exported);
     try {
         app.parse(reversed(arguments));
     } catch (const CLI::ParseError& error) {
@@ -227,25 +269,25 @@ QString readArguments(const QStringList& arguments, Order& order)
     }
     take(read, order);
     if (read.help) return {};
-    if (exchange.isAsked()) {
-        order.work = Order::Work::Exchange;
-        return exchange.take(order.exchange);
-    }
     const auto isSaid = [](const Command& command) { return command.said->parsed(); };
     const auto command = std::find_if(commands.begin(), commands.end(), isSaid);
     if (command == commands.end()) return "Falta dizer o que fazer.";
     order.work = command->work;
     if (order.work == Order::Work::Count) order.files = {order.bdp};
+    if (const QString why = readGedcomWords(read, order); !why.isEmpty()) return why;
     return readWords(read, order);
 }
 
 QString helpText()
 {
-    QString text = R"(Uso:
+    return R"(Uso:
   orv-estudo importar kleio FICHEIRO… --bdp PAROQUIA.orv [opções]
   orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
-@USO@  orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
+  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS]
+  orv-estudo exportar tabelas PAROQUIA.orv PASTA [--excel] [--sem-orfas]
+  orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
+  orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
   orv-estudo juntar CONTAGENS.json… > TODAS.json
   orv-estudo relatorio FICHEIRO… -o RELATORIO.html
@@ -268,7 +310,20 @@ Antes de escrever é feita uma cópia da BDP, na pasta "copias" ao lado dela. Ca
 por inteiro ou não é guardado; Ctrl+C interrompe. Um ficheiro danificado é recusado com a linha e a
 razão. O programa não pode ter a BDP aberta.
 
-@EXPORTAR@
+Exportar gedcom escreve as pessoas e as famílias para os programas de genealogia. A BDP não é alterada; o
+programa pode tê-la aberta.
+  --versao             5.5.1, que quase todos lêem, se nada for dito; ou 7.0, que diz mais
+  --limite             quem pode estar vivo não vai: nascido há menos de ANOS (110, se nada for dito) e sem
+                       óbito; 0 leva todos
+Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua descrição (datapackage.json). O que
+não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.
+  --excel              para o Excel em português: ";", vírgula decimal, datas dd/mm/aaaa
+  --sem-orfas          os números que não levam a nenhum registo ficam vazios, e não vão para problemas.csv
+Importar tabelas faz de uma pasta assim uma BDP nova, igual à primeira, linha por linha; nada é escrito por
+cima. Bastam algumas tabelas, com os nomes e as colunas de uma BDP; os locais, os códigos e as profissões são
+os do programa, se não houver nenhuma tabela deles. Um ficheiro com erros é recusado com a linha e a razão.
+  --ensaio             lê tudo, diz os erros, e não escreve nada
+
 Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
 programa pode tê-la aberta, e o ficheiro pode ser só de leitura.
   --formato            texto, se nada for dito; csv, em UTF-8 e com ";"; ou json
@@ -304,7 +359,6 @@ Fim das contagens, de juntar, do relatório, das tabelas, de smam, da rede, das 
 Fim do resto: 0 feito, 1 recusado ou interrompido, 2 argumentos que não se entendem, 3 de um dos ficheiros
 nenhum acto se pôde guardar.
 )";
-    return text.replace("@USO@", exchangeUsage).replace("@EXPORTAR@", exchangeHelp);
 }
 
 } // namespace study

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "study/checks/case.h"
-#include "study/command/exchange.h"
+#include "study/exchange/gedcom.h"
 #include "study/transcripts/import.h"
 
 #include <QString>
@@ -20,7 +20,6 @@ struct Order
         ImportKleio,
         ImportTable,
         ExportKleio,
-        Exchange,
         Check,
         Count,
         Join,
@@ -29,7 +28,10 @@ struct Order
         Smam,
         Network,
         Settings,
-        Baptisms
+        Baptisms,
+        ExportGedcom,
+        ExportTables,
+        ImportTables
     };
     enum class Format
     {
@@ -40,7 +42,7 @@ struct Order
     Work work = Work::Help;
     QStringList files;
     QString bdp;
-    QString output;  // the page of a report, or the folder of tables or of a network
+    QString output;  // the page of a report, the file of an export, or the folder of tables or of a network
     QString columns; // the file of an assignment; "": the one kept for these headers, or the proposed one
     bool rehearse = false;
     ImportOptions options;
@@ -50,8 +52,11 @@ struct Order
     QString settings = {};                                     // the file of those to be kept; "": they are told
     QString list = {};                                         // of births and baptisms; "": that of the BDP
     std::optional<QString> birthWords = {}, baptismWords = {}; // nothing: those of the BDP
+    bool spreadsheet = false;                                  // tables for the spreadsheets of Portugal
+    bool emptyOrphans = false;                                 // keys that lead nowhere aren't kept beside the tables
     bool keep = false;                                         // words and list, in the BDP
-    ExchangeOrder exchange = {};
+    exchange::GedcomVersion version = exchange::GedcomVersion::V551;
+    int limitYears = 110; // below which who may be alive stays out
 
     bool operator==(const Order&) const = default;
 };

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/jet/connection.h"
+#include "study/exchange/progress.h"
 #include "study/parish/date.h"
 #include "study/parish/numbers.h"
-#include "study/parish/snapshot.h"
 
 #include <QDate>
 #include <QString>
@@ -62,9 +62,6 @@ struct GedcomCounts
 
     bool operator==(const GedcomCounts&) const = default;
 };
-
-using GoesOn = parish::Snapshot::GoesOn;
-using Interrupted = parish::Snapshot::Interrupted;
 
 // Writes all, in UTF-8, of one state of the BDP: the same state and options give the same bytes. What a mapping has no
 // word for is a note. Rows go from the BDP to the file one after the other.

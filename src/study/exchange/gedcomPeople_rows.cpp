@@ -49,12 +49,17 @@ QString witnessesSelect()
         .arg(bearer("s.entidade"), assistantColumns);
 }
 
+QString priestSelect(const QString& priest, const QString& function, const QString& place)
+{
+    return QString("select %1 as bearer, f.%2, p.nind, f.%3, f.nfamilia, %4 from familia f "
+                   "left join individuo p on p.nind = f.%2 where f.%2 is not null and bearer is not null")
+        .arg(bearer("f.nfamilia"), priest, function, place);
+}
+
 QString priestsSelect()
 {
-    const QString one = "select %1 as bearer, f.%2, p.nind, f.%3, f.nfamilia, %4 from familia f "
-                        "left join individuo p on p.nind = f.%2 where f.%2 is not null and bearer is not null";
-    return one.arg(bearer("f.nfamilia"), "primpadrecasam", "funcprimpcasam", "1") + " union all " +
-           one.arg(bearer("f.nfamilia"), "segpadrecasam", "funcsegpcasam", "2") + " order by 1, 5, 6";
+    return priestSelect("primpadrecasam", "funcprimpcasam", "1") + " union all " +
+           priestSelect("segpadrecasam", "funcsegpcasam", "2") + " order by 1, 5, 6";
 }
 
 } // namespace

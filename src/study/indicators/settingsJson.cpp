@@ -2,6 +2,7 @@
 
 #include "platform/jet/rows.h"
 #include "platform/jet/transaction.h"
+#include "study/indicators/ownTables.h"
 #include "study/indicators/settingEntries.h"
 
 #include <QHash>
@@ -68,8 +69,7 @@ void keepSettings(jet::Connection& bdp, const Settings& settings)
     if (settings == standard && !hasTable(bdp)) return;
     jet::Transaction transaction(bdp);
     if (!hasTable(bdp))
-        bdp.execute(jet::NativeSql("create table estudo_ajuste (chave varchar primary key not null, valor text not "
-                                   "null)"));
+        bdp.execute(jet::NativeSql(settingsTable));
     const Settings before = keptSettings(bdp);
     for (const Entry& entry : settingEntries()) {
         const json value = entry.told(settings);

@@ -2,8 +2,8 @@
 
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/recordset.h"
-#include "study/acts/register_tables.h"
 #include "study/linkage/decisions_p.h"
+#include "study/linkage/ownTables.h"
 
 #include <algorithm>
 #include <array>
@@ -44,18 +44,6 @@ DecisionKind kindOf(const QString& word)
     return found == words.end() ? DecisionKind::NotTheSame : found->kind;
 }
 
-const QList<tables::Table>& ownTable()
-{
-    static const QList<tables::Table> table{
-        {"estudo_decisao",
-         {"id", "quando", "tipo", "titulo", "razao", "fica", "junto", "alteradas", "linhas", "desfeita"},
-         {"create table estudo_decisao (id integer primary key, quando varchar not null, tipo varchar not null, titulo "
-          "varchar not null, razao varchar, fica varchar, junto varchar, alteradas integer not null, linhas text not "
-          "null, desfeita varchar)",
-          "create index estudo_decisao_tipo on estudo_decisao (tipo)"}}};
-    return table;
-}
-
 QDateTime timeIn(const QVariant& column)
 {
     return QDateTime::fromString(column.toString(), tables::timeFormat);
@@ -81,6 +69,18 @@ QVariant textOrNull(const QString& text)
 
 } // namespace
 
+const tables::Table& decisionTable()
+{
+    static const tables::Table table{
+        "estudo_decisao",
+        {"id", "quando", "tipo", "titulo", "razao", "fica", "junto", "alteradas", "linhas", "desfeita"},
+        {"create table estudo_decisao (id integer primary key, quando varchar not null, tipo varchar not null, titulo "
+         "varchar not null, razao varchar, fica varchar, junto varchar, alteradas integer not null, linhas text not "
+         "null, desfeita varchar)",
+         "create index estudo_decisao_tipo on estudo_decisao (tipo)"}};
+    return table;
+}
+
 QString word(DecisionKind kind)
 {
     return wordsOf(kind).word;
@@ -93,12 +93,12 @@ QString inWords(DecisionKind kind)
 
 bool hasDecisions(jet::Connection& bdp)
 {
-    return tables::exist(bdp, ownTable());
+    return tables::exist(bdp, {decisionTable()});
 }
 
 qint64 kept(jet::Connection& bdp, const Ruling& what, int rows, const QString& changes)
 {
-    tables::make(bdp, ownTable());
+    tables::make(bdp, {decisionTable()});
     bdp.execute(
         jet::NativeSql("insert into estudo_decisao (quando, tipo, titulo, razao, fica, junto, alteradas, "
                        "linhas) values (?, ?, ?, ?, ?, ?, ?, ?)",

@@ -4,6 +4,7 @@
 #include "platform/jet/rows.h"
 #include "platform/jet/transaction.h"
 #include "study/linkage/model.h"
+#include "study/linkage/ownTables.h"
 
 #include <algorithm>
 #include <array>
@@ -35,9 +36,6 @@ constexpr auto candidatesWord = "candidatos";
 constexpr double mostCandidates = 100;
 
 constexpr auto isThere = "select count(*) from sqlite_master where type = 'table' and name = 'estudo_peso'";
-constexpr auto creation =
-    "create table estudo_peso (campo varchar not null, nivel varchar not null, m double not null, u double not null, "
-    "primary key (campo, nivel))";
 
 bool hasTable(const jet::Connection& bdp)
 {
@@ -80,7 +78,7 @@ std::optional<Model> storedModel(jet::Connection& bdp)
 void store(jet::Connection& bdp, const Model& model)
 {
     jet::Transaction transaction(bdp);
-    if (!hasTable(bdp)) bdp.execute(jet::NativeSql(creation));
+    if (!hasTable(bdp)) bdp.execute(jet::NativeSql(weightTable));
     bdp.execute(jet::NativeSql("delete from estudo_peso"));
     const jet::NativeSql insert("insert into estudo_peso (campo, nivel, m, u) values (?, ?, ?, ?)");
     jet::Repeated put(bdp, insert);

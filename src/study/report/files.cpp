@@ -1,56 +1,28 @@
 #include "study/report/files.h"
 
 #include "platform/jet/draft.h"
+#include "study/report/dataPackage.h"
+#include "study/report/packageFiles.h"
 #include "study/report/sheet.h"
 
-#include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 #include <QSet>
 
-#include <nlohmann/json.hpp>
-
 #include <memory>
-#include <optional>
 #include <system_error>
 
 namespace study::report {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = PackageJson;
 
-const QString packageName = QStringLiteral("datapackage.json");
-const QString ownName = QStringLiteral("orv-estudo"); // how the name of each package of ours begins
-const char* const profile = "tabular-data-package";
 constexpr qsizetype longestName = 100;
-constexpr qint64 largestPackage = 64 << 20; // bytes of a description that is read back
-
-std::string utf8(const QString& given)
-{
-    return given.toStdString();
-}
-
-void put(Json& json, const char* key, const QString& given)
-{
-    if (!given.isEmpty()) json[key] = utf8(given);
-}
-
-QString hashOf(const QByteArray& bytes)
-{
-    return "sha256:" + QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
-}
 
 QString slug(const QString& given)
 {
     return identifier(given).replace('_', '-');
-}
-
-QString moment(const QDateTime& when)
-{
-    return when.isValid() ? when.toUTC().toString(Qt::ISODate) : QString();
 }
 
 const char* typeOf(SheetColumn::Kind kind)
@@ -90,44 +62,11 @@ QString descriptionOf(const Section& section, const Table& table)
     return told.join('\n');
 }
 
-Json resourceOf(const Section& section, const Table& table, const Sheet& sheet, const QString& name,
-                const ReportFile& file)
+Json described(const Report& report, const Json& resources)
 {
-    Json resource{{"profile", "tabular-data-resource"}};
-    put(resource, "name", name);
-    put(resource, "path", file.name);
-    put(resource, "title", table.title);
-    put(resource, "description", descriptionOf(section, table));
-    resource["format"] = "csv";
-    resource["mediatype"] = "text/csv";
-    resource["encoding"] = "utf-8";
-    resource["bytes"] = qint64(file.bytes.size());
-    put(resource, "hash", hashOf(file.bytes));
-    resource["dialect"] = {
-        {"delimiter", ","}, {"lineTerminator", "\n"}, {"quoteChar", "\""}, {"doubleQuote", true}, {"header", true}};
-    resource["schema"] = schemaOf(sheet);
-    return resource;
-}
-
-Json sourceOf(const parish::Source& source)
-{
-    Json json;
-    put(json, "title", "BDP " + QFileInfo(source.path).fileName() + ", SHA-256 " + source.sha256);
-    put(json, "file", source.path); // a "path" would have to lie in the package
-    put(json, "hash", "sha256:" + source.sha256);
-    json["bytes"] = source.bytes;
-    put(json, "read", moment(source.readAt));
-    return json;
-}
-
-Json packageOf(const Report& report, const Json& resources)
-{
-    Json package{{"profile", profile}};
-    const QString of = slug(report.parishCode.isEmpty() ? report.parish : report.parishCode);
-    put(package, "name", of.isEmpty() ? ownName : ownName + '-' + of);
-    put(package, "title", report.parish.isEmpty() ? report.title : report.title + " – " + report.parish);
-    put(package, "created", moment(report.made));
-    put(package, "generator", report.program);
+    Json package = packageOf(report.parishCode.isEmpty() ? report.parish : report.parishCode,
+                             report.parish.isEmpty() ? report.title : report.title + " – " + report.parish,
+                             report.program, report.made);
     package["sources"] = Json::array();
     for (const parish::Source& source : report.sources)
         package["sources"].push_back(sourceOf(source));
@@ -147,60 +86,6 @@ QString resourceName(const Section& section, const Table& table, QSet<QString>& 
         name = wanted.left(longestName) + '-' + QString::number(next);
     taken.insert(name);
     return name;
-}
-
-QString textAt(const Json& json, const char* key)
-{
-    const auto found = json.is_object() ? json.find(key) : json.end();
-    return found != json.end() && found->is_string() ? QString::fromStdString(found->get<std::string>()) : QString();
-}
-
-std::optional<QByteArray> bytesOf(const QString& path, qint64 most)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > most) return {};
-    return file.readAll();
-}
-
-// The files of a package of ours that the folder holds, with the hash that each was written with. The description
-// stands for itself.
-QHash<QString, QString> packagedIn(const QDir& folder)
-{
-    const auto bytes = bytesOf(folder.filePath(packageName), largestPackage);
-    const Json package = bytes ? Json::parse(bytes->begin(), bytes->end(), nullptr, false) : Json();
-    if (textAt(package, "profile") != profile || !textAt(package, "name").startsWith(ownName)) return {};
-    QHash<QString, QString> packaged{{packageName, hashOf(*bytes)}};
-    const auto resources = package.find("resources");
-    if (resources == package.end() || !resources->is_array()) return packaged;
-    for (const Json& resource : *resources)
-        packaged.insert(textAt(resource, "path"), textAt(resource, "hash"));
-    return packaged;
-}
-
-// Nothing, where the file may be written over or isn't there; otherwise why not.
-QString objectionTo(const QDir& folder, const QString& name, const QHash<QString, QString>& packaged)
-{
-    const QFileInfo there(folder.filePath(name));
-    if (!there.exists() && !there.isSymLink()) return {};
-    if (!there.isFile()) return "há outra coisa com esse nome";
-    if (!packaged.contains(name)) return "não foi escrito por um estudo";
-    QFile file(there.filePath());
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return "não se deixa ler";
-    const bool same = packaged[name] == "sha256:" + QString::fromLatin1(hash.result().toHex());
-    return same ? QString() : QString("foi alterado depois de escrito");
-}
-
-void checkRoom(const std::vector<ReportFile>& files, const QDir& folder)
-{
-    if (!folder.exists())
-        throw jet::Error(jet::number::pathNotFound, "A pasta não existe: " + QDir::toNativeSeparators(folder.path()));
-    const QHash<QString, QString> packaged = packagedIn(folder);
-    for (const ReportFile& file : files)
-        if (const QString objection = objectionTo(folder, file.name, packaged); !objection.isEmpty())
-            throw jet::Error(jet::number::fileExists,
-                             QString("O ficheiro %1 já existe e %2. Escolha outra pasta, ou tire-o de lá.")
-                                 .arg(QDir::toNativeSeparators(folder.filePath(file.name)), objection));
 }
 
 // A draft that holds the bytes.
@@ -232,24 +117,26 @@ std::vector<ReportFile> filesOf(const Report& report)
                 if (!table || table->columns.empty()) continue;
                 const Sheet sheet = sheetOf(*table);
                 const QString name = resourceName(section, *table, taken);
-                files.push_back({name + ".csv", csvOf(sheet)});
-                resources.push_back(resourceOf(section, *table, sheet, name, files.back()));
+                const QByteArray csv = csvOf(sheet);
+                files.push_back({name + ".csv", csv});
+                resources.push_back(resourceOf({.name = name,
+                                                .path = name + ".csv",
+                                                .title = table->title,
+                                                .description = descriptionOf(section, *table),
+                                                .bytes = csv.size(),
+                                                .hash = hashOf(csv)},
+                                               schemaOf(sheet)));
             }
-    const std::string package = packageOf(report, resources).dump(2);
-    files.push_back({packageName, QByteArray::fromStdString(package) + '\n'});
+    files.push_back({packageFile, bytesOf(described(report, resources))});
     return files;
 }
 
 void writeFiles(const std::vector<ReportFile>& files, const QString& folder)
 {
-    const QDir dir(folder);
-    checkRoom(files, dir);
-    std::vector<std::unique_ptr<jet::Draft>> drafts;
-    drafts.reserve(files.size());
+    PackageFiles package(folder);
     for (const ReportFile& file : files)
-        drafts.push_back(drafted(dir.filePath(file.name), file.bytes));
-    for (std::size_t i = 0; i < files.size(); ++i)
-        takeName(*drafts[i], dir.filePath(files[i].name));
+        package.add(file.name, file.bytes);
+    package.place();
 }
 
 void writeWhole(const QString& path, const QByteArray& bytes)

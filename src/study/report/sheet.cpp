@@ -1,5 +1,7 @@
 #include "study/report/sheet.h"
 
+#include "study/report/csv.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -140,15 +142,6 @@ QString unused(const QString& wanted, QSet<QString>& taken)
     return name;
 }
 
-QByteArray csvCell(QString given)
-{
-    static const auto isSpecial = [](QChar c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; };
-    const bool quoted =
-        std::any_of(given.cbegin(), given.cend(), isSpecial) || given.startsWith(' ') || given.endsWith(' ');
-    if (!quoted) return given.toUtf8();
-    return '"' + given.replace('"', "\"\"").toUtf8() + '"';
-}
-
 // In one cell, and nothing that a program of tables would reckon.
 QString pastedText(QString given)
 {
@@ -207,18 +200,16 @@ Sheet sheetOf(const Table& table)
 
 QByteArray csvOf(const Sheet& sheet)
 {
-    QByteArrayList cells;
+    CsvRows csv;
     for (const SheetColumn& column : sheet.columns)
-        cells << csvCell(column.name);
-    QByteArray csv = cells.join(',') + '\n';
+        csv.add(column.name);
+    csv.endRow();
     for (const QStringList& row : sheet.rows) {
-        cells.clear();
         for (const QString& given : row)
-            cells << csvCell(given);
-        // Alone in its row, an empty cell would be an empty line, which readers leave out.
-        csv += (cells.size() == 1 && cells[0].isEmpty() ? QByteArray("\"\"") : cells.join(',')) + '\n';
+            csv.add(given);
+        csv.endRow();
     }
-    return csv;
+    return csv.take();
 }
 
 QString tabSeparated(const Table& table)

@@ -2,7 +2,7 @@
 
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/transaction.h"
-#include "study/acts/register_tables.h"
+#include "study/transcripts/ownTables.h"
 
 #include <QDateTime>
 #include <QJsonObject>
@@ -12,17 +12,6 @@
 namespace study {
 
 namespace {
-
-const tables::Table& sourceTable()
-{
-    static const tables::Table table{
-        "estudo_fonte",
-        {"id", "quando", "livro", "data", "tipo", "localizacao", "observacoes"},
-        {"create table estudo_fonte (id integer primary key, quando varchar not null, livro varchar not null, data "
-         "varchar not null, tipo varchar not null, localizacao varchar not null, observacoes text not null)",
-         "create index estudo_fonte_livro on estudo_fonte (livro)"}};
-    return table;
-}
 
 // Null texts of a column are empty ones.
 QString text(const QString& told)
@@ -55,6 +44,17 @@ void add(jet::Connection& bdp, const Source& source)
 }
 
 } // namespace
+
+const tables::Table& sourceTable()
+{
+    static const tables::Table table{
+        "estudo_fonte",
+        {"id", "quando", "livro", "data", "tipo", "localizacao", "observacoes"},
+        {"create table estudo_fonte (id integer primary key, quando varchar not null, livro varchar not null, data "
+         "varchar not null, tipo varchar not null, localizacao varchar not null, observacoes text not null)",
+         "create index estudo_fonte_livro on estudo_fonte (livro)"}};
+    return table;
+}
 
 QStringList keepSources(jet::Connection& bdp, const QList<Source>& sources)
 {

@@ -1,7 +1,7 @@
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/transaction.h"
-#include "study/acts/register_tables.h"
 #include "study/transcripts/kleioText.h"
+#include "study/transcripts/ownTables.h"
 #include "study/transcripts/table.h"
 
 #include <QDateTime>
@@ -13,15 +13,6 @@
 namespace study {
 
 namespace {
-
-const tables::Table& keptTable()
-{
-    static const tables::Table table{"estudo_colunas",
-                                     {"cabecalhos", "quando", "atribuicao"},
-                                     {"create table estudo_colunas (cabecalhos text not null primary key, quando "
-                                      "varchar not null, atribuicao text not null)"}};
-    return table;
-}
 
 // Each header by a name that no other has: "Padrinho", "Padrinho (2)".
 QStringList namesOf(const QStringList& headers)
@@ -59,6 +50,15 @@ std::optional<ActKind> kindWith(const QString& word)
 
 } // namespace
 
+const tables::Table& assignmentTable()
+{
+    static const tables::Table table{"estudo_colunas",
+                                     {"cabecalhos", "quando", "atribuicao"},
+                                     {"create table estudo_colunas (cabecalhos text not null primary key, quando "
+                                      "varchar not null, atribuicao text not null)"}};
+    return table;
+}
+
 QJsonObject toJson(const QStringList& headers, const Assignment& assignment)
 {
     QJsonObject columns;
@@ -88,7 +88,7 @@ Assignment assignmentFromJson(const QJsonObject& json, const QStringList& header
 void keepAssignment(jet::Connection& bdp, const QStringList& headers, const Assignment& assignment)
 {
     jet::Transaction transaction(bdp);
-    tables::make(bdp, {keptTable()});
+    tables::make(bdp, {assignmentTable()});
     const QString text = QJsonDocument(toJson(headers, assignment)).toJson(QJsonDocument::Compact);
     bdp.execute(jet::NativeSql("delete from estudo_colunas where cabecalhos = ?", {keyOf(headers)}));
     bdp.execute(jet::NativeSql("insert into estudo_colunas (cabecalhos, quando, atribuicao) values (?, ?, ?)",
@@ -98,7 +98,7 @@ void keepAssignment(jet::Connection& bdp, const QStringList& headers, const Assi
 
 std::optional<Assignment> keptAssignment(jet::Connection& bdp, const QStringList& headers)
 {
-    if (!tables::exist(bdp, {keptTable()})) return {};
+    if (!tables::exist(bdp, {assignmentTable()})) return {};
     const QList<QJsonObject> rows = jet::jsonRows(
         bdp, jet::NativeSql("select atribuicao from estudo_colunas where cabecalhos = ?", {keyOf(headers)}));
     if (rows.isEmpty()) return {};

@@ -1,0 +1,127 @@
+// What the researcher has decided, put aside and set.
+#include "store/lixo_tabelas.h"
+#include "study/checks/ownTables.h"
+#include "study/exchange/tableList.h"
+#include "study/indicators/ownTables.h"
+#include "study/linkage/ownTables.h"
+#include "study/transcripts/ownTables.h"
+
+namespace study::exchange {
+
+namespace {
+
+using enum Kind;
+
+TableColumn text(const char* name, const char* portuguese, const char* english)
+{
+    return {name, Text, portuguese, english};
+}
+
+TableColumn when()
+{
+    return text("quando", "Hora local, 2026-11-22 09:24:22.", "Local time, 2026-11-22 09:24:22.");
+}
+
+TableColumn id()
+{
+    return {"id", Whole, "Número, pela ordem em que foram escritos.",
+            "Number, in the order in which they were written."};
+}
+
+TableInfo deletions()
+{
+    return {"estudo_lixo",
+            "O que as eliminações levaram.",
+            "What deletions have taken away.",
+            {"id"},
+            {id(),
+             when(),
+             text("tipo", "i um indivíduo, f uma família.", "i a person, f a family.").only({"i", "f"}),
+             {"numero", Whole, "O seu número.", "Its number."},
+             text("nome", "O nome, ou os do casal.", "The name, or those of the couple."),
+             text("familias", "As famílias que foram.", "The families that went."),
+             text("linhas", "As linhas, em JSON.", "The rows, as JSON.")},
+            {lixo::criacao}};
+}
+
+TableInfo decisions()
+{
+    return {"estudo_decisao",
+            "O que se decidiu sobre quem é quem.",
+            "What was decided about who is who.",
+            {"id"},
+            {id(),
+             when(),
+             text("tipo", "Que decisão.", "Which decision."),
+             text("titulo", "A decisão, por palavras.", "The decision in words."),
+             text("razao", "A razão.", "Why."),
+             text("fica", "O que ficou.", "What stayed."),
+             text("junto", "O que foi junto a ele.", "What went."),
+             {"alteradas", Whole, "Quantas linhas alterou.", "How many rows it has altered."},
+             text("linhas", "Essas linhas, em JSON.", "These rows, as JSON."),
+             text("desfeita", "Hora em que foi desfeita; vazio: vale.", "When it was taken back; empty: it stands.")},
+            linkage::decisionTable().statements};
+}
+
+TableInfo sources()
+{
+    return {"estudo_fonte",
+            "O que as transcrições dizem dos livros.",
+            "What transcriptions tell of the books.",
+            {"id"},
+            {id(), when(), text("livro", "Livro, como em estudo_acto.", "Book, as in estudo_acto."),
+             text("data", "Data.", "Date."), text("tipo", "Tipo do livro.", "Type of the book."),
+             text("localizacao", "Onde se guarda.", "Where it is kept."), text("observacoes", "O resto.", "All else.")},
+            sourceTable().statements};
+}
+
+} // namespace
+
+std::vector<TableInfo> tablesOfStudy()
+{
+    return {
+        deletions(),
+        decisions(),
+        sources(),
+        {"estudo_colunas",
+         "Que colunas de tabelas de actos têm o quê.",
+         "Which columns of tables of acts hold what.",
+         {"cabecalhos"},
+         {text("cabecalhos", "Os cabeçalhos, em JSON.", "The headers, as JSON."), when(),
+          text("atribuicao", "O que cada um tem, em JSON.", "What each holds, as JSON.")},
+         assignmentTable().statements},
+        {"estudo_visto",
+         "Contradições dadas por vistas.",
+         "Contradictions that were put aside.",
+         {"chave"},
+         {text("chave", "A regra e os registos.", "The rule and the records."), text("regra", "A regra.", "The rule."),
+          text("estado", "Marca do que estava nos registos.", "A mark of what stood in the records."),
+          text("texto", "O caso, como foi dito.", "The case, as it was told."), text("razao", "A razão.", "Why."),
+          when()},
+         {checks::seenTable().statement}},
+        {"estudo_regra",
+         "O que nas verificações se quis de outro modo.",
+         "What was set otherwise for the checks.",
+         {"chave"},
+         {text("chave", "A regra ou o limite.", "The rule or the limit."), {"valor", Number, "O valor.", "The value."}},
+         {checks::settingTable().statement}},
+        {"estudo_ajuste",
+         "O que nos indicadores se quis de outro modo.",
+         "What was set otherwise for the indicators.",
+         {"chave"},
+         {text("chave", "O ajuste.", "The setting."), text("valor", "O valor, em JSON.", "The value, as JSON.")},
+         {indicators::settingsTable}},
+        {"estudo_peso",
+         "Os pesos da comparação de pessoas e casais.",
+         "The weights by which people and couples are compared.",
+         {"campo", "nivel"},
+         {text("campo", "O que se compara.", "What is compared."),
+          text("nivel", "Como concorda.", "How it agrees."),
+          {"m", Number, "Com que frequência concordam registos da mesma pessoa; dos limites, o valor.",
+           "How often records of the same person agree so; of the limits, the value."},
+          {"u", Number, "Com que frequência concordam por acaso.", "How often they agree so by chance."}},
+         {linkage::weightTable}},
+    };
+}
+
+} // namespace study::exchange

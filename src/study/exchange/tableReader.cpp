@@ -1,0 +1,187 @@
+#include "study/exchange/tableReader.h"
+
+#include <algorithm>
+
+namespace study::exchange {
+
+namespace {
+
+constexpr qsizetype shownLetters = 40;
+
+QString shown(const QByteArray& cell)
+{
+    const QString text = QString::fromUtf8(cell).simplified();
+    return '"' + (text.size() > shownLetters ? text.left(shownLetters) + "…" : text) + '"';
+}
+
+QString whyNot(const QByteArray& cell, Kind kind)
+{
+    switch (kind) {
+    case Kind::Text:
+        return "o texto não está em UTF-8, ou tem um carácter nulo";
+    case Kind::Whole:
+        return shown(cell) + " não é um número inteiro";
+    case Kind::Number:
+        return shown(cell) + " não é um número";
+    case Kind::Date:
+        return shown(cell) + " não é uma data, como 1702-02-14 ou 14/02/1702";
+    case Kind::Flag:
+        break;
+    }
+    return shown(cell) + " não é 0 nem 1";
+}
+
+QByteArray standard(const CsvCell& cell, Kind kind, char separator)
+{
+    return separator == ',' ? cell.text : fromSpreadsheet(cell.text, kind);
+}
+
+void open(QFile& device, const QString& path)
+{
+    if (!device.open(QIODevice::ReadOnly))
+        throw jet::Error(jet::number::permissionDenied, QString("O ficheiro \"%1\" não pode ser lido.").arg(path));
+}
+
+QFile& opened(QFile& device, const QString& path)
+{
+    open(device, path);
+    return device;
+}
+
+} // namespace
+
+TableReader::TableReader(const TableFile& file, const QStringList& filled, Complaint complain)
+    : file_(file), complain_(std::move(complain)), device_(file.path), reader_(opened(device_, file.path))
+{
+    readHeader(filled);
+}
+
+void TableReader::readHeader(const QStringList& filled)
+{
+    if (!reader_.next()) return complain_({file_.name, 0, "Falta o cabeçalho."});
+    headers_ = reader_.cells().size();
+    bool isWhole = true;
+    for (std::size_t i = 0; i < headers_; ++i)
+        isWhole = takeHeader(QString::fromUtf8(reader_.cells()[i].text).trimmed(), i, filled) && isWhole;
+    for (const QString& key : file_.table->key)
+        if (!names_.contains(key)) {
+            complain(QString("Falta a coluna \"%1\".").arg(key));
+            isWhole = false;
+        }
+    if (!isWhole) taken_.clear();
+}
+
+bool TableReader::takeHeader(const QString& name, std::size_t at, const QStringList& filled)
+{
+    const TableColumn* column = file_.table->column(name);
+    const bool isPlace = !column && file_.table->showsPlace() && name.compare(placeColumn, Qt::CaseInsensitive) == 0;
+    const auto isLabel = [&](const TableColumn& each) {
+        return each.hasLabel() && each.labelName().compare(name, Qt::CaseInsensitive) == 0;
+    };
+    if (!column && !isPlace && std::ranges::any_of(file_.table->columns, isLabel)) return true;
+    if (!column && !isPlace) {
+        complain(QString("A tabela não tem nenhuma coluna %1.").arg(shown(name.toUtf8())));
+        return false;
+    }
+    const QString known = isPlace ? placeColumn : column->name;
+    if (names_.contains(known)) {
+        complain(QString("A coluna \"%1\" está duas vezes.").arg(known));
+        return false;
+    }
+    names_ << known;
+    taken_.push_back({at, column, filled.contains(known)});
+    return true;
+}
+
+bool TableReader::next()
+{
+    if (taken_.empty()) return false;
+    while (reader_.next())
+        if (takeRow()) return true;
+    return false;
+}
+
+bool TableReader::hasSurplus() const
+{
+    const auto& cells = reader_.cells();
+    return cells.size() > headers_ && std::any_of(cells.begin() + static_cast<std::ptrdiff_t>(headers_), cells.end(),
+                                                  [](const CsvCell& cell) { return !cell.isNothing(); });
+}
+
+bool TableReader::takeRow()
+{
+    values_.clear();
+    place_ = 0;
+    if (const QString damage = reader_.damage(); !damage.isEmpty()) {
+        complain(damage);
+        return false;
+    }
+    if (hasSurplus()) {
+        complain("A linha tem mais células do que o cabeçalho.");
+        return false;
+    }
+    bool isSound = true;
+    static const CsvCell nothing;
+    for (const Taken& taken : taken_)
+        isSound =
+            takeCell(taken, taken.cell < reader_.cells().size() ? reader_.cells()[taken.cell] : nothing) && isSound;
+    return isSound;
+}
+
+bool TableReader::takeCell(const Taken& taken, const CsvCell& cell)
+{
+    const Kind kind = taken.column ? taken.column->kind : Kind::Whole;
+    const bool isEmptyText = kind == Kind::Text && (cell.isQuoted || taken.isFilled);
+    if (cell.text.isEmpty()) {
+        values_ << (isEmptyText ? QVariant(QString("")) : QVariant());
+        return true;
+    }
+    const std::optional<QVariant> value = valueOf(standard(cell, kind, reader_.separator()), kind);
+    const QString name = taken.column ? taken.column->name : placeColumn;
+    if (!value) {
+        complain(QString("Coluna \"%1\": %2.").arg(name, whyNot(cell.text, kind)));
+        return false;
+    }
+    const bool isOwnPlace = !file_.table->showsPlace() && name == file_.table->key.first();
+    if (!taken.column || isOwnPlace) place_ = value->toLongLong();
+    values_ << *value;
+    return true;
+}
+
+ApartCells apartCells(const TableFile& file, const Complaint& complain)
+{
+    ApartCells apart;
+    QFile device(file.path);
+    open(device, file.path);
+    CsvReader reader(device);
+    const QStringList wanted{problem::table, problem::place, problem::column, problem::value, problem::form};
+    QList<std::size_t> at;
+    if (reader.next())
+        for (const QString& name : wanted)
+            for (std::size_t i = 0; i < reader.cells().size(); ++i)
+                if (QString::fromUtf8(reader.cells()[i].text) == name) at << i;
+    if (at.size() != wanted.size()) {
+        complain({file.name, reader.line(), "Falta uma das colunas " + wanted.join(", ") + '.'});
+        return {};
+    }
+    while (reader.next()) {
+        const auto cell = [&](int which) {
+            return at[which] < reader.cells().size() ? reader.cells()[at[which]] : CsvCell();
+        };
+        const TableInfo* table = tableOf(QString::fromUtf8(cell(0).text));
+        const TableColumn* column = table ? table->column(QString::fromUtf8(cell(2).text)) : nullptr;
+        bool isNumber = false;
+        const qint64 place = cell(1).text.toLongLong(&isNumber);
+        if (!column || !isNumber || !reader.damage().isEmpty()) {
+            complain({file.name, reader.line(), "A linha não diz a tabela, o lugar e a coluna de uma célula."});
+            continue;
+        }
+        const bool isJson = QString::fromUtf8(cell(4).text) == problem::json;
+        apart[table->name][place].insert(
+            column->name,
+            {standard(cell(3), isJson ? Kind::Text : column->kind, reader.separator()), isJson, reader.line()});
+    }
+    return apart;
+}
+
+} // namespace study::exchange

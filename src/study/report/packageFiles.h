@@ -1,0 +1,56 @@
+// The files of a data package, written one after the other, which take their names together.
+#pragma once
+
+#include "platform/jet/draft.h"
+
+#include <QByteArray>
+#include <QCryptographicHash>
+#include <QFile>
+#include <QHash>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace study::report {
+
+QString hashOf(const QByteArray& bytes); // "sha256:" and its digits
+
+// A file that stands in the folder already is written over where it is of a package of ours and as it was written; of
+// a file of anybody else, and of one that was changed since, Error fileExists tells the name. Files of an older
+// package that no longer belong to it stay. Without place() nothing of it is left. All throw jet::Error.
+class PackageFiles
+{
+public:
+    explicit PackageFiles(const QString& folder); // Error pathNotFound where it isn't there
+    ~PackageFiles();
+    PackageFiles(const PackageFiles&) = delete;
+    PackageFiles& operator=(const PackageFiles&) = delete;
+
+    struct Written
+    {
+        qint64 bytes = 0;
+        QString hash = {};
+    };
+    void begin(const QString& name);
+    void write(const QByteArray& bytes); // to the file that was begun last
+    Written end();
+    void add(const QString& name, const QByteArray& bytes); // a whole one
+
+    // All are on the disk before the first one takes its name: what fails before has changed nothing.
+    void place();
+
+private:
+    struct File
+    {
+        QString path;
+        std::unique_ptr<jet::Draft> draft;
+    };
+    QString folder_;
+    QHash<QString, QString> packaged_; // of the package that the folder holds: each file with its hash
+    std::vector<File> files_ = {};
+    QFile out_;
+    QCryptographicHash hash_{QCryptographicHash::Sha256};
+};
+
+} // namespace study::report
