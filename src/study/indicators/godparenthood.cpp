@@ -24,7 +24,7 @@ enum Count : quint16
     Kinship,    // by Kin
     SameSex,    // 1 where it is
     Clergy,     // 1 for a cleric
-    SamePlace,  // 1 where both live in one place, as far as their residences tell
+    SamePlace,  // 1 where both live in one locality, as far as their residences tell
     SharedName, // 1 where the child bears the first name of the godparent
     Reciprocal, // 1 where somebody of the child's family is godparent of a child of the godparent's
     Baptised,   // children, by how many godparents they have
@@ -86,6 +86,11 @@ qint32 kinOfCouple(const Assistance& act)
     return groom == NoKin || bride == NoKin ? qint32(Unrelated) : qint32(UnknownKin);
 }
 
+std::optional<bool> inOneLocality(const parish::Residence* one, const parish::Residence* other)
+{
+    return one && other ? parish::inOneLocality(one->place, other->place) : std::nullopt;
+}
+
 void countWitnesses(const Family& family, const Study& study, GivenNames& known, Taker& taker)
 {
     if (marriageIs(family, study) != MarriageIs::Counted) return;
@@ -98,9 +103,8 @@ void countWitnesses(const Family& family, const Study& study, GivenNames& known,
         taker.count({Witnesses, {period, numbered(witness.gender)}}, who);
         taker.count({WitnessKin, {period, kinOfCouple(act)}}, who);
         taker.count({WitnessClergy, {period, isCleric(act) ? 1 : 0}}, who);
-        const auto* one = homeOf(witness, day);
-        const auto* other = homeOf(family, day);
-        if (one && other) taker.count({WitnessPlace, {period, one->place == other->place ? 1 : 0}}, who);
+        if (const auto same = inOneLocality(homeOf(witness, day), homeOf(family, day)))
+            taker.count({WitnessPlace, {period, *same ? 1 : 0}}, who);
     }
 }
 
@@ -136,9 +140,7 @@ void countEdge(const Person& child, const Assistance& act, qint32 period, GivenN
     if (!child.origin) return;
     count(Reciprocal, isReciprocal(godparent, *child.origin));
     const QDate day = child.birth.middle();
-    const auto* one = homeOf(godparent, day);
-    const auto* other = homeOf(*child.origin, day);
-    if (one && other) count(SamePlace, one->place == other->place);
+    if (const auto same = inOneLocality(homeOf(godparent, day), homeOf(*child.origin, day))) count(SamePlace, *same);
 }
 
 void countBaptism(const Person& child, const Study& study, GivenNames& known, Taker& taker)
@@ -292,8 +294,10 @@ Table traits(const Reading& reading, const Settings& settings)
                               holding(SameSex), holding(SamePlace), holding(Clergy), holding(Reciprocal),
                               holding(SharedName)});
     }
-    table.notes = {"Parentes: entre os de parentesco conhecido. Mesmo lugar: entre aqueles de que se conhecem as duas "
-                   "residências. Recíprocos: alguém da família da criança é padrinho na família do padrinho."};
+    table.notes = {
+        "Parentes: entre os de parentesco conhecido. Mesmo lugar: entre aqueles de que se conhecem as duas "
+        "residências, cada sítio pelo seu lugar. Recíprocos: alguém da família da criança é padrinho na família do "
+        "padrinho."};
     return table;
 }
 

@@ -79,27 +79,19 @@ enum Became : qint32
     Lost
 };
 
-constexpr int digitsOfLocality = 8;
 constexpr qint32 numbersOfALevel = 8; // of the seven letters, and of no letter
-
-// The locality of a site; any other place as it is.
-parish::Place localityOf(const parish::Place& place)
-{
-    if (place.level != u'S') return place;
-    return {place.code.left(digitsOfLocality), u'L'};
-}
 
 // One for each place whose code has no more digits than a locality's.
 qint32 numberOf(const parish::Place& place)
 {
     static const QString levels = "PZDCFLS";
     const auto level = static_cast<qint32>(levels.indexOf(place.level)) + 1;
-    return place.code.left(digitsOfLocality).toInt() * numbersOfALevel + level;
+    return place.code.left(parish::digitsOfLocality).toInt() * numbersOfALevel + level;
 }
 
 void countMove(const Residence& from, const Residence& to, const Study& study, const Who& who, Taker& taker)
 {
-    const parish::Place one = localityOf(from.place), other = localityOf(to.place);
+    const parish::Place one = parish::localityOf(from.place), other = parish::localityOf(to.place);
     if (one == other) return;
     taker.count({PlaceMoves, {numberOf(one), numberOf(other)}}, who);
     for (const parish::Place& place : {one, other}) {

@@ -45,13 +45,6 @@ enum SameLocality : qint32
     Same
 };
 
-// "03089908", of the locality or of a site in it; empty where the parish alone is known.
-QString localityOf(const Place& place)
-{
-    static constexpr int digits = 8;
-    return place.level == u'L' || place.level == u'S' ? place.code.left(digits) : QString();
-}
-
 void fill(const Study& study, const Share& share, Taker& taker)
 {
     const auto families = study.parish.families();
@@ -68,9 +61,8 @@ void fill(const Study& study, const Share& share, Taker& taker)
         const qint32 period = periodOf(family.marriage.year(), study.settings);
         add(Couples, {period, static_cast<qint32>(groom), static_cast<qint32>(bride)});
         if (groom == Origin::Unknown || bride == Origin::Unknown) add(UnknownOrigin, {});
-        const QString one = localityOf(his), other = localityOf(hers);
-        if (groom == Origin::Parish && bride == Origin::Parish && !one.isEmpty() && !other.isEmpty())
-            add(Locality, {period, one == other ? Same : Other});
+        if (groom != Origin::Parish || bride != Origin::Parish) continue;
+        if (const auto same = parish::inOneLocality(his, hers)) add(Locality, {period, *same ? Same : Other});
     }
 }
 

@@ -27,6 +27,21 @@ bool isIn(const Place& place, const Home& home)
     return (place.level == u'L' || place.level == u'S') && place.code.startsWith(home.code);
 }
 
+Place localityOf(const Place& place)
+{
+    return place.level == u'S' ? Place{place.code.left(digitsOfLocality), u'L'} : place;
+}
+
+std::optional<bool> inOneLocality(const Place& one, const Place& other)
+{
+    static const QString ofTheCountry = "DCFL"; // each code begins with that of the place that holds it
+    const Place first = localityOf(one), second = localityOf(other);
+    if (!ofTheCountry.contains(first.level) || !ofTheCountry.contains(second.level)) return {};
+    const auto shared = std::min(first.code.size(), second.code.size());
+    if (first.code.left(shared) != second.code.left(shared)) return false;
+    return first.level == u'L' && second.level == u'L' ? std::optional(true) : std::nullopt;
+}
+
 QString Catalogue::description(const QString& category, const QString& code) const
 {
     return codes.value(category).value(code);

@@ -264,6 +264,15 @@ struct Home
 // The parish itself, or a locality or site of it. False where one of them isn't known.
 bool isIn(const Place& place, const Home& home);
 
+inline constexpr int digitsOfLocality = 8; // of its code, with which those of its sites begin
+
+// The locality of a site; any other place as it is.
+Place localityOf(const Place& place);
+
+// Whether both are of one locality. Nothing where a place isn't so near known: a parish tells only of others that it
+// isn't theirs.
+std::optional<bool> inOneLocality(const Place& one, const Place& other);
+
 // What the tables of codes and places tell.
 struct Catalogue
 {

@@ -253,6 +253,31 @@ TEST_F(Deceased, AndLivingHaveGodparents)
     EXPECT_EQ(value(tableOf(figuresFor(givenNames), "nomes-f"), "Eva", "Crianças"), 3);
 }
 
+// A site lies in its locality; who is known to live in the parish may live anywhere in it.
+TEST_F(Deceased, AndLivingHaveGodparentsOfTheirLocality)
+{
+    const qint64 family = couple(person({"Rui", 'm'}), person({"Ana", 'f'}), "1745-01-01");
+    const auto lives = [&](qint64 who, const char* kind, const char* place, const char* level) {
+        run("insert into residencia (tiporesid, numero, dataref, localresid, tipolocal) values (?, ?, "
+            "'1746-01-01', ?, ?)",
+            {QString(kind), who, QString(place), QString(level)});
+    };
+    lives(family, "f", "0308990801", "S");
+    const qint64 child = person({"Eva", 'f', "1750-03-10", "", family});
+    for (const auto& [place, level] : {std::pair("03089908", "L"), std::pair("0308990802", "S"),
+                                       std::pair("03089909", "L"), std::pair("030899", "F"), std::pair("030801", "F")})
+    {
+        const qint64 godparent = person({"Rita", 'f', "1720-01-01"});
+        lives(godparent, "i", place, level);
+        run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) values ('b', ?, '1750-03-10', "
+            "?, 'p')",
+            {child, godparent});
+    }
+    const auto tally = tallyFor(godparenthood);
+    EXPECT_EQ((tally[keyOf(godparenthood, "mesmo-lugar", {1750, 1})]), 2) << "the locality, and another site of it";
+    EXPECT_EQ((tally[keyOf(godparenthood, "mesmo-lugar", {1750, 0})]), 2) << "another locality, another parish";
+}
+
 TEST_F(Deceased, AndLivingHaveWitnessesOfTheirMarriages)
 {
     const qint64 family = couple(person({"Rui", 'm'}), person({"Ana", 'f'}), "1745-01-01");
