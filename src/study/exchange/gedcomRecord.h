@@ -1,8 +1,6 @@
 // A GEDCOM file as its records, one after the other: of 5.5.1 and 7.0, and of the programs that write them their way.
 #pragma once
 
-#include "study/exchange/progress.h"
-
 #include <QByteArray>
 #include <QString>
 
