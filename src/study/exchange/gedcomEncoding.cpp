@@ -11,7 +11,7 @@ using Byte = unsigned char;
 
 constexpr Byte firstForeign = 0x80, firstAccent = 0xE0;
 constexpr int longestOfUtf8 = 4;
-constexpr qsizetype lookedAhead = 8; // no letter has more bytes
+constexpr qsizetype mostAccents = 6, lookedAhead = 8; // no letter has more
 
 Byte byteAt(const QByteArray& bytes, qsizetype at)
 {
@@ -80,7 +80,7 @@ int lengthOfUtf8(const QByteArray& bytes, qsizetype at)
 qsizetype accentsAt(const QByteArray& bytes, qsizetype at)
 {
     qsizetype count = 0;
-    while (accentOf(byteAt(bytes, at + count)))
+    while (count < mostAccents && accentOf(byteAt(bytes, at + count)))
         ++count;
     return count;
 }
@@ -179,27 +179,38 @@ GedcomStart startOf(const QByteArray& firstBytes)
     return {};
 }
 
-qsizetype ForeignBytes::count(const QByteArray& text, bool isLast)
+void ForeignBytes::count(const QByteArray& piece)
 {
-    const qsizetype end = isLast ? text.size() : text.size() - lookedAhead;
-    qsizetype utf8End = 0, at = 0;
-    for (; at < end; ++at) {
-        if (byteAt(text, at) < firstForeign) continue;
+    text_ += piece;
+    countTo(text_.size() - lookedAhead);
+}
+
+void ForeignBytes::countRest()
+{
+    countTo(text_.size());
+}
+
+void ForeignBytes::countTo(qsizetype end)
+{
+    if (end <= from_) return;
+    for (qsizetype at = from_; at < end; ++at) {
+        if (byteAt(text_, at) < firstForeign) continue;
         ++all;
-        if (at >= utf8End) {
-            const int length = lengthOfUtf8(text, at);
+        if (at >= utf8End_) {
+            const int length = lengthOfUtf8(text_, at);
             ++(length > 0 ? utf8Letters : notUtf8);
-            utf8End = at + qMax(1, length);
+            utf8End_ = at + qMax(1, length);
         }
-        const bool isFirstAccent = at == 0 || !accentOf(byteAt(text, at - 1));
-        if (!isFirstAccent) continue;
-        const qsizetype accentsThere = accentsAt(text, at);
-        const bool isLetter = accentsThere > 0 ? isComposed(text, at, accentsThere) && !isTildeOf1252(text, at)
-                                               : letterOfAnsel(byteAt(text, at)) != 0;
+        if (at > 0 && accentOf(byteAt(text_, at - 1))) continue; // counted with the first one
+        const qsizetype accentsThere = accentsAt(text_, at);
+        const bool isLetter = accentsThere > 0 ? isComposed(text_, at, accentsThere) && !isTildeOf1252(text_, at)
+                                               : letterOfAnsel(byteAt(text_, at)) != 0;
         ++(isLetter ? ansel : notAnsel);
-        if (isOnlyAnsel(text, at)) ++onlyAnsel;
+        if (isOnlyAnsel(text_, at)) ++onlyAnsel;
     }
-    return qMax<qsizetype>(0, qMax(at, qMin(utf8End, text.size())));
+    text_.remove(0, end - 1);
+    utf8End_ = qMax<qsizetype>(0, utf8End_ - (end - 1));
+    from_ = 1;
 }
 
 GedcomEncodingFound encodingOf(const QString& claimed, const ForeignBytes& bytes)

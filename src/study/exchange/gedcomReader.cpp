@@ -84,7 +84,7 @@ private:
     void close(Open& open);
     QString lettersOf(const QString& raw, const std::vector<Piece>& pieces);
     void countIn(const GedcomStructureLine& line);
-    void refuseRest(const QString& record);
+    void tellOfRest();
 
     GedcomSource source_;
     GedcomProblems problems_ = {};
@@ -148,15 +148,18 @@ GedcomHead GedcomReader::Records::readHead()
 bool GedcomReader::Records::next(GedcomNode& record)
 {
     if (ended_) return false;
+    ended_ = true; // also where the rest can't be read
     while (readRecord(record)) {
         if (record.tag == "TRLR") {
-            refuseRest(record.tag);
+            tellOfRest();
             return false;
         }
-        if (record.tag != "HEAD") return true;
+        if (record.tag != "HEAD") {
+            ended_ = false;
+            return true;
+        }
         problems_.tell(GedcomDoubt::Structure, record.line, "Há outro HEAD a meio do ficheiro, que não foi lido.");
     }
-    ended_ = true;
     problems_.tell(GedcomDoubt::End, lastLine_,
                    source_.isWhole() ? "Falta TRLR no fim do ficheiro, que pode estar incompleto."
                                      : "O ficheiro acaba a meio de uma linha e sem TRLR: está incompleto.");
@@ -164,13 +167,10 @@ bool GedcomReader::Records::next(GedcomNode& record)
 }
 
 // What stands behind TRLR is no part of the file.
-void GedcomReader::Records::refuseRest(const QString& record)
+void GedcomReader::Records::tellOfRest()
 {
-    ended_ = true;
-    GedcomStructureLine line;
-    if (isWaiting_ || nextLine(line))
-        problems_.tell(GedcomDoubt::End, isWaiting_ ? waiting_.number : line.number,
-                       "Depois de " + record + " há mais linhas, que não foram lidas.");
+    if (!isWaiting_ && !nextLine(waiting_)) return;
+    problems_.tell(GedcomDoubt::End, waiting_.number, "Depois de TRLR há mais linhas, que não foram lidas.");
 }
 
 bool GedcomReader::Records::readRecord(GedcomNode& record)

@@ -23,6 +23,7 @@ struct GedcomNode
     int line = 0; // of its first line, from 1
     std::vector<GedcomNode> children = {};
 
+    bool operator==(const GedcomNode&) const = default;
     bool isVoid() const { return isPointer && value == QLatin1String("VOID"); }
     const GedcomNode* child(const char* tag) const; // the first one; null where there is none
     QString text(const char* tag) const;            // the value of that child; ""
@@ -52,6 +53,8 @@ struct GedcomHead
     QString source = {};  // the program that wrote it
     QString form = {};    // of the places: "Lugar, Freguesia, Concelho"
     GedcomEncoding encoding = GedcomEncoding::Utf8;
+
+    bool operator==(const GedcomHead&) const = default;
 };
 
 // Reads one record at a time, in the order of the file; memory is that of the longest one, of 250,000 structures and
