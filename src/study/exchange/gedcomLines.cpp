@@ -3,6 +3,8 @@
 #include "platform/jet/error.h"
 #include "study/exchange/gedcomTables.h"
 
+#include <algorithm>
+
 namespace study::exchange {
 
 namespace {
@@ -16,6 +18,13 @@ bool isBanned(char32_t letter)
     if (letter == U'\t' || letter == U'\n') return false;
     return letter < firstShown || (letter >= deleted && letter <= lastOfC1) ||
            (letter >= noLetter && letter <= lastOfPlane);
+}
+
+// Neither a control character nor anything beside the letters in use.
+bool isPlain(QChar letter)
+{
+    static constexpr char16_t firstPlain = 0xA0, firstPair = 0xD800;
+    return (letter >= u' ' && letter <= u'~') || (letter >= firstPlain && letter < firstPair);
 }
 
 bool startsLetter(const QByteArray& utf8, qsizetype at)
@@ -63,15 +72,17 @@ qsizetype lengthOfPart(const QByteArray& utf8, qsizetype from, qsizetype room)
     return length;
 }
 
-qsizetype roomBehind(int level, const char* tag)
+qsizetype roomBehind(const char* tag)
 {
-    return longestLine551 - QByteArray::number(level).size() - static_cast<qsizetype>(qstrlen(tag)) - 3; // " ", " ", \n
+    static constexpr int around = 4; // the level, two blanks, \n
+    return longestLine551 - around - static_cast<qsizetype>(qstrlen(tag));
 }
 
 } // namespace
 
 QString withoutBanned(const QString& text, GedcomVersion version)
 {
+    if (std::all_of(text.begin(), text.end(), isPlain)) return text;
     QString all;
     all.reserve(text.size());
     for (qsizetype at = 0; at < text.size(); ++at) {
@@ -102,22 +113,31 @@ void GedcomLines::flush()
     bytes_.resize(0);
 }
 
-void GedcomLines::line(int level, const char* tag, const QByteArray& value)
+// A level has one digit here.
+void GedcomLines::begin(int level)
 {
-    bytes_ += QByteArray::number(level);
-    bytes_ += ' ';
-    bytes_ += tag;
-    if (!value.isEmpty()) {
-        bytes_ += ' ';
-        bytes_ += value;
-    }
+    bytes_.append(static_cast<char>('0' + level)).append(' ');
+}
+
+void GedcomLines::end()
+{
     bytes_ += '\n';
     if (bytes_.size() >= bufferSize) flush();
 }
 
+void GedcomLines::line(int level, const char* tag, const QByteArray& value)
+{
+    begin(level);
+    bytes_ += tag;
+    if (!value.isEmpty()) bytes_.append(' ').append(value);
+    end();
+}
+
 void GedcomLines::record(const QByteArray& xref, const char* tag)
 {
-    line(0, ('@' + xref + "@ " + tag).constData(), {});
+    begin(0);
+    bytes_.append('@').append(xref).append("@ ").append(tag);
+    end();
 }
 
 void GedcomLines::bare(int level, const char* tag)
@@ -127,7 +147,9 @@ void GedcomLines::bare(int level, const char* tag)
 
 void GedcomLines::pointer(int level, const char* tag, const QByteArray& xref)
 {
-    line(level, tag, '@' + xref + '@');
+    begin(level);
+    bytes_.append(tag).append(" @").append(xref).append('@');
+    end();
 }
 
 void GedcomLines::word(int level, const char* tag, const QByteArray& value)
@@ -139,9 +161,9 @@ void GedcomLines::word(int level, const char* tag, const QByteArray& value)
 QByteArray GedcomLines::escaped(const QString& text) const
 {
     QByteArray utf8 = text.toUtf8();
-    if (is551())
-        utf8.replace("@", "@@");
-    else if (utf8.startsWith('@'))
+    if (is551()) {
+        if (utf8.contains('@')) utf8.replace("@", "@@");
+    } else if (utf8.startsWith('@'))
         utf8.prepend('@');
     return utf8;
 }
@@ -156,13 +178,15 @@ bool GedcomLines::text(int level, const char* tag, const QString& value)
         return true;
     }
     const int longest = longestValue551(tag);
-    QString kept = one;
-    if (longest > 0 && kept.size() > longest) kept.truncate(kept[longest].isLowSurrogate() ? longest - 1 : longest);
-    QByteArray bytes = escaped(kept);
-    if (const qsizetype room = roomBehind(level, tag); bytes.size() > room)
+    bool isWhole = longest == 0 || one.size() <= longest;
+    if (!isWhole) one.truncate(one[longest].isLowSurrogate() ? longest - 1 : longest);
+    QByteArray bytes = escaped(one);
+    if (const qsizetype room = roomBehind(tag); bytes.size() > room) {
         bytes.truncate(lengthOfPart(bytes, 0, room));
+        isWhole = false;
+    }
     line(level, tag, bytes);
-    return bytes == escaped(one);
+    return isWhole;
 }
 
 void GedcomLines::memo(int level, const char* tag, const QString& value)
@@ -178,10 +202,10 @@ void GedcomLines::continued(int level, const char* tag, const QByteArray& value)
 {
     if (!is551()) return line(level, tag, value);
     const int below = qstrcmp(tag, "CONT") == 0 ? level : level + 1;
-    qsizetype at = lengthOfPart(value, 0, roomBehind(level, tag));
+    qsizetype at = lengthOfPart(value, 0, roomBehind(tag));
     line(level, tag, value.left(at));
     while (at < value.size()) {
-        const qsizetype length = lengthOfPart(value, at, roomBehind(below, "CONC"));
+        const qsizetype length = lengthOfPart(value, at, roomBehind("CONC"));
         line(below, "CONC", value.mid(at, length));
         at += length;
     }

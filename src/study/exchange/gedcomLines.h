@@ -34,6 +34,8 @@ public:
     void flush();
 
 private:
+    void begin(int level);
+    void end();
     void line(int level, const char* tag, const QByteArray& value);
     QByteArray escaped(const QString& text) const;
     void continued(int level, const char* tag, const QByteArray& value);

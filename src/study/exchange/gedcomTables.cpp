@@ -101,14 +101,14 @@ constexpr std::array<PictureType, 9> pictures = {{{"jpg", "image/jpeg", "jpg"},
 
 } // namespace
 
-int longestValue551(const QByteArray& tag)
+int longestValue551(QByteArrayView tag)
 {
     const auto found =
         std::find_if(lengths551.begin(), lengths551.end(), [&](const Length& one) { return tag == one.tag; });
     return found == lengths551.end() ? 0 : found->letters;
 }
 
-bool canSayYes(const QByteArray& tag, bool in551)
+bool canSayYes(QByteArrayView tag, bool in551)
 {
     return std::any_of(happenings.begin(), happenings.end(),
                        [&](const Happening& one) { return tag == one.tag && (one.in551 || !in551); });

@@ -4,15 +4,16 @@
 #include "study/parish/snapshot.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 namespace study::exchange {
 
 // How many letters 5.5.1 has room for behind a tag; 0 where the text may go on in further lines, or it isn't known.
-int longestValue551(const QByteArray& tag);
+int longestValue551(QByteArrayView tag);
 
 // Whether "Y" may stand behind the tag of an event of which neither date nor place is told: it has happened.
-bool canSayYes(const QByteArray& tag, bool in551);
+bool canSayYes(QByteArrayView tag, bool in551);
 
 // Who somebody is at the act of another.
 enum class Role : quint8

@@ -146,7 +146,8 @@ private:
     const GoesOn& goesOn_;
     GedcomLines lines_;
     PlaceNames places_;
-    QString folder_; // of the BDP
+    const NameTable& names_ = NameTable::shared(); // asked once: it looks for its file
+    QString folder_;                               // of the BDP
     parish::Home home_ = {};
     parish::Catalogue catalogue_ = {};
     QSet<qint64> withheld_ = {};

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace study {
@@ -79,20 +80,15 @@ bool isParticle(const QString& token)
     return particles().contains(token.toLower());
 }
 
-bool isFigureless(const QString& token)
-{
-    return fold::plain(token).isEmpty(); // "?", "…", a lone hyphen
-}
-
 bool isElided(const QString& token)
 {
     return token.endsWith(u'\'') || token.endsWith(u'’'); // d'
 }
 
-QString titleOf(const QString& token)
+QString titleOf(const QString& token, const QString& plain)
 {
     if (token == QLatin1String("d") || token == QLatin1String("p") || isElided(token)) return {};
-    return titles().value(fold::plain(token));
+    return titles().value(plain);
 }
 
 bool isArticle(const QString& token)
@@ -102,9 +98,9 @@ bool isArticle(const QString& token)
 }
 
 // How many tokens from there on are no part of the name: "o Velho", "exposta", "da Roda", "maior" at its end.
-int asideAt(const QStringList& tokens, int at)
+int asideAt(const QStringList& tokens, const QStringList& plains, int at)
 {
-    const auto plain = [&](int which) { return which < tokens.size() ? fold::plain(tokens[which]) : QString(); };
+    const auto plain = [&](int which) { return plains.value(which); };
     const int rest = int(tokens.size()) - at;
     if (states().contains(plain(at))) return 1;
     if (plain(at) == "da" && plain(at + 1) == "roda") return 2;
@@ -183,7 +179,11 @@ bool areOneWord(const QStringList& tokens, int at, const NameTable& table)
 class Parser
 {
 public:
-    Parser(const QString& name, const NameTable& table) : tokens_(tokensOf(name)), table_(table) {}
+    Parser(const QString& name, const NameTable& table) : tokens_(tokensOf(name)), table_(table)
+    {
+        for (const QString& token : std::as_const(tokens_))
+            plains_ << fold::plain(token);
+    }
 
     std::vector<Piece> pieces()
     {
@@ -197,13 +197,14 @@ private:
     {
         taken_ = 1;
         const QString& token = tokens_[at];
-        if (const int aside = asideAt(tokens_, at); aside > 0) {
+        const QString& plain = plains_[at];
+        if (const int aside = asideAt(tokens_, plains_, at); aside > 0) {
             taken_ = aside;
             pieces_.push_back({Piece::Aside, QStringList(tokens_.mid(at, aside)).join(' ')});
-        } else if (isFigureless(token))
+        } else if (plain.isEmpty()) // "?", "…", a lone hyphen
             pieces_.push_back({Piece::Aside, token});
-        else if (!named_ && at + 1 < tokens_.size() && !titleOf(token).isEmpty())
-            pieces_.push_back({Piece::Title, titleOf(token)});
+        else if (!named_ && at + 1 < tokens_.size() && !titleOf(token, plain).isEmpty())
+            pieces_.push_back({Piece::Title, titleOf(token, plain)});
         else if ((named_ || isElided(token)) && at + 1 < tokens_.size() && isParticle(token))
             pieces_.push_back(
                 {Piece::Particle, token, {.written = token, .key = {}, .readings = {}, .particle = true}});
@@ -223,6 +224,7 @@ private:
     }
 
     QStringList tokens_;
+    QStringList plains_; // each token as names are compared
     const NameTable& table_;
     std::vector<Piece> pieces_;
     int taken_ = 1;
@@ -266,7 +268,8 @@ NameParts partsOf(const QString& name, const NameTable& table)
             parts.words << std::move(piece.word);
     }
     for (const QString& behind : whole.behind)
-        if (const QString title = titleOf(behind); !title.isEmpty() && !parts.titles.contains(title))
+        if (const QString title = titleOf(behind, fold::plain(behind));
+            !title.isEmpty() && !parts.titles.contains(title))
             parts.titles << title;
         else if (title.isEmpty())
             parts.asides << behind;
