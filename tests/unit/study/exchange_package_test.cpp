@@ -18,6 +18,10 @@ class PackagesOfTheDemonstration : public DemoBdp
 {
 };
 
+class PackagesOfABdp : public ExchangedTables
+{
+};
+
 constexpr auto sound = R"({"profile": "tabular-data-package", "name": "a", "created": "2026-11-22T09:31:30Z",
   "sources": [{"title": "BDP"}],
   "resources": [{"profile": "tabular-data-resource", "name": "gente", "path": "gente.csv", "mediatype": "text/csv",
@@ -38,12 +42,12 @@ TEST_F(PackagesOfTheDemonstration, AreSoundInBothDialects)
 {
     for (const Dialect dialect : {Dialect::Standard, Dialect::Spreadsheet}) {
         const QTemporaryDir folder;
-        exportTables(bdp_->connection, folder.path(), {.dialect = dialect});
+        exchange::exportTables(bdp_->connection, folder.path(), {.dialect = dialect});
         EXPECT_EQ(exchanged::faultsOf(folder.path()).join('\n'), "");
     }
 }
 
-TEST_F(ExchangedTables, AreSoundWithKeysThatLeadNowhereInBothDialects)
+TEST_F(PackagesOfABdp, AreSoundWithKeysThatLeadNowhereInBothDialects)
 {
     run("insert into individuo (nind, nome, famorig, datanasc, testamenteiro) values (1, 'Ana', 77, '1702-02-14', 1)");
     run("insert into familias (nfamilia, nind, idade) values (3, 88, 20)");
@@ -52,7 +56,7 @@ TEST_F(ExchangedTables, AreSoundWithKeysThatLeadNowhereInBothDialects)
         write({.dialect = dialect});
         EXPECT_EQ(exchanged::faultsOf(tables()).join('\n'), "");
     }
-    const QJsonArray keys = resource("individuo")["schema"]["foreignKeys"].toArray();
+    const QJsonArray keys = resource("individuo").value("schema")["foreignKeys"].toArray();
     EXPECT_TRUE(std::any_of(keys.begin(), keys.end(), [](const QJsonValue key) {
         return key["fields"] == "testamenteiro" && key["reference"]["resource"] == "";
     })) << "of the table itself";
