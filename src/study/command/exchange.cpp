@@ -94,7 +94,12 @@ int runExportGedcom(const Order& order, QTextStream& out, QTextStream& err, cons
         [&] {
             jet::Connection bdp;
             openBdpToRead(bdp, order.bdp);
-            exchange::GedcomOptions options{.version = order.version, .limitYears = order.limitYears};
+            const jet::OneLook look(bdp);
+            exchange::GedcomOptions options{.version = order.version,
+                                            .birthDates = order.birthDates,
+                                            .limitYears = order.limitYears,
+                                            .associationsOfEvents = order.associationsTwice,
+                                            .associationsOfPeople = order.associationsTwice};
             options.today = QDate::currentDate();
             options.programVersion = programName().section(' ', -1);
             options.days = daysOf(bdp);

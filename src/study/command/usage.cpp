@@ -25,7 +25,7 @@ struct Read
     std::string severity;
     std::string output;
     std::string settings, list;
-    std::string version, limit;
+    std::string version, limit, dates;
     std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
     bool help = false;
@@ -117,6 +117,8 @@ void addGedcom(CLI::App& command, Read& read, Order& order)
     command.add_option("alvo", read.output)->required();
     command.add_option("--versao", read.version);
     command.add_option("--limite", read.limit);
+    command.add_option("--datas", read.dates);
+    command.add_flag("--associacoes", order.associationsTwice);
 }
 
 void addTables(CLI::App& command, Read& read, Order& order)
@@ -224,6 +226,15 @@ QString readGedcomWords(const Read& read, Order& order)
         order.version = exchange::GedcomVersion::V70;
     else if (!read.version.empty() && read.version != "5.5.1")
         return "A versão é 5.5.1 ou 7.0, e não \"" + QString::fromStdString(read.version) + "\".";
+    static const std::map<std::string, exchange::BirthDates> meant = {{"chr", exchange::BirthDates::Christenings},
+                                                                      {"bapm", exchange::BirthDates::Baptisms},
+                                                                      {"birt", exchange::BirthDates::Births}};
+    if (!read.dates.empty()) {
+        const auto found = meant.find(read.dates);
+        if (found == meant.end())
+            return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
+        order.birthDates = found->second;
+    }
     if (read.limit.empty()) return {};
     const QString limit = QString::fromStdString(read.limit);
     bool isNumber = false;
@@ -284,7 +295,8 @@ QString helpText()
   orv-estudo importar kleio FICHEIRO… --bdp PAROQUIA.orv [opções]
   orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
-  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS]
+  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS] [--datas chr|bapm|birt]
+                             [--associacoes]
   orv-estudo exportar tabelas PAROQUIA.orv PASTA [--excel] [--sem-orfas]
   orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
@@ -315,6 +327,10 @@ programa pode tê-la aberta.
   --versao             5.5.1, que quase todos lêem, se nada for dito; ou 7.0, que diz mais
   --limite             quem pode estar vivo não vai: nascido há menos de ANOS (110, se nada for dito) e sem
                        óbito; 0 leva todos
+  --datas              o que são as datas de nascimento das fichas: chr, baptismos de crianças, se nada for
+                       dito; bapm, baptismos; birt, nascimentos. Onde as notas dizem as duas, vão as duas
+  --associacoes        os padrinhos, as testemunhas e os celebrantes vão também no acto (em 5.5.1, como _ASSO, que só
+                       alguns programas lêem), ou também na pessoa (em 7.0)
 Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua descrição (datapackage.json). O que
 não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.
   --excel              para o Excel em português: ";", vírgula decimal, datas dd/mm/aaaa

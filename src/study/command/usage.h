@@ -56,7 +56,9 @@ struct Order
     bool emptyOrphans = false;                                 // keys that lead nowhere aren't kept beside the tables
     bool keep = false;                                         // words and list, in the BDP
     exchange::GedcomVersion version = exchange::GedcomVersion::V551;
-    int limitYears = 110; // below which who may be alive stays out
+    int limitYears = 110;                                                 // below which who may be alive stays out
+    exchange::BirthDates birthDates = exchange::BirthDates::Christenings; // what the dates of the cards are taken for
+    bool associationsTwice = false; // who stood by is told with the event and with the person
 
     bool operator==(const Order&) const = default;
 };

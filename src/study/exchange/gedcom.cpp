@@ -83,6 +83,11 @@ GedcomWriter::GedcomWriter(const jet::Connection& bdp, QIODevice& target, const 
 {
     readCatalogue();
     if (options.limitYears > 0) withheld_ = peopleWhoMayBeAlive(bdp, options.today.addYears(-options.limitYears));
+    if (!withheld_.isEmpty()) {
+        jet::Rows member(bdp, jet::NativeSql("select nfamilia, nind from familias"));
+        while (member.next())
+            if (withheld_.contains(member.number(1))) withheldFamilies_.insert(member.number(0));
+    }
     counts_.withheldPeople = withheld_.size();
     jet::Rows count(bdp, jet::NativeSql("select (select count(*) from individuo) + (select count(*) from familia)"));
     if (count.next()) all_ = qMax<qint64>(1, count.number(0));
@@ -110,9 +115,10 @@ void GedcomWriter::next()
 GedcomCounts GedcomWriter::write()
 {
     writeHead();
+    writeRegisters(); // before who cites them: some readers know no record that comes later
     writePeople();
     writeFamilies();
-    writeRegisters();
+    writePlaceNotes();
     lines_.bare(0, "TRLR");
     lines_.flush();
     return counts_;
@@ -162,7 +168,7 @@ void GedcomWriter::writePeople()
 // One source for each register of the parish; where its books are kept, as far as transcriptions tell.
 void GedcomWriter::writeRegisters()
 {
-    const QString parish = home_.name.isEmpty() ? QString("paróquia") : home_.name;
+    const QString parish = home_.name.isEmpty() ? QString("paróquia") : home_.name.simplified();
     QStringList keepers;
     if (hasColumns(bdp_, "estudo_fonte", {"localizacao"})) {
         jet::Rows row(bdp_, jet::NativeSql("select distinct localizacao from estudo_fonte "
@@ -170,20 +176,20 @@ void GedcomWriter::writeRegisters()
         while (row.next())
             keepers << row.text(0).simplified();
     }
-    for (const Register which : {Register::Baptisms, Register::Marriages, Register::Burials}) {
-        const RegisterWords& words = wordsOf(which);
-        lines_.record(words.xref, "SOUR");
-        lines_.text(1, "TITL", QString("%1 de %2").arg(words.title, parish));
-        lines_.text(1, "AUTH", "Paróquia de " + parish);
-        lines_.text(1, "PUBL", "Transcritos numa base de dados paroquial (ORV)");
-        for (int i = 0; i < keepers.size(); ++i)
-            lines_.pointer(1, "REPO", 'R' + QByteArray::number(i + 1));
-        lines_.word(1, lines_.is551() ? "_UID" : "UID", uidOf(home_, words.act, 0));
-    }
     for (int i = 0; i < keepers.size(); ++i) {
         static constexpr int longest = 90;
         lines_.record('R' + QByteArray::number(i + 1), "REPO");
         lines_.text(1, "NAME", lines_.is551() ? keepers[i].left(longest) : keepers[i]);
+    }
+    for (const Register which : {Register::Baptisms, Register::Marriages, Register::Burials}) {
+        const RegisterWords& words = wordsOf(which);
+        lines_.record(words.xref, "SOUR");
+        lines_.memo(1, "TITL", QString("%1 de %2").arg(words.title, parish));
+        lines_.memo(1, "AUTH", "Paróquia de " + parish);
+        lines_.memo(1, "PUBL", "Transcritos numa base de dados paroquial (ORV)");
+        for (int i = 0; i < keepers.size(); ++i)
+            lines_.pointer(1, "REPO", 'R' + QByteArray::number(i + 1));
+        if (!lines_.is551()) lines_.word(1, "UID", uidOf(home_, words.act, 0));
     }
 }
 

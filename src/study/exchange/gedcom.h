@@ -45,6 +45,8 @@ struct GedcomOptions
     QDate today = {}; // nothing else of the file depends on it; valid where there is a limit
     // In 5.5.1, which has associations of people alone, also below the event, as _ASSO.
     bool associationsOfEvents = false;
+    // In 7.0, which has them below each event, those of a person's events also with the person.
+    bool associationsOfPeople = false;
     QString programVersion = {}; // "1.0.6"
     // Where both the birth and the baptism of a child are known; nothing: as `birthDates`.
     std::function<std::optional<KnownDays>(parish::PersonNumber, const parish::Date& card, const QString& notes)> days =

@@ -10,7 +10,7 @@ namespace {
 constexpr int husband = 0, wife = 1;
 
 constexpr auto familySelect =
-    "select f.nfamilia, f.sfamilia, f.tipocasal, f.datacasam, f.dcasamfixa, f.localcasam, f.tipolocalcasam, "
+    "select f.nfamilia, f.sfamilia, f.datacasam, f.dcasamfixa, f.localcasam, f.tipolocalcasam, "
     "f.inicioobs, f.fimobs, f.obs, f.rpCas, f.primpadrecasam, p.nind, f.segpadrecasam, q.nind, f.funcprimpcasam, "
     "f.funcsegpcasam from familia f left join individuo p on p.nind = f.primpadrecasam "
     "left join individuo q on q.nind = f.segpadrecasam order by f.nfamilia";
@@ -20,15 +20,14 @@ constexpr auto familySelect =
 struct GedcomWriter::FamilyCard
 {
     explicit FamilyCard(const jet::Rows& row)
-        : number(row.number(0)), situation(row.text(1)), type(codeAt(row, 2)), marriage(dateAt(row, 3)),
-          place(placeAt(row, 5)), observedFrom(row.date(7)), observedUntil(row.date(8)), notes(row.text(9)),
-          file(row.text(10)), priests{linkAt(row, 11), linkAt(row, 13)}, functions{codeAt(row, 15), codeAt(row, 16)}
+        : number(row.number(0)), situation(row.text(1)), marriage(dateAt(row, 2)), place(placeAt(row, 4)),
+          observedFrom(row.date(6)), observedUntil(row.date(7)), notes(row.text(8)),
+          file(row.text(9)), priests{linkAt(row, 10), linkAt(row, 12)}, functions{codeAt(row, 14), codeAt(row, 15)}
     {
     }
 
     qint64 number;
     QString situation;
-    parish::Code type;
     parish::Date marriage;
     parish::Place place;
     QDate observedFrom, observedUntil;
@@ -55,7 +54,6 @@ struct GedcomWriter::Couple
     };
     std::array<std::optional<Spouse>, 2> spouses = {};
     QStringList notes = {};
-    bool isWithheld = false; // one of them may be alive
 };
 
 GedcomWriter::OfFamilies::OfFamilies(const jet::Connection& bdp)
@@ -84,7 +82,6 @@ GedcomWriter::Couple GedcomWriter::coupleOf(const FamilyCard& card, OfFamilies& 
             ++counts_.lostLinks;
             continue;
         }
-        if (withheld_.contains(member.number)) couple.isWithheld = true;
         const QString sex = row.text(3).toLower();
         const std::size_t own = sex == "m" ? husband : wife, other = own == husband ? wife : husband;
         const bool isTaken = couple.spouses[own].has_value();
@@ -119,14 +116,15 @@ void GedcomWriter::writeFamily(const FamilyCard& card, OfFamilies& rows)
     const auto isShown = [&](std::size_t place) {
         return couple.spouses[place] && !withheld_.contains(couple.spouses[place]->number);
     };
-    if (couple.isWithheld) ++counts_.withheldFamilies;
-    if (couple.isWithheld && children.empty() && !isShown(husband) && !isShown(wife)) return;
+    const bool isWithheld = withheldFamilies_.contains(card.number);
+    if (isWithheld) ++counts_.withheldFamilies;
+    if (isWithheld && children.empty() && !isShown(husband) && !isShown(wife)) return;
     lines_.record(familyXref(card.number), "FAM");
     if (isShown(husband)) lines_.pointer(1, "HUSB", personXref(couple.spouses[husband]->number));
     if (isShown(wife)) lines_.pointer(1, "WIFE", personXref(couple.spouses[wife]->number));
     for (const qint64 child : children)
         lines_.pointer(1, "CHIL", personXref(child));
-    if (!couple.isWithheld) {
+    if (!isWithheld) {
         writeMarriage(card, couple, rows);
         writeResidences(card.number, rows);
         QStringList notes = couple.notes;

@@ -65,10 +65,7 @@ GedcomName gedcomName(const QString& name, const NameTable& table)
     const qsizetype first = parts.unknown || spans.isEmpty() ? words.size() : beginningOfSurname(words);
     if (first >= words.size()) {
         result.payload = shown + " //";
-        if (!parts.unknown && !spans.isEmpty())
-            result.given = between(shown, spans.first().from, spans.last().to);
-        else
-            result.given = shown;
+        result.given = parts.unknown || spans.isEmpty() ? shown : between(shown, spans.first().from, shown.size());
         return result;
     }
     const qsizetype from = spans[first].from, to = spans.last().to;

@@ -1,6 +1,8 @@
 // A person: name, baptism, death, what else the card tells, and the links.
 #include "study/exchange/gedcomPeople_p.h"
 
+#include <utility>
+
 namespace study::exchange {
 
 namespace {
@@ -41,10 +43,14 @@ void GedcomWriter::writePerson(const PersonCard& card, OfPeople& rows)
     writeName(card);
     lines_.word(1, "SEX", sexOf(card.sex));
     writeBirth(card, rows);
-    writeDeath(card, rows);
+    Event will = willOf(card, rows);
+    const bool hasWill = card.will || !will.notes.isEmpty() || !will.associations.empty();
+    QStringList suffrages = suffragesOf(card, rows);
+    if (hasWill) will.notes << std::exchange(suffrages, {});
+    writeDeath(card, rows, suffrages);
     writeTold(card);
     writeDated(card, rows);
-    writeWill(card, rows);
+    if (hasWill) write(will);
     writeFamilyLinks(card, rows);
     if (lines_.is551()) keepMarriageAssociations(card, rows);
     writeKeptAssociations();
@@ -60,11 +66,13 @@ void GedcomWriter::writeName(const PersonCard& card)
     const GedcomName name = gedcomName(withoutBanned(card.name, lines_.version()), names_);
     const QString title = card.title.simplified(), nickname = card.nickname.simplified();
     const bool isPrefix = !title.isEmpty() && !title.contains(u' ') && !name.payload.isEmpty();
-    const QString prefix = isPrefix ? title : name.titles.join(' ');
+    QStringList prefixes = name.titles;
+    if (isPrefix && !prefixes.contains(title, Qt::CaseInsensitive)) prefixes.prepend(title);
+    const QString prefix = prefixes.join(' ');
     if (!name.payload.isEmpty() || !nickname.isEmpty()) {
         const int longest = lines_.is551() ? longestValue551("NAME") : 0;
-        const bool isLong =
-            longest > 0 && (name.payload.size() > longest || name.payload.toUtf8().size() > 2 * longest);
+        const qsizetype bytes = name.payload.toUtf8().size() + name.payload.count(u'@'); // which is two
+        const bool isLong = longest > 0 && (name.payload.size() > longest || bytes > 2 * longest);
         const QString short551 = name.given.left(longest / 2) + " //";
         lines_.text(1, "NAME", isLong ? short551 : name.payload.isEmpty() ? "//" : name.payload);
         bool areWhole = !isLong;
@@ -126,7 +134,7 @@ void GedcomWriter::writeBirth(const PersonCard& card, OfPeople& rows)
     if (isTold) write(ceremony);
 }
 
-void GedcomWriter::writeDeath(const PersonCard& card, OfPeople& rows)
+void GedcomWriter::writeDeath(const PersonCard& card, OfPeople& rows, const QStringList& suffrages)
 {
     const QString page = firstPage(rows.burials, card.number);
     Event death{.tag = "DEAT",
@@ -139,7 +147,6 @@ void GedcomWriter::writeDeath(const PersonCard& card, OfPeople& rows)
     death.picture = {relativePath(card.burialFile, folder_), "OO" + QByteArray::number(card.number)};
     const bool hasDied = !death.date.isEmpty() || death.place.isKnown() || !death.cause.isEmpty() ||
                          !death.age.isEmpty() || card.stateAtDeath || !page.isEmpty() || !death.picture.path.isEmpty();
-    const QStringList suffrages = suffragesOf(card, rows);
     if (hasDied || !suffrages.isEmpty()) {
         death.notes = suffrages;
         write(death);
@@ -155,7 +162,7 @@ void GedcomWriter::writeDeath(const PersonCard& card, OfPeople& rows)
 void GedcomWriter::writeTold(const PersonCard& card)
 {
     writeFact("Filiação", catalogue_.description("Filia", card.filiation));
-    writeFact("Estado civil ao óbito", catalogue_.description("EstCi", card.stateAtDeath), gedcomDate(card.death));
+    writeFact("Estado civil ao óbito", catalogue_.description("EstCi", card.stateAtDeath));
     writeFact("Sacramentos", catalogue_.description("Sacra", card.sacraments));
     writeFact("Classe paroquial", catalogue_.description("ClaPa", card.parishClass));
     if (card.minor) writeFact("Menor", "Sim");
@@ -192,12 +199,14 @@ void GedcomWriter::keepMarriageAssociations(const PersonCard& card, OfPeople& ro
     const auto act = [](qint64 number) { return QString("do casamento da família %1").arg(number); };
     while (rows.witnesses.next(card.number)) {
         const jet::Rows& row = rows.witnesses.row();
+        if (withheldFamilies_.contains(row.number(family))) continue;
         const Association witness = assistantAt(row, false);
         if (canBeLinked(witness.who)) kept_.emplace_back(witness, act(row.number(family)));
     }
     while (rows.priests.next(card.number)) {
         const jet::Rows& row = rows.priests.row();
         const Link who = linkAt(row, 1);
+        if (withheldFamilies_.contains(row.number(4))) continue;
         if (isGiven(who) && canBeLinked(who)) kept_.emplace_back(priest(who, codeAt(row, 3)), act(row.number(4)));
     }
 }

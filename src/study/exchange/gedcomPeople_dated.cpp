@@ -118,7 +118,7 @@ void GedcomWriter::writeDated(const PersonCard& card, OfPeople& rows)
 }
 
 // The BDP has no date of a will.
-void GedcomWriter::writeWill(const PersonCard& card, OfPeople& rows)
+Event GedcomWriter::willOf(const PersonCard& card, OfPeople& rows) const
 {
     Event will{.tag = "WILL", .act = "no testamento"};
     if (card.writtenWill) will.notes << "Testamento escrito";
@@ -136,7 +136,7 @@ void GedcomWriter::writeWill(const PersonCard& card, OfPeople& rows)
         else
             will.notes << QStringList("Herdeiro por dizer") + heir.notes;
     }
-    if (card.will || !will.notes.isEmpty() || !will.associations.empty()) write(will);
+    return will;
 }
 
 QStringList GedcomWriter::suffragesOf(const PersonCard& card, OfPeople& rows) const

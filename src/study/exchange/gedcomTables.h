@@ -78,6 +78,7 @@ const PictureType* pictureTypeOf(const QString& suffix);
 // The levels of the tables of places, the smallest first, as PLAC has them.
 inline constexpr auto placeForm = "Sítio, Lugar, Freguesia, Concelho, Distrito, País";
 inline constexpr int placeLevels = 6;
-inline constexpr auto placeCodeType = "urn:orv:lugar"; // of EXID: "F030899", letter and code
+inline constexpr auto placeCodeType = "urn:orv:lugar";             // of EXID: "F030899", letter and code
+inline constexpr auto placeCodeWords = "Código do lugar no ORV: "; // before it, in the note that 5.5.1 has of a place
 
 } // namespace study::exchange

@@ -57,7 +57,8 @@ QByteArray gedcomAge(parish::Code years)
 QByteArray uidOf(const parish::Home& home, const char* kind, qint64 number)
 {
     static const QUuid ours("{6f1c4f52-8d0e-4b7b-9a35-1c3b0b6d2e47}");
-    const QString name = home.code + '|' + home.name + '|' + kind + '|' + QString::number(number);
+    const QString parish = home.code.isEmpty() ? home.name : home.code;
+    const QString name = parish + '|' + kind + '|' + QString::number(number);
     return QUuid::createUuidV5(ours, name).toString(QUuid::WithoutBraces).toLatin1();
 }
 

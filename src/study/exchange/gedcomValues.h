@@ -24,7 +24,7 @@ QByteArray gedcomAge(parish::Code years); // "46y"; "" for none, and for what is
 struct GedcomName
 {
     QString payload = {}; // "Padre João /da Costa/, o Moço"; "" where there is no name
-    QString given = {};
+    QString given = {}; // with all that follows it, where there is no surname: "Domingos Exposto"
     QString particle = {}; // "da"
     QString surname = {};  // "Costa"
     QStringList titles = {};
@@ -33,7 +33,8 @@ struct GedcomName
 };
 GedcomName gedcomName(const QString& name, const NameTable& table = NameTable::shared());
 
-// The same for the same record of the same parish, whenever it is asked: a name-based UUID (version 5).
+// The same for the same record of the same parish, whenever it is asked and whatever its cards tell by then: a
+// name-based UUID (version 5) of the code of the parish (of its name, where it has none) and the number.
 QByteArray uidOf(const parish::Home& home, const char* kind, qint64 number);
 
 // A reference to a picture that tells nothing of the machine: below the folder of the BDP its path from there,

@@ -45,10 +45,19 @@ QByteArray familyXref(qint64 number)
     return 'F' + QByteArray::number(number);
 }
 
+// Readers of 5.5.1 take a fact for an attribute, which has neither day nor age nor picture; an event has them all.
+QByteArray GedcomWriter::tagOf(const Event& event) const
+{
+    const bool isAttribute =
+        event.date.isEmpty() && event.age.isEmpty() && !event.place.isKnown() && event.picture.path.isEmpty();
+    return lines_.is551() && event.tag == "FACT" && !isAttribute ? QByteArray("EVEN") : event.tag;
+}
+
 void GedcomWriter::write(const Event& event)
 {
     QStringList notes = event.notes;
-    const char* const tag = event.tag.constData();
+    const QByteArray written = tagOf(event);
+    const char* const tag = written.constData();
     if (isMemo(event.tag))
         lines_.memo(1, tag, event.text);
     else if (!event.text.isEmpty()) {
@@ -75,8 +84,9 @@ void GedcomWriter::write(const Event& event)
     }
     for (const Association& association : event.associations) {
         if (!canBeLinked(association.who)) continue;
-        if (lines_.is551()) kept_.emplace_back(association, event.act);
-        if (!lines_.is551() || options_.associationsOfEvents) writeAssociation(2, association);
+        const bool isOfEvents = !lines_.is551() || options_.associationsOfEvents;
+        if (lines_.is551() || options_.associationsOfPeople) kept_.emplace_back(association, event.act);
+        if (isOfEvents) writeAssociation(2, association);
     }
     if (const QString told = noteOfPicture(event.picture); !told.isEmpty()) notes << told;
     writeNotes(2, notes);
@@ -89,18 +99,36 @@ bool GedcomWriter::canBeLinked(const Link& link)
     return link.isThere && !withheld_.contains(link.number);
 }
 
-// In 5.5.1 the note below a place would be of the place itself, so what it has no room for stands at the event.
+// In 5.5.1 the note below a place is of the place itself: one record for each place has its code, and what the place
+// has no room for stands at the event.
 QString GedcomWriter::writePlace(const parish::Place& place)
 {
     if (!place.isKnown()) return {};
     const QString whole = places_.hierarchy(place);
     const bool fits = lines_.text(2, "PLAC", whole);
-    if (!lines_.is551()) {
-        lines_.text(3, "EXID", place.level + place.code);
+    const QString code = place.level + place.code;
+    if (lines_.is551()) {
+        const auto known = placeNotes_.constFind(code);
+        const qsizetype number = known == placeNotes_.constEnd() ? placeNotes_.size() + 1 : *known;
+        if (known == placeNotes_.constEnd()) placeNotes_.insert(code, number);
+        lines_.pointer(3, "NOTE", 'N' + QByteArray::number(number));
+    } else {
+        lines_.text(3, "EXID", code);
         lines_.text(4, "TYPE", placeCodeType);
     }
     if (!fits) ++counts_.shortened;
     return fits ? QString() : whole;
+}
+
+void GedcomWriter::writePlaceNotes()
+{
+    QStringList codes(placeNotes_.size());
+    for (auto one = placeNotes_.constBegin(); one != placeNotes_.constEnd(); ++one)
+        codes[*one - 1] = one.key();
+    for (qsizetype i = 0; i < codes.size(); ++i) {
+        const QByteArray record = "@N" + QByteArray::number(i + 1) + "@ NOTE";
+        lines_.memo(0, record.constData(), placeCodeWords + codes[i].simplified());
+    }
 }
 
 void GedcomWriter::writeAssociation(int level, const Association& association)

@@ -101,15 +101,15 @@ private:
     void writePerson(const PersonCard& card, OfPeople& rows);
     void writeName(const PersonCard& card);
     void writeBirth(const PersonCard& card, OfPeople& rows);
-    void writeDeath(const PersonCard& card, OfPeople& rows);
+    void writeDeath(const PersonCard& card, OfPeople& rows, const QStringList& suffrages);
     void writeTold(const PersonCard& card);
     void writeDated(const PersonCard& card, OfPeople& rows);
-    void writeWill(const PersonCard& card, OfPeople& rows);
+    Event willOf(const PersonCard& card, OfPeople& rows) const;
     void writeFamilyLinks(const PersonCard& card, OfPeople& rows);
     std::vector<Association> baptismAssociations(const PersonCard& card, OfPeople& rows);
     QStringList suffragesOf(const PersonCard& card, OfPeople& rows) const;
     void keepMarriageAssociations(const PersonCard& card, OfPeople& rows);
-    void writeKeptAssociations(); // what 5.5.1 has for a person alone
+    void writeKeptAssociations(); // those of the events, with the person
 
     // A family.
     struct OfFamilies;
@@ -127,9 +127,11 @@ private:
     Association priest(const Link& who, parish::Code function) const;
     Event residenceAt(const jet::Rows& row) const; // the same
     void write(const Event& event);
+    QByteArray tagOf(const Event& event) const;
     void writeFact(const char* type, const QString& text, const QByteArray& date = {});
     void writeFamilyFact(const char* type, const QString& text, const QByteArray& date = {});
     QString writePlace(const parish::Place& place); // what a note has to tell of it
+    void writePlaceNotes();
     void writeAssociation(int level, const Association& association);
     void writeSource(const Event& event);
     void writePicture(int level, const Picture& picture);
@@ -150,10 +152,11 @@ private:
     QString folder_;                               // of the BDP
     parish::Home home_ = {};
     parish::Catalogue catalogue_ = {};
-    QSet<qint64> withheld_ = {};
+    QSet<qint64> withheld_ = {}, withheldFamilies_ = {}; // who may be alive, and the couples with one of them
     GedcomCounts counts_ = {};
     std::vector<std::pair<Association, QString>> kept_ = {}; // of the person at hand, with the act
     std::vector<Picture> pictures_ = {};                     // of the record at hand
+    QHash<QString, qsizetype> placeNotes_ = {};              // in 5.5.1, by letter and code: the number of its note
     qint64 all_ = 1, done_ = 0;
 };
 

@@ -107,9 +107,10 @@ PackageJson schemaOf(const TableInfo& table, const std::vector<const TableColumn
             field["constraints"] = constraints;
         fields.push_back(field);
         if (column->hasLabel()) fields.push_back(labelOf(*column));
-        if (tables.contains(column->table))
-            foreign.push_back({{"fields", utf8(column->name)},
-                               {"reference", {{"resource", utf8(column->table)}, {"fields", utf8(column->key)}}}});
+        if (!tables.contains(column->table)) continue;
+        const QString other = column->table == table.name ? QString() : column->table; // "" is the resource itself
+        foreign.push_back({{"fields", utf8(column->name)},
+                           {"reference", {{"resource", utf8(other)}, {"fields", utf8(column->key)}}}});
     }
     PackageJson schema{{"fields", fields}, {"missingValues", PackageJson::array({""})}};
     schema["primaryKey"] = namesOf(table.key.isEmpty() ? QStringList{placeColumn} : table.key);

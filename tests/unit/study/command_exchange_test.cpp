@@ -66,6 +66,39 @@ TEST_F(TheExportOfAParish, TakesTheDaysThatTheNotesTell)
     EXPECT_TRUE(bytes().contains("1 CHR\n2 DATE 10 MAR 1750\n")) << bytes().constData();
 }
 
+TEST_F(TheExportOfAParish, TakesTheDatesOfTheCardsForWhatTheUserSays)
+{
+    const QStringList order{"exportar", "gedcom", path(), target()};
+    ASSERT_EQ(orv(order + QStringList{"--datas", "birt"}), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("1 BIRT\n2 DATE 10 MAR 1750\n"));
+    EXPECT_FALSE(bytes().contains("1 CHR"));
+    ASSERT_EQ(orv(order + QStringList{"--datas", "bapm"}), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("1 BIRT\n2 DATE ABT 10 MAR 1750\n"));
+    EXPECT_TRUE(bytes().contains("1 BAPM\n2 DATE 10 MAR 1750\n"));
+    ASSERT_EQ(orv(order + QStringList{"--datas", "chr"}), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("1 CHR\n2 DATE 10 MAR 1750\n"));
+    EXPECT_EQ(orv(order + QStringList{"--datas", "todas"}), wrongUsage);
+    EXPECT_TRUE(err_.startsWith("As datas são chr, bapm ou birt, e não \"todas\".")) << qPrintable(err_);
+}
+
+TEST_F(TheExportOfAParish, HasWhoStoodByTwiceWhereThatWasAsked)
+{
+    person({"Inês", 'f', "1700-01-02"});
+    run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) "
+        "values ('b', 1, '1750-03-10', 2, 'p')");
+    const QStringList order{"exportar", "gedcom", path(), target()};
+    ASSERT_EQ(orv(order), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("\n1 ASSO @I2@\n2 RELA Godparent\n"));
+    EXPECT_FALSE(bytes().contains("_ASSO"));
+    ASSERT_EQ(orv(order + QStringList{"--associacoes"}), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("\n2 _ASSO @I2@\n3 RELA Godparent\n"));
+    ASSERT_EQ(orv(order + QStringList{"--versao", "7.0"}), done) << qPrintable(err_);
+    EXPECT_FALSE(bytes().contains("\n1 ASSO"));
+    ASSERT_EQ(orv(order + QStringList{"--versao", "7.0", "--associacoes"}), done) << qPrintable(err_);
+    EXPECT_TRUE(bytes().contains("\n1 ASSO @I2@\n2 ROLE GODP\n"));
+    EXPECT_TRUE(bytes().contains("\n2 ASSO @I2@\n3 ROLE GODP\n"));
+}
+
 TEST_F(TheExportOfAParish, WritesNothingWhereItIsInterruptedOrRefused)
 {
     EXPECT_EQ(orv({"exportar", "gedcom", path(), target()}, false), refused);

@@ -240,11 +240,81 @@ TEST_F(GedcomOfAParish, HasWhatHangsOnAPerson)
     EXPECT_EQ(heir.pointer, "@I3@");
     EXPECT_EQ(below(heir, "ROLE").text("PHRASE"), "Herdeiro");
     EXPECT_EQ(heir.text("NOTE"), "Bens de raiz: A eira");
-    EXPECT_EQ(below(rui, "DEAT").text("NOTE"),
-              "Missas: tipo: Rezada; quantidade: 9; valor de cada: 50,50; moeda: réis");
+    const QString masses = "Missas: tipo: Rezada; quantidade: 9; valor de cada: 50,50; moeda: réis";
+    EXPECT_EQ(below(rui, "WILL").text("NOTE"), masses);
+    EXPECT_FALSE(rui.first("DEAT")) << "nothing tells of it";
     EXPECT_EQ(rui.text("REFN"), "1");
     options_.version = GedcomVersion::V551;
     EXPECT_TRUE(record("@I1@").first("_UID"));
+    run("update individuo set testam = 0 where nind = 1");
+    run("delete from legadosprofanos");
+    EXPECT_FALSE(record("@I1@").first("WILL"));
+    EXPECT_EQ(below(record("@I1@"), "DEAT").text("NOTE"), masses) << "there is no will to tell of them";
+}
+
+TEST_F(GedcomOfAParish, HasFactsWithADayAsEventsIn551)
+{
+    run("update individuo set inicioobs = '1750-03-10', estadoobito = 3, filiacao = 6 where nind = 3");
+    run("insert into assinatura (nind, idassinatura, dataref, datafixa, idade, nivelassinatura, assinatura) "
+        "values (3, 1, '1770-03-10', 1, 20, 3, 'a.jpg'), (3, 2, null, null, null, 1, null)");
+    EXPECT_EQ(factOf(record("@I3@"), "Observação"), "Em observação");
+    EXPECT_TRUE(record("@I3@").all("EVEN").isEmpty());
+    options_.version = GedcomVersion::V551;
+    const Structure eva = record("@I3@");
+    EXPECT_EQ(factOf(eva, "Assinatura", "EVEN"), "Assina, nível 3");
+    EXPECT_EQ(factOf(eva, "Assinatura"), "Assina, nível 1") << "of no day";
+    EXPECT_EQ(factOf(eva, "Observação", "EVEN"), "Em observação");
+    EXPECT_EQ(factOf(eva, "Estado civil ao óbito"), "Viúvo");
+    EXPECT_EQ(factOf(eva, "Filiação"), "Exposto");
+    for (const Structure& fact : eva.all("FACT"))
+        EXPECT_TRUE(!fact.first("DATE") && !fact.first("AGE") && !fact.first("OBJE")) << fact.line;
+}
+
+TEST_F(GedcomOfAParish, HasAllOfANameAndItsTitlesInItsPieces)
+{
+    run("update individuo set nome = 'Padre Domingos Exposto', titulo = 'Dom' where nind = 3");
+    const Structure name = below(record("@I3@"), "NAME");
+    EXPECT_EQ(name.value, "Padre Domingos Exposto //");
+    EXPECT_EQ(name.text("GIVN"), "Domingos Exposto") << "some readers take the pieces alone";
+    EXPECT_EQ(name.text("NPFX"), "Dom Padre");
+    run("update individuo set titulo = 'padre' where nind = 3");
+    EXPECT_EQ(below(record("@I3@"), "NAME").text("NPFX"), "Padre") << "once";
+}
+
+TEST_F(GedcomOfAParish, HasTheCodeOfAPlaceOnceIn551)
+{
+    options_.version = GedcomVersion::V551;
+    run("update individuo set localnasc = '010102', tipolocalnasc = 'F'");
+    run("update familia set localcasam = '0203', tipolocalcasam = 'C'");
+    const Structure place = below(below(record("@I3@"), "CHR"), "PLAC");
+    EXPECT_EQ(below(place, "NOTE").pointer, "@N1@");
+    EXPECT_EQ(record("@N1@").value, "Código do lugar no ORV: F010102");
+    EXPECT_EQ(below(below(below(record("@F1@"), "MARR"), "PLAC"), "NOTE").pointer, "@N2@");
+    EXPECT_EQ(record("@N2@").value, "Código do lugar no ORV: C0203");
+    EXPECT_EQ(file().all("NOTE").size(), 2);
+}
+
+TEST_F(GedcomOfAParish, HasAssociationsTwiceWhereThatWasAsked)
+{
+    assists(child_, person({"Inês", 'f', "1700-01-02"}), 'b', 'p');
+    EXPECT_TRUE(record("@I3@").all("ASSO").isEmpty());
+    options_.associationsOfPeople = true;
+    const Structure eva = record("@I3@");
+    EXPECT_EQ(below(eva, "CHR").all("ASSO").size(), 1);
+    const Structure godmother = below(eva, "ASSO");
+    EXPECT_EQ(godmother.pointer, "@I4@");
+    EXPECT_EQ(godmother.text("ROLE"), "GODP");
+    EXPECT_EQ(godmother.text("NOTE"), "Madrinha do baptismo\nParentesco: Tio paterno");
+}
+
+TEST_F(GedcomOfAParish, HasItsSourcesBeforeWhoCitesThem)
+{
+    for (const GedcomVersion version : {GedcomVersion::V70, GedcomVersion::V551}) {
+        options_.version = version;
+        const gedcom::File all = file();
+        for (const char* const source : {"@S1@", "@S2@", "@S3@"})
+            EXPECT_LT(all.places.value(source), all.places.value("@I1@"));
+    }
 }
 
 TEST_F(GedcomOfAParish, HasThePlaceWithItsHierarchyAndCode)
@@ -316,6 +386,20 @@ TEST_F(GedcomOfAParish, LeavesOutWhoMayBeAlive)
     EXPECT_TRUE(file().record("@I6@")) << "nobody stays out";
 }
 
+TEST_F(GedcomOfAParish, TellsNothingOfTheMarriageOfWhoMayBeAlive)
+{
+    const qint64 wife = person({"Morta", 'f', "1950-01-01", "1999-01-01"}),
+                 husband = person({"Novo", 'm', "1948-01-01"});
+    const qint64 family = couple(husband, wife, "1980-01-01");
+    assists(family, 1, 'c', 't');
+    run("update familia set primpadrecasam = 1 where nfamilia = ?", {family});
+    options_.version = GedcomVersion::V551;
+    EXPECT_TRUE(record("@I4@").all("ASSO").isEmpty());
+    EXPECT_EQ(counts_.withheldFamilies, 1);
+    options_.limitYears = 0;
+    EXPECT_EQ(record("@I4@").all("ASSO").size(), 2);
+}
+
 TEST_F(GedcomOfAParish, CountsLinksThatLeadNowhere)
 {
     assists(child_, 999, 'b', 'p');
@@ -341,6 +425,8 @@ TEST_F(GedcomOfAParish, KeepsTheWholeOfWhat551HasNoRoomFor)
     EXPECT_TRUE(below(eva, "DEAT").text("NOTE").contains("Causa: " + QString(200, u'c')));
     EXPECT_TRUE(below(eva, "DEAT").text("NOTE").contains("Ficheiro: imagens/"));
     EXPECT_EQ(counts_.shortened, 2);
+    run("update individuo set nome = ? where nind = 3", {QString(50, QChar(0x6F22)) + " da " + QString(40, u'@')});
+    EXPECT_EQ(below(record("@I3@"), "NAME").value.count(u'/'), 2) << "each @ is two";
     run("update individuo set rpObi = 'imagens/b.JPG' where nind = 3");
     const Structure picture = below(below(below(record("@I3@"), "DEAT"), "SOUR"), "OBJE");
     EXPECT_EQ(picture.text("FILE"), "imagens/b.JPG");

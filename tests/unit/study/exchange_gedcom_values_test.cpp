@@ -76,6 +76,8 @@ TEST(NamesInGedcom, AreAsTranscribedWithWhatStandsAroundThem)
     EXPECT_EQ(name.particle, "da");
     EXPECT_EQ(name.surname, "Silva e Sousa") << "one string";
     EXPECT_EQ(name.titles, QStringList{"Dona"});
+    EXPECT_EQ(gedcomName("Domingos Exposto", table()).given, "Domingos Exposto");
+    EXPECT_EQ(gedcomName("Ana Maria, a Moça", table()).given, "Ana Maria, a Moça");
 }
 
 TEST(PlacesInGedcom, HaveAllLevelsTheSmallestFirst)
@@ -101,6 +103,8 @@ TEST(NumbersInGedcom, AreTheSameForTheSameRecordOfTheParish)
     EXPECT_NE(uid, uidOf(home, "nind", 13));
     EXPECT_NE(uid, uidOf(home, "nfamilia", 12));
     EXPECT_NE(uid, uidOf({"030898", "São Mamede"}, "nind", 12));
+    EXPECT_EQ(uid, uidOf({"030899", "S. Mamede"}, "nind", 12)) << "a name is written in many ways";
+    EXPECT_NE(uidOf({"", "São Mamede"}, "nind", 12), uidOf({"", "Tabuadelo"}, "nind", 12)) << "there is no code";
     EXPECT_EQ(QUuid::fromString(QString(uid)).version(), QUuid::Sha1);
 }
 

@@ -1,4 +1,5 @@
 #include "study/exchange_tables.h"
+#include "study/packageRules.h"
 
 #include "platform/desktop/desktop.h"
 #include "platform/jet/nativesql.h"
@@ -176,18 +177,27 @@ bool isMissing(const QString& cell)
     return cell.isEmpty() || cell == "\"\"";
 }
 
-bool fits(const QString& cell, const QJsonObject& field)
+bool isDate(const QString& cell, const QString& format)
 {
-    static const QRegularExpression whole("^-?\\d+$"), number("^-?\\d+(\\.\\d+)?(e[+-]?\\d+)?$"),
-        date("^\\d{4}-\\d{2}-\\d{2}$");
+    static const QRegularExpression iso("^\\d{4}-\\d{2}-\\d{2}$"), ours("^\\d{2}/\\d{2}/\\d{4}$");
+    if (format == "default") return iso.match(cell).hasMatch() && QDate::fromString(cell, Qt::ISODate).isValid();
+    return format == "%d/%m/%Y" && ours.match(cell).hasMatch() && QDate::fromString(cell, "dd/MM/yyyy").isValid();
+}
+
+bool fits(QString cell, const QJsonObject& field)
+{
+    static const QRegularExpression whole("^-?\\d+$"), number("^-?\\d+(\\.\\d+)?(e[+-]?\\d+)?$");
     const QString type = field["type"].toString();
     if (type == "string") return true;
     if (type == "integer") return whole.match(cell).hasMatch();
+    if (field.contains("decimalChar")) {
+        if (cell.contains(u'.')) return false;
+        cell.replace(field["decimalChar"].toString(), ".");
+    }
     if (type == "number") return number.match(cell).hasMatch();
     if (type == "boolean")
         return field["trueValues"].toArray().contains(cell) || field["falseValues"].toArray().contains(cell);
-    return type == "date" && field["format"] == "default" && date.match(cell).hasMatch() &&
-           QDate::fromString(cell, Qt::ISODate).isValid();
+    return type == "date" && isDate(cell, field["format"].toString("default"));
 }
 
 QStringList namesIn(const QJsonValue& value)
@@ -202,7 +212,7 @@ QStringList namesIn(const QJsonValue& value)
 class Check
 {
 public:
-    explicit Check(const QString& folder) : folder_(folder) {}
+    Check(const QString& folder, bool ours) : folder_(folder), ours_(ours) {}
 
     QStringList run()
     {
@@ -241,13 +251,19 @@ private:
                    "sha256:" + QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex()),
                name + ": the hash");
         expect(resource["encoding"] == "utf-8" && bytes.isValidUtf8(), name + ": the encoding");
-        QList<QStringList> rows = cells(bytes);
+        const QJsonObject dialect = resource["dialect"].toObject();
+        static const QByteArray mark = "\xEF\xBB\xBF";
+        const QByteArray text = bytes.startsWith(mark) ? bytes.mid(mark.size()) : bytes;
+        QList<QStringList> rows = cells(text, dialect["delimiter"].toString(",").at(0).toLatin1());
+        const bool isCrLf = dialect["lineTerminator"] == "\r\n";
+        expect(isCrLf == text.endsWith("\r\n"), name + ": the ends of the lines");
         const QStringList header = rows.takeFirst();
         const QJsonArray fields = resource["schema"]["fields"].toArray();
         QStringList names;
         for (const QJsonValue field : fields) {
             names << field["name"].toString();
-            expect(field["description"].isString() && field["description_en"].isString(), name + ": a description");
+            expect(!ours_ || (field["description"].isString() && field["description_en"].isString()),
+                   name + ": a description");
         }
         expect(names == header, name + ": the headings");
         for (int i = 0; i < int(fields.size()); ++i)
@@ -287,7 +303,8 @@ private:
 
     void checkKey(const QString& name, const QStringList& key)
     {
-        expect(!key.isEmpty(), name + ": no key");
+        expect(!ours_ || !key.isEmpty(), name + ": no key");
+        if (key.isEmpty()) return;
         QSet<QStringList> seen;
         for (const QStringList& row : std::as_const(rows_[name])) {
             const QStringList value = tuple(name, row, key);
@@ -302,7 +319,7 @@ private:
     {
         const QString name = resource["name"].toString();
         for (const QJsonValue key : resource["schema"]["foreignKeys"].toArray()) {
-            const QString other = key["reference"]["resource"].toString();
+            const QString told = key["reference"]["resource"].toString(), other = told.isEmpty() ? name : told;
             QSet<QStringList> known;
             for (const QStringList& row : std::as_const(rows_[other]))
                 known.insert(tuple(other, row, namesIn(key["reference"]["fields"])));
@@ -315,6 +332,7 @@ private:
     }
 
     QString folder_;
+    bool ours_; // all tables of a BDP: with keys, in two languages
     QStringList faults_;
     QMap<QString, QList<QStringList>> rows_;
     QMap<QString, QStringList> headers_;
@@ -324,7 +342,12 @@ private:
 
 QStringList faultsOf(const QString& folder)
 {
-    return Check(folder).run();
+    return package::faultsOf(contentOf(QDir(folder).filePath("datapackage.json"))) + Check(folder, true).run();
+}
+
+QStringList faultsOfAny(const QString& folder)
+{
+    return package::faultsOf(contentOf(QDir(folder).filePath("datapackage.json"))) + Check(folder, false).run();
 }
 
 } // namespace exchanged

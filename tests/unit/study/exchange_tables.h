@@ -48,7 +48,10 @@ QStringList everything(const QString& bdp);
 QList<QStringList> cells(const QByteArray& csv, char separator = ',');
 
 // What isn't as datapackage.json tells it, of all files of the folder: types, formats, required and unique cells,
-// words, keys, foreign keys, bytes and hashes, names and paths. [] for nothing. Of the standard dialect.
+// words, keys, foreign keys, bytes and hashes, names and paths; and what of it is against the published rules
+// (packageRules.h). [] for nothing.
 QStringList faultsOf(const QString& folder);
+// The same of the tables of a report, which have no keys and one language.
+QStringList faultsOfAny(const QString& folder);
 
 } // namespace exchanged

@@ -2,6 +2,7 @@
 
 #include "study/gedcomStructures.h"
 
+#include <QDate>
 #include <QHash>
 #include <QRegularExpression>
 
@@ -55,12 +56,33 @@ const QString& dateWords()
     return date;
 }
 
+// Each day that is told is one of its month, of the proleptic Gregorian calendar.
+bool hasRealDays(const QString& text)
+{
+    static const QRegularExpression day("(\\d+) ([A-Z]{3}) (\\d+)");
+    static const QStringList months = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                                       "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+    for (auto each = day.globalMatch(text); each.hasNext();) {
+        const auto one = each.next();
+        const auto month = static_cast<int>(months.indexOf(one.captured(2))) + 1;
+        if (month > 0 && !QDate::isValid(one.captured(3).toInt(), month, one.captured(1).toInt())) return false;
+    }
+    return true;
+}
+
+bool isPeriod(const QString& text)
+{
+    const QString& day = dateWords();
+    static const QRegularExpression form("^(?:FROM " + day + "(?: TO " + day + ")?|TO " + day + ")$");
+    return form.match(text).hasMatch() && hasRealDays(text);
+}
+
 bool isDate(const QString& text)
 {
     const QString& day = dateWords();
     static const QRegularExpression form("^(?:" + day + "|(?:ABT|CAL|EST|BEF|AFT) " + day + "|BET " + day + " AND " +
                                          day + "|FROM " + day + "(?: TO " + day + ")?|TO " + day + ")$");
-    return form.match(text).hasMatch();
+    return form.match(text).hasMatch() && hasRealDays(text);
 }
 
 bool matches(const QString& text, const char* pattern)
@@ -86,6 +108,9 @@ bool fits(const Structure& one, const QString& payload)
     if (type == "text") return true;
     if (type == "int") return matches(one.value, "\\d+");
     if (type == "date") return isDate(one.value);
+    if (type == "period") return isPeriod(one.value);
+    if (type == "exact") return matches(one.value, "\\d+ [A-Z]{3} \\d+") && isDate(one.value);
+    if (type == "lang") return matches(one.value, "[A-Za-z]{2,3}(?:-[A-Za-z0-9]{2,8})*");
     if (type == "age") return matches(one.value, "(?:[<>] ?)?\\d+y(?: \\d+m)?(?: \\d+d)?");
     if (type == "name") return matches(one.value, "[^/]*(?:/[^/]*/[^/]*)?") && !one.value.trimmed().isEmpty();
     if (type == "places") return one.value.count(u',') == 5;
@@ -110,8 +135,11 @@ public:
             tagOf_.insert(record.xref, record.tag);
         if (file_.records.isEmpty() || file_.records.first().tag != "HEAD" || file_.records.last().tag != "TRLR")
             problems_ << "linha 1: não vai de HEAD a TRLR";
+        for (const char* const once : {"HEAD", "TRLR"})
+            if (file_.all(once).size() > 1) problems_ << QString("%1 está duas vezes").arg(once);
         for (const Structure& record : file_.records) {
-            if (!rules_.contains(record.tag)) tell(record, "não é um registo");
+            if (!isRecord(record.tag)) tell(record, "não é um registo");
+            checkHead(record);
             checkBelow(record, record.tag);
         }
         for (const Structure& record : file_.records)
@@ -125,15 +153,33 @@ private:
         problems_ << QString("linha %1: %2 %3: %4").arg(at.line).arg(QString(at.tag), at.value.left(40), what);
     }
 
+    bool isRecord(const QByteArray& tag) const
+    {
+        static const QList<QByteArray> both = {"HEAD", "FAM", "INDI", "OBJE", "REPO", "SOUR", "SUBM", "TRLR"};
+        return both.contains(tag) || tag == (is551_ ? "NOTE" : "SNOTE");
+    }
+
+    // The line of a record: a number where others can lead to it, and a text of a note alone.
+    void checkHead(const Structure& record)
+    {
+        const bool isEnd = record.tag == "HEAD" || record.tag == "TRLR";
+        const bool isNote = record.tag == (is551_ ? "NOTE" : "SNOTE");
+        if (isEnd != record.xref.isEmpty()) tell(record, isEnd ? "tem um número" : "não tem número");
+        if (record.xref == "@VOID@") tell(record, "não se pode chamar assim");
+        if (!isNote && !(record.value.isEmpty() && record.pointer.isEmpty())) tell(record, "tem um valor");
+    }
+
     void checkBelow(const Structure& above, const QString& context)
     {
         const auto allowed = rules_.value(context);
         QHash<QByteArray, int> times;
         for (const Structure& one : above.below) {
-            if (one.tag.startsWith('_')) {
-                if (!is551_) tell(one, "não está no esquema");
+            if (one.tag.startsWith('_') && !is551_) {
+                tell(one, "não está no esquema");
                 continue;
             }
+            if (!one.xref.isEmpty()) tell(one, "só um registo tem um número");
+            if (!is551_ && one.value == "OTHER" && !one.first("PHRASE")) tell(one, "falta PHRASE");
             ++times[one.tag];
             const Rule* rule = nullptr;
             const QList<Rule> possible = allowed.value(one.tag);
@@ -235,6 +281,7 @@ private:
             one.value = unescaped(value, number);
         if (tag == "CONT" || tag == "CONC") {
             if (tag == "CONC" && !is551_) tell(number, "CONC não é da versão 7");
+            if (!xref.isEmpty()) tell(number, "só um registo tem um número");
             Structure& above = place(level);
             above.value += (tag == "CONT" ? "\n" : "") + one.value;
             if (!above.pointer.isEmpty()) tell(number, "continua um apontador");
