@@ -25,7 +25,8 @@ struct Read
     std::string severity;
     std::string output;
     std::string settings, list;
-    std::string version, limit;
+    std::string version, limit, dates; // of GEDCOM
+    bool spreadsheet = false, emptyOrphans = false;
     std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
     bool help = false;
@@ -117,14 +118,16 @@ void addGedcom(CLI::App& command, Read& read, Order& order)
     command.add_option("alvo", read.output)->required();
     command.add_option("--versao", read.version);
     command.add_option("--limite", read.limit);
+    command.add_option("--datas", read.dates);
+    command.add_flag("--associacoes", order.out.associationsOfEvents);
 }
 
 void addTables(CLI::App& command, Read& read, Order& order)
 {
     addBdp(command, read, order);
     command.add_option("pasta", read.output)->required();
-    command.add_flag("--excel", order.spreadsheet);
-    command.add_flag("--sem-orfas", order.emptyOrphans);
+    command.add_flag("--excel", read.spreadsheet);
+    command.add_flag("--sem-orfas", read.emptyOrphans);
 }
 
 void addTablesImport(CLI::App& command, Read& read, Order& order)
@@ -139,6 +142,7 @@ struct Command
 {
     CLI::App* said;
     Order::Work work;
+    QString way; // of an export or an import
 };
 
 std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& exported, Read& read, Order& order)
@@ -150,13 +154,14 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
         const char* name;
         Order::Work work;
         void (*add)(CLI::App&, Read&, Order&);
+        const char* way = ""; // the usual one of several
     };
     const Known all[] = {{&import, "kleio", ImportKleio, addImport},
                          {&import, "tabela", ImportTable, addTableImport},
-                         {&import, "tabelas", ImportTables, addTablesImport},
+                         {&import, "tabelas", Import, addTablesImport, "tabelas"},
                          {&exported, "kleio", ExportKleio, addExport},
-                         {&exported, "gedcom", ExportGedcom, addGedcom},
-                         {&exported, "tabelas", ExportTables, addTables},
+                         {&exported, "gedcom", Export, addGedcom, "gedcom-5.5.1"},
+                         {&exported, "tabelas", Export, addTables, "tabelas"},
                          {&app, "verificar", Check, addCheck},
                          {&app, "contagens", Count, addBdp},
                          {&app, "juntar", Join, addFiles},
@@ -168,7 +173,7 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
                          {&app, "definicoes", Settings, addSettings}};
     std::vector<Command> commands;
     for (const Known& known : all) {
-        commands.push_back({addSubcommand(*known.of, known.name), known.work});
+        commands.push_back({addSubcommand(*known.of, known.name), known.work, known.way});
         known.add(*commands.back().said, read, order);
     }
     return commands;
@@ -217,18 +222,27 @@ QString readWords(const Read& read, Order& order)
 }
 
 // "", or what of the way out isn't understood.
-QString readGedcomWords(const Read& read, Order& order)
+QString readExportWords(const Read& read, Order& order)
 {
     static constexpr int mostYears = 1000;
+    using enum exchange::BirthDates;
+    static const std::map<std::string, exchange::BirthDates> dates{
+        {"", Christenings}, {"chr", Christenings}, {"bapm", Baptisms}, {"birt", Births}};
+    if (read.spreadsheet) order.way = "tabelas-excel";
+    if (read.emptyOrphans) order.out.orphans = exchange::Orphans::Emptied;
     if (read.version == "7.0")
-        order.version = exchange::GedcomVersion::V70;
+        order.way = "gedcom-7.0";
     else if (!read.version.empty() && read.version != "5.5.1")
         return "A versão é 5.5.1 ou 7.0, e não \"" + QString::fromStdString(read.version) + "\".";
+    const auto date = dates.find(read.dates);
+    if (date == dates.end())
+        return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
+    order.out.birthDates = date->second;
     if (read.limit.empty()) return {};
     const QString limit = QString::fromStdString(read.limit);
     bool isNumber = false;
-    order.limitYears = limit.toInt(&isNumber);
-    if (isNumber && order.limitYears >= 0 && order.limitYears <= mostYears) return {};
+    order.out.limitYears = limit.toInt(&isNumber);
+    if (isNumber && order.out.limitYears >= 0 && order.out.limitYears <= mostYears) return {};
     return "O limite é um número de anos, e não \"" + limit + "\".";
 }
 
@@ -273,8 +287,9 @@ QString readArguments(const QStringList& arguments, Order& order)
     const auto command = std::find_if(commands.begin(), commands.end(), isSaid);
     if (command == commands.end()) return "Falta dizer o que fazer.";
     order.work = command->work;
+    order.way = command->way;
     if (order.work == Order::Work::Count) order.files = {order.bdp};
-    if (const QString why = readGedcomWords(read, order); !why.isEmpty()) return why;
+    if (const QString why = readExportWords(read, order); !why.isEmpty()) return why;
     return readWords(read, order);
 }
 
@@ -284,7 +299,8 @@ QString helpText()
   orv-estudo importar kleio FICHEIRO… --bdp PAROQUIA.orv [opções]
   orv-estudo importar tabela FICHEIRO… --bdp PAROQUIA.orv [--colunas COLUNAS.json] [opções]
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
-  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS]
+  orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS] [--datas chr|bapm|birt]
+                             [--associacoes]
   orv-estudo exportar tabelas PAROQUIA.orv PASTA [--excel] [--sem-orfas]
   orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
@@ -315,6 +331,9 @@ programa pode tê-la aberta.
   --versao             5.5.1, que quase todos lêem, se nada for dito; ou 7.0, que diz mais
   --limite             quem pode estar vivo não vai: nascido há menos de ANOS (110, se nada for dito) e sem
                        óbito; 0 leva todos
+  --datas              as datas que podem ser do nascimento ou do baptismo vão como baptismo (chr, se nada for
+                       dito), como baptismo à parte do nome (bapm), ou como nascimento (birt)
+  --associacoes        em 5.5.1, quem assistiu a um acto vai também no acto (_ASSO)
 Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua descrição (datapackage.json). O que
 não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.
   --excel              para o Excel em português: ";", vírgula decimal, datas dd/mm/aaaa
