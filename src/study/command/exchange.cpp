@@ -15,7 +15,7 @@ namespace {
 
 // The mark of the file is taken while the way holds its state. The file is closed behind the connection: closing it
 // gives up the locks of the process.
-exchange::Told written(const exchange::WayOut& way, const Order& order, const std::function<bool()>& goesOn)
+exchange::Exchanged written(const exchange::WayOut& way, const Order& order, const std::function<bool()>& goesOn)
 {
     QFile file(QFileInfo(order.bdp).absoluteFilePath());
     const bool isOpen = file.open(QIODevice::ReadOnly);
@@ -57,7 +57,7 @@ int runExport(const Order& order, QTextStream& out, QTextStream& err, const std:
 {
     return ended(
         [&] {
-            const exchange::Told told = written(*exchange::wayOut(order.way), order, goesOn);
+            const exchange::Exchanged told = written(*exchange::wayOut(order.way), order, goesOn);
             for (const QString& line : told.lines)
                 out << line << '\n';
             tell(told.warnings, order.output, "aviso: ", err);
@@ -71,8 +71,9 @@ int runImport(const Order& order, QTextStream& out, QTextStream& err, const std:
     return ended(
         [&] {
             const QString source = order.files.first();
-            const exchange::Told told = readIn(*exchange::wayIn(order.way), {source, order.bdp, order.rehearse},
-                                               [&](double) { return goesOn(); });
+            const exchange::Exchanged told =
+                readIn(*exchange::wayIn(order.way), nullptr, {source, order.bdp, order.rehearse},
+                       [&](double) { return goesOn(); });
             tell(told.warnings, source, "aviso: ", err);
             tell(told.errors, source, {}, err);
             if (!told.errors.empty()) {

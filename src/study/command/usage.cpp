@@ -331,8 +331,8 @@ programa pode tê-la aberta.
   --versao             5.5.1, que quase todos lêem, se nada for dito; ou 7.0, que diz mais
   --limite             quem pode estar vivo não vai: nascido há menos de ANOS (110, se nada for dito) e sem
                        óbito; 0 leva todos
-  --datas              as datas que podem ser do nascimento ou do baptismo vão como baptismo (chr, se nada for
-                       dito), como baptismo à parte do nome (bapm), ou como nascimento (birt)
+  --datas              as datas que podem ser do nascimento ou do baptismo vão como baptismo de criança (chr, se
+                       nada for dito), como baptismo de qualquer idade (bapm), ou como nascimento (birt)
   --associacoes        em 5.5.1, quem assistiu a um acto vai também no acto (_ASSO)
 Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua descrição (datapackage.json). O que
 não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.

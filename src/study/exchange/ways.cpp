@@ -32,7 +32,8 @@ daysOf(const jet::Connection& bdp)
     };
 }
 
-Told writeGedcomFile(GedcomVersion version, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+Exchanged writeGedcomFile(GedcomVersion version, const jet::Connection& bdp, const OutOrder& order,
+                          const GoesOn& goesOn)
 {
     GedcomOptions options{.version = version,
                           .birthDates = order.options.birthDates,
@@ -42,7 +43,7 @@ Told writeGedcomFile(GedcomVersion version, const jet::Connection& bdp, const Ou
     options.programVersion = report::programName().section(' ', -1);
     options.days = daysOf(bdp);
     const GedcomCounts counts = exportGedcom(bdp, order.target, options, goesOn);
-    Told told{.lines = {QString("Pessoas: %1; famílias: %2.").arg(counts.people).arg(counts.families)}};
+    Exchanged told{.lines = {QString("Pessoas: %1; famílias: %2.").arg(counts.people).arg(counts.families)}};
     if (counts.withheldPeople > 0)
         told.lines << QString("Podem estar vivas e não foram: %1 pessoas.").arg(counts.withheldPeople);
     if (counts.lostLinks > 0)
@@ -52,12 +53,12 @@ Told writeGedcomFile(GedcomVersion version, const jet::Connection& bdp, const Ou
     return told;
 }
 
-Told writeGedcom551(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+Exchanged writeGedcom551(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
 {
     return writeGedcomFile(GedcomVersion::V551, bdp, order, goesOn);
 }
 
-Told writeGedcom70(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+Exchanged writeGedcom70(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
 {
     return writeGedcomFile(GedcomVersion::V70, bdp, order, goesOn);
 }
@@ -79,7 +80,7 @@ parish::Source sourceOf(const OutOrder& order)
     return source;
 }
 
-Told writeTables(Dialect dialect, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+Exchanged writeTables(Dialect dialect, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
 {
     const TablesWritten all = exportTables(bdp, order.target,
                                            {.dialect = dialect,
@@ -87,7 +88,7 @@ Told writeTables(Dialect dialect, const jet::Connection& bdp, const OutOrder& or
                                             .program = report::programName(),
                                             .source = sourceOf(order),
                                             .goesOn = goesOn});
-    Told told{.lines = linesOf(all.tables)};
+    Exchanged told{.lines = linesOf(all.tables)};
     if (all.apart > 0) told.lines << QString("Células em problemas.csv: %1.").arg(all.apart);
     if (all.emptied > 0)
         told.lines << QString("Números que não levam a nenhum registo e ficaram vazios: %1.").arg(all.emptied);
@@ -96,12 +97,12 @@ Told writeTables(Dialect dialect, const jet::Connection& bdp, const OutOrder& or
     return told;
 }
 
-Told writeStandardTables(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+Exchanged writeStandardTables(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
 {
     return writeTables(Dialect::Standard, bdp, order, goesOn);
 }
 
-Told writeSpreadsheets(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+Exchanged writeSpreadsheets(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
 {
     return writeTables(Dialect::Spreadsheet, bdp, order, goesOn);
 }
@@ -115,10 +116,10 @@ std::vector<Remark> remarksOf(const std::vector<TableProblem>& problems)
     return remarks;
 }
 
-Told readTables(const InOrder& order, const GoesOn& goesOn)
+Exchanged readTables(jet::Connection*, const InOrder& order, const GoesOn& goesOn)
 {
     const TablesRead all = importTables(order.source, order.bdp, order.rehearse, goesOn);
-    Told told{.warnings = remarksOf(all.warnings), .errors = remarksOf(all.errors)};
+    Exchanged told{.warnings = remarksOf(all.warnings), .errors = remarksOf(all.errors)};
     if (!all.errors.empty()) return told;
     told.lines = linesOf(all.tables);
     if (all.referenceData) told.lines << "Locais, códigos e profissões: os do programa.";
@@ -219,7 +220,7 @@ const WayOut* wayOut(const QString& name)
     return named(waysOut(), name);
 }
 
-Told writeOut(const WayOut& way, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+Exchanged writeOut(const WayOut& way, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
 {
     requireOtherThanTheBdp(order);
     const jet::OneLook look(bdp);
@@ -253,7 +254,7 @@ const std::vector<WayIn>& waysIn()
          "mesmos "
          "nomes e colunas. Delas se faz uma BDP nova; sem tabelas de locais, de códigos e de profissões, estes são os "
          "do programa.",
-         Place::Folder, "", readTables},
+         Place::Folder, "", Into::NewBdp, readTables},
     };
     return all;
 }
@@ -263,9 +264,9 @@ const WayIn* wayIn(const QString& name)
     return named(waysIn(), name);
 }
 
-Told readIn(const WayIn& way, const InOrder& order, const GoesOn& goesOn)
+Exchanged readIn(const WayIn& way, jet::Connection* open, const InOrder& order, const GoesOn& goesOn)
 {
-    return way.run(order, goesOn);
+    return way.run(open, order, goesOn);
 }
 
 } // namespace study::exchange

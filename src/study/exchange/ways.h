@@ -25,13 +25,13 @@ struct Remark
 QString textOf(const Remark& remark); // "individuo.csv:12: …"
 
 // What came of a way, in Portuguese.
-struct Told
+struct Exchanged
 {
     QStringList lines = {}; // what was written
     std::vector<Remark> warnings = {};
     std::vector<Remark> errors = {}; // of a way in: with one of them nothing was written
 
-    bool operator==(const Told&) const = default;
+    bool operator==(const Exchanged&) const = default;
 };
 
 enum class Place : quint8
@@ -76,7 +76,7 @@ struct WayOut
     Place target;
     const char* suffix; // of a file, without its point; "" of a folder
     std::vector<Choice> choices;
-    Told (*run)(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn);
+    Exchanged (*run)(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn);
 
     bool offers(Choice choice) const;
 };
@@ -87,15 +87,22 @@ const WayOut* wayOut(const QString& name); // null where there is none
 // Writes one state of the BDP, whole or not at all; a folder that isn't there is made. What stands at the target is
 // taken for an earlier export and replaced, or refused where it is something else, with its name.
 // Throws jet::Error, in Portuguese, and Interrupted; the target is then as it was.
-Told writeOut(const WayOut& way, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn = {});
+Exchanged writeOut(const WayOut& way, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn = {});
 
 // "", or what the user is asked before the way writes there, as something stands there already.
 QString questionBefore(const WayOut& way, const QString& target);
 
+// What a way in writes to.
+enum class Into : quint8
+{
+    NewBdp,
+    OpenBdp
+};
+
 struct InOrder
 {
     QString source;
-    QString bdp; // the one to be made
+    QString bdp; // the one to be made, or that is open
     bool rehearse = false;
 
     bool operator==(const InOrder&) const = default;
@@ -108,7 +115,8 @@ struct WayIn
     const char* explanation;
     Place source;
     const char* filter; // of a dialog for the file, as platform/forms/msgbox.h has it; "" of a folder
-    Told (*run)(const InOrder& order, const GoesOn& goesOn);
+    Into into;
+    Exchanged (*run)(jet::Connection* open, const InOrder& order, const GoesOn& goesOn);
 };
 
 const std::vector<WayIn>& waysIn();
@@ -116,6 +124,7 @@ const WayIn* wayIn(const QString& name); // null where there is none
 
 // A rehearsal reads and tells all, and nothing is left of it. Throws jet::Error, in Portuguese, and Interrupted;
 // nothing was written then, nor where there are errors.
-Told readIn(const WayIn& way, const InOrder& order, const GoesOn& goesOn = {});
+// Precondition: `open` is the BDP of a way into an open one, which a rehearsal doesn't write; null otherwise.
+Exchanged readIn(const WayIn& way, jet::Connection* open, const InOrder& order, const GoesOn& goesOn = {});
 
 } // namespace study::exchange
