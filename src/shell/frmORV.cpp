@@ -39,10 +39,10 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
         ui->mnuEditInd->setEnabled(enabled);
         ui->mnuEditFam->setEnabled(enabled);
         ui->mnuManut->setEnabled(enabled);
-        ui->mnuEstudo->setEnabled(enabled);
-        for (QAction* item : {ui->mnuActo, ui->mnuActos, ui->mnuTranscricoes, ui->mnuContradicoes, ui->mnuTipos,
-                              ui->mnuLigacoes, ui->mnuJuntar, ui->mnuDecisoes, ui->mnuIndicadores, ui->mnuRepor})
-            item->setEnabled(enabled);
+        for (QAction* item :
+             {ui->mnuActo, ui->mnuActos, ui->mnuTranscricoes, ui->mnuContradicoes, ui->mnuTipos, ui->mnuLigacoes,
+              ui->mnuJuntar, ui->mnuDecisoes, ui->mnuIndicadores, ui->mnuExportar, ui->mnuRepor})
+            item->setEnabled(enabled); // and tables are imported without any BDP
     });
 }
 
@@ -80,6 +80,8 @@ void FrmORV::connectMenus()
     on(ui->mnuJuntar, &FrmORV::mnuJuntar_Click);
     on(ui->mnuDecisoes, &FrmORV::mnuDecisoes_Click);
     on(ui->mnuIndicadores, &FrmORV::mnuIndicadores_Click);
+    on(ui->mnuExportar, &FrmORV::mnuExportar_Click);
+    on(ui->mnuImportar, &FrmORV::mnuImportar_Click);
     on(ui->mnuRepor, &FrmORV::mnuRepor_Click);
     on(ui->mnuComo, &FrmORV::mnuComo_Click);
     on(ui->mnuTut, &FrmORV::mnuTut_Click);
@@ -284,6 +286,16 @@ void FrmORV::mnuDecisoes_Click()
 void FrmORV::mnuIndicadores_Click()
 {
     guarded([&] { Forms::show("frmIndicadores"); });
+}
+
+void FrmORV::mnuExportar_Click()
+{
+    guarded([&] { Forms::show("frmExportar"); });
+}
+
+void FrmORV::mnuImportar_Click()
+{
+    guarded([&] { Forms::show("frmImportar"); });
 }
 
 // One that is open is loaded anew, as more may have been deleted since.

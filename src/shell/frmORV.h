@@ -49,6 +49,8 @@ private:
     void mnuJuntar_Click();
     void mnuDecisoes_Click();
     void mnuIndicadores_Click();
+    void mnuExportar_Click();
+    void mnuImportar_Click();
     void mnuRepor_Click();
     void mnuComo_Click();
     void mnuTut_Click();

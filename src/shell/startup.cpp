@@ -42,6 +42,8 @@
 #include "study/windows/frmContradicoes.h"
 #include "study/windows/frmDecisoes.h"
 #include "study/windows/frmDefinicoes.h"
+#include "study/windows/frmExportar.h"
+#include "study/windows/frmImportar.h"
 #include "study/windows/frmIndicadores.h"
 #include "study/windows/frmJuntar.h"
 #include "study/windows/frmLigacoes.h"
@@ -126,6 +128,8 @@ void registerForms()
     Forms::add("frmTipos", [] { return new FrmTipos; });
     Forms::add("frmIndicadores", [] { return new FrmIndicadores; });
     Forms::add("frmDefinicoes", [] { return new FrmDefinicoes; });
+    Forms::add("frmExportar", [] { return new FrmExportar; });
+    Forms::add("frmImportar", [] { return new FrmImportar; });
     Forms::add("frmLimites", [] { return new FrmLimites; });
     Forms::add("frmPesos", [] { return new FrmPesos; });
     Forms::add("frmActo", [] { return new FrmActo; });

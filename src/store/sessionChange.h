@@ -9,6 +9,10 @@
 // refuse, with nothing following from their unload, and begins the session anew.
 void clearSession();
 
+// Leaves the BDP in work, which the user was asked about, opens that one with the parish that it has, and shows its
+// family card. Of one that can't be opened, or has no parish, the user is told; no BDP is in work then.
+void changeSession(const QString& bdp);
+
 // What begins anew with a session in higher rooms. The main window registers it.
 void onClearSession(std::function<void()> begin);
 

@@ -459,6 +459,10 @@ QList<Window> made()
                   {"txtFica", "txtOutro", "txtRazao"}, {"cmbQue"})
         << search("indicadores", "frmIndicadores", {"menu mnuIndicadores"}, {"txtNumero", "cmdFechar", {}},
                   {"txtNumero"}, {"cmbRegisto"})
+        << search("exportar", "frmExportar", {"menu mnuExportar"}, {"txtLimite", "cmdFechar", {}},
+                  {"txtLimite", "txtAlvo"}, {"cmbDatas", "chkAssoc"})
+        << search("importar", "frmImportar", {"menu mnuImportar"}, {"txtOrigem", "cmdFechar", {}},
+                  {"txtOrigem", "txtAlvo"}, {})
         << search("mensagem", "frmMail", {"menu mnuAcerca", "click frmAcerca.Command1"}, {"txtTo", "cmdSend", {}},
                   {"txtTo", "txtBody"}, {"cmbAssunto"});
     return all;

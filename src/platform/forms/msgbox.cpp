@@ -87,16 +87,22 @@ Filter parseFilter(const QString& filter)
     return result;
 }
 
-QString chooseFile(QFileDialog::AcceptMode mode, const Filter& filter, const QString& title)
+QString chosenIn(QFileDialog& dialog, const QString& folder)
 {
     const Interruption interruption;
-    QFileDialog dialog(Forms::mainWindow(), title);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    if (!folder.isEmpty()) dialog.setDirectory(folder);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString chooseFile(QFileDialog::AcceptMode mode, const Filter& filter, const QString& title, const QString& folder)
+{
+    QFileDialog dialog(Forms::mainWindow(), title);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setAcceptMode(mode);
     dialog.setFileMode(QFileDialog::AnyFile); // whoever opens a missing file reports it
     dialog.setNameFilters(filter.names);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return chosenIn(dialog, folder);
 }
 
 enum class Default
@@ -145,18 +151,26 @@ bool askWhetherToStore(const QString& text)
     return askWith(Default::Yes, text, Icon::Question, QString::fromLatin1(boxTitle));
 }
 
-QString openFileName(const QString& filter, const QString& title)
+QString openFileName(const QString& filter, const QString& title, const QString& folder)
 {
-    return chooseFile(QFileDialog::AcceptOpen, parseFilter(filter), title);
+    return chooseFile(QFileDialog::AcceptOpen, parseFilter(filter), title, folder);
 }
 
-QString saveFileName(const QString& filter, const QString& title)
+QString saveFileName(const QString& filter, const QString& title, const QString& folder)
 {
     const Filter parsed = parseFilter(filter);
-    QString name = chooseFile(QFileDialog::AcceptSave, parsed, title);
+    QString name = chooseFile(QFileDialog::AcceptSave, parsed, title, folder);
     const bool bare = !name.isEmpty() && !hasSuffix(name.section('/', -1));
     if (bare && !parsed.suffix.isEmpty()) name += '.' + parsed.suffix;
     return name;
+}
+
+QString folderName(const QString& title, const QString& folder)
+{
+    QFileDialog dialog(Forms::mainWindow(), title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return chosenIn(dialog, folder);
 }
 
 Hourglass::Hourglass()

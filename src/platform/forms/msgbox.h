@@ -26,9 +26,13 @@ bool askWhetherToStore(const QString& text);
 // File dialogs. The filter is in the form "BDP - ORV (*.orv)|*.orv". An empty text means that the user cancelled.
 // The save form asks nothing about a file that exists, and appends the filter's suffix to a name that has none. A
 // suffix is what follows the last point, up to four letters or digits that aren't a mere number; nothing at all counts,
-// too.
-QString openFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
-QString saveFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle));
+// too. They begin in `folder`; without one, where the last of them has ended.
+QString openFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle),
+                     const QString& folder = {});
+QString saveFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle),
+                     const QString& folder = {});
+// The same of a folder that is there, or that the user makes in it.
+QString folderName(const QString& title = QString::fromLatin1(boxTitle), const QString& folder = {});
 
 // Shows the hourglass as long as it exists.
 class Hourglass

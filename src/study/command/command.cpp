@@ -201,10 +201,9 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
     if (order.work == Order::Work::Smam) return runSmam(order, out, err, goesOn);
     if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
     if (order.work == Order::Work::Network) return runNetwork(order, out, err, goesOn);
-    if (order.work == Order::Work::ExportGedcom) return runExportGedcom(order, out, err, goesOn);
     if (order.work == Order::Work::Settings) return runSettings(order, out, err);
-    if (order.work == Order::Work::ExportTables) return runExportTables(order, out, err, goesOn);
-    if (order.work == Order::Work::ImportTables) return runImportTables(order, out, err, goesOn);
+    if (order.work == Order::Work::Export) return runExport(order, out, err, goesOn);
+    if (order.work == Order::Work::Import) return runImport(order, out, err, goesOn);
     if (order.work == Order::Work::Baptisms) return runBaptisms(order, out, err, goesOn);
     try {
         Run run(order, out, err, goesOn);

@@ -1,77 +1,42 @@
 #include "study/command/exchange.h"
 
-#include "platform/jet/rows.h"
 #include "study/command/bdp.h"
 #include "study/command/command.h"
-#include "study/command/readParish.h"
-#include "study/exchange/tables.h"
-#include "study/indicators/baptismDays.h"
-#include "study/indicators/settingsJson.h"
+#include "study/exchange/ways.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
 
-#include <memory>
-
 namespace study {
 
 namespace {
 
-using exchange::TableProblem;
-
-// The mark of the file is taken while the look holds its state. The file is closed behind the connection: closing it
+// The mark of the file is taken while the way holds its state. The file is closed behind the connection: closing it
 // gives up the locks of the process.
-exchange::TablesWritten written(const Order& order, const std::function<bool()>& goesOn)
+exchange::Exchanged written(const exchange::WayOut& way, const Order& order, const std::function<bool()>& goesOn)
 {
     QFile file(QFileInfo(order.bdp).absoluteFilePath());
     const bool isOpen = file.open(QIODevice::ReadOnly);
     jet::Connection bdp;
     openBdpToRead(bdp, order.bdp);
-    const jet::OneLook look(bdp);
-    {
-        jet::Rows first(bdp, jet::NativeSql("select count(*) from infopar")); // takes the lock
-        first.next();
+    return writeOut(way, bdp,
+                    {.bdp = order.bdp,
+                     .target = order.output,
+                     .options = order.out,
+                     .today = QDate::currentDate(),
+                     .source = [&] { return isOpen ? parish::sourceOf(file) : parish::Source(); }},
+                    [&](double) { return goesOn(); });
+}
+
+// Each with the place of its file, and its line: 0 for the whole of it.
+void tell(const std::vector<exchange::Remark>& remarks, const QString& folder, const QString& kind, QTextStream& err)
+{
+    for (const exchange::Remark& one : remarks) {
+        if (!one.file.isEmpty()) err << QDir(folder).filePath(one.file) << ':' << one.line << ": " << kind;
+        err << one.text << '\n';
     }
-    exchange::TablesOptions options{.program = programName(), .goesOn = [&](double) { return goesOn(); }};
-    if (order.spreadsheet) options.dialect = exchange::Dialect::Spreadsheet;
-    if (order.emptyOrphans) options.orphans = exchange::Orphans::Emptied;
-    if (isOpen) options.source = parish::sourceOf(file);
-    // The same BDP gives the same files, wherever it lies and whenever it is read.
-    options.source.path = QFileInfo(order.bdp).fileName();
-    options.source.readAt = {};
-    makeFolder(order.output);
-    return exportTables(bdp, order.output, options);
-}
-
-void tell(const std::vector<exchange::TableCount>& tables, QTextStream& out)
-{
-    for (const exchange::TableCount& table : tables)
-        out << QString("%1: %2\n").arg(table.name).arg(table.rows);
-}
-
-void tell(const std::vector<TableProblem>& problems, const QString& folder, const QString& kind, QTextStream& err)
-{
-    for (const TableProblem& one : problems)
-        err << QDir(folder).filePath(one.file) << ':' << one.line << ": " << kind << one.text << '\n';
-}
-
-// By what the notes of the cards and the list of the study tell, where the BDP has words for it.
-std::function<std::optional<exchange::KnownDays>(parish::PersonNumber, const parish::Date&, const QString&)>
-daysOf(const jet::Connection& bdp)
-{
-    const auto settings = std::make_shared<const indicators::Settings>(indicators::keptSettings(bdp));
-    const auto reader = std::make_shared<const indicators::BaptismReader>(*settings);
-    return [settings, reader](parish::PersonNumber number, const parish::Date& card,
-                              const QString& notes) -> std::optional<exchange::KnownDays> {
-        parish::Person child;
-        child.number = number;
-        child.birth = card;
-        const indicators::BaptismTold told = reader->read(child, notes);
-        if (!told.isTold()) return {};
-        return exchange::KnownDays{told.days.birth, told.days.baptism};
-    };
 }
 
 int ended(const std::function<int()>& work, QTextStream& err)
@@ -88,66 +53,35 @@ int ended(const std::function<int()>& work, QTextStream& err)
 
 } // namespace
 
-int runExportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+int runExport(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
 {
     return ended(
         [&] {
-            jet::Connection bdp;
-            openBdpToRead(bdp, order.bdp);
-            const jet::OneLook look(bdp);
-            exchange::GedcomOptions options{.version = order.version,
-                                            .birthDates = order.birthDates,
-                                            .limitYears = order.limitYears,
-                                            .associationsOfEvents = order.associationsTwice,
-                                            .associationsOfPeople = order.associationsTwice};
-            options.today = QDate::currentDate();
-            options.programVersion = programName().section(' ', -1);
-            options.days = daysOf(bdp);
-            const exchange::GedcomCounts counts =
-                exportGedcom(bdp, order.output, options, [&](double) { return goesOn(); });
-            out << QString("Pessoas: %1; famílias: %2.\n").arg(counts.people).arg(counts.families);
-            if (counts.withheldPeople > 0)
-                out << QString("Podem estar vivas e não foram: %1 pessoas.\n").arg(counts.withheldPeople);
-            if (counts.lostLinks > 0)
-                out << QString("Ligações a quem não está na BDP, que não foram: %1.\n").arg(counts.lostLinks);
-            if (counts.shortened > 0)
-                out << QString("Textos longos de mais, que estão por inteiro nas notas: %1.\n").arg(counts.shortened);
+            const exchange::Exchanged told = written(*exchange::wayOut(order.way), order, goesOn);
+            for (const QString& line : told.lines)
+                out << line << '\n';
+            tell(told.warnings, order.output, "aviso: ", err);
             return done;
         },
         err);
 }
 
-int runExportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+int runImport(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
 {
     return ended(
         [&] {
-            const exchange::TablesWritten all = written(order, goesOn);
-            tell(all.tables, out);
-            if (all.apart > 0) out << QString("Células em problemas.csv: %1.\n").arg(all.apart);
-            if (all.emptied > 0)
-                out << QString("Números que não levam a nenhum registo e ficaram vazios: %1.\n").arg(all.emptied);
-            for (const QString& other : all.leftOut)
-                err << "Ficou de fora, por ser de outro programa: " << other << '\n';
-            return done;
-        },
-        err);
-}
-
-int runImportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
-{
-    return ended(
-        [&] {
-            const QString folder = order.files.first();
-            const exchange::TablesRead all =
-                exchange::importTables(folder, order.bdp, order.rehearse, [&](double) { return goesOn(); });
-            tell(all.warnings, folder, "aviso: ", err);
-            tell(all.errors, folder, {}, err);
-            if (!all.errors.empty()) {
+            const QString source = order.files.first();
+            const exchange::Exchanged told =
+                readIn(*exchange::wayIn(order.way), nullptr, {source, order.bdp, order.rehearse},
+                       [&](double) { return goesOn(); });
+            tell(told.warnings, source, "aviso: ", err);
+            tell(told.errors, source, {}, err);
+            if (!told.errors.empty()) {
                 err << "Nada foi escrito.\n";
                 return refused;
             }
-            tell(all.tables, out);
-            if (all.referenceData) out << "Locais, códigos e profissões: os do programa.\n";
+            for (const QString& line : told.lines)
+                out << line << '\n';
             if (order.rehearse) out << "Ensaio: nada foi escrito.\n";
             return done;
         },

@@ -1,4 +1,4 @@
-// orv-estudo exportar gedcom, exportar tabelas, importar tabelas: a BDP for other programs, and a BDP made of tables.
+// orv-estudo exportar and importar by the ways of study/exchange: a BDP for other programs, and a BDP made of files.
 #pragma once
 
 #include "study/command/usage.h"
@@ -10,9 +10,8 @@ class QTextStream;
 namespace study {
 
 // End as a run does (command.h): refused also where a file can't be taken, each reason as "ficheiro:linha: razão" to
-// `err`. Throw nothing.
-int runExportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
-int runExportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
-int runImportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+// `err`. Throw nothing. Precondition: order.way names one.
+int runExport(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+int runImport(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 
 } // namespace study

@@ -5,6 +5,7 @@
 #include "study/command/readParish.h"
 #include "study/indicators/studyReport.h"
 #include "study/report/files.h"
+#include "study/report/origin.h"
 #include "study/report/page.h"
 #include "study/transcripts/importSources.h"
 
@@ -105,8 +106,9 @@ void run(const Order& order, QTextStream& out, const Snapshot::GoesOn& goesOn)
     if (order.work == Report) checkPageTarget(order);
     const Tallies tallies = talliesOfAll(order, goesOn);
     if (order.work == Count || order.work == Join) return tell(tallies, out);
-    const report::Report report = reportOf(tallies, {.program = programName(), .made = QDateTime::currentDateTime()},
-                                           indicators::subjects(), goesOn);
+    const report::Report report =
+        reportOf(tallies, {.program = report::programName(), .made = QDateTime::currentDateTime()},
+                 indicators::subjects(), goesOn);
     if (!goesOn(1)) throw Snapshot::Interrupted{};
     order.work == Report ? writePage(order, report) : writeTables(order, report);
 }

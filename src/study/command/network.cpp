@@ -6,6 +6,7 @@
 #include "study/indicators/network.h"
 #include "study/indicators/studyReport.h"
 #include "study/report/files.h"
+#include "study/report/origin.h"
 
 #include <QDir>
 #include <QFile>
@@ -41,7 +42,7 @@ report::Report reportOf(const ReadParish& read, const indicators::Network& netwo
     report::Report report{.title = "Rede de padrinhos e testemunhas",
                           .parish = home.name,
                           .parishCode = home.code,
-                          .program = programName(),
+                          .program = report::programName(),
                           .made = QDateTime::currentDateTime(),
                           .sources = {read.source}};
     report.settings = inWords(indicators::Tallies{.parishes = {{.source = read.source, .settings = read.settings}}});

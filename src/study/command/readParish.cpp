@@ -50,11 +50,6 @@ ReadParish readParish(const QString& path, const Snapshot::GoesOn& goesOn)
                      QString("A BDP \"%1\" está sempre a ser alterada por outro programa.").arg(path));
 }
 
-QString programName()
-{
-    return QString("ORV %1.%2.%3").arg(ORV_VERSION_MAJOR).arg(ORV_VERSION_MINOR).arg(ORV_VERSION_REVISION);
-}
-
 void makeFolder(const QString& path)
 {
     if (!QFileInfo::exists(path) && !QDir().mkdir(path))

@@ -20,8 +20,6 @@ struct ReadParish
 // answered false.
 ReadParish readParish(const QString& path, const parish::Snapshot::GoesOn& goesOn);
 
-QString programName(); // "ORV 1.0.6"
-
 // Makes the folder where it isn't there. Throws jet::Error, in Portuguese.
 void makeFolder(const QString& path);
 

@@ -25,7 +25,8 @@ struct Read
     std::string severity;
     std::string output;
     std::string settings, list;
-    std::string version, limit, dates;
+    std::string version, limit, dates; // of GEDCOM
+    bool spreadsheet = false, emptyOrphans = false;
     std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
     bool help = false;
@@ -118,15 +119,15 @@ void addGedcom(CLI::App& command, Read& read, Order& order)
     command.add_option("--versao", read.version);
     command.add_option("--limite", read.limit);
     command.add_option("--datas", read.dates);
-    command.add_flag("--associacoes", order.associationsTwice);
+    command.add_flag("--associacoes", order.out.associationsTwice);
 }
 
 void addTables(CLI::App& command, Read& read, Order& order)
 {
     addBdp(command, read, order);
     command.add_option("pasta", read.output)->required();
-    command.add_flag("--excel", order.spreadsheet);
-    command.add_flag("--sem-orfas", order.emptyOrphans);
+    command.add_flag("--excel", read.spreadsheet);
+    command.add_flag("--sem-orfas", read.emptyOrphans);
 }
 
 void addTablesImport(CLI::App& command, Read& read, Order& order)
@@ -141,6 +142,7 @@ struct Command
 {
     CLI::App* said;
     Order::Work work;
+    QString way; // of an export or an import
 };
 
 std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& exported, Read& read, Order& order)
@@ -152,13 +154,14 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
         const char* name;
         Order::Work work;
         void (*add)(CLI::App&, Read&, Order&);
+        const char* way = ""; // the usual one of several
     };
     const Known all[] = {{&import, "kleio", ImportKleio, addImport},
                          {&import, "tabela", ImportTable, addTableImport},
-                         {&import, "tabelas", ImportTables, addTablesImport},
+                         {&import, "tabelas", Import, addTablesImport, "tabelas"},
                          {&exported, "kleio", ExportKleio, addExport},
-                         {&exported, "gedcom", ExportGedcom, addGedcom},
-                         {&exported, "tabelas", ExportTables, addTables},
+                         {&exported, "gedcom", Export, addGedcom, "gedcom-5.5.1"},
+                         {&exported, "tabelas", Export, addTables, "tabelas"},
                          {&app, "verificar", Check, addCheck},
                          {&app, "contagens", Count, addBdp},
                          {&app, "juntar", Join, addFiles},
@@ -170,7 +173,7 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
                          {&app, "definicoes", Settings, addSettings}};
     std::vector<Command> commands;
     for (const Known& known : all) {
-        commands.push_back({addSubcommand(*known.of, known.name), known.work});
+        commands.push_back({addSubcommand(*known.of, known.name), known.work, known.way});
         known.add(*commands.back().said, read, order);
     }
     return commands;
@@ -219,27 +222,27 @@ QString readWords(const Read& read, Order& order)
 }
 
 // "", or what of the way out isn't understood.
-QString readGedcomWords(const Read& read, Order& order)
+QString readExportWords(const Read& read, Order& order)
 {
     static constexpr int mostYears = 1000;
+    using enum exchange::BirthDates;
+    static const std::map<std::string, exchange::BirthDates> dates{
+        {"", Christenings}, {"chr", Christenings}, {"bapm", Baptisms}, {"birt", Births}};
+    if (read.spreadsheet) order.way = "tabelas-excel";
+    if (read.emptyOrphans) order.out.orphans = exchange::Orphans::Emptied;
     if (read.version == "7.0")
-        order.version = exchange::GedcomVersion::V70;
+        order.way = "gedcom-7.0";
     else if (!read.version.empty() && read.version != "5.5.1")
         return "A versão é 5.5.1 ou 7.0, e não \"" + QString::fromStdString(read.version) + "\".";
-    static const std::map<std::string, exchange::BirthDates> meant = {{"chr", exchange::BirthDates::Christenings},
-                                                                      {"bapm", exchange::BirthDates::Baptisms},
-                                                                      {"birt", exchange::BirthDates::Births}};
-    if (!read.dates.empty()) {
-        const auto found = meant.find(read.dates);
-        if (found == meant.end())
-            return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
-        order.birthDates = found->second;
-    }
+    const auto date = dates.find(read.dates);
+    if (date == dates.end())
+        return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
+    order.out.birthDates = date->second;
     if (read.limit.empty()) return {};
     const QString limit = QString::fromStdString(read.limit);
     bool isNumber = false;
-    order.limitYears = limit.toInt(&isNumber);
-    if (isNumber && order.limitYears >= 0 && order.limitYears <= mostYears) return {};
+    order.out.limitYears = limit.toInt(&isNumber);
+    if (isNumber && order.out.limitYears >= 0 && order.out.limitYears <= mostYears) return {};
     return "O limite é um número de anos, e não \"" + limit + "\".";
 }
 
@@ -284,8 +287,9 @@ QString readArguments(const QStringList& arguments, Order& order)
     const auto command = std::find_if(commands.begin(), commands.end(), isSaid);
     if (command == commands.end()) return "Falta dizer o que fazer.";
     order.work = command->work;
+    order.way = command->way;
     if (order.work == Order::Work::Count) order.files = {order.bdp};
-    if (const QString why = readGedcomWords(read, order); !why.isEmpty()) return why;
+    if (const QString why = readExportWords(read, order); !why.isEmpty()) return why;
     return readWords(read, order);
 }
 

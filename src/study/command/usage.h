@@ -2,7 +2,7 @@
 #pragma once
 
 #include "study/checks/case.h"
-#include "study/exchange/gedcom.h"
+#include "study/exchange/ways.h"
 #include "study/transcripts/import.h"
 
 #include <QString>
@@ -29,9 +29,8 @@ struct Order
         Network,
         Settings,
         Baptisms,
-        ExportGedcom,
-        ExportTables,
-        ImportTables
+        Export, // by a way of study/exchange
+        Import  // the same
     };
     enum class Format
     {
@@ -52,13 +51,9 @@ struct Order
     QString settings = {};                                     // the file of those to be kept; "": they are told
     QString list = {};                                         // of births and baptisms; "": that of the BDP
     std::optional<QString> birthWords = {}, baptismWords = {}; // nothing: those of the BDP
-    bool spreadsheet = false;                                  // tables for the spreadsheets of Portugal
-    bool emptyOrphans = false;                                 // keys that lead nowhere aren't kept beside the tables
     bool keep = false;                                         // words and list, in the BDP
-    exchange::GedcomVersion version = exchange::GedcomVersion::V551;
-    int limitYears = 110;                                                 // below which who may be alive stays out
-    exchange::BirthDates birthDates = exchange::BirthDates::Christenings; // what the dates of the cards are taken for
-    bool associationsTwice = false; // who stood by is told with the event and with the person
+    QString way = {};                                          // by which a BDP is exported or imported
+    exchange::OutOptions out = {};
 
     bool operator==(const Order&) const = default;
 };

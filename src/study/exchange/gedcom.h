@@ -43,10 +43,9 @@ struct GedcomOptions
     // Who may be alive stays out: born less than so many years before `today`, without a death. 0: nobody stays out.
     int limitYears = 110;
     QDate today = {}; // nothing else of the file depends on it; valid where there is a limit
-    // In 5.5.1, which has associations of people alone, also below the event, as _ASSO.
-    bool associationsOfEvents = false;
-    // In 7.0, which has them below each event, those of a person's events also with the person.
-    bool associationsOfPeople = false;
+    // Who stood by is told twice: with the event and with the person. Otherwise 5.5.1, which has associations of people
+    // alone, tells it with the person, and 7.0 with the event. Below an event of 5.5.1 it is _ASSO.
+    bool associationsTwice = false;
     QString programVersion = {}; // "1.0.6"
     // Where both the birth and the baptism of a child are known; nothing: as `birthDates`.
     std::function<std::optional<KnownDays>(parish::PersonNumber, const parish::Date& card, const QString& notes)> days =

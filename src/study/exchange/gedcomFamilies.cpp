@@ -160,7 +160,7 @@ void GedcomWriter::writeMarriage(const FamilyCard& card, const Couple& couple, O
     }
     const std::vector<Association> associations = marriageAssociations(card, rows);
     const bool hasBearer = couple.spouses[husband] || couple.spouses[wife];
-    if (!lines_.is551() || (hasBearer && options_.associationsOfEvents))
+    if (!lines_.is551() || (hasBearer && options_.associationsTwice))
         marriage.associations = associations;
     else if (!hasBearer)
         for (const Association& one : associations)

@@ -84,8 +84,8 @@ void GedcomWriter::write(const Event& event)
     }
     for (const Association& association : event.associations) {
         if (!canBeLinked(association.who)) continue;
-        const bool isOfEvents = !lines_.is551() || options_.associationsOfEvents;
-        if (lines_.is551() || options_.associationsOfPeople) kept_.emplace_back(association, event.act);
+        const bool isOfEvents = !lines_.is551() || options_.associationsTwice;
+        if (lines_.is551() || options_.associationsTwice) kept_.emplace_back(association, event.act);
         if (isOfEvents) writeAssociation(2, association);
     }
     if (const QString told = noteOfPicture(event.picture); !told.isEmpty()) notes << told;

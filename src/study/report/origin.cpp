@@ -5,6 +5,11 @@
 
 namespace study::report {
 
+QString programName()
+{
+    return QString("ORV %1.%2.%3").arg(ORV_VERSION_MAJOR).arg(ORV_VERSION_MINOR).arg(ORV_VERSION_REVISION);
+}
+
 QString momentText(const QDateTime& moment)
 {
     return moment.isValid() ? moment.toString("dd/MM/yyyy HH:mm:ss") : QString("–");

@@ -1,4 +1,4 @@
-// Which state of a BDP a figure that is taken along was made of.
+// Which state of a BDP a figure that is taken along was made of, and by which program.
 #pragma once
 
 #include "study/parish/source.h"
@@ -6,6 +6,8 @@
 #include <QString>
 
 namespace study::report {
+
+QString programName(); // "ORV 1.0.6"
 
 QString momentText(const QDateTime& moment); // "22/11/2026 09:30:00"; "–" where it isn't known
 QString sizeText(qint64 bytes);              // "12 345 678 bytes"

@@ -4,12 +4,9 @@
 #include "common/modGeral.h"
 #include "platform/forms/statusline.h"
 #include "study/indicators/settingsJson.h"
+#include "study/windows/fileInWork.h"
 #include "study/windows/parishCopy.h"
 #include "study/windows/subjectCount.h"
-
-#include <QDateTime>
-#include <QFile>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -37,28 +34,6 @@ SubjectSheet madeOf(const Subject& subject, const indicators::Study& study, cons
     if (!goesOn(1)) throw Snapshot::Interrupted{};
     return sheetOf(figures);
 }
-
-// The file of the BDP, to be marked on the thread. It is closed by the thread of the windows, between two events: who
-// closes a file gives up the locks that the engine has on it.
-class FileInWork
-{
-public:
-    FileInWork()
-        : file_(new QFile(QFileInfo(cnBDP.dataSource()).absoluteFilePath()), [](QFile* file) { file->deleteLater(); }),
-          written_(lastWritten()), isOpen_(file_->open(QIODevice::ReadOnly))
-    {
-    }
-
-    parish::Source source() const { return parish::sourceOf(*file_); }
-    bool isAsItWas() const { return isOpen_ && lastWritten() == written_; }
-
-private:
-    QDateTime lastWritten() const { return QFileInfo(file_->fileName()).lastModified(); }
-
-    std::shared_ptr<QFile> file_;
-    QDateTime written_;
-    bool isOpen_;
-};
 
 } // namespace
 
@@ -94,7 +69,7 @@ void FrmIndicadores::readAndCount()
         nextWatch_->begin();
         auto copy = std::make_shared<ParishCopy>(cnBDP);
         auto found = std::make_shared<Found>();
-        const FileInWork file;
+        const FileInWork file(cnBDP.dataSource());
         const Subject* subject = subject_;
         begin(
             [copy, found, subject, file](const Background::GoesOn& goesOn) {

@@ -133,7 +133,7 @@ TEST_F(GedcomOfAParish, HasGodparentsAtTheBaptismAndIn551WithTheChild)
     EXPECT_EQ(eva.all("ASSO")[1].text("RELA"), "Godparent");
     EXPECT_EQ(eva.all("ASSO")[1].text("NOTE"), "Madrinha do baptismo\nParentesco: Tio paterno");
     EXPECT_FALSE(below(eva, "CHR").first("_ASSO"));
-    options_.associationsOfEvents = true;
+    options_.associationsTwice = true;
     EXPECT_EQ(below(record("@I3@"), "CHR").all("_ASSO").size(), 3);
 }
 
@@ -298,7 +298,7 @@ TEST_F(GedcomOfAParish, HasAssociationsTwiceWhereThatWasAsked)
 {
     assists(child_, person({"Inês", 'f', "1700-01-02"}), 'b', 'p');
     EXPECT_TRUE(record("@I3@").all("ASSO").isEmpty());
-    options_.associationsOfPeople = true;
+    options_.associationsTwice = true;
     const Structure eva = record("@I3@");
     EXPECT_EQ(below(eva, "CHR").all("ASSO").size(), 1);
     const Structure godmother = below(eva, "ASSO");

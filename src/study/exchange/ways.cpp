@@ -1,0 +1,272 @@
+#include "study/exchange/ways.h"
+
+#include "platform/jet/rows.h"
+#include "study/indicators/baptismDays.h"
+#include "study/indicators/settingsJson.h"
+#include "study/report/origin.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <memory>
+
+namespace study::exchange {
+
+namespace {
+
+// By what the notes of the cards and the list of the study tell, where the BDP has words for it.
+std::function<std::optional<KnownDays>(parish::PersonNumber, const parish::Date&, const QString&)>
+daysOf(const jet::Connection& bdp)
+{
+    const auto settings = std::make_shared<const indicators::Settings>(indicators::keptSettings(bdp));
+    const auto reader = std::make_shared<const indicators::BaptismReader>(*settings);
+    return [settings, reader](parish::PersonNumber number, const parish::Date& card,
+                              const QString& notes) -> std::optional<KnownDays> {
+        parish::Person child;
+        child.number = number;
+        child.birth = card;
+        const indicators::BaptismTold told = reader->read(child, notes);
+        if (!told.isTold()) return {};
+        return KnownDays{told.days.birth, told.days.baptism};
+    };
+}
+
+Exchanged writeGedcomFile(GedcomVersion version, const jet::Connection& bdp, const OutOrder& order,
+                          const GoesOn& goesOn)
+{
+    GedcomOptions options{.version = version,
+                          .birthDates = order.options.birthDates,
+                          .limitYears = order.options.limitYears,
+                          .today = order.today,
+                          .associationsTwice = order.options.associationsTwice};
+    options.programVersion = report::programName().section(' ', -1);
+    options.days = daysOf(bdp);
+    const GedcomCounts counts = exportGedcom(bdp, order.target, options, goesOn);
+    Exchanged told{.lines = {QString("Pessoas: %1; famílias: %2.").arg(counts.people).arg(counts.families)}};
+    if (counts.withheldPeople > 0)
+        told.lines << QString("Podem estar vivas e não foram: %1 pessoas.").arg(counts.withheldPeople);
+    if (counts.lostLinks > 0)
+        told.lines << QString("Ligações a quem não está na BDP, que não foram: %1.").arg(counts.lostLinks);
+    if (counts.shortened > 0)
+        told.lines << QString("Textos longos de mais, que estão por inteiro nas notas: %1.").arg(counts.shortened);
+    return told;
+}
+
+Exchanged writeGedcom551(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    return writeGedcomFile(GedcomVersion::V551, bdp, order, goesOn);
+}
+
+Exchanged writeGedcom70(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    return writeGedcomFile(GedcomVersion::V70, bdp, order, goesOn);
+}
+
+QStringList linesOf(const std::vector<TableCount>& tables)
+{
+    QStringList lines;
+    for (const TableCount& table : tables)
+        lines << QString("%1: %2").arg(table.name).arg(table.rows);
+    return lines;
+}
+
+// The same BDP gives the same files, wherever it lies and whenever it is read.
+parish::Source sourceOf(const OutOrder& order)
+{
+    parish::Source source = order.source ? order.source() : parish::Source();
+    source.path = QFileInfo(order.bdp).fileName();
+    source.readAt = {};
+    return source;
+}
+
+Exchanged writeTables(Dialect dialect, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    const TablesWritten all = exportTables(bdp, order.target,
+                                           {.dialect = dialect,
+                                            .orphans = order.options.orphans,
+                                            .program = report::programName(),
+                                            .source = sourceOf(order),
+                                            .goesOn = goesOn});
+    Exchanged told{.lines = linesOf(all.tables)};
+    if (all.apart > 0) told.lines << QString("Células em problemas.csv: %1.").arg(all.apart);
+    if (all.emptied > 0)
+        told.lines << QString("Números que não levam a nenhum registo e ficaram vazios: %1.").arg(all.emptied);
+    for (const QString& other : all.leftOut)
+        told.warnings.push_back({.text = "Ficou de fora, por ser de outro programa: " + other});
+    return told;
+}
+
+Exchanged writeStandardTables(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    return writeTables(Dialect::Standard, bdp, order, goesOn);
+}
+
+Exchanged writeSpreadsheets(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    return writeTables(Dialect::Spreadsheet, bdp, order, goesOn);
+}
+
+std::vector<Remark> remarksOf(const std::vector<TableProblem>& problems)
+{
+    std::vector<Remark> remarks;
+    remarks.reserve(problems.size());
+    for (const TableProblem& one : problems)
+        remarks.push_back({one.file, one.line, one.text});
+    return remarks;
+}
+
+Exchanged readTables(jet::Connection*, const InOrder& order, const GoesOn& goesOn)
+{
+    const TablesRead all = importTables(order.source, order.bdp, order.rehearse, goesOn);
+    Exchanged told{.warnings = remarksOf(all.warnings), .errors = remarksOf(all.errors)};
+    if (!all.errors.empty()) return told;
+    told.lines = linesOf(all.tables);
+    if (all.referenceData) told.lines << "Locais, códigos e profissões: os do programa.";
+    return told;
+}
+
+// The folder of an export, made where it isn't there; what was made for nothing goes again.
+class TargetFolder
+{
+public:
+    explicit TargetFolder(const QString& path) : path_(path), isMade_(!QFileInfo::exists(path))
+    {
+        if (isMade_ && !QDir().mkdir(path))
+            throw jet::Error(jet::number::pathNotFound, QString("A pasta \"%1\" não pode ser criada.").arg(path));
+    }
+    ~TargetFolder()
+    {
+        if (isMade_) QDir().rmdir(path_); // an empty one alone
+    }
+    TargetFolder(const TargetFolder&) = delete;
+    TargetFolder& operator=(const TargetFolder&) = delete;
+
+private:
+    QString path_;
+    bool isMade_;
+};
+
+void requireOtherThanTheBdp(const OutOrder& order)
+{
+    const QFileInfo there(order.target);
+    if (there.exists() && there.canonicalFilePath() == QFileInfo(order.bdp).canonicalFilePath())
+        throw jet::Error(jet::number::permissionDenied, "A BDP não se exporta para cima de si própria.");
+}
+
+template <class Way>
+const Way* named(const std::vector<Way>& ways, const QString& name)
+{
+    const auto found = std::ranges::find_if(ways, [&](const Way& way) { return name == QLatin1String(way.name); });
+    return found == ways.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+QString textOf(const Remark& remark)
+{
+    if (remark.file.isEmpty()) return remark.text;
+    if (remark.line == 0) return remark.file + ": " + remark.text;
+    return QString("%1:%2: %3").arg(remark.file, QString::number(remark.line), remark.text);
+}
+
+bool WayOut::offers(Choice choice) const
+{
+    return std::ranges::find(choices, choice) != choices.end();
+}
+
+const std::vector<WayOut>& waysOut()
+{
+    using enum Choice;
+    static const std::vector<WayOut> all{
+        {"gedcom-5.5.1",
+         "GEDCOM 5.5.1",
+         "Um ficheiro com as pessoas e as famílias, para os programas de genealogia: quase todos lêem esta versão. O "
+         "que ela não sabe dizer vai em notas.",
+         Place::File,
+         "ged",
+         {LimitYears, BirthDates, AssociationsTwice},
+         writeGedcom551},
+        {"gedcom-7.0",
+         "GEDCOM 7.0",
+         "O mesmo na versão mais nova, que diz mais: quem assistiu a cada acto, e em que papel. Nem todos os programas "
+         "a lêem.",
+         Place::File,
+         "ged",
+         {LimitYears, BirthDates, AssociationsTwice},
+         writeGedcom70},
+        {"tabelas",
+         "Tabelas (CSV)",
+         "Uma pasta com todas as tabelas da BDP em CSV e a sua descrição (datapackage.json), para o R e outros "
+         "programas. Delas se volta a fazer a mesma BDP. Vão todas as pessoas, também as que podem estar vivas.",
+         Place::Folder,
+         "",
+         {Orphans},
+         writeStandardTables},
+        {"tabelas-excel",
+         "Tabelas para o Excel",
+         "As mesmas tabelas como o Excel em português as abre: com \";\", vírgula decimal e datas dd/mm/aaaa. Também "
+         "delas se volta a fazer a BDP. Vão todas as pessoas, também as que podem estar vivas.",
+         Place::Folder,
+         "",
+         {Orphans},
+         writeSpreadsheets},
+    };
+    return all;
+}
+
+const WayOut* wayOut(const QString& name)
+{
+    return named(waysOut(), name);
+}
+
+Exchanged writeOut(const WayOut& way, const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    requireOtherThanTheBdp(order);
+    const jet::OneLook look(bdp);
+    {
+        jet::Rows first(bdp, jet::NativeSql("select count(*) from infopar")); // takes the lock
+        first.next();
+    }
+    if (way.target == Place::File) return way.run(bdp, order, goesOn);
+    const TargetFolder folder(order.target);
+    return way.run(bdp, order, goesOn);
+}
+
+QString questionBefore(const WayOut& way, const QString& target)
+{
+    if (way.target == Place::File)
+        return QFileInfo::exists(target)
+                   ? QString("O ficheiro \"%1\" já existe. Deseja substituí-lo?").arg(QDir::toNativeSeparators(target))
+                   : QString();
+    const QDir folder(target);
+    if (!folder.exists() || folder.isEmpty()) return {};
+    return QString("A pasta \"%1\" não está vazia. Deseja exportar para ela? Os ficheiros de uma exportação anterior "
+                   "são substituídos, e os outros ficam.")
+        .arg(QDir::toNativeSeparators(target));
+}
+
+const std::vector<WayIn>& waysIn()
+{
+    static const std::vector<WayIn> all{
+        {"tabelas", "Tabelas (CSV)",
+         "Uma pasta com as tabelas de uma BDP, como a exportação as escreve ou feitas por outro programa, com os "
+         "mesmos "
+         "nomes e colunas. Delas se faz uma BDP nova; sem tabelas de locais, de códigos e de profissões, estes são os "
+         "do programa.",
+         Place::Folder, "", Into::NewBdp, readTables},
+    };
+    return all;
+}
+
+const WayIn* wayIn(const QString& name)
+{
+    return named(waysIn(), name);
+}
+
+Exchanged readIn(const WayIn& way, jet::Connection* open, const InOrder& order, const GoesOn& goesOn)
+{
+    return way.run(open, order, goesOn);
+}
+
+} // namespace study::exchange
