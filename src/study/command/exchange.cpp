@@ -4,6 +4,7 @@
 #include "study/command/bdp.h"
 #include "study/command/command.h"
 #include "study/command/readParish.h"
+#include "study/exchange/ids.h"
 #include "study/exchange/tables.h"
 #include "study/indicators/baptismDays.h"
 #include "study/indicators/settingsJson.h"
@@ -21,28 +22,58 @@ namespace {
 
 using exchange::TableProblem;
 
-// The mark of the file is taken while the look holds its state. The file is closed behind the connection: closing it
-// gives up the locks of the process.
+// The BDP, opened to read one state of it, and the mark of that state. The mark is taken while the look holds it. The
+// file is closed behind the connection: closing it gives up the locks of the process.
+struct OpenBdp
+{
+    explicit OpenBdp(const QString& path) : file(QFileInfo(path).absoluteFilePath())
+    {
+        const bool isOpen = file.open(QIODevice::ReadOnly);
+        openBdpToRead(bdp, path);
+        look = std::make_unique<jet::OneLook>(bdp);
+        {
+            jet::Rows first(bdp, jet::NativeSql("select count(*) from infopar")); // takes the lock
+            first.next();
+        }
+        lastWritten = QFileInfo(path).lastModified().date();
+        if (isOpen) source = parish::sourceOf(file);
+        // The same BDP gives the same files, wherever it lies and whenever it is read.
+        source.path = QFileInfo(path).fileName();
+        source.readAt = {};
+    }
+
+    QFile file;
+    jet::Connection bdp;
+    parish::Source source = {};
+    QDate lastWritten = {};
+    std::unique_ptr<jet::OneLook> look = {};
+};
+
 exchange::TablesWritten written(const Order& order, const std::function<bool()>& goesOn)
 {
-    QFile file(QFileInfo(order.bdp).absoluteFilePath());
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    jet::Connection bdp;
-    openBdpToRead(bdp, order.bdp);
-    const jet::OneLook look(bdp);
-    {
-        jet::Rows first(bdp, jet::NativeSql("select count(*) from infopar")); // takes the lock
-        first.next();
-    }
+    const OpenBdp open(order.bdp);
     exchange::TablesOptions options{.program = programName(), .goesOn = [&](double) { return goesOn(); }};
     if (order.spreadsheet) options.dialect = exchange::Dialect::Spreadsheet;
     if (order.emptyOrphans) options.orphans = exchange::Orphans::Emptied;
-    if (isOpen) options.source = parish::sourceOf(file);
-    // The same BDP gives the same files, wherever it lies and whenever it is read.
-    options.source.path = QFileInfo(order.bdp).fileName();
-    options.source.readAt = {};
+    options.source = open.source;
     makeFolder(order.output);
-    return exportTables(bdp, order.output, options);
+    return exportTables(open.bdp, order.output, options);
+}
+
+exchange::IdsCounts writtenIds(const Order& order, const std::function<bool()>& goesOn)
+{
+    const OpenBdp open(order.bdp);
+    exchange::IdsOptions options{.upperCase = order.upperCase,
+                                 .reversedRelations = order.reversedRelations,
+                                 .childrenAtHome = order.childrenAtHome,
+                                 .limitYears = order.limitYears};
+    options.today = QDate::currentDate();
+    options.version = order.day.isValid() ? order.day : open.lastWritten;
+    options.program = programName();
+    options.study = indicators::keptSettings(open.bdp);
+    options.source = open.source;
+    makeFolder(order.output);
+    return exportIds(open.bdp, order.output, options, [&](double) { return goesOn(); });
 }
 
 void tell(const std::vector<exchange::TableCount>& tables, QTextStream& out)
@@ -123,6 +154,23 @@ int runExportTables(const Order& order, QTextStream& out, QTextStream& err, cons
                 out << QString("Números que não levam a nenhum registo e ficaram vazios: %1.\n").arg(all.emptied);
             for (const QString& other : all.leftOut)
                 err << "Ficou de fora, por ser de outro programa: " << other << '\n';
+            return done;
+        },
+        err);
+}
+
+int runExportIds(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            const exchange::IdsCounts all = writtenIds(order, goesOn);
+            tell(all.tables, out);
+            if (all.withheldPeople > 0)
+                out << QString("Podem estar vivas e não foram: %1 pessoas.\n").arg(all.withheldPeople);
+            if (all.lostLinks > 0)
+                out << QString("Ligações a quem não está na BDP, que não foram: %1.\n").arg(all.lostLinks);
+            if (all.unmapped > 0)
+                out << QString("Filiações que não contam como legítimas nem como ilegítimas: %1.\n").arg(all.unmapped);
             return done;
         },
         err);

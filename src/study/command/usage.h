@@ -31,6 +31,7 @@ struct Order
         Baptisms,
         ExportGedcom,
         ExportTables,
+        ExportIds,
         ImportTables
     };
     enum class Format
@@ -56,7 +57,9 @@ struct Order
     bool emptyOrphans = false;                                 // keys that lead nowhere aren't kept beside the tables
     bool keep = false;                                         // words and list, in the BDP
     exchange::GedcomVersion version = exchange::GedcomVersion::V551;
-    int limitYears = 110; // below which who may be alive stays out
+    int limitYears = 110;                                                      // below which who may be alive stays out
+    bool upperCase = false, reversedRelations = false, childrenAtHome = false; // of the tables of IDS
+    QDate day = {}; // of their database; invalid: the day on which the BDP was last written
 
     bool operator==(const Order&) const = default;
 };
