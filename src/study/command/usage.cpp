@@ -25,7 +25,7 @@ struct Read
     std::string severity;
     std::string output;
     std::string settings, list;
-    std::string version, limit, dates; // of GEDCOM
+    std::string version, limit, dates, date; // of what is written
     bool spreadsheet = false, emptyOrphans = false;
     std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
@@ -130,6 +130,17 @@ void addTables(CLI::App& command, Read& read, Order& order)
     command.add_flag("--sem-orfas", read.emptyOrphans);
 }
 
+void addIds(CLI::App& command, Read& read, Order& order)
+{
+    addBdp(command, read, order);
+    command.add_option("pasta", read.output)->required();
+    command.add_flag("--maiusculas", order.out.upperCase);
+    command.add_flag("--relacao-inversa", order.out.reversedRelations);
+    command.add_flag("--filhos-em-casa", order.out.childrenAtHome);
+    command.add_option("--limite", read.limit);
+    command.add_option("--data", read.date);
+}
+
 void addTablesImport(CLI::App& command, Read& read, Order& order)
 {
     command.add_option("pasta", read.files)->required()->expected(1);
@@ -162,6 +173,7 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
                          {&exported, "kleio", ExportKleio, addExport},
                          {&exported, "gedcom", Export, addGedcom, "gedcom-5.5.1"},
                          {&exported, "tabelas", Export, addTables, "tabelas"},
+                         {&exported, "ids", Export, addIds, "ids"},
                          {&app, "verificar", Check, addCheck},
                          {&app, "contagens", Count, addBdp},
                          {&app, "juntar", Join, addFiles},
@@ -238,6 +250,9 @@ QString readExportWords(const Read& read, Order& order)
     if (date == dates.end())
         return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
     order.out.birthDates = date->second;
+    const QString day = QString::fromStdString(read.date);
+    order.out.version = QDate::fromString(day, Qt::ISODate);
+    if (!day.isEmpty() && !order.out.version.isValid()) return "A data é AAAA-MM-DD, e não \"" + day + "\".";
     if (read.limit.empty()) return {};
     const QString limit = QString::fromStdString(read.limit);
     bool isNumber = false;
@@ -302,6 +317,8 @@ QString helpText()
   orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS] [--datas chr|bapm|birt]
                              [--associacoes]
   orv-estudo exportar tabelas PAROQUIA.orv PASTA [--excel] [--sem-orfas]
+  orv-estudo exportar ids PAROQUIA.orv PASTA [--maiusculas] [--relacao-inversa] [--filhos-em-casa]
+                      [--limite ANOS] [--data AAAA-MM-DD]
   orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
@@ -339,6 +356,13 @@ Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua desc
 não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.
   --excel              para o Excel em português: ";", vírgula decimal, datas dd/mm/aaaa
   --sem-orfas          os números que não levam a nenhum registo ficam vazios, e não vão para problemas.csv
+Exportar ids escreve na pasta as tabelas da Intermediate Data Structure, versão 4 (INDIVIDUAL, INDIV_INDIV,
+INDIV_CONTEXT, CONTEXT, CONTEXT_CONTEXT e METADATA) em CSV. A BDP não é alterada.
+  --maiusculas         os tipos em maiúsculas: BIRTH_DATE
+  --relacao-inversa    Id_I_2 é a relação de Id_I_1; sem isto, Id_I_1 é a de Id_I_2. Há sempre os dois sentidos
+  --filhos-em-casa     a residência de uma família é também a dos filhos que vivem com ela
+  --limite             como em exportar gedcom
+  --data               dia que fica no nome da base (Id_D); sem isto, o da última escrita na BDP
 Importar tabelas faz de uma pasta assim uma BDP nova, igual à primeira, linha por linha; nada é escrito por
 cima. Bastam algumas tabelas, com os nomes e as colunas de uma BDP; os locais, os códigos e as profissões são
 os do programa, se não houver nenhuma tabela deles. Um ficheiro com erros é recusado com a linha e a razão.

@@ -1,6 +1,7 @@
 #include "study/exchange/ways.h"
 
 #include "platform/jet/rows.h"
+#include "study/exchange/ids.h"
 #include "study/indicators/baptismDays.h"
 #include "study/indicators/settingsJson.h"
 #include "study/report/origin.h"
@@ -107,6 +108,31 @@ Exchanged writeSpreadsheets(const jet::Connection& bdp, const OutOrder& order, c
     return writeTables(Dialect::Spreadsheet, bdp, order, goesOn);
 }
 
+Exchanged writeIds(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    const OutOptions& chosen = order.options;
+    const QDate lastWritten = QFileInfo(order.bdp).lastModified().date();
+    const IdsCounts all = exportIds(bdp, order.target,
+                                    {.upperCase = chosen.upperCase,
+                                     .reversedRelations = chosen.reversedRelations,
+                                     .childrenAtHome = chosen.childrenAtHome,
+                                     .limitYears = chosen.limitYears,
+                                     .today = order.today,
+                                     .version = chosen.version.isValid() ? chosen.version : lastWritten,
+                                     .program = report::programName(),
+                                     .study = indicators::keptSettings(bdp),
+                                     .source = sourceOf(order)},
+                                    goesOn);
+    Exchanged told{.lines = linesOf(all.tables)};
+    if (all.withheldPeople > 0)
+        told.lines << QString("Podem estar vivas e não foram: %1 pessoas.").arg(all.withheldPeople);
+    if (all.lostLinks > 0)
+        told.lines << QString("Ligações a quem não está na BDP, que não foram: %1.").arg(all.lostLinks);
+    if (all.unmapped > 0)
+        told.lines << QString("Filiações que não contam como legítimas nem como ilegítimas: %1.").arg(all.unmapped);
+    return told;
+}
+
 std::vector<Remark> remarksOf(const std::vector<TableProblem>& problems)
 {
     std::vector<Remark> remarks;
@@ -211,6 +237,14 @@ const std::vector<WayOut>& waysOut()
          "",
          {Orphans},
          writeSpreadsheets},
+        {"ids",
+         "IDS, versão 4",
+         "Uma pasta com as tabelas da Intermediate Data Structure, que as bases de dados da demografia histórica "
+         "trocam entre si: cada facto numa linha, com o seu tipo, valor e data.",
+         Place::Folder,
+         "",
+         {LimitYears, UpperCase, ReversedRelations, ChildrenAtHome},
+         writeIds},
     };
     return all;
 }

@@ -46,7 +46,10 @@ enum class Choice : quint8
     LimitYears,
     BirthDates,
     AssociationsTwice,
-    Orphans
+    Orphans,
+    UpperCase,
+    ReversedRelations,
+    ChildrenAtHome
 };
 
 struct OutOptions
@@ -55,6 +58,8 @@ struct OutOptions
     BirthDates birthDates = BirthDates::Christenings;
     bool associationsTwice = false;
     Orphans orphans = Orphans::Apart;
+    bool upperCase = false, reversedRelations = false, childrenAtHome = false; // as in IdsOptions
+    QDate version = {}; // the same; invalid: the day on which the BDP was last written
 
     bool operator==(const OutOptions&) const = default;
 };

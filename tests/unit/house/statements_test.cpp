@@ -77,6 +77,7 @@ const Rules& rules()
                 {"study/exchange/gedcom.cpp", {"wordsOf().act", "wordsOf(which).act", "peopleSelect"}},
                 {"study/exchange/gedcomPeople_rows.cpp",
                  {"select", "select 0 where 0", "family", "bearer()", "priest", "function", "place", "priestSelect()"}},
+                {"study/exchange/idsPeople.cpp", {"peopleSelect"}},
                 {"study/exchange/ownedRows.h", {"select"}},
                 {"study/exchange/privacy.cpp", {"select"}},
                 {"study/exchange/tablesWrite.cpp",

@@ -1,0 +1,156 @@
+// INDIV_INDIV: what people are to each other.
+#include "study/exchange/idsFamilies_p.h"
+
+namespace study::exchange {
+
+namespace {
+
+const char* bySex(const QString& letter, const char* male, const char* female, const char* unknown)
+{
+    if (letter.compare("m", Qt::CaseInsensitive) == 0) return male;
+    return letter.compare("f", Qt::CaseInsensitive) == 0 ? female : unknown;
+}
+
+} // namespace
+
+// Each relation in both directions; which of the two its word is of, is the user's choice.
+void IdsWriter::tie(Tie what, const IdsEnd& one, const IdsEnd& other, const parish::Date& date, const QString& source)
+{
+    const TieWords& words = wordsOf(what);
+    const char* const ofOne = bySex(one.sex, words.male, words.female, words.unknown);
+    const char* const ofOther = bySex(other.sex, words.otherMale, words.otherFemale, words.otherUnknown);
+    const auto write = [&](const IdsEnd& first, const IdsEnd& second, const char* word) {
+        file_->begin();
+        file_->add(first.number);
+        file_->add(second.number);
+        file_->add(source);
+        file_->add(word);
+        file_->end(words.dateType, date);
+    };
+    write(one, other, options_.reversedRelations ? ofOther : ofOne);
+    write(other, one, options_.reversedRelations ? ofOne : ofOther);
+}
+
+bool IdsWriter::canBeTied(const Link& one, const Link& other)
+{
+    if (!one.isThere || !other.isThere) ++counts_.lostLinks;
+    return one.isThere && other.isThere && isShown(one.number) && isShown(other.number);
+}
+
+std::vector<IdsEnd> IdsWriter::coupleOf(const FamilyAt& family, OfFamilies& rows)
+{
+    std::vector<IdsEnd> couple;
+    while (rows.members.next(family.number)) {
+        const jet::Rows& row = rows.members.row();
+        const Link member = linkAt(row, 1);
+        if (member.isThere && isShown(member.number)) couple.push_back({member.number, row.text(3)});
+    }
+    return couple;
+}
+
+std::vector<IdsWriter::Child> IdsWriter::childrenOf(const FamilyAt& family, OfFamilies& rows)
+{
+    std::vector<Child> children;
+    while (rows.children.next(family.number)) {
+        const jet::Rows& row = rows.children.row();
+        if (isShown(row.number(1)))
+            children.push_back({row.number(1), dateAt(row, 2), dateAt(row, 4), exactDateAt(row, 6)});
+    }
+    return children;
+}
+
+QString IdsWriter::sourceOf(const FamilyAt& family, const QString& page) const
+{
+    return family.isWithheld ? QString() : sourceOf(Register::Marriages, family.marriage, family.at, page);
+}
+
+void IdsWriter::writeRelations()
+{
+    begin(IdsTable::IndivIndiv);
+    forEachFamily([this](const FamilyAt& family, OfFamilies& rows) { writeKinOf(family, rows); });
+    writeGodparents();
+    writeMarriageWitnesses();
+    writeHeirs();
+    writeExecutors();
+    finish();
+    jet::Rows lost(bdp_,
+                   jet::NativeSql("select (select count(*) from familias where nind not in "
+                                  "(select nind from individuo) or nfamilia not in (select nfamilia from familia)"
+                                  ") + (select count(*) from individuo where famorig <> 0 and famorig not in "
+                                  "(select nfamilia from familia)) + (select count(*) from assistente where tipoacto = "
+                                  "'c' and (nind not in (select nind from individuo) or entidade not in (select "
+                                  "nfamilia from familia)))"));
+    if (lost.next()) counts_.lostLinks += lost.number(0);
+}
+
+void IdsWriter::writeKinOf(const FamilyAt& family, OfFamilies& rows)
+{
+    const QString source = sourceOf(family, rows.acts.next(family.number) ? pageAt(rows.acts.row()) : QString());
+    const std::vector<IdsEnd> couple = coupleOf(family, rows);
+    for (auto one = couple.begin(); one != couple.end(); ++one)
+        for (auto other = std::next(one); other != couple.end(); ++other)
+            tie(Tie::Spouses, *one, *other, family.marriage, source);
+    for (const Child& child : childrenOf(family, rows))
+        for (const IdsEnd& parent : couple)
+            tie(Tie::ParentAndChild, parent, {child.number, {}});
+}
+
+void IdsWriter::writeGodparents()
+{
+    jet::Rows row(bdp_, jet::NativeSql("select distinct s.entidade, c.nind, s.nind, a.nind, a.sexo, s.tipoassistente, "
+                                       "s.dataref, c.datanasc, c.DnascFixa from assistente s "
+                                       "left join individuo c on c.nind = s.entidade "
+                                       "left join individuo a on a.nind = s.nind where s.tipoacto = 'b' "
+                                       "order by s.entidade, s.dataref, s.nind, s.tipoassistente"));
+    while (row.next()) {
+        const Link child = linkAt(row, 0), assistant = linkAt(row, 2);
+        if (!canBeTied(child, assistant)) continue;
+        const bool isGodparent = row.text(5).compare("p", Qt::CaseInsensitive) == 0;
+        tie(isGodparent ? Tie::GodparentAndChild : Tie::BaptismWitness, {assistant.number, row.text(4)},
+            {child.number, {}}, actDate(row.date(6), dateAt(row, 7)));
+    }
+}
+
+void IdsWriter::writeMarriageWitnesses()
+{
+    jet::Rows row(bdp_, jet::NativeSql("select distinct s.entidade, f.nfamilia, s.nind, a.nind, m.nind, i.nind, "
+                                       "s.dataref, f.datacasam, f.dcasamfixa from assistente s "
+                                       "left join familia f on f.nfamilia = s.entidade "
+                                       "left join individuo a on a.nind = s.nind "
+                                       "left join familias m on m.nfamilia = f.nfamilia "
+                                       "left join individuo i on i.nind = m.nind where s.tipoacto = 'c' "
+                                       "order by s.entidade, s.dataref, s.nind, m.nind"));
+    while (row.next()) {
+        const Link family = linkAt(row, 0), assistant = linkAt(row, 2), spouse = linkAt(row, 4);
+        if (!family.isThere || !assistant.isThere || !spouse.isThere || closed_.contains(family.number)) continue;
+        if (isShown(assistant.number) && isShown(spouse.number))
+            tie(Tie::MarriageWitness, {assistant.number, {}}, {spouse.number, {}},
+                actDate(row.date(6), dateAt(row, 7)));
+    }
+}
+
+void IdsWriter::writeHeirs()
+{
+    jet::Rows row(bdp_, jet::NativeSql("select distinct l.nindherd, h.nind, l.nind, t.nind, t.dataobito, t.dobitofixa "
+                                       "from legadosprofanos l left join individuo h on h.nind = l.nindherd "
+                                       "left join individuo t on t.nind = l.nind where l.nindherd <> 0 "
+                                       "order by l.nind, l.nindherd"));
+    while (row.next()) {
+        const Link heir = linkAt(row, 0), testator = linkAt(row, 2);
+        if (canBeTied(heir, testator)) tie(Tie::Heir, {heir.number, {}}, {testator.number, {}}, dateAt(row, 4));
+    }
+}
+
+void IdsWriter::writeExecutors()
+{
+    jet::Rows row(bdp_, jet::NativeSql("select i.testamenteiro, e.nind, i.nind, i.nind, i.dataobito, i.dobitofixa "
+                                       "from individuo i left join individuo e on e.nind = i.testamenteiro "
+                                       "where i.testamenteiro <> 0 order by i.nind"));
+    while (row.next()) {
+        const Link executor = linkAt(row, 0), testator = linkAt(row, 2);
+        if (canBeTied(executor, testator))
+            tie(Tie::Executor, {executor.number, {}}, {testator.number, {}}, dateAt(row, 4));
+    }
+}
+
+} // namespace study::exchange

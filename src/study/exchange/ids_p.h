@@ -1,0 +1,164 @@
+// The one who writes the tables of the structure. For this room alone.
+#pragma once
+
+#include "study/exchange/gedcom_p.h"
+#include "study/exchange/ids.h"
+#include "study/exchange/idsFile.h"
+#include "study/exchange/idsPlaces.h"
+
+#include <QMap>
+
+#include <set>
+
+namespace study::exchange {
+
+// A person at one end of a relation.
+struct IdsEnd
+{
+    qint64 number = 0;
+    QString sex = {};
+};
+
+// What hangs on a row of INDIVIDUAL beside its value.
+struct IdsBeside
+{
+    qint64 context = 0; // 0: none
+    QString source = {};
+};
+
+// A word of a coded value, and what METADATA tells of it.
+struct IdsCoded
+{
+    QString value = {};
+    QString explanation = {};
+};
+
+class IdsWriter
+{
+public:
+    IdsWriter(const jet::Connection& bdp, const QString& folder, const IdsOptions& options, const GoesOn& goesOn);
+
+    IdsCounts write();
+
+private:
+    // What the study tells, which asks for the whole parish.
+    struct Observed
+    {
+        parish::Date from = {}, until = {};
+        observation::Proof fromBy = observation::Proof::None, untilBy = observation::Proof::None;
+        indicators::Legitimacy legitimacy = indicators::Legitimacy::Unknown;
+    };
+    void readParish();
+    void observe(const parish::Snapshot& parish);
+    Observed limited(Observed one) const;
+    void findWithheld();
+    void begin(IdsTable table);
+    void finish();
+    void ask(double share) const;
+    void next(); // a record
+
+    // INDIVIDUAL
+    struct OfPeople;
+    void writePeople();
+    void writePerson(const PersonCard& card, const Observed& observed, OfPeople& rows);
+    void writeName(const PersonCard& card);
+    void writeBirth(const PersonCard& card, const Observed& observed, OfPeople& rows);
+    void writeUnions(const PersonCard& card, OfPeople& rows);
+    void writeUnion(const jet::Rows& row);
+    void writeDated(const PersonCard& card, OfPeople& rows);
+    void writeAssistance(const jet::Rows& row);
+    void writeDeath(const PersonCard& card, OfPeople& rows);
+    void writeSuffrage(const PersonCard& card, const jet::Rows& row);
+    void writeLooks(const PersonCard& card);
+    void writeObservation(const Observed& observed);
+    void tell(Told what, const QString& value, const parish::Date& date = {}, const IdsBeside& beside = {});
+    void tellText(Told what, const QString& value, const parish::Date& date = {}, const IdsBeside& beside = {});
+    void tellNumber(Told what, parish::Code number, const parish::Date& date);
+    void tellCoded(Told what, const IdsCoded& coded, const parish::Date& date = {}, const IdsBeside& beside = {});
+    void tellCode(Told what, const QString& category, parish::Code code, const parish::Date& date = {});
+    void tellCivilState(parish::Code code, const parish::Date& date);
+    void tellPlace(Told what, const parish::Place& place, const parish::Date& date, const QString& source = {});
+    void note(const ToldWords& words, const IdsCoded& coded);
+
+    // Families, as three of the tables go by them.
+    struct FamilyAt
+    {
+        qint64 number = 0;
+        std::size_t place = 0; // among all
+        QString situation = {};
+        parish::Code storedType = {};
+        parish::Date marriage = {}; // unknown of a family that is withheld
+        parish::Place at = {};
+        bool isWithheld = false;
+    };
+    struct Child
+    {
+        qint64 number = 0;
+        parish::Date birth = {}, death = {}, married = {};
+    };
+    struct OfFamilies;
+    template <class Work>
+    void forEachFamily(const Work& work);
+    std::vector<IdsEnd> coupleOf(const FamilyAt& family, OfFamilies& rows);
+    std::vector<Child> childrenOf(const FamilyAt& family, OfFamilies& rows);
+    QString sourceOf(const FamilyAt& family, const QString& page) const;
+
+    // INDIV_INDIV
+    void writeRelations();
+    void writeKinOf(const FamilyAt& family, OfFamilies& rows);
+    void writeGodparents();
+    void writeMarriageWitnesses();
+    void writeHeirs();
+    void writeExecutors();
+    bool canBeTied(const Link& one, const Link& other);
+    void tie(Tie what, const IdsEnd& one, const IdsEnd& other, const parish::Date& date = {},
+             const QString& source = {});
+
+    // INDIV_CONTEXT, CONTEXT, CONTEXT_CONTEXT
+    void writeRolesInContexts();
+    void writeRolesIn(const FamilyAt& family, OfFamilies& rows);
+    void writeResidences();
+    void writeRole(const ContextRole& role, qint64 person, qint64 context, const parish::Date& date = {},
+                   const QString& source = {});
+    void writeContexts();
+    void writeUnionContext(const FamilyAt& family, OfFamilies& rows);
+    void tellContext(Told what, qint64 context, const IdsCoded& coded, const parish::Date& date = {},
+                     const QString& source = {});
+    void writePlaceContexts();
+    void writePlacesInPlaces();
+
+    // METADATA
+    void writeMetadata();
+    void writeMeaning(const char* table, const QByteArray& type, const QString& value, const char* source,
+                      const QString& explanation);
+    report::PackageJson package() const;
+
+    QByteArray typeOf(const ToldWords& words) const; // in the case that the user wants
+    bool isShown(qint64 person) const { return !withheld_.contains(person); }
+    qint64 contextOfFamily(qint64 number) const;
+    IdsCoded codedBy(const QString& category, parish::Code code) const;
+    static parish::Date actDate(QDate told, const parish::Date& card);
+    QString sourceOf(Register which, const parish::Date& date, const parish::Place& place, const QString& page) const;
+
+    const jet::Connection& bdp_;
+    const IdsOptions& options_;
+    const GoesOn& goesOn_;
+    report::PackageFiles files_;
+    QByteArray database_ = {};
+    parish::Home home_ = {};
+    parish::Catalogue catalogue_ = {};
+    IdsPlaces places_;
+    std::vector<Observed> observed_ = {};      // in the order of the people
+    std::vector<quint8> types_ = {};           // of families, in their order
+    QSet<qint64> withheld_ = {}, closed_ = {}; // people, and families that have one of them for a couple
+    std::unique_ptr<IdsFile> file_ = {};
+    report::PackageJson resources_ = report::PackageJson::array();
+    IdsCounts counts_ = {};
+    qint64 person_ = 0; // whose rows are written
+    // Of coded types, by table and type: each value with its meanings.
+    QMap<std::pair<IdsTable, QByteArray>, QMap<QString, QStringList>> values_ = {};
+    std::set<QString> placeRelations_ = {};
+    qint64 all_ = 1, done_ = 0;
+};
+
+} // namespace study::exchange
