@@ -130,6 +130,7 @@ bool isSurelyUtf8(const QByteArray& bytes, qsizetype at)
 // Letters of both encodings that are taken for each other. What isn't of the one that the file is in is a guess.
 GedcomText decodedMixed(const QByteArray& bytes, bool isUtf8)
 {
+    if (isUtf8 && QUtf8StringView(bytes).isValidUtf8()) return {QString::fromUtf8(bytes), {}};
     GedcomText read;
     read.text.reserve(bytes.size());
     for (qsizetype at = 0; at < bytes.size();) {

@@ -1,3 +1,4 @@
+#include "study/exchange/gedcomCuts.h"
 #include "study/exchange/gedcomSource.h"
 #include "study/exchange/gedcomStructure.h"
 
@@ -7,6 +8,7 @@ namespace {
 
 constexpr std::size_t mostStructures = 250000;
 constexpr qsizetype mostLetters = 1 << 25;
+constexpr int linesLookedAt = 200000; // for how texts are cut
 
 bool isForeign(QChar letter)
 {
@@ -60,7 +62,8 @@ public:
     double done() const { return ended_ ? 1.0 : source_.done(); }
 
 private:
-    // A structure below which the next line may stand. Where each line of its value begins is kept until it is whole.
+    // A structure below which the next line may stand. Where each further line of its value begins is kept until it is
+    // whole.
     struct Piece
     {
         qsizetype from = 0;
@@ -82,14 +85,16 @@ private:
     void carryOn(const GedcomStructureLine& line);
     void append(Open& open, const GedcomStructureLine& line, bool onNewLine);
     void close(Open& open);
-    QString lettersOf(const QString& raw, const std::vector<Piece>& pieces);
+    void makeReadable(QString& letters, int firstLine, const std::vector<Piece>& further);
     void countIn(const GedcomStructureLine& line);
+    void lookAtCuts();
     void tellOfRest();
 
     GedcomSource source_;
     GedcomProblems problems_ = {};
     GedcomEncoding encoding_ = GedcomEncoding::Utf8;
     bool is70_ = false, isRaw_ = false, ended_ = false;
+    bool addBlanks_ = false;           // at each CONC
     GedcomStructureLine waiting_ = {}; // the first one of the next record
     bool isWaiting_ = false;
     int blankLines_ = 0; // before the line at hand
@@ -135,14 +140,29 @@ GedcomHead GedcomReader::Records::readHead()
     if (source_.is8Bit())
         found = encodingOf(is70_ ? QString("UTF-8") : head.text("CHAR").trimmed(), source_.foreignBytes());
     told.encoding = encoding_ = found.encoding;
-    source_.restart();
     problems_ = {};
+    if (!is70_) lookAtCuts();
+    source_.restart();
     if (!found.problem.isEmpty()) problems_.tell(GedcomDoubt::Encoding, 1, found.problem);
-    head = {};
     headOf(head);
     told.source = head.text("SOUR").simplified();
     if (const GedcomNode* places = head.child("PLAC")) told.form = places->text("FORM").simplified();
     return told;
+}
+
+void GedcomReader::Records::lookAtCuts()
+{
+    GedcomCuts cuts;
+    GedcomProblems passedOver;
+    GedcomLine line;
+    source_.restart();
+    for (int i = 0; i < linesLookedAt && !cuts.areEnough() && source_.next(line, passedOver); ++i)
+        cuts.take(structureLine(line));
+    addBlanks_ = cuts.loseBlanks();
+    if (addBlanks_)
+        problems_.tell(
+            GedcomDoubt::Continuation, cuts.firstLine(),
+            "Os textos longos foram cortados entre palavras sem guardar o espaço: em cada CONC foi posto um.");
 }
 
 bool GedcomReader::Records::next(GedcomNode& record)
@@ -202,7 +222,7 @@ void GedcomReader::Records::begin(GedcomNode& record, GedcomStructureLine& line)
     open_.clear();
     countIn(line);
     record = nodeOf(line, is70_);
-    open_.push_back({&record, 0, {{0, line.number}}});
+    open_.push_back({&record, 0});
 }
 
 void GedcomReader::Records::countIn(const GedcomStructureLine& line)
@@ -236,7 +256,7 @@ void GedcomReader::Records::open(GedcomStructureLine& line)
                        QString("O nível %1 salta um nível: a linha foi lida abaixo da anterior.").arg(line.level));
     std::vector<GedcomNode>& beside = open_.back().node->children;
     beside.push_back(nodeOf(line, is70_));
-    open_.push_back({&beside.back(), line.level, {{0, line.number}}});
+    open_.push_back({&beside.back(), line.level});
 }
 
 // The one above it by its level. Some programs give it the level of what it continues: then that is meant, unless it is
@@ -264,7 +284,10 @@ void GedcomReader::Records::append(Open& open, const GedcomStructureLine& line, 
 {
     GedcomNode& node = *open.node;
     node.isPointer = false;
-    if (onNewLine) node.value += u'\n';
+    if (onNewLine)
+        node.value += u'\n';
+    else if (addBlanks_)
+        node.value += u' ';
     open.pieces.push_back({node.value.size(), line.number});
     node.value += onNewLine && is70_ ? withoutFirstAt(line.value) : line.value;
 }
@@ -273,23 +296,25 @@ void GedcomReader::Records::close(Open& open)
 {
     GedcomNode& node = *open.node;
     if (isRaw_) return;
-    node.xref = lettersOf(node.xref, {{0, node.line}});
-    node.value = lettersOf(node.value, open.pieces);
+    makeReadable(node.xref, node.line, {});
+    makeReadable(node.value, node.line, open.pieces);
     if (node.isPointer)
         node.value = node.value.trimmed().sliced(1).chopped(1);
-    else if (!is70_)
+    else if (!is70_ && node.value.contains(u'@'))
         node.value.replace("@@", "@");
 }
 
-QString GedcomReader::Records::lettersOf(const QString& raw, const std::vector<Piece>& pieces)
+void GedcomReader::Records::makeReadable(QString& letters, int firstLine, const std::vector<Piece>& further)
 {
-    if (std::none_of(raw.begin(), raw.end(), isForeign)) return raw;
+    if (std::none_of(letters.cbegin(), letters.cend(), isForeign)) return;
+    const QString raw = std::exchange(letters, {});
     const GedcomText read = source_.is8Bit() ? decoded(raw.toLatin1(), encoding_) : checked(raw);
+    letters = read.text;
     int told = 0;
     for (const qsizetype at : read.guessed) {
-        const auto behind = std::upper_bound(pieces.begin(), pieces.end(), at,
+        const auto behind = std::upper_bound(further.begin(), further.end(), at,
                                              [](qsizetype place, const Piece& piece) { return place < piece.from; });
-        const int line = std::prev(behind)->line;
+        const int line = behind == further.begin() ? firstLine : std::prev(behind)->line;
         if (line == told) continue;
         told = line;
         problems_.tell(GedcomDoubt::Letter, line,
@@ -297,7 +322,6 @@ QString GedcomReader::Records::lettersOf(const QString& raw, const std::vector<P
                                "pelo que parecem ser.")
                            .arg(hexOf(raw[at])));
     }
-    return read.text;
 }
 
 GedcomReader::GedcomReader(QIODevice& device) : records_(std::make_unique<Records>(device))
