@@ -83,8 +83,8 @@ private:
     void open(GedcomStructureLine& line);
     Open& continuedBy(const GedcomStructureLine& line);
     void carryOn(const GedcomStructureLine& line);
-    void append(Open& open, const GedcomStructureLine& line, bool onNewLine);
-    void close(Open& open);
+    void append(Open& continued, const GedcomStructureLine& line, bool onNewLine);
+    void close(const Open& ended);
     void makeReadable(QString& letters, int firstLine, const std::vector<Piece>& further);
     void countIn(const GedcomStructureLine& line);
     void lookAtCuts();
@@ -227,7 +227,7 @@ void GedcomReader::Records::begin(GedcomNode& record, GedcomStructureLine& line)
 
 void GedcomReader::Records::countIn(const GedcomStructureLine& line)
 {
-    letters_ += line.value.size() + line.xref.size() + line.tag.size();
+    letters_ += line.value.size() + line.xref.size() + line.tag.size() + blankLines_;
     if (letters_ > mostLetters || ++structures_ > mostStructures)
         refuseGedcom(line.number, "o registo é demasiado grande para um ficheiro GEDCOM.");
 }
@@ -259,8 +259,8 @@ void GedcomReader::Records::open(GedcomStructureLine& line)
     open_.push_back({&beside.back(), line.level});
 }
 
-// The one above it by its level. Some programs give it the level of what it continues: then that is meant, unless it is
-// itself something that can't be continued below a text.
+// What its level leads to: the structure right above, or one further up that has a text. Otherwise its level is wrong
+// (some programs give it that of what it continues), and the one right above is meant.
 GedcomReader::Records::Open& GedcomReader::Records::continuedBy(const GedcomStructureLine& line)
 {
     for (Open& each : open_) {
@@ -280,24 +280,24 @@ void GedcomReader::Records::carryOn(const GedcomStructureLine& line)
     append(continued, line, line.tag == "CONT");
 }
 
-void GedcomReader::Records::append(Open& open, const GedcomStructureLine& line, bool onNewLine)
+void GedcomReader::Records::append(Open& continued, const GedcomStructureLine& line, bool onNewLine)
 {
-    GedcomNode& node = *open.node;
+    GedcomNode& node = *continued.node;
     node.isPointer = false;
     if (onNewLine)
         node.value += u'\n';
     else if (addBlanks_)
         node.value += u' ';
-    open.pieces.push_back({node.value.size(), line.number});
+    continued.pieces.push_back({node.value.size(), line.number});
     node.value += onNewLine && is70_ ? withoutFirstAt(line.value) : line.value;
 }
 
-void GedcomReader::Records::close(Open& open)
+void GedcomReader::Records::close(const Open& ended)
 {
-    GedcomNode& node = *open.node;
+    GedcomNode& node = *ended.node;
     if (isRaw_) return;
     makeReadable(node.xref, node.line, {});
-    makeReadable(node.value, node.line, open.pieces);
+    makeReadable(node.value, node.line, ended.pieces);
     if (node.isPointer)
         node.value = node.value.trimmed().sliced(1).chopped(1);
     else if (!is70_ && node.value.contains(u'@'))

@@ -58,9 +58,9 @@ public:
     }
 
 private:
-    void line(const QString& letters)
+    void line(const QString& whole)
     {
-        text_ += letters + lineEnd_;
+        text_ += whole + lineEnd_;
         ++line_;
     }
 
