@@ -6,7 +6,7 @@ namespace study::exchange {
 
 namespace {
 
-constexpr std::size_t mostStructures = 250000;
+constexpr int mostLines = 250000;
 constexpr qsizetype mostLetters = 1 << 25;
 constexpr int linesLookedAt = 200000; // for how texts are cut
 
@@ -100,7 +100,7 @@ private:
     int blankLines_ = 0; // before the line at hand
     int lastLine_ = 0;
     std::vector<Open> open_ = {};
-    std::size_t structures_ = 0;
+    int lines_ = 0; // of the record at hand, as its letters
     qsizetype letters_ = 0;
 };
 
@@ -216,7 +216,7 @@ bool GedcomReader::Records::readRecord(GedcomNode& record)
 
 void GedcomReader::Records::begin(GedcomNode& record, GedcomStructureLine& line)
 {
-    structures_ = 0;
+    lines_ = 0;
     letters_ = 0;
     record = {};
     open_.clear();
@@ -227,8 +227,9 @@ void GedcomReader::Records::begin(GedcomNode& record, GedcomStructureLine& line)
 
 void GedcomReader::Records::countIn(const GedcomStructureLine& line)
 {
-    letters_ += line.value.size() + line.xref.size() + line.tag.size() + blankLines_;
-    if (letters_ > mostLetters || ++structures_ > mostStructures)
+    letters_ += line.value.size() + line.xref.size() + line.tag.size();
+    lines_ += 1 + blankLines_;
+    if (letters_ > mostLetters || lines_ > mostLines)
         refuseGedcom(line.number, "o registo é demasiado grande para um ficheiro GEDCOM.");
 }
 
