@@ -41,12 +41,12 @@ bool has1252(Byte byte)
 }
 
 // ANSI Z39.47 with what GEDCOM adds. Bytes 0xA0 to 0xCF stand for themselves; 0: no letter.
-constexpr char16_t ansel[] = {0,      u'Ł', u'Ø',   u'Đ', u'Þ',   u'Æ', u'Œ',   0x02B9, u'·', 0x266D, u'®',   u'±',
-                              u'Ơ',   u'Ư', 0x02BC, 0,    0x02BB, u'ł', u'ø',   u'đ',   u'þ', u'æ',   u'œ',   0x02BA,
-                              u'ı',   u'£', u'ð',   0,    u'ơ',   u'ư', 0x25A1, 0x25A0, u'°', 0x2113, 0x2117, u'©',
-                              0x266F, u'¿', u'¡',   u'ß', u'€',   0,    0,      0,      0,    u'e',   u'o',   u'ß'};
+constexpr char16_t anselLetters[] = {
+    0,      u'Ł',   u'Ø',   u'Đ', u'Þ',   u'Æ', u'Œ', 0x02B9, u'·', 0x266D, u'®', u'±', u'Ơ', u'Ư', 0x02BC, 0,
+    0x02BB, u'ł',   u'ø',   u'đ', u'þ',   u'æ', u'œ', 0x02BA, u'ı', u'£',   u'ð', 0,    u'ơ', u'ư', 0x25A1, 0x25A0,
+    u'°',   0x2113, 0x2117, u'©', 0x266F, u'¿', u'¡', u'ß',   u'€', 0,      0,    0,    0,    u'e', u'o',   u'ß'};
 constexpr Byte firstAnsel = 0xA0;
-static_assert(std::size(ansel) == 0x30);
+static_assert(std::size(anselLetters) == 0x30);
 
 // Bytes 0xE0 to 0xFF are accents, and stand before their letter.
 constexpr char16_t accents[] = {0x0309, 0x0300, 0x0301, 0x0302, 0x0303, 0x0304, 0x0306, 0x0307, 0x0308, 0x030C, 0x030A,
@@ -65,7 +65,8 @@ char16_t letterOfAnsel(Byte byte)
     if (byte < firstForeign) return byte;
     if (byte == 0x8D) return 0x200D;
     if (byte == 0x8E) return 0x200C;
-    return byte >= firstAnsel && byte < firstAnsel + std::size(ansel) ? ansel[byte - firstAnsel] : char16_t(0);
+    return byte >= firstAnsel && byte < firstAnsel + std::size(anselLetters) ? anselLetters[byte - firstAnsel]
+                                                                             : char16_t(0);
 }
 
 // How many bytes the letter of UTF-8 has that begins there; 0 where there is none.
@@ -130,6 +131,7 @@ bool isSurelyUtf8(const QByteArray& bytes, qsizetype at)
 // Letters of both encodings that are taken for each other. What isn't of the one that the file is in is a guess.
 GedcomText decodedMixed(const QByteArray& bytes, bool isUtf8)
 {
+    if (isUtf8 && QUtf8StringView(bytes).isValidUtf8()) return {QString::fromUtf8(bytes), {}};
     GedcomText read;
     read.text.reserve(bytes.size());
     for (qsizetype at = 0; at < bytes.size();) {

@@ -57,7 +57,7 @@ struct GedcomHead
     bool operator==(const GedcomHead&) const = default;
 };
 
-// Reads one record at a time, in the order of the file; memory is that of the longest one, of 250,000 structures and
+// Reads one record at a time, in the order of the file; memory is that of the longest one, of 250,000 lines and
 // 32 million letters at the most. Line ends of every kind, blank lines, indents, tabs, lines that were broken in the
 // middle (taken as a continuation of the one before, and told) and levels that skip one (told) are read. Text that is
 // UTF-8 is read as that, whatever HEAD says; bytes that are no letters are read by a guess, and told.

@@ -7,6 +7,31 @@ using namespace gedcomRead;
 
 namespace {
 
+// A text, cut for CONC where `length` says, from a place on and with so much room; the blank at a cut is left out if
+// told.
+template <typename Length>
+QByteArray cutText(const QString& text, const Length& length, bool withoutBlanks)
+{
+    QByteArray lines = "0 @I1@ INDI\n1 NOTE ";
+    for (qsizetype at = 0; at < text.size();) {
+        const qsizetype end = at + length(at);
+        lines += text.sliced(at, end - at).toUtf8() + (end < text.size() ? "\n2 CONC " : "\n");
+        at = end + (withoutBlanks ? 1 : 0);
+    }
+    return lines;
+}
+
+QString longText()
+{
+    QString text;
+    for (int i = 1; text.size() < 4000; ++i)
+        text += QString::fromUtf8(i % 7 == 0   ? "da Conceição "
+                                  : i % 3 == 0 ? "e "
+                                               : "Guimarães ") +
+                QString::number(i * i) + ' ';
+    return text.trimmed();
+}
+
 QString refusal(const QByteArray& bytes)
 {
     try {
@@ -213,10 +238,10 @@ TEST(GedcomReader, RefusesALineOrARecordWithoutEnd)
 {
     EXPECT_TRUE(refusal(head551 + "0 @I1@ INDI\n1 NOTE " + QByteArray((1 << 24) + 1, 'x')).startsWith("Linha 7: "));
     EXPECT_EQ(readAll(head551 + "0 @I1@ INDI\n1 NOTE " + QByteArray(1 << 20, 'x')).note().size(), 1 << 20);
-    QByteArray many = head551 + "0 @I1@ INDI\n";
-    for (int i = 0; i < 250000; ++i)
-        many += "1 A\n";
-    EXPECT_TRUE(refusal(many).startsWith("Linha 250006: ")) << qPrintable(refusal(many));
+    const QByteArray many = head551 + "0 @I1@ INDI\n" + QByteArray("1 A\n").repeated(250000);
+    EXPECT_TRUE(refusal(many).startsWith("Linha 250006: "));
+    const QByteArray blank = head551 + "0 @I1@ INDI\n1 NOTE a\n" + QByteArray(250000, '\n') + "b\n";
+    EXPECT_TRUE(refusal(blank).startsWith("Linha ")) << "lines with nothing count, too";
     QByteArray large = head551 + "0 @I1@ INDI\n";
     for (int i = 0; i < 3; ++i)
         large += "1 NOTE " + QByteArray(12000000, 'x') + '\n';
@@ -225,7 +250,7 @@ TEST(GedcomReader, RefusesALineOrARecordWithoutEnd)
 
 TEST(GedcomReader, EndsBehindWhatItHasRefused)
 {
-    QByteArray bytes = head551 + "0 @I1@ INDI\n1 NOTE " + QByteArray((1 << 24) + 1, 'x') + "\n0 @I2@ INDI\n";
+    QByteArray bytes = head551 + "0 @I1@ INDI\n" + QByteArray("1 A\n").repeated(250000) + "0 @I2@ INDI\n";
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     GedcomReader reader(buffer);
@@ -274,4 +299,54 @@ TEST(GedcomReader, TellsHowMuchIsDone)
     for (int i = 0; i < 15000; ++i)
         reader.next(record);
     EXPECT_NEAR(reader.done(), 0.5, 0.01);
+}
+
+TEST(GedcomReader, PutsTheBlanksBackThatACutBetweenWordsHasTaken)
+{
+    static constexpr qsizetype room = 70;
+    const QString text = longText();
+    const auto betweenWords = [&](qsizetype at) {
+        return text.size() - at <= room ? text.size() - at : text.lastIndexOf(u' ', at + room) - at;
+    };
+    const File file = read551(cutText(text, betweenWords, true));
+    EXPECT_EQ(file.note(), text);
+    ASSERT_EQ(file.problems.size(), 1U) << qPrintable(file.told());
+    EXPECT_EQ(file.problems[0].line, 8);
+    EXPECT_TRUE(file.problems[0].text.contains("CONC"));
+    const File kept = read551(cutText(text, betweenWords, false));
+    EXPECT_EQ(kept.note(), text) << "the blank begins the next line";
+    EXPECT_EQ(kept.told(), "");
+    EXPECT_EQ(read551("0 @I1@ INDI\n1 NOTE casa\n2 CONC de\n").note(), "casade") << "one cut shows nothing";
+}
+
+TEST(GedcomReader, PutsNoBlanksWhereTextsAreCutInsideAWord)
+{
+    static constexpr qsizetype room = 70;
+    const QString text = longText();
+    const auto inAWord = [&](qsizetype at) {
+        qsizetype end = qMin(text.size(), at + room);
+        while (end < text.size() && (text[end] == u' ' || text[end - 1] == u' '))
+            --end;
+        return end - at;
+    };
+    const auto byBytes = [&](qsizetype at) {
+        qsizetype length = 1;
+        while (at + length < text.size() && text.sliced(at, length + 1).toUtf8().size() <= room)
+            ++length;
+        while (at + length < text.size() && (text[at + length] == u' ' || text[at + length - 1] == u' '))
+            --length;
+        return length;
+    };
+    const auto anywhere = [&](qsizetype at) {
+        qsizetype end = qMin(text.size(), at + 20 + at * 7 % 31);
+        while (end < text.size() && (text[end] == u' ' || text[end - 1] == u' '))
+            --end;
+        return end - at;
+    };
+    for (const File& file : {read551(cutText(text, inAWord, false)), read551(cutText(text, byBytes, false)),
+                             read551(cutText(text, anywhere, false))})
+    {
+        EXPECT_EQ(file.note(), text);
+        EXPECT_EQ(file.told(), "");
+    }
 }
