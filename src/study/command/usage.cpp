@@ -226,15 +226,12 @@ QString readGedcomWords(const Read& read, Order& order)
         order.version = exchange::GedcomVersion::V70;
     else if (!read.version.empty() && read.version != "5.5.1")
         return "A versão é 5.5.1 ou 7.0, e não \"" + QString::fromStdString(read.version) + "\".";
-    static const std::map<std::string, exchange::BirthDates> meant = {{"chr", exchange::BirthDates::Christenings},
-                                                                      {"bapm", exchange::BirthDates::Baptisms},
-                                                                      {"birt", exchange::BirthDates::Births}};
-    if (!read.dates.empty()) {
-        const auto found = meant.find(read.dates);
-        if (found == meant.end())
-            return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
-        order.birthDates = found->second;
-    }
+    if (read.dates == "bapm")
+        order.birthDates = exchange::BirthDates::Baptisms;
+    else if (read.dates == "birt")
+        order.birthDates = exchange::BirthDates::Births;
+    else if (!read.dates.empty() && read.dates != "chr")
+        return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
     if (read.limit.empty()) return {};
     const QString limit = QString::fromStdString(read.limit);
     bool isNumber = false;
