@@ -168,7 +168,7 @@ TEST_F(GedcomOfAParish, HasWhatHangsOnAPerson)
     EXPECT_EQ(below(rui, "RESI").text("DATE"), "ABT 10 MAR 1750");
     EXPECT_EQ(below(rui, "RESI").text("NOTE"), "junto à igreja");
     EXPECT_EQ(factOf(rui, "Assinatura"), "Assina, nível 3");
-    EXPECT_EQ(record("@OA1_1@").text("FILE"), "imagens/a%20b.jpg");
+    EXPECT_EQ(record("@OAI1_1@").text("FILE"), "imagens/a%20b.jpg");
     EXPECT_EQ(below(rui, "EMIG").text("TYPE"), "Passaporte");
     EXPECT_EQ(below(rui, "DSCR").value, "Altura: 170 cm");
     EXPECT_EQ(below(rui, "NAME").text("NICK"), "o Ferreiro");
@@ -276,4 +276,39 @@ TEST_F(GedcomOfAParish, IsAWholeFileOrNone)
     EXPECT_THROW(exportGedcom(bdp, other.fileName(), options_), jet::Error) << "of somebody else";
     EXPECT_EQ(bdp.transactionLevel(), 0);
     EXPECT_NO_THROW(run("delete from individuo where nind = 4")) << "nothing is locked";
+}
+
+TEST_F(GedcomOfAParish, TakesNothingForToldThatACardHasLeftBlank)
+{
+    run("update individuo set idademae = 0, idadepai = 0, estadocivilmae = 0, altura = 0, idadeobito = 0, "
+        "estadoobito = 0, filiacao = 0, datanasc = null, dataobito = null");
+    run("update familias set idade = 0, estadocivil = 0, numcasam = 0");
+    const Structure eva = record("@I3@");
+    for (const char* const tag : {"BIRT", "CHR", "DEAT", "FACT", "DSCR"})
+        EXPECT_FALSE(eva.first(tag)) << tag;
+    const Structure marriage = below(record("@F1@"), "MARR");
+    EXPECT_FALSE(marriage.first("HUSB"));
+    EXPECT_FALSE(marriage.first("NOTE"));
+    run("update individuo set dataobito = '1750-04-01', idadeobito = 0 where nind = 3");
+    EXPECT_EQ(below(record("@I3@"), "DEAT").text("AGE"), "0y") << "an infant";
+}
+
+TEST_F(GedcomOfAParish, HasACodeOfWhichNothingIsToldAsItStands)
+{
+    run("update individuo set filiacao = 77, sacramentos = 78, estadocivilmae = 79 where nind = 3");
+    run("update familia set sfamilia = 'x'");
+    const Structure eva = record("@I3@");
+    EXPECT_EQ(factOf(eva, "Filiação"), "(77)");
+    EXPECT_EQ(factOf(eva, "Sacramentos"), "(78)");
+    EXPECT_EQ(below(eva, "CHR").text("NOTE"), "Estado civil da mãe: (79)");
+    EXPECT_EQ(factOf(record("@F1@"), "Situação da família"), "(x)");
+}
+
+TEST_F(GedcomOfAParish, TakesAnyNumberOfACard)
+{
+    run("insert into individuo (nind, nome, sexo, rpBapt) values (-5, 'Ivo Dias', 'm', 'a.jpg')");
+    assists(child_, -5, 'b', 'p');
+    EXPECT_EQ(below(below(record("@I3@"), "CHR"), "ASSO").pointer, "@I_5@");
+    EXPECT_EQ(record("@I_5@").text("REFN"), "-5");
+    EXPECT_EQ(record("@OBI_5@").text("FILE"), "a.jpg");
 }
