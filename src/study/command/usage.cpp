@@ -237,19 +237,18 @@ QString readWords(const Read& read, Order& order)
 QString readExportWords(const Read& read, Order& order)
 {
     static constexpr int mostYears = 1000;
-    using enum exchange::BirthDates;
-    static const std::map<std::string, exchange::BirthDates> dates{
-        {"", Christenings}, {"chr", Christenings}, {"bapm", Baptisms}, {"birt", Births}};
     if (read.spreadsheet) order.way = "tabelas-excel";
     if (read.emptyOrphans) order.out.orphans = exchange::Orphans::Emptied;
     if (read.version == "7.0")
         order.way = "gedcom-7.0";
     else if (!read.version.empty() && read.version != "5.5.1")
         return "A versão é 5.5.1 ou 7.0, e não \"" + QString::fromStdString(read.version) + "\".";
-    const auto date = dates.find(read.dates);
-    if (date == dates.end())
+    if (read.dates == "bapm")
+        order.out.birthDates = exchange::BirthDates::Baptisms;
+    else if (read.dates == "birt")
+        order.out.birthDates = exchange::BirthDates::Births;
+    else if (!read.dates.empty() && read.dates != "chr")
         return "As datas são chr, bapm ou birt, e não \"" + QString::fromStdString(read.dates) + "\".";
-    order.out.birthDates = date->second;
     const QString day = QString::fromStdString(read.date);
     order.out.version = QDate::fromString(day, Qt::ISODate);
     if (!day.isEmpty() && !order.out.version.isValid()) return "A data é AAAA-MM-DD, e não \"" + day + "\".";

@@ -165,21 +165,22 @@ void GedcomWriter::writeMarriage(const FamilyCard& card, const Couple& couple, O
     else if (!hasBearer)
         for (const Association& one : associations)
             if (canBeLinked(one.who)) addTold(marriage.notes, one.phrase, QString("pessoa %1").arg(one.who.number));
-    marriage.picture = {relativePath(card.file, folder_), "OC" + QByteArray::number(card.number)};
+    marriage.picture = {relativePath(card.file, folder_), "OC" + familyXref(card.number)};
     for (std::size_t place : {husband, wife}) {
         if (!couple.spouses[place]) continue;
         const Couple::Spouse& spouse = *couple.spouses[place];
         const QString whose = place == husband ? "do marido" : "da mulher";
-        (place == husband ? marriage.husbandAge : marriage.wifeAge) = gedcomAge(spouse.age);
-        addTold(marriage.notes, "Estado civil " + whose, catalogue_.description("EstCi", spouse.state));
-        if (spouse.order) addTold(marriage.notes, "Casamento n.º " + whose, QString::number(*spouse.order));
+        (place == husband ? marriage.husbandAge : marriage.wifeAge) =
+            gedcomAge(isTold(spouse.age) ? spouse.age : parish::Code());
+        addTold(marriage.notes, "Estado civil " + whose, meaningOf("EstCi", spouse.state));
+        if (isTold(spouse.order)) addTold(marriage.notes, "Casamento n.º " + whose, QString::number(*spouse.order));
     }
     marriage.citation = citationOf(Register::Marriages, card.marriage, card.place, page);
-    const bool isTold = card.marriage.isKnown() || card.place.isKnown() || !associations.empty() ||
+    const bool hasAct = card.marriage.isKnown() || card.place.isKnown() || !associations.empty() ||
                         !marriage.notes.isEmpty() || !marriage.husbandAge.isEmpty() || !marriage.wifeAge.isEmpty() ||
                         !marriage.picture.path.isEmpty() || !page.isEmpty();
-    if (isTold || told == MarriageTold::Yes) write(marriage);
-    writeFamilyFact("Situação da família", catalogue_.description("SitFa", card.situation));
+    if (hasAct || told == MarriageTold::Yes) write(marriage);
+    writeFamilyFact("Situação da família", meaningOf("SitFa", card.situation));
     const QByteArray observed = gedcomPeriod(card.observedFrom, card.observedUntil);
     if (!observed.isEmpty()) writeFamilyFact("Observação", "Em observação", observed);
 }

@@ -21,7 +21,7 @@ const char* sexOf(const QString& letter)
 
 QString figure(parish::Code value)
 {
-    return value ? QString::number(*value) : QString();
+    return isTold(value) ? QString::number(*value) : QString();
 }
 
 // About it: a birth of which the baptism alone is known.
@@ -109,9 +109,9 @@ void GedcomWriter::writeBirth(const PersonCard& card, OfPeople& rows)
     ceremony.associations = baptismAssociations(card, rows);
     addTold(ceremony.notes, "Idade do pai", figure(card.fatherAge));
     addTold(ceremony.notes, "Idade da mãe", figure(card.motherAge));
-    addTold(ceremony.notes, "Estado civil do pai", catalogue_.description("EstCi", card.fatherState));
-    addTold(ceremony.notes, "Estado civil da mãe", catalogue_.description("EstCi", card.motherState));
-    ceremony.picture = {relativePath(card.baptismFile, folder_), "OB" + QByteArray::number(card.number)};
+    addTold(ceremony.notes, "Estado civil do pai", meaningOf("EstCi", card.fatherState));
+    addTold(ceremony.notes, "Estado civil da mãe", meaningOf("EstCi", card.motherState));
+    ceremony.picture = {relativePath(card.baptismFile, folder_), "OB" + personXref(card.number)};
     Event birth{.tag = "BIRT", .act = "do nascimento"};
     const auto days = options_.days ? options_.days(parish::PersonNumber(card.number), card.birth, card.notes)
                                     : std::optional<KnownDays>();
@@ -129,9 +129,9 @@ void GedcomWriter::writeBirth(const PersonCard& card, OfPeople& rows)
     ceremony.citation = citationOf(Register::Baptisms, card.birth, card.birthPlace, page);
     if (isBirth) birth.citation = ceremony.citation;
     if (!birth.date.isEmpty() || birth.place.isKnown()) write(birth);
-    const bool isTold = !ceremony.date.isEmpty() || ceremony.place.isKnown() || !ceremony.associations.empty() ||
-                        !ceremony.notes.isEmpty() || !ceremony.picture.path.isEmpty() || !page.isEmpty();
-    if (isTold) write(ceremony);
+    const bool hasCeremony = !ceremony.date.isEmpty() || ceremony.place.isKnown() || !ceremony.associations.empty() ||
+                             !ceremony.notes.isEmpty() || !ceremony.picture.path.isEmpty() || !page.isEmpty();
+    if (hasCeremony) write(ceremony);
 }
 
 void GedcomWriter::writeDeath(const PersonCard& card, OfPeople& rows, const QStringList& suffrages)
@@ -144,9 +144,10 @@ void GedcomWriter::writeDeath(const PersonCard& card, OfPeople& rows, const QStr
                 .age = gedcomAge(card.ageAtDeath),
                 .act = "do óbito"};
     death.citation = citationOf(Register::Burials, card.death, card.deathPlace, page);
-    death.picture = {relativePath(card.burialFile, folder_), "OO" + QByteArray::number(card.number)};
+    death.picture = {relativePath(card.burialFile, folder_), "OO" + personXref(card.number)};
     const bool hasDied = !death.date.isEmpty() || death.place.isKnown() || !death.cause.isEmpty() ||
-                         !death.age.isEmpty() || card.stateAtDeath || !page.isEmpty() || !death.picture.path.isEmpty();
+                         isTold(card.ageAtDeath) || isTold(card.stateAtDeath) || !page.isEmpty() ||
+                         !death.picture.path.isEmpty();
     if (hasDied || !suffrages.isEmpty()) {
         death.notes = suffrages;
         write(death);
@@ -161,16 +162,16 @@ void GedcomWriter::writeDeath(const PersonCard& card, OfPeople& rows, const QStr
 
 void GedcomWriter::writeTold(const PersonCard& card)
 {
-    writeFact("Filiação", catalogue_.description("Filia", card.filiation));
-    writeFact("Estado civil ao óbito", catalogue_.description("EstCi", card.stateAtDeath));
-    writeFact("Sacramentos", catalogue_.description("Sacra", card.sacraments));
-    writeFact("Classe paroquial", catalogue_.description("ClaPa", card.parishClass));
+    writeFact("Filiação", meaningOf("Filia", card.filiation));
+    writeFact("Estado civil ao óbito", meaningOf("EstCi", card.stateAtDeath));
+    writeFact("Sacramentos", meaningOf("Sacra", card.sacraments));
+    writeFact("Classe paroquial", meaningOf("ClaPa", card.parishClass));
     if (card.minor) writeFact("Menor", "Sim");
     const QByteArray observed = gedcomPeriod(card.observedFrom, card.observedUntil);
     if (!observed.isEmpty()) writeFact("Observação", "Em observação", observed);
     QStringList looks;
     addTold(looks, "Estatura", card.stature);
-    if (card.height) addTold(looks, "Altura", figure(card.height) + " cm");
+    if (isTold(card.height)) addTold(looks, "Altura", figure(card.height) + " cm");
     if (!card.looks.trimmed().isEmpty()) looks << card.looks;
     if (!looks.isEmpty()) write({.tag = "DSCR", .text = looks.join('\n')});
 }
@@ -184,7 +185,7 @@ void GedcomWriter::writeFamilyLinks(const PersonCard& card, OfPeople& rows)
         if (const PedigreeWords* const words = pedigreeOf(card.filiation)) {
             lines_.word(2, "PEDI", lines_.is551() ? words->pedi551 : words->pedi70);
             if (!lines_.is551() && qstrcmp(words->pedi70, "OTHER") == 0)
-                lines_.text(3, "PHRASE", catalogue_.description("Filia", card.filiation));
+                lines_.text(3, "PHRASE", meaningOf("Filia", card.filiation));
         }
     }
     static constexpr int ofACouple = 2;

@@ -62,10 +62,10 @@ Association GedcomWriter::assistantAt(const jet::Rows& row, bool atBaptism) cons
         one.phrase = "Padrinho";
     else
         one.phrase = sex == "f" ? "Madrinha" : "Padrinho ou madrinha";
-    addTold(one.notes, "Parentesco", catalogue_.description("Paren", codeAt(row, 8)));
-    addTold(one.notes, "Parentesco com o noivo", catalogue_.description("Paren", codeAt(row, 9)));
-    addTold(one.notes, "Parentesco com a noiva", catalogue_.description("Paren", codeAt(row, 10)));
-    addTold(one.notes, "Estado civil", catalogue_.description("EstCi", codeAt(row, 5)));
+    addTold(one.notes, "Parentesco", meaningOf("Paren", codeAt(row, 8)));
+    addTold(one.notes, "Parentesco com o noivo", meaningOf("Paren", codeAt(row, 9)));
+    addTold(one.notes, "Parentesco com a noiva", meaningOf("Paren", codeAt(row, 10)));
+    addTold(one.notes, "Estado civil", meaningOf("EstCi", codeAt(row, 5)));
     if (row.number(6) != 0) one.notes << "Pai falecido";
     if (row.number(7) != 0) one.notes << "Mãe falecida";
     if (const QString notes = row.text(11); !notes.trimmed().isEmpty()) one.notes << notes;
@@ -100,7 +100,7 @@ void GedcomWriter::writeDated(const PersonCard& card, OfPeople& rows)
             .tag = "FACT", .type = "Assinatura", .date = gedcomDate(dateAt(row, 1)), .age = gedcomAge(codeAt(row, 3))};
         one.text = level ? QString("Assina, nível %1").arg(*level) : QString("Assina");
         one.picture = {relativePath(row.text(5), folder_),
-                       "OA" + QByteArray::number(card.number) + '_' + QByteArray::number(row.number(10))};
+                       "OA" + personXref(card.number) + '_' + QByteArray::number(row.number(10))};
         one.source = row.text(7).simplified();
         addTold(one.notes, "Assina como", row.text(6));
         addTold(one.notes, "Função", row.text(8));
@@ -127,7 +127,7 @@ Event GedcomWriter::willOf(const PersonCard& card, OfPeople& rows) const
     while (rows.bequests.next(card.number)) {
         const jet::Rows& row = rows.bequests.row();
         Association heir{.who = linkAt(row, 1), .role = Role::Heir, .phrase = "Herdeiro"};
-        addTold(heir.notes, "Parentesco", catalogue_.description("Paren", codeAt(row, 3)));
+        addTold(heir.notes, "Parentesco", meaningOf("Paren", codeAt(row, 3)));
         addTold(heir.notes, "Bens móveis", row.text(4));
         addTold(heir.notes, "Bens de raiz", row.text(5));
         addTold(heir.notes, "Notas", row.text(6));
@@ -153,7 +153,7 @@ QStringList GedcomWriter::suffragesOf(const PersonCard& card, OfPeople& rows) co
                 category = words.category;
             }
         QStringList parts;
-        addPart(parts, "tipo:", catalogue_.description(category, codeAt(row, 2)));
+        addPart(parts, "tipo:", meaningOf(category, codeAt(row, 2)));
         addPart(parts, "quantidade:", amountAt(row, 3));
         addPart(parts, "valor de cada:", amountAt(row, 4));
         addPart(parts, "valor total:", amountAt(row, 8));

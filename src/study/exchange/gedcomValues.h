@@ -23,8 +23,8 @@ QByteArray gedcomAge(parish::Code years); // "46y"; "" for none, and for what is
 // What the name has no slash for of its own becomes U+2215.
 struct GedcomName
 {
-    QString payload = {}; // "Padre João /da Costa/, o Moço"; "" where there is no name
-    QString given = {}; // with all that follows it, where there is no surname: "Domingos Exposto"
+    QString payload = {};  // "Padre João /da Costa/, o Moço"; "" where there is no name
+    QString given = {};    // with all that follows it, where there is no surname: "Domingos Exposto"
     QString particle = {}; // "da"
     QString surname = {};  // "Costa"
     QStringList titles = {};

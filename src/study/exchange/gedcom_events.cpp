@@ -37,12 +37,12 @@ Link linkAt(const jet::Rows& row, int column)
 
 QByteArray personXref(qint64 number)
 {
-    return 'I' + QByteArray::number(number);
+    return 'I' + QByteArray::number(number).replace('-', '_');
 }
 
 QByteArray familyXref(qint64 number)
 {
-    return 'F' + QByteArray::number(number);
+    return 'F' + QByteArray::number(number).replace('-', '_');
 }
 
 // Readers of 5.5.1 take a fact for an attribute, which has neither day nor age nor picture; an event has them all.
@@ -213,6 +213,17 @@ void GedcomWriter::writeNumbers(const char* kind, qint64 number)
     lines_.word(1, lines_.is551() ? "_UID" : "UID", uidOf(home_, kind, number));
 }
 
+QString GedcomWriter::meaningOf(const QString& category, const QString& code) const
+{
+    const QString told = catalogue_.description(category, code), own = code.simplified();
+    return told.isEmpty() && !own.isEmpty() && own != "0" ? '(' + own + ')' : told;
+}
+
+QString GedcomWriter::meaningOf(const QString& category, parish::Code code) const
+{
+    return code ? meaningOf(category, QString::number(*code)) : QString();
+}
+
 void GedcomWriter::writeFact(const char* type, const QString& text, const QByteArray& date)
 {
     if (!text.isEmpty()) write({.tag = "FACT", .text = text, .type = type, .date = date});
@@ -234,7 +245,7 @@ std::optional<Citation> GedcomWriter::citationOf(Register which, const parish::D
 
 Association GedcomWriter::priest(const Link& who, parish::Code function) const
 {
-    const QString told = catalogue_.description("FunPa", function);
+    const QString told = meaningOf("FunPa", function);
     return {.who = who, .role = Role::Clergy, .phrase = told.isEmpty() ? "Celebrante" : told};
 }
 

@@ -123,6 +123,9 @@ private:
     void writeResidences(qint64 family, OfFamilies& rows);
 
     // Both.
+    // What a code means, the code in brackets where the BDP doesn't say; "" for none, which some cards keep as 0.
+    QString meaningOf(const QString& category, const QString& code) const;
+    QString meaningOf(const QString& category, parish::Code code) const;
     Association assistantAt(const jet::Rows& row, bool atBaptism) const; // from its column 1 on
     Association priest(const Link& who, parish::Code function) const;
     Event residenceAt(const jet::Rows& row) const; // the same
@@ -160,9 +163,15 @@ private:
     qint64 all_ = 1, done_ = 0;
 };
 
+// Not 0, which a card keeps where a field was left blank.
+inline bool isTold(parish::Code value)
+{
+    return value && *value > 0;
+}
+
 // "Texto: valor"; nothing where there is no value.
 void addTold(QStringList& all, const QString& what, const QString& value);
-QByteArray personXref(qint64 number); // "I12"
+QByteArray personXref(qint64 number); // "I12", "I_5" of -5
 QByteArray familyXref(qint64 number); // "F3"
 
 // The page of the acts of estudo_acto, as a select of number, book, leaf, number of the act; of nobody where the BDP
