@@ -122,6 +122,11 @@ Draft::~Draft()
         if (stands(path_ + QLatin1String(suffix))) disk().remove(path_ + QLatin1String(suffix));
 }
 
+void Draft::sync()
+{
+    if (const auto error = disk().syncFile(path_)) throw writeError(error, target_);
+}
+
 void Draft::place()
 {
     take(false);
@@ -134,7 +139,7 @@ void Draft::replace()
 
 void Draft::take(bool over)
 {
-    if (const auto error = disk().syncFile(path_)) throw writeError(error, target_);
+    sync();
     if (!over && stands(target_)) throw writeError(std::make_error_code(std::errc::file_exists), target_);
     removeCompanions(target_);
     if (const auto error = over ? disk().replace(path_, target_) : disk().place(path_, target_))

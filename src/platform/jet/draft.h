@@ -20,6 +20,9 @@ public:
 
     const QString& path() const { return path_; }
 
+    // Brings the draft to the disk. Throws Error as the constructor.
+    void sync();
+
     // Brings the draft to the disk and gives it the name of the target; the folder is synced, too. place() throws
     // fileExists where anything stands there, replace() takes the place of a file. Throws Error as the constructor; the
     // target is then as it was, unless it is the disk itself that failed at the folder.

@@ -123,4 +123,17 @@ OneLook::OneLook(const Connection& connection) : d_(new Private{OneState(JsonRea
 
 OneLook::~OneLook() = default;
 
+WideView::WideView(const Connection& connection) : connection_(connection)
+{
+    Rows(connection, NativeSql(QStringLiteral("pragma cache_size = -32768"))).next();
+}
+
+WideView::~WideView()
+{
+    try {
+        Rows(connection_, NativeSql(QStringLiteral("pragma cache_size = -2000"))).next();
+    } catch (const Error&) { // the next one sets it again
+    }
+}
+
 } // namespace jet

@@ -1,4 +1,8 @@
 // The rows of a CSV file, by RFC 4180, one after the other: nothing but the row at hand is held.
+//
+// Tables of acts have a reader of their own (study/transcripts/table.h), which takes a whole text in any encoding,
+// looks for its headers below titles, and forgives what quotes leave open. Here a file may have millions of rows, is in
+// UTF-8, an empty cell isn't an empty text, and what is wrong belongs to its row.
 #pragma once
 
 #include <QByteArray>

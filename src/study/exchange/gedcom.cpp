@@ -1,11 +1,13 @@
 #include "study/exchange/gedcom.h"
 
+#include "platform/jet/disk.h"
+#include "platform/jet/draft.h"
 #include "platform/jet/error.h"
 #include "study/exchange/gedcomPeople_p.h"
 #include "study/exchange/privacy.h"
 
+#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace study::exchange {
 
@@ -158,6 +160,7 @@ void GedcomWriter::writeHead()
 void GedcomWriter::writePeople()
 {
     OfPeople rows(bdp_, options_.version);
+    const jet::WideView view(bdp_);
     jet::Rows people(bdp_, jet::NativeSql(peopleSelect));
     while (people.next()) {
         next();
@@ -208,10 +211,13 @@ GedcomCounts exportGedcom(const jet::Connection& bdp, const QString& path, const
                           QString("O ficheiro \"%1\" não pode ser escrito: %2").arg(path, why));
     };
     checkTarget(path, bdp.dataSource());
-    QSaveFile file(path);
+    jet::Draft draft(jet::behindLinks(path));
+    QFile file(draft.path());
     if (!file.open(QIODevice::WriteOnly)) throw failed(file.errorString());
     const GedcomCounts counts = writeGedcom(bdp, file, options, goesOn);
-    if (!file.commit()) throw failed(file.errorString());
+    if (!file.flush()) throw failed(file.errorString());
+    file.close();
+    QFileInfo::exists(path) ? draft.replace() : draft.place();
     return counts;
 }
 

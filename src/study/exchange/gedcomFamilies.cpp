@@ -194,6 +194,7 @@ void GedcomWriter::writeResidences(qint64 family, OfFamilies& rows)
 void GedcomWriter::writeFamilies()
 {
     OfFamilies rows(bdp_);
+    const jet::WideView view(bdp_);
     jet::Rows families(bdp_, jet::NativeSql(familySelect));
     while (families.next()) {
         next();

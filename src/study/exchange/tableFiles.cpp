@@ -2,6 +2,7 @@
 
 #include "study/exchange/tables_p.h"
 #include "study/report/dataPackage.h"
+#include "study/report/packageFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -50,22 +51,25 @@ private:
         const auto resources = package.is_object() ? package.find("resources") : package.end();
         if (!package.is_object() || resources == package.end() || !resources->is_array())
             refuse(path, "não é a descrição de um pacote de tabelas.");
+        if (report::isUnfinished(package))
+            refuse(path, "a exportação para esta pasta não chegou ao fim. Exporte outra vez.");
         for (const PackageJson& resource : *resources)
-            take(report::textAt(resource, "name"), report::textAt(resource, "path"), path);
+            take(report::textAt(resource, "name"), report::textAt(resource, "path"), path,
+                 report::textAt(resource, "hash"));
     }
 
     void readFolder()
     {
         for (const QFileInfo& file : dir_.entryInfoList({"*.csv"}, QDir::Files, QDir::Name))
-            take(file.completeBaseName(), file.fileName(), dir_.path());
+            take(file.completeBaseName(), file.fileName(), dir_.path(), {});
     }
 
     // Only what lies in the folder itself: a description that somebody has sent leads nowhere else.
-    void take(const QString& name, const QString& file, const QString& package)
+    void take(const QString& name, const QString& file, const QString& package, const QString& hash)
     {
         const TableInfo* table = tableOf(name);
         if (!table && name != problemTable) {
-            found_.leftOut.push_back({file.isEmpty() ? name : file, 0, "Ficou de fora: não é uma tabela de uma BDP."});
+            found_.warnings.push_back({file.isEmpty() ? name : file, 0, "Ficou de fora: não é uma tabela de uma BDP."});
             return;
         }
         if (file.isEmpty() || QFileInfo(file).fileName() != file || file.contains('\\'))
@@ -74,6 +78,8 @@ private:
         if (!there.isFile()) refuse(package, QString("falta o ficheiro %1.").arg(file));
         for (const TableFile& other : found_.files)
             if (other.table == table) refuse(package, QString("a tabela \"%1\" está duas vezes.").arg(name));
+        if (hash.startsWith("sha256:") && hash != report::hashOfFile(there.filePath()))
+            found_.warnings.push_back({file, 0, "Foi alterado depois de escrito; entra como está."});
         found_.files.push_back({table, file, there.filePath(), there.size()});
     }
 

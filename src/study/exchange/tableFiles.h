@@ -16,12 +16,12 @@ struct TableFile
 
 struct TableFiles
 {
-    std::vector<TableFile> files = {}; // in the order of allTables(), that of the problems first
-    std::vector<TableProblem> leftOut = {};
+    std::vector<TableFile> files = {};       // in the order of allTables(), that of the problems first
+    std::vector<TableProblem> warnings = {}; // of files that are left out, or aren't as they were written
 };
 
 // Throws jet::Error where there is no folder, no table in it, or where its datapackage.json is none, names a file that
-// isn't there or that lies elsewhere, or one table twice.
+// isn't there or that lies elsewhere, or one table twice, or belongs to an export that was interrupted.
 TableFiles filesIn(const QString& folder);
 
 } // namespace study::exchange

@@ -154,4 +154,12 @@ QString descriptionOf(const TableInfo& table, const TableSeen& seen)
     return told;
 }
 
+QString englishOf(const TableInfo& table, const TableSeen& seen)
+{
+    QString told = table.english;
+    if (seen.apart > 0) told += QString(" Cells that stand in problemas.csv: %1.").arg(seen.apart);
+    if (seen.emptied > 0) told += QString(" Numbers that lead to no record and became empty: %1.").arg(seen.emptied);
+    return told;
+}
+
 } // namespace study::exchange

@@ -26,5 +26,6 @@ report::PackageJson schemaOf(const TableInfo& table, const std::vector<const Tab
 report::PackageJson schemaOfProblems();
 
 QString descriptionOf(const TableInfo& table, const TableSeen& seen);
+QString englishOf(const TableInfo& table, const TableSeen& seen); // the same
 
 } // namespace study::exchange

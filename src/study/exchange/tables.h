@@ -75,9 +75,10 @@ struct TableProblem
 struct TablesRead
 {
     std::vector<TableCount> tables = {};
-    std::vector<TableProblem> errors = {};   // the first hundred; with one of them nothing was written
-    std::vector<TableProblem> warnings = {}; // taken all the same: orphan keys, files that no table is made of
-    bool referenceData = false;              // places, codes and professions are the program's own
+    std::vector<TableProblem> errors = {}; // the first hundred; with one of them nothing was written
+    // Taken all the same: orphan keys, files that no table is made of, or that aren't as their description tells.
+    std::vector<TableProblem> warnings = {};
+    bool referenceData = false; // places, codes and professions are the program's own
 
     bool operator==(const TablesRead&) const = default;
 };

@@ -56,7 +56,7 @@ class Import
 public:
     Import(const QString& folder, const GoesOn& goesOn) : found_(filesIn(folder)), goesOn_(goesOn)
     {
-        read_.warnings = found_.leftOut;
+        read_.warnings = found_.warnings;
         for (const TableFile& file : found_.files)
             all_ += file.bytes;
     }

@@ -140,13 +140,18 @@ private:
         if (isSheet()) files_.write(byteOrderMark);
     }
 
-    PackageJson end(const QString& name, const QString& title, const QString& description, const PackageJson& schema)
+    struct Told
+    {
+        QString title, description, english;
+    };
+    PackageJson end(const QString& name, const Told& told, const PackageJson& schema)
     {
         const report::PackageFiles::Written file = files_.end();
         return report::resourceOf({.name = name,
                                    .path = name + ".csv",
-                                   .title = title,
-                                   .description = description,
+                                   .title = told.title,
+                                   .description = told.description,
+                                   .english = told.english,
                                    .bytes = file.bytes,
                                    .hash = file.hash,
                                    .form = formOf(options_.dialect)},
@@ -168,7 +173,8 @@ private:
         written_.tables.push_back({table.info->name, seen_.rows});
         written_.apart += seen_.apart;
         written_.emptied += seen_.emptied;
-        return end(table.info->name, table.info->portuguese, descriptionOf(*table.info, seen_),
+        return end(table.info->name,
+                   {table.info->portuguese, descriptionOf(*table.info, seen_), englishOf(*table.info, seen_)},
                    schemaOf(*table.info, table.columns, seen_, present_, options_.dialect));
     }
 
@@ -308,9 +314,12 @@ private:
         for (spool_.seek(0); !spool_.atEnd();)
             files_.write(spool_.read(bytesAtOnce));
         return end(
-            problemTable, "Células que não podem estar nas suas tabelas.",
-            "Células que não podem estar nas suas tabelas: números que não levam a nenhum registo, e valores que "
-            "a coluna não devia ter.",
+            problemTable,
+            {"Células que não podem estar nas suas tabelas.",
+             "Células que não podem estar nas suas tabelas: números que não levam a nenhum registo, e valores que "
+             "a coluna não devia ter.",
+             "Cells that can't stand in their tables: numbers that lead to no record, and values that the column "
+             "shouldn't hold."},
             schemaOfProblems());
     }
 

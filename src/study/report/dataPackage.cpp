@@ -31,6 +31,11 @@ QString textAt(const PackageJson& json, const char* key)
     return found != json.end() && found->is_string() ? QString::fromStdString(found->get<std::string>()) : QString();
 }
 
+bool isUnfinished(const PackageJson& package)
+{
+    return package.is_object() && package.contains(unfinishedMark);
+}
+
 PackageJson packageOf(const QString& of, const QString& title, const QString& generator, const QDateTime& made)
 {
     PackageJson package{{"profile", packageProfile}};
@@ -60,6 +65,7 @@ PackageJson resourceOf(const PackagedFile& file, const PackageJson& schema)
     put(resource, "path", file.path);
     put(resource, "title", file.title);
     put(resource, "description", file.description);
+    put(resource, "description_en", file.english);
     resource["format"] = "csv";
     resource["mediatype"] = "text/csv";
     resource["encoding"] = "utf-8";

@@ -23,6 +23,10 @@ std::string utf8(const QString& given);
 void put(PackageJson& json, const char* key, const QString& given);
 QString textAt(const PackageJson& json, const char* key); // "" where there is none
 
+// A description that stands while the files of a package take their names (packageFiles.h).
+inline constexpr auto unfinishedMark = "unfinished";
+bool isUnfinished(const PackageJson& package);
+
 // What a package tells of itself; `of` is the parish or its code. Without `made` it doesn't tell when.
 PackageJson packageOf(const QString& of, const QString& title, const QString& generator, const QDateTime& made);
 
@@ -35,6 +39,7 @@ struct PackagedFile
     QString path = {}; // in the folder of the package
     QString title = {};
     QString description = {};
+    QString english = {}; // the description once more
     qint64 bytes = 0;
     QString hash = {}; // "sha256:…"
     CsvForm form = {};

@@ -15,6 +15,7 @@
 namespace study::report {
 
 QString hashOf(const QByteArray& bytes); // "sha256:" and its digits
+QString hashOfFile(const QString& path); // the same; "" where it can't be read
 
 // A file that stands in the folder already is written over where it is of a package of ours and as it was written; of
 // a file of anybody else, and of one that was changed since, Error fileExists tells the name. Files of an older
@@ -37,7 +38,10 @@ public:
     Written end();
     void add(const QString& name, const QByteArray& bytes); // a whole one
 
-    // All are on the disk before the first one takes its name: what fails before has changed nothing.
+    // All are on the disk before the first one takes its name: what fails before has changed nothing. The description
+    // takes its name last; before the first file one stands in its place that isn't finished (dataPackage.h) and has
+    // the hashes of what stood there and of what comes. So a kill in between leaves no package that could be taken for
+    // a whole one, and the next writer knows the files for ours.
     void place();
 
 private:
@@ -45,9 +49,14 @@ private:
     {
         QString path;
         std::unique_ptr<jet::Draft> draft;
+        QString before = {}; // the hash of what stands there; "" for nothing
+        QString hash = {};
     };
+    bool isDescription(const File& file) const;
+    void announce() const;
+
     QString folder_;
-    QHash<QString, QString> packaged_; // of the package that the folder holds: each file with its hash
+    QHash<QString, QStringList> packaged_; // of the package that the folder holds: each file with the hash it may have
     std::vector<File> files_ = {};
     QFile out_;
     QCryptographicHash hash_{QCryptographicHash::Sha256};

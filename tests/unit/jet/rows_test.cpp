@@ -84,6 +84,20 @@ TEST_F(ReadingRows, SeesOneStateOfTheFile)
     EXPECT_EQ(rows("select count(*) from a"), "2");
 }
 
+TEST_F(ReadingRows, HasAWideViewThatEndsWithTheRoutine)
+{
+    const auto pages = [&] {
+        Rows row(bdp, NativeSql(QStringLiteral("pragma cache_size")));
+        return row.next() ? row.number(0) : 0;
+    };
+    const qint64 before = pages();
+    {
+        const WideView view(bdp);
+        EXPECT_EQ(pages(), -32768); // kilobytes
+    }
+    EXPECT_EQ(pages(), before);
+}
+
 TEST_F(FollowingTables, TellsTheRowsThatWereTouchedInEachTable)
 {
     run("create table b (n long)");
