@@ -128,8 +128,9 @@ const Rules& rules()
                 {"store/modBD.cpp", {"StrLigacao"}},
                 {"study/transcripts/importCopies.cpp", {"connectionString()"}},
                 {"study/command/bdp.cpp", {"connectionString()"}},
-                {"study/command/usage.cpp", {"read.format", "read.severity"}}, // words of the shell, for a message
-                {"study/checks/listing.cpp", {"rule.id"}},                     // what a text is searched by
+                {"study/command/usage.cpp",
+                 {"read.format", "read.severity", "read.dates"}}, // words of the shell, for a message
+                {"study/checks/listing.cpp", {"rule.id"}},        // what a text is searched by
                 {"study/checks/listing_formats.cpp", {"inWords()", "one.text.toHtmlEscaped()"}},
                 {"views/fichaIndividual.cpp", {"marca"}},
                 {"study/windows/frmActo_choices.cpp", {"act"}}, // whom the finder looks for
