@@ -204,6 +204,7 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
     if (order.work == Order::Work::ExportGedcom) return runExportGedcom(order, out, err, goesOn);
     if (order.work == Order::Work::Settings) return runSettings(order, out, err);
     if (order.work == Order::Work::ExportTables) return runExportTables(order, out, err, goesOn);
+    if (order.work == Order::Work::ExportEpisodes) return runExportEpisodes(order, out, err, goesOn);
     if (order.work == Order::Work::ImportTables) return runImportTables(order, out, err, goesOn);
     if (order.work == Order::Work::Baptisms) return runBaptisms(order, out, err, goesOn);
     try {

@@ -4,6 +4,7 @@
 #include "study/command/bdp.h"
 #include "study/command/command.h"
 #include "study/command/readParish.h"
+#include "study/exchange/episodes.h"
 #include "study/exchange/tables.h"
 #include "study/indicators/baptismDays.h"
 #include "study/indicators/settingsJson.h"
@@ -21,28 +22,57 @@ namespace {
 
 using exchange::TableProblem;
 
-// The mark of the file is taken while the look holds its state. The file is closed behind the connection: closing it
-// gives up the locks of the process.
+// A BDP that stays in one state as long as this lives, and the mark of its file in that state. The file is closed
+// behind the connection: closing it gives up the locks of the process.
+class OneState
+{
+public:
+    explicit OneState(const QString& path) : file_(QFileInfo(path).absoluteFilePath())
+    {
+        const bool isOpen = file_.open(QIODevice::ReadOnly);
+        openBdpToRead(bdp_, path);
+        look_ = std::make_unique<const jet::OneLook>(bdp_);
+        {
+            jet::Rows first(bdp_, jet::NativeSql("select count(*) from infopar")); // takes the lock
+            first.next();
+        }
+        if (isOpen) source_ = parish::sourceOf(file_);
+        // The same BDP gives the same files, wherever it lies and whenever it is read.
+        source_.path = QFileInfo(path).fileName();
+        source_.readAt = {};
+    }
+
+    const jet::Connection& bdp() const { return bdp_; }
+    const parish::Source& source() const { return source_; }
+
+private:
+    QFile file_;
+    jet::Connection bdp_;
+    std::unique_ptr<const jet::OneLook> look_;
+    parish::Source source_ = {};
+};
+
 exchange::TablesWritten written(const Order& order, const std::function<bool()>& goesOn)
 {
-    QFile file(QFileInfo(order.bdp).absoluteFilePath());
-    const bool isOpen = file.open(QIODevice::ReadOnly);
-    jet::Connection bdp;
-    openBdpToRead(bdp, order.bdp);
-    const jet::OneLook look(bdp);
-    {
-        jet::Rows first(bdp, jet::NativeSql("select count(*) from infopar")); // takes the lock
-        first.next();
-    }
+    const OneState state(order.bdp);
     exchange::TablesOptions options{.program = programName(), .goesOn = [&](double) { return goesOn(); }};
     if (order.spreadsheet) options.dialect = exchange::Dialect::Spreadsheet;
     if (order.emptyOrphans) options.orphans = exchange::Orphans::Emptied;
-    if (isOpen) options.source = parish::sourceOf(file);
-    // The same BDP gives the same files, wherever it lies and whenever it is read.
-    options.source.path = QFileInfo(order.bdp).fileName();
-    options.source.readAt = {};
+    options.source = state.source();
     makeFolder(order.output);
-    return exportTables(bdp, order.output, options);
+    return exportTables(state.bdp(), order.output, options);
+}
+
+exchange::EpisodesWritten episodesWritten(const Order& order, const std::function<bool()>& goesOn)
+{
+    const OneState state(order.bdp);
+    makeFolder(order.output);
+    return exchange::exportEpisodes(state.bdp(), order.output,
+                                    {.limitYears = order.limitYears,
+                                     .today = QDate::currentDate(),
+                                     .program = programName(),
+                                     .source = state.source(),
+                                     .goesOn = [&](double) { return goesOn(); }});
 }
 
 void tell(const std::vector<exchange::TableCount>& tables, QTextStream& out)
@@ -123,6 +153,19 @@ int runExportTables(const Order& order, QTextStream& out, QTextStream& err, cons
                 out << QString("Números que não levam a nenhum registo e ficaram vazios: %1.\n").arg(all.emptied);
             for (const QString& other : all.leftOut)
                 err << "Ficou de fora, por ser de outro programa: " << other << '\n';
+            return done;
+        },
+        err);
+}
+
+int runExportEpisodes(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            const exchange::EpisodesWritten all = episodesWritten(order, goesOn);
+            tell(all.files, out);
+            if (all.withheldPeople > 0)
+                out << QString("Podem estar vivas e não foram: %1 pessoas.\n").arg(all.withheldPeople);
             return done;
         },
         err);

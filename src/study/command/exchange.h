@@ -1,4 +1,5 @@
-// orv-estudo exportar gedcom, exportar tabelas, importar tabelas: a BDP for other programs, and a BDP made of tables.
+// orv-estudo exportar gedcom, exportar tabelas, exportar episodios, importar tabelas: a BDP for other programs, and a
+// BDP made of tables.
 #pragma once
 
 #include "study/command/usage.h"
@@ -13,6 +14,7 @@ namespace study {
 // `err`. Throw nothing.
 int runExportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 int runExportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+int runExportEpisodes(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 int runImportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 
 } // namespace study

@@ -127,6 +127,13 @@ void addTables(CLI::App& command, Read& read, Order& order)
     command.add_flag("--sem-orfas", order.emptyOrphans);
 }
 
+void addEpisodes(CLI::App& command, Read& read, Order& order)
+{
+    addBdp(command, read, order);
+    command.add_option("pasta", read.output)->required();
+    command.add_option("--limite", read.limit);
+}
+
 void addTablesImport(CLI::App& command, Read& read, Order& order)
 {
     command.add_option("pasta", read.files)->required()->expected(1);
@@ -157,6 +164,7 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
                          {&exported, "kleio", ExportKleio, addExport},
                          {&exported, "gedcom", ExportGedcom, addGedcom},
                          {&exported, "tabelas", ExportTables, addTables},
+                         {&exported, "episodios", ExportEpisodes, addEpisodes},
                          {&app, "verificar", Check, addCheck},
                          {&app, "contagens", Count, addBdp},
                          {&app, "juntar", Join, addFiles},
@@ -286,6 +294,7 @@ QString helpText()
   orv-estudo exportar kleio --bdp PAROQUIA.orv FICHEIRO
   orv-estudo exportar gedcom PAROQUIA.orv ALVO.ged [--versao 5.5.1|7.0] [--limite ANOS]
   orv-estudo exportar tabelas PAROQUIA.orv PASTA [--excel] [--sem-orfas]
+  orv-estudo exportar episodios PAROQUIA.orv PASTA [--limite ANOS]
   orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
@@ -319,6 +328,10 @@ Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua desc
 não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.
   --excel              para o Excel em português: ";", vírgula decimal, datas dd/mm/aaaa
   --sem-orfas          os números que não levam a nenhum registo ficam vazios, e não vão para problemas.csv
+Exportar episodios escreve na pasta quem esteve em risco de quê, e de quando a quando, em CSV: para quem estuda a
+fecundidade, a mortalidade, o casamento e o recasamento com programas de análise de sobrevivência. Conta com as
+definições do estudo, como os indicadores; vão as colunas descritas, e um exemplo em R. Não leva nomes.
+  --limite             como em gedcom
 Importar tabelas faz de uma pasta assim uma BDP nova, igual à primeira, linha por linha; nada é escrito por
 cima. Bastam algumas tabelas, com os nomes e as colunas de uma BDP; os locais, os códigos e as profissões são
 os do programa, se não houver nenhuma tabela deles. Um ficheiro com erros é recusado com a linha e a razão.

@@ -31,6 +31,7 @@ struct Order
         Baptisms,
         ExportGedcom,
         ExportTables,
+        ExportEpisodes,
         ImportTables
     };
     enum class Format
