@@ -22,33 +22,29 @@ QString typeOf(Kind kind)
     return "string";
 }
 
-void addTable(const TableInfo& table, report::CsvRows& rows)
+void addTable(const TableInfo& table, EpisodeFile& file)
 {
     for (const TableColumn& column : table.columns) {
-        rows.add(table.name);
-        rows.add(column.name);
-        rows.add(typeOf(column.kind));
-        rows.add(QString(table.key.contains(column.name) ? "1" : "0"));
-        rows.add(column.words.join(' ').simplified());
-        rows.add(column.table.isEmpty() ? QString() : column.table + '.' + column.key);
-        rows.add(column.portuguese);
-        rows.add(column.english);
-        rows.endRow();
+        file.text(table.name);
+        file.text(column.name);
+        file.text(typeOf(column.kind));
+        file.flag(table.key.contains(column.name));
+        file.text(column.words.join(' '));
+        file.text(column.table.isEmpty() ? QString() : column.table + '.' + column.key);
+        file.text(column.portuguese);
+        file.text(column.english);
+        file.endRow();
     }
 }
 
 } // namespace
 
-QByteArray episodeDictionary()
+void writeDictionary(EpisodeFile& file)
 {
-    report::CsvRows rows;
-    for (const char* const name : {"file", "column", "type", "key", "words", "leads_to", "portuguese", "english"})
-        rows.add(QString(name));
-    rows.endRow();
     for (const EpisodeTable& table : episodeTables())
-        addTable(table.info, rows);
-    addTable(leftOutTable(), rows);
-    return rows.take();
+        addTable(table.info, file);
+    addTable(leftOutTable(), file);
+    addTable(dictionaryTable(), file);
 }
 
 QByteArray episodeScript()

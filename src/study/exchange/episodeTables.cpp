@@ -273,8 +273,6 @@ TableInfo childhood()
 
 TableInfo adulthood()
 {
-    const char* const same = "O mesmo, por essa estimativa: 1 se morre.";
-    const char* const sameEnglish = "The same estimate: 1 for a death.";
     return table(
         "mortalidade_adultos", "Mortalidade dos casados, desde o primeiro casamento.",
         "Mortality of the married, from the first marriage on.", {"id", "spell"},
@@ -293,19 +291,32 @@ TableInfo adulthood()
              {TableColumn("status", Text, "married, ou widowed se se sabe que o cônjuge morreu.",
                           "married, or widowed where the spouse is known to be dead.")
                   .only({"married", "widowed"}),
-              {"closed_exit", Number,
-               "Idade no fim da vida toda, só das uniões fechadas: o fim da união. Igual em todos os períodos.",
-               "Age at the end of the whole life, of closed unions alone: the end of the union. The same in each "
-               "spell."},
-              {"closed_event", Flag, same, sameEnglish},
-              {"least_exit", Number,
-               "O mesmo da mortalidade mínima: quem não tem óbito morre quando primeiro é dado por morto.",
-               "The same of the least mortality: an unknown death comes when it is first told."},
-              {"least_event", Flag, same, sameEnglish},
-              {"most_exit", Number, "O mesmo da mortalidade máxima: quem não tem óbito morre na última prova de vida.",
-               "The same of the highest mortality: an unknown death comes with the last proof of life."},
-              {"most_event", Flag, same, sameEnglish},
               approx()}}));
+}
+
+TableInfo bounds()
+{
+    return table(
+        "mortalidade_adultos_limites",
+        "As mesmas vidas de casados por outras três estimativas, uma de cada vez: nunca se somam.",
+        "The same lives of the married by three other estimates, one at a time: they are never added.",
+        {"id", "estimate"},
+        joined(
+            {{id("A pessoa.", "The person."),
+              TableColumn("estimate", Text,
+                          "closed: só as uniões fechadas, até ao fim da união; least: quem não tem óbito morre quando "
+                          "primeiro é dado por morto, ou sai; most: quem não tem óbito morre na última prova de vida.",
+                          "closed: closed unions alone, to the end of the union; least: an unknown death comes when it "
+                          "is first told, or the person leaves; most: it comes with the last proof of life.")
+                  .only({"closed", "least", "most"}),
+              familyBy("family", "O primeiro casamento.", "The first marriage."), sex()},
+             birthDates(),
+             {cohort("marriage_cohort", "Primeiro ano do período do casamento.",
+                     "First year of the period of the marriage."),
+              {"start_date", Date, "Primeiro dia.", "First day."},
+              {"end_date", Date, "Último dia.", "Last day."}},
+             risk("Idade exacta ao casar, ou no início da observação.",
+                  "Exact age at the marriage, or when the observation begins.", "1 se morre.", "1 for a death.")}));
 }
 
 TableInfo singleLife()
@@ -366,21 +377,41 @@ TableInfo leftOut()
                   {"n", Whole, "Quantos: famílias, ou pessoas.", "How many: families, or people."}});
 }
 
+TableInfo dictionary()
+{
+    return table("dicionario", "Todas as colunas destes ficheiros.", "All columns of these files.", {"file", "column"},
+                 {{"file", Text, "O ficheiro, sem .csv.", "The file, without .csv."},
+                  {"column", Text, "A coluna.", "The column."},
+                  {"type", Text, "O tipo, como em datapackage.json.", "The type, as in datapackage.json."},
+                  {"key", Flag, "1 se é da chave.", "1 where it is of the key."},
+                  {"words", Text, "As palavras que pode ter; nada: qualquer valor.",
+                   "The words that it may hold; empty: any value."},
+                  {"leads_to", Text, "Ficheiro e coluna a que leva.", "File and column that it leads to."},
+                  {"portuguese", Text, "O que contém, em português.", "What it holds, in Portuguese."},
+                  {"english", Text, "O que contém, em inglês.", "What it holds, in English."}});
+}
+
 } // namespace
 
 const std::vector<EpisodeTable>& episodeTables()
 {
     static const std::vector<EpisodeTable> all{
-        {people(), writePerson, nullptr},       {families(), nullptr, writeFamily},
-        {fertility(), nullptr, writeFertility}, {childhood(), writeChildhood, nullptr},
-        {adulthood(), writeAdulthood, nullptr}, {singleLife(), writeSingleLife, nullptr},
-        {widowhood(), nullptr, writeWidowhood}};
+        {people(), writePerson, nullptr},         {families(), nullptr, writeFamily},
+        {fertility(), nullptr, writeFertility},   {childhood(), writeChildhood, nullptr},
+        {adulthood(), writeAdulthood, nullptr},   {bounds(), writeBounds, nullptr},
+        {singleLife(), writeSingleLife, nullptr}, {widowhood(), nullptr, writeWidowhood}};
     return all;
 }
 
 const TableInfo& leftOutTable()
 {
     static const TableInfo table = leftOut();
+    return table;
+}
+
+const TableInfo& dictionaryTable()
+{
+    static const TableInfo table = dictionary();
     return table;
 }
 

@@ -18,7 +18,6 @@ using indicators::Study;
 using parish::Snapshot;
 using report::PackageJson;
 
-constexpr auto dictionaryFile = "dicionario.csv";
 constexpr auto scriptFile = "episodios.R";
 constexpr double endOfReading = 0.4, endOfObserving = 0.6; // shares of the work
 
@@ -56,10 +55,12 @@ public:
         for (const EpisodeTable& table : episodeTables())
             write(table);
         writeLeftOut();
-        files_.add(dictionaryFile, episodeDictionary());
+        EpisodeFile dictionary(dictionaryTable(), source_.withheld, files_);
+        writeDictionary(dictionary);
+        end(dictionary);
         files_.add(scriptFile, episodeScript());
         files_.add(report::packageFile, report::bytesOf(package()));
-        ask(1);
+        ask(0);
         files_.place();
         written_.withheldPeople = source_.withheld.people.size();
         return std::move(written_);
@@ -69,7 +70,7 @@ private:
     void ask(double ofFile) const
     {
         const auto files = static_cast<double>(episodeTables().size());
-        const double done = (static_cast<double>(written_.files.size()) + ofFile) / (files + 2);
+        const double done = (static_cast<double>(written_.files.size()) + ofFile) / (files + 1);
         if (goesOn_ && !goesOn_(std::min(1.0, done))) throw Interrupted{};
     }
 
@@ -94,6 +95,7 @@ private:
         else
             writeEach(source_.study.unions, [&](const observation::Union& of) { table.ofUnion(of, source_, file); });
         end(file);
+        written_.files.push_back({table.info.name, file.rows()});
         for (const auto& [reason, n] : file.leftOut())
             leftOut_.push_back({table.info.name, reason, n});
     }
@@ -108,6 +110,7 @@ private:
             file.endRow();
         }
         end(file);
+        written_.files.push_back({leftOutTable().name, file.rows()});
     }
 
     void end(EpisodeFile& file)
@@ -127,7 +130,6 @@ private:
                                schemaOf(table, columns, {}, {"pessoas", "familias"}, Dialect::Standard));
         report::put(resource, "description_en", table.english);
         resources_.push_back(resource);
-        written_.files.push_back({table.name, file.rows()});
     }
 
     PackageJson package() const
@@ -142,6 +144,12 @@ private:
         json["settings"] = PackageJson::parse(settings.begin(), settings.end());
         if (options_.limitYears > 0) json["withheld"] = source_.withheld.people.size();
         json["resources"] = resources_;
+        const QByteArray script = episodeScript();
+        json[report::besideResources] =
+            PackageJson::array({report::besideOf({.path = scriptFile,
+                                                  .title = "Um modelo de sobrevivência em R.",
+                                                  .bytes = script.size(),
+                                                  .hash = report::hashOf(script)})});
         return json;
     }
 

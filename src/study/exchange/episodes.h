@@ -20,7 +20,7 @@ struct EpisodesOptions
 
 struct EpisodesWritten
 {
-    std::vector<TableCount> files = {}; // those of data, in their order
+    std::vector<TableCount> files = {}; // those of people, families and episodes
     qint64 withheldPeople = 0;          // who may be alive
 
     bool operator==(const EpisodesWritten&) const = default;
@@ -30,6 +30,7 @@ struct EpisodesWritten
 //   fecundidade.csv           marital fertility: a wife, by her age, her children so far and what became of the last
 //   one mortalidade_infancia.csv  a child until its fifteenth birthday, by which of its parents live
 //   mortalidade_adultos.csv   the married, from the first marriage on, by whether the spouse lives
+//   mortalidade_adultos_limites.csv  their whole lives by the other three estimates (adultLife.h)
 //   nupcialidade.csv          the single, from twelve to fifty, until the first marriage
 //   recasamento.csv           who outlives a spouse, until the next marriage
 //   pessoas.csv, familias.csv what doesn't change, to be joined by number

@@ -86,21 +86,6 @@ bool isWidowed(const std::vector<Standing>& standings, const Date& at)
     return widowed;
 }
 
-// Exit and event of the whole life by another estimate; nothing where it has no length.
-void addEnd(const AdultLife& life, Estimate estimate, EpisodeFile& file)
-{
-    const End& end = life.ends[static_cast<std::size_t>(estimate)];
-    const std::vector<Spell> whole =
-        end.day.isKnown() ? spellsOf({life.from}, end.day, end.dies) : std::vector<Spell>();
-    if (whole.empty()) {
-        file.none();
-        file.none();
-        return;
-    }
-    file.raw(ageAt(life.birth, whole.front().until));
-    file.flag(end.dies);
-}
-
 // Precondition: neither None nor NotAsked.
 const char* toldOf(indicators::NoAdult why)
 {
@@ -164,10 +149,32 @@ void writeAdulthood(const Person& person, const EpisodeSource& source, EpisodeFi
         file.days(++number, spell);
         file.risk(life.birth, spell);
         file.raw(isWidowed(standings, spell.from.day) ? "widowed" : "married");
-        for (const Estimate estimate : {Estimate::Closed, Estimate::Least, Estimate::Most})
-            addEnd(life, estimate, file);
         file.flag(!life.birth.isExact() || !life.marriage.isExact() || (end.dies && !end.day.isExact()));
         file.endRow();
+    }
+}
+
+void writeBounds(const Person& person, const EpisodeSource& source, EpisodeFile& file)
+{
+    const AdultLife life = indicators::adultLifeOf(person, source.study);
+    if (life.why != indicators::NoAdult::None) return;
+    for (const auto& [estimate, name] :
+         {std::pair{Estimate::Closed, "closed"}, {Estimate::Least, "least"}, {Estimate::Most, "most"}})
+    {
+        const End& end = life.ends[static_cast<std::size_t>(estimate)];
+        if (!end.day.isKnown()) continue;
+        for (const Spell& spell : spellsOf({life.from}, end.day, end.dies)) {
+            file.person(&person);
+            file.raw(name);
+            file.family(life.family);
+            file.raw(word::of(person.gender));
+            file.dateAndYear(life.birth);
+            file.number(indicators::periodOf(life.marriage.middle().year(), source.study.settings));
+            file.date(spell.from.day);
+            file.date(spell.until.day);
+            file.risk(life.birth, spell);
+            file.endRow();
+        }
     }
 }
 

@@ -81,12 +81,14 @@ struct EpisodeTable
 
 // In their order.
 const std::vector<EpisodeTable>& episodeTables();
-const TableInfo& leftOutTable(); // behind them: nao_contados.csv
+const TableInfo& leftOutTable();    // behind them: nao_contados.csv
+const TableInfo& dictionaryTable(); // and dicionario.csv, of all columns
 
 // Precondition of those of a person: nothing withholds it.
 void writePerson(const parish::Person& person, const EpisodeSource& source, EpisodeFile& file);
 void writeChildhood(const parish::Person& person, const EpisodeSource& source, EpisodeFile& file);
 void writeAdulthood(const parish::Person& person, const EpisodeSource& source, EpisodeFile& file);
+void writeBounds(const parish::Person& person, const EpisodeSource& source, EpisodeFile& file);
 void writeSingleLife(const parish::Person& person, const EpisodeSource& source, EpisodeFile& file);
 void writeFamily(const observation::Union& of, const EpisodeSource& source, EpisodeFile& file);
 void writeFertility(const observation::Union& of, const EpisodeSource& source, EpisodeFile& file);
@@ -109,8 +111,7 @@ std::optional<bool> isDead(const parish::Person* parent, const parish::Date& at)
 // The days on which the parents died, as far as they are known.
 std::vector<parish::Date> deathsOfParents(const parish::Person& child);
 
-// What stands beside the data: dicionario.csv, and episodios.R.
-QByteArray episodeDictionary();
-QByteArray episodeScript();
+void writeDictionary(EpisodeFile& file);
+QByteArray episodeScript(); // episodios.R
 
 } // namespace study::exchange

@@ -30,10 +30,12 @@ QHash<QString, QString> packagedIn(const QDir& folder)
         bytes ? PackageJson::parse(bytes->begin(), bytes->end(), nullptr, false) : PackageJson();
     if (textAt(package, "profile") != packageProfile || !textAt(package, "name").startsWith(ownPackage)) return {};
     QHash<QString, QString> packaged{{packageFile, hashOf(*bytes)}};
-    const auto resources = package.find("resources");
-    if (resources == package.end() || !resources->is_array()) return packaged;
-    for (const PackageJson& resource : *resources)
-        packaged.insert(textAt(resource, "path"), textAt(resource, "hash"));
+    for (const char* const list : {"resources", besideResources}) {
+        const auto files = package.find(list);
+        if (files == package.end() || !files->is_array()) continue;
+        for (const PackageJson& file : *files)
+            packaged.insert(textAt(file, "path"), textAt(file, "hash"));
+    }
     return packaged;
 }
 
