@@ -135,6 +135,10 @@ private:
     const Exported& exported_ = exportedOf(GetParam());
 };
 
+class AgreementOfFiles : public Agreement
+{
+};
+
 } // namespace
 
 TEST_P(Agreement, OfMaritalFertilityByAgeAndPeriod)
@@ -275,11 +279,6 @@ TEST_P(Agreement, OfWhoIsLeftOutAndWhy)
     EXPECT_GT(file("nao_contados").size(), 4);
 }
 
-TEST_P(Agreement, OfTheFilesWithWhatTheirPackageTells)
-{
-    EXPECT_EQ(exchanged::faultsOf(folder()), QStringList());
-}
-
 // Each life is one spell behind the other, each with a length, and nothing happens but at the end.
 TEST_P(Agreement, OfTheSpellsOfOneLife)
 {
@@ -305,4 +304,11 @@ TEST_P(Agreement, OfTheSpellsOfOneLife)
     }
 }
 
+TEST_P(AgreementOfFiles, WithWhatTheirPackageTells)
+{
+    EXPECT_EQ(exchanged::faultsOf(folder()), QStringList());
+}
+
 INSTANTIATE_TEST_SUITE_P(Episodes, Agreement, testing::ValuesIn(cases()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Episodes, AgreementOfFiles,
+                         testing::Values(Case{"standard", false, {}}, Case{"standard", true, {}}), nameOf);
