@@ -141,6 +141,13 @@ void addIds(CLI::App& command, Read& read, Order& order)
     command.add_option("--data", read.date);
 }
 
+void addEpisodes(CLI::App& command, Read& read, Order& order)
+{
+    addBdp(command, read, order);
+    command.add_option("pasta", read.output)->required();
+    command.add_option("--limite", read.limit);
+}
+
 void addTablesImport(CLI::App& command, Read& read, Order& order)
 {
     command.add_option("pasta", read.files)->required()->expected(1);
@@ -174,6 +181,7 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
                          {&exported, "gedcom", Export, addGedcom, "gedcom-5.5.1"},
                          {&exported, "tabelas", Export, addTables, "tabelas"},
                          {&exported, "ids", Export, addIds, "ids"},
+                         {&exported, "episodios", Export, addEpisodes, "episodios"},
                          {&app, "verificar", Check, addCheck},
                          {&app, "contagens", Count, addBdp},
                          {&app, "juntar", Join, addFiles},
@@ -318,6 +326,7 @@ QString helpText()
   orv-estudo exportar tabelas PAROQUIA.orv PASTA [--excel] [--sem-orfas]
   orv-estudo exportar ids PAROQUIA.orv PASTA [--maiusculas] [--relacao-inversa] [--filhos-em-casa]
                       [--limite ANOS] [--data AAAA-MM-DD]
+  orv-estudo exportar episodios PAROQUIA.orv PASTA [--limite ANOS]
   orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
@@ -362,6 +371,10 @@ INDIV_CONTEXT, CONTEXT, CONTEXT_CONTEXT e METADATA) em CSV. A BDP não é altera
   --filhos-em-casa     a residência de uma família é também a dos filhos que vivem com ela
   --limite             como em exportar gedcom
   --data               dia que fica no nome da base (Id_D); sem isto, o da última escrita na BDP
+Exportar episodios escreve na pasta quem esteve em risco de quê, e de quando a quando, em CSV: para quem estuda a
+fecundidade, a mortalidade, o casamento e o recasamento com programas de análise de sobrevivência. Conta com as
+definições do estudo, como os indicadores; vão as colunas descritas, e um exemplo em R. Não leva nomes.
+  --limite             como em gedcom
 Importar tabelas faz de uma pasta assim uma BDP nova, igual à primeira, linha por linha; nada é escrito por
 cima. Bastam algumas tabelas, com os nomes e as colunas de uma BDP; os locais, os códigos e as profissões são
 os do programa, se não houver nenhuma tabela deles. Um ficheiro com erros é recusado com a linha e a razão.

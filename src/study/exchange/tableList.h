@@ -85,10 +85,14 @@ struct TableInfo
     QStringList key; // none: rows are told apart by their place alone
     std::vector<TableColumn> columns;
     QStringList statements = {}; // that make it and its indexes; none: every BDP has it
+    bool isDerived = false;      // a file of its own, which no table of a BDP has: its rows have no place
 
     bool isOwn() const { return !statements.isEmpty(); } // of the study: it may be missing
     // Of one key that is a whole number the engine makes the place itself.
-    bool showsPlace() const { return !isOwn() || key.size() != 1 || columns.front().kind != Kind::Whole; }
+    bool showsPlace() const
+    {
+        return !isDerived && (!isOwn() || key.size() != 1 || columns.front().kind != Kind::Whole);
+    }
     const TableColumn* column(const QString& name) const; // whatever its case; null for none
 };
 

@@ -1,6 +1,7 @@
 #include "study/exchange/ways.h"
 
 #include "platform/jet/rows.h"
+#include "study/exchange/episodes.h"
 #include "study/exchange/ids.h"
 #include "study/indicators/baptismDays.h"
 #include "study/indicators/settingsJson.h"
@@ -133,6 +134,20 @@ Exchanged writeIds(const jet::Connection& bdp, const OutOrder& order, const Goes
     return told;
 }
 
+Exchanged writeEpisodes(const jet::Connection& bdp, const OutOrder& order, const GoesOn& goesOn)
+{
+    const EpisodesWritten all = exportEpisodes(bdp, order.target,
+                                               {.limitYears = order.options.limitYears,
+                                                .today = order.today,
+                                                .program = report::programName(),
+                                                .source = sourceOf(order),
+                                                .goesOn = goesOn});
+    Exchanged told{.lines = linesOf(all.files)};
+    if (all.withheldPeople > 0)
+        told.lines << QString("Podem estar vivas e não foram: %1 pessoas.").arg(all.withheldPeople);
+    return told;
+}
+
 std::vector<Remark> remarksOf(const std::vector<TableProblem>& problems)
 {
     std::vector<Remark> remarks;
@@ -245,6 +260,14 @@ const std::vector<WayOut>& waysOut()
          "",
          {LimitYears, UpperCase, ReversedRelations, ChildrenAtHome},
          writeIds},
+        {"episodios",
+         "Episódios (R)",
+         "Uma pasta com quem esteve em risco de quê, e de quando a quando, pelas regras do estudo: fecundidade, "
+         "mortalidade, casamento e recasamento, para a análise de sobrevivência, com um exemplo em R. Sem nomes.",
+         Place::Folder,
+         "",
+         {LimitYears},
+         writeEpisodes},
     };
     return all;
 }

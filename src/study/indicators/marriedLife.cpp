@@ -222,22 +222,30 @@ Date dayOf(qint32 day)
 
 } // namespace
 
-std::vector<Stretch> stretchesOf(const MarriedLife& life, const Settings& settings)
+std::vector<DatedStretch> datedStretchesOf(const MarriedLife& life, const Settings& settings)
 {
-    std::vector<Stretch> stretches;
+    std::vector<DatedStretch> stretches;
     const std::vector<qint32> cuts = cutsOf(life, settings);
     for (std::size_t i = 0; i + 1 < cuts.size(); ++i) {
-        Stretch stretch = stretchAt(dayOf(cuts[i]), life, settings);
-        const bool isYoung = life.wifeBirth.isKnown() && stretch.age < firstAge;
-        if (isYoung || !isRead(dayOf(cuts[i]).year(), settings)) continue;
-        stretch.halfDays = 2 * qint64(parish::daysBetween(dayOf(cuts[i]), dayOf(cuts[i + 1])));
-        stretches.push_back(stretch);
+        DatedStretch part{stretchAt(dayOf(cuts[i]), life, settings), dayOf(cuts[i]), dayOf(cuts[i + 1])};
+        const bool isYoung = life.wifeBirth.isKnown() && part.stretch.age < firstAge;
+        if (isYoung || !isRead(part.from.year(), settings)) continue;
+        part.stretch.halfDays = 2 * qint64(parish::daysBetween(part.from, part.until));
+        stretches.push_back(part);
     }
     const std::vector<Birth> within = life.within();
     if (cuts.size() == 1 && !within.empty() && within.front().day == life.from) {
-        stretches.push_back(stretchAt(life.from, life, settings));
-        stretches.back().halfDays = 1;
+        stretches.push_back({stretchAt(life.from, life, settings), life.from, life.from});
+        stretches.back().stretch.halfDays = 1;
     }
+    return stretches;
+}
+
+std::vector<Stretch> stretchesOf(const MarriedLife& life, const Settings& settings)
+{
+    std::vector<Stretch> stretches;
+    for (const DatedStretch& part : datedStretchesOf(life, settings))
+        stretches.push_back(part.stretch);
     return stretches;
 }
 

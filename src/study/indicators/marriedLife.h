@@ -116,6 +116,15 @@ MarriedLife closedLifeOf(const observation::Union& of, const Study& study);
 // What was lived, at ages from 15 to 49 or, in a life that asks for no age, at any, in years that the books of baptisms
 // cover. Precondition: a life that is counted. A birth on the one day of a life without length gives that half a day.
 std::vector<Stretch> stretchesOf(const MarriedLife& life, const Settings& settings);
+// The same with their days, in the order of time: [from, until), a life without length from its one day to that day.
+struct DatedStretch
+{
+    Stretch stretch = {};
+    parish::Date from = {}, until = {};
+
+    bool operator==(const DatedStretch&) const = default;
+};
+std::vector<DatedStretch> datedStretchesOf(const MarriedLife& life, const Settings& settings);
 // The group of a birth within; without length.
 Stretch placeOf(const Birth& birth, const MarriedLife& life, const Settings& settings);
 

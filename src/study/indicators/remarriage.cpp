@@ -1,10 +1,8 @@
 // From the end of a union to the survivor's next marriage: how long it took, and who married again at all.
-#include "study/indicators/marriages.h"
 #include "study/indicators/natality.h"
 #include "study/indicators/nuptiality.h"
 #include "study/indicators/reading.h"
-#include "study/indicators/reasons.h"
-#include "study/observation/limits.h"
+#include "study/indicators/widowhood.h"
 #include "study/statistics/survival.h"
 
 #include <algorithm>
@@ -42,17 +40,16 @@ constexpr const char* counts[] = {"intervalo",        "novo casamento",  "saída
                                   "união aberta",     "fora do período", "sem sobrevivente",    "casamento sem data",
                                   "não visto depois", "só o ano",        "entrada mais tarde"};
 
-constexpr Reason leftOut[] = {{NoUnion, "só um cônjuge conhecido, ou sexos por determinar"},
-                              {OpenUnion, reasons::openUnion},
-                              {OutOfPeriod, reasons::outsidePeriod},
-                              {NoSurvivor, "não se sabe quem sobreviveu"},
-                              {UndatedMarriage, "outra união do sobrevivente sem data"},
-                              {NotSeen, "sem notícia do sobrevivente depois da viuvez"},
+constexpr Reason leftOut[] = {{NoUnion, told(NoWidowhood::NoUnion)},
+                              {OpenUnion, told(NoWidowhood::OpenUnion)},
+                              {OutOfPeriod, told(NoWidowhood::OutOfPeriod)},
+                              {NoSurvivor, told(NoWidowhood::NoSurvivor)},
+                              {UndatedMarriage, told(NoWidowhood::UndatedMarriage)},
+                              {NotSeen, told(NoWidowhood::NotSeen)},
                               {NotByMonth, "só no intervalo em meses: de uma das datas só se sabe o ano"}};
 
 constexpr qint32 any = Reading::any;
 constexpr int agesByChildren = 10; // group = age × 10 + children
-constexpr int yearsOfADependent = 15;
 
 enum Age : qint32
 {
@@ -77,49 +74,30 @@ Age ageOf(const Person& person, const Date& at)
     return years < 50 ? From40 : From50;
 }
 
-bool isDependent(const Person& child, const Date& at)
-{
-    if (!child.birth.isKnown() || child.birth.middle() > at.middle()) return false;
-    if (child.death.isKnown() && child.death.middle() <= at.middle()) return false;
-    return completedYears(child.birth, at) < yearsOfADependent;
-}
-
 qint32 groupOf(const Person& survivor, const Family& family, const Date& at)
 {
-    const bool has = std::any_of(family.children.begin(), family.children.end(),
-                                 [&at](const Person* child) { return isDependent(*child, at); });
-    return ageOf(survivor, at) * agesByChildren + (has ? WithChildren : WithoutChildren);
+    return ageOf(survivor, at) * agesByChildren + (dependentsOf(family, at) > 0 ? WithChildren : WithoutChildren);
 }
 
-// The other of the two, where the end is the death of just one.
-const Person* survivorOf(const Union& union_)
+Count reasonOf(NoWidowhood why)
 {
-    const Person* const husband = union_.family->husband;
-    const Person* const wife = union_.family->wife;
-    const bool his = husband->death == union_.end, hers = wife->death == union_.end;
-    if (his == hers) return nullptr;
-    return his ? wife : husband;
-}
-
-struct Next
-{
-    Date marriage = {};
-    bool isUndated = false; // there is another union, and it may be the next one
-};
-
-Next nextOf(const Person& survivor, const Union& union_)
-{
-    Next next;
-    for (const parish::Membership* row : survivor.unions) {
-        const Family* const family = row->family;
-        if (!family || family == union_.family || !isMarriage(*family)) continue;
-        const Date& day = family->marriage;
-        if (!day.isKnown())
-            next.isUndated = true;
-        else if (day.middle() >= union_.end.middle() && !next.marriage.isKnown())
-            next.marriage = day;
+    switch (why) {
+    case NoWidowhood::OpenUnion:
+        return OpenUnion;
+    case NoWidowhood::OutOfPeriod:
+        return OutOfPeriod;
+    case NoWidowhood::NoSurvivor:
+        return NoSurvivor;
+    case NoWidowhood::UndatedMarriage:
+        return UndatedMarriage;
+    case NoWidowhood::NotSeen:
+        return NotSeen;
+    case NoWidowhood::None:
+    case NoWidowhood::NotAsked:
+    case NoWidowhood::NoUnion:
+        break;
     }
-    return next;
+    return NoUnion;
 }
 
 qint32 daysFrom(const Date& from, const Date& to)
@@ -127,45 +105,23 @@ qint32 daysFrom(const Date& from, const Date& to)
     return std::max(0, parish::daysBetween(natality::settled(from), natality::settled(to)));
 }
 
-// What a widowed person is observed of. A limit that was typed holds for the next marriage too.
-struct Observed
-{
-    Date from = {}, until = {};
-    bool marries = false;
-};
-
-Observed observedOf(const Person& survivor, const Date& end, const Date& marriage, const Study& study)
-{
-    const Date first = observation::typedFrom(survivor), last = observation::typedUntil(survivor);
-    const Date& seen = marriage.isKnown() ? marriage : study.presenceOf(survivor).aliveUntil.day;
-    Observed observed{end, seen, marriage.isKnown()};
-    if (first.isKnown() && first.middle() > end.middle()) observed.from = first;
-    if (last.isKnown() && seen.isKnown() && last.middle() < seen.middle()) observed = {observed.from, last, false};
-    return observed;
-}
-
 void count(const Union& union_, const Study& study, Taker& taker)
 {
+    const Widowhood widowhood = widowhoodOf(union_, study);
     const Family* const family = union_.family;
-    const auto leave = [&](Count reason, const Person* who) { taker.count({reason, {}}, {who, family}); };
-    if (!union_.isUnion()) return leave(NoUnion, nullptr);
-    if (!union_.isClosed()) return leave(OpenUnion, nullptr);
-    if (!study.settings.period.holds(union_.end.year())) return leave(OutOfPeriod, nullptr);
-    const Person* const survivor = survivorOf(union_);
-    if (!survivor || survivor->gender == Gender::Undetermined) return leave(NoSurvivor, survivor);
-    if (study.settings.gender != Gender::Undetermined && study.settings.gender != survivor->gender) return;
-    const Next next = nextOf(*survivor, union_);
-    if (next.isUndated && !next.marriage.isKnown()) return leave(UndatedMarriage, survivor);
-    const Observed observed = observedOf(*survivor, union_.end, next.marriage, study);
-    if (!observed.until.isKnown() || observed.until.middle() < observed.from.middle()) return leave(NotSeen, survivor);
-    const Reading::At at = {periodOf(union_.end.year(), study.settings), static_cast<qint32>(survivor->gender),
-                            groupOf(*survivor, *family, union_.end), daysFrom(union_.end, observed.until)};
-    if (const qint32 entry = daysFrom(union_.end, observed.from); entry > 0)
+    const Person* const survivor = widowhood.survivor;
+    const auto leave = [&](Count reason) { taker.count({reason, {}}, {survivor, family}); };
+    if (widowhood.why == NoWidowhood::NotAsked) return;
+    if (!widowhood.isCounted()) return leave(reasonOf(widowhood.why));
+    const Date& end = widowhood.end;
+    const Reading::At at = {periodOf(end.year(), study.settings), static_cast<qint32>(survivor->gender),
+                            groupOf(*survivor, *family, end), daysFrom(end, widowhood.until)};
+    if (const qint32 entry = daysFrom(end, widowhood.from); entry > 0)
         taker.count({Enter, {at[0], at[1], at[2], entry - 1}}, {survivor, family});
-    if (!observed.marries) return taker.count({Left, at}, {survivor, family});
+    if (!widowhood.marries) return taker.count({Left, at}, {survivor, family});
     taker.count({Again, at}, {survivor, family});
     const auto isYear = [](const Date& day) { return day.precision == parish::Precision::Year; };
-    if (isYear(union_.end) || isYear(next.marriage)) return leave(NotByMonth, survivor);
+    if (isYear(end) || isYear(widowhood.until)) return leave(NotByMonth);
     taker.count({Interval, at}, {survivor, family});
 }
 

@@ -80,6 +80,17 @@ PackageJson resourceOf(const PackagedFile& file, const PackageJson& schema)
     return resource;
 }
 
+PackageJson besideOf(const PackagedFile& file)
+{
+    PackageJson json;
+    put(json, "path", file.path);
+    put(json, "title", file.title);
+    put(json, "description", file.description);
+    json["bytes"] = file.bytes;
+    put(json, "hash", file.hash);
+    return json;
+}
+
 QByteArray bytesOf(const PackageJson& package)
 {
     return QByteArray::fromStdString(package.dump(2)) + '\n';

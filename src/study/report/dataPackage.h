@@ -15,6 +15,7 @@ namespace study::report {
 using PackageJson = nlohmann::ordered_json; // in the order in which it is filled
 
 inline constexpr auto packageProfile = "tabular-data-package";
+inline constexpr auto besideResources = "files"; // its list of files that aren't tables: path, title, bytes, hash
 inline const QString packageFile = QStringLiteral("datapackage.json");
 inline const QString ownPackage = QStringLiteral("orv-estudo"); // how the name of each package of ours begins
 
@@ -45,6 +46,7 @@ struct PackagedFile
     CsvForm form = {};
 };
 PackageJson resourceOf(const PackagedFile& file, const PackageJson& schema);
+PackageJson besideOf(const PackagedFile& file); // that isn't a table
 
 QByteArray bytesOf(const PackageJson& package);
 

@@ -33,10 +33,12 @@ QHash<QString, QStringList> packagedIn(const QDir& folder)
         bytes ? PackageJson::parse(bytes->begin(), bytes->end(), nullptr, false) : PackageJson();
     if (textAt(package, "profile") != packageProfile || !textAt(package, "name").startsWith(ownPackage)) return {};
     QHash<QString, QStringList> packaged{{packageFile, {hashOf(*bytes)}}};
-    const auto resources = package.find("resources");
-    if (resources == package.end() || !resources->is_array()) return packaged;
-    for (const PackageJson& resource : *resources)
-        packaged.insert(textAt(resource, "path"), {textAt(resource, "hash"), textAt(resource, hashBefore)});
+    for (const char* const list : {"resources", besideResources}) {
+        const auto files = package.find(list);
+        if (files == package.end() || !files->is_array()) continue;
+        for (const PackageJson& file : *files)
+            packaged.insert(textAt(file, "path"), {textAt(file, "hash"), textAt(file, hashBefore)});
+    }
     return packaged;
 }
 

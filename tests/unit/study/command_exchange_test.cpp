@@ -5,6 +5,7 @@
 #include "study/command/command.h"
 #include "study/command/usage.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTextStream>
 
@@ -118,4 +119,28 @@ TEST_F(TheExportOfAParish, SaysWhichArgumentItDoesNotUnderstand)
     EXPECT_TRUE(err_.startsWith("O limite é um número de anos")) << qPrintable(err_);
     EXPECT_TRUE(helpText().contains("exportar gedcom PAROQUIA.orv ALVO.ged"));
     EXPECT_FALSE(helpText().contains('@'));
+}
+
+TEST_F(TheExportOfAParish, IsEpisodesInAFolderOfTheirOwn)
+{
+    const QString to = folder.filePath("episodios");
+    const auto written = [&to](const char* name) {
+        QFile file(QDir(to).filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    person({"Nova", 'f', QByteArray::number(QDate::currentDate().year() - 50) + "-01-01"});
+    ASSERT_EQ(orv({"exportar", "episodios", path(), to}), done) << qPrintable(err_);
+    EXPECT_TRUE(out_.startsWith("pessoas: 1\nfamilias: 0\nfecundidade: 0\n")) << qPrintable(out_);
+    EXPECT_TRUE(out_.endsWith("Podem estar vivas e não foram: 1 pessoas.\n")) << qPrintable(out_);
+    EXPECT_TRUE(written("datapackage.json").contains("SHA-256"));
+    ASSERT_EQ(orv({"exportar", "episodios", path(), to, "--limite", "0"}), done) << qPrintable(err_);
+    EXPECT_TRUE(out_.startsWith("pessoas: 2\n")) << qPrintable(out_);
+
+    const QByteArray before = written("pessoas.csv");
+    EXPECT_EQ(orv({"exportar", "episodios", path(), to}, false), refused);
+    EXPECT_EQ(err_, "Interrompido. Nada foi escrito.\n");
+    EXPECT_EQ(written("pessoas.csv"), before);
+    EXPECT_EQ(orv({"exportar", "episodios", path()}), wrongUsage);
+    EXPECT_EQ(orv({"exportar", "episodios", path(), to, "--limite", "muitos"}), wrongUsage);
+    EXPECT_TRUE(helpText().contains("exportar episodios PAROQUIA.orv PASTA"));
 }
