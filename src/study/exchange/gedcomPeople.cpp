@@ -63,7 +63,7 @@ void GedcomWriter::writePerson(const PersonCard& card, OfPeople& rows)
 // A title of one word stands before the name; one of several, "Conde de Basto", is one of its own.
 void GedcomWriter::writeName(const PersonCard& card)
 {
-    const GedcomName name = gedcomName(withoutBanned(card.name, lines_.version()));
+    const GedcomName name = gedcomName(withoutBanned(card.name, lines_.version()), names_);
     const QString title = card.title.simplified(), nickname = card.nickname.simplified();
     const bool isPrefix = !title.isEmpty() && !title.contains(u' ') && !name.payload.isEmpty();
     QStringList prefixes = name.titles;

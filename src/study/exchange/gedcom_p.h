@@ -151,7 +151,8 @@ private:
     const GoesOn& goesOn_;
     GedcomLines lines_;
     PlaceNames places_;
-    QString folder_; // of the BDP
+    const NameTable& names_ = NameTable::shared(); // asking for it looks at the disk
+    QString folder_;                               // of the BDP
     parish::Home home_ = {};
     parish::Catalogue catalogue_ = {};
     QSet<qint64> withheld_ = {}, withheldFamilies_ = {}; // who may be alive, and the couples with one of them

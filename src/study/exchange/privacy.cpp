@@ -70,7 +70,7 @@ QSet<qint64> peopleWhoMayBeAlive(const jet::Connection& bdp, QDate bornBehind)
     while (undated.next())
         people.insert(undated.number(0));
     for (const char* const select : seenUntil)
-        takeOut(people, bdp, select, bornBehind);
+        if (!people.isEmpty()) takeOut(people, bdp, select, bornBehind);
     jet::Rows young(
         bdp, jet::NativeSql("select nind from individuo where dataobito is null and datanasc > ?", {bornBehind}));
     while (young.next())
