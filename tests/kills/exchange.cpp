@@ -147,15 +147,18 @@ private:
     QString judgeTables(const Files& there, const Files& earlier)
     {
         for (auto each = there.begin(); each != there.end(); ++each)
-            if (each.key() != description && each.value() != after_[each.key()] && each.value() != earlier[each.key()])
+            if (each.key() != description && each.value() != after_.value(each.key()) &&
+                each.value() != earlier.value(each.key()))
                 return each.key() + " is half there";
         const QByteArray told = there.value(description);
         if (told.contains("\"unfinished\": true")) {
             ++inTheMiddle_;
             return {};
         }
-        if (told != earlier.value(description) && told != after_[description]) return "the description is half there";
-        const Files& whole = told == after_[description] ? after_ : earlier;
+        if (told.isEmpty() && !there.isEmpty()) return "files stand without their description";
+        if (told != earlier.value(description) && told != after_.value(description))
+            return "the description is half there";
+        const Files& whole = told == after_.value(description) ? after_ : earlier;
         for (auto each = whole.begin(); each != whole.end(); ++each)
             if (there.value(each.key()) != each.value()) return each.key() + " isn't that of its description";
         return {};

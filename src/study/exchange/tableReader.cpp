@@ -31,20 +31,15 @@ QString whyNot(const QByteArray& cell, Kind kind)
     return shown(cell) + " não é 0 nem 1";
 }
 
-QByteArray standard(const CsvCell& cell, Kind kind, char separator)
+QByteArray standard(const QByteArray& cell, Kind kind, char separator)
 {
-    return separator == ',' ? cell.text : fromSpreadsheet(cell.text, kind);
-}
-
-void open(QFile& device, const QString& path)
-{
-    if (!device.open(QIODevice::ReadOnly))
-        throw jet::Error(jet::number::permissionDenied, QString("O ficheiro \"%1\" não pode ser lido.").arg(path));
+    return separator == ',' ? cell : fromSpreadsheet(cell, kind);
 }
 
 QFile& opened(QFile& device, const QString& path)
 {
-    open(device, path);
+    if (!device.open(QIODevice::ReadOnly))
+        throw jet::Error(jet::number::permissionDenied, QString("O ficheiro \"%1\" não pode ser lido.").arg(path));
     return device;
 }
 
@@ -136,7 +131,7 @@ bool TableReader::takeCell(const Taken& taken, const CsvCell& cell)
         values_ << (isEmptyText ? QVariant(QString("")) : QVariant());
         return true;
     }
-    const std::optional<QVariant> value = valueOf(standard(cell, kind, reader_.separator()), kind);
+    const std::optional<QVariant> value = valueOf(standard(cell.text, kind, reader_.separator()), kind);
     const QString name = taken.column ? taken.column->name : placeColumn;
     if (!value) {
         complain(QString("Coluna \"%1\": %2.").arg(name, whyNot(cell.text, kind)));
@@ -148,40 +143,77 @@ bool TableReader::takeCell(const Taken& taken, const CsvCell& cell)
     return true;
 }
 
+namespace {
+
+// The file of the cells that stand apart.
+class ApartReader
+{
+public:
+    ApartReader(const TableFile& file, const Complaint& complain)
+        : name_(file.name), complain_(complain), device_(file.path), reader_(opened(device_, file.path))
+    {
+    }
+
+    ApartCells run()
+    {
+        if (!readHeader()) {
+            complain_({name_, reader_.line(), "Falta uma das colunas " + wanted().join(", ") + '.'});
+            return {};
+        }
+        while (reader_.next())
+            if (!takeRow())
+                complain_({name_, reader_.line(), "A linha não diz a tabela, o lugar e a coluna de uma célula."});
+        return std::move(apart_);
+    }
+
+private:
+    static const QStringList& wanted()
+    {
+        static const QStringList names{problem::table, problem::place, problem::column, problem::value, problem::form};
+        return names;
+    }
+
+    bool readHeader()
+    {
+        if (!reader_.next()) return false;
+        for (const QString& name : wanted())
+            for (std::size_t i = 0; i < reader_.cells().size(); ++i)
+                if (QString::fromUtf8(reader_.cells()[i].text) == name) at_ << i;
+        return at_.size() == wanted().size();
+    }
+
+    // By the place of the column among the wanted ones.
+    QByteArray cell(qsizetype which) const
+    {
+        return at_[which] < reader_.cells().size() ? reader_.cells()[at_[which]].text : QByteArray();
+    }
+
+    bool takeRow()
+    {
+        const TableInfo* table = tableOf(QString::fromUtf8(cell(0)));
+        const TableColumn* column = table ? table->column(QString::fromUtf8(cell(2))) : nullptr;
+        bool isNumber = false;
+        const qint64 place = cell(1).toLongLong(&isNumber);
+        if (!column || !isNumber || !reader_.damage().isEmpty()) return false;
+        const bool isJson = QString::fromUtf8(cell(4)) == problem::json;
+        const QByteArray value = standard(cell(3), isJson ? Kind::Text : column->kind, reader_.separator());
+        apart_[table->name][place].insert(column->name, {value, isJson, reader_.line()});
+        return true;
+    }
+
+    QString name_;
+    const Complaint& complain_;
+    QFile device_;
+    CsvReader reader_;
+    QList<std::size_t> at_ = {}; // where the wanted columns stand
+    ApartCells apart_ = {};
+};
+
+} // namespace
+
 ApartCells apartCells(const TableFile& file, const Complaint& complain)
 {
-    ApartCells apart;
-    QFile device(file.path);
-    open(device, file.path);
-    CsvReader reader(device);
-    const QStringList wanted{problem::table, problem::place, problem::column, problem::value, problem::form};
-    QList<std::size_t> at;
-    if (reader.next())
-        for (const QString& name : wanted)
-            for (std::size_t i = 0; i < reader.cells().size(); ++i)
-                if (QString::fromUtf8(reader.cells()[i].text) == name) at << i;
-    if (at.size() != wanted.size()) {
-        complain({file.name, reader.line(), "Falta uma das colunas " + wanted.join(", ") + '.'});
-        return {};
-    }
-    while (reader.next()) {
-        const auto cell = [&](int which) {
-            return at[which] < reader.cells().size() ? reader.cells()[at[which]] : CsvCell();
-        };
-        const TableInfo* table = tableOf(QString::fromUtf8(cell(0).text));
-        const TableColumn* column = table ? table->column(QString::fromUtf8(cell(2).text)) : nullptr;
-        bool isNumber = false;
-        const qint64 place = cell(1).text.toLongLong(&isNumber);
-        if (!column || !isNumber || !reader.damage().isEmpty()) {
-            complain({file.name, reader.line(), "A linha não diz a tabela, o lugar e a coluna de uma célula."});
-            continue;
-        }
-        const bool isJson = QString::fromUtf8(cell(4).text) == problem::json;
-        apart[table->name][place].insert(
-            column->name,
-            {standard(cell(3), isJson ? Kind::Text : column->kind, reader.separator()), isJson, reader.line()});
-    }
-    return apart;
+    return ApartReader(file, complain).run();
 }
 
 } // namespace study::exchange

@@ -138,22 +138,25 @@ private:
             bdp_.execute(jet::NativeSql(statement));
         TableReader reader(file, filledColumns(table), complaint());
         QHash<qint64, ApartRow> apart = apart_.take(table.name);
+        const qint64 ofTheFile = reader.columns().isEmpty() ? 0 : readRows(reader, table, apart);
+        read_.tables.push_back({table.name, ofTheFile + putWhole(table, apart)});
+    }
+
+    // Takes the cells of `apart` that belong to rows of the file; what is left are rows that stand apart as a whole.
+    qint64 readRows(TableReader& reader, const TableInfo& table, QHash<qint64, ApartRow>& apart)
+    {
+        const QString places = QStringList(reader.columns().size(), "?").join(", ");
+        jet::Repeated insert(bdp_, jet::NativeSql(QString("insert into \"%1\" (\"%2\") values (%3)")
+                                                      .arg(table.name, reader.columns().join("\", \""), places)));
         qint64 rows = 0;
-        if (!reader.columns().isEmpty()) {
-            const QString places = QStringList(reader.columns().size(), "?").join(", ");
-            jet::Repeated insert(bdp_, jet::NativeSql(QString("insert into \"%1\" (\"%2\") values (%3)")
-                                                          .arg(table.name, reader.columns().join("\", \""), places)));
-            while (reader.next()) {
-                const bool isHalf = !apart.isEmpty() && apart.contains(reader.place());
-                put(reader, [&] {
-                    isHalf ? insertWith(apart.take(reader.place()), table, reader) : insert.run(reader.values());
-                });
-                if (++rows % rowsBetweenQuestions == 0)
-                    ask(static_cast<double>(before_ + reader.bytesRead()) / static_cast<double>(all_));
-            }
+        while (reader.next()) {
+            const bool isHalf = !apart.isEmpty() && apart.contains(reader.place());
+            put(reader,
+                [&] { isHalf ? insertWith(apart.take(reader.place()), table, reader) : insert.run(reader.values()); });
+            if (++rows % rowsBetweenQuestions == 0)
+                ask(static_cast<double>(before_ + reader.bytesRead()) / static_cast<double>(all_));
         }
-        rows += putWhole(table, apart);
-        read_.tables.push_back({table.name, rows});
+        return rows;
     }
 
     template <class Step>

@@ -141,6 +141,37 @@ QStringList everything(const QString& bdp)
     return all;
 }
 
+QString letters()
+{
+    static const QString all = [] {
+        QString made = "€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ";
+        for (char16_t c = 0x20; c <= 0xFF; ++c)
+            if (c < 0x7F || c >= 0xA0) made += QChar(c);
+        return made + QString::fromUtf8("ĀęŁşαЖאعक中あ한ṽḿ😀𝛼e\xCC\x81\xEF\xBB\xBF\xE2\x80\xA8\xEF\xBF\xBE");
+    }();
+    return all;
+}
+
+QString anyText(std::mt19937& random)
+{
+    static const QStringList beginnings{"", "", "=", "+", "-", "@", "'", "'=", "\t", "\r", "\"", "\"\"", " ", ";", ","};
+    static const QStringList middles{"",     "",    "\"", "\"\"", "\n",    "\r\n",     "\r", ",",
+                                     ";",    "\t",  "'",  "\\",   "null",  "''",       "{}", " ",
+                                     "0012", "1e3", "#",  "\n\n", "\",\"", "a,b\"c\nd"};
+    const auto any = [&](qsizetype count) { return std::uniform_int_distribution<qsizetype>(0, count - 1)(random); };
+    QString text = beginnings[any(beginnings.size())];
+    for (qsizetype parts = any(4); parts > 0; --parts) {
+        // Whole characters: half a surrogate is none.
+        const QList<uint> characters = letters().toUcs4();
+        for (qsizetype left = any(5); left > 0; --left) {
+            const uint character = characters[any(characters.size())];
+            text += QString::fromUcs4(reinterpret_cast<const char32_t*>(&character), 1);
+        }
+        text += middles[any(middles.size())];
+    }
+    return text;
+}
+
 QList<QStringList> cells(const QByteArray& csv, char separator)
 {
     QList<QStringList> rows;
@@ -241,6 +272,7 @@ private:
     void checkFile(const QJsonObject& resource)
     {
         const QString name = resource["name"].toString();
+        expect(resource["description"].isString() && resource["description_en"].isString(), name + ": a description");
         const QByteArray bytes = contentOf(path(resource["path"].toString()));
         expectName(name);
         expect(!rows_.contains(name), name + " is there twice");

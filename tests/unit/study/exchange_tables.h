@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <random>
+
 class ExchangedTables : public testing::Test
 {
 protected:
@@ -43,6 +45,12 @@ namespace exchanged {
 
 // Every value with its kind and its place, and the statements of the schema; nothing of the index of the names.
 QStringList everything(const QString& bdp);
+
+// Every letter of code page 1252, and some that it doesn't have.
+QString letters();
+
+// A name, or a note, as somebody may have typed or pasted it.
+QString anyText(std::mt19937& random);
 
 // The cells of a file by RFC 4180, the headings first. Two quotes with nothing between them are "\"\"", nothing is "".
 QList<QStringList> cells(const QByteArray& csv, char separator = ',');

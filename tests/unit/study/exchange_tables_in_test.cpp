@@ -222,6 +222,26 @@ TEST_F(ABdpOfTables, TellsOfFilesThatNoTableIsMadeOfAndOfKeysThatLeadNowhere)
     EXPECT_TRUE(thrown().contains("nenhuma tabela"));
 }
 
+TEST_F(ABdpOfTables, IsNotMadeOfAnExportThatWasInterrupted)
+{
+    put("individuo.csv", "nind\n1\n");
+    put("datapackage.json", R"({"profile": "tabular-data-package", "name": "orv-estudo", "unfinished": true,
+        "resources": [{"name": "individuo", "path": "individuo.csv"}]})");
+    EXPECT_TRUE(thrown().contains("não chegou ao fim"));
+}
+
+TEST_F(ABdpOfTables, TellsOfAFileThatWasAlteredAndTakesIt)
+{
+    run("insert into individuo (nind, nome) values (1, 'Ana')");
+    write();
+    EXPECT_TRUE(read().warnings.empty());
+    put("individuo.csv", file("individuo.csv") + "2,2,Eva\n");
+    const TablesRead told = read();
+    ASSERT_EQ(told.warnings.size(), 1U);
+    EXPECT_EQ(told.warnings[0], (TableProblem{"individuo.csv", 0, "Foi alterado depois de escrito; entra como está."}));
+    EXPECT_EQ(row("select nome from individuo where nind = 2")["nome"], "Eva");
+}
+
 TEST_F(ABdpOfTables, RefusesCellsApartThatAreOfNoTable)
 {
     const QByteArray head = "tabela,lugar,coluna,valor,forma,problema\n";

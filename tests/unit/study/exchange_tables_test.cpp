@@ -29,35 +29,6 @@ using namespace study::exchange;
 
 namespace {
 
-// Every letter of code page 1252, and some that it doesn't have.
-const QString letters = [] {
-    QString all = "€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ";
-    for (char16_t c = 0x20; c <= 0xFF; ++c)
-        if (c < 0x7F || c >= 0xA0) all += QChar(c);
-    return all + QString::fromUtf8("ĀęŁşαЖאعक中あ한ṽḿ😀𝛼e\xCC\x81\xEF\xBB\xBF\xE2\x80\xA8\xEF\xBF\xBE");
-}();
-
-// A name, or a note, as somebody may have typed or pasted it.
-QString anyText(std::mt19937& random)
-{
-    static const QStringList beginnings{"", "", "=", "+", "-", "@", "'", "'=", "\t", "\r", "\"", "\"\"", " ", ";", ","};
-    static const QStringList middles{"",     "",    "\"", "\"\"", "\n",    "\r\n",     "\r", ",",
-                                     ";",    "\t",  "'",  "\\",   "null",  "''",       "{}", " ",
-                                     "0012", "1e3", "#",  "\n\n", "\",\"", "a,b\"c\nd"};
-    const auto any = [&](qsizetype count) { return std::uniform_int_distribution<qsizetype>(0, count - 1)(random); };
-    QString text = beginnings[any(beginnings.size())];
-    for (qsizetype parts = any(4); parts > 0; --parts) {
-        // Whole characters: half a surrogate is none.
-        const QList<uint> characters = letters.toUcs4();
-        for (qsizetype left = any(5); left > 0; --left) {
-            const uint character = characters[any(characters.size())];
-            text += QString::fromUcs4(reinterpret_cast<const char32_t*>(&character), 1);
-        }
-        text += middles[any(middles.size())];
-    }
-    return text;
-}
-
 class TablesOfABdp : public ExchangedTables
 {
 protected:
@@ -145,11 +116,12 @@ TEST_F(TablesOfABdp, ComeBackRowByRowWhateverTheirLetters)
     std::mt19937 random(16);
     for (int nind = 1; nind <= 300; ++nind)
         run("update individuo set nome = ?, obs = ?, causa = ?, alcunha = ?, tipo = ? where nind = ?",
-            {anyText(random), anyText(random), nind % 3 == 0 ? QVariant() : anyText(random), anyText(random),
-             anyText(random).left(1), nind});
-    run("update individuo set nome = ? where nind = 1", {letters.left(250)});
+            {exchanged::anyText(random), exchanged::anyText(random),
+             nind % 3 == 0 ? QVariant() : exchanged::anyText(random), exchanged::anyText(random),
+             exchanged::anyText(random).left(1), nind});
+    run("update individuo set nome = ? where nind = 1", {exchanged::letters().left(250)});
     run("update profissao set profissao = ?, obs = ? where codprof in (select min(codprof) from profissao)",
-        {anyText(random), anyText(random)});
+        {exchanged::anyText(random), exchanged::anyText(random)});
     run("update lugar set nomelugar = ?", {QString("=cmd|' /C calc'!A0")});
     writeStudy(16);
     expectTheSameBdp();

@@ -1,4 +1,5 @@
 // Tables as files: read back as they were, and never over what is somebody else's.
+#include "jet/recordeddisk.h"
 #include "platform/jet/disk.h"
 #include "platform/jet/error.h"
 #include "sampleReport.h"
@@ -12,6 +13,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 using namespace study;
@@ -234,6 +236,65 @@ TEST(FilesOfAReport, TellThatTheFolderIsMissing)
     EXPECT_TRUE(QDir(folder.path()).mkdir("estudo-e-b.csv"));
     const Report report{.chapters = {{"C", {{"", "", "", {Table{.id = "e b", .columns = {{.title = "x"}}}}}}}}};
     EXPECT_TRUE(errorOf(filesOf(report), folder.path()).contains("há outra coisa"));
+}
+
+// Gives no more names past the first few, as where the program is killed.
+class DyingDisk : public jet::Disk
+{
+public:
+    explicit DyingDisk(int names) : left_(names) { jet::setDisk(this); }
+    ~DyingDisk() override { jet::setDisk(nullptr); }
+
+    std::error_code replace(const QString& from, const QString& to) override
+    {
+        return left_-- > 0 ? Disk::replace(from, to) : std::make_error_code(std::errc::io_error);
+    }
+    std::error_code place(const QString& from, const QString& to) override
+    {
+        return left_-- > 0 ? Disk::place(from, to) : std::make_error_code(std::errc::io_error);
+    }
+
+private:
+    int left_;
+};
+
+TEST(FilesOfAReport, AreKnownForOursWhereverTheirNamingHasStopped)
+{
+    const auto before = filesOf(sample::report());
+    Report report = sample::report();
+    report.chapters[0].sections[0].figures.resize(1);
+    report.made = report.made.addDays(1);
+    const auto after = filesOf(report);
+    QStringList stops;
+    for (int names = 0; stops.isEmpty() || !stops.last().isEmpty(); ++names) {
+        const QTemporaryDir folder;
+        writeFiles(before, folder.path());
+        {
+            const DyingDisk disk(names);
+            stops << errorOf(after, folder.path());
+        }
+        const QByteArray told = contentOf(folder.filePath("datapackage.json"));
+        if (names == 0) {
+            EXPECT_EQ(told, bytesOf(before, "datapackage.json"));
+        } else if (!stops.last().isEmpty()) {
+            EXPECT_TRUE(told.contains("\"unfinished\": true")) << names;
+        }
+        EXPECT_EQ(errorOf(after, folder.path()), "") << names;
+        for (const ReportFile& file : after)
+            EXPECT_EQ(contentOf(folder.filePath(file.name)), file.bytes) << qPrintable(file.name);
+    }
+    EXPECT_EQ(stops.size(), qsizetype(after.size()) + 2) << "one name more, of what isn't finished";
+}
+
+TEST(FilesOfAReport, AreAllOnTheDiskBeforeTheFirstTakesItsName)
+{
+    const QTemporaryDir folder;
+    const auto files = filesOf(sample::report());
+    jet::test::RecordedDisk disk;
+    writeFiles(files, folder.path());
+    const qsizetype first = disk.done().indexOf(QRegularExpression("^(place|replace) .*"));
+    ASSERT_GT(first, 0);
+    EXPECT_GE(disk.done().mid(0, first).count("sync x"), qsizetype(files.size()));
 }
 
 // Takes no file past the first few.
