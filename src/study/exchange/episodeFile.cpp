@@ -73,7 +73,7 @@ void EpisodeFile::family(const Family* family)
 
 void EpisodeFile::date(const Date& value)
 {
-    value.isKnown() ? raw(value.middle().toString(Qt::ISODate).toLatin1()) : none();
+    raw(isoDay(value));
 }
 
 void EpisodeFile::dateAndYear(const Date& value)

@@ -1,6 +1,7 @@
 #include "study/exchange/episodeTimes.h"
 
 #include <algorithm>
+#include <array>
 
 namespace study::exchange {
 
@@ -10,13 +11,21 @@ namespace {
 
 constexpr qint64 dayBeforeOurEra = 1721425; // the Julian day number of 31 December of the year 0
 constexpr qint64 daysOfYearZero = 365;      // as toTime of event history has it: its 1 January is day 1
+constexpr qint64 partsOfADay = 10000, partsOfAYear = 3652425, thousand = 1000;
+constexpr int lastOfFourDigits = 9999;
 constexpr qint64 firstLeftOut = 2299151, firstBehind = 2299161; // 5 and 15 October 1582, as columns count them
 
-// Of 365.2425 days: half days × 5000000 / 3652425 are thousandths of a year.
+char digitOf(int number) // its last one
+{
+    return static_cast<char>('0' + number % 10);
+}
+
 QByteArray thousandthsTold(qint64 thousandths)
 {
-    const QByteArray rest = QByteArray::number(thousandths % 1000).rightJustified(3, '0');
-    return QByteArray::number(thousandths / 1000) + '.' + rest;
+    QByteArray told = QByteArray::number(thousandths / thousand);
+    const auto rest = static_cast<int>(thousandths % thousand);
+    const std::array<char, 4> digits{'.', digitOf(rest / 100), digitOf(rest / 10), digitOf(rest)};
+    return told.append(digits.data(), static_cast<qsizetype>(digits.size()));
 }
 
 // Rounded, of whole numbers that aren't negative.
@@ -40,11 +49,30 @@ qint64 halfDayOf(const Moment& moment)
 
 } // namespace
 
+QByteArray isoDay(const Date& date)
+{
+    if (!date.isKnown()) return {};
+    int year = 0, month = 0, day = 0;
+    date.middle().getDate(&year, &month, &day);
+    if (year < 0 || year > lastOfFourDigits) return date.middle().toString(Qt::ISODate).toLatin1();
+    const std::array<char, 10> told{digitOf(year / 1000),
+                                    digitOf(year / 100),
+                                    digitOf(year / 10),
+                                    digitOf(year),
+                                    '-',
+                                    digitOf(month / 10),
+                                    digitOf(month),
+                                    '-',
+                                    digitOf(day / 10),
+                                    digitOf(day)};
+    return {told.data(), static_cast<qsizetype>(told.size())};
+}
+
 QByteArray decimalYear(const Date& date)
 {
     if (!date.isKnown()) return {};
     const qint64 days = date.middle().toJulianDay() - dayBeforeOurEra + daysOfYearZero;
-    return thousandthsTold(divided(days * 10000000, 3652425));
+    return thousandthsTold(divided(days * thousand * partsOfADay, partsOfAYear));
 }
 
 qint64 halfDaysBetween(const Moment& from, const Moment& until)
@@ -57,7 +85,7 @@ QByteArray ageAt(const Date& origin, const Moment& moment)
     const int years = parish::completedYears(origin, moment.day);
     const auto at = [&origin](int age) { return Moment{parish::dateOf(parish::birthday(origin, age), true)}; };
     const qint64 gone = halfDaysBetween(at(years), moment), year = halfDaysBetween(at(years), at(years + 1));
-    return thousandthsTold(years * qint64{1000} + divided(gone * 1000, year));
+    return thousandthsTold(years * thousand + divided(gone * thousand, year));
 }
 
 QByteArray daysOf(qint64 halfDays)

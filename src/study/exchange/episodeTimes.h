@@ -14,6 +14,9 @@
 
 namespace study::exchange {
 
+// "1765-06-27", of the middle; "" for an unknown date.
+QByteArray isoDay(const parish::Date& date);
+
 // Days since 0000-01-01 of the Gregorian calendar, over 365.2425, to three decimals: 1765-06-27 is "1765.487". A date
 // of which the year alone is told stands in its middle. "" for an unknown date.
 QByteArray decimalYear(const parish::Date& date);

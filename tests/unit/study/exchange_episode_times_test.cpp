@@ -27,6 +27,14 @@ TEST(EpisodeTimes, ADecimalYearIsTheDaysSinceTheYearZero)
     EXPECT_EQ(decimalYear(dateOf(QDate(1720, 1, 1), false)), decimalYear(on(1720, 7, 1))) << "only the year is meant";
 }
 
+TEST(EpisodeTimes, ADayIsIsoText)
+{
+    EXPECT_EQ(isoDay(on(1765, 6, 27)), "1765-06-27");
+    EXPECT_EQ(isoDay(on(999, 12, 1)), "0999-12-01");
+    EXPECT_EQ(isoDay({}), "");
+    EXPECT_EQ(isoDay(dateOf(QDate(1720, 1, 1), false)), "1720-07-01") << "only the year is meant";
+}
+
 TEST(EpisodeTimes, AnAgeIsWholeOnEachBirthdayAndGrowsWithEveryHalfDay)
 {
     const Date birth = on(1680, 2, 29);
