@@ -33,10 +33,10 @@ protected:
     ids::Tables tables() const { return ids::written(bdp, options_); }
     static bool names(const ids::Tables& tables, qint64 who)
     {
-        const QByteArray cell = ',' + QByteArray::number(who) + ',';
-        for (const char* const file : {"INDIVIDUAL.csv", "INDIV_INDIV.csv", "INDIV_CONTEXT.csv"})
-            for (const QByteArray& line : tables.files[file].split('\n'))
-                if (line.mid(line.indexOf("ORV")).contains(cell)) return true;
+        const QString number = QString::number(who);
+        for (const QList<ids::Row>& rows : tables.rows)
+            for (const ids::Row& row : rows)
+                if (row["Id_I"] == number || row["Id_I_1"] == number || row["Id_I_2"] == number) return true;
         return false;
     }
 
@@ -52,6 +52,7 @@ TEST_F(IdsOfTheLiving, IsOfTheOthersAndOfTheLinksBetweenThem)
     EXPECT_EQ(all.counts.withheldPeople, 2);
     EXPECT_EQ(all.counts.withheldFamilies, 1);
     EXPECT_EQ(all.counts.people, 3);
+    EXPECT_TRUE(names(all, gil_));
     EXPECT_FALSE(names(all, ana_));
     EXPECT_FALSE(names(all, eva_));
     EXPECT_EQ(all.relations(rui_, ivo_), QStringList("Father"));
