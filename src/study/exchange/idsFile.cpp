@@ -54,31 +54,21 @@ void IdsFile::end()
     if (csv_.bytes().size() >= bytesAtOnce) files_.write(csv_.take());
 }
 
-void IdsFile::addDay(const QDate& day, bool isWhole)
-{
-    if (!day.isValid() || !isWhole) {
-        addNothing();
-        addNothing();
-    } else {
-        add(qint64(day.day()));
-        add(qint64(day.month()));
-    }
-    day.isValid() ? add(qint64(day.year())) : addNothing();
-}
-
+// Each cell that a date has, in one piece: most rows have the same few.
 void IdsFile::end(const char* dateType, const parish::Date& date)
 {
-    static constexpr int lastMonth = 12, lastDay = 31;
-    const bool isDated = dateType && date.isKnown(), isAbout = isDated && !date.isExact();
-    const QDate day = isDated ? date.date() : QDate();
-    add(dateType ? dateType : "");
-    add(isAbout ? "Estimated" : isDated ? "Exact" : "");
-    addDay(day, !isAbout);
-    addNothing(); // hour
-    addNothing(); // minute
-    addDay(isAbout ? QDate(day.year(), 1, 1) : QDate(), true);
-    addDay(isAbout ? QDate(day.year(), lastMonth, lastDay) : QDate(), true);
-    add(isDated ? "" : dateType ? "Unavailable" : "Time_invariant");
+    static constexpr auto nothing = ",,,,,,,,,,,,", noSpan = ",,,,,,,,,"; // from Estimation, and from Year, to Missing
+    QByteArray cells = dateType;
+    if (!dateType || !date.isKnown())
+        cells += nothing + QByteArray(dateType ? ",Unavailable" : ",Time_invariant");
+    else if (const QDate day = date.date(); date.isExact())
+        cells += ",Exact," + QByteArray::number(day.day()) + ',' + QByteArray::number(day.month()) + ',' +
+                 QByteArray::number(day.year()) + noSpan;
+    else {
+        const QByteArray year = QByteArray::number(day.year());
+        cells += ",Estimated,,," + year + ",,,1,1," + year + ",31,12," + year + ',';
+    }
+    csv_.addWritten(cells);
     end();
 }
 

@@ -27,8 +27,6 @@ public:
     report::PackageJson finish(); // the file as a resource of its package
 
 private:
-    void addDay(const QDate& day, bool isWhole);
-
     report::PackageFiles& files_;
     const IdsTableWords& words_;
     QByteArray database_;

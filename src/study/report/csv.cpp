@@ -33,6 +33,12 @@ void CsvRows::addQuoted(QByteArrayView cell)
     bytes_ += '"';
 }
 
+void CsvRows::addWritten(QByteArrayView cells)
+{
+    separate();
+    bytes_.append(cells);
+}
+
 void CsvRows::endRow()
 {
     if (isFirst_ || bytes_.size() == rowAt_) bytes_ += "\"\"";

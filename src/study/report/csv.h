@@ -28,6 +28,9 @@ public:
     void add(const QString& cell) { add(QByteArrayView(cell.toUtf8())); }
     // Between quotes, also where the text is empty: who reads it so can tell it from a cell with nothing.
     void addQuoted(QByteArrayView cell);
+    // Cells that stand as they are written, with their separators between them. Precondition: none of them needs
+    // quotes.
+    void addWritten(QByteArrayView cells);
     // An empty cell alone in its row is put between quotes: it would be an empty line, which readers leave out.
     void endRow();
 

@@ -323,7 +323,8 @@ TEST_F(IdsOfAParish, LetsChildrenLiveWithTheirParentsWhereThatIsAskedFor)
         "'1755-02-03', 1, '01010201', 'L')");
     const auto residents = [this] {
         QStringList who;
-        for (const ids::Row& row : tables().rows["INDIV_CONTEXT"])
+        const ids::Tables all = tables();
+        for (const ids::Row& row : all.rows["INDIV_CONTEXT"])
             if (row["Relation"] == "Resident") who << row["Id_I"];
         return who;
     };
