@@ -202,6 +202,7 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
     if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
     if (order.work == Order::Work::Network) return runNetwork(order, out, err, goesOn);
     if (order.work == Order::Work::ExportGedcom) return runExportGedcom(order, out, err, goesOn);
+    if (order.work == Order::Work::ImportGedcom) return runImportGedcom(order, out, err, goesOn);
     if (order.work == Order::Work::Settings) return runSettings(order, out, err);
     if (order.work == Order::Work::ExportTables) return runExportTables(order, out, err, goesOn);
     if (order.work == Order::Work::ImportTables) return runImportTables(order, out, err, goesOn);

@@ -4,6 +4,7 @@
 #include "study/command/bdp.h"
 #include "study/command/command.h"
 #include "study/command/readParish.h"
+#include "study/exchange/gedcomIn.h"
 #include "study/exchange/tables.h"
 #include "study/indicators/baptismDays.h"
 #include "study/indicators/settingsJson.h"
@@ -107,6 +108,56 @@ int runExportGedcom(const Order& order, QTextStream& out, QTextStream& err, cons
                 out << QString("Ligações a quem não está na BDP, que não foram: %1.\n").arg(counts.lostLinks);
             if (counts.shortened > 0)
                 out << QString("Textos longos de mais, que estão por inteiro nas notas: %1.\n").arg(counts.shortened);
+            return done;
+        },
+        err);
+}
+
+namespace {
+
+int takeBack(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    jet::Connection bdp;
+    openBdp(bdp, order.bdp, jet::Connection::Sharing::Alone);
+    const auto last = exchange::lastImport(bdp);
+    const QStringList why = order.rehearse || !last ? exchange::whyImportStays(bdp)
+                                                    : exchange::takeBackImport(bdp, [&](double) { return goesOn(); });
+    for (const QString& reason : why)
+        err << reason << '\n';
+    if (!why.isEmpty()) {
+        err << "Nada foi desfeito.\n";
+        return refused;
+    }
+    out << QString("Importação de %1 em %2: %3 pessoas, %4 famílias.\n")
+               .arg(last->file, last->when.toString("dd/MM/yyyy HH:mm"))
+               .arg(last->people)
+               .arg(last->families);
+    out << (order.rehearse ? "Ensaio: pode ser desfeita.\n" : "Foi desfeita.\n");
+    return done;
+}
+
+} // namespace
+
+int runImportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn)
+{
+    return ended(
+        [&] {
+            if (order.takeBack) return takeBack(order, out, err, goesOn);
+            jet::Connection bdp;
+            openBdp(bdp, order.bdp, jet::Connection::Sharing::Alone);
+            const exchange::GedcomImportOptions options{.newPlaces = !order.noPlaces,
+                                                        .newProfessions = !order.noProfessions};
+            const QString file = order.files.first();
+            const auto ask = [&](double) { return goesOn(); };
+            const exchange::GedcomReport report = order.rehearse
+                                                      ? exchange::rehearseGedcom(bdp, file, options, ask)
+                                                      : exchange::importGedcom(bdp, file, options, ask);
+            for (const exchange::GedcomProblem& one : report.problems)
+                err << file << ':' << one.line << ": aviso: " << one.text << '\n';
+            if (!report.copy.isEmpty()) out << "Cópia da BDP: " << report.copy << '\n';
+            for (const QString& line : report.lines())
+                out << line << '\n';
+            if (order.rehearse) out << "Ensaio: nada foi escrito.\n";
             return done;
         },
         err);

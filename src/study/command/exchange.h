@@ -1,4 +1,4 @@
-// orv-estudo exportar gedcom, exportar tabelas, importar tabelas: a BDP for other programs, and a BDP made of tables.
+// orv-estudo exportar and importar gedcom and tabelas: a BDP for other programs, and what others have made for a BDP.
 #pragma once
 
 #include "study/command/usage.h"
@@ -13,6 +13,7 @@ namespace study {
 // `err`. Throw nothing.
 int runExportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 int runExportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+int runImportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 int runImportTables(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 
 } // namespace study

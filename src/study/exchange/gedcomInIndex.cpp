@@ -102,18 +102,18 @@ void GedcomIndex::seePerson(GedcomNode& record, Links& links)
     people.push_back({.ownNumber = ownNumberOf(record, personRefn)});
     QString origin;
     bool isByBirth = false;
-    std::vector<QString> families;
+    std::vector<QString> ofCouples;
     for (GedcomNode& one : record.children) {
         if (one.tag == "FAMC" && one.isPointer && !one.isVoid() && (origin.isEmpty() || (!isByBirth && isBirthFamily(one))))
         {
             origin = one.value;
             isByBirth = isBirthFamily(one);
         }
-        if (one.tag == "FAMS" && one.isPointer && !one.isVoid()) families.push_back(one.value);
+        if (one.tag == "FAMS" && one.isPointer && !one.isVoid()) ofCouples.push_back(one.value);
         if (one.tag == "ASSO") links.associations.push_back({index, one});
     }
     links.origins.push_back(origin);
-    links.ofPeople.push_back(std::move(families));
+    links.ofPeople.push_back(std::move(ofCouples));
 }
 
 void GedcomIndex::seeFamily(const GedcomNode& record, Links& links)

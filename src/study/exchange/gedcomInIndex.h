@@ -3,6 +3,7 @@
 #pragma once
 
 #include "study/exchange/gedcomRecord.h"
+#include "study/exchange/progress.h"
 
 #include <QHash>
 #include <QSet>
