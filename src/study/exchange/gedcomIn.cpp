@@ -139,7 +139,7 @@ private:
 
     void readProfessionsAndPlaces()
     {
-        for (const char* const table : {imported::locality, imported::site, imported::profession})
+        for (const char* const table : {imported::parish, imported::locality, imported::site, imported::profession})
             before_.insert(table, keysOf(table));
     }
 
@@ -185,8 +185,8 @@ private:
         }
         jet::Repeated insert(
             bdp_, jet::NativeSql("insert into estudo_importado (importacao, tipo, chave, marca) values (?, ?, ?, ?)"));
-        for (const char* const kind : {imported::person, imported::family, imported::locality, imported::site,
-                                       imported::profession}) {
+        for (const char* const kind : {imported::person, imported::family, imported::parish, imported::locality,
+                                       imported::site, imported::profession}) {
             const QHash<QString, QByteArray> marks = marksOf(bdp_, kind, madeOf(kind));
             for (auto mark = marks.cbegin(); mark != marks.cend(); ++mark)
                 insert.run({target_.report.id, QString(kind), mark.key(), QString::fromLatin1(*mark)});

@@ -69,6 +69,7 @@ public:
         }
         removeUnused(imported::site);
         removeUnused(imported::locality);
+        removeUnused(imported::parish);
         removeUnused(imported::profession);
         bdp_.execute(jet::NativeSql("delete from estudo_importado where importacao = ?", {last_->id}));
         bdp_.execute(jet::NativeSql("update estudo_importacao set desfeita = ? where id = ?",
@@ -185,17 +186,19 @@ private:
         for (auto one = then.cbegin(); one != then.cend(); ++one) {
             if (now.value(one.key()) != *one) continue;
             const auto target = isProfession ? linkage::Target::Profession : linkage::Target::Place;
-            if (isNamed(target, one.key(), isProfession ? QString() : QString(kind)) || holdsSites(kind, one.key()))
+            if (isNamed(target, one.key(), isProfession ? QString() : QString(kind)) || holdsPlaces(kind, one.key()))
                 continue;
             bdp_.execute(
                 jet::NativeSql(QString("delete from %1 where %2 = ?").arg(table->table, table->owner), {one.key()}));
         }
     }
 
-    bool holdsSites(const char* kind, const QString& code) const
+    bool holdsPlaces(const QString& kind, const QString& code) const
     {
-        if (QLatin1String(kind) != QLatin1String(imported::locality)) return false;
-        jet::Rows row(bdp_, jet::NativeSql("select 1 from sitio where codlugar = ? limit 1", {code}));
+        const char* const places = kind == imported::locality ? "select 1 from sitio where codlugar = ? limit 1"
+                                                              : "select 1 from lugar where codparoquia = ? limit 1";
+        if (kind != imported::locality && kind != imported::parish) return false;
+        jet::Rows row(bdp_, jet::NativeSql(places, {code}));
         return row.next();
     }
 

@@ -77,6 +77,7 @@ const std::vector<OwnedTable>& ownedTables()
         {"familias", "nfamilia", family, ""},
         {"assistente", "entidade", family, "tipoacto = 'c'"},
         {"residencia", "numero", family, "tiporesid = 'f'"},
+        {"paroquia", "codparoquia", parish, ""},
         {"lugar", "codlugar", locality, ""},
         {"sitio", "codsitio", site, ""},
         {"profissao", "codprof", profession, ""},

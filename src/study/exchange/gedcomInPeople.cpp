@@ -170,6 +170,11 @@ void PersonIn::takeBirth()
 {
     Beginning ceremony, birth;
     readBeginning(ceremony, record_.child("CHR") ? "CHR" : "BAPM");
+    // An export has a birth about the day of its baptism.
+    if (const GedcomNode* const node = record_.child("BIRT"); node && ceremony.date.isKnown())
+        if (const GedcomNode* const date = node->child("DATE");
+            date && date->value.toLatin1() == gedcomDate({ceremony.date.day, parish::Precision::About}))
+            reading_.take(*date);
     readBeginning(birth, "BIRT");
     takeBirthDate(ceremony, birth);
     for (const GedcomNode* const event : {ceremony.node, birth.node})

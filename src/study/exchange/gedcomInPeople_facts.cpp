@@ -155,7 +155,8 @@ void PersonIn::takePassports()
 
 void PersonIn::addBequest(const AssociationTold& heir)
 {
-    RowValues row{{"nind", seen_.number}, {"idlegprof", ++bequests_}, {"nindherd", heir.who}};
+    RowValues row{{"nind", seen_.number}, {"idlegprof", ++bequests_}};
+    if (heir.who != 0) row.insert("nindherd", heir.who);
     const QString rest = putLabels(heir.notes, labelsOfBequest(), row, "WILL.ASSO", true);
     QStringList notes{row.value("obs").toString(), rest};
     if (heir.role.role == Role::Executor) notes << "Testamenteiro";

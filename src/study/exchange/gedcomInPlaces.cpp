@@ -12,7 +12,6 @@ namespace study::exchange {
 
 namespace {
 
-constexpr std::size_t parishItem = 2;
 constexpr qsizetype widest = 254; // of a name, behind its mark
 constexpr auto letters = "SLFCDP"; // of the items, the narrowest first
 
@@ -42,7 +41,7 @@ int depthOf(QChar letter) // the narrowest has the highest
 
 } // namespace
 
-GedcomPlaces::GedcomPlaces(jet::Connection& bdp, GedcomRows& rows, bool makesNew) : rows_(rows), makesNew_(makesNew)
+GedcomPlaces::GedcomPlaces(jet::Connection& bdp, GedcomRows& rows, MakesNew makesNew) : rows_(rows), makesNew_(makesNew)
 {
     jet::Rows home(bdp, jet::NativeSql("select cod from infopar limit 1"));
     if (home.next()) ownParish_ = home.text(0);
@@ -87,7 +86,7 @@ GedcomPlaces::Found GedcomPlaces::find(const QString& text, const QString& form,
                 levels[static_cast<std::size_t>(level)] = items[i];
             else
                 areAll = areAll && items[i].isEmpty();
-        found = byLevels(levels);
+        found = byLevels(levels, code);
         found.isWhole = found.isWhole && areAll;
     }
     if (!found.place.isKnown()) found = byNames(items);
@@ -121,7 +120,7 @@ bool GedcomPlaces::liesIn(const QString& key, const QStringList& names) const
     return true;
 }
 
-GedcomPlaces::Found GedcomPlaces::byLevels(const Items& items)
+GedcomPlaces::Found GedcomPlaces::byLevels(const Items& items, const QString& code)
 {
     for (std::size_t item = 0; item < items.size(); ++item) {
         if (items[item].isEmpty()) continue;
@@ -138,7 +137,7 @@ GedcomPlaces::Found GedcomPlaces::byLevels(const Items& items)
         bool isWhole = true;
         for (std::size_t narrower = item; narrower-- > 0;) {
             if (items[narrower].isEmpty()) continue;
-            const QString made = narrower < parishItem ? make(letterAt(narrower), items[narrower], key) : QString();
+            const QString made = make(letterAt(narrower), items[narrower], key, code);
             if (made.isEmpty())
                 isWhole = false;
             else
@@ -193,18 +192,34 @@ QString GedcomPlaces::nextCode(QChar level, const QString& within) const
     return code;
 }
 
-// Letter and code; "" where it can't be made, or may not.
-QString GedcomPlaces::make(QChar level, const QString& name, const QString& within)
+// Its codes have two digits behind that of the municipality: those that no parish is likely to get come first.
+QString GedcomPlaces::lastParish(const QString& municipality) const
 {
-    const QChar above = level == u'L' ? u'F' : u'L';
+    for (int number = 99; number > 0; --number) {
+        const QString code = municipality.mid(1) + QString::number(number).rightJustified(2, '0');
+        if (!places_.contains('F' + code)) return code;
+    }
+    return {};
+}
+
+// Letter and code; "" where it can't be made, or may not.
+QString GedcomPlaces::make(QChar level, const QString& name, const QString& within, const QString& known)
+{
+    static const QHash<QChar, int> digits{{'F', 6}, {'L', 8}, {'S', 10}};
+    static const QHash<QChar, QChar> above{{'F', 'C'}, {'L', 'F'}, {'S', 'L'}};
     const QString plain = semMarca(name).simplified();
-    if (!makesNew_ || within[0] != above || plain.isEmpty() || plain.size() > widest || eNumero(plain)) return {};
-    const QString code = nextCode(level, within);
-    const bool isLocality = level == u'L';
-    rows_.add(isLocality ? "lugar" : "sitio", {{isLocality ? "codlugar" : "codsitio", code},
-                                               {isLocality ? "nomelugar" : "nomesitio", comMarca(plain)},
-                                               {isLocality ? "codparoquia" : "codlugar", within.mid(1)},
-                                               {"prioridade", int(Prioridade::NaLista)}});
+    const bool mayBe = makesNew_ == MakesNew::Parishes || (makesNew_ == MakesNew::Localities && level != u'F');
+    if (!mayBe || within[0] != above.value(level) || plain.isEmpty() || plain.size() > widest || eNumero(plain))
+        return {};
+    QString code = known.mid(1, digits.value(level));
+    const bool isOwn = code.size() == digits.value(level) && code.startsWith(within.mid(1));
+    if (!isOwn || places_.contains(level + code)) code = level == u'F' ? lastParish(within) : nextCode(level, within);
+    if (code.isEmpty()) return {};
+    const DadosDoNivel& table = *nivelDaLetra(QString(level));
+    rows_.add(table.tabela, {{table.codigo, code},
+                             {table.nome, comMarca(plain)},
+                             {table.superior, within.mid(1)},
+                             {"prioridade", int(Prioridade::NaLista)}});
     last_.insert(within, code.mid(within.size() - 1).toLongLong());
     add(level + code, {plain, within});
     return level + code;

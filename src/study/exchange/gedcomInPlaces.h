@@ -16,7 +16,13 @@ namespace study::exchange {
 class GedcomPlaces
 {
 public:
-    GedcomPlaces(jet::Connection& bdp, GedcomRows& rows, bool makesNew);
+    enum class MakesNew : quint8
+    {
+        Nothing,
+        Localities,
+        Parishes // too: of an export of ours, whose parish a BDP may have made
+    };
+    GedcomPlaces(jet::Connection& bdp, GedcomRows& rows, MakesNew makesNew);
 
     // What became of a place: unknown where nothing fits, not whole where only a wider one does.
     struct Found
@@ -26,8 +32,9 @@ public:
     };
     // "Fonte, Azurém, Guimarães", by the words of its FORM ("Lugar, Freguesia, Concelho"), or without them by the names
     // alone, from the narrowest on; `code` is letter and code of an export ("L03080901"), which counts where the BDP
-    // has it with that name. A locality, or a site within one, that its parish hasn't is made there, provisional; so is
-    // a place of one word in the own parish, where nothing is called so.
+    // has it with that name. A locality, or a site within one, that its parish hasn't is made there, provisional, with
+    // that code where it is free; so is a parish of an export in its municipality, and a place of one word in the own
+    // parish, where nothing is called so.
     Found find(const QString& text, const QString& form, const QString& code);
 
 private:
@@ -38,16 +45,17 @@ private:
     };
     using Items = std::array<QString, placeLevels>; // the narrowest first
     Found byCode(const QString& code, const QString& text) const;
-    Found byLevels(const Items& items);
+    Found byLevels(const Items& items, const QString& code);
     Found byNames(const QStringList& items);
     bool liesIn(const QString& key, const QStringList& names) const;
     QStringList named(const QString& name) const; // letters and codes
-    QString make(QChar level, const QString& name, const QString& within);
+    QString make(QChar level, const QString& name, const QString& within, const QString& known = {});
+    QString lastParish(const QString& municipality) const;
     QString nextCode(QChar level, const QString& within) const;
     void add(const QString& key, const Named& place);
 
     GedcomRows& rows_;
-    bool makesNew_;
+    MakesNew makesNew_;
     QString ownParish_ = {};
     QHash<QString, Named> places_ = {}; // by letter and code
     QMultiHash<QString, QString> byName_ = {};

@@ -264,7 +264,7 @@ void RecordIn::addAssistant(const ActAt& act, const AssociationTold& association
         row.insert("falecidopai", true);
         rest.removeFirst();
     }
-    if (!rest.isEmpty() && rest.first() == QLatin1String("Mãe falecida")) {
+    if (!rest.isEmpty() && rest.first() == QString::fromUtf8("Mãe falecida")) {
         row.insert("falecidomae", true);
         rest.removeFirst();
     }

@@ -10,7 +10,7 @@ const tables::Table& importedTable(); // one row a record that an import which s
 
 // What stands in importedTable() for whom, and a mark of all rows of the record.
 namespace imported {
-inline constexpr auto person = "i", family = "f", locality = "L", site = "S", profession = "p";
+inline constexpr auto person = "i", family = "f", parish = "F", locality = "L", site = "S", profession = "p";
 }
 
 } // namespace study::exchange

@@ -21,8 +21,14 @@ struct DatesSeen
 // What all records share: where rows, places and words go, and what is told of it.
 struct GedcomTarget
 {
+    static GedcomPlaces::MakesNew newPlacesOf(const GedcomIndex& seen, const GedcomImportOptions& options)
+    {
+        using enum GedcomPlaces::MakesNew;
+        if (!options.newPlaces) return Nothing;
+        return seen.isOurs() ? Parishes : Localities;
+    }
     GedcomTarget(jet::Connection& bdp, const GedcomIndex& seen, const GedcomImportOptions& options)
-        : index(seen), rows(bdp), places(bdp, rows, options.newPlaces), words(bdp, rows, options.newProfessions)
+        : index(seen), rows(bdp), places(bdp, rows, newPlacesOf(seen, options)), words(bdp, rows, options.newProfessions)
     {
     }
 

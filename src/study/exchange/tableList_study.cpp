@@ -98,9 +98,9 @@ TableInfo importedRecords()
             "The records that came with imports that stand.",
             {"importacao", "tipo", "chave"},
             {TableColumn("importacao", Whole, "A importação.", "The import.").leads("estudo_importacao", "id"),
-             text("tipo", "i uma pessoa, f uma família, L um lugar, S um sítio, p uma profissão.",
-                  "i a person, f a family, L a locality, S a site, p a profession.")
-                 .only({"i", "f", "L", "S", "p"}),
+             text("tipo", "i uma pessoa, f uma família, F uma paróquia, L um lugar, S um sítio, p uma profissão.",
+                  "i a person, f a family, F a parish, L a locality, S a site, p a profession.")
+                 .only({"i", "f", "F", "L", "S", "p"}),
              text("chave", "O seu número ou código.", "Its number or code."),
              text("marca", "Marca do que tinha nas suas linhas.", "A mark of what stood in its rows.")},
             importedTable().statements};

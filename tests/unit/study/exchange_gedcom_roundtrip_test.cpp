@@ -21,7 +21,7 @@ constexpr auto places = "select 'P' || codpais as cod, replace(nomepais, '*', ''
                         "union all select 'C' || codconcelho, replace(nomeconcelho, '*', '') from concelho "
                         "union all select 'F' || codparoquia, replace(nomeparoquia, '*', '') from paroquia "
                         "union all select 'L' || codlugar, replace(nomelugar, '*', '') || ',' || codparoquia from lugar "
-                        "union all select 'S' || codsitio, replace(nomesitio, '*', '') || ',' || nomelugar from sitio "
+                        "union all select 'S' || codsitio, replace(nomesitio, '*', '') || ',' || replace(nomelugar, '*', '') from sitio "
                         "join lugar using (codlugar)";
 
 // A place by its name: a provisional one may get another code.
