@@ -24,5 +24,6 @@ void dataFile(const QByteArray& bytes); // the lines of a data file, loaded into
 void rtf(const QByteArray& bytes);
 void kleio(const QByteArray& bytes); // acts in the notation, written and read again
 void table(const QByteArray& bytes); // acts as rows of cells
+void gedcom(const QByteArray& bytes);
 
 } // namespace Fuzz

@@ -1,8 +1,6 @@
 // A GEDCOM file as its records, one after the other: of 5.5.1 and 7.0, and of the programs that write them their way.
 #pragma once
 
-#include "study/exchange/progress.h"
-
 #include <QByteArray>
 #include <QString>
 
@@ -16,9 +14,11 @@ namespace study::exchange {
 // A structure: a line, what continues it, and what stands below it.
 struct GedcomNode
 {
-    QString xref = {};  // "I1", without its signs; "" of a structure that nobody points to
-    QString tag = {};   // in capitals, as it stands
-    QString value = {}; // CONC and CONT joined, "@@" of the beginning as "@"; of a pointer "I1", without its signs
+    QString xref = {}; // "I1", without its signs; "" of a structure that nobody points to
+    QString tag = {};  // in capitals
+    // CONC and CONT joined, each "@@" as "@" (in 7.0 the first one of a line); of a pointer "I1", without its signs.
+    // Blanks at both ends stay, and escapes as "@#DJULIAN@".
+    QString value = {};
     bool isPointer = false;
     int line = 0; // of its first line, from 1
     std::vector<GedcomNode> children = {};
@@ -54,28 +54,33 @@ struct GedcomHead
     GedcomEncoding encoding = GedcomEncoding::Utf8;
 };
 
-// Reads one record at a time, in the order of the file; memory is that of the longest one. Line ends of every kind,
-// blank lines, indents, lines that were broken in the middle (taken as a continuation of the one before, and told) and
-// levels that skip one (told) are read.
+// Reads one record at a time, in the order of the file; memory is that of the longest one, of 250,000 structures and
+// 32 million letters at the most. Line ends of every kind, blank lines, indents, tabs, lines that were broken in the
+// middle (taken as a continuation of the one before, and told) and levels that skip one (told) are read. Text that is
+// UTF-8 is read as that, whatever HEAD says; bytes that are no letters are read by a guess, and told.
 class GedcomReader
 {
 public:
-    // Reads HEAD, and from it (or from the mark at the beginning, or from the bytes) the encoding.
-    // Throws jet::Error, which names the line, where the file isn't GEDCOM. Precondition: the device is open, can be
-    // read from its beginning, and lives as long as this does.
+    // Reads HEAD, and from it, from the mark at the beginning and from the bytes the encoding.
+    // Throws jet::Error, which names the line, where the file isn't GEDCOM. Precondition: the device is open, isn't
+    // sequential, stands at its beginning, and lives as long as this does.
     explicit GedcomReader(QIODevice& device);
     ~GedcomReader();
+    GedcomReader(const GedcomReader&) = delete;
+    GedcomReader& operator=(const GedcomReader&) = delete;
 
     const GedcomHead& head() const;
     // The next record; false behind TRLR, or behind the last one of a file without it, which is told. HEAD and TRLR
     // aren't given. Throws jet::Error, which names the line, where the rest can't be read as GEDCOM.
     bool next(GedcomNode& record);
-    const std::vector<GedcomProblem>& problems() const; // of what was read until now
-    double done() const;                                // the share of the file that was read, 0 to 1
+    // Of what was read until now. Of a kind that comes again and again the first ones, and how many more there are.
+    const std::vector<GedcomProblem>& problems() const;
+    double done() const; // the share of the file that was read, 0 to 1
 
 private:
-    class Lines;
-    std::unique_ptr<Lines> lines_;
+    class Records;
+    std::unique_ptr<Records> records_;
+    GedcomHead head_ = {};
 };
 
 } // namespace study::exchange

@@ -40,7 +40,8 @@ INSTANTIATE_TEST_SUITE_P(Targets, Corpus,
                          testing::Values(Target{"statements", Fuzz::statements}, Target{"like", Fuzz::like},
                                          Target{"dates", Fuzz::dates}, Target{"numbers", Fuzz::numbers},
                                          Target{"dataFile", Fuzz::dataFile}, Target{"rtf", Fuzz::rtf},
-                                         Target{"kleio", Fuzz::kleio}, Target{"table", Fuzz::table}),
+                                         Target{"kleio", Fuzz::kleio}, Target{"table", Fuzz::table},
+                                         Target{"gedcom", Fuzz::gedcom}),
                          [](const auto& target) { return std::string(target.param.name); });
 
 } // namespace
