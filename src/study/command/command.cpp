@@ -201,6 +201,7 @@ int runCommand(const QStringList& arguments, QTextStream& out, QTextStream& err,
     if (order.work == Order::Work::Smam) return runSmam(order, out, err, goesOn);
     if (isOfFigures(order.work)) return runFigures(order, out, err, goesOn);
     if (order.work == Order::Work::Network) return runNetwork(order, out, err, goesOn);
+    if (order.work == Order::Work::ImportGedcom) return runImportGedcom(order, out, err, goesOn);
     if (order.work == Order::Work::Settings) return runSettings(order, out, err);
     if (order.work == Order::Work::Export) return runExport(order, out, err, goesOn);
     if (order.work == Order::Work::Import) return runImport(order, out, err, goesOn);

@@ -13,5 +13,7 @@ namespace study {
 // `err`. Throw nothing. Precondition: order.way names one.
 int runExport(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 int runImport(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
+// Of GEDCOM, also taking back what came with the last one.
+int runImportGedcom(const Order& order, QTextStream& out, QTextStream& err, const std::function<bool()>& goesOn);
 
 } // namespace study

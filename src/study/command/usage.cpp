@@ -27,6 +27,7 @@ struct Read
     std::string settings, list;
     std::string version, limit, dates, date; // of what is written
     bool spreadsheet = false, emptyOrphans = false;
+    bool noPlaces = false, noProfessions = false;                  // that the BDP hasn't: none is made
     std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
     bool help = false;
@@ -155,6 +156,16 @@ void addTablesImport(CLI::App& command, Read& read, Order& order)
     command.add_flag("--ensaio", order.rehearse);
 }
 
+void addGedcomImport(CLI::App& command, Read& read, Order& order)
+{
+    command.add_option("ficheiro", read.files)->expected(0, 1);
+    command.add_option("--bdp", read.bdp)->required();
+    command.add_flag("--ensaio", order.rehearse);
+    command.add_flag("--desfazer", order.takeBack);
+    command.add_flag("--sem-lugares", read.noPlaces);
+    command.add_flag("--sem-profissoes", read.noProfessions);
+}
+
 // What the user may ask for. Of two at once the first one here is done.
 struct Command
 {
@@ -177,6 +188,7 @@ std::vector<Command> addCommands(CLI::App& app, CLI::App& import, CLI::App& expo
     const Known all[] = {{&import, "kleio", ImportKleio, addImport},
                          {&import, "tabela", ImportTable, addTableImport},
                          {&import, "tabelas", Import, addTablesImport, "tabelas"},
+                         {&import, "gedcom", ImportGedcom, addGedcomImport, "gedcom"},
                          {&exported, "kleio", ExportKleio, addExport},
                          {&exported, "gedcom", Export, addGedcom, "gedcom-5.5.1"},
                          {&exported, "tabelas", Export, addTables, "tabelas"},
@@ -209,6 +221,7 @@ void take(const Read& read, Order& order)
     for (const std::string& file : read.files)
         order.files << QString::fromStdString(file);
     order.bdp = QString::fromStdString(read.bdp);
+    order.in = {.newPlaces = !read.noPlaces, .newProfessions = !read.noProfessions};
     order.output = QString::fromStdString(read.output);
     order.columns = QString::fromStdString(read.columns);
     order.options.overruling = QString::fromStdString(read.overruling);
@@ -311,6 +324,9 @@ QString readArguments(const QStringList& arguments, Order& order)
     order.work = command->work;
     order.way = command->way;
     if (order.work == Order::Work::Count) order.files = {order.bdp};
+    if (order.work == Order::Work::ImportGedcom && order.files.isEmpty() != order.takeBack)
+        return order.takeBack ? "Para desfazer a última importação não se diz nenhum ficheiro."
+                              : "Falta um argumento: ficheiro";
     if (const QString why = readExportWords(read, order); !why.isEmpty()) return why;
     return readWords(read, order);
 }
@@ -328,6 +344,8 @@ QString helpText()
                       [--limite ANOS] [--data AAAA-MM-DD]
   orv-estudo exportar episodios PAROQUIA.orv PASTA [--limite ANOS]
   orv-estudo importar tabelas PASTA --bdp NOVA.orv [--ensaio]
+  orv-estudo importar gedcom FICHEIRO.ged --bdp PAROQUIA.orv [--ensaio] [--sem-lugares] [--sem-profissoes]
+  orv-estudo importar gedcom --bdp PAROQUIA.orv --desfazer [--ensaio]
   orv-estudo verificar PAROQUIA.orv [--formato csv|json] [--gravidade GRAVIDADE] [--vistos]
   orv-estudo contagens PAROQUIA.orv > CONTAGENS.json
   orv-estudo juntar CONTAGENS.json… > TODAS.json
@@ -379,6 +397,14 @@ Importar tabelas faz de uma pasta assim uma BDP nova, igual à primeira, linha p
 cima. Bastam algumas tabelas, com os nomes e as colunas de uma BDP; os locais, os códigos e as profissões são
 os do programa, se não houver nenhuma tabela deles. Um ficheiro com erros é recusado com a linha e a razão.
   --ensaio             lê tudo, diz os erros, e não escreve nada
+
+Importar gedcom põe na BDP as pessoas e as famílias de um ficheiro GEDCOM, 5.5.1 ou 7.0, de qualquer programa.
+Todas são fichas novas; os números de uma exportação do ORV ficam, se a BDP não tem fichas. O que não tem coluna
+vai para as notas. Os lugares que a BDP não tem são criados, provisórios, na freguesia que é dita. Antes é feita
+uma cópia da BDP; o ficheiro vai todo, ou nada; o programa não pode ter a BDP aberta.
+  --ensaio             diz o que seria escrito, e não escreve nada
+  --sem-lugares        não cria lugares; --sem-profissoes: nem profissões: os nomes vão para as notas
+  --desfazer           tira da BDP tudo o que veio com a última importação, se ninguém lhe mexeu depois
 
 Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
 programa pode tê-la aberta, e o ficheiro pode ser só de leitura.

@@ -30,7 +30,8 @@ struct Order
         Settings,
         Baptisms,
         Export, // by a way of study/exchange
-        Import  // the same
+        Import, // the same
+        ImportGedcom
     };
     enum class Format
     {
@@ -54,6 +55,8 @@ struct Order
     bool keep = false;                                         // words and list, in the BDP
     QString way = {};                                          // by which a BDP is exported or imported
     exchange::OutOptions out = {};
+    exchange::InOptions in = {};
+    bool takeBack = false; // the last import of GEDCOM
 
     bool operator==(const Order&) const = default;
 };

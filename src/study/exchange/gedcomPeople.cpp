@@ -60,15 +60,15 @@ void GedcomWriter::writePerson(const PersonCard& card, OfPeople& rows)
     ++counts_.people;
 }
 
-// A title of one word stands before the name; one of several, "Conde de Basto", is one of its own.
+// A title of one word stands before the name, unless that begins with one as well; one of several, "Conde de Basto", is
+// one of its own.
 void GedcomWriter::writeName(const PersonCard& card)
 {
     const GedcomName name = gedcomName(withoutBanned(card.name, lines_.version()), names_);
     const QString title = card.title.simplified(), nickname = card.nickname.simplified();
-    const bool isPrefix = !title.isEmpty() && !title.contains(u' ') && !name.payload.isEmpty();
-    QStringList prefixes = name.titles;
-    if (isPrefix && !prefixes.contains(title, Qt::CaseInsensitive)) prefixes.prepend(title);
-    const QString prefix = prefixes.join(' ');
+    const bool isPrefix =
+        !title.isEmpty() && !title.contains(u' ') && !name.payload.isEmpty() && name.titles.isEmpty();
+    const QString prefix = isPrefix ? title : name.titles.join(' ');
     if (!name.payload.isEmpty() || !nickname.isEmpty()) {
         const int longest = lines_.is551() ? longestValue551("NAME") : 0;
         const qsizetype bytes = name.payload.toUtf8().size() + name.payload.count(u'@'); // which is two

@@ -1,6 +1,7 @@
 // What the researcher has decided, put aside and set.
 #include "store/lixo_tabelas.h"
 #include "study/checks/ownTables.h"
+#include "study/exchange/gedcomInTable.h"
 #include "study/exchange/tableList.h"
 #include "study/indicators/ownTables.h"
 #include "study/linkage/ownTables.h"
@@ -75,6 +76,36 @@ TableInfo sources()
             sourceTable().statements};
 }
 
+TableInfo imports()
+{
+    return {"estudo_importacao",
+            "As importações de GEDCOM.",
+            "The imports of GEDCOM.",
+            {"id"},
+            {id(),
+             when(),
+             text("ficheiro", "O nome do ficheiro.", "The name of the file."),
+             {"pessoas", Whole, "Quantas pessoas.", "How many people."},
+             {"familias", Whole, "Quantas famílias.", "How many families."},
+             text("desfeita", "Hora em que foi desfeita; vazio: vale.", "When it was taken back; empty: it stands.")},
+            importTable().statements};
+}
+
+TableInfo importedRecords()
+{
+    return {"estudo_importado",
+            "Os registos que vieram com importações que valem.",
+            "The records that came with imports that stand.",
+            {"importacao", "tipo", "chave"},
+            {TableColumn("importacao", Whole, "A importação.", "The import.").leads("estudo_importacao", "id"),
+             text("tipo", "i uma pessoa, f uma família, F uma paróquia, L um lugar, S um sítio, p uma profissão.",
+                  "i a person, f a family, F a parish, L a locality, S a site, p a profession.")
+                 .only({"i", "f", "F", "L", "S", "p"}),
+             text("chave", "O seu número ou código.", "Its number or code."),
+             text("marca", "Marca do que tinha nas suas linhas.", "A mark of what stood in its rows.")},
+            importedTable().statements};
+}
+
 } // namespace
 
 std::vector<TableInfo> tablesOfStudy()
@@ -83,6 +114,8 @@ std::vector<TableInfo> tablesOfStudy()
         deletions(),
         decisions(),
         sources(),
+        imports(),
+        importedRecords(),
         {"estudo_colunas",
          "Que colunas de tabelas de actos têm o quê.",
          "Which columns of tables of acts hold what.",

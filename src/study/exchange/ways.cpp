@@ -2,6 +2,7 @@
 
 #include "platform/jet/rows.h"
 #include "study/exchange/episodes.h"
+#include "study/exchange/gedcomIn.h"
 #include "study/exchange/ids.h"
 #include "study/indicators/baptismDays.h"
 #include "study/indicators/settingsJson.h"
@@ -167,6 +168,20 @@ Exchanged readTables(jet::Connection*, const InOrder& order, const GoesOn& goesO
     return told;
 }
 
+Exchanged readGedcom(jet::Connection* open, const InOrder& order, const GoesOn& goesOn)
+{
+    const GedcomImportOptions options{.newPlaces = order.options.newPlaces,
+                                      .newProfessions = order.options.newProfessions};
+    const GedcomReport report = order.rehearse ? rehearseGedcom(*open, order.source, options, goesOn)
+                                               : importGedcom(*open, order.source, options, goesOn);
+    Exchanged told;
+    if (!report.copy.isEmpty()) told.lines << "Cópia da BDP: " + report.copy;
+    told.lines << report.lines();
+    for (const GedcomProblem& one : report.problems)
+        told.warnings.push_back({QFileInfo(order.source).fileName(), one.line, one.text});
+    return told;
+}
+
 // The folder of an export, made where it isn't there; what was made for nothing goes again.
 class TargetFolder
 {
@@ -212,6 +227,11 @@ QString textOf(const Remark& remark)
 }
 
 bool WayOut::offers(Choice choice) const
+{
+    return std::ranges::find(choices, choice) != choices.end();
+}
+
+bool WayIn::offers(InChoice choice) const
 {
     return std::ranges::find(choices, choice) != choices.end();
 }
@@ -306,12 +326,26 @@ QString questionBefore(const WayOut& way, const QString& target)
 const std::vector<WayIn>& waysIn()
 {
     static const std::vector<WayIn> all{
-        {"tabelas", "Tabelas (CSV)",
+        {"tabelas",
+         "Tabelas (CSV)",
          "Uma pasta com as tabelas de uma BDP, como a exportação as escreve ou feitas por outro programa, com os "
          "mesmos "
          "nomes e colunas. Delas se faz uma BDP nova; sem tabelas de locais, de códigos e de profissões, estes são os "
          "do programa.",
-         Place::Folder, "", Into::NewBdp, readTables},
+         Place::Folder,
+         "",
+         Into::NewBdp,
+         {},
+         readTables},
+        {"gedcom",
+         "GEDCOM",
+         "Um ficheiro GEDCOM, 5.5.1 ou 7.0, de qualquer programa. Todas as pessoas e famílias ficam na BDP aberta com "
+         "fichas novas; o que não tem coluna vai para as notas. Antes é feita uma cópia da BDP.",
+         Place::File,
+         "GEDCOM (*.ged)|*.ged|Todos os ficheiros (*)|*",
+         Into::OpenBdp,
+         {InChoice::NewPlaces, InChoice::NewProfessions},
+         readGedcom},
     };
     return all;
 }

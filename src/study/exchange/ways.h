@@ -104,10 +104,26 @@ enum class Into : quint8
     OpenBdp
 };
 
+// What the user may say of a way in, beside its source.
+enum class InChoice : quint8
+{
+    NewPlaces,
+    NewProfessions
+};
+
+struct InOptions
+{
+    bool newPlaces = true; // as in GedcomImportOptions, both
+    bool newProfessions = true;
+
+    bool operator==(const InOptions&) const = default;
+};
+
 struct InOrder
 {
     QString source;
     QString bdp; // the one to be made, or that is open
+    InOptions options = {};
     bool rehearse = false;
 
     bool operator==(const InOrder&) const = default;
@@ -121,7 +137,10 @@ struct WayIn
     Place source;
     const char* filter; // of a dialog for the file, as platform/forms/msgbox.h has it; "" of a folder
     Into into;
+    std::vector<InChoice> choices;
     Exchanged (*run)(jet::Connection* open, const InOrder& order, const GoesOn& goesOn);
+
+    bool offers(InChoice choice) const;
 };
 
 const std::vector<WayIn>& waysIn();
@@ -129,7 +148,8 @@ const WayIn* wayIn(const QString& name); // null where there is none
 
 // A rehearsal reads and tells all, and nothing is left of it. Throws jet::Error, in Portuguese, and Interrupted;
 // nothing was written then, nor where there are errors.
-// Precondition: `open` is the BDP of a way into an open one, which a rehearsal doesn't write; null otherwise.
+// Precondition: `open` is the BDP of a way into an open one, which a rehearsal doesn't write, with no transaction
+// pending; null otherwise.
 Exchanged readIn(const WayIn& way, jet::Connection* open, const InOrder& order, const GoesOn& goesOn = {});
 
 } // namespace study::exchange

@@ -5,7 +5,6 @@
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "store/session.h"
-#include "store/sessionChange.h"
 #include "study/windows/cards.h"
 #include "study/windows/exchangeText.h"
 #include "study/windows/lastChoices.h"
@@ -18,14 +17,16 @@
 #include <utility>
 
 using namespace study;
-using exchange::Exchanged;
+using exchange::InChoice;
 using exchange::InOrder;
+using exchange::Into;
 using exchange::Place;
 using exchange::WayIn;
 
 namespace {
 
-constexpr auto keptWay = "importar/formato", bdpSuffix = "orv";
+constexpr auto keptWay = "importar/formato", keptPlaces = "importar/lugares", keptProfessions = "importar/profissoes",
+               bdpSuffix = "orv";
 
 } // namespace
 
@@ -59,11 +60,15 @@ void FrmImportar::connectAll()
     connect(lstFormato, &ListBox::currentRowChanged, this, [this] { guarded([this] { lstFormato_Click(); }); });
     for (TextBox* field : {txtOrigem, txtAlvo})
         connect(field, &TextBox::textChanged, this, &FrmImportar::offerCommands);
+    for (QCheckBox* choice : {chkLocais, chkProf})
+        connect(choice, &QCheckBox::toggled, this, &FrmImportar::offerCommands);
 }
 
 void FrmImportar::Form_Load()
 {
     guarded([&] {
+        chkLocais->setChecked(lastChoice(keptPlaces, true).toBool());
+        chkProf->setChecked(lastChoice(keptProfessions, true).toBool());
         const WayIn* last = exchange::wayIn(lastChoice(keptWay).toString());
         lstFormato->setListIndex(last ? static_cast<int>(last - exchange::waysIn().data()) : 0);
         showWay();
@@ -84,7 +89,18 @@ void FrmImportar::lstFormato_Click()
 void FrmImportar::showWay()
 {
     lblExplica->setText(QString::fromUtf8(way().explanation));
+    const bool makesBdp = way().into == Into::NewBdp;
     lblOrigem->setText(way().source == Place::File ? "&Do ficheiro" : "&Da pasta");
+    lblAlvo->setText(makesBdp ? "&Para a BDP nova" : "&Para a BDP aberta");
+    if (makesBdp == txtAlvo->isLocked()) {
+        if (!makesBdp) newBdp_ = txtAlvo->text();
+        txtAlvo->setLocked(!makesBdp);
+        txtAlvo->setText(makesBdp ? newBdp_ : QDir::toNativeSeparators(cnBDP.dataSource()));
+    }
+    cmdAlvo->setVisible(makesBdp);
+    chkLocais->setVisible(way().offers(InChoice::NewPlaces));
+    chkProf->setVisible(way().offers(InChoice::NewProfessions));
+    fraOpcoes->setVisible(!way().choices.empty());
     offerCommands();
 }
 
@@ -105,6 +121,8 @@ void FrmImportar::cmdAlvo_Click()
 
 QString FrmImportar::whyNotReady()
 {
+    if (way().into == Into::OpenBdp && cnBDP.state() != jet::Connection::Open)
+        return "Deve abrir primeiro a BDP para onde se importa!";
     if (txtOrigem->text().trimmed().isEmpty()) {
         Focus::setTo(txtOrigem);
         return way().source == Place::File ? "Deve indicar o ficheiro a importar!" : "Deve indicar a pasta a importar!";
@@ -118,10 +136,12 @@ QString FrmImportar::whyNotReady()
 
 FrmImportar::Asked FrmImportar::asked() const
 {
-    return {&way(),
-            {.source = wholePath(txtOrigem->text(), lastFolder(), {}),
-             .bdp = wholePath(txtAlvo->text(), lastFolder(), bdpSuffix)},
-            {}};
+    const bool makesBdp = way().into == Into::NewBdp;
+    InOrder order{.source = wholePath(txtOrigem->text(), lastFolder(), {}),
+                  .bdp = makesBdp ? wholePath(txtAlvo->text(), lastFolder(), bdpSuffix) : cnBDP.dataSource()};
+    if (way().offers(InChoice::NewPlaces)) order.options.newPlaces = chkLocais->isChecked();
+    if (way().offers(InChoice::NewProfessions)) order.options.newProfessions = chkProf->isChecked();
+    return {&way(), order, {}};
 }
 
 void FrmImportar::cmdEnsaio_Click()
@@ -136,6 +156,8 @@ void FrmImportar::cmdEnsaio_Click()
     begin(std::move(now));
     keepChoice(keptWay, QString::fromUtf8(way().name));
     keepFolder(QFileInfo(txtOrigem->text()).absolutePath());
+    if (way().offers(InChoice::NewPlaces)) keepChoice(keptPlaces, chkLocais->isChecked());
+    if (way().offers(InChoice::NewProfessions)) keepChoice(keptProfessions, chkProf->isChecked());
 }
 
 void FrmImportar::cmdImportar_Click()
@@ -146,92 +168,10 @@ void FrmImportar::cmdImportar_Click()
         offerCommands();
         return showMessage("Os ficheiros mudaram depois do ensaio: ensaie outra vez!");
     }
-    begin(*rehearsed_);
-}
-
-void FrmImportar::begin(Asked asked)
-{
-    asked.stamp = stampOf(asked.order.source);
-    asked_ = std::move(asked);
-    told_ = std::make_shared<std::optional<Exchanged>>();
-    work_ = std::make_unique<Background>(
-        [told = told_, way = asked_.way, order = asked_.order](const Background::GoesOn& goesOn) {
-            *told = readIn(*way, nullptr, order, goesOn);
-        });
-    connect(work_.get(), &Background::progressed, barra, &QProgressBar::setValue);
-    connect(work_.get(), &Background::ended, this, &FrmImportar::ended);
-    setAtWork(true);
-    tell(asked_.order.rehearse ? "A ensaiar…" : "A importar…", {});
-}
-
-// What was whole before the cancel has come stays.
-void FrmImportar::ended()
-{
-    guarded([&] {
-        if (!work_) return;
-        const Outcome outcome = takeOutcome(work_);
-        const auto result = std::exchange(told_, nullptr);
-        const QString what = asked_.order.rehearse ? "o ensaio" : "a importação";
-        if (!*result && outcome.cancelled)
-            tell(asked_.order.rehearse ? "O ensaio foi cancelado." : "A importação foi cancelada: nada foi escrito.",
-                 {});
-        else if (!*result)
-            tell("Não foi possível fazer " + what + ": nada foi escrito.", outcome.failure);
-        else if (asked_.order.rehearse && (*result)->errors.empty())
-            rehearsed_ = Asked{asked_.way, {asked_.order.source, asked_.order.bdp}, asked_.stamp};
-        setAtWork(false);
-        if (*result) told(**result);
-    });
-}
-
-void FrmImportar::told(const Exchanged& told)
-{
-    const bool isRehearsal = asked_.order.rehearse;
-    const QString bdp = QDir::toNativeSeparators(asked_.order.bdp);
-    if (!told.errors.empty())
-        return tell(isRehearsal ? "Ensaio: há erros; nada se pode importar." : "Há erros: nada foi escrito.",
-                    reportOn(told));
-    if (isRehearsal) return tell("Ensaio sem erros: nada foi escrito.", reportOn(told));
-    rehearsed_.reset(); // it stands now
-    offerCommands();
-    tell("Importado para " + bdp + '.', reportOn(told));
-    showStatus("Importado para " + bdp + '.');
-    offerToOpen();
-}
-
-// What is typed on a card isn't lost for it.
-void FrmImportar::offerToOpen()
-{
-    if (!whyCardsAreBusy().isEmpty()) return;
-    const QString bdp = asked_.order.bdp;
-    const QString leaves = cnBDP.state() == jet::Connection::Open ? " A BDP em tratamento é fechada." : "";
-    if (ask(QString("A BDP \"%1\" foi criada. Deseja abri-la?%2").arg(QDir::toNativeSeparators(bdp), leaves)))
-        changeSession(bdp);
-}
-
-void FrmImportar::tell(const QString& state, const QString& report)
-{
-    lblEstado->setText(state);
-    txtRel->setText(report);
-    cmdCopiar->setEnabled(!report.isEmpty());
-}
-
-void FrmImportar::setAtWork(bool atWork)
-{
-    setProperty("atWork", atWork); // for who waits for it
-    const bool hadFocus = cmdEnsaio->hasFocus() || cmdImportar->hasFocus() || cmdCancelar->hasFocus();
-    cmdEnsaio->setEnabled(!atWork);
-    cmdCancelar->setEnabled(atWork);
-    offerCommands();
-    if (hadFocus) (atWork ? cmdCancelar : cmdImportar->isEnabled() ? cmdImportar : cmdEnsaio)->setFocus();
-    barra->setValue(0);
-    barra->setVisible(atWork);
-}
-
-void FrmImportar::offerCommands()
-{
-    const auto isRehearsed = [&] { return &way() == rehearsed_->way && asked().order == rehearsed_->order; };
-    cmdImportar->setEnabled(!work_ && rehearsed_ && isRehearsed());
+    if (way().into == Into::NewBdp) return begin(*rehearsed_);
+    if (const QString busy = whyCardsAreBusy(); !busy.isEmpty()) return showMessage(busy);
+    if (askWhetherToStore("Deseja importar este ficheiro para a BDP? Antes é guardada uma cópia de segurança."))
+        importIntoOpen();
 }
 
 void FrmImportar::cmdCancelar_Click()

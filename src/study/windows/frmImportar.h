@@ -3,6 +3,7 @@
 
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/time/clock.h"
 #include "study/exchange/ways.h"
 #include "study/windows/background.h"
 
@@ -56,16 +57,22 @@ private:
     QString whyNotReady(); // "", or what the user has to do first, with the focus where
     Asked asked() const;   // by the fields, without the state of the files
 
-    void begin(Asked asked);
+    // frmImportar_work.cpp
+    void begin(Asked asked); // on a thread; throws jet::Error
+    void importIntoOpen();   // throws jet::Error
+    bool goesOn(double done);
     void ended();
-    void told(const study::exchange::Exchanged& told);
+    void tellResult(const study::exchange::Exchanged& told);
     void offerToOpen();
+
     void tell(const QString& state, const QString& report);
     void setAtWork(bool atWork);
     void offerCommands();
 
+    QString newBdp_;                 // as typed, while a way into the open one is chosen
     std::optional<Asked> rehearsed_; // without errors
     Asked asked_;                    // what is under way
     std::unique_ptr<study::Background> work_;
     std::shared_ptr<std::optional<study::exchange::Exchanged>> told_; // of it, written when it is done
+    Clock::Time shownAt_; // when it was shown last how far it is, on the one thread
 };

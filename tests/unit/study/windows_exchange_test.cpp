@@ -4,6 +4,8 @@
 
 #include "control.h"
 #include "platform/desktop/desktop.h"
+#include "platform/jet/recordset.h"
+#include "platform/time/clock.h"
 #include "store/parish.h"
 
 #include <QClipboard>
@@ -182,4 +184,37 @@ TEST_F(TheWindowsOfExchange, ANewBdpIsOfferedAndTheOneInWorkStaysWhereTheUserSay
     EXPECT_EQ(QFileInfo(cnBDP.dataSource()).fileName(), "a.orv");
     EXPECT_TRUE(Forms::isLoaded(FrmImportar::Name));
     EXPECT_FALSE(control<CommandButton>(in(), "cmdImportar").isEnabled());
+}
+
+TEST_F(TheWindowsOfExchange, AnImportIntoTheBdpInWorkIsCancelledByEscapeAndLeavesNothing)
+{
+    QFile file(folder.filePath("a.ged"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n");
+    for (int i = 1; i <= 5000; ++i)
+        file.write("0 @I" + QByteArray::number(i) + "@ INDI\n1 NAME Eva /Dias/\n");
+    file.write("0 TRLR\n");
+    file.close();
+    in().display();
+    control<ListBox>(in(), "lstFormato").setListIndex(1);
+    control<TextBox>(in(), "txtOrigem").setText(file.fileName());
+    click(in(), "cmdEnsaio");
+    ASSERT_TRUE(finishes(in()));
+    EXPECT_EQ(state(in()), "Ensaio sem erros: nada foi escrito.")
+        << qPrintable(control<MemoBox>(in(), "txtRel").text());
+    Clock::passAtEachLook(std::chrono::milliseconds(50));
+    QObject::connect(&control<QProgressBar>(in(), "barra"), &QProgressBar::valueChanged, &in(), [this](int value) {
+        if (value == 0) return;
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+            QCoreApplication::postEvent(window.windowHandle(), new QKeyEvent(type, Qt::Key_Escape, Qt::NoModifier));
+    });
+    const Answer yes("&Sim");
+    click(in(), "cmdImportar");
+    Clock::passAtEachLook({});
+    EXPECT_EQ(yes.given, 1);
+    EXPECT_EQ(state(in()), "A importação foi cancelada: nada foi escrito.");
+    EXPECT_EQ(jet::Recordset(cnBDP, "select * from individuo").recordCount(), 3000);
+    EXPECT_EQ(cnBDP.transactionLevel(), 0);
+    EXPECT_FALSE(control<CommandButton>(in(), "cmdCancelar").isEnabled());
+    EXPECT_TRUE(control<CommandButton>(in(), "cmdImportar").isEnabled()) << "the rehearsal still holds";
 }

@@ -1,0 +1,50 @@
+#include "study/exchange/gedcomInWords.h"
+
+#include "common/marca.h"
+
+namespace study::exchange {
+
+namespace {
+
+constexpr qsizetype widest = 254; // of a name, behind its mark
+
+QString keyOf(const QString& name)
+{
+    return semMarca(name).simplified().toCaseFolded();
+}
+
+} // namespace
+
+GedcomWords::GedcomWords(jet::Connection& bdp, GedcomRows& rows, bool makesNew) : rows_(rows), makesNew_(makesNew)
+{
+    jet::Rows code(bdp, jet::NativeSql("select categoria, codigo, descricao from infocomplementar "
+                                       "order by categoria, length(codigo), codigo"));
+    while (code.next())
+        if (const QString key = code.text(0) + '|' + keyOf(code.text(2)); !codes_.contains(key))
+            codes_.insert(key, code.text(1));
+    jet::Rows profession(bdp, jet::NativeSql("select codprof, profissao from profissao order by codprof"));
+    while (profession.next()) {
+        lastProfession_ = qMax(lastProfession_, profession.number(0));
+        if (const QString key = keyOf(profession.text(1)); !professions_.contains(key))
+            professions_.insert(key, profession.number(0));
+    }
+}
+
+std::optional<QString> GedcomWords::code(const QString& category, const QString& description) const
+{
+    const auto found = codes_.constFind(category + '|' + keyOf(description));
+    return found == codes_.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<qint64> GedcomWords::profession(const QString& name)
+{
+    const QString shown = semMarca(name).simplified(), key = keyOf(name);
+    if (shown.isEmpty() || shown.size() > widest) return {};
+    if (const auto found = professions_.constFind(key); found != professions_.constEnd()) return *found;
+    if (!makesNew_) return {};
+    rows_.add("profissao", {{"codprof", ++lastProfession_}, {"profissao", comMarca(shown)}, {"obs", QString("")}});
+    professions_.insert(key, lastProfession_);
+    return lastProfession_;
+}
+
+} // namespace study::exchange
