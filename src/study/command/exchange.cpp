@@ -149,9 +149,8 @@ int runImportGedcom(const Order& order, QTextStream& out, QTextStream& err, cons
                                                         .newProfessions = !order.noProfessions};
             const QString file = order.files.first();
             const auto ask = [&](double) { return goesOn(); };
-            const exchange::GedcomReport report = order.rehearse
-                                                      ? exchange::rehearseGedcom(bdp, file, options, ask)
-                                                      : exchange::importGedcom(bdp, file, options, ask);
+            const exchange::GedcomReport report = order.rehearse ? exchange::rehearseGedcom(bdp, file, options, ask)
+                                                                 : exchange::importGedcom(bdp, file, options, ask);
             for (const exchange::GedcomProblem& one : report.problems)
                 err << file << ':' << one.line << ": aviso: " << one.text << '\n';
             if (!report.copy.isEmpty()) out << "Cópia da BDP: " << report.copy << '\n';

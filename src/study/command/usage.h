@@ -57,8 +57,8 @@ struct Order
     bool emptyOrphans = false;                                 // keys that lead nowhere aren't kept beside the tables
     bool keep = false;                                         // words and list, in the BDP
     exchange::GedcomVersion version = exchange::GedcomVersion::V551;
-    int limitYears = 110;  // below which who may be alive stays out
-    bool takeBack = false; // the last import of GEDCOM
+    int limitYears = 110;                         // below which who may be alive stays out
+    bool takeBack = false;                        // the last import of GEDCOM
     bool noPlaces = false, noProfessions = false; // that the BDP hasn't: none is made
 
     bool operator==(const Order&) const = default;

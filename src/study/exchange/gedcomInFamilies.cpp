@@ -54,8 +54,8 @@ void FamilyIn::write()
 void FamilyIn::takeMembers()
 {
     for (const int member : seen_.members)
-        members_.push_back({{"nfamilia", seen_.number},
-                            {"nind", target_.index.people[static_cast<std::size_t>(member)].number}});
+        members_.push_back(
+            {{"nfamilia", seen_.number}, {"nind", target_.index.people[static_cast<std::size_t>(member)].number}});
     for (const GedcomNode& one : record_.children) {
         if (one.tag == "REFN" && one.text("TYPE") == QLatin1String(familyRefn)) reading_.takeWhole(one);
         if ((one.tag != "HUSB" && one.tag != "WIFE") || !one.isPointer || one.isVoid()) continue;

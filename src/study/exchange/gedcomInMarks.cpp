@@ -95,8 +95,9 @@ QHash<QString, QByteArray> marksOf(const jet::Connection& bdp, const QString& ki
         for (const TableColumn& column : tableOf(table.table)->columns)
             columns << column.name;
         const QString where = *table.condition ? QString(" where ") + table.condition : QString();
-        jet::Rows row(bdp, jet::NativeSql(QString("select %1 from %2%3 order by rowid")
-                                              .arg(columns.join(", "), table.table, where)));
+        jet::Rows row(
+            bdp,
+            jet::NativeSql(QString("select %1 from %2%3 order by rowid").arg(columns.join(", "), table.table, where)));
         while (row.next()) {
             const QString owner = row.text(0);
             if (!of.contains(owner)) continue;

@@ -31,7 +31,8 @@ QString phraseOf(const GedcomNode& association)
 
 AgeTold ageTold(const QString& value)
 {
-    static const QRegularExpression form(R"(^\s*(?:(\d{1,3})\s*y)?\s*(.*)$)", QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression form(R"(^\s*(?:(\d{1,3})\s*y)?\s*(.*)$)",
+                                         QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression number(R"(^\s*\d{1,3}\s*$)");
     if (number.match(value).hasMatch()) return {value.trimmed().toInt(), true};
     const auto match = form.match(value);
@@ -89,8 +90,7 @@ parish::Place RecordIn::takePlace(const GedcomNode& event, const QString& path, 
         }
     const QString form = reading_.takeText(*node, "FORM");
     const QString text = whole.isEmpty() ? node->value : whole;
-    const GedcomPlaces::Found found =
-        target_.places.find(text, form.isEmpty() ? target_.index.head.form : form, code);
+    const GedcomPlaces::Found found = target_.places.find(text, form.isEmpty() ? target_.index.head.form : form, code);
     if (!found.isWhole) note(path + "." + node->tag, text);
     return found.place;
 }
@@ -272,8 +272,8 @@ void RecordIn::addAssistant(const ActAt& act, const AssociationTold& association
     target_.rows.add("assistente", row);
 }
 
-bool RecordIn::putPriest(RowValues& into, const std::vector<PriestColumns>& columns,
-                         const AssociationTold& association, const QString& path)
+bool RecordIn::putPriest(RowValues& into, const std::vector<PriestColumns>& columns, const AssociationTold& association,
+                         const QString& path)
 {
     if (!association.notes.isEmpty()) note(path + ".ASSO.NOTE", association.notes);
     for (const auto& [priest, function] : columns) {
@@ -343,8 +343,10 @@ RecordIn::EventNotes RecordIn::takeEventNotes(const GedcomNode& event)
 {
     EventNotes told{.text = reading_.takeNotes(event)};
     if (!target_.index.isOurs() || !target_.index.head.version.startsWith("5.5")) return told;
-    const std::pair<const char*, QString*> added[] = {
-        {"Ficheiro: ", &told.file}, {"Causa: ", &told.cause}, {"Lugar: ", &told.place}, {"Texto completo: ", &told.whole}};
+    const std::pair<const char*, QString*> added[] = {{"Ficheiro: ", &told.file},
+                                                      {"Causa: ", &told.cause},
+                                                      {"Lugar: ", &told.place},
+                                                      {"Texto completo: ", &told.whole}};
     for (const auto& [label, value] : added) {
         const QString last = told.text.section('\n', -1);
         if (!last.startsWith(QLatin1String(label))) continue;

@@ -28,7 +28,8 @@ struct GedcomTarget
         return seen.isOurs() ? Parishes : Localities;
     }
     GedcomTarget(jet::Connection& bdp, const GedcomIndex& seen, const GedcomImportOptions& options)
-        : index(seen), rows(bdp), places(bdp, rows, newPlacesOf(seen, options)), words(bdp, rows, options.newProfessions)
+        : index(seen), rows(bdp), places(bdp, rows, newPlacesOf(seen, options)),
+          words(bdp, rows, options.newProfessions)
     {
     }
 
@@ -92,8 +93,8 @@ protected:
     };
     EventNotes takeEventNotes(const GedcomNode& event);
     // A note's labels into columns; the rest.
-    QString putLabels(const QString& text, const std::vector<LabelColumn>& labels, RowValues& into,
-                      const QString& path, bool areContinued = false);
+    QString putLabels(const QString& text, const std::vector<LabelColumn>& labels, RowValues& into, const QString& path,
+                      bool areContinued = false);
 
     void putDate(RowValues& into, const char* column, const char* flag, const parish::Date& date);
     void putPlace(RowValues& into, const char* column, const char* level, const parish::Place& place);
