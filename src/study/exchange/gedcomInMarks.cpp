@@ -30,6 +30,11 @@ void add(QByteArray& bytes, const jet::Rows& row, int column)
     }
 }
 
+QString whereOf(const OwnedTable& table)
+{
+    return *table.condition ? QString(" where ") + table.condition : QString();
+}
+
 QByteArray marked(const QByteArray& before, const QByteArray& row)
 {
     static constexpr qsizetype length = 12;
@@ -94,7 +99,7 @@ QHash<QString, QByteArray> marksOf(const jet::Connection& bdp, const QString& ki
         QStringList columns{table.owner};
         for (const TableColumn& column : tableOf(table.table)->columns)
             columns << column.name;
-        const QString where = *table.condition ? QString(" where ") + table.condition : QString();
+        const QString where = whereOf(table);
         jet::Rows row(
             bdp,
             jet::NativeSql(QString("select %1 from %2%3 order by rowid").arg(columns.join(", "), table.table, where)));

@@ -72,7 +72,7 @@ QStringList GedcomPlaces::named(const QString& name) const
     return keys;
 }
 
-GedcomPlaces::Found GedcomPlaces::find(const QString& text, const QString& form, const QString& code)
+GedcomPlaces::Found GedcomPlaces::lookUp(const QString& text, const QString& form, const QString& code)
 {
     const QString asked = text + '\n' + form + '\n' + code;
     if (const auto found = known_.constFind(asked); found != known_.constEnd()) return *found;

@@ -90,7 +90,8 @@ parish::Place RecordIn::takePlace(const GedcomNode& event, const QString& path, 
         }
     const QString form = reading_.takeText(*node, "FORM");
     const QString text = whole.isEmpty() ? node->value : whole;
-    const GedcomPlaces::Found found = target_.places.find(text, form.isEmpty() ? target_.index.head.form : form, code);
+    const GedcomPlaces::Found found =
+        target_.places.lookUp(text, form.isEmpty() ? target_.index.head.form : form, code);
     if (!found.isWhole) note(path + "." + node->tag, text);
     return found.place;
 }

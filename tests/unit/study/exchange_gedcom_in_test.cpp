@@ -43,16 +43,16 @@ protected:
     {
         return importGedcom(bdp, file(records, version, head), {.copyBefore = false});
     }
-    QString value(const char* select, const QVariantList& values = {}) const
+    std::string value(const char* select, const QVariantList& values = {})
     {
         const jet::Recordset row(bdp, jet::NativeSql(select, values));
         if (row.eof()) return "-";
         QStringList all;
         for (int column = 0; column < row.fieldCount(); ++column)
             all << (row[column].isNull() ? QString("null") : row[column].toString());
-        return all.join('|');
+        return all.join('|').toStdString();
     }
-    QString notes(int person = 1) const { return value("select obs from individuo where nind = ?", {person}); }
+    std::string notes(int person = 1) { return value("select obs from individuo where nind = ?", {person}); }
     static QByteArray person(const QByteArray& lines) { return "0 @I1@ INDI\n" + lines; }
 };
 
@@ -93,8 +93,8 @@ TEST_F(GedcomInto, TellsInTheNotesWhatADateSaysMore)
     const GedcomReport report = read(person("1 DEAT\n2 DATE BET 1700 AND 1710\n2 AGE 46y 3m\n2 CAUS febre\n"));
     EXPECT_EQ(value("select date(dataobito), dobitofixa, idadeobito, causa, tipo from individuo"),
               "1700-01-01|false|46|febre|2");
-    EXPECT_TRUE(notes().contains("DEAT.DATE: BET 1700 AND 1710")) << qPrintable(notes());
-    EXPECT_TRUE(notes().contains("DEAT.AGE: 46y 3m"));
+    EXPECT_NE(notes().find("DEAT.DATE: BET 1700 AND 1710"), std::string::npos) << notes();
+    EXPECT_NE(notes().find("DEAT.AGE: 46y 3m"), std::string::npos) << notes();
     EXPECT_EQ(report.toNotes, (QMap<QString, qint64>{{"INDI.DEAT.DATE", 1}, {"INDI.DEAT.AGE", 1}}));
 }
 
@@ -113,7 +113,7 @@ TEST_F(GedcomInto, LosesNothingThatItHasNoColumnFor)
                     "1 SNOTE @N1@\n1 ASSO @VOID@\n2 PHRASE Rui\n2 ROLE OTHER\n3 PHRASE tutor\n") +
              "0 @N1@ SNOTE Partilhada\n0 @S1@ SUBM\n1 NAME Eu\n");
     EXPECT_EQ(notes(), "Primeira\nlinha\nPartilhada\nNAME.TYPE: MAIDEN\nNAME: Ana /Lopes/\n_COLOR: blue\n"
-                       "_COLOR._SHADE: dark\nBIRT.AGNC: Paróquia\nASSO.PHRASE: Rui\nASSO.ROLE: OTHER\n"
+                       "_COLOR._SHADE: dark\nBIRT.AGNC: Paróquia\nASSO\nASSO.PHRASE: Rui\nASSO.ROLE: OTHER\n"
                        "ASSO.ROLE.PHRASE: tutor");
     EXPECT_EQ(report.left, (QMap<QString, qint64>{{"INDI.CHAN", 1}, {"SUBM", 1}}));
     EXPECT_EQ(report.toNotes.value("INDI._COLOR._SHADE"), 1);
@@ -124,7 +124,7 @@ TEST_F(GedcomInto, HasLongTextsWholeInTheNotes)
     const QString longName = QString("Á").repeated(300);
     const GedcomReport report = read(person("1 NAME " + longName.toUtf8() + "\n"));
     EXPECT_EQ(value("select length(nome) from individuo"), "255");
-    EXPECT_EQ(notes(), "NAME: " + longName);
+    EXPECT_EQ(notes(), "NAME: " + longName.toStdString());
     EXPECT_EQ(report.shortened, 1);
 }
 
@@ -132,7 +132,7 @@ TEST_F(GedcomInto, KeepsLettersOfEveryScriptAndTellsOfThoseThatNoBdpHolds)
 {
     const QString name = QString::fromUtf8("Žofie Ångström Ελένη 𝔄 Œ € ẽ");
     const GedcomReport report = read(person("1 NAME " + name.toUtf8() + "\n1 NOTE a\n"));
-    EXPECT_EQ(value("select nome from individuo"), name);
+    EXPECT_EQ(value("select nome from individuo"), name.toStdString());
     EXPECT_EQ(report.lostLetters, 0);
 }
 
@@ -141,13 +141,14 @@ TEST_F(GedcomInto, JoinsFamiliesFromEitherEnd)
     read("0 @I1@ INDI\n1 SEX M\n1 FAMS @F1@\n0 @I2@ INDI\n1 SEX F\n0 @I3@ INDI\n1 FAMC @F1@\n2 PEDI ADOPTED\n"
          "0 @I4@ INDI\n0 @F1@ FAM\n1 WIFE @I2@\n1 CHIL @I4@\n1 MARR\n2 DATE 1 FEB 1740\n2 HUSB\n3 AGE 25y\n2 WIFE\n3 "
          "AGE 20y\n");
-    EXPECT_EQ(value("select group_concat(nind) from familias"), "2,1");
+    EXPECT_EQ(value("select group_concat(nind) from (select nind from familias order by rowid)"), "2,1");
     EXPECT_EQ(value("select idade from familias where nind = 2"), "20");
     EXPECT_EQ(value("select group_concat(nind || ':' || famorig || ':' || coalesce(filiacao, '')) from individuo where "
                     "famorig is not null"),
               "3:1:14,4:1:");
     EXPECT_EQ(value("select sfamilia, date(datacasam), dcasamfixa, tipocasal from familia"), "1|1740-02-01|true|7");
-    EXPECT_TRUE(value("select obs from familia").contains("MARR.HUSB.AGE: 25y")) << "he isn't told to be the husband";
+    EXPECT_NE(value("select obs from familia").find("MARR.HUSB.AGE: 25y"), std::string::npos)
+        << "he isn't told to be the husband";
 }
 
 TEST_F(GedcomInto, PutsAThirdMemberAndASecondFamilyOfOriginIntoTheNotes)
@@ -155,13 +156,13 @@ TEST_F(GedcomInto, PutsAThirdMemberAndASecondFamilyOfOriginIntoTheNotes)
     const GedcomReport report =
         read("0 @I1@ INDI\n0 @I2@ INDI\n0 @I3@ INDI\n1 FAMC @F1@\n1 FAMC @F2@\n1 FAMC @F9@\n"
              "0 @F1@ FAM\n1 HUSB @I1@\n1 WIFE @I2@\n1 HUSB @I3@\n1 CHIL @I8@\n0 @F2@ FAM\n1 CHIL @I3@\n");
-    EXPECT_EQ(value("select group_concat(nind) from familias"), "1,2");
+    EXPECT_EQ(value("select group_concat(nind) from (select nind from familias order by rowid)"), "1,2");
     EXPECT_EQ(value("select famorig, obs from individuo where nind = 3"), "1|FAMC: família 2\nFAMC: @F9@");
     EXPECT_EQ(value("select obs from familia where nfamilia = 1"), "HUSB: pessoa 3\nCHIL: @I8@");
     EXPECT_EQ(value("select obs from familia where nfamilia = 2"), "CHIL: pessoa 3");
     EXPECT_EQ(report.lostLinks, 2);
     ASSERT_EQ(report.problems.size(), 2U);
-    EXPECT_EQ(report.problems[0].line, 8);
+    EXPECT_EQ(report.problems[0].line, 9);
 }
 
 TEST_F(GedcomInto, HasGodparentsAndPriestsOfEventsWithTheirKinship)
@@ -220,10 +221,10 @@ TEST_F(GedcomInto, HasTheWiderPlaceAndTheWholeTextWhereTheParishIsUnknown)
 
 TEST_F(GedcomInto, MakesNoPlacesAndProfessionsWhereNoneAreWanted)
 {
-    importGedcom(
-        bdp,
-        file(person("1 BIRT\n2 PLAC Fonte, Fermentelos\n1 OCCU Moleiro\n1 OCCU lavrador\n2 DATE 1700\n"), "7.0", ""),
-        {.newPlaces = false, .newProfessions = false, .copyBefore = false});
+    importGedcom(bdp,
+                 file(person("1 BIRT\n2 PLAC Fonte, Fermentelos\n1 OCCU Moleiro\n1 OCCU lavrador\n2 DATE ABT 1700\n"),
+                      "7.0", ""),
+                 {.newPlaces = false, .newProfessions = false, .copyBefore = false});
     EXPECT_EQ(value("select localnasc, tipolocalnasc, obs from individuo"), "010102|F|BIRT.PLAC: Fonte, Fermentelos");
     EXPECT_EQ(value("select count(*) from profissao"), "1");
     EXPECT_EQ(value("select codprof, obs from profissoes where idprofissao = 1"), "null|Moleiro");
@@ -311,8 +312,9 @@ TEST_F(GedcomInto, IsTakenBackAsAWhole)
     const auto counts = [&] {
         QStringList all;
         for (const QString& table : tables)
-            all << (bdp.tables().contains(table) ? value(("select count(*) from " + table).toUtf8().constData())
-                                                 : QString("0"));
+            all << QString::fromStdString(bdp.tables().contains(table)
+                                              ? value(("select count(*) from " + table).toUtf8().constData())
+                                              : std::string("0"));
         return all;
     };
     const QStringList before = counts();
@@ -324,7 +326,7 @@ TEST_F(GedcomInto, IsTakenBackAsAWhole)
     EXPECT_NE(counts(), before);
     EXPECT_EQ(takeBackImport(bdp), QStringList());
     EXPECT_EQ(counts(), before);
-    EXPECT_EQ(value("select nind from individuo"), QString::number(gil));
+    EXPECT_EQ(value("select nind from individuo"), std::to_string(gil));
     EXPECT_TRUE(indicators::keptSettings(bdp).baptisms.empty());
     EXPECT_FALSE(lastImport(bdp));
     EXPECT_EQ(takeBackImport(bdp), QStringList("Não há nenhuma importação para desfazer."));
@@ -338,7 +340,7 @@ TEST_F(GedcomInto, StaysWhereSomethingOfItWasTouchedSince)
         const char* reason;
     };
     People::person({"Gil"});
-    couple(1, 1);
+    run("insert into familia (nfamilia) values (1)");
     for (const Touched& one : std::initializer_list<Touched>{
              {"update individuo set alcunha = 'x' where nind = 2", "A ficha do indivíduo nº 2 foi alterada depois."},
              {"delete from individuo where nind = 2", "A ficha do indivíduo nº 2 já não existe."},
