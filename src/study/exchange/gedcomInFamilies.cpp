@@ -100,7 +100,7 @@ void FamilyIn::takeMarriage()
     };
     if (event) takeAssociationsOf(*event, fits, stand);
     for (const GedcomNode& one : seen_.associations)
-        if (const auto association = takeAssociation(one)) stand(*association);
+        if (const auto association = takeAssociation(one, nullptr)) stand(*association);
 }
 
 void FamilyIn::takeMarriageOf(const GedcomNode& event)

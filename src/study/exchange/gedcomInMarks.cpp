@@ -32,7 +32,8 @@ void add(QByteArray& bytes, const jet::Rows& row, int column)
 
 QString whereOf(const OwnedTable& table)
 {
-    return *table.condition ? QString(" where ") + table.condition : QString();
+    if (!*table.condition) return {};
+    return QString(" where %1").arg(table.condition);
 }
 
 QByteArray marked(const QByteArray& before, const QByteArray& row)

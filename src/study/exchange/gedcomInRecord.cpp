@@ -220,12 +220,12 @@ qint64 RecordIn::personOf(const GedcomNode& association)
     return 0;
 }
 
-std::optional<RecordIn::AssociationTold> RecordIn::takeAssociation(const GedcomNode& node)
+std::optional<RecordIn::AssociationTold> RecordIn::takeAssociation(const GedcomNode& node, const GedcomNode* above)
 {
     const GedcomNode* roleNode = node.child("ROLE");
     if (!roleNode) roleNode = node.child("RELA");
     if (!roleNode) return {};
-    AssociationTold told{.node = &node, .phrase = phraseOf(node)};
+    AssociationTold told{.above = above, .phrase = phraseOf(node)};
     const QString notes = node.text("NOTE");
     const PhraseOfAct act = phraseOfAct(notes.section('\n', 0, 0));
     if (act.act != ActTold::None) told.phrase = act.phrase;
@@ -251,8 +251,9 @@ void RecordIn::addAssistant(const ActAt& act, const AssociationTold& association
 {
     const QString as = association.role.isGodparent ? "p" : "t";
     const QString once = QString("%1 %2 %3").arg(QString(QChar(act.kind)), QString::number(association.who), as);
-    if (assistants_.contains(once)) return;
-    assistants_.insert(once);
+    // Programs tell the same at the event and with the person.
+    if (assistants_.value(once, association.above) != association.above) return;
+    assistants_.insert(once, association.above);
     RowValues row{{"tipoacto", QString(QChar(act.kind))},
                   {"entidade", act.entity},
                   {"nind", association.who},
@@ -336,7 +337,7 @@ void RecordIn::takeAssociationsOf(const GedcomNode& event, const std::function<b
         }
         const auto role = roleTold(one.text("ROLE") + one.text("RELA"), phraseOf(one));
         if (!role || !fits(*role, phraseOfAct(one.text("NOTE").section('\n', 0, 0)).act)) continue;
-        if (const auto told = takeAssociation(one)) take(*told);
+        if (const auto told = takeAssociation(one, &event)) take(*told);
     }
 }
 

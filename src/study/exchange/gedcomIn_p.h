@@ -105,7 +105,7 @@ protected:
     qint64 personOf(const GedcomNode& association); // 0: nobody, which is told
     struct AssociationTold
     {
-        const GedcomNode* node = nullptr;
+        const GedcomNode* above = nullptr; // the event; null: of 5.5.1, told elsewhere
         qint64 who = 0;
         RoleTold role = {Role::Witness};
         ActTold act = ActTold::None; // where it is told
@@ -113,7 +113,7 @@ protected:
         QString notes = {};
     };
     // Nothing where the role, or the person, isn't known: it is left for the notes.
-    std::optional<AssociationTold> takeAssociation(const GedcomNode& node);
+    std::optional<AssociationTold> takeAssociation(const GedcomNode& node, const GedcomNode* above);
     void addAssistant(const ActAt& act, const AssociationTold& association, const QString& path);
     // Into the first of these columns that is free: whether one was.
     struct PriestColumns
@@ -134,8 +134,8 @@ protected:
     GedcomTarget& target_;
     Reading reading_;
     const GedcomNode& record_;
-    QStringList notes_ = {}; // beside those of the record itself
-    QSet<QString> assistants_ = {};
+    QStringList notes_ = {};                            // beside those of the record itself
+    QHash<QString, const GedcomNode*> assistants_ = {}; // who is written, and where that was told
 };
 
 class PersonIn : public RecordIn

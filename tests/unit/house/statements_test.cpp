@@ -86,7 +86,7 @@ const Rules& rules()
                  {"statement", "table.name", "reader.columns().join()", "places", "file.table->name", "column.name",
                   "column.table", "column.key", "connectionString()"}},
                 {"study/exchange/gedcomInRows.cpp", {"table", "columns.join()", "places.join()"}},
-                {"study/exchange/gedcomInMarks.cpp", {"columns.join()", "table.table", "where"}},
+                {"study/exchange/gedcomInMarks.cpp", {"columns.join()", "table.table", "where", "table.condition"}},
                 {"study/exchange/gedcomInBack.cpp",
                  {"reference.column", "reference.table", "word", "ownRows()", "table.table", "table.owner", "keys",
                   "within", "ofLevel", "table->table", "table->owner"}},

@@ -192,6 +192,14 @@ TEST_F(GedcomInto, HasGodparentsAndWitnessesThat551TellsWithAPerson)
     EXPECT_EQ(notes(), "ASSO: pessoa 3\nASSO.RELA: Tutor");
 }
 
+TEST_F(GedcomInto, HasOnceWhomAnEventAndThePersonTellOfAndTwiceWhoIsToldTwice)
+{
+    read("0 @I1@ INDI\n1 CHR\n2 DATE 10 MAR 1750\n2 _ASSO @I2@\n3 RELA Godparent\n1 ASSO @I2@\n2 RELA Godparent\n"
+         "0 @I2@ INDI\n0 @F1@ FAM\n1 MARR\n2 ASSO @I2@\n3 ROLE WITN\n2 ASSO @I2@\n3 ROLE WITN\n");
+    EXPECT_EQ(value("select count(*) from assistente where tipoacto = 'b'"), "1");
+    EXPECT_EQ(value("select count(*) from assistente where tipoacto = 'c'"), "2");
+}
+
 TEST_F(GedcomInto, FindsAPlaceByItsNamesFromTheNarrowestToTheWidest)
 {
     read(person("1 BIRT\n2 PLAC Outeiro, Fermentelos, Agueda, Portugal\n1 DEAT\n2 PLAC borralha, Águeda\n"));
