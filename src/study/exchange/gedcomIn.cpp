@@ -1,13 +1,13 @@
 #include "study/exchange/gedcomIn.h"
 
+#include "common/tipoFam.h"
 #include "platform/jet/error.h"
 #include "platform/jet/transaction.h"
-#include "common/tipoFam.h"
 #include "store/session.h"
 #include "study/acts/ledger.h"
+#include "study/exchange/gedcomIn_p.h"
 #include "study/exchange/gedcomInMarks.h"
 #include "study/exchange/gedcomInTable.h"
-#include "study/exchange/gedcomIn_p.h"
 #include "study/indicators/settingsJson.h"
 #include "study/transcripts/import.h"
 
@@ -27,8 +27,7 @@ constexpr double shareOfTheIndex = 0.3, shareOfTheRows = 0.6;
 void openFile(QFile& file)
 {
     if (!file.open(QIODevice::ReadOnly))
-        throw jet::Error(QFileInfo::exists(file.fileName()) ? jet::number::permissionDenied
-                                                            : jet::number::fileNotFound,
+        throw jet::Error(QFileInfo::exists(file.fileName()) ? jet::number::permissionDenied : jet::number::fileNotFound,
                          QString("O ficheiro \"%1\" não se pode ler: %2").arg(file.fileName(), file.errorString()));
 }
 
@@ -95,10 +94,8 @@ private:
     // What the people and families take of other records stands in their notes.
     void countLeft(const GedcomNode& record)
     {
-        static const QHash<QString, QStringList> used{{"SOUR", {"TITL", "AUTH", "PUBL", "ABBR"}},
-                                                      {"OBJE", {"FILE"}},
-                                                      {"NOTE", {}},
-                                                      {"SNOTE", {}}};
+        static const QHash<QString, QStringList> used{
+            {"SOUR", {"TITL", "AUTH", "PUBL", "ABBR"}}, {"OBJE", {"FILE"}}, {"NOTE", {}}, {"SNOTE", {}}};
         if (target_.index.isOurs()) return;
         if (!used.contains(record.tag)) ++target_.report.left[record.tag];
         const QStringList taken = used.value(record.tag);
@@ -174,10 +171,10 @@ private:
     void keepImport(const QString& name)
     {
         tables::make(bdp_, {importTable(), importedTable()});
-        bdp_.execute(jet::NativeSql(
-            "insert into estudo_importacao (quando, ficheiro, pessoas, familias) values (?, ?, ?, ?)",
-            {QDateTime::currentDateTime().toString(tables::timeFormat), name, target_.report.people,
-             target_.report.families}));
+        bdp_.execute(
+            jet::NativeSql("insert into estudo_importacao (quando, ficheiro, pessoas, familias) values (?, ?, ?, ?)",
+                           {QDateTime::currentDateTime().toString(tables::timeFormat), name, target_.report.people,
+                            target_.report.families}));
         {
             jet::Rows row(bdp_, jet::NativeSql("select max(id) from estudo_importacao"));
             row.next();
@@ -186,7 +183,8 @@ private:
         jet::Repeated insert(
             bdp_, jet::NativeSql("insert into estudo_importado (importacao, tipo, chave, marca) values (?, ?, ?, ?)"));
         for (const char* const kind : {imported::person, imported::family, imported::parish, imported::locality,
-                                       imported::site, imported::profession}) {
+                                       imported::site, imported::profession})
+        {
             const QHash<QString, QByteArray> marks = marksOf(bdp_, kind, madeOf(kind));
             for (auto mark = marks.cbegin(); mark != marks.cend(); ++mark)
                 insert.run({target_.report.id, QString(kind), mark.key(), QString::fromLatin1(*mark)});

@@ -80,8 +80,9 @@ private:
     QHash<QString, QByteArray> kept(const QString& kind) const
     {
         QHash<QString, QByteArray> marks;
-        jet::Rows row(bdp_, jet::NativeSql("select chave, marca from estudo_importado where importacao = ? and tipo = ?",
-                                           {last_->id, kind}));
+        jet::Rows row(bdp_,
+                      jet::NativeSql("select chave, marca from estudo_importado where importacao = ? and tipo = ?",
+                                     {last_->id, kind}));
         while (row.next())
             marks.insert(row.text(0), row.bytes(1).toByteArray());
         return marks;
@@ -112,15 +113,16 @@ private:
             there << table.toLower();
         for (const linkage::Reference& reference : linkage::references()) {
             const bool isPerson = reference.target == linkage::Target::Person;
-            if ((!isPerson && reference.target != linkage::Target::Family) || !there.contains(reference.table)) continue;
+            if ((!isPerson && reference.target != linkage::Target::Family) || !there.contains(reference.table))
+                continue;
             const QString word =
                 *reference.with ? QString(" and %1 = '%2'").arg(reference.with, reference.word) : QString();
-            jet::Rows row(bdp_, jet::NativeSql(QString("select distinct %1 from %2 where %1 in %3%4 and not (%5) "
-                                                       "order by %1")
-                                                   .arg(reference.column, reference.table,
-                                                        isPerson ? madePeople : madeFamilies, word,
-                                                        ownRows(reference.table)),
-                                               {last_->id}));
+            jet::Rows row(bdp_,
+                          jet::NativeSql(QString("select distinct %1 from %2 where %1 in %3%4 and not (%5) "
+                                                 "order by %1")
+                                             .arg(reference.column, reference.table,
+                                                  isPerson ? madePeople : madeFamilies, word, ownRows(reference.table)),
+                                         {last_->id}));
             while (row.next())
                 addOnce(QString(isPerson ? "O indivíduo nº %1, que veio com a importação, já tem outros dados na BDP."
                                          : "A família nº %1, que veio com a importação, já tem outros dados na BDP.")
@@ -169,9 +171,11 @@ private:
             const QString ofLevel = level.isEmpty() ? QString() : QString(" and %1 = ?").arg(reference.with);
             QVariantList values{key};
             if (!level.isEmpty()) values << level;
-            jet::Rows row(bdp_, jet::NativeSql(QString("select 1 from %1 where %2 = ?%3 limit 1")
-                                                   .arg(reference.table, reference.column, ofLevel),
-                                               values));
+            jet::Rows row(
+                bdp_,
+                jet::NativeSql(
+                    QString("select 1 from %1 where %2 = ?%3 limit 1").arg(reference.table, reference.column, ofLevel),
+                    values));
             return row.next();
         });
     }

@@ -54,8 +54,8 @@ void FamilyIn::write()
 void FamilyIn::takeMembers()
 {
     for (const int member : seen_.members)
-        members_.push_back({{"nfamilia", seen_.number},
-                            {"nind", target_.index.people[static_cast<std::size_t>(member)].number}});
+        members_.push_back(
+            {{"nfamilia", seen_.number}, {"nind", target_.index.people[static_cast<std::size_t>(member)].number}});
     for (const GedcomNode& one : record_.children) {
         if (one.tag == "REFN" && one.text("TYPE") == QLatin1String(familyRefn)) reading_.takeWhole(one);
         if ((one.tag != "HUSB" && one.tag != "WIFE") || !one.isPointer || one.isVoid()) continue;
@@ -100,7 +100,7 @@ void FamilyIn::takeMarriage()
     };
     if (event) takeAssociationsOf(*event, fits, stand);
     for (const GedcomNode& one : seen_.associations)
-        if (const auto association = takeAssociation(one)) stand(*association);
+        if (const auto association = takeAssociation(one, nullptr)) stand(*association);
 }
 
 void FamilyIn::takeMarriageOf(const GedcomNode& event)

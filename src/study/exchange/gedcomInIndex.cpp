@@ -26,7 +26,8 @@ QString titleOf(const GedcomNode& source)
 {
     QStringList parts;
     for (const char* const tag : {"TITL", "AUTH", "PUBL", "ABBR"})
-        if (const QString told = source.text(tag).simplified(); !told.isEmpty() && (parts.isEmpty() || qstrcmp(tag, "ABBR") != 0))
+        if (const QString told = source.text(tag).simplified();
+            !told.isEmpty() && (parts.isEmpty() || qstrcmp(tag, "ABBR") != 0))
             parts << told;
     return parts.join(", ");
 }
@@ -52,11 +53,11 @@ struct GedcomIndex::Links
         int bearer = -1;
         GedcomNode node = {};
     };
-    std::vector<QString> origins = {};                      // of each person: the family that it tells itself
-    std::vector<std::vector<QString>> ofPeople = {};        // of each person: FAMS
-    std::vector<std::vector<QString>> couples = {};         // of each family: HUSB, WIFE
-    QHash<QString, int> childOf = {};                       // by the name of the child: the first family with it
-    std::vector<Association> associations = {};             // of people, with a marriage perhaps
+    std::vector<QString> origins = {};               // of each person: the family that it tells itself
+    std::vector<std::vector<QString>> ofPeople = {}; // of each person: FAMS
+    std::vector<std::vector<QString>> couples = {};  // of each family: HUSB, WIFE
+    QHash<QString, int> childOf = {};                // by the name of the child: the first family with it
+    std::vector<Association> associations = {};      // of people, with a marriage perhaps
 };
 
 GedcomIndex::GedcomIndex(QIODevice& file, const GoesOn& goesOn)
@@ -104,8 +105,8 @@ void GedcomIndex::seePerson(GedcomNode& record, Links& links)
     bool isByBirth = false;
     std::vector<QString> ofCouples;
     for (GedcomNode& one : record.children) {
-        if (one.tag == "FAMC" && one.isPointer && !one.isVoid() && (origin.isEmpty() || (!isByBirth && isBirthFamily(one))))
-        {
+        if (one.tag == "FAMC" && one.isPointer && !one.isVoid() &&
+            (origin.isEmpty() || (!isByBirth && isBirthFamily(one)))) {
             origin = one.value;
             isByBirth = isBirthFamily(one);
         }

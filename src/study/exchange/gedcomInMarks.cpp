@@ -30,6 +30,12 @@ void add(QByteArray& bytes, const jet::Rows& row, int column)
     }
 }
 
+QString whereOf(const OwnedTable& table)
+{
+    if (!*table.condition) return {};
+    return QString(" where %1").arg(table.condition);
+}
+
 QByteArray marked(const QByteArray& before, const QByteArray& row)
 {
     static constexpr qsizetype length = 12;
@@ -94,9 +100,10 @@ QHash<QString, QByteArray> marksOf(const jet::Connection& bdp, const QString& ki
         QStringList columns{table.owner};
         for (const TableColumn& column : tableOf(table.table)->columns)
             columns << column.name;
-        const QString where = *table.condition ? QString(" where ") + table.condition : QString();
-        jet::Rows row(bdp, jet::NativeSql(QString("select %1 from %2%3 order by rowid")
-                                              .arg(columns.join(", "), table.table, where)));
+        const QString where = whereOf(table);
+        jet::Rows row(
+            bdp,
+            jet::NativeSql(QString("select %1 from %2%3 order by rowid").arg(columns.join(", "), table.table, where)));
         while (row.next()) {
             const QString owner = row.text(0);
             if (!of.contains(owner)) continue;

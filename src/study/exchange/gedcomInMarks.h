@@ -22,6 +22,7 @@ const std::vector<OwnedTable>& ownedTables();
 
 // Marks of the records of one kind, by their number or code: another one where any value of any of their rows is
 // another one, or a row came or went. Of the keys of `of` alone. Throws jet::Error.
-QHash<QString, QByteArray> marksOf(const jet::Connection& bdp, const QString& kind, const QHash<QString, QByteArray>& of);
+QHash<QString, QByteArray> marksOf(const jet::Connection& bdp, const QString& kind,
+                                   const QHash<QString, QByteArray>& of);
 
 } // namespace study::exchange

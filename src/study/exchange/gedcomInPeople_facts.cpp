@@ -214,8 +214,8 @@ struct Currency
 constexpr std::array<Currency, 3> currencies = {{{"réis", "Re"}, {"escudos", "Es"}, {"euros", "Eu"}}};
 
 // The parts of "tipo: Rezada; quantidade: 5": each begins with one of these, in this order.
-constexpr std::array<const char*, 8> suffrageParts = {"tipo: ",  "quantidade: ", "valor de cada: ", "valor total: ",
-                                                      "moeda: ", "destino: ",    "padres: ",        "notas: "};
+constexpr std::array<const char*, 8> suffrageParts = {
+    "tipo: ", "quantidade: ", "valor de cada: ", "valor total: ", "moeda: ", "destino: ", "padres: ", "notas: "};
 
 std::optional<double> amountOf(const QString& text)
 {

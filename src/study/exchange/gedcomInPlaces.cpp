@@ -12,7 +12,7 @@ namespace study::exchange {
 
 namespace {
 
-constexpr qsizetype widest = 254; // of a name, behind its mark
+constexpr qsizetype widest = 254;  // of a name, behind its mark
 constexpr auto letters = "SLFCDP"; // of the items, the narrowest first
 
 QStringList itemsOf(const QString& text)
@@ -72,7 +72,7 @@ QStringList GedcomPlaces::named(const QString& name) const
     return keys;
 }
 
-GedcomPlaces::Found GedcomPlaces::find(const QString& text, const QString& form, const QString& code)
+GedcomPlaces::Found GedcomPlaces::lookUp(const QString& text, const QString& form, const QString& code)
 {
     const QString asked = text + '\n' + form + '\n' + code;
     if (const auto found = known_.constFind(asked); found != known_.constEnd()) return *found;
@@ -162,8 +162,8 @@ GedcomPlaces::Found GedcomPlaces::byNames(const QStringList& items)
         if (fitting.size() != 1 && !own.isEmpty()) fitting = own.mid(0, 1);
         if (fitting.size() > 1 && depthOf(fitting[0][0]) > depthOf(fitting[1][0])) {
             // "Porto, Portugal" is the parish, the municipality and the district: the widest is what is sure
-            const bool areOfOneAnother =
-                std::ranges::all_of(fitting.mid(1), [&](const QString& key) { return liesIn(fitting[0], {places_[key].name}); });
+            const bool areOfOneAnother = std::ranges::all_of(
+                fitting.mid(1), [&](const QString& key) { return liesIn(fitting[0], {places_[key].name}); });
             if (areOfOneAnother) fitting = fitting.mid(fitting.size() - 1);
         }
         if (fitting.size() != 1) continue;

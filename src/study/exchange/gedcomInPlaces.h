@@ -35,7 +35,7 @@ public:
     // has it with that name. A locality, or a site within one, that its parish hasn't is made there, provisional, with
     // that code where it is free; so is a parish of an export in its municipality, and a place of one word in the own
     // parish, where nothing is called so.
-    Found find(const QString& text, const QString& form, const QString& code);
+    Found lookUp(const QString& text, const QString& form, const QString& code);
 
 private:
     struct Named
@@ -59,7 +59,7 @@ private:
     QString ownParish_ = {};
     QHash<QString, Named> places_ = {}; // by letter and code
     QMultiHash<QString, QString> byName_ = {};
-    QHash<QString, Found> known_ = {}; // by all that find() is asked by
+    QHash<QString, Found> known_ = {}; // by all that lookUp() is asked by
     QHash<QString, qint64> last_ = {}; // number of the last one made within a place
 };
 

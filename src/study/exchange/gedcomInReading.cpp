@@ -55,7 +55,7 @@ void Reading::tellLeft(const GedcomNode& below, const QString& path, const Tell&
 {
     for (const GedcomNode& one : below.children) {
         const QString own = path.isEmpty() ? one.tag : path + '.' + one.tag;
-        const bool isTold = !one.value.isEmpty() || one.children.empty();
+        const bool isTold = !one.value.isEmpty() || one.children.empty() || isTechnical(one.tag);
         if (!isTaken(one) && isTold) tell(one, own, shownValue(one));
         if (!isTechnical(one.tag)) tellLeft(one, own, tell);
     }

@@ -31,7 +31,8 @@ QString phraseOf(const GedcomNode& association)
 
 AgeTold ageTold(const QString& value)
 {
-    static const QRegularExpression form(R"(^\s*(?:(\d{1,3})\s*y)?\s*(.*)$)", QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression form(R"(^\s*(?:(\d{1,3})\s*y)?\s*(.*)$)",
+                                         QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression number(R"(^\s*\d{1,3}\s*$)");
     if (number.match(value).hasMatch()) return {value.trimmed().toInt(), true};
     const auto match = form.match(value);
@@ -90,7 +91,7 @@ parish::Place RecordIn::takePlace(const GedcomNode& event, const QString& path, 
     const QString form = reading_.takeText(*node, "FORM");
     const QString text = whole.isEmpty() ? node->value : whole;
     const GedcomPlaces::Found found =
-        target_.places.find(text, form.isEmpty() ? target_.index.head.form : form, code);
+        target_.places.lookUp(text, form.isEmpty() ? target_.index.head.form : form, code);
     if (!found.isWhole) note(path + "." + node->tag, text);
     return found.place;
 }
@@ -219,12 +220,12 @@ qint64 RecordIn::personOf(const GedcomNode& association)
     return 0;
 }
 
-std::optional<RecordIn::AssociationTold> RecordIn::takeAssociation(const GedcomNode& node)
+std::optional<RecordIn::AssociationTold> RecordIn::takeAssociation(const GedcomNode& node, const GedcomNode* above)
 {
     const GedcomNode* roleNode = node.child("ROLE");
     if (!roleNode) roleNode = node.child("RELA");
     if (!roleNode) return {};
-    AssociationTold told{.node = &node, .phrase = phraseOf(node)};
+    AssociationTold told{.above = above, .phrase = phraseOf(node)};
     const QString notes = node.text("NOTE");
     const PhraseOfAct act = phraseOfAct(notes.section('\n', 0, 0));
     if (act.act != ActTold::None) told.phrase = act.phrase;
@@ -250,8 +251,9 @@ void RecordIn::addAssistant(const ActAt& act, const AssociationTold& association
 {
     const QString as = association.role.isGodparent ? "p" : "t";
     const QString once = QString("%1 %2 %3").arg(QString(QChar(act.kind)), QString::number(association.who), as);
-    if (assistants_.contains(once)) return;
-    assistants_.insert(once);
+    // Programs tell the same at the event and with the person.
+    if (assistants_.value(once, association.above) != association.above) return;
+    assistants_.insert(once, association.above);
     RowValues row{{"tipoacto", QString(QChar(act.kind))},
                   {"entidade", act.entity},
                   {"nind", association.who},
@@ -272,8 +274,8 @@ void RecordIn::addAssistant(const ActAt& act, const AssociationTold& association
     target_.rows.add("assistente", row);
 }
 
-bool RecordIn::putPriest(RowValues& into, const std::vector<PriestColumns>& columns,
-                         const AssociationTold& association, const QString& path)
+bool RecordIn::putPriest(RowValues& into, const std::vector<PriestColumns>& columns, const AssociationTold& association,
+                         const QString& path)
 {
     if (!association.notes.isEmpty()) note(path + ".ASSO.NOTE", association.notes);
     for (const auto& [priest, function] : columns) {
@@ -335,7 +337,7 @@ void RecordIn::takeAssociationsOf(const GedcomNode& event, const std::function<b
         }
         const auto role = roleTold(one.text("ROLE") + one.text("RELA"), phraseOf(one));
         if (!role || !fits(*role, phraseOfAct(one.text("NOTE").section('\n', 0, 0)).act)) continue;
-        if (const auto told = takeAssociation(one)) take(*told);
+        if (const auto told = takeAssociation(one, &event)) take(*told);
     }
 }
 
@@ -343,8 +345,10 @@ RecordIn::EventNotes RecordIn::takeEventNotes(const GedcomNode& event)
 {
     EventNotes told{.text = reading_.takeNotes(event)};
     if (!target_.index.isOurs() || !target_.index.head.version.startsWith("5.5")) return told;
-    const std::pair<const char*, QString*> added[] = {
-        {"Ficheiro: ", &told.file}, {"Causa: ", &told.cause}, {"Lugar: ", &told.place}, {"Texto completo: ", &told.whole}};
+    const std::pair<const char*, QString*> added[] = {{"Ficheiro: ", &told.file},
+                                                      {"Causa: ", &told.cause},
+                                                      {"Lugar: ", &told.place},
+                                                      {"Texto completo: ", &told.whole}};
     for (const auto& [label, value] : added) {
         const QString last = told.text.section('\n', -1);
         if (!last.startsWith(QLatin1String(label))) continue;

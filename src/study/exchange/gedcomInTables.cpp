@@ -56,12 +56,10 @@ struct ActWord
     const char* words;
     ActTold act;
 };
-constexpr std::array<ActWord, 3> actWords = {{{" do baptismo", ActTold::Baptism},
-                                              {" do enterro", ActTold::Burial},
-                                              {" no testamento", ActTold::Will}}};
+constexpr std::array<ActWord, 3> actWords = {
+    {{" do baptismo", ActTold::Baptism}, {" do enterro", ActTold::Burial}, {" no testamento", ActTold::Will}}};
 
-constexpr std::array<const char*, 9> technical = {"UID", "_UID", "CHAN", "CREA", "RIN",
-                                                  "SUBM", "ANCI", "DESI", "_UPD"};
+constexpr std::array<const char*, 9> technical = {"UID", "_UID", "CHAN", "CREA", "RIN", "SUBM", "ANCI", "DESI", "_UPD"};
 
 struct PlaceWord
 {
@@ -69,12 +67,26 @@ struct PlaceWord
     int level;
 };
 constexpr int site = 0, locality = 1, parish = 2, municipality = 3, district = 4, country = 5;
-constexpr std::array<PlaceWord, 20> placeWords = {
-    {{"sitio", site},          {"lugar", locality},    {"localidade", locality}, {"aldeia", locality},
-     {"place", locality},      {"village", locality},  {"locality", locality},   {"freguesia", parish},
-     {"paroquia", parish},     {"parish", parish},     {"concelho", municipality}, {"municipio", municipality},
-     {"municipality", municipality}, {"distrito", district}, {"district", district}, {"ilha", district},
-     {"pais", country},        {"country", country},   {"nacao", country},       {"zona", district}}};
+constexpr std::array<PlaceWord, 20> placeWords = {{{"sitio", site},
+                                                   {"lugar", locality},
+                                                   {"localidade", locality},
+                                                   {"aldeia", locality},
+                                                   {"place", locality},
+                                                   {"village", locality},
+                                                   {"locality", locality},
+                                                   {"freguesia", parish},
+                                                   {"paroquia", parish},
+                                                   {"parish", parish},
+                                                   {"concelho", municipality},
+                                                   {"municipio", municipality},
+                                                   {"municipality", municipality},
+                                                   {"distrito", district},
+                                                   {"district", district},
+                                                   {"ilha", district},
+                                                   {"pais", country},
+                                                   {"country", country},
+                                                   {"nacao", country},
+                                                   {"zona", district}}};
 
 } // namespace
 

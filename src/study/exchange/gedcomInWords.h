@@ -23,8 +23,8 @@ public:
 private:
     GedcomRows& rows_;
     bool makesNew_;
-    QHash<QString, QString> codes_ = {};       // by category and plain words
-    QHash<QString, qint64> professions_ = {};  // by plain words
+    QHash<QString, QString> codes_ = {};      // by category and plain words
+    QHash<QString, qint64> professions_ = {}; // by plain words
     qint64 lastProfession_ = 0;
 };
 

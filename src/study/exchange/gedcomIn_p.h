@@ -28,7 +28,8 @@ struct GedcomTarget
         return seen.isOurs() ? Parishes : Localities;
     }
     GedcomTarget(jet::Connection& bdp, const GedcomIndex& seen, const GedcomImportOptions& options)
-        : index(seen), rows(bdp), places(bdp, rows, newPlacesOf(seen, options)), words(bdp, rows, options.newProfessions)
+        : index(seen), rows(bdp), places(bdp, rows, newPlacesOf(seen, options)),
+          words(bdp, rows, options.newProfessions)
     {
     }
 
@@ -92,8 +93,8 @@ protected:
     };
     EventNotes takeEventNotes(const GedcomNode& event);
     // A note's labels into columns; the rest.
-    QString putLabels(const QString& text, const std::vector<LabelColumn>& labels, RowValues& into,
-                      const QString& path, bool areContinued = false);
+    QString putLabels(const QString& text, const std::vector<LabelColumn>& labels, RowValues& into, const QString& path,
+                      bool areContinued = false);
 
     void putDate(RowValues& into, const char* column, const char* flag, const parish::Date& date);
     void putPlace(RowValues& into, const char* column, const char* level, const parish::Place& place);
@@ -104,7 +105,7 @@ protected:
     qint64 personOf(const GedcomNode& association); // 0: nobody, which is told
     struct AssociationTold
     {
-        const GedcomNode* node = nullptr;
+        const GedcomNode* above = nullptr; // the event; null: of 5.5.1, told elsewhere
         qint64 who = 0;
         RoleTold role = {Role::Witness};
         ActTold act = ActTold::None; // where it is told
@@ -112,7 +113,7 @@ protected:
         QString notes = {};
     };
     // Nothing where the role, or the person, isn't known: it is left for the notes.
-    std::optional<AssociationTold> takeAssociation(const GedcomNode& node);
+    std::optional<AssociationTold> takeAssociation(const GedcomNode& node, const GedcomNode* above);
     void addAssistant(const ActAt& act, const AssociationTold& association, const QString& path);
     // Into the first of these columns that is free: whether one was.
     struct PriestColumns
@@ -133,8 +134,8 @@ protected:
     GedcomTarget& target_;
     Reading reading_;
     const GedcomNode& record_;
-    QStringList notes_ = {}; // beside those of the record itself
-    QSet<QString> assistants_ = {};
+    QStringList notes_ = {};                            // beside those of the record itself
+    QHash<QString, const GedcomNode*> assistants_ = {}; // who is written, and where that was told
 };
 
 class PersonIn : public RecordIn

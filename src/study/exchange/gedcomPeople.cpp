@@ -66,8 +66,7 @@ void GedcomWriter::writeName(const PersonCard& card)
 {
     const GedcomName name = gedcomName(withoutBanned(card.name, lines_.version()), names_);
     const QString title = card.title.simplified(), nickname = card.nickname.simplified();
-    const bool isPrefix =
-        !title.isEmpty() && !title.contains(u' ') && !name.payload.isEmpty() && name.titles.isEmpty();
+    const bool isPrefix = !title.isEmpty() && !title.contains(u' ') && !name.payload.isEmpty() && name.titles.isEmpty();
     const QString prefix = isPrefix ? title : name.titles.join(' ');
     if (!name.payload.isEmpty() || !nickname.isEmpty()) {
         const int longest = lines_.is551() ? longestValue551("NAME") : 0;

@@ -86,6 +86,12 @@ const Rules& rules()
                 {"study/exchange/tablesRead.cpp",
                  {"statement", "table.name", "reader.columns().join()", "places", "file.table->name", "column.name",
                   "column.table", "column.key", "connectionString()"}},
+                {"study/exchange/gedcomInRows.cpp", {"table", "columns.join()", "places.join()"}},
+                {"study/exchange/gedcomInMarks.cpp", {"columns.join()", "table.table", "where", "table.condition"}},
+                {"study/exchange/gedcomInBack.cpp",
+                 {"reference.column", "reference.table", "word", "ownRows()", "table.table", "table.owner", "keys",
+                  "within", "ofLevel", "table->table", "table->owner"}},
+                {"study/exchange/gedcomIn.cpp", {"select", "table.owner", "table.table", "connectionString()"}},
                 {"views/frmRP.cpp", {"chave", "registo.coluna"}},
                 // Handed over by callers that are read themselves.
                 {"common/ficha.cpp", {"criterio"}},

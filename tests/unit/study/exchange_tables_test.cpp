@@ -8,6 +8,7 @@
 #include "study/acts/register.h"
 #include "study/checks/seen.h"
 #include "study/checks/settings.h"
+#include "study/exchange/gedcomIn.h"
 #include "study/exchange/tableList.h"
 #include "study/indicators/settingsJson.h"
 #include "study/linkage/decisions.h"
@@ -64,6 +65,11 @@ protected:
         linkage::Recording recording(bdp);
         recording.keep({});
         transaction.commit();
+        QFile gedcom(folder.filePath("a.ged"));
+        gedcom.open(QIODevice::WriteOnly);
+        gedcom.write("0 HEAD\n1 GEDC\n2 VERS 7.0\n0 @I1@ INDI\n1 NAME Ana\n0 TRLR\n");
+        gedcom.close();
+        importGedcom(bdp, gedcom.fileName(), {.copyBefore = false});
     }
 };
 
