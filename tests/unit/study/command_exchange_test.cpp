@@ -66,6 +66,22 @@ TEST_F(TheExportOfAParish, TakesTheDaysThatTheNotesTell)
     EXPECT_TRUE(bytes().contains("1 CHR\n2 DATE 10 MAR 1750\n")) << bytes().constData();
 }
 
+TEST_F(TheExportOfAParish, WritesDatesAndAssociationsAsTheUserSays)
+{
+    const std::pair<const char*, const char*> all[] = {
+        {"chr", "\n1 CHR\n"}, {"bapm", "\n1 BAPM\n"}, {"birt", "\n1 BIRT\n"}};
+    for (const auto& [word, line] : all) {
+        ASSERT_EQ(orv({"exportar", "gedcom", path(), target(), "--datas", word}), done) << qPrintable(err_);
+        EXPECT_TRUE(bytes().contains(line)) << word;
+    }
+    EXPECT_EQ(orv({"exportar", "gedcom", path(), target(), "--datas", "ontem"}), wrongUsage);
+    EXPECT_TRUE(err_.startsWith("As datas são chr, bapm ou birt, e não \"ontem\".")) << qPrintable(err_);
+    Order order;
+    EXPECT_EQ(readArguments({"exportar", "gedcom", path(), target(), "--associacoes"}, order), "");
+    EXPECT_TRUE(order.out.associationsOfEvents);
+    EXPECT_EQ(order.way, "gedcom-5.5.1");
+}
+
 TEST_F(TheExportOfAParish, WritesNothingWhereItIsInterruptedOrRefused)
 {
     EXPECT_EQ(orv({"exportar", "gedcom", path(), target()}, false), refused);
