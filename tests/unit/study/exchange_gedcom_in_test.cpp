@@ -98,6 +98,27 @@ TEST_F(GedcomInto, TellsInTheNotesWhatADateSaysMore)
     EXPECT_EQ(report.toNotes, (QMap<QString, qint64>{{"INDI.DEAT.DATE", 1}, {"INDI.DEAT.AGE", 1}}));
 }
 
+TEST_F(GedcomInto, TakesSuffragesAsAnExportTellsThemAndTheOthersForNotes)
+{
+    run("insert into infocomplementar (categoria, codigo, descricao) values ('TipMi', '1', 'Rezada')");
+    read(person("1 DEAT Y\n2 NOTE Missas: tipo: Rezada; quantidade: 5; valor de cada: 2,50; moeda: réis; notas: a; b\n"
+                "3 CONT Missas: padres: 2,5\n3 CONT Um ofício\n"));
+    EXPECT_EQ(value("select tipolegpio, tipo, quantidade, valorunit, tipomoeda, obs from rituaismorte"),
+              "missa|1|5|2.5|Re|a; b");
+    EXPECT_EQ(notes(), "DEAT.NOTE: Missas: padres: 2,5\nUm ofício");
+}
+
+TEST_F(GedcomInto, TakesAWillWithExecutorAndHeirs)
+{
+    read("0 @I1@ INDI\n1 WILL\n2 NOTE Testamento escrito\n3 CONT Herdeiro por dizer\n3 CONT Bens móveis: Tudo\n"
+         "3 CONT e mais\n2 ASSO @I2@\n3 ROLE OTHER\n4 PHRASE Testamenteiro\n2 ASSO @I2@\n3 ROLE OTHER\n4 PHRASE "
+         "Herdeiro\n"
+         "3 NOTE Parentesco: Tio paterno\n0 @I2@ INDI\n");
+    EXPECT_EQ(value("select testam, escrit, testamenteiro, obs from individuo where nind = 1"), "true|true|2|null");
+    EXPECT_EQ(value("select nindherd, bensmoveis from legadosprofanos where idlegprof = 1"), "null|Tudo\ne mais");
+    EXPECT_EQ(value("select nindherd, parentesco from legadosprofanos where idlegprof = 2"), "2|19");
+}
+
 TEST_F(GedcomInto, TakesABurialForADeathOfWhichNothingElseIsTold)
 {
     read(person("1 BURI\n2 DATE 3 MAY 1760\n2 PLAC Igreja da Borralha\n"));
@@ -284,6 +305,18 @@ TEST_F(GedcomInto, WritesNothingWhereTheFileBreaksOff)
     EXPECT_THROW(importGedcom(bdp, damaged.fileName(), {}), jet::Error);
     EXPECT_FALSE(QDir(folder.filePath("copias")).exists()) << "no copy, as nothing would be written";
     EXPECT_FALSE(bdp.tables().contains("estudo_importacao"));
+}
+
+TEST_F(GedcomInto, NamesTheLineOfARecordThatTheBdpRefuses)
+{
+    run("create unique index outro on individuo (sexo)"); // of another program
+    try {
+        read("0 @I1@ INDI\n1 SEX M\n0 @I2@ INDI\n1 SEX M\n");
+        ADD_FAILURE() << "it was written";
+    } catch (const jet::Error& error) {
+        EXPECT_TRUE(error.description.startsWith("Linha 6: ")) << qPrintable(error.description);
+    }
+    EXPECT_EQ(value("select count(*) from individuo"), "0");
 }
 
 TEST_F(GedcomInto, WritesNothingWhereItIsInterrupted)
