@@ -83,12 +83,16 @@ private:
 
     void take(const GedcomNode& record)
     {
-        if (record.tag == "INDI")
-            PersonIn(target_, record).write();
-        else if (record.tag == "FAM")
-            FamilyIn(target_, record).write();
-        else
-            countLeft(record);
+        try {
+            if (record.tag == "INDI")
+                PersonIn(target_, record).write();
+            else if (record.tag == "FAM")
+                FamilyIn(target_, record).write();
+            else
+                countLeft(record);
+        } catch (const jet::Error& error) {
+            throw jet::Error(error.number, QString("Linha %1: %2").arg(record.line).arg(error.description));
+        }
     }
 
     // What the people and families take of other records stands in their notes.
@@ -198,6 +202,21 @@ private:
     QHash<QString, QHash<QString, QByteArray>> before_ = {}; // places and professions, by kind
 };
 
+constexpr std::pair<const char*, const char*> tableWords[] = {
+    {"familias", "Maridos e mulheres"},
+    {"assistente", "Padrinhos e testemunhas"},
+    {"residencia", "Residências"},
+    {"profissoes", "Profissões"},
+    {"assinatura", "Assinaturas"},
+    {"legadosprofanos", "Legados"},
+    {"rituaismorte", "Sufrágios"},
+    {"passaporte", "Passaportes"},
+    {"paroquia", "Freguesias novas, provisórias"},
+    {"lugar", "Lugares novos, provisórios"},
+    {"sitio", "Sítios novos, provisórios"},
+    {"profissao", "Nomes de profissões novos, provisórios"},
+};
+
 QString times(const QMap<QString, qint64>& paths)
 {
     QStringList all;
@@ -220,9 +239,9 @@ QStringList GedcomReport::lines() const
                     program.isEmpty() ? QString() : ", de " + program, encodings.value(encoding));
     all << QString("Pessoas: %1; famílias: %2.").arg(people).arg(families);
     if (keptNumbers) all << QString("Os números são os da exportação.");
-    for (auto table = rows.cbegin(); table != rows.cend(); ++table)
-        if (table.key() != "individuo" && table.key() != "familia")
-            all << QString("%1: %2 linhas.").arg(table.key()).arg(*table);
+    for (const auto& [table, told] : tableWords)
+        if (const qint64 count = rows.value(table); count > 0)
+            all << QString("%1: %2.").arg(QString::fromUtf8(told)).arg(count);
     if (baptisms > 0) all << QString("Na lista de nascimentos e baptismos: %1.").arg(baptisms);
     if (shortened > 0) all << QString("Textos longos de mais, que estão por inteiro nas notas: %1.").arg(shortened);
     if (lostLetters > 0) all << QString("Letras que uma BDP não pode ter e que não foram: %1.").arg(lostLetters);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace study::exchange {
 
@@ -268,7 +269,8 @@ void PersonIn::takeSuffrages(const QString& notes)
                   std::pair("valor total", "valortotal"), std::pair("padres", "numpadres")})
                 if (parts->contains(part)) {
                     const auto amount = amountOf(parts->value(part));
-                    isWhole = isWhole && amount;
+                    const bool isCount = QLatin1String(column) == QLatin1String("numpadres");
+                    isWhole = isWhole && amount && (!isCount || std::floor(*amount) == *amount);
                     if (amount) row.insert(column, *amount);
                 }
             const QString currency = parts->value("moeda");

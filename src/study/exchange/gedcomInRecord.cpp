@@ -203,11 +203,10 @@ void RecordIn::putText(RowValues& into, const char* column, const QString& text,
 bool RecordIn::putCode(RowValues& into, const QString& column, const char* category, const QString& description)
 {
     const auto code = target_.words.code(category, description);
-    if (!code) return false;
-    if (column == "sfamilia")
-        into.insert(column, *code);
-    else
-        into.insert(column, code->toInt());
+    bool isNumber = false;
+    const int number = code ? code->toInt(&isNumber) : 0;
+    if (!code || (!isNumber && column != "sfamilia")) return false;
+    into.insert(column, column == "sfamilia" ? QVariant(*code) : QVariant(number));
     return true;
 }
 

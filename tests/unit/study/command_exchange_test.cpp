@@ -1,4 +1,4 @@
-// orv-estudo exportar gedcom.
+// orv-estudo exportar gedcom, importar gedcom.
 #include "study/gedcomGrammar.h"
 #include "study/people.h"
 
@@ -143,4 +143,39 @@ TEST_F(TheExportOfAParish, IsEpisodesInAFolderOfTheirOwn)
     EXPECT_EQ(orv({"exportar", "episodios", path()}), wrongUsage);
     EXPECT_EQ(orv({"exportar", "episodios", path(), to, "--limite", "muitos"}), wrongUsage);
     EXPECT_TRUE(helpText().contains("exportar episodios PAROQUIA.orv PASTA"));
+}
+
+TEST_F(TheExportOfAParish, IsImportedRehearsedAndTakenBack)
+{
+    ASSERT_EQ(orv({"exportar", "gedcom", path(), target()}), done) << qPrintable(err_);
+    const auto people = [&] {
+        const jet::Recordset row(bdp, jet::NativeSql("select count(*) from individuo"));
+        return row[0].toInt();
+    };
+    bdp.close();
+    const QStringList import{"importar", "gedcom", target(), "--bdp", path()};
+    EXPECT_EQ(orv(import + QStringList("--ensaio")), done) << qPrintable(err_);
+    EXPECT_TRUE(out_.endsWith("Pessoas: 1; famílias: 0.\nEnsaio: nada foi escrito.\n")) << qPrintable(out_);
+    EXPECT_EQ(orv(import), done) << qPrintable(err_);
+    EXPECT_TRUE(out_.startsWith("Cópia da BDP: ")) << qPrintable(out_);
+    bdp.open(path());
+    EXPECT_EQ(people(), 2);
+    bdp.close();
+    const QStringList back{"importar", "gedcom", "--bdp", path(), "--desfazer"};
+    EXPECT_EQ(orv(back + QStringList("--ensaio")), done) << qPrintable(err_);
+    EXPECT_EQ(orv(back), done) << qPrintable(err_);
+    EXPECT_TRUE(out_.endsWith("1 pessoas, 0 famílias.\nFoi desfeita.\n")) << qPrintable(out_);
+    EXPECT_EQ(orv(back), refused);
+    EXPECT_EQ(err_, "Não há nenhuma importação para desfazer.\nNada foi desfeito.\n");
+    bdp.open(path());
+    EXPECT_EQ(people(), 1);
+}
+
+TEST_F(TheExportOfAParish, IsImportedOnlyWhereAFileIsNamed)
+{
+    EXPECT_EQ(orv({"importar", "gedcom", "--bdp", path()}), wrongUsage);
+    EXPECT_EQ(orv({"importar", "gedcom", target(), "--bdp", path(), "--desfazer"}), wrongUsage);
+    bdp.close();
+    EXPECT_EQ(orv({"importar", "gedcom", target(), "--bdp", path()}), refused);
+    EXPECT_TRUE(err_.contains("a.ged")) << qPrintable(err_);
 }

@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <random>
+
 using namespace study;
 using namespace study::exchange;
 
@@ -96,6 +98,27 @@ TEST_F(GedcomInto, TellsInTheNotesWhatADateSaysMore)
     EXPECT_NE(notes().find("DEAT.DATE: BET 1700 AND 1710"), std::string::npos) << notes();
     EXPECT_NE(notes().find("DEAT.AGE: 46y 3m"), std::string::npos) << notes();
     EXPECT_EQ(report.toNotes, (QMap<QString, qint64>{{"INDI.DEAT.DATE", 1}, {"INDI.DEAT.AGE", 1}}));
+}
+
+TEST_F(GedcomInto, TakesSuffragesAsAnExportTellsThemAndTheOthersForNotes)
+{
+    run("insert into infocomplementar (categoria, codigo, descricao) values ('TipMi', '1', 'Rezada')");
+    read(person("1 DEAT Y\n2 NOTE Missas: tipo: Rezada; quantidade: 5; valor de cada: 2,50; moeda: réis; notas: a; b\n"
+                "3 CONT Missas: padres: 2,5\n3 CONT Um ofício\n"));
+    EXPECT_EQ(value("select tipolegpio, tipo, quantidade, valorunit, tipomoeda, obs from rituaismorte"),
+              "missa|1|5|2.5|Re|a; b");
+    EXPECT_EQ(notes(), "DEAT.NOTE: Missas: padres: 2,5\nUm ofício");
+}
+
+TEST_F(GedcomInto, TakesAWillWithExecutorAndHeirs)
+{
+    read("0 @I1@ INDI\n1 WILL\n2 NOTE Testamento escrito\n3 CONT Herdeiro por dizer\n3 CONT Bens móveis: Tudo\n"
+         "3 CONT e mais\n2 ASSO @I2@\n3 ROLE OTHER\n4 PHRASE Testamenteiro\n2 ASSO @I2@\n3 ROLE OTHER\n4 PHRASE "
+         "Herdeiro\n"
+         "3 NOTE Parentesco: Tio paterno\n0 @I2@ INDI\n");
+    EXPECT_EQ(value("select testam, escrit, testamenteiro, obs from individuo where nind = 1"), "true|true|2|null");
+    EXPECT_EQ(value("select nindherd, bensmoveis from legadosprofanos where idlegprof = 1"), "null|Tudo\ne mais");
+    EXPECT_EQ(value("select nindherd, parentesco from legadosprofanos where idlegprof = 2"), "2|19");
 }
 
 TEST_F(GedcomInto, TakesABurialForADeathOfWhichNothingElseIsTold)
@@ -286,6 +309,18 @@ TEST_F(GedcomInto, WritesNothingWhereTheFileBreaksOff)
     EXPECT_FALSE(bdp.tables().contains("estudo_importacao"));
 }
 
+TEST_F(GedcomInto, NamesTheLineOfARecordThatTheBdpRefuses)
+{
+    run("create unique index outro on individuo (sexo)"); // of another program
+    try {
+        read("0 @I1@ INDI\n1 SEX M\n0 @I2@ INDI\n1 SEX M\n");
+        ADD_FAILURE() << "it was written";
+    } catch (const jet::Error& error) {
+        EXPECT_TRUE(error.description.startsWith("Linha 6: ")) << qPrintable(error.description);
+    }
+    EXPECT_EQ(value("select count(*) from individuo"), "0");
+}
+
 TEST_F(GedcomInto, WritesNothingWhereItIsInterrupted)
 {
     QByteArray records;
@@ -396,4 +431,60 @@ TEST_F(GedcomInto, LeavesAPlaceThatOthersUseByNow)
     EXPECT_EQ(takeBackImport(bdp), QStringList());
     EXPECT_EQ(value("select count(*) from lugar where nomelugar = '*Fonte'"), "1");
     EXPECT_EQ(value("select count(*) from profissao"), "1");
+}
+
+TEST_F(GedcomInto, LeavesASoundBdpOrNothingWhateverIsDamaged)
+{
+    const QByteArray whole = "0 @I1@ INDI\n1 NAME Ana /Dias/\n1 SEX F\n1 BIRT\n2 DATE 8 MAR 1750\n2 PLAC Fonte, "
+                             "Fermentelos\n1 CHR\n2 DATE 10 MAR "
+                             "1750\n2 ASSO @I2@\n3 ROLE GODP\n3 NOTE Parentesco: Tio paterno\n1 DEAT\n2 AGE 46y\n2 "
+                             "NOTE Missas: quantidade: 5\n"
+                             "1 OCCU Moleiro\n2 DATE 1760\n1 RESI\n2 DATE 1 MAY 1760\n1 FACT Sim\n2 TYPE Menor\n1 "
+                             "EMIG\n2 NOTE Passaporte n.º: "
+                             "12\n1 WILL\n2 ASSO @I2@\n3 ROLE OTHER\n4 PHRASE Herdeiro\n1 FAMC @F1@\n0 @I2@ INDI\n1 "
+                             "FAMS @F1@\n1 ASSO @I1@\n2 "
+                             "RELA Witness\n0 @F1@ FAM\n1 HUSB @I2@\n1 CHIL @I1@\n1 MARR\n2 DATE ABT 1740\n2 HUSB\n3 "
+                             "AGE 25y\n1 NOTE @N1@\n0 "
+                             "@N1@ NOTE a\n";
+    static constexpr const char* unsound[] = {
+        "select count(*) from individuo where famorig is not null and famorig not in (select nfamilia from familia)",
+        "select count(*) from familias where nind not in (select nind from individuo)",
+        "select count(*) from familias where nfamilia not in (select nfamilia from familia)",
+        "select count(*) from (select 1 from familias group by nfamilia having count(*) > 2)",
+        "select count(*) from assistente where nind not in (select nind from individuo)",
+        "select count(*) from assistente where tipoacto = 'b' and entidade not in (select nind from individuo)",
+        "select count(*) from profissoes where codprof not in (select codprof from profissao)",
+        "select count(*) from individuo where localnasc is not null and tipolocalnasc is null",
+    };
+    std::mt19937 chance(7);
+    const auto upTo = [&](qsizetype most) { return static_cast<qsizetype>(chance() % static_cast<quint32>(most + 1)); };
+    int written = 0;
+    for (int round = 0; round < 400; ++round) {
+        QList<QByteArray> lines = whole.split('\n');
+        for (qsizetype i = upTo(4); i >= 0; --i) {
+            QByteArray& line = lines[upTo(lines.size() - 1)];
+            if (const qsizetype kind = upTo(4); kind == 0)
+                line = lines[upTo(lines.size() - 1)];
+            else if (kind == 1)
+                line.truncate(upTo(line.size()));
+            else if (kind == 2)
+                line.insert(upTo(line.size()), static_cast<char>(upTo(255)));
+            else if (kind == 3)
+                line += " 99999999999999999999";
+            else
+                line.replace('1', '3');
+        }
+        jet::Transaction transaction(bdp);
+        try {
+            read(lines.join('\n') + '\n');
+            ++written;
+            EXPECT_EQ(takeBackImport(bdp), QStringList()) << lines.join('\n').toStdString();
+            read(lines.join('\n') + '\n');
+        } catch (const jet::Error& error) {
+            EXPECT_TRUE(error.description.contains("inha")) << qPrintable(error.description);
+        }
+        for (const char* const select : unsound)
+            EXPECT_EQ(value(select), "0") << select << '\n' << lines.join('\n').toStdString();
+    }
+    EXPECT_GT(written, 200);
 }
