@@ -60,11 +60,20 @@ void GedcomWriter::writePerson(const PersonCard& card, OfPeople& rows)
     ++counts_.people;
 }
 
+// Names recur in a parish; the latest ones aren't taken apart again.
+GedcomName GedcomWriter::nameOf(const QString& name)
+{
+    if (const GedcomName* const known = namesOfLate_.object(name)) return *known;
+    const GedcomName made = gedcomName(withoutBanned(name, lines_.version()), names_);
+    namesOfLate_.insert(name, new GedcomName(made));
+    return made;
+}
+
 // A title of one word stands before the name, unless that begins with one as well; one of several, "Conde de Basto", is
 // one of its own.
 void GedcomWriter::writeName(const PersonCard& card)
 {
-    const GedcomName name = gedcomName(withoutBanned(card.name, lines_.version()), names_);
+    const GedcomName name = nameOf(card.name);
     const QString title = card.title.simplified(), nickname = card.nickname.simplified();
     const bool isPrefix = !title.isEmpty() && !title.contains(u' ') && !name.payload.isEmpty() && name.titles.isEmpty();
     const QString prefix = isPrefix ? title : name.titles.join(' ');

@@ -6,6 +6,7 @@
 #include "study/exchange/gedcomValues.h"
 #include "study/exchange/ownedRows.h"
 
+#include <QCache>
 #include <QSet>
 
 #include <memory>
@@ -99,6 +100,7 @@ private:
     // A person.
     struct OfPeople;
     void writePerson(const PersonCard& card, OfPeople& rows);
+    GedcomName nameOf(const QString& name);
     void writeName(const PersonCard& card);
     void writeBirth(const PersonCard& card, OfPeople& rows);
     void writeDeath(const PersonCard& card, OfPeople& rows, const QStringList& suffrages);
@@ -153,6 +155,8 @@ private:
     PlaceNames places_;
     const NameTable& names_ = NameTable::shared(); // asked once: it looks for its file
     QString folder_;                               // of the BDP
+    static constexpr int mostNames = 10'000;       // a few megabytes
+    QCache<QString, GedcomName> namesOfLate_{mostNames};
     parish::Home home_ = {};
     parish::Catalogue catalogue_ = {};
     QSet<qint64> withheld_ = {}, withheldFamilies_ = {}; // who may be alive, and the couples with one of them
