@@ -54,6 +54,8 @@ public:
             take(record);
             if (count % recordsBetweenQuestions == 0) ask(shareOfTheIndex + reader.done() * shareOfTheRows);
         }
+        const qint64 unread = target_.index.notes.size() - target_.notesRead.size();
+        if (unread > 0) target_.report.left["SNOTE"] += unread;
         settleFamilies();
         keepBaptisms();
         ask(shareOfTheIndex + shareOfTheRows);

@@ -33,6 +33,7 @@ QString Reading::takeNotes(const GedcomNode& of)
         if (isTaken(one) || (one.tag != "NOTE" && one.tag != "SNOTE")) continue;
         if (one.isPointer && !index_.notes.contains(one.value)) continue;
         take(one);
+        if (one.isPointer) notesRead_ << one.value;
         all << (one.isPointer ? index_.notes.value(one.value) : one.value);
     }
     return all.join('\n');
@@ -46,6 +47,7 @@ QString Reading::shownValue(const GedcomNode& node) const
         return QString("pessoa %1").arg(person->number);
     if (const GedcomFamilySeen* const family = index_.family(node.value))
         return QString("família %1").arg(family->number);
+    if (index_.notes.contains(node.value)) notesRead_ << node.value;
     for (const QHash<QString, QString>* const texts : {&index_.sources, &index_.notes, &index_.objects})
         if (const auto found = texts->constFind(node.value); found != texts->constEnd()) return *found;
     return '@' + node.value + '@';

@@ -17,7 +17,8 @@ namespace study::exchange {
 class Reading
 {
 public:
-    explicit Reading(const GedcomIndex& index) : index_(index) {}
+    // `notesRead`: the names of the shared notes that were read, of all records.
+    Reading(const GedcomIndex& index, QSet<QString>& notesRead) : index_(index), notesRead_(notesRead) {}
 
     // The first structure of that tag that nothing was made of yet, which something is made of now; null for none.
     // Those below it stay.
@@ -37,6 +38,7 @@ public:
 
 private:
     const GedcomIndex& index_;
+    QSet<QString>& notesRead_;
     QSet<const GedcomNode*> taken_ = {};
 };
 

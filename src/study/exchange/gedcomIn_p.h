@@ -39,6 +39,7 @@ struct GedcomTarget
     GedcomWords words;
     GedcomReport report = {};
     std::map<parish::PersonNumber, indicators::BaptismDays> baptisms = {};
+    QSet<QString> notesRead = {}; // shared ones
     QHash<qint64, DatesSeen> people = {};
     struct Children
     {
@@ -68,7 +69,8 @@ struct ActAt
 class RecordIn
 {
 protected:
-    RecordIn(GedcomTarget& target, const GedcomNode& record) : target_(target), reading_(target.index), record_(record)
+    RecordIn(GedcomTarget& target, const GedcomNode& record)
+        : target_(target), reading_(target.index, target.notesRead), record_(record)
     {
     }
 

@@ -134,11 +134,11 @@ TEST_F(GedcomInto, LosesNothingThatItHasNoColumnFor)
         read(person("1 NAME Ana /Dias/\n2 TYPE MAIDEN\n1 NAME Ana /Lopes/\n1 _COLOR blue\n2 _SHADE dark\n"
                     "1 CHAN\n2 DATE 1 JAN 2020\n1 BIRT\n2 AGNC Paróquia\n1 NOTE Primeira\n2 CONT linha\n"
                     "1 SNOTE @N1@\n1 ASSO @VOID@\n2 PHRASE Rui\n2 ROLE OTHER\n3 PHRASE tutor\n") +
-             "0 @N1@ SNOTE Partilhada\n0 @S1@ SUBM\n1 NAME Eu\n");
+             "0 @N1@ SNOTE Partilhada\n0 @N2@ SNOTE De ninguém\n0 @S1@ SUBM\n1 NAME Eu\n");
     EXPECT_EQ(notes(), "Primeira\nlinha\nPartilhada\nNAME.TYPE: MAIDEN\nNAME: Ana /Lopes/\n_COLOR: blue\n"
                        "_COLOR._SHADE: dark\nBIRT.AGNC: Paróquia\nASSO\nASSO.PHRASE: Rui\nASSO.ROLE: OTHER\n"
                        "ASSO.ROLE.PHRASE: tutor");
-    EXPECT_EQ(report.left, (QMap<QString, qint64>{{"INDI.CHAN", 1}, {"SUBM", 1}}));
+    EXPECT_EQ(report.left, (QMap<QString, qint64>{{"INDI.CHAN", 1}, {"SNOTE", 1}, {"SUBM", 1}}));
     EXPECT_EQ(report.toNotes.value("INDI._COLOR._SHADE"), 1);
 }
 
