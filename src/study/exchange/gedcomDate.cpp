@@ -2,8 +2,6 @@
 
 #include "study/exchange/gedcomDay.h"
 
-#include <QRegularExpression>
-
 #include <vector>
 
 namespace study::exchange {
@@ -15,10 +13,10 @@ enum class Said : quint8
     Nothing,
     About,  // ABT
     Worked, // CAL, EST, INT: the BDP doesn't know these from one another
-    Before,
-    After,
-    From, // FROM, BET
-    Until // TO, AND
+    Before, // BEF
+    After,  // AFT
+    From,   // FROM, BET
+    Until   // TO, AND
 };
 
 // The words of both versions, and those of habit.

@@ -11,7 +11,7 @@ using Byte = unsigned char;
 
 constexpr Byte firstForeign = 0x80, firstAccent = 0xE0;
 constexpr int longestOfUtf8 = 4;
-constexpr qsizetype lookedAhead = 8; // no letter has more bytes
+constexpr qsizetype mostAccents = 6, lookedAhead = 8; // no letter has more
 
 Byte byteAt(const QByteArray& bytes, qsizetype at)
 {
@@ -41,12 +41,12 @@ bool has1252(Byte byte)
 }
 
 // ANSI Z39.47 with what GEDCOM adds. Bytes 0xA0 to 0xCF stand for themselves; 0: no letter.
-constexpr char16_t ansel[] = {0,      u'Ł', u'Ø',   u'Đ', u'Þ',   u'Æ', u'Œ',   0x02B9, u'·', 0x266D, u'®',   u'±',
-                              u'Ơ',   u'Ư', 0x02BC, 0,    0x02BB, u'ł', u'ø',   u'đ',   u'þ', u'æ',   u'œ',   0x02BA,
-                              u'ı',   u'£', u'ð',   0,    u'ơ',   u'ư', 0x25A1, 0x25A0, u'°', 0x2113, 0x2117, u'©',
-                              0x266F, u'¿', u'¡',   u'ß', u'€',   0,    0,      0,      0,    u'e',   u'o',   u'ß'};
+constexpr char16_t anselLetters[] = {
+    0,      u'Ł',   u'Ø',   u'Đ', u'Þ',   u'Æ', u'Œ', 0x02B9, u'·', 0x266D, u'®', u'±', u'Ơ', u'Ư', 0x02BC, 0,
+    0x02BB, u'ł',   u'ø',   u'đ', u'þ',   u'æ', u'œ', 0x02BA, u'ı', u'£',   u'ð', 0,    u'ơ', u'ư', 0x25A1, 0x25A0,
+    u'°',   0x2113, 0x2117, u'©', 0x266F, u'¿', u'¡', u'ß',   u'€', 0,      0,    0,    0,    u'e', u'o',   u'ß'};
 constexpr Byte firstAnsel = 0xA0;
-static_assert(std::size(ansel) == 0x30);
+static_assert(std::size(anselLetters) == 0x30);
 
 // Bytes 0xE0 to 0xFF are accents, and stand before their letter.
 constexpr char16_t accents[] = {0x0309, 0x0300, 0x0301, 0x0302, 0x0303, 0x0304, 0x0306, 0x0307, 0x0308, 0x030C, 0x030A,
@@ -65,7 +65,8 @@ char16_t letterOfAnsel(Byte byte)
     if (byte < firstForeign) return byte;
     if (byte == 0x8D) return 0x200D;
     if (byte == 0x8E) return 0x200C;
-    return byte >= firstAnsel && byte < firstAnsel + std::size(ansel) ? ansel[byte - firstAnsel] : char16_t(0);
+    return byte >= firstAnsel && byte < firstAnsel + std::size(anselLetters) ? anselLetters[byte - firstAnsel]
+                                                                             : char16_t(0);
 }
 
 // How many bytes the letter of UTF-8 has that begins there; 0 where there is none.
@@ -80,7 +81,7 @@ int lengthOfUtf8(const QByteArray& bytes, qsizetype at)
 qsizetype accentsAt(const QByteArray& bytes, qsizetype at)
 {
     qsizetype count = 0;
-    while (accentOf(byteAt(bytes, at + count)))
+    while (count < mostAccents && accentOf(byteAt(bytes, at + count)))
         ++count;
     return count;
 }
@@ -130,6 +131,7 @@ bool isSurelyUtf8(const QByteArray& bytes, qsizetype at)
 // Letters of both encodings that are taken for each other. What isn't of the one that the file is in is a guess.
 GedcomText decodedMixed(const QByteArray& bytes, bool isUtf8)
 {
+    if (isUtf8 && QUtf8StringView(bytes).isValidUtf8()) return {QString::fromUtf8(bytes), {}};
     GedcomText read;
     read.text.reserve(bytes.size());
     for (qsizetype at = 0; at < bytes.size();) {
@@ -179,27 +181,38 @@ GedcomStart startOf(const QByteArray& firstBytes)
     return {};
 }
 
-qsizetype ForeignBytes::count(const QByteArray& text, bool isLast)
+void ForeignBytes::count(const QByteArray& piece)
 {
-    const qsizetype end = isLast ? text.size() : text.size() - lookedAhead;
-    qsizetype utf8End = 0, at = 0;
-    for (; at < end; ++at) {
-        if (byteAt(text, at) < firstForeign) continue;
+    text_ += piece;
+    countTo(text_.size() - lookedAhead);
+}
+
+void ForeignBytes::countRest()
+{
+    countTo(text_.size());
+}
+
+void ForeignBytes::countTo(qsizetype end)
+{
+    if (end <= from_) return;
+    for (qsizetype at = from_; at < end; ++at) {
+        if (byteAt(text_, at) < firstForeign) continue;
         ++all;
-        if (at >= utf8End) {
-            const int length = lengthOfUtf8(text, at);
+        if (at >= utf8End_) {
+            const int length = lengthOfUtf8(text_, at);
             ++(length > 0 ? utf8Letters : notUtf8);
-            utf8End = at + qMax(1, length);
+            utf8End_ = at + qMax(1, length);
         }
-        const bool isFirstAccent = at == 0 || !accentOf(byteAt(text, at - 1));
-        if (!isFirstAccent) continue;
-        const qsizetype accentsThere = accentsAt(text, at);
-        const bool isLetter = accentsThere > 0 ? isComposed(text, at, accentsThere) && !isTildeOf1252(text, at)
-                                               : letterOfAnsel(byteAt(text, at)) != 0;
+        if (at > 0 && accentOf(byteAt(text_, at - 1))) continue; // counted with the first one
+        const qsizetype accentsThere = accentsAt(text_, at);
+        const bool isLetter = accentsThere > 0 ? isComposed(text_, at, accentsThere) && !isTildeOf1252(text_, at)
+                                               : letterOfAnsel(byteAt(text_, at)) != 0;
         ++(isLetter ? ansel : notAnsel);
-        if (isOnlyAnsel(text, at)) ++onlyAnsel;
+        if (isOnlyAnsel(text_, at)) ++onlyAnsel;
     }
-    return qMax<qsizetype>(0, qMax(at, qMin(utf8End, text.size())));
+    text_.remove(0, end - 1);
+    utf8End_ = qMax<qsizetype>(0, utf8End_ - (end - 1));
+    from_ = 1;
 }
 
 GedcomEncodingFound encodingOf(const QString& claimed, const ForeignBytes& bytes)

@@ -24,17 +24,23 @@ struct GedcomStart
 };
 GedcomStart startOf(const QByteArray& firstBytes);
 
-// What the bytes beyond ASCII would be as letters of the one or the other encoding.
-struct ForeignBytes
+// What the bytes beyond ASCII would be as letters of the one or the other encoding; counted piece by piece.
+class ForeignBytes
 {
+public:
+    void count(const QByteArray& piece);
+    void countRest(); // what waits for bytes behind it
+    bool areEnough() const { return all >= 65536; }
+
     qint64 all = 0;
     qint64 utf8Letters = 0, notUtf8 = 0;           // letters of several bytes, and bytes that are of none
     qint64 ansel = 0, notAnsel = 0, onlyAnsel = 0; // accents before a letter; before none; pairs that are no Latin word
 
-    // Counts the text up to near its end, and returns how many bytes that was: the rest goes before what comes next.
-    // All of it where there is no more to come.
-    qsizetype count(const QByteArray& text, bool isLast);
-    bool areEnough() const { return all >= 65536; }
+private:
+    void countTo(qsizetype end);
+
+    QByteArray text_ = {}; // behind the byte before it
+    qsizetype from_ = 0, utf8End_ = 0;
 };
 
 // The encoding of 8-bit text that calls itself so (HEAD.CHAR, "" where it says nothing). Text that is UTF-8 is read as

@@ -1,3 +1,4 @@
+#include "study/exchange/gedcomCuts.h"
 #include "study/exchange/gedcomSource.h"
 #include "study/exchange/gedcomStructure.h"
 
@@ -5,8 +6,9 @@ namespace study::exchange {
 
 namespace {
 
-constexpr std::size_t mostStructures = 250000;
+constexpr int mostLines = 250000;
 constexpr qsizetype mostLetters = 1 << 25;
+constexpr int linesLookedAt = 200000; // for how texts are cut
 
 bool isForeign(QChar letter)
 {
@@ -60,7 +62,8 @@ public:
     double done() const { return ended_ ? 1.0 : source_.done(); }
 
 private:
-    // A structure below which the next line may stand. Where each line of its value begins is kept until it is whole.
+    // A structure below which the next line may stand. Where each further line of its value begins is kept until it is
+    // whole.
     struct Piece
     {
         qsizetype from = 0;
@@ -80,22 +83,24 @@ private:
     void open(GedcomStructureLine& line);
     Open& continuedBy(const GedcomStructureLine& line);
     void carryOn(const GedcomStructureLine& line);
-    void append(Open& open, const GedcomStructureLine& line, bool onNewLine);
-    void close(Open& open);
-    QString lettersOf(const QString& raw, const std::vector<Piece>& pieces);
+    void append(Open& continued, const GedcomStructureLine& line, bool onNewLine);
+    void close(const Open& ended);
+    void makeReadable(QString& letters, int firstLine, const std::vector<Piece>& further);
     void countIn(const GedcomStructureLine& line);
-    void refuseRest(const QString& record);
+    void lookAtCuts();
+    void tellOfRest();
 
     GedcomSource source_;
     GedcomProblems problems_ = {};
     GedcomEncoding encoding_ = GedcomEncoding::Utf8;
     bool is70_ = false, isRaw_ = false, ended_ = false;
+    bool addBlanks_ = false;           // at each CONC
     GedcomStructureLine waiting_ = {}; // the first one of the next record
     bool isWaiting_ = false;
     int blankLines_ = 0; // before the line at hand
     int lastLine_ = 0;
     std::vector<Open> open_ = {};
-    std::size_t structures_ = 0;
+    int lines_ = 0; // of the record at hand, as its letters
     qsizetype letters_ = 0;
 };
 
@@ -135,28 +140,46 @@ GedcomHead GedcomReader::Records::readHead()
     if (source_.is8Bit())
         found = encodingOf(is70_ ? QString("UTF-8") : head.text("CHAR").trimmed(), source_.foreignBytes());
     told.encoding = encoding_ = found.encoding;
-    source_.restart();
     problems_ = {};
+    if (!is70_) lookAtCuts();
+    source_.restart();
     if (!found.problem.isEmpty()) problems_.tell(GedcomDoubt::Encoding, 1, found.problem);
-    head = {};
     headOf(head);
     told.source = head.text("SOUR").simplified();
     if (const GedcomNode* places = head.child("PLAC")) told.form = places->text("FORM").simplified();
     return told;
 }
 
+void GedcomReader::Records::lookAtCuts()
+{
+    GedcomCuts cuts;
+    GedcomProblems passedOver;
+    GedcomLine line;
+    source_.restart();
+    for (int i = 0; i < linesLookedAt && !cuts.areEnough() && source_.next(line, passedOver); ++i)
+        cuts.take(structureLine(line));
+    addBlanks_ = cuts.loseBlanks();
+    if (addBlanks_)
+        problems_.tell(
+            GedcomDoubt::Continuation, cuts.firstLine(),
+            "Os textos longos foram cortados entre palavras sem guardar o espaço: em cada CONC foi posto um.");
+}
+
 bool GedcomReader::Records::next(GedcomNode& record)
 {
     if (ended_) return false;
+    ended_ = true; // also where the rest can't be read
     while (readRecord(record)) {
         if (record.tag == "TRLR") {
-            refuseRest(record.tag);
+            tellOfRest();
             return false;
         }
-        if (record.tag != "HEAD") return true;
+        if (record.tag != "HEAD") {
+            ended_ = false;
+            return true;
+        }
         problems_.tell(GedcomDoubt::Structure, record.line, "Há outro HEAD a meio do ficheiro, que não foi lido.");
     }
-    ended_ = true;
     problems_.tell(GedcomDoubt::End, lastLine_,
                    source_.isWhole() ? "Falta TRLR no fim do ficheiro, que pode estar incompleto."
                                      : "O ficheiro acaba a meio de uma linha e sem TRLR: está incompleto.");
@@ -164,13 +187,10 @@ bool GedcomReader::Records::next(GedcomNode& record)
 }
 
 // What stands behind TRLR is no part of the file.
-void GedcomReader::Records::refuseRest(const QString& record)
+void GedcomReader::Records::tellOfRest()
 {
-    ended_ = true;
-    GedcomStructureLine line;
-    if (isWaiting_ || nextLine(line))
-        problems_.tell(GedcomDoubt::End, isWaiting_ ? waiting_.number : line.number,
-                       "Depois de " + record + " há mais linhas, que não foram lidas.");
+    if (!isWaiting_ && !nextLine(waiting_)) return;
+    problems_.tell(GedcomDoubt::End, waiting_.number, "Depois de TRLR há mais linhas, que não foram lidas.");
 }
 
 bool GedcomReader::Records::readRecord(GedcomNode& record)
@@ -196,19 +216,20 @@ bool GedcomReader::Records::readRecord(GedcomNode& record)
 
 void GedcomReader::Records::begin(GedcomNode& record, GedcomStructureLine& line)
 {
-    structures_ = 0;
+    lines_ = 0;
     letters_ = 0;
     record = {};
     open_.clear();
     countIn(line);
     record = nodeOf(line, is70_);
-    open_.push_back({&record, 0, {{0, line.number}}});
+    open_.push_back({&record, 0});
 }
 
 void GedcomReader::Records::countIn(const GedcomStructureLine& line)
 {
     letters_ += line.value.size() + line.xref.size() + line.tag.size();
-    if (letters_ > mostLetters || ++structures_ > mostStructures)
+    lines_ += 1 + blankLines_;
+    if (letters_ > mostLetters || lines_ > mostLines)
         refuseGedcom(line.number, "o registo é demasiado grande para um ficheiro GEDCOM.");
 }
 
@@ -236,11 +257,11 @@ void GedcomReader::Records::open(GedcomStructureLine& line)
                        QString("O nível %1 salta um nível: a linha foi lida abaixo da anterior.").arg(line.level));
     std::vector<GedcomNode>& beside = open_.back().node->children;
     beside.push_back(nodeOf(line, is70_));
-    open_.push_back({&beside.back(), line.level, {{0, line.number}}});
+    open_.push_back({&beside.back(), line.level});
 }
 
-// The one above it by its level. Some programs give it the level of what it continues: then that is meant, unless it is
-// itself something that can't be continued below a text.
+// What its level leads to: the structure right above, or one further up that has a text. Otherwise its level is wrong
+// (some programs give it that of what it continues), and the one right above is meant.
 GedcomReader::Records::Open& GedcomReader::Records::continuedBy(const GedcomStructureLine& line)
 {
     for (Open& each : open_) {
@@ -260,36 +281,41 @@ void GedcomReader::Records::carryOn(const GedcomStructureLine& line)
     append(continued, line, line.tag == "CONT");
 }
 
-void GedcomReader::Records::append(Open& open, const GedcomStructureLine& line, bool onNewLine)
+void GedcomReader::Records::append(Open& continued, const GedcomStructureLine& line, bool onNewLine)
 {
-    GedcomNode& node = *open.node;
+    GedcomNode& node = *continued.node;
     node.isPointer = false;
-    if (onNewLine) node.value += u'\n';
-    open.pieces.push_back({node.value.size(), line.number});
+    if (onNewLine)
+        node.value += u'\n';
+    else if (addBlanks_)
+        node.value += u' ';
+    continued.pieces.push_back({node.value.size(), line.number});
     node.value += onNewLine && is70_ ? withoutFirstAt(line.value) : line.value;
 }
 
-void GedcomReader::Records::close(Open& open)
+void GedcomReader::Records::close(const Open& ended)
 {
-    GedcomNode& node = *open.node;
+    GedcomNode& node = *ended.node;
     if (isRaw_) return;
-    node.xref = lettersOf(node.xref, {{0, node.line}});
-    node.value = lettersOf(node.value, open.pieces);
+    makeReadable(node.xref, node.line, {});
+    makeReadable(node.value, node.line, ended.pieces);
     if (node.isPointer)
         node.value = node.value.trimmed().sliced(1).chopped(1);
-    else if (!is70_)
+    else if (!is70_ && node.value.contains(u'@'))
         node.value.replace("@@", "@");
 }
 
-QString GedcomReader::Records::lettersOf(const QString& raw, const std::vector<Piece>& pieces)
+void GedcomReader::Records::makeReadable(QString& letters, int firstLine, const std::vector<Piece>& further)
 {
-    if (std::none_of(raw.begin(), raw.end(), isForeign)) return raw;
+    if (std::none_of(letters.cbegin(), letters.cend(), isForeign)) return;
+    const QString raw = std::exchange(letters, {});
     const GedcomText read = source_.is8Bit() ? decoded(raw.toLatin1(), encoding_) : checked(raw);
+    letters = read.text;
     int told = 0;
     for (const qsizetype at : read.guessed) {
-        const auto behind = std::upper_bound(pieces.begin(), pieces.end(), at,
+        const auto behind = std::upper_bound(further.begin(), further.end(), at,
                                              [](qsizetype place, const Piece& piece) { return place < piece.from; });
-        const int line = std::prev(behind)->line;
+        const int line = behind == further.begin() ? firstLine : std::prev(behind)->line;
         if (line == told) continue;
         told = line;
         problems_.tell(GedcomDoubt::Letter, line,
@@ -297,7 +323,6 @@ QString GedcomReader::Records::lettersOf(const QString& raw, const std::vector<P
                                "pelo que parecem ser.")
                            .arg(hexOf(raw[at])));
     }
-    return read.text;
 }
 
 GedcomReader::GedcomReader(QIODevice& device) : records_(std::make_unique<Records>(device))

@@ -23,6 +23,7 @@ struct GedcomNode
     int line = 0; // of its first line, from 1
     std::vector<GedcomNode> children = {};
 
+    bool operator==(const GedcomNode&) const = default;
     bool isVoid() const { return isPointer && value == QLatin1String("VOID"); }
     const GedcomNode* child(const char* tag) const; // the first one; null where there is none
     QString text(const char* tag) const;            // the value of that child; ""
@@ -52,9 +53,11 @@ struct GedcomHead
     QString source = {};  // the program that wrote it
     QString form = {};    // of the places: "Lugar, Freguesia, Concelho"
     GedcomEncoding encoding = GedcomEncoding::Utf8;
+
+    bool operator==(const GedcomHead&) const = default;
 };
 
-// Reads one record at a time, in the order of the file; memory is that of the longest one, of 250,000 structures and
+// Reads one record at a time, in the order of the file; memory is that of the longest one, of 250,000 lines and
 // 32 million letters at the most. Line ends of every kind, blank lines, indents, tabs, lines that were broken in the
 // middle (taken as a continuation of the one before, and told) and levels that skip one (told) are read. Text that is
 // UTF-8 is read as that, whatever HEAD says; bytes that are no letters are read by a guess, and told.

@@ -58,14 +58,11 @@ void GedcomSource::restart()
 
 ForeignBytes GedcomSource::foreignBytes()
 {
+    restart();
     ForeignBytes counted;
-    QByteArray text;
-    while (!counted.areEnough()) {
-        const QByteArray more = read();
-        text += more;
-        text.remove(0, counted.count(text, more.isEmpty()));
-        if (more.isEmpty()) break;
-    }
+    for (QByteArray piece = read(); !piece.isEmpty() && !counted.areEnough(); piece = read())
+        counted.count(piece);
+    counted.countRest();
     restart();
     return counted;
 }
@@ -86,19 +83,17 @@ bool GedcomSource::fill()
 {
     at_ = 0;
     letters_.clear();
-    QByteArray bytes = read();
+    QByteArray bytes = half_ + read();
     if (is8Bit()) {
         letters_ = QString::fromLatin1(bytes);
         return !letters_.isEmpty();
     }
-    if (bytes.isEmpty()) {
-        if (!half_.isEmpty()) letters_ = QChar(halfOfNone);
-        half_.clear();
-        return !letters_.isEmpty();
-    }
-    if (half_.size() + bytes.size() == 1) bytes += read();
-    bytes.prepend(half_);
+    if (bytes.size() == 1) bytes += read();
     half_.clear();
+    if (bytes.size() == 1) {
+        letters_ = QChar(halfOfNone);
+        return true;
+    }
     if (bytes.size() % 2 != 0) half_ = bytes.last(1);
     letters_.resize(bytes.size() / 2);
     for (qsizetype i = 0; i < letters_.size(); ++i)

@@ -37,7 +37,7 @@ struct Scanner
 
     bool isAt(char16_t letter) const { return at < letters.size() && letters[at] == letter; }
 
-    bool level(int& level)
+    bool takeLevel(int& level)
     {
         at = passBlanks(letters, at);
         const qsizetype from = at;
@@ -50,7 +50,7 @@ struct Scanner
     }
 
     // "@I1@", also without anything between its signs.
-    bool xref(QString& xref)
+    bool takeXref(QString& xref)
     {
         if (!isAt(u'@')) return true;
         const qsizetype end = letters.indexOf(u'@', at + 1);
@@ -60,7 +60,7 @@ struct Scanner
         return true;
     }
 
-    bool tag(QString& tag)
+    bool takeTag(QString& tag)
     {
         const qsizetype from = at;
         while (at < letters.size() && isOfTag(letters[at]))
@@ -106,7 +106,7 @@ GedcomStructureLine structureLine(const GedcomLine& line)
     Scanner scanner{line.letters};
     int level = -1;
     QString tag;
-    if (!scanner.level(level) || !scanner.xref(read.xref) || !scanner.tag(tag)) {
+    if (!scanner.takeLevel(level) || !scanner.takeXref(read.xref) || !scanner.takeTag(tag)) {
         read.xref.clear();
         read.value = read.whole = line.letters;
         return read;

@@ -173,8 +173,8 @@ TEST(GedcomDates, GiveBackWhatIsWritten)
         const QDate day(100 + dice.bounded(2000), 1 + dice.bounded(12), 1 + dice.bounded(28));
         const QDate put = dice.bounded(10) == 0 ? QDate(day.year(), 1, 1) : day;
         const parish::Date date = parish::dateOf(put, dice.bounded(2) == 0);
-        const GedcomDateRead read = readGedcomDate(QString::fromUtf8(gedcomDate(date)));
-        EXPECT_EQ(read, (GedcomDateRead{date, {}, {}})) << gedcomDate(date).constData();
+        const GedcomDateRead again = readGedcomDate(QString::fromUtf8(gedcomDate(date)));
+        EXPECT_EQ(again, (GedcomDateRead{date, {}, {}})) << gedcomDate(date).constData();
         const QDate until = dice.bounded(3) == 0 ? QDate() : put.addDays(dice.bounded(9000));
         const QDate from = until.isValid() && dice.bounded(3) == 0 ? QDate() : put;
         EXPECT_EQ(readGedcomPeriod(QString::fromUtf8(gedcomPeriod(from, until))),
