@@ -88,6 +88,8 @@ TEST_F(TheIdsOfAParish, WritesNothingWhereItIsInterruptedOrRefused)
     EXPECT_EQ(err_, "Interrompido. Nada foi escrito.\n");
     EXPECT_EQ(QDir(target()).entryList(QDir::Files | QDir::Hidden), QStringList());
     EXPECT_EQ(orv({"exportar", "ids", folder.filePath("nada.orv"), target()}), refused);
+    EXPECT_FALSE(QFileInfo::exists(target())) << "a folder that was made for nothing";
+    ASSERT_TRUE(QDir().mkpath(target()));
     QFile other(QDir(target()).filePath("METADATA.csv"));
     ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     other.write("de outrem");

@@ -272,7 +272,8 @@ private:
     void checkFile(const QJsonObject& resource)
     {
         const QString name = resource["name"].toString();
-        expect(resource["description"].isString() && resource["description_en"].isString(), name + ": a description");
+        expect(!ours_ || (resource["description"].isString() && resource["description_en"].isString()),
+               name + ": a description");
         const QByteArray bytes = contentOf(path(resource["path"].toString()));
         expectName(name);
         expect(!rows_.contains(name), name + " is there twice");
