@@ -41,12 +41,16 @@ void Ficha::procuraRegisto(const QString& criterio)
 
 void Ficha::releFicheiro(const QString& criterio)
 {
-    const bool vazio = !ficheiro().hasRows();
+    const bool estavaVazio = !ficheiro().hasRows();
     ficheiro().refresh();
-    if (vazio) AplicarModo(modo_); // an empty file has shut the commands
+    const bool temLinhas = ficheiro().hasRows();
+    if (!temLinhas)
+        mostraRegistoDoFicheiro();
+    else if (estavaVazio)
+        AplicarModo(modo_); // an empty file has shut the commands
     procuraRegisto(criterio);
-    permiteRecuar(ficheiro().hasRows());
-    permiteAvancar(ficheiro().hasRows());
+    permiteRecuar(temLinhas);
+    permiteAvancar(temLinhas);
 }
 
 void Ficha::abreJanela(const QString& nome)

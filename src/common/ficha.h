@@ -44,7 +44,8 @@ public:
 
     // Whether no edit, no search and no list of results is under way on the card.
     bool emRepouso() const { return passo() == Passo::Repouso; }
-    // Records have come into the file from outside the card: reads it anew, and shows as procuraRegisto().
+    // Records have come into the file, or gone, from outside the card: reads it anew, and shows as procuraRegisto(); an
+    // empty file as nobody, with the commands shut.
     // Precondition: emRepouso(). Throws as a refresh.
     void releFicheiro(const QString& criterio);
 
@@ -84,7 +85,7 @@ protected:
 
     virtual const QList<ModeRow>& modos() const = 0;
     virtual jet::DataControl& ficheiro() = 0;   // all records, in the order of the movement buttons
-    virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card
+    virtual void mostraRegistoDoFicheiro() = 0; // puts its current row on the card, or that it is empty
 
     // What a click on a command means, by the step. The four that begin something aren't called while EmPesquisa is on.
     virtual void iniciaInsercao() = 0;

@@ -143,7 +143,7 @@ void FrmFam::mostraFamilia()
 
 void FrmFam::mostraRegistoDoFicheiro()
 {
-    ActualizaCampos(adoFam.recordset(), Nfam::daColuna(adoFam.recordset()["nfamilia"]));
+    ActualizaCampos(adoFam.recordset(), adoFam.hasRows() ? Nfam::daColuna(adoFam.recordset()["nfamilia"]) : Nfam());
 }
 
 void FrmFam::cmbTipoFam_Click()

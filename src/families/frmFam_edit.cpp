@@ -108,7 +108,7 @@ void FrmFam::cancelaInsercao()
 {
     largaActoPorGuardar();
     fechaEdicao();
-    ActualizaCampos(adoFam.recordset(), adoFam.hasRows() ? Nfam::daColuna(adoFam.recordset()["nfamilia"]) : Nfam());
+    mostraRegistoDoFicheiro();
 }
 
 // It starts from what is stored, whatever the card shows by now; a family that can't be shown isn't altered.

@@ -26,7 +26,7 @@ struct Read
     std::string output;
     std::string settings, list;
     std::string version, limit, dates, date; // of what is written
-    bool spreadsheet = false, emptyOrphans = false;
+    bool spreadsheet = false;
     bool noPlaces = false, noProfessions = false;                  // that the BDP hasn't: none is made
     std::optional<std::string> birthWords = {}, baptismWords = {}; // "" is an answer, too
     bool linkCouples = false;
@@ -128,7 +128,7 @@ void addTables(CLI::App& command, Read& read, Order& order)
     addBdp(command, read, order);
     command.add_option("pasta", read.output)->required();
     command.add_flag("--excel", read.spreadsheet);
-    command.add_flag("--sem-orfas", read.emptyOrphans);
+    command.add_flag("--sem-orfas", order.out.emptyOrphans);
 }
 
 void addIds(CLI::App& command, Read& read, Order& order)
@@ -259,7 +259,6 @@ QString readExportWords(const Read& read, Order& order)
 {
     static constexpr int mostYears = 1000;
     if (read.spreadsheet) order.way = "tabelas-excel";
-    if (read.emptyOrphans) order.out.orphans = exchange::Orphans::Emptied;
     if (read.version == "7.0")
         order.way = "gedcom-7.0";
     else if (!read.version.empty() && read.version != "5.5.1")
@@ -378,10 +377,12 @@ programa pode tê-la aberta.
                        dito; bapm, baptismos; birt, nascimentos. Onde as notas dizem as duas, vão as duas
   --associacoes        os padrinhos, as testemunhas e os celebrantes vão também no acto (em 5.5.1, como _ASSO, que só
                        alguns programas lêem), ou também na pessoa (em 7.0)
+
 Exportar tabelas escreve na pasta todas as tabelas da BDP em CSV, com a sua descrição (datapackage.json). O que
 não pode estar na sua tabela (números que não levam a nenhum registo) vai para problemas.csv. A BDP não é alterada.
   --excel              para o Excel em português: ";", vírgula decimal, datas dd/mm/aaaa
   --sem-orfas          os números que não levam a nenhum registo ficam vazios, e não vão para problemas.csv
+
 Exportar ids escreve na pasta as tabelas da Intermediate Data Structure, versão 4 (INDIVIDUAL, INDIV_INDIV,
 INDIV_CONTEXT, CONTEXT, CONTEXT_CONTEXT e METADATA) em CSV. A BDP não é alterada.
   --maiusculas         os tipos em maiúsculas: BIRTH_DATE
@@ -389,11 +390,13 @@ INDIV_CONTEXT, CONTEXT, CONTEXT_CONTEXT e METADATA) em CSV. A BDP não é altera
   --filhos-em-casa     a residência de uma família é também a dos filhos que vivem com ela
   --limite             como em exportar gedcom
   --data               dia que fica no nome da base (Id_D); sem isto, o da última escrita na BDP
+
 Exportar episodios escreve na pasta quem esteve em risco de quê, e de quando a quando, em CSV: para quem estuda a
 fecundidade, a mortalidade, o casamento e o recasamento com programas de análise de sobrevivência. Conta com as
 definições do estudo, como os indicadores; vão as colunas descritas, e um exemplo em R. Não leva nomes.
-  --limite             como em gedcom
-Importar tabelas faz de uma pasta assim uma BDP nova, igual à primeira, linha por linha; nada é escrito por
+  --limite             como em exportar gedcom
+
+Importar tabelas faz da pasta de exportar tabelas uma BDP nova, igual à primeira, linha por linha; nada é escrito por
 cima. Bastam algumas tabelas, com os nomes e as colunas de uma BDP; os locais, os códigos e as profissões são
 os do programa, se não houver nenhuma tabela deles. Um ficheiro com erros é recusado com a linha e a razão.
   --ensaio             lê tudo, diz os erros, e não escreve nada
@@ -417,7 +420,6 @@ Contagens diz, em JSON, o que se contou na BDP para os indicadores do estudo, co
 juntar soma as de várias freguesias, se foram feitas com as mesmas definições. Relatorio faz uma página com
 todos os quadros e gráficos, e tabelas um ficheiro CSV de cada quadro, com a sua descrição, na pasta: de uma
 ou de várias BDP (.orv) ou contagens (.json). Nenhuma BDP é alterada; o programa pode tê-la aberta.
-
 
 Smam diz a idade média ao primeiro casamento pelos solteiros de uma lista, como a de um recenseamento: um
 CSV com as colunas grupo (15–19 a 50–54, os oito) e solteiros, em percentagem; ou em número, com a coluna

@@ -87,7 +87,7 @@ Exchanged writeTables(Dialect dialect, const jet::Connection& bdp, const OutOrde
 {
     const TablesWritten all = exportTables(bdp, order.target,
                                            {.dialect = dialect,
-                                            .orphans = order.options.orphans,
+                                            .orphans = order.options.emptyOrphans ? Orphans::Emptied : Orphans::Apart,
                                             .program = report::programName(),
                                             .source = sourceOf(order),
                                             .goesOn = goesOn});
@@ -262,7 +262,7 @@ const std::vector<WayOut>& waysOut()
          "programas. Delas se volta a fazer a mesma BDP. Vão todas as pessoas, também as que podem estar vivas.",
          Place::Folder,
          "",
-         {Orphans},
+         {EmptyOrphans},
          writeStandardTables},
         {"tabelas-excel",
          "Tabelas para o Excel",
@@ -270,7 +270,7 @@ const std::vector<WayOut>& waysOut()
          "delas se volta a fazer a BDP. Vão todas as pessoas, também as que podem estar vivas.",
          Place::Folder,
          "",
-         {Orphans},
+         {EmptyOrphans},
          writeSpreadsheets},
         {"ids",
          "IDS, versão 4",

@@ -46,7 +46,7 @@ enum class Choice : quint8
     LimitYears,
     BirthDates,
     AssociationsTwice,
-    Orphans,
+    EmptyOrphans,
     UpperCase,
     ReversedRelations,
     ChildrenAtHome
@@ -57,7 +57,7 @@ struct OutOptions
     int limitYears = 110; // as in GedcomOptions, the next two as well
     BirthDates birthDates = BirthDates::Christenings;
     bool associationsTwice = false;
-    Orphans orphans = Orphans::Apart;
+    bool emptyOrphans = false; // Orphans::Emptied instead of Orphans::Apart
     bool upperCase = false, reversedRelations = false, childrenAtHome = false; // as in IdsOptions
     QDate version = {}; // the same; invalid: the day on which the BDP was last written
 

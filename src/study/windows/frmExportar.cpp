@@ -20,7 +20,6 @@
 using namespace study;
 using exchange::BirthDates;
 using exchange::Choice;
-using exchange::Orphans;
 using exchange::OutOptions;
 using exchange::OutOrder;
 using exchange::Place;
@@ -31,8 +30,7 @@ namespace {
 constexpr int mostYears = 1000;
 
 // By which the choices are kept.
-constexpr auto keptWay = "exportar/formato", keptLimit = "exportar/limite", keptDates = "exportar/datas",
-               keptAssociations = "exportar/associacoes", keptOrphans = "exportar/orfas";
+constexpr auto keptWay = "exportar/formato", keptLimit = "exportar/limite", keptDates = "exportar/datas";
 
 // Nothing for what is no number of years.
 std::optional<int> yearsIn(const QString& text)
@@ -48,6 +46,11 @@ std::optional<int> yearsIn(const QString& text)
 FrmExportar::FrmExportar() : Form(Name)
 {
     setupUi(this);
+    flags_ = {{chkAssoc, Choice::AssociationsTwice, "exportar/associacoes", &OutOptions::associationsTwice},
+              {chkOrfas, Choice::EmptyOrphans, "exportar/orfas", &OutOptions::emptyOrphans},
+              {chkMaiusculas, Choice::UpperCase, "exportar/maiusculas", &OutOptions::upperCase},
+              {chkInversa, Choice::ReversedRelations, "exportar/inversa", &OutOptions::reversedRelations},
+              {chkFilhos, Choice::ChildrenAtHome, "exportar/filhos", &OutOptions::childrenAtHome}};
     opensOn(lstFormato, cmdFechar);
     QSizePolicy keepsItsRoom = barra->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
@@ -93,8 +96,8 @@ void FrmExportar::showLastChoices()
     txtLimite->setText(QString::number(yearsIn(lastChoice(keptLimit).toString()).value_or(usual.limitYears)));
     cmbDatas->setListIndex(0);
     ProcuraItemData(*cmbDatas, lastChoice(keptDates, 0).toInt());
-    chkAssoc->setChecked(lastChoice(keptAssociations, usual.associationsTwice).toBool());
-    chkOrfas->setChecked(lastChoice(keptOrphans, usual.orphans == Orphans::Emptied).toBool());
+    for (const Flag& flag : flags_)
+        flag.box->setChecked(lastChoice(flag.kept, usual.*flag.option).toBool());
     const WayOut* last = exchange::wayOut(lastChoice(keptWay).toString());
     lstFormato->setListIndex(last ? static_cast<int>(last - exchange::waysOut().data()) : 0);
 }
@@ -105,8 +108,8 @@ void FrmExportar::keepChoices(const OutOrder& order) const
     keepFolder(QFileInfo(order.target).absolutePath());
     if (way().offers(Choice::LimitYears)) keepChoice(keptLimit, order.options.limitYears);
     if (way().offers(Choice::BirthDates)) keepChoice(keptDates, static_cast<int>(order.options.birthDates));
-    if (way().offers(Choice::AssociationsTwice)) keepChoice(keptAssociations, order.options.associationsTwice);
-    if (way().offers(Choice::Orphans)) keepChoice(keptOrphans, order.options.orphans == Orphans::Emptied);
+    for (const Flag& flag : flags_)
+        if (way().offers(flag.choice)) keepChoice(flag.kept, order.options.*flag.option);
 }
 
 const WayOut& FrmExportar::way() const
@@ -126,8 +129,8 @@ void FrmExportar::showWay()
     lblExplica->setText(QString::fromUtf8(shown.explanation));
     linhaLimite->setVisible(shown.offers(Choice::LimitYears));
     linhaDatas->setVisible(shown.offers(Choice::BirthDates));
-    chkAssoc->setVisible(shown.offers(Choice::AssociationsTwice));
-    chkOrfas->setVisible(shown.offers(Choice::Orphans));
+    for (const Flag& flag : flags_)
+        flag.box->setVisible(shown.offers(flag.choice));
     fraOpcoes->setVisible(!shown.choices.empty());
     lblAlvo->setText(shown.target == Place::File ? "&Para o ficheiro" : "&Para a pasta");
     if (txtAlvo->text() != proposed_) return;
@@ -167,8 +170,8 @@ OutOptions FrmExportar::options() const
     OutOptions chosen;
     chosen.limitYears = yearsIn(txtLimite->text()).value_or(chosen.limitYears);
     chosen.birthDates = static_cast<BirthDates>(cmbDatas->itemData(cmbDatas->listIndex()));
-    chosen.associationsTwice = chkAssoc->isChecked();
-    chosen.orphans = chkOrfas->isChecked() ? Orphans::Emptied : Orphans::Apart;
+    for (const Flag& flag : flags_)
+        chosen.*flag.option = flag.box->isChecked();
     return chosen;
 }
 

@@ -8,10 +8,12 @@
 
 #include "ui_frmExportar.h"
 
+#include <QCheckBox>
 #include <QProgressBar>
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 // The ways with what each is for, the options of the one chosen, and where it goes. The work runs on a thread over a
 // copy of the BDP, so that everything else goes on, and ends with a list of what was written. Nothing is written over
@@ -32,6 +34,15 @@ protected:
     void Form_Load() override;
 
 private:
+    // An option that is a yes or a no.
+    struct Flag
+    {
+        QCheckBox* box;
+        study::exchange::Choice choice;
+        const char* kept; // by which it is kept
+        bool study::exchange::OutOptions::*option;
+    };
+
     void connectAll();
     void lstFormato_Click();
     void cmdAlvo_Click();
@@ -51,6 +62,7 @@ private:
     void tell(const QString& state, const QString& report);
     void setAtWork(bool atWork);
 
+    std::vector<Flag> flags_;
     QString proposed_; // the target, as long as the user has none of their own
     QString target_;   // of what is under way
     std::unique_ptr<study::Background> work_;

@@ -54,6 +54,7 @@ void FrmImportar::connectAll()
     on(cmdAlvo, &FrmImportar::cmdAlvo_Click);
     on(cmdEnsaio, &FrmImportar::cmdEnsaio_Click);
     on(cmdImportar, &FrmImportar::cmdImportar_Click);
+    on(cmdDesfazer, &FrmImportar::cmdDesfazer_Click);
     on(cmdCancelar, &FrmImportar::cmdCancelar_Click);
     on(cmdCopiar, &FrmImportar::cmdCopiar_Click);
     connect(cmdFechar, &CommandButton::clicked, this, [this] { unload(); });
@@ -100,7 +101,9 @@ void FrmImportar::showWay()
     cmdAlvo->setVisible(makesBdp);
     chkLocais->setVisible(way().offers(InChoice::NewPlaces));
     chkProf->setVisible(way().offers(InChoice::NewProfessions));
+    cmdDesfazer->setVisible(!makesBdp);
     fraOpcoes->setVisible(!way().choices.empty());
+    lookForImport();
     offerCommands();
 }
 

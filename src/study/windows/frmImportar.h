@@ -4,6 +4,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 #include "platform/time/clock.h"
+#include "study/exchange/gedcomIn.h"
 #include "study/exchange/ways.h"
 #include "study/windows/background.h"
 
@@ -16,7 +17,7 @@
 
 // A rehearsal tells what an import would do and writes nothing. An import follows a rehearsal of the same files, as
 // they were then, that has found no error. Both run on a thread; closing the window ends them. A BDP that was made is
-// offered to be opened. The window needs no BDP in work.
+// offered to be opened. The last import into the BDP in work can be taken back. The window needs no BDP in work.
 class FrmImportar : public Form, private Ui::FrmImportar
 {
     Q_OBJECT
@@ -49,6 +50,7 @@ private:
     void cmdAlvo_Click();
     void cmdEnsaio_Click();
     void cmdImportar_Click();
+    void cmdDesfazer_Click();
     void cmdCancelar_Click();
     void cmdCopiar_Click();
 
@@ -60,6 +62,8 @@ private:
     // frmImportar_work.cpp
     void begin(Asked asked); // on a thread; throws jet::Error
     void importIntoOpen();   // throws jet::Error
+    void takeBack();         // what stands_; throws jet::Error
+    void lookForImport();    // throws jet::Error
     bool goesOn(double done);
     void ended();
     void tellResult(const study::exchange::Exchanged& told);
@@ -69,9 +73,10 @@ private:
     void setAtWork(bool atWork);
     void offerCommands();
 
-    QString newBdp_;                 // as typed, while a way into the open one is chosen
-    std::optional<Asked> rehearsed_; // without errors
-    Asked asked_;                    // what is under way
+    QString newBdp_;                                        // as typed, while a way into the open one is chosen
+    std::optional<Asked> rehearsed_;                        // without errors
+    Asked asked_;                                           // what is under way
+    std::optional<study::exchange::GedcomImported> stands_; // the last import into the BDP that is open
     std::unique_ptr<study::Background> work_;
     std::shared_ptr<std::optional<study::exchange::Exchanged>> told_; // of it, written when it is done
     Clock::Time shownAt_; // when it was shown last how far it is, on the one thread

@@ -1,7 +1,8 @@
-// The rehearsal and the import, and what came of them.
+// The rehearsal, the import and its way back, and what came of them.
 #include "study/windows/frmImportar.h"
 
 #include "common/modGeral.h"
+#include "platform/forms/focus.h"
 #include "platform/forms/longwork.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
@@ -22,6 +23,18 @@ using exchange::Exchanged;
 namespace {
 
 constexpr std::chrono::milliseconds betweenLooks{50}; // a cancel is felt at once, and the looks cost nothing
+
+constexpr auto itStays = "A importação não pode ser desfeita: nada foi alterado.";
+
+QString lines(const QStringList& reasons)
+{
+    return reasons.join("\r\n");
+}
+
+QString contentsOf(const exchange::GedcomImported& import)
+{
+    return QString("Pessoas: %1; famílias: %2.").arg(import.people).arg(import.families);
+}
 
 // The button that ends the work is open as long as this stands.
 class UnderWay
@@ -81,7 +94,56 @@ void FrmImportar::importIntoOpen()
     } catch (const jet::Error& error) {
         return tell("Não foi possível fazer a importação: nada foi escrito.", error.description);
     }
+    lookForImport();
     tellResult(told);
+    showOnCards();
+}
+
+void FrmImportar::lookForImport()
+{
+    const bool isOpen = cnBDP.state() == jet::Connection::Open;
+    stands_ = isOpen ? exchange::lastImport(cnBDP) : std::nullopt;
+}
+
+// Windows that hold rows of the records that go would show what isn't there.
+void FrmImportar::cmdDesfazer_Click()
+{
+    if (work_) return;
+    lookForImport();
+    if (!stands_) return offerCommands();
+    if (const QString inUse = whyRowsAreInUse(); !inUse.isEmpty()) return showMessage(inUse);
+    QStringList why;
+    {
+        const Hourglass hourglass;
+        why = exchange::whyImportStays(cnBDP);
+    }
+    if (!why.isEmpty()) return tell(itStays, lines(why));
+    if (ask(QString("Deseja desfazer a importação de \"%1\", de %2? Tudo o que veio com ela sai da BDP.\n%3")
+                .arg(stands_->file, stands_->when.toString("dd/MM/yyyy HH:mm"), contentsOf(*stands_))))
+        takeBack();
+}
+
+void FrmImportar::takeBack()
+{
+    const exchange::GedcomImported last = *stands_;
+    QStringList why;
+    try {
+        const UnderWay underWay(*barra, *cmdCancelar);
+        tell("A desfazer…", {});
+        why = exchange::takeBackImport(cnBDP, [this](double done) { return goesOn(done); });
+    } catch (const exchange::Interrupted&) {
+        return tell("Foi cancelado: nada foi desfeito.", {});
+    } catch (const jet::Error& error) {
+        return tell("Não foi possível desfazer a importação: nada foi alterado.", error.description);
+    }
+    if (!why.isEmpty()) return tell(itStays, lines(why));
+    rehearsed_.reset(); // it told of the records that have gone
+    lookForImport();
+    offerCommands();
+    if (!cmdDesfazer->isEnabled()) Focus::setTo(cmdEnsaio);
+    const QString state = "A importação de \"" + last.file + "\" foi desfeita.";
+    tell(state, "Saiu da BDP. " + contentsOf(last));
+    showStatus(state);
     showOnCards();
 }
 
@@ -164,4 +226,5 @@ void FrmImportar::offerCommands()
 {
     const auto isRehearsed = [&] { return &way() == rehearsed_->way && asked().order == rehearsed_->order; };
     cmdImportar->setEnabled(!work_ && rehearsed_ && isRehearsed());
+    cmdDesfazer->setEnabled(!work_ && stands_);
 }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using study::Order;
 using study::readArguments;
 
@@ -53,4 +55,17 @@ TEST(TheArguments, OfNoWorkAreRefused)
         Order order;
         EXPECT_EQ(readArguments(arguments, order), "Falta dizer o que fazer.") << qPrintable(arguments.join(' '));
     }
+}
+
+TEST(TheHelp, BeginsEachParagraphBehindABlankLine)
+{
+    const QStringList lines = study::helpText().split('\n');
+    const QStringList works{"Exportar gedcom",    "Exportar tabelas", "Exportar ids",
+                            "Exportar episodios", "Importar tabelas", "Importar gedcom"};
+    for (const QString& work : works) {
+        const auto first = std::ranges::find_if(lines, [&](const QString& line) { return line.startsWith(work); });
+        ASSERT_TRUE(first > lines.begin() && first < lines.end()) << qPrintable(work);
+        EXPECT_EQ(*std::prev(first), "") << qPrintable(work);
+    }
+    EXPECT_FALSE(study::helpText().contains("\n\n\n"));
 }

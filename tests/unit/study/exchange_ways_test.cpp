@@ -105,7 +105,7 @@ TEST_F(TheWays, OfTablesTakeTheirOptionsAndTheMarkOfTheFile)
     EXPECT_TRUE(package.contains("00ff"));
     EXPECT_FALSE(package.contains("/casa/de")) << "where the file lies is nobody's concern";
     to.target = folder.filePath("e");
-    to.options.orphans = Orphans::Emptied;
+    to.options.emptyOrphans = true;
     EXPECT_TRUE(out("tabelas-excel", to).lines.contains("Números que não levam a nenhum registo e ficaram vazios: 1."));
     EXPECT_TRUE(bytes("e/individuo.csv").contains(';'));
 }

@@ -7,10 +7,14 @@
 #include "platform/jet/recordset.h"
 #include "platform/time/clock.h"
 #include "store/parish.h"
+#include "study/command/command.h"
 
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
+#include <QTextStream>
+
+#include <map>
 
 namespace {
 
@@ -61,6 +65,69 @@ protected:
             if (list.list(i) == format) list.setListIndex(i);
         control<TextBox>(out(), "txtAlvo").setText(folder.filePath(target));
     }
+    // Written by the window, and by the command with those arguments behind the file and the target.
+    void expectTheSame(const QString& format, const QStringList& boxes, const QStringList& arguments)
+    {
+        const QString suffix = format.startsWith("GEDCOM") ? ".ged" : "";
+        const QString name = QString::number(++written_);
+        prepare(format, "w" + name + suffix);
+        for (auto* box : out().findChildren<QCheckBox*>())
+            box->setChecked(boxes.contains(box->objectName()));
+        click(out(), "cmdExportar");
+        ASSERT_TRUE(finishes(out()));
+        ASSERT_TRUE(state(out()).startsWith("Exportado")) << qPrintable(control<MemoBox>(out(), "txtRel").text());
+        QStringList command{"exportar", arguments.first(), cnBDP.dataSource(), folder.filePath("c" + name + suffix)};
+        QString told;
+        QTextStream all(&told);
+        ASSERT_EQ(study::runCommand(command << arguments.mid(1), all, all, [] { return true; }), study::done)
+            << qPrintable(told);
+        const auto files = filesAt("w" + name + suffix);
+        EXPECT_FALSE(files.empty());
+        EXPECT_EQ(files, filesAt("c" + name + suffix)) << qPrintable(format + ' ' + boxes.join(' '));
+    }
+    // A file, or those of a folder, each by its name there.
+    std::map<QString, QByteArray> filesAt(const QString& name) const
+    {
+        const QString place = folder.filePath(name);
+        std::map<QString, QByteArray> files;
+        if (!QFileInfo(place).isDir()) files[{}] = bytes(place);
+        for (const QString& file : QDir(place).entryList(QDir::Files))
+            files[file] = bytes(QDir(place).filePath(file));
+        return files;
+    }
+    static QByteArray bytes(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    // A file of so many people, whose rehearsal has found nothing wrong.
+    void rehearseGedcom(int people)
+    {
+        QFile file(folder.filePath("a.ged"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n");
+        for (int i = 1; i <= people; ++i)
+            file.write("0 @I" + QByteArray::number(i) + "@ INDI\n1 NAME Eva /Dias/\n");
+        file.write("0 TRLR\n");
+        file.close();
+        in().display();
+        control<ListBox>(in(), "lstFormato").setListIndex(1);
+        control<TextBox>(in(), "txtOrigem").setText(file.fileName());
+        click(in(), "cmdEnsaio");
+        ASSERT_TRUE(finishes(in()));
+        ASSERT_EQ(state(in()), "Ensaio sem erros: nada foi escrito.")
+            << qPrintable(control<MemoBox>(in(), "txtRel").text());
+    }
+    // Escape, once the bar has begun to move.
+    void giveUpAtFirstProgress()
+    {
+        Clock::passAtEachLook(std::chrono::milliseconds(50));
+        QObject::connect(&control<QProgressBar>(in(), "barra"), &QProgressBar::valueChanged, &in(), [this](int value) {
+            if (value == 0) return;
+            for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+                QCoreApplication::postEvent(window.windowHandle(), new QKeyEvent(type, Qt::Key_Escape, Qt::NoModifier));
+        });
+    }
     void exportTables()
     {
         prepare("Tabelas (CSV)", "t");
@@ -83,6 +150,7 @@ protected:
 
 private:
     QByteArray config_;
+    int written_ = 0;
 };
 
 } // namespace
@@ -188,26 +256,8 @@ TEST_F(TheWindowsOfExchange, ANewBdpIsOfferedAndTheOneInWorkStaysWhereTheUserSay
 
 TEST_F(TheWindowsOfExchange, AnImportIntoTheBdpInWorkIsCancelledByEscapeAndLeavesNothing)
 {
-    QFile file(folder.filePath("a.ged"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("0 HEAD\n1 GEDC\n2 VERS 5.5.1\n2 FORM LINEAGE-LINKED\n1 CHAR UTF-8\n");
-    for (int i = 1; i <= 5000; ++i)
-        file.write("0 @I" + QByteArray::number(i) + "@ INDI\n1 NAME Eva /Dias/\n");
-    file.write("0 TRLR\n");
-    file.close();
-    in().display();
-    control<ListBox>(in(), "lstFormato").setListIndex(1);
-    control<TextBox>(in(), "txtOrigem").setText(file.fileName());
-    click(in(), "cmdEnsaio");
-    ASSERT_TRUE(finishes(in()));
-    EXPECT_EQ(state(in()), "Ensaio sem erros: nada foi escrito.")
-        << qPrintable(control<MemoBox>(in(), "txtRel").text());
-    Clock::passAtEachLook(std::chrono::milliseconds(50));
-    QObject::connect(&control<QProgressBar>(in(), "barra"), &QProgressBar::valueChanged, &in(), [this](int value) {
-        if (value == 0) return;
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
-            QCoreApplication::postEvent(window.windowHandle(), new QKeyEvent(type, Qt::Key_Escape, Qt::NoModifier));
-    });
+    ASSERT_NO_FATAL_FAILURE(rehearseGedcom(5000));
+    giveUpAtFirstProgress();
     const Answer yes("&Sim");
     click(in(), "cmdImportar");
     Clock::passAtEachLook({});
@@ -217,4 +267,75 @@ TEST_F(TheWindowsOfExchange, AnImportIntoTheBdpInWorkIsCancelledByEscapeAndLeave
     EXPECT_EQ(cnBDP.transactionLevel(), 0);
     EXPECT_FALSE(control<CommandButton>(in(), "cmdCancelar").isEnabled());
     EXPECT_TRUE(control<CommandButton>(in(), "cmdImportar").isEnabled()) << "the rehearsal still holds";
+}
+
+TEST_F(TheWindowsOfExchange, WriteWhatTheCommandWritesByEachWay)
+{
+    cnBDP.execute("update individuo set sexo = 'f', datanasc = '1700-02-03' where nind < 10");
+    cnBDP.execute("update individuo set famorig = 77 where nind = 3"); // no family at all
+    expectTheSame("GEDCOM 5.5.1", {}, {"gedcom"});
+    expectTheSame("GEDCOM 5.5.1", {"chkAssoc"}, {"gedcom", "--associacoes"});
+    expectTheSame("GEDCOM 7.0", {}, {"gedcom", "--versao", "7.0"});
+    expectTheSame("GEDCOM 7.0", {"chkAssoc"}, {"gedcom", "--versao", "7.0", "--associacoes"});
+    expectTheSame("Tabelas (CSV)", {}, {"tabelas"});
+    expectTheSame("Tabelas (CSV)", {"chkOrfas"}, {"tabelas", "--sem-orfas"});
+    expectTheSame("Tabelas para o Excel", {}, {"tabelas", "--excel"});
+    expectTheSame("IDS, versão 4", {}, {"ids"});
+    expectTheSame("IDS, versão 4", {"chkMaiusculas"}, {"ids", "--maiusculas"});
+    expectTheSame("IDS, versão 4", {"chkInversa"}, {"ids", "--relacao-inversa"});
+    expectTheSame("IDS, versão 4", {"chkFilhos"}, {"ids", "--filhos-em-casa"});
+    expectTheSame("Episódios (R)", {}, {"episodios"});
+    control<TextBox>(out(), "txtLimite").setText("0");
+    expectTheSame("Episódios (R)", {}, {"episodios", "--limite", "0"});
+}
+
+TEST_F(TheWindowsOfExchange, ShowTheOptionsOfTheWayAloneAndEachOfThem)
+{
+    using enum study::exchange::Choice;
+    const std::pair<study::exchange::Choice, const char*> all[] = {
+        {LimitYears, "txtLimite"},    {BirthDates, "cmbDatas"},     {AssociationsTwice, "chkAssoc"},
+        {EmptyOrphans, "chkOrfas"},   {UpperCase, "chkMaiusculas"}, {ReversedRelations, "chkInversa"},
+        {ChildrenAtHome, "chkFilhos"}};
+    for (const study::exchange::WayOut& way : study::exchange::waysOut()) {
+        prepare(QString::fromUtf8(way.title), "x");
+        for (const auto& [choice, name] : all)
+            EXPECT_EQ(control<QWidget>(out(), name).isVisible(), way.offers(choice)) << way.name << ' ' << name;
+    }
+}
+
+TEST_F(TheWindowsOfExchange, AnImportIsTakenBackAndACancelLeavesItWhole)
+{
+    ASSERT_NO_FATAL_FAILURE(rehearseGedcom(500));
+    EXPECT_FALSE(control<CommandButton>(in(), "cmdDesfazer").isEnabled()) << "nothing has come yet";
+    const Answer imports("&Sim");
+    click(in(), "cmdImportar");
+    ASSERT_EQ(jet::Recordset(cnBDP, "select * from individuo").recordCount(), 3500);
+    EXPECT_TRUE(control<CommandButton>(in(), "cmdDesfazer").isEnabled());
+    giveUpAtFirstProgress();
+    const Answer takesBack("&Sim");
+    click(in(), "cmdDesfazer");
+    Clock::passAtEachLook({});
+    EXPECT_EQ(state(in()), "Foi cancelado: nada foi desfeito.");
+    EXPECT_EQ(jet::Recordset(cnBDP, "select * from individuo").recordCount(), 3500);
+    EXPECT_EQ(cnBDP.transactionLevel(), 0);
+    EXPECT_FALSE(control<CommandButton>(in(), "cmdCancelar").isEnabled());
+    ASSERT_TRUE(control<CommandButton>(in(), "cmdDesfazer").isEnabled());
+    QObject::disconnect(&control<QProgressBar>(in(), "barra"), nullptr, &in(), nullptr);
+    const Answer again("&Sim");
+    click(in(), "cmdDesfazer");
+    EXPECT_EQ(again.given, 1);
+    EXPECT_EQ(state(in()), "A importação de \"a.ged\" foi desfeita.");
+    EXPECT_EQ(jet::Recordset(cnBDP, "select * from individuo").recordCount(), 3000);
+    EXPECT_FALSE(control<CommandButton>(in(), "cmdDesfazer").isEnabled());
+}
+
+TEST_F(TheWindowsOfExchange, AnImportIsNotTakenBackWhileARehearsalRuns)
+{
+    ASSERT_NO_FATAL_FAILURE(rehearseGedcom(5));
+    const Answer yes("&Sim");
+    click(in(), "cmdImportar");
+    click(in(), "cmdEnsaio");
+    EXPECT_FALSE(control<CommandButton>(in(), "cmdDesfazer").isEnabled());
+    ASSERT_TRUE(finishes(in()));
+    EXPECT_TRUE(control<CommandButton>(in(), "cmdDesfazer").isEnabled());
 }
