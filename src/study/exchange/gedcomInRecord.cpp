@@ -82,18 +82,32 @@ parish::Place RecordIn::takePlace(const GedcomNode& event, const QString& path, 
     const GedcomNode* node = reading_.take(event, "PLAC");
     if (!node && event.tag == "RESI" && event.child("ADDR")) node = reading_.take(event, "ADDR");
     if (!node || node->value.simplified().isEmpty()) return {};
-    QString code;
-    for (const GedcomNode& one : node->children)
-        if (one.tag == "EXID" && one.text("TYPE") == QLatin1String(placeCodeType)) {
-            reading_.takeWhole(one);
-            code = one.value;
-        }
+    const QString code = takePlaceCode(*node);
     const QString form = reading_.takeText(*node, "FORM");
     const QString text = whole.isEmpty() ? node->value : whole;
     const GedcomPlaces::Found found =
         target_.places.lookUp(text, form.isEmpty() ? target_.index.head.form : form, code);
     if (!found.isWhole) note(path + "." + node->tag, text);
     return found.place;
+}
+
+// In 5.5.1 it stands in a note that all events in the place share.
+QString RecordIn::takePlaceCode(const GedcomNode& place)
+{
+    QString code;
+    for (const GedcomNode& one : place.children) {
+        const bool isNote = one.tag == "NOTE" || one.tag == "SNOTE";
+        const QString told = isNote && one.isPointer ? target_.index.notes.value(one.value) : one.value;
+        if (isNote && told.startsWith(QString::fromUtf8(placeCodeWords)) && !told.contains('\n')) {
+            if (one.isPointer) target_.notesRead << one.value;
+            code = told.mid(QString::fromUtf8(placeCodeWords).size()).simplified();
+        } else if (one.tag == "EXID" && one.text("TYPE") == QLatin1String(placeCodeType))
+            code = one.value;
+        else
+            continue;
+        reading_.takeWhole(one);
+    }
+    return code;
 }
 
 parish::Code RecordIn::takeAge(const GedcomNode& event, const QString& path)
@@ -202,7 +216,11 @@ void RecordIn::putText(RowValues& into, const char* column, const QString& text,
 
 bool RecordIn::putCode(RowValues& into, const QString& column, const char* category, const QString& description)
 {
-    const auto code = target_.words.code(category, description);
+    // An export puts a code that nothing is told of in brackets.
+    static const QRegularExpression bare(R"(^\((\w{1,9})\)$)");
+    auto code = target_.words.code(category, description);
+    if (const auto match = bare.match(description); !code && target_.index.isOurs() && match.hasMatch())
+        code = match.captured(1);
     bool isNumber = false;
     const int number = code ? code->toInt(&isNumber) : 0;
     if (!code || (!isNumber && column != "sfamilia")) return false;

@@ -84,6 +84,7 @@ protected:
     bool takeObservation(const GedcomNode& fact, RowValues& into);
     // `whole`: what a note tells of it, where 5.5.1 had no room.
     parish::Place takePlace(const GedcomNode& event, const QString& path, const QString& whole = {});
+    QString takePlaceCode(const GedcomNode& place); // letter and code, as an export tells them; "" for none
     parish::Code takeAge(const GedcomNode& event, const QString& path);
     QString takePicture(const GedcomNode& event);
     QString takeSource(const GedcomNode& event); // in words; of a register of ours without a page: ""
@@ -165,7 +166,8 @@ private:
     void takeProfessions();
     void takePassports();
     void takeWill();
-    void takeSuffrages(const QString& notes);
+    QString takeSuffrages(const QString& notes, const QString& path); // what else they tell
+    bool takeSuffrage(const QString& line, const QString& path);
     void takeLinks();
     void takeAssociations();
     void addBequest(const AssociationTold& heir);
