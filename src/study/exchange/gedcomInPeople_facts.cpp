@@ -39,7 +39,8 @@ void PersonIn::takeBurial()
         death_ = date;
         putDate(card_, "dataobito", "dobitofixa", death_);
     }
-    if (date.isKnown()) note("BURI.DATE", event->text("DATE"));
+    if (const QString told551 = "BURI.DATE: " + event->text("DATE"); date.isKnown() && !notes_.contains(told551))
+        note("BURI.DATE", event->text("DATE"));
     if (const GedcomNode* const place = event->child("PLAC"); place && !card_.contains("enterro")) {
         reading_.takeWhole(*place);
         putText(card_, "enterro", place->value.simplified(), "BURI.PLAC");
@@ -220,9 +221,9 @@ constexpr std::array<const char*, 8> suffrageParts = {
 
 std::optional<double> amountOf(const QString& text)
 {
-    bool isNumber = false;
-    const double amount = QString(text).replace(',', '.').toDouble(&isNumber);
-    return isNumber ? std::optional(amount) : std::nullopt;
+    static const QRegularExpression form(R"(^-?\d{1,12}(?:[,.]\d{1,4})?$)");
+    if (!form.match(text).hasMatch()) return {};
+    return QString(text).replace(',', '.').toDouble();
 }
 
 // By part; nothing where the line isn't so.

@@ -68,7 +68,7 @@ parish::Date RecordIn::takeDate(const GedcomNode& event, const QString& path)
 bool RecordIn::takeObservation(const GedcomNode& fact, RowValues& into)
 {
     const GedcomNode* const date = fact.child("DATE");
-    if (!date) return false;
+    if (!date || into.contains("inicioobs") || into.contains("fimobs")) return false;
     const GedcomPeriodRead period = readGedcomPeriod(date->value);
     if (!period.rest.isEmpty() || !(period.from.isValid() || period.until.isValid())) return false;
     if (period.from.isValid()) into.insert("inicioobs", period.from);
@@ -250,6 +250,10 @@ std::optional<RecordIn::AssociationTold> RecordIn::takeAssociation(const GedcomN
     if (!role) return {};
     told.who = personOf(node);
     if (told.who == 0) return {};
+    if (own_.contains(told.who) && !target_.index.isOurs()) {
+        problem(node, "Ninguém assiste ao seu próprio acto: ficou nas notas.");
+        return {};
+    }
     told.role = *role;
     told.act = act.act;
     reading_.take(node);
@@ -321,7 +325,8 @@ void RecordIn::addResidences(const char* kind, qint64 number)
         const QString source = takeSource(event), notes = told551.text;
         const bool hasNoPlace = !date.isKnown() || days.contains(date.date());
         if (hasNoPlace) {
-            QStringList told{event.value, parish::shown(date), event.text("PLAC"), source, notes};
+            const QString where = event.child("PLAC") ? event.text("PLAC") : event.text("ADDR");
+            QStringList told{event.value, parish::shown(date), where, source, notes};
             told.removeAll(QString());
             note(event.tag, told.join(", "));
             continue;
@@ -375,9 +380,10 @@ RecordIn::EventNotes RecordIn::takeEventNotes(const GedcomNode& event)
     return told;
 }
 
-void RecordIn::finish(RowValues& into, const QString& own)
+void RecordIn::tellLeft(const GedcomNode& below, const QString& above)
 {
-    reading_.tellLeft(record_, {}, [&](const GedcomNode& node, const QString& path, const QString& value) {
+    if (&below != &record_ && !reading_.isTaken(below)) note(above, reading_.shownValue(below));
+    reading_.tellLeft(below, above, [&](const GedcomNode& node, const QString& path, const QString& value) {
         const bool isOwn = target_.index.isOurs() && (node.tag == "UID" || node.tag == "_UID");
         if (isTechnical(node.tag)) {
             if (!isOwn) ++target_.report.left[record_.tag + '.' + path];
@@ -385,6 +391,11 @@ void RecordIn::finish(RowValues& into, const QString& own)
         }
         note(path, value);
     });
+}
+
+void RecordIn::finish(RowValues& into, const QString& own)
+{
+    tellLeft(record_, {});
     QStringList all = notes_;
     if (!own.isEmpty()) all.prepend(own);
     putText(into, "obs", all.join('\n'), "NOTE");
