@@ -56,6 +56,8 @@ void FamilyIn::takeMembers()
     for (const int member : seen_.members)
         members_.push_back(
             {{"nfamilia", seen_.number}, {"nind", target_.index.people[static_cast<std::size_t>(member)].number}});
+    for (const RowValues& member : members_)
+        own_ << member.value("nind").toLongLong();
     for (const GedcomNode& one : record_.children) {
         if (one.tag == "REFN" && one.text("TYPE") == QLatin1String(familyRefn)) reading_.takeWhole(one);
         if ((one.tag != "HUSB" && one.tag != "WIFE") || !one.isPointer || one.isVoid()) continue;
@@ -63,8 +65,11 @@ void FamilyIn::takeMembers()
         const auto row = std::ranges::find_if(
             members_, [&](const RowValues& member) { return number != 0 && member.value("nind") == number; });
         if (row == members_.end()) continue;
+        const int index = static_cast<int>(row - members_.begin());
+        int& place = one.tag == "HUSB" ? husband_ : wife_;
+        if (index == (one.tag == "HUSB" ? wife_ : husband_)) continue; // nobody is both
         reading_.take(one);
-        (one.tag == "HUSB" ? husband_ : wife_) = static_cast<int>(row - members_.begin());
+        if (place < 0) place = index;
     }
 }
 
@@ -99,8 +104,10 @@ void FamilyIn::takeMarriage()
             addAssistant({'c', seen_.number, marriage_}, one, "MARR.ASSO");
     };
     if (event) takeAssociationsOf(*event, fits, stand);
-    for (const GedcomNode& one : seen_.associations)
+    for (const GedcomNode& one : seen_.associations) {
         if (const auto association = takeAssociation(one, nullptr)) stand(*association);
+        tellLeft(one, "ASSO");
+    }
 }
 
 void FamilyIn::takeMarriageOf(const GedcomNode& event)
@@ -144,13 +151,15 @@ void FamilyIn::takeSpouses(const GedcomNode& event)
 
 void FamilyIn::takeFacts()
 {
+    bool isSituationTold = false;
     for (const GedcomNode& fact : record_.children) {
         if ((fact.tag != "FACT" && fact.tag != "EVEN") || reading_.isTaken(fact)) continue;
         const QString type = fact.text("TYPE");
         bool isTaken = false;
-        if (type == QString::fromUtf8("Situação da família"))
-            isTaken = putCode(card_, "sfamilia", "SitFa", fact.value);
-        else if (type == QString::fromUtf8("Observação"))
+        if (type == QString::fromUtf8("Situação da família")) {
+            isTaken = !isSituationTold && putCode(card_, "sfamilia", "SitFa", fact.value);
+            isSituationTold = isSituationTold || isTaken;
+        } else if (type == QString::fromUtf8("Observação"))
             isTaken = takeObservation(fact, card_);
         if (!isTaken) continue;
         reading_.take(fact);

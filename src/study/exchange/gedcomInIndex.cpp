@@ -38,6 +38,15 @@ QString fileOf(const GedcomNode& object)
     return file ? QUrl::fromPercentEncoding(file->value.toUtf8()) : QString();
 }
 
+// What 5.5.1 tells of one of a couple.
+bool mayBeOfAMarriage(const GedcomNode& association)
+{
+    const auto role = roleTold(association.text("ROLE") + association.text("RELA"), {});
+    if (!role || (role->role != Role::Witness && role->role != Role::Clergy && !role->isGodparent)) return false;
+    const ActTold act = phraseOfAct(association.text("NOTE").section('\n', 0, 0)).act;
+    return act == ActTold::Marriage || (act == ActTold::None && role->role == Role::Witness);
+}
+
 bool isBirthFamily(const GedcomNode& link)
 {
     const QString kind = link.text("PEDI");
@@ -71,8 +80,9 @@ GedcomIndex::GedcomIndex(QIODevice& file, const GoesOn& goesOn)
         if (goesOn && count % recordsBetweenQuestions == 0 && !goesOn(reader.done() * shareOfTheIndex))
             throw Interrupted{};
     }
-    problems = reader.problems();
+    problems.insert(problems.begin(), reader.problems().begin(), reader.problems().end());
     join(links);
+    if (!isOurs()) openRings(); // a BDP goes into another one as it is
     joinMarriages(links);
 }
 
@@ -100,7 +110,7 @@ void GedcomIndex::seePerson(GedcomNode& record, Links& links)
                                              .arg(record.xref)});
     else
         personNames_.insert(record.xref, index);
-    people.push_back({.ownNumber = ownNumberOf(record, personRefn)});
+    people.push_back({.ownNumber = ownNumberOf(record, personRefn), .line = record.line});
     QString origin;
     bool isByBirth = false;
     std::vector<QString> ofCouples;
@@ -111,7 +121,7 @@ void GedcomIndex::seePerson(GedcomNode& record, Links& links)
             isByBirth = isBirthFamily(one);
         }
         if (one.tag == "FAMS" && one.isPointer && !one.isVoid()) ofCouples.push_back(one.value);
-        if (one.tag == "ASSO") links.associations.push_back({index, one});
+        if (one.tag == "ASSO" && mayBeOfAMarriage(one)) links.associations.push_back({index, one});
     }
     links.origins.push_back(origin);
     links.ofPeople.push_back(std::move(ofCouples));
@@ -162,6 +172,50 @@ void GedcomIndex::join(Links& links)
             people[static_cast<std::size_t>(person)].origin = child.value();
 }
 
+// Nobody descends from somebody who descends from them: the family of origin that closes such a ring is none.
+void GedcomIndex::openRings()
+{
+    enum class State : quint8
+    {
+        New,
+        Above, // on the way up from whom is looked at
+        Done
+    };
+    struct Step
+    {
+        int person = -1;
+        std::size_t parent = 0; // the next one to be looked at
+    };
+    std::vector<State> states(people.size(), State::New);
+    std::vector<Step> way;
+    for (int first = 0; first < static_cast<int>(people.size()); ++first) {
+        if (states[static_cast<std::size_t>(first)] != State::New) continue;
+        way.push_back({first});
+        states[static_cast<std::size_t>(first)] = State::Above;
+        while (!way.empty()) {
+            const auto at = static_cast<std::size_t>(way.back().person);
+            const int origin = people[at].origin;
+            const std::vector<int> none;
+            const std::vector<int>& parents = origin < 0 ? none : families[static_cast<std::size_t>(origin)].members;
+            if (way.back().parent >= parents.size()) {
+                states[at] = State::Done;
+                way.pop_back();
+                continue;
+            }
+            const int parent = parents[way.back().parent++];
+            State& state = states[static_cast<std::size_t>(parent)];
+            if (state == State::Above) {
+                problems.push_back({people[at].line, "A pessoa seria antepassada de si própria: a ligação à família "
+                                                     "de origem foi para as notas."});
+                people[at].origin = -1;
+            } else if (state == State::New) {
+                state = State::Above;
+                way.push_back({parent});
+            }
+        }
+    }
+}
+
 // 5.5.1 has no place for them in a family. Which marriage is meant stands in the note of an export; a witness of
 // anybody else is of the one marriage of the person.
 void GedcomIndex::joinMarriages(Links& links)
@@ -170,14 +224,12 @@ void GedcomIndex::joinMarriages(Links& links)
     for (std::size_t i = 0; i < families.size(); ++i)
         if (families[i].ownNumber > 0) byNumber.insert(families[i].ownNumber, static_cast<int>(i));
     for (Links::Association& one : links.associations) {
-        const auto role = roleTold(one.node.text("ROLE") + one.node.text("RELA"), {});
-        if (!role || (role->role != Role::Witness && role->role != Role::Clergy && !role->isGodparent)) continue;
         const PhraseOfAct act = phraseOfAct(one.node.text("NOTE").section('\n', 0, 0));
         const std::vector<int>& spouseOf = people[static_cast<std::size_t>(one.bearer)].spouseOf;
         int family = -1;
         if (act.act == ActTold::Marriage)
             family = byNumber.value(act.family, -1);
-        else if (act.act == ActTold::None && role->role == Role::Witness && spouseOf.size() == 1)
+        else if (spouseOf.size() == 1)
             family = spouseOf.front();
         if (family < 0) continue;
         ofMarriages.insert(one.node.line);

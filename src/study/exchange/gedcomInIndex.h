@@ -22,7 +22,8 @@ struct GedcomPersonSeen
 {
     qint64 number = 0;    // in the BDP; given by GedcomIndex::number()
     qint64 ownNumber = 0; // that an export has kept; 0: none
-    int origin = -1;      // the family of origin, as an index into `families`
+    int line = 0;         // of the record
+    int origin = -1;      // the family of origin, as an index into `families`; nobody is above themselves by it
     std::vector<int> spouseOf = {};
 };
 
@@ -80,6 +81,7 @@ private:
     void seePerson(GedcomNode& record, Links& links);
     void seeFamily(const GedcomNode& record, Links& links);
     void join(Links& links);
+    void openRings();
     void joinMarriages(Links& links);
 
     QHash<QString, int> personNames_ = {}, familyNames_ = {};

@@ -52,6 +52,7 @@ PersonIn::PersonIn(GedcomTarget& target, const GedcomNode& record)
     : RecordIn(target, record), seen_(target.index.personAtLine(record.line))
 {
     card_.insert("nind", seen_.number);
+    own_ << seen_.number;
 }
 
 void PersonIn::write()
@@ -98,9 +99,11 @@ void PersonIn::takeName()
     const QString prefix = reading_.takeText(*name, "NPFX"), nick = reading_.takeText(*name, "NICK");
     if (title.isEmpty()) title = prefix;
     if (nickname.isEmpty()) nickname = nick;
-    const bool isInName = isOurs ? gedcomName(shown).titles.join(' ') == title
-                                 : shown.startsWith(title.simplified() + ' ', Qt::CaseInsensitive);
-    if (!isInName) putText(card_, "titulo", title, "NAME.NPFX");
+    const auto isInName = [&] {
+        return isOurs ? gedcomName(shown, target_.names).titles.join(' ') == title
+                      : shown.startsWith(title.simplified() + ' ', Qt::CaseInsensitive);
+    };
+    if (!title.isEmpty() && !isInName()) putText(card_, "titulo", title, "NAME.NPFX");
     putText(card_, "alcunha", nickname, "NAME.NICK");
 }
 
@@ -169,7 +172,9 @@ void PersonIn::takeBirthDate(const Beginning& ceremony, const Beginning& birth)
 void PersonIn::takeBirth()
 {
     Beginning ceremony, birth;
-    readBeginning(ceremony, record_.child("CHR") ? "CHR" : "BAPM");
+    const GedcomNode *const christening = record_.child("CHR"), *const baptism = record_.child("BAPM");
+    const bool isBaptism = baptism && (!christening || (baptism->child("DATE") && !christening->child("DATE")));
+    readBeginning(ceremony, isBaptism ? "BAPM" : "CHR");
     // An export has a birth about the day of its baptism.
     if (const GedcomNode* const node = record_.child("BIRT"); node && ceremony.date.isKnown())
         if (const GedcomNode* const date = node->child("DATE");

@@ -24,7 +24,7 @@ void PersonIn::takeDeath()
     const QString picture = takePicture(*event);
     putText(card_, "rpobi", picture.isEmpty() ? told.file : picture, "DEAT.OBJE");
     if (const QString source = takeSource(*event); !source.isEmpty()) note("DEAT.SOUR", source);
-    takeSuffrages(told.text);
+    if (const QString rest = takeSuffrages(told.text, "DEAT"); !rest.isEmpty()) note("DEAT.NOTE", rest);
 }
 
 void PersonIn::takeBurial()
@@ -39,7 +39,8 @@ void PersonIn::takeBurial()
         death_ = date;
         putDate(card_, "dataobito", "dobitofixa", death_);
     }
-    if (date.isKnown()) note("BURI.DATE", event->text("DATE"));
+    if (const QString told551 = "BURI.DATE: " + event->text("DATE"); date.isKnown() && !notes_.contains(told551))
+        note("BURI.DATE", event->text("DATE"));
     if (const GedcomNode* const place = event->child("PLAC"); place && !card_.contains("enterro")) {
         reading_.takeWhole(*place);
         putText(card_, "enterro", place->value.simplified(), "BURI.PLAC");
@@ -173,7 +174,7 @@ void PersonIn::takeWill()
     const GedcomNode* const event = reading_.take(record_, "WILL");
     if (!event) return;
     card_.insert("testam", true);
-    QStringList lines = takeEventNotes(*event).text.split('\n');
+    QStringList lines = takeSuffrages(takeEventNotes(*event).text, "WILL").split('\n');
     if (lines.first() == written) {
         card_.insert("escrit", true);
         lines.removeFirst();
@@ -220,9 +221,9 @@ constexpr std::array<const char*, 8> suffrageParts = {
 
 std::optional<double> amountOf(const QString& text)
 {
-    bool isNumber = false;
-    const double amount = QString(text).replace(',', '.').toDouble(&isNumber);
-    return isNumber ? std::optional(amount) : std::nullopt;
+    static const QRegularExpression form(R"(^-?\d{1,12}(?:[,.]\d{1,4})?$)");
+    if (!form.match(text).hasMatch()) return {};
+    return QString(text).replace(',', '.').toDouble();
 }
 
 // By part; nothing where the line isn't so.
@@ -249,45 +250,42 @@ std::optional<QHash<QString, QString>> partsOf(QString line)
 
 } // namespace
 
-// The lines in which an export tells of them; others go to the notes.
-void PersonIn::takeSuffrages(const QString& notes)
+bool PersonIn::takeSuffrage(const QString& line, const QString& path)
+{
+    const QString told = line.section(": ", 0, 0);
+    const auto* const words = std::ranges::find_if(
+        suffrageWords, [&](const SuffrageWords& one) { return told == QString::fromUtf8(one.told); });
+    const auto parts = words == suffrageWords.end() ? std::nullopt : partsOf(line.mid(told.size() + 2));
+    if (!parts) return false;
+    RowValues row{{"nind", seen_.number}, {"tipolegpio", words->kind}};
+    if (parts->contains("tipo") && !putCode(row, "tipo", words->category, parts->value("tipo"))) return false;
+    for (const auto& [part, column] : {std::pair("quantidade", "quantidade"), std::pair("valor de cada", "valorunit"),
+                                       std::pair("valor total", "valortotal"), std::pair("padres", "numpadres")})
+        if (parts->contains(part)) {
+            const auto amount = amountOf(parts->value(part));
+            const bool isCount = QLatin1String(column) == QLatin1String("numpadres");
+            if (!amount || (isCount && std::floor(*amount) != *amount)) return false;
+            row.insert(column, *amount);
+        }
+    const QString currency = parts->value("moeda");
+    for (const Currency& one : currencies)
+        if (currency == QString::fromUtf8(one.name)) row.insert("tipomoeda", one.code);
+    if (!currency.isEmpty() && !row.contains("tipomoeda")) return false;
+    row.insert("idlegpio", ++suffrages_);
+    putText(row, "destino", parts->value("destino"), path + ".NOTE");
+    putText(row, "obs", parts->value("notas"), path + ".NOTE");
+    target_.rows.add("rituaismorte", row);
+    return true;
+}
+
+// The lines in which an export tells of them.
+QString PersonIn::takeSuffrages(const QString& notes, const QString& path)
 {
     QStringList rest;
     const QStringList lines = notes.isEmpty() ? QStringList() : notes.split('\n');
-    for (const QString& line : lines) {
-        const QString told = line.section(": ", 0, 0);
-        const auto* const words = std::ranges::find_if(
-            suffrageWords, [&](const SuffrageWords& one) { return told == QString::fromUtf8(one.told); });
-        const auto parts = words == suffrageWords.end() ? std::nullopt : partsOf(line.mid(told.size() + 2));
-        RowValues row{{"nind", seen_.number}};
-        bool isWhole = parts.has_value();
-        if (isWhole) {
-            row.insert("tipolegpio", words->kind);
-            if (parts->contains("tipo")) isWhole = putCode(row, "tipo", words->category, parts->value("tipo"));
-            for (const auto& [part, column] :
-                 {std::pair("quantidade", "quantidade"), std::pair("valor de cada", "valorunit"),
-                  std::pair("valor total", "valortotal"), std::pair("padres", "numpadres")})
-                if (parts->contains(part)) {
-                    const auto amount = amountOf(parts->value(part));
-                    const bool isCount = QLatin1String(column) == QLatin1String("numpadres");
-                    isWhole = isWhole && amount && (!isCount || std::floor(*amount) == *amount);
-                    if (amount) row.insert(column, *amount);
-                }
-            const QString currency = parts->value("moeda");
-            for (const Currency& one : currencies)
-                if (currency == QString::fromUtf8(one.name)) row.insert("tipomoeda", one.code);
-            isWhole = isWhole && (currency.isEmpty() || row.contains("tipomoeda"));
-        }
-        if (!isWhole) {
-            rest << line;
-            continue;
-        }
-        row.insert("idlegpio", ++suffrages_);
-        putText(row, "destino", parts->value("destino"), "DEAT.NOTE");
-        putText(row, "obs", parts->value("notas"), "DEAT.NOTE");
-        target_.rows.add("rituaismorte", row);
-    }
-    if (!rest.isEmpty()) note("DEAT.NOTE", rest.join('\n'));
+    for (const QString& line : lines)
+        if (!takeSuffrage(line, path)) rest << line;
+    return rest.join('\n');
 }
 
 } // namespace study::exchange

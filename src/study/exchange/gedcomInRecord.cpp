@@ -68,7 +68,7 @@ parish::Date RecordIn::takeDate(const GedcomNode& event, const QString& path)
 bool RecordIn::takeObservation(const GedcomNode& fact, RowValues& into)
 {
     const GedcomNode* const date = fact.child("DATE");
-    if (!date) return false;
+    if (!date || into.contains("inicioobs") || into.contains("fimobs")) return false;
     const GedcomPeriodRead period = readGedcomPeriod(date->value);
     if (!period.rest.isEmpty() || !(period.from.isValid() || period.until.isValid())) return false;
     if (period.from.isValid()) into.insert("inicioobs", period.from);
@@ -82,18 +82,32 @@ parish::Place RecordIn::takePlace(const GedcomNode& event, const QString& path, 
     const GedcomNode* node = reading_.take(event, "PLAC");
     if (!node && event.tag == "RESI" && event.child("ADDR")) node = reading_.take(event, "ADDR");
     if (!node || node->value.simplified().isEmpty()) return {};
-    QString code;
-    for (const GedcomNode& one : node->children)
-        if (one.tag == "EXID" && one.text("TYPE") == QLatin1String(placeCodeType)) {
-            reading_.takeWhole(one);
-            code = one.value;
-        }
+    const QString code = takePlaceCode(*node);
     const QString form = reading_.takeText(*node, "FORM");
     const QString text = whole.isEmpty() ? node->value : whole;
     const GedcomPlaces::Found found =
         target_.places.lookUp(text, form.isEmpty() ? target_.index.head.form : form, code);
     if (!found.isWhole) note(path + "." + node->tag, text);
     return found.place;
+}
+
+// In 5.5.1 it stands in a note that all events in the place share.
+QString RecordIn::takePlaceCode(const GedcomNode& place)
+{
+    QString code;
+    for (const GedcomNode& one : place.children) {
+        const bool isNote = one.tag == "NOTE" || one.tag == "SNOTE";
+        const QString told = isNote && one.isPointer ? target_.index.notes.value(one.value) : one.value;
+        if (isNote && told.startsWith(QString::fromUtf8(placeCodeWords)) && !told.contains('\n')) {
+            if (one.isPointer) target_.notesRead << one.value;
+            code = told.mid(QString::fromUtf8(placeCodeWords).size()).simplified();
+        } else if (one.tag == "EXID" && one.text("TYPE") == QLatin1String(placeCodeType))
+            code = one.value;
+        else
+            continue;
+        reading_.takeWhole(one);
+    }
+    return code;
 }
 
 parish::Code RecordIn::takeAge(const GedcomNode& event, const QString& path)
@@ -202,7 +216,11 @@ void RecordIn::putText(RowValues& into, const char* column, const QString& text,
 
 bool RecordIn::putCode(RowValues& into, const QString& column, const char* category, const QString& description)
 {
-    const auto code = target_.words.code(category, description);
+    // An export puts a code that nothing is told of in brackets.
+    static const QRegularExpression bare(R"(^\((\w{1,9})\)$)");
+    auto code = target_.words.code(category, description);
+    if (const auto match = bare.match(description); !code && target_.index.isOurs() && match.hasMatch())
+        code = match.captured(1);
     bool isNumber = false;
     const int number = code ? code->toInt(&isNumber) : 0;
     if (!code || (!isNumber && column != "sfamilia")) return false;
@@ -232,6 +250,10 @@ std::optional<RecordIn::AssociationTold> RecordIn::takeAssociation(const GedcomN
     if (!role) return {};
     told.who = personOf(node);
     if (told.who == 0) return {};
+    if (own_.contains(told.who) && !target_.index.isOurs()) {
+        problem(node, "Ninguém assiste ao seu próprio acto: ficou nas notas.");
+        return {};
+    }
     told.role = *role;
     told.act = act.act;
     reading_.take(node);
@@ -303,7 +325,8 @@ void RecordIn::addResidences(const char* kind, qint64 number)
         const QString source = takeSource(event), notes = told551.text;
         const bool hasNoPlace = !date.isKnown() || days.contains(date.date());
         if (hasNoPlace) {
-            QStringList told{event.value, parish::shown(date), event.text("PLAC"), source, notes};
+            const QString where = event.child("PLAC") ? event.text("PLAC") : event.text("ADDR");
+            QStringList told{event.value, parish::shown(date), where, source, notes};
             told.removeAll(QString());
             note(event.tag, told.join(", "));
             continue;
@@ -357,9 +380,10 @@ RecordIn::EventNotes RecordIn::takeEventNotes(const GedcomNode& event)
     return told;
 }
 
-void RecordIn::finish(RowValues& into, const QString& own)
+void RecordIn::tellLeft(const GedcomNode& below, const QString& above)
 {
-    reading_.tellLeft(record_, {}, [&](const GedcomNode& node, const QString& path, const QString& value) {
+    if (&below != &record_ && !reading_.isTaken(below)) note(above, reading_.shownValue(below));
+    reading_.tellLeft(below, above, [&](const GedcomNode& node, const QString& path, const QString& value) {
         const bool isOwn = target_.index.isOurs() && (node.tag == "UID" || node.tag == "_UID");
         if (isTechnical(node.tag)) {
             if (!isOwn) ++target_.report.left[record_.tag + '.' + path];
@@ -367,6 +391,11 @@ void RecordIn::finish(RowValues& into, const QString& own)
         }
         note(path, value);
     });
+}
+
+void RecordIn::finish(RowValues& into, const QString& own)
+{
+    tellLeft(record_, {});
     QStringList all = notes_;
     if (!own.isEmpty()) all.prepend(own);
     putText(into, "obs", all.join('\n'), "NOTE");

@@ -7,6 +7,7 @@
 #include "study/exchange/gedcomInReading.h"
 #include "study/exchange/gedcomInWords.h"
 #include "study/indicators/settings.h"
+#include "study/names/names.h"
 
 #include <map>
 
@@ -37,6 +38,7 @@ struct GedcomTarget
     GedcomRows rows;
     GedcomPlaces places;
     GedcomWords words;
+    const NameTable& names = NameTable::shared(); // asked once: it looks for its file
     GedcomReport report = {};
     std::map<parish::PersonNumber, indicators::BaptismDays> baptisms = {};
     QSet<QString> notesRead = {}; // shared ones
@@ -84,6 +86,7 @@ protected:
     bool takeObservation(const GedcomNode& fact, RowValues& into);
     // `whole`: what a note tells of it, where 5.5.1 had no room.
     parish::Place takePlace(const GedcomNode& event, const QString& path, const QString& whole = {});
+    QString takePlaceCode(const GedcomNode& place); // letter and code, as an export tells them; "" for none
     parish::Code takeAge(const GedcomNode& event, const QString& path);
     QString takePicture(const GedcomNode& event);
     QString takeSource(const GedcomNode& event); // in words; of a register of ours without a page: ""
@@ -131,11 +134,13 @@ protected:
     void takeAssociationsOf(const GedcomNode& event, const std::function<bool(RoleTold, ActTold)>& fits,
                             const std::function<void(const AssociationTold&)>& take);
 
-    void finish(RowValues& into, const QString& own); // all notes into "obs"; `own`: of the record itself
+    void tellLeft(const GedcomNode& below, const QString& above); // into the notes; `above`: its path
+    void finish(RowValues& into, const QString& own);             // all notes into "obs"; `own`: of the record itself
 
     GedcomTarget& target_;
     Reading reading_;
     const GedcomNode& record_;
+    QSet<qint64> own_ = {};                             // whose act it is: they don't stand beside it
     QStringList notes_ = {};                            // beside those of the record itself
     QHash<QString, const GedcomNode*> assistants_ = {}; // who is written, and where that was told
 };
@@ -165,7 +170,8 @@ private:
     void takeProfessions();
     void takePassports();
     void takeWill();
-    void takeSuffrages(const QString& notes);
+    QString takeSuffrages(const QString& notes, const QString& path); // what else they tell
+    bool takeSuffrage(const QString& line, const QString& path);
     void takeLinks();
     void takeAssociations();
     void addBequest(const AssociationTold& heir);
