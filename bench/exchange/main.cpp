@@ -51,6 +51,8 @@ const std::vector<Way>& ways()
         {"gedcom-7.0", {"exportar", "gedcom", bdpPlace, targetPlace, "--versao", "7.0"}, true},
         {"tabelas", {"exportar", "tabelas", bdpPlace, targetPlace}, true},
         {"tabelas-excel", {"exportar", "tabelas", bdpPlace, targetPlace, "--excel"}, true},
+        {"ids", {"exportar", "ids", bdpPlace, targetPlace}, false},
+        {"episodios", {"exportar", "episodios", bdpPlace, targetPlace}, false},
     };
     return all;
 }

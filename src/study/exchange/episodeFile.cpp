@@ -53,12 +53,12 @@ EpisodeFile::EpisodeFile(const TableInfo& table, const Withheld& withheld, repor
 
 void EpisodeFile::number(std::optional<qint64> value)
 {
-    value ? raw(QByteArray::number(*value)) : none();
+    value ? rows_.addNumber(*value) : none();
 }
 
 void EpisodeFile::flag(std::optional<bool> value)
 {
-    value ? raw(*value ? "1" : "0") : none();
+    value ? rows_.addWritten(*value ? "1" : "0") : none();
 }
 
 void EpisodeFile::person(const Person* person)

@@ -45,6 +45,10 @@ IdsWriter::IdsWriter(const jet::Connection& bdp, const QString& folder, const Id
     : bdp_(bdp), options_(options), goesOn_(goesOn), files_(folder), places_(bdp)
 {
     jet::Rows count(bdp, jet::NativeSql("select count(*), (select count(*) from familia) from individuo"));
+    for (const ToldWords& words : allTold()) {
+        typesTold_.push_back(options.upperCase ? QByteArray(words.type).toUpper() : QByteArray(words.type));
+        meanings_.push_back(&values_[{words.table, words.type}]);
+    }
     if (count.next()) all_ = qMax<qint64>(1, count.number(0) + passesOverFamilies * count.number(1));
 }
 
@@ -160,9 +164,9 @@ report::PackageJson IdsWriter::package() const
     return json;
 }
 
-QByteArray IdsWriter::typeOf(const ToldWords& words) const
+QByteArrayView IdsWriter::typeOf(const ToldWords& words) const
 {
-    return options_.upperCase ? QByteArray(words.type).toUpper() : QByteArray(words.type);
+    return typesTold_[static_cast<std::size_t>(words.told)];
 }
 
 // Above all places.
@@ -172,12 +176,14 @@ qint64 IdsWriter::contextOfFamily(qint64 number) const
 }
 
 // By its description; by the code itself where it has none.
-IdsCoded IdsWriter::codedBy(const QString& category, parish::Code code) const
+IdsCoded IdsWriter::codedBy(const QString& category, parish::Code code)
 {
     if (!code) return {};
+    const std::pair<QString, int> key(category, *code);
+    if (const auto known = coded_.constFind(key); known != coded_.constEnd()) return *known;
     const QString told = catalogue_.description(category, code).simplified();
     const QString which = QString("%1 %2").arg(category).arg(*code);
-    return {told.isEmpty() ? QString("(%1)").arg(*code) : told, which};
+    return *coded_.insert(key, {told.isEmpty() ? QString("(%1)").arg(*code) : told, which});
 }
 
 // The row of an assistant has a copy of the date of the act, which doesn't tell whether it is exact.

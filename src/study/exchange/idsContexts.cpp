@@ -92,7 +92,7 @@ void IdsWriter::tellContext(Told what, qint64 context, const IdsCoded& coded, co
     file_->begin();
     file_->add(context);
     file_->add(source);
-    file_->add(typeOf(words).constData());
+    file_->add(typeOf(words));
     file_->add(coded.value);
     file_->end(words.dateType, date);
 }

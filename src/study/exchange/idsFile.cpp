@@ -1,5 +1,9 @@
 #include "study/exchange/idsFile.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+
 namespace study::exchange {
 
 namespace {
@@ -22,6 +26,23 @@ report::PackageJson schemaOf(const IdsTableWords& words)
     return schema;
 }
 
+// Written one behind the other, where a row of a large file leaves no time for texts of their own.
+class DateCells
+{
+public:
+    void add(QByteArrayView bytes) { end_ = std::copy(bytes.begin(), bytes.end(), end_); }
+    void add(QByteArrayView before, int number)
+    {
+        add(before);
+        end_ = std::to_chars(end_, at_.data() + at_.size(), number).ptr;
+    }
+    QByteArrayView bytes() const { return {at_.data(), end_ - at_.data()}; }
+
+private:
+    std::array<char, 128> at_ = {}; // three years and all words take half of it
+    char* end_ = at_.data();
+};
+
 } // namespace
 
 IdsFile::IdsFile(report::PackageFiles& files, IdsTable table, const QByteArray& database)
@@ -43,11 +64,6 @@ void IdsFile::begin()
     csv_.add(database_);
 }
 
-void IdsFile::add(qint64 number)
-{
-    csv_.add(QByteArray::number(number));
-}
-
 void IdsFile::end()
 {
     csv_.endRow();
@@ -57,18 +73,29 @@ void IdsFile::end()
 // Each cell that a date has, in one piece: most rows have the same few.
 void IdsFile::end(const char* dateType, const parish::Date& date)
 {
-    static constexpr auto nothing = ",,,,,,,,,,,,", noSpan = ",,,,,,,,,"; // from Estimation, and from Year, to Missing
-    QByteArray cells = dateType;
-    if (!dateType || !date.isKnown())
-        cells += nothing + QByteArray(dateType ? ",Unavailable" : ",Time_invariant");
-    else if (const QDate day = date.date(); date.isExact())
-        cells += ",Exact," + QByteArray::number(day.day()) + ',' + QByteArray::number(day.month()) + ',' +
-                 QByteArray::number(day.year()) + noSpan;
-    else {
-        const QByteArray year = QByteArray::number(day.year());
-        cells += ",Estimated,,," + year + ",,,1,1," + year + ",31,12," + year + ',';
+    // From Estimation, and from Year, to Missing.
+    static constexpr QByteArrayView nothing = ",,,,,,,,,,,,", noSpan = ",,,,,,,,,";
+    DateCells cells;
+    cells.add(QByteArrayView(dateType));
+    if (!dateType || !date.isKnown()) {
+        cells.add(nothing);
+        cells.add(dateType ? QByteArrayView(",Unavailable") : QByteArrayView(",Time_invariant"));
+    } else {
+        int year = 0, month = 0, day = 0;
+        date.date().getDate(&year, &month, &day);
+        if (date.isExact()) {
+            cells.add(",Exact,", day);
+            cells.add(",", month);
+            cells.add(",", year);
+            cells.add(noSpan);
+        } else {
+            cells.add(",Estimated,,,", year);
+            cells.add(",,,1,1,", year);
+            cells.add(",31,12,", year);
+            cells.add(",");
+        }
     }
-    csv_.addWritten(cells);
+    csv_.addWritten(cells.bytes());
     end();
 }
 

@@ -15,8 +15,9 @@ public:
     IdsFile(report::PackageFiles& files, IdsTable table, const QByteArray& database);
 
     void begin(); // a row: its number and the database
-    void add(qint64 number);
+    void add(qint64 number) { csv_.addNumber(number); }
     void add(const QString& text) { csv_.add(text); }
+    void add(QByteArrayView text) { csv_.add(text); }
     void add(const char* text) { csv_.add(QByteArrayView(text)); }
     void addNothing() { csv_.add(QByteArrayView()); }
     void end(); // of a table without dates

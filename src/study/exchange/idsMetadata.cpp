@@ -9,11 +9,11 @@ constexpr auto definition = "Definition", relation = "Relation";
 
 } // namespace
 
-void IdsWriter::writeMeaning(const char* table, const QByteArray& type, const QString& value, const char* source,
+void IdsWriter::writeMeaning(const char* table, QByteArrayView type, const QString& value, const char* source,
                              const QString& explanation)
 {
     file_->begin();
-    file_->add(type.constData());
+    file_->add(type);
     file_->add(value);
     file_->add(source);
     file_->add(table);
@@ -39,7 +39,7 @@ void IdsWriter::writeMetadata()
         if (isTold) continue;
         const char* const table = wordsOf(one.table).name;
         writeMeaning(table, typeOf(one), definition, one.source, one.explanation);
-        const auto values = values_.value({one.table, one.type});
+        const Meanings& values = *meanings_[static_cast<std::size_t>(one.told)];
         for (auto value = values.begin(); value != values.end(); ++value)
             writeMeaning(table, typeOf(one), value.key(), one.source, value->join("; "));
     }

@@ -26,6 +26,29 @@ QString withSlashes(QString part, const QString& name)
     return name.contains(standIn) ? part : part.replace(standIn, u'/');
 }
 
+// The columns of the card that are told here, without those of anybody else.
+constexpr auto ownColumns =
+    "select nind, nome, titulo, alcunha, sexo, datanasc, DnascFixa, localnasc, tipolocalnasc, dataobito, dobitofixa, "
+    "localobito, tipolocalobito, filiacao, idadeobito, estadoobito, sacramentos, classparoquial, altura, causa, "
+    "estatura, cFisicas from individuo order by nind";
+
+PersonCard ownCardAt(const jet::Rows& row)
+{
+    PersonCard card{.number = row.number(0), .name = row.text(1), .title = row.text(2), .nickname = row.text(3)};
+    card.sex = row.text(4);
+    card.birth = dateAt(row, 5);
+    card.birthPlace = placeAt(row, 7);
+    card.death = dateAt(row, 9);
+    card.deathPlace = placeAt(row, 11);
+    int column = 13;
+    for (parish::Code* const field :
+         {&card.filiation, &card.ageAtDeath, &card.stateAtDeath, &card.sacraments, &card.parishClass, &card.height})
+        *field = codeAt(row, column++);
+    for (QString* const field : {&card.cause, &card.stature, &card.looks})
+        *field = row.text(column++);
+    return card;
+}
+
 } // namespace
 
 IdsWriter::OfPeople::OfPeople(const jet::Connection& bdp)
@@ -42,7 +65,9 @@ IdsWriter::OfPeople::OfPeople(const jet::Connection& bdp)
                     "s.estadocivil, s.falecidopai, s.falecidomae, s.parentbapt, s.parentnoivo, s.parentnoiva "
                     "from assistente s left join individuo c on s.tipoacto = 'b' and c.nind = s.entidade "
                     "left join familia f on s.tipoacto = 'c' and f.nfamilia = s.entidade "
-                    "where s.nind is not null order by s.nind, s.dataref, s.entidade, s.rowid"),
+                    "where s.nind is not null and (s.estadocivil is not null or s.falecidopai <> 0 or "
+                    "s.falecidomae <> 0 or s.parentbapt is not null or s.parentnoivo is not null or "
+                    "s.parentnoiva is not null) order by s.nind, s.dataref, s.entidade, s.rowid"),
       inherited(bdp, "select l.nindherd, t.nind, t.dataobito, t.dobitofixa, l.parentesco from legadosprofanos l "
                      "join individuo t on t.nind = l.nind where l.nindherd is not null and l.parentesco is not null "
                      "order by l.nindherd, l.nind, l.idlegprof"),
@@ -56,11 +81,12 @@ void IdsWriter::writePeople()
 {
     begin(IdsTable::Individual);
     OfPeople rows(bdp_);
-    jet::Rows people(bdp_, jet::NativeSql(peopleSelect));
+    const jet::WideView view(bdp_);
+    jet::Rows people(bdp_, jet::NativeSql(ownColumns));
     for (std::size_t i = 0; people.next(); ++i) {
         next();
         if (!isShown(people.number(0))) continue;
-        const PersonCard card = cardAt(people);
+        const PersonCard card = ownCardAt(people);
         person_ = card.number;
         writePerson(card, observed_[i], rows);
         ++counts_.people;
@@ -79,14 +105,25 @@ void IdsWriter::writePerson(const PersonCard& card, const Observed& observed, Of
     writeObservation(observed);
 }
 
+// The same names stand one behind the other in thousands.
+GedcomName IdsWriter::nameOf(const QString& name)
+{
+    if (const GedcomName* const known = namesOfLate_.object(name)) return *known;
+    GedcomName made = gedcomName(name, names_);
+    for (QString* const part : {&made.given, &made.particle, &made.surname})
+        *part = withSlashes(*part, name);
+    namesOfLate_.insert(name, new GedcomName(made));
+    return made;
+}
+
 void IdsWriter::writeName(const PersonCard& card)
 {
     if (!card.name.trimmed().isEmpty()) {
-        const GedcomName parts = gedcomName(card.name);
+        const GedcomName parts = nameOf(card.name);
         tell(Told::NameOriginal, card.name);
-        tellText(Told::FirstName, withSlashes(parts.given, card.name));
-        tellText(Told::LastNamePrefix, withSlashes(parts.particle, card.name));
-        tellText(Told::LastName, withSlashes(parts.surname, card.name));
+        tellText(Told::FirstName, parts.given);
+        tellText(Told::LastNamePrefix, parts.particle);
+        tellText(Told::LastName, parts.surname);
     }
     tellText(Told::Title, card.title);
     tellText(Told::Nickname, card.nickname);
@@ -174,7 +211,7 @@ void IdsWriter::tell(Told what, const QString& value, const parish::Date& date, 
     file_->begin();
     file_->add(person_);
     file_->add(beside.source);
-    file_->add(typeOf(words).constData());
+    file_->add(typeOf(words));
     file_->add(value);
     beside.context == 0 ? file_->addNothing() : file_->add(beside.context);
     file_->end(words.dateType, date);
@@ -221,7 +258,7 @@ void IdsWriter::tellPlace(Told what, const parish::Place& place, const parish::D
 
 void IdsWriter::note(const ToldWords& words, const IdsCoded& coded)
 {
-    QStringList& meanings = values_[{words.table, words.type}][coded.value];
+    QStringList& meanings = (*meanings_[static_cast<std::size_t>(words.told)])[coded.value];
     if (!coded.explanation.isEmpty() && !meanings.contains(coded.explanation)) meanings << coded.explanation;
 }
 

@@ -11,6 +11,38 @@ const char* bySex(const QString& letter, const char* male, const char* female, c
     return letter.compare("f", Qt::CaseInsensitive) == 0 ? female : unknown;
 }
 
+// Whether a row differs from the one before in any of some columns; by the letters, whatever their case.
+class Unrepeated
+{
+public:
+    explicit Unrepeated(std::vector<int> columns) : columns_(std::move(columns)), before_(columns_.size()) {}
+
+    bool operator()(const jet::Rows& row)
+    {
+        bool isOther = std::exchange(isFirst_, false);
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            const jet::Rows::Kind kind = row.kind(columns_[i]);
+            const QByteArrayView bytes = row.bytes(columns_[i]);
+            Cell& before = before_[i];
+            if (kind == before.kind && bytes.compare(before.bytes, Qt::CaseInsensitive) == 0) continue;
+            before = {kind, bytes.toByteArray()};
+            isOther = true;
+        }
+        return isOther;
+    }
+
+private:
+    struct Cell
+    {
+        jet::Rows::Kind kind = jet::Rows::Kind::Null;
+        QByteArray bytes = {};
+    };
+
+    std::vector<int> columns_;
+    std::vector<Cell> before_;
+    bool isFirst_ = true;
+};
+
 } // namespace
 
 // Each relation in both directions; which of the two its word is of, is the user's choice.
@@ -95,15 +127,20 @@ void IdsWriter::writeKinOf(const FamilyAt& family, OfFamilies& rows)
             tie(Tie::ParentAndChild, parent, {child.number, {}});
 }
 
+// Rows that say the same twice stand side by side, as they are ordered by what they say: the engine would keep all to
+// tell them apart.
 void IdsWriter::writeGodparents()
 {
-    jet::Rows row(bdp_, jet::NativeSql("select distinct s.entidade, c.nind, s.nind, a.nind, a.sexo, s.tipoassistente, "
+    const jet::WideView view(bdp_);
+    Unrepeated isOther({0, 2, 5, 6});
+    jet::Rows row(bdp_, jet::NativeSql("select s.entidade, c.nind, s.nind, a.nind, a.sexo, s.tipoassistente, "
                                        "s.dataref, c.datanasc, c.DnascFixa from assistente s "
                                        "left join individuo c on c.nind = s.entidade "
                                        "left join individuo a on a.nind = s.nind where s.tipoacto = 'b' "
                                        "order by s.entidade, s.dataref, s.nind, s.tipoassistente"));
     while (row.next()) {
         const Link child = linkAt(row, 0), assistant = linkAt(row, 2);
+        if (!isOther(row)) continue;
         if (!canBeTied(child, assistant)) continue;
         const bool isGodparent = row.text(5).compare("p", Qt::CaseInsensitive) == 0;
         tie(isGodparent ? Tie::GodparentAndChild : Tie::BaptismWitness, {assistant.number, row.text(4)},

@@ -6,9 +6,13 @@
 #include "study/exchange/idsFile.h"
 #include "study/exchange/idsPlaces.h"
 
+#include <QCache>
+#include <QHash>
 #include <QMap>
 
+#include <map>
 #include <set>
+#include <vector>
 
 namespace study::exchange {
 
@@ -61,6 +65,7 @@ private:
     struct OfPeople;
     void writePeople();
     void writePerson(const PersonCard& card, const Observed& observed, OfPeople& rows);
+    GedcomName nameOf(const QString& name);
     void writeName(const PersonCard& card);
     void writeBirth(const PersonCard& card, const Observed& observed, OfPeople& rows);
     void writeUnions(const PersonCard& card, OfPeople& rows);
@@ -129,14 +134,14 @@ private:
 
     // METADATA
     void writeMetadata();
-    void writeMeaning(const char* table, const QByteArray& type, const QString& value, const char* source,
+    void writeMeaning(const char* table, QByteArrayView type, const QString& value, const char* source,
                       const QString& explanation);
     report::PackageJson package() const;
 
-    QByteArray typeOf(const ToldWords& words) const; // in the case that the user wants
+    QByteArrayView typeOf(const ToldWords& words) const; // in the case that the user wants
     bool isShown(qint64 person) const { return !withheld_.contains(person); }
     qint64 contextOfFamily(qint64 number) const;
-    IdsCoded codedBy(const QString& category, parish::Code code) const;
+    IdsCoded codedBy(const QString& category, parish::Code code);
     static parish::Date actDate(QDate told, const parish::Date& card);
     QString sourceOf(Register which, const parish::Date& date, const parish::Place& place, const QString& page) const;
 
@@ -152,11 +157,18 @@ private:
     std::vector<quint8> types_ = {};           // of families, in their order
     QSet<qint64> withheld_ = {}, closed_ = {}; // people, and families that have one of them for a couple
     std::unique_ptr<IdsFile> file_ = {};
+    static constexpr int mostNames = 10'000; // a few megabytes
     report::PackageJson resources_ = report::PackageJson::array();
     IdsCounts counts_ = {};
     qint64 person_ = 0; // whose rows are written
     // Of coded types, by table and type: each value with its meanings.
-    QMap<std::pair<IdsTable, QByteArray>, QMap<QString, QStringList>> values_ = {};
+    using Meanings = QMap<QString, QStringList>;
+    std::map<std::pair<IdsTable, QByteArray>, Meanings> values_ = {};
+    std::vector<Meanings*> meanings_ = {};                // of them, in the order of what is told
+    std::vector<QByteArray> typesTold_ = {};              // the same
+    QHash<std::pair<QString, int>, IdsCoded> coded_ = {}; // by category and code
+    const NameTable& names_ = NameTable::shared();        // asked once: it looks for its file
+    QCache<QString, GedcomName> namesOfLate_{mostNames};
     std::set<QString> placeRelations_ = {};
     qint64 all_ = 1, done_ = 0;
 };

@@ -12,7 +12,9 @@ constexpr qint32 daysLeftOut = 10;
 // Who was born on a 29 February has a birthday on 1 March in common years.
 QDate birthdayIn(int year, QDate birth)
 {
-    const QDate day(year, birth.month(), birth.day());
+    int ofBirth = 0, month = 0, dayOfMonth = 0;
+    birth.getDate(&ofBirth, &month, &dayOfMonth);
+    const QDate day(year, month, dayOfMonth);
     return day.isValid() ? day : QDate(year, 3, 1);
 }
 
@@ -32,10 +34,11 @@ QDate Date::middle() const
 Date dateOf(QDate day, bool exact)
 {
     if (!day.isValid()) return {};
-    const bool newYear = day.month() == 1 && day.day() == 1;
-    return {static_cast<qint32>(day.toJulianDay()), exact     ? Precision::Exact
-                                                    : newYear ? Precision::Year
-                                                              : Precision::About};
+    const auto number = static_cast<qint32>(day.toJulianDay());
+    if (exact) return {number, Precision::Exact};
+    int year = 0, month = 0, dayOfMonth = 0;
+    day.getDate(&year, &month, &dayOfMonth);
+    return {number, month == 1 && dayOfMonth == 1 ? Precision::Year : Precision::About};
 }
 
 int daysBetween(const Date& from, const Date& to)

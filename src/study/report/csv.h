@@ -5,8 +5,6 @@
 #include <QByteArrayView>
 #include <QString>
 
-#include <utility>
-
 namespace study::report {
 
 struct CsvForm
@@ -25,7 +23,8 @@ public:
     // Between quotes where the text needs them: for a separator, a quote, a line end, blanks at its ends.
     void add(QByteArrayView cell);
     void add(const QByteArray& cell) { add(QByteArrayView(cell)); }
-    void add(const QString& cell) { add(QByteArrayView(cell.toUtf8())); }
+    void add(const QString& cell);
+    void addNumber(qint64 cell);
     // Between quotes, also where the text is empty: who reads it so can tell it from a cell with nothing.
     void addQuoted(QByteArrayView cell);
     // Cells that stand as they are written, with their separators between them. Precondition: none of them needs
@@ -35,10 +34,12 @@ public:
     void endRow();
 
     const QByteArray& bytes() const { return bytes_; }
-    QByteArray take() { return std::exchange(bytes_, {}); } // Precondition: behind an end of a row
+    QByteArray take(); // Precondition: behind an end of a row
 
 private:
     void separate();
+    char* more(qsizetype size); // so many bytes behind the others, to be written at once
+    void shorten(const char* end) { bytes_.resize(end - bytes_.constData()); }
 
     CsvForm form_;
     QByteArray bytes_ = {};
