@@ -54,6 +54,7 @@ public:
             take(record);
             if (count % recordsBetweenQuestions == 0) ask(shareOfTheIndex + reader.done() * shareOfTheRows);
         }
+        expectAll();
         const qint64 unread = target_.index.notes.size() - target_.notesRead.size();
         if (unread > 0) target_.report.left["SNOTE"] += unread;
         settleFamilies();
@@ -76,6 +77,15 @@ private:
                              ledger.highestMerged("pessoas") == 0 && ledger.highestMerged("familias") == 0;
         const auto behindAll = static_cast<qint64>(count("select max(nfamilia) from familia").toDouble()) + 1;
         return {isEmpty, ledger.newPerson(), std::max(ledger.newFamily(), behindAll)};
+    }
+
+    // Links lead to all that was there when the file was read first.
+    void expectAll() const
+    {
+        const auto isAll = [](qint64 written, std::size_t seen) { return written == static_cast<qint64>(seen); };
+        if (!isAll(target_.report.people, target_.index.people.size()) ||
+            !isAll(target_.report.families, target_.index.families.size()))
+            throw jet::Error(jet::number::invalidCall, "O ficheiro foi alterado enquanto era lido.");
     }
 
     void ask(double done) const
@@ -105,9 +115,15 @@ private:
         if (target_.index.isOurs()) return;
         if (!used.contains(record.tag)) ++target_.report.left[record.tag];
         const QStringList taken = used.value(record.tag);
-        for (const GedcomNode& one : record.children)
-            if (used.contains(record.tag) && !taken.contains(one.tag))
-                ++target_.report.left[record.tag + '.' + one.tag];
+        QSet<QString> seen; // of a picture the first file is taken
+        for (const GedcomNode& one : record.children) {
+            const bool isFurther = one.tag == "FILE" && seen.contains(one.tag);
+            seen << one.tag;
+            const QString path = record.tag + '.' + one.tag;
+            if (used.contains(record.tag) && (isFurther || !taken.contains(one.tag))) ++target_.report.left[path];
+            for (const GedcomNode& below : one.children)
+                if (one.tag == "FILE" && below.tag != "FORM") ++target_.report.left[path + '.' + below.tag];
+        }
     }
 
     // As the card calculates it: by whose dates are known.

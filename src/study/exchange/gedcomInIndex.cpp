@@ -1,5 +1,6 @@
 #include "study/exchange/gedcomInIndex.h"
 
+#include "platform/jet/error.h"
 #include "study/exchange/gedcomInTables.h"
 
 #include <QUrl>
@@ -45,6 +46,14 @@ bool mayBeOfAMarriage(const GedcomNode& association)
     if (!role || (role->role != Role::Witness && role->role != Role::Clergy && !role->isGodparent)) return false;
     const ActTold act = phraseOfAct(association.text("NOTE").section('\n', 0, 0)).act;
     return act == ActTold::Marriage || (act == ActTold::None && role->role == Role::Witness);
+}
+
+std::size_t indexAt(const QHash<int, int>& byLine, int line)
+{
+    const auto found = byLine.constFind(line);
+    if (found == byLine.constEnd())
+        throw jet::Error(jet::number::invalidCall, "o ficheiro foi alterado enquanto era lido.");
+    return static_cast<std::size_t>(*found);
 }
 
 bool isBirthFamily(const GedcomNode& link)
@@ -255,6 +264,16 @@ bool GedcomIndex::number(const GedcomNumbers& from)
     for (GedcomFamilySeen& one : families)
         one.number = keep ? one.ownNumber : family++;
     return keep;
+}
+
+const GedcomPersonSeen& GedcomIndex::personAtLine(int line) const
+{
+    return people[indexAt(peopleByLine_, line)];
+}
+
+const GedcomFamilySeen& GedcomIndex::familyAtLine(int line) const
+{
+    return families[indexAt(familiesByLine_, line)];
 }
 
 const GedcomPersonSeen* GedcomIndex::person(const QString& xref) const

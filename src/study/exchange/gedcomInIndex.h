@@ -55,14 +55,9 @@ public:
     bool isOurs() const { return head.source == QLatin1String("ORV"); }
     const GedcomPersonSeen* person(const QString& xref) const; // null where there is none
     const GedcomFamilySeen* family(const QString& xref) const;
-    const GedcomPersonSeen& personAtLine(int line) const
-    {
-        return people[static_cast<std::size_t>(peopleByLine_.value(line))];
-    }
-    const GedcomFamilySeen& familyAtLine(int line) const
-    {
-        return families[static_cast<std::size_t>(familiesByLine_.value(line))];
-    }
+    // Of the record at that line. Throws jet::Error where there was none: the file is another one by now.
+    const GedcomPersonSeen& personAtLine(int line) const;
+    const GedcomFamilySeen& familyAtLine(int line) const;
     qint64 originOf(const GedcomPersonSeen& person) const; // its number; 0: none
     bool isMember(const GedcomFamilySeen& family, const GedcomPersonSeen& person) const;
 

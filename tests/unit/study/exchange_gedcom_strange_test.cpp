@@ -1,6 +1,8 @@
 // What becomes of strange files, and of what an export has nowhere else to say.
 #include "study/gedcomInto.h"
 
+#include "platform/jet/error.h"
+
 using namespace study::exchange;
 
 namespace {
@@ -162,4 +164,27 @@ TEST_F(StrangeGedcom, HasTheFirstOfTwoHusbandsForTheHusband)
     read("0 @I1@ INDI\n1 SEX M\n0 @I2@ INDI\n1 SEX M\n0 @F1@ FAM\n1 HUSB @I1@\n1 HUSB @I2@\n1 MARR\n2 HUSB\n"
          "3 AGE 20y\n");
     EXPECT_EQ(value("select group_concat(nind || ':' || coalesce(idade, '')) from familias"), "1:20,2:");
+}
+
+TEST_F(StrangeGedcom, CountsWhatAPictureTellsBesideItsFile)
+{
+    const GedcomReport report =
+        read(person("1 BIRT\n2 OBJE @O1@\n") + "0 @O1@ OBJE\n1 FILE a.jpg\n2 FORM jpg\n2 TITL Assento\n1 FILE b.jpg\n");
+    EXPECT_EQ(value("select rpbapt from individuo"), "a.jpg");
+    EXPECT_EQ(report.left, (QMap<QString, qint64>{{"OBJE.FILE", 1}, {"OBJE.FILE.TITL", 1}}));
+}
+
+TEST_F(StrangeGedcom, WritesNothingOfAFileThatIsAnotherOneByNow)
+{
+    QByteArray records;
+    for (int i = 1; i < 2000; ++i)
+        records += "0 @I" + QByteArray::number(i) + "@ INDI\n";
+    const QByteArray fewer = "0 @I1@ INDI\n1 FAMC @F1@\n", other = "0 @F1@ FAM\n1 CHIL @I1@\n" + records;
+    for (const QByteArray& then : {fewer, other}) {
+        const QString all = file(records, "7.0", "");
+        const auto change = [&](double) { return !file(then, "7.0", "").isEmpty(); };
+        EXPECT_THROW(importGedcom(bdp, all, {.copyBefore = false}, change), jet::Error);
+        EXPECT_EQ(value("select count(*) from individuo"), "0");
+        EXPECT_EQ(bdp.transactionLevel(), 0);
+    }
 }
