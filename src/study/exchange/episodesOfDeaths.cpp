@@ -103,6 +103,8 @@ void writeChildhood(const Person& person, const EpisodeSource& source, EpisodeFi
     if (!life.isWatched()) return file.leaveOut(toldOf(life.why));
     const Date end = endOf(life, person, study);
     const bool isAge = !life.died && life.until == indicators::endOfChildhood;
+    const std::optional<qint64> order = orderOf(person);
+    const bool isOfTwins = isTwin(person);
     int number = 0;
     for (const Spell& spell : spellsOf({person.birth}, end, life.died, deathsOfParents(person))) {
         file.person(&person);
@@ -114,8 +116,8 @@ void writeChildhood(const Person& person, const EpisodeSource& source, EpisodeFi
         file.number(indicators::periodOf(person.birth.middle().year(), study.settings));
         file.raw(word::of(life.legitimacy));
         file.age(person.mother() ? person.mother()->birth : Date(), person.birth);
-        file.number(orderOf(person));
-        file.flag(isTwin(person));
+        file.number(order);
+        file.flag(isOfTwins);
         file.days(++number, spell);
         file.risk(person.birth, spell);
         file.flag(isDead(person.mother(), spell.from.day));

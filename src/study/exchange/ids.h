@@ -45,7 +45,7 @@ struct IdsCounts
 // report::PackageFiles does. The same state and options give the same bytes. Each type, relation and coded value stands
 // in METADATA with what it means, and so does each choice that programs make otherwise.
 // Rows go from the BDP to the files one after the other. Beside that, memory takes the whole parish (parish::Snapshot)
-// while the times of observation are found, before the first row, and then some 24 bytes a person and the places.
+// while the times of observation are found, before the first row, and then some 48 bytes a person and the places.
 // Throws jet::Error, in Portuguese, and Interrupted where goesOn, asked with the share that is done, answered false;
 // the folder is then as it was.
 IdsCounts exportIds(const jet::Connection& bdp, const QString& folder, const IdsOptions& options,

@@ -7,10 +7,10 @@ namespace study::exchange {
 
 namespace {
 
-const ContextRole& roleOf(const QString& sex)
+const ContextRole& roleOf(char sex)
 {
-    if (sex.compare("m", Qt::CaseInsensitive) == 0) return contextRole::husband;
-    return sex.compare("f", Qt::CaseInsensitive) == 0 ? contextRole::wife : contextRole::spouse;
+    if (sex == 'm') return contextRole::husband;
+    return sex == 'f' ? contextRole::wife : contextRole::spouse;
 }
 
 // Whether a child lived with its parents on that day: alive, still a child, and not married.
@@ -39,7 +39,8 @@ void IdsWriter::writeRole(const ContextRole& role, qint64 person, qint64 context
 void IdsWriter::writeRolesInContexts()
 {
     begin(IdsTable::IndivContext);
-    forEachFamily([this](const FamilyAt& family, OfFamilies& rows) { writeRolesIn(family, rows); });
+    forEachFamily([this](const FamilyAt& family, OfFamilies& rows) { writeRolesIn(family, rows); },
+                  options_.childrenAtHome);
     writeResidences();
     finish();
 }

@@ -4,6 +4,8 @@
 #include "study/parish/codes.h"
 #include "study/parish/locality.h"
 
+#include <algorithm>
+
 namespace study::exchange {
 
 namespace {
@@ -80,11 +82,13 @@ IdsWriter::OfPeople::OfPeople(const jet::Connection& bdp)
 void IdsWriter::writePeople()
 {
     begin(IdsTable::Individual);
+    known_.reserve(observed_.size());
     OfPeople rows(bdp_);
     const jet::WideView view(bdp_);
     jet::Rows people(bdp_, jet::NativeSql(ownColumns));
     for (std::size_t i = 0; people.next(); ++i) {
         next();
+        keep(people);
         if (!isShown(people.number(0))) continue;
         const PersonCard card = ownCardAt(people);
         person_ = card.number;
@@ -92,6 +96,26 @@ void IdsWriter::writePeople()
         ++counts_.people;
     }
     finish();
+}
+
+void IdsWriter::keep(const jet::Rows& person)
+{
+    const QByteArrayView sex = person.bytes(4);
+    const auto is = [&](QByteArrayView letter) { return sex.compare(letter, Qt::CaseInsensitive) == 0; };
+    known_.push_back({person.real(0), dateAt(person, 5), is("m") ? 'm' : is("f") ? 'f' : '\0'});
+}
+
+const IdsWriter::Known* IdsWriter::personAt(const jet::Rows& row, int column) const
+{
+    if (row.isNull(column)) return nullptr;
+    const double number = row.real(column);
+    const auto found = std::ranges::lower_bound(known_, number, {}, &Known::number);
+    return found != known_.end() && found->number == number ? &*found : nullptr;
+}
+
+Link IdsWriter::linkTo(const jet::Rows& row, int column) const
+{
+    return {row.number(column), personAt(row, column) != nullptr};
 }
 
 void IdsWriter::writePerson(const PersonCard& card, const Observed& observed, OfPeople& rows)

@@ -5,10 +5,10 @@ namespace study::exchange {
 
 namespace {
 
-const char* bySex(const QString& letter, const char* male, const char* female, const char* unknown)
+const char* bySex(char sex, const char* male, const char* female, const char* unknown)
 {
-    if (letter.compare("m", Qt::CaseInsensitive) == 0) return male;
-    return letter.compare("f", Qt::CaseInsensitive) == 0 ? female : unknown;
+    if (sex == 'm') return male;
+    return sex == 'f' ? female : unknown;
 }
 
 // Whether a row differs from the one before in any of some columns; by the letters, whatever their case.
@@ -74,8 +74,8 @@ std::vector<IdsEnd> IdsWriter::coupleOf(const FamilyAt& family, OfFamilies& rows
     std::vector<IdsEnd> couple;
     while (rows.members.next(family.number)) {
         const jet::Rows& row = rows.members.row();
-        const Link member = linkAt(row, 1);
-        if (member.isThere && isShown(member.number)) couple.push_back({member.number, row.text(3)});
+        const Known* const member = personAt(row, 1);
+        if (member && isShown(row.number(1))) couple.push_back({row.number(1), member->sex});
     }
     return couple;
 }
@@ -124,7 +124,7 @@ void IdsWriter::writeKinOf(const FamilyAt& family, OfFamilies& rows)
             tie(Tie::Spouses, *one, *other, family.marriage, source);
     for (const Child& child : childrenOf(family, rows))
         for (const IdsEnd& parent : couple)
-            tie(Tie::ParentAndChild, parent, {child.number, {}});
+            tie(Tie::ParentAndChild, parent, {child.number});
 }
 
 // Rows that say the same twice stand side by side, as they are ordered by what they say: the engine would keep all to
@@ -132,37 +132,35 @@ void IdsWriter::writeKinOf(const FamilyAt& family, OfFamilies& rows)
 void IdsWriter::writeGodparents()
 {
     const jet::WideView view(bdp_);
-    Unrepeated isOther({0, 2, 5, 6});
-    jet::Rows row(bdp_, jet::NativeSql("select s.entidade, c.nind, s.nind, a.nind, a.sexo, s.tipoassistente, "
-                                       "s.dataref, c.datanasc, c.DnascFixa from assistente s "
-                                       "left join individuo c on c.nind = s.entidade "
-                                       "left join individuo a on a.nind = s.nind where s.tipoacto = 'b' "
-                                       "order by s.entidade, s.dataref, s.nind, s.tipoassistente"));
+    Unrepeated isOther({0, 1, 2, 3});
+    jet::Rows row(bdp_, jet::NativeSql("select entidade, nind, tipoassistente, dataref from assistente "
+                                       "where tipoacto = 'b' order by entidade, dataref, nind, tipoassistente"));
     while (row.next()) {
-        const Link child = linkAt(row, 0), assistant = linkAt(row, 2);
         if (!isOther(row)) continue;
-        if (!canBeTied(child, assistant)) continue;
-        const bool isGodparent = row.text(5).compare("p", Qt::CaseInsensitive) == 0;
-        tie(isGodparent ? Tie::GodparentAndChild : Tie::BaptismWitness, {assistant.number, row.text(4)},
-            {child.number, {}}, actDate(row.date(6), dateAt(row, 7)));
+        const Known *const child = personAt(row, 0), *const assistant = personAt(row, 1);
+        const qint64 ofChild = row.number(0), ofAssistant = row.number(1);
+        if (!canBeTied({ofChild, child != nullptr}, {ofAssistant, assistant != nullptr})) continue;
+        const bool isGodparent = row.text(2).compare("p", Qt::CaseInsensitive) == 0;
+        tie(isGodparent ? Tie::GodparentAndChild : Tie::BaptismWitness, {ofAssistant, assistant->sex}, {ofChild},
+            actDate(row.date(3), child->birth));
     }
 }
 
 void IdsWriter::writeMarriageWitnesses()
 {
-    jet::Rows row(bdp_, jet::NativeSql("select distinct s.entidade, f.nfamilia, s.nind, a.nind, m.nind, i.nind, "
-                                       "s.dataref, f.datacasam, f.dcasamfixa from assistente s "
+    const jet::WideView view(bdp_);
+    Unrepeated isOther({0, 2, 3, 4});
+    jet::Rows row(bdp_, jet::NativeSql("select s.entidade, f.nfamilia, s.nind, m.nind, s.dataref, f.datacasam, "
+                                       "f.dcasamfixa from assistente s "
                                        "left join familia f on f.nfamilia = s.entidade "
-                                       "left join individuo a on a.nind = s.nind "
-                                       "left join familias m on m.nfamilia = f.nfamilia "
-                                       "left join individuo i on i.nind = m.nind where s.tipoacto = 'c' "
+                                       "left join familias m on m.nfamilia = f.nfamilia where s.tipoacto = 'c' "
                                        "order by s.entidade, s.dataref, s.nind, m.nind"));
     while (row.next()) {
-        const Link family = linkAt(row, 0), assistant = linkAt(row, 2), spouse = linkAt(row, 4);
+        if (!isOther(row)) continue;
+        const Link family = linkAt(row, 0), assistant = linkTo(row, 2), spouse = linkTo(row, 3);
         if (!family.isThere || !assistant.isThere || !spouse.isThere || closed_.contains(family.number)) continue;
         if (isShown(assistant.number) && isShown(spouse.number))
-            tie(Tie::MarriageWitness, {assistant.number, {}}, {spouse.number, {}},
-                actDate(row.date(6), dateAt(row, 7)));
+            tie(Tie::MarriageWitness, {assistant.number}, {spouse.number}, actDate(row.date(4), dateAt(row, 5)));
     }
 }
 
@@ -174,7 +172,7 @@ void IdsWriter::writeHeirs()
                                        "order by l.nind, l.nindherd"));
     while (row.next()) {
         const Link heir = linkAt(row, 0), testator = linkAt(row, 2);
-        if (canBeTied(heir, testator)) tie(Tie::Heir, {heir.number, {}}, {testator.number, {}}, dateAt(row, 4));
+        if (canBeTied(heir, testator)) tie(Tie::Heir, {heir.number}, {testator.number}, dateAt(row, 4));
     }
 }
 
@@ -185,8 +183,7 @@ void IdsWriter::writeExecutors()
                                        "where i.testamenteiro <> 0 order by i.nind"));
     while (row.next()) {
         const Link executor = linkAt(row, 0), testator = linkAt(row, 2);
-        if (canBeTied(executor, testator))
-            tie(Tie::Executor, {executor.number, {}}, {testator.number, {}}, dateAt(row, 4));
+        if (canBeTied(executor, testator)) tie(Tie::Executor, {executor.number}, {testator.number}, dateAt(row, 4));
     }
 }
 

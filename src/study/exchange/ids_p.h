@@ -20,7 +20,7 @@ namespace study::exchange {
 struct IdsEnd
 {
     qint64 number = 0;
-    QString sex = {};
+    char sex = 0; // 'm', 'f', 0 for neither
 };
 
 // What hangs on a row of INDIVIDUAL beside its value.
@@ -55,6 +55,16 @@ private:
     void readParish();
     void observe(const parish::Snapshot& parish);
     Observed limited(Observed one) const;
+    // What the other tables ask of people, of whom they name a million to and fro.
+    struct Known
+    {
+        double number = 0;
+        parish::Date birth = {};
+        char sex = 0; // as IdsEnd has it
+    };
+    void keep(const jet::Rows& person);
+    const Known* personAt(const jet::Rows& row, int column) const; // null where the BDP hasn't got them
+    Link linkTo(const jet::Rows& row, int column) const;           // the same, as a link
     void findWithheld();
     void begin(IdsTable table);
     void finish();
@@ -103,7 +113,7 @@ private:
     };
     struct OfFamilies;
     template <class Work>
-    void forEachFamily(const Work& work);
+    void forEachFamily(const Work& work, bool withMarriages = false); // of the children
     std::vector<IdsEnd> coupleOf(const FamilyAt& family, OfFamilies& rows);
     std::vector<Child> childrenOf(const FamilyAt& family, OfFamilies& rows);
     QString sourceOf(const FamilyAt& family, const QString& page) const;
@@ -154,6 +164,7 @@ private:
     parish::Catalogue catalogue_ = {};
     IdsPlaces places_;
     std::vector<Observed> observed_ = {};      // in the order of the people
+    std::vector<Known> known_ = {};            // the same, once they are written
     std::vector<quint8> types_ = {};           // of families, in their order
     QSet<qint64> withheld_ = {}, closed_ = {}; // people, and families that have one of them for a couple
     std::unique_ptr<IdsFile> file_ = {};
