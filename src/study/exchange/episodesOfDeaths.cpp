@@ -137,6 +137,7 @@ void writeAdulthood(const Person& person, const EpisodeSource& source, EpisodeFi
     const End& end = life.ends[static_cast<std::size_t>(Estimate::Censored)];
     const std::vector<Standing> standings = standingsOf(person, study);
     std::vector<Date> cuts;
+    cuts.reserve(standings.size());
     for (const Standing& one : standings)
         cuts.push_back(one.from);
     int number = 0;

@@ -111,18 +111,15 @@ private:
         QStringList there;
         for (const QString& table : bdp_.tables())
             there << table.toLower();
-        for (const linkage::Reference& reference : linkage::references()) {
-            const bool isPerson = reference.target == linkage::Target::Person;
-            if ((!isPerson && reference.target != linkage::Target::Family) || !there.contains(reference.table))
-                continue;
-            const QString word =
-                *reference.with ? QString(" and %1 = '%2'").arg(reference.with, reference.word) : QString();
-            jet::Rows row(bdp_,
-                          jet::NativeSql(QString("select distinct %1 from %2 where %1 in %3%4 and not (%5) "
-                                                 "order by %1")
-                                             .arg(reference.column, reference.table,
-                                                  isPerson ? madePeople : madeFamilies, word, ownRows(reference.table)),
-                                         {last_->id}));
+        for (const linkage::Reference& link : linkage::references()) {
+            const bool isPerson = link.target == linkage::Target::Person;
+            if ((!isPerson && link.target != linkage::Target::Family) || !there.contains(link.table)) continue;
+            const QString word = *link.with ? QString(" and %1 = '%2'").arg(link.with, link.word) : QString();
+            jet::Rows row(bdp_, jet::NativeSql(QString("select distinct %1 from %2 where %1 in %3%4 and not (%5) "
+                                                       "order by %1")
+                                                   .arg(link.column, link.table, isPerson ? madePeople : madeFamilies,
+                                                        word, ownRows(link.table)),
+                                               {last_->id}));
             while (row.next())
                 addOnce(QString(isPerson ? "O indivíduo nº %1, que veio com a importação, já tem outros dados na BDP."
                                          : "A família nº %1, que veio com a importação, já tem outros dados na BDP.")

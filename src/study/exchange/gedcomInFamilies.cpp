@@ -77,7 +77,7 @@ void FamilyIn::takeChildren()
 {
     for (const GedcomNode& one : record_.children) {
         if (one.tag != "CHIL" || !one.isPointer || one.isVoid()) continue;
-        const GedcomPersonSeen* const child = target_.index.person(one.value);
+        const GedcomPersonSeen* const child = target_.index.personNamed(one.value);
         if (!child)
             personOf(one);
         else if (target_.index.originOf(*child) == seen_.number)

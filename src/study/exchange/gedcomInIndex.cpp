@@ -276,13 +276,13 @@ const GedcomFamilySeen& GedcomIndex::familyAtLine(int line) const
     return families[indexAt(familiesByLine_, line)];
 }
 
-const GedcomPersonSeen* GedcomIndex::person(const QString& xref) const
+const GedcomPersonSeen* GedcomIndex::personNamed(const QString& xref) const
 {
     const int index = xref.isEmpty() ? -1 : personNames_.value(xref, -1);
     return index < 0 ? nullptr : &people[static_cast<std::size_t>(index)];
 }
 
-const GedcomFamilySeen* GedcomIndex::family(const QString& xref) const
+const GedcomFamilySeen* GedcomIndex::familyNamed(const QString& xref) const
 {
     const int index = xref.isEmpty() ? -1 : familyNames_.value(xref, -1);
     return index < 0 ? nullptr : &families[static_cast<std::size_t>(index)];

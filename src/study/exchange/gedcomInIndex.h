@@ -53,8 +53,8 @@ public:
     bool number(const GedcomNumbers& from);
 
     bool isOurs() const { return head.source == QLatin1String("ORV"); }
-    const GedcomPersonSeen* person(const QString& xref) const; // null where there is none
-    const GedcomFamilySeen* family(const QString& xref) const;
+    const GedcomPersonSeen* personNamed(const QString& xref) const; // null where there is none
+    const GedcomFamilySeen* familyNamed(const QString& xref) const;
     // Of the record at that line. Throws jet::Error where there was none: the file is another one by now.
     const GedcomPersonSeen& personAtLine(int line) const;
     const GedcomFamilySeen& familyAtLine(int line) const;

@@ -205,7 +205,7 @@ void PersonIn::takeLinks()
     for (const GedcomNode& one : record_.children) {
         if (one.tag == "REFN" && one.text("TYPE") == QLatin1String(personRefn)) reading_.takeWhole(one);
         if ((one.tag != "FAMC" && one.tag != "FAMS") || !one.isPointer || one.isVoid()) continue;
-        const GedcomFamilySeen* const family = target_.index.family(one.value);
+        const GedcomFamilySeen* const family = target_.index.familyNamed(one.value);
         if (!family) {
             ++target_.report.lostLinks;
             problem(one, QString("A família @%1@ não está no ficheiro.").arg(one.value));

@@ -43,9 +43,9 @@ QString Reading::shownValue(const GedcomNode& node) const
 {
     if (!node.isPointer) return node.value;
     if (node.isVoid()) return {};
-    if (const GedcomPersonSeen* const person = index_.person(node.value))
+    if (const GedcomPersonSeen* const person = index_.personNamed(node.value))
         return QString("pessoa %1").arg(person->number);
-    if (const GedcomFamilySeen* const family = index_.family(node.value))
+    if (const GedcomFamilySeen* const family = index_.familyNamed(node.value))
         return QString("família %1").arg(family->number);
     if (index_.notes.contains(node.value)) notesRead_ << node.value;
     for (const QHash<QString, QString>* const texts : {&index_.sources, &index_.notes, &index_.objects})

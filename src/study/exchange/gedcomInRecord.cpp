@@ -231,7 +231,7 @@ bool RecordIn::putCode(RowValues& into, const QString& column, const char* categ
 qint64 RecordIn::personOf(const GedcomNode& association)
 {
     if (!association.isPointer || association.isVoid()) return 0;
-    if (const GedcomPersonSeen* const person = target_.index.person(association.value)) return person->number;
+    if (const GedcomPersonSeen* const person = target_.index.personNamed(association.value)) return person->number;
     ++target_.report.lostLinks;
     problem(association, QString("A pessoa @%1@ não está no ficheiro.").arg(association.value));
     return 0;

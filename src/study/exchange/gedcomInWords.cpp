@@ -17,16 +17,16 @@ QString keyOf(const QString& name)
 
 GedcomWords::GedcomWords(jet::Connection& bdp, GedcomRows& rows, bool makesNew) : rows_(rows), makesNew_(makesNew)
 {
-    jet::Rows code(bdp, jet::NativeSql("select categoria, codigo, descricao from infocomplementar "
-                                       "order by categoria, length(codigo), codigo"));
-    while (code.next())
-        if (const QString key = code.text(0) + '|' + keyOf(code.text(2)); !codes_.contains(key))
-            codes_.insert(key, code.text(1));
-    jet::Rows profession(bdp, jet::NativeSql("select codprof, profissao from profissao order by codprof"));
-    while (profession.next()) {
-        lastProfession_ = qMax(lastProfession_, profession.number(0));
-        if (const QString key = keyOf(profession.text(1)); !professions_.contains(key))
-            professions_.insert(key, profession.number(0));
+    jet::Rows codes(bdp, jet::NativeSql("select categoria, codigo, descricao from infocomplementar "
+                                        "order by categoria, length(codigo), codigo"));
+    while (codes.next())
+        if (const QString key = codes.text(0) + '|' + keyOf(codes.text(2)); !codes_.contains(key))
+            codes_.insert(key, codes.text(1));
+    jet::Rows professions(bdp, jet::NativeSql("select codprof, profissao from profissao order by codprof"));
+    while (professions.next()) {
+        lastProfession_ = qMax(lastProfession_, professions.number(0));
+        if (const QString key = keyOf(professions.text(1)); !professions_.contains(key))
+            professions_.insert(key, professions.number(0));
     }
 }
 

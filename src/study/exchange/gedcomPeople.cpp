@@ -80,7 +80,7 @@ void GedcomWriter::writeName(const PersonCard& card)
     if (!name.payload.isEmpty() || !nickname.isEmpty()) {
         const int longest = lines_.is551() ? longestValue551("NAME") : 0;
         const qsizetype bytes = name.payload.toUtf8().size() + name.payload.count(u'@'); // which is two
-        const bool isLong = longest > 0 && (name.payload.size() > longest || bytes > 2 * longest);
+        const bool isLong = longest > 0 && (name.payload.size() > longest || bytes > qsizetype(2) * longest);
         const QString short551 = name.given.left(longest / 2) + " //";
         lines_.text(1, "NAME", isLong ? short551 : name.payload.isEmpty() ? "//" : name.payload);
         bool areWhole = !isLong;

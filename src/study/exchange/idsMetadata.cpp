@@ -34,9 +34,9 @@ void IdsWriter::writeMetadata()
                          .arg(options_.limitYears));
     const ToldWords* before = nullptr;
     for (const ToldWords& one : allTold()) {
-        const bool isTold = before && before->table == one.table && qstrcmp(before->type, one.type) == 0;
+        const bool isOfTheSameType = before && before->table == one.table && qstrcmp(before->type, one.type) == 0;
         before = &one;
-        if (isTold) continue;
+        if (isOfTheSameType) continue;
         const char* const table = wordsOf(one.table).name;
         writeMeaning(table, typeOf(one), definition, one.source, one.explanation);
         const Meanings& values = *meanings_[static_cast<std::size_t>(one.told)];

@@ -51,7 +51,7 @@ void IdsWriter::tie(Tie what, const IdsEnd& one, const IdsEnd& other, const pari
     const TieWords& words = wordsOf(what);
     const char* const ofOne = bySex(one.sex, words.male, words.female, words.unknown);
     const char* const ofOther = bySex(other.sex, words.otherMale, words.otherFemale, words.otherUnknown);
-    const auto write = [&](const IdsEnd& first, const IdsEnd& second, const char* word) {
+    const auto writeRow = [&](const IdsEnd& first, const IdsEnd& second, const char* word) {
         file_->begin();
         file_->add(first.number);
         file_->add(second.number);
@@ -59,8 +59,8 @@ void IdsWriter::tie(Tie what, const IdsEnd& one, const IdsEnd& other, const pari
         file_->add(word);
         file_->end(words.dateType, date);
     };
-    write(one, other, options_.reversedRelations ? ofOther : ofOne);
-    write(other, one, options_.reversedRelations ? ofOne : ofOther);
+    writeRow(one, other, options_.reversedRelations ? ofOther : ofOne);
+    writeRow(other, one, options_.reversedRelations ? ofOne : ofOther);
 }
 
 bool IdsWriter::canBeTied(const Link& one, const Link& other)

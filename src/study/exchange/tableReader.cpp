@@ -116,7 +116,7 @@ bool TableReader::takeRow()
         return false;
     }
     bool isSound = true;
-    static const CsvCell nothing;
+    static const CsvCell nothing = {};
     for (const Taken& taken : taken_)
         isSound =
             takeCell(taken, taken.cell < reader_.cells().size() ? reader_.cells()[taken.cell] : nothing) && isSound;

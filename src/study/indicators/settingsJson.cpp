@@ -68,8 +68,7 @@ void keepSettings(jet::Connection& bdp, const Settings& settings)
     const Settings standard;
     if (settings == standard && !hasTable(bdp)) return;
     jet::Transaction transaction(bdp);
-    if (!hasTable(bdp))
-        bdp.execute(jet::NativeSql(settingsTable));
+    if (!hasTable(bdp)) bdp.execute(jet::NativeSql(settingsTable));
     const Settings before = keptSettings(bdp);
     for (const Entry& entry : settingEntries()) {
         const json value = entry.told(settings);

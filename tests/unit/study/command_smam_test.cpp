@@ -95,9 +95,9 @@ TEST_F(TheCommandForSinglesByAge, RefusesAListByTheLineThatIsWrong)
 TEST_F(TheCommandForSinglesByAge, RefusesCountsWithThePointOfThousands)
 {
     const auto refused = [this](const char* singles, const char* all) {
-        expectRefused(QByteArray("grupo;solteiros;todos\n15–19;") + singles + ';' + all + '\n',
-                      QString("2: \"%1\" e \"%2\" não são dois números de pessoas, inteiros e sem pontos.")
-                          .arg(singles, all));
+        expectRefused(
+            QByteArray("grupo;solteiros;todos\n15–19;") + singles + ';' + all + '\n',
+            QString("2: \"%1\" e \"%2\" não são dois números de pessoas, inteiros e sem pontos.").arg(singles, all));
     };
     refused("1.000", "2.000");
     refused("1,000", "2");

@@ -416,7 +416,8 @@ TEST_F(GedcomInto, LeavesASoundBdpOrNothingWhateverIsDamaged)
         QList<QByteArray> lines = whole.split('\n');
         for (qsizetype i = upTo(4); i >= 0; --i) {
             QByteArray& line = lines[upTo(lines.size() - 1)];
-            if (const qsizetype kind = upTo(4); kind == 0)
+            const qsizetype kind = upTo(4);
+            if (kind == 0)
                 line = lines[upTo(lines.size() - 1)];
             else if (kind == 1)
                 line.truncate(upTo(line.size()));

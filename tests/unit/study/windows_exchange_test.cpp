@@ -145,7 +145,7 @@ protected:
     }
     bool hasDrafts() const
     {
-        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden).filter("b.orv").size() > 0;
+        return !QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden).filter("b.orv").isEmpty();
     }
 
 private:
