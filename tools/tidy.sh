@@ -4,7 +4,7 @@
 # $HOUSE_BASE. Where neither is given, that is main as it is here or at the origin, if the work is ahead of it; on main
 # itself, the last commit that is four hours, half a working day, older than the newest one.
 # What has changed is looked at, side by side on all cores; one file takes six to ten seconds. Where no commit was named,
-# that is the forty sources that were changed last, some five minutes; of a large merge the others are told by their
+# that is the twenty-four sources that were changed last, some three minutes; of a large merge the others are told by their
 # number alone, and are looked at where a commit is named. A header is read with its own source, or with the first one
 # that includes it.
 set -uo pipefail
@@ -82,7 +82,7 @@ for file in "${changed[@]}"; do
     fi
 done
 awk '!seen[$0]++' "$folder/sources" >"$folder/all"
-most=40
+most=24
 [ -z "${1:-}${HOUSE_BASE:-}" ] || most=$(wc -l <"$folder/all")
 head -n "$most" "$folder/all" >"$folder/sources"
 echo "Changed since $(git rev-parse --short "$base"): ${#changed[@]} files, shown by $(wc -l <"$folder/all") sources; looked at: $(wc -l <"$folder/sources")"
