@@ -163,16 +163,15 @@ private:
         QStringList there;
         for (const QString& table : bdp_.tables())
             there << table.toLower();
-        return std::ranges::any_of(linkage::references(), [&](const linkage::Reference& reference) {
-            if (reference.target != target || !there.contains(reference.table)) return false;
-            const QString ofLevel = level.isEmpty() ? QString() : QString(" and %1 = ?").arg(reference.with);
+        return std::ranges::any_of(linkage::references(), [&](const linkage::Reference& link) {
+            if (link.target != target || !there.contains(link.table)) return false;
+            const QString ofLevel = level.isEmpty() ? QString() : QString(" and %1 = ?").arg(link.with);
             QVariantList values{key};
             if (!level.isEmpty()) values << level;
             jet::Rows row(
                 bdp_,
-                jet::NativeSql(
-                    QString("select 1 from %1 where %2 = ?%3 limit 1").arg(reference.table, reference.column, ofLevel),
-                    values));
+                jet::NativeSql(QString("select 1 from %1 where %2 = ?%3 limit 1").arg(link.table, link.column, ofLevel),
+                               values));
             return row.next();
         });
     }
