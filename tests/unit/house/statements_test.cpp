@@ -90,8 +90,8 @@ const Rules& rules()
                 {"study/exchange/gedcomInRows.cpp", {"table", "columns.join()", "places.join()"}},
                 {"study/exchange/gedcomInMarks.cpp", {"columns.join()", "table.table", "where", "table.condition"}},
                 {"study/exchange/gedcomInBack.cpp",
-                 {"link.column", "link.table", "word", "ownRows()", "table.table", "table.owner", "keys",
-                  "within", "ofLevel", "table->table", "table->owner"}},
+                 {"link.column", "link.table", "word", "ownRows()", "table.table", "table.owner", "keys", "within",
+                  "ofLevel", "table->table", "table->owner"}},
                 {"study/exchange/gedcomIn.cpp", {"select", "table.owner", "table.table", "connectionString()"}},
                 {"views/frmRP.cpp", {"chave", "registo.coluna"}},
                 // Handed over by callers that are read themselves.
