@@ -94,15 +94,15 @@ TEST_F(TheCommandForSinglesByAge, RefusesAListByTheLineThatIsWrong)
 // "1.000" is a thousand, whatever follows the point.
 TEST_F(TheCommandForSinglesByAge, RefusesCountsWithThePointOfThousands)
 {
-    const auto refused = [this](const char* singles, const char* all) {
+    const auto expectNoCounts = [this](const char* singles, const char* all) {
         expectRefused(
             QByteArray("grupo;solteiros;todos\n15–19;") + singles + ';' + all + '\n',
             QString("2: \"%1\" e \"%2\" não são dois números de pessoas, inteiros e sem pontos.").arg(singles, all));
     };
-    refused("1.000", "2.000");
-    refused("1,000", "2");
-    refused("900", "1.000");
-    refused("1", "2%");
+    expectNoCounts("1.000", "2.000");
+    expectNoCounts("1,000", "2");
+    expectNoCounts("900", "1.000");
+    expectNoCounts("1", "2%");
 }
 
 TEST_F(TheCommandForSinglesByAge, RefusesSharesAndAPeopleThatNeverMarries)

@@ -51,17 +51,17 @@ QStringList selects()
         "funcprimpcasam, funcsegpcasam, " +
             named("localcasam", "tipolocalcasam") + " from familia order by nfamilia",
         "select nfamilia, nind, idade, estadocivil, numcasam from familias order by nfamilia, nind",
-        "select tipoacto, entidade, dataref, nind, tipoassistente, estadocivil, falecidopai, falecidomae, parentbapt, "
-        "parentnoivo, parentnoiva, obs from assistente order by tipoacto, entidade, nind, tipoassistente",
+        ("select tipoacto, entidade, dataref, nind, tipoassistente, estadocivil, falecidopai, falecidomae, parentbapt, "
+         "parentnoivo, parentnoiva, obs from assistente order by tipoacto, entidade, nind, tipoassistente"),
         "select numero, tiporesid, dataref, datafixa, fonte, obs, " + named("localresid", "tipolocal") +
             " from residencia order by numero, tiporesid, dataref",
-        "select p.nind, p.dataref, p.datafixa, replace(f.profissao, '*', ''), p.fonte, p.obs from profissoes p "
-        "left join profissao f using (codprof) order by p.nind, p.dataref, f.profissao",
-        "select nind, dataref, datafixa, idade, nivelassinatura, assina, fonte, funcao, obs from assinatura "
-        "order by nind, dataref, nivelassinatura",
+        ("select p.nind, p.dataref, p.datafixa, replace(f.profissao, '*', ''), p.fonte, p.obs from profissoes p "
+         "left join profissao f using (codprof) order by p.nind, p.dataref, f.profissao"),
+        ("select nind, dataref, datafixa, idade, nivelassinatura, assina, fonte, funcao, obs from assinatura "
+         "order by nind, dataref, nivelassinatura"),
         "select nind, nindherd, parentesco, bensmoveis, bensraiz, obs from legadosprofanos order by nind, idlegprof",
-        "select nind, tipolegpio, tipo, quantidade, valorunit, tipomoeda, destino, numpadres, valortotal, obs "
-        "from rituaismorte order by nind, idlegpio",
+        ("select nind, tipolegpio, tipo, quantidade, valorunit, tipomoeda, destino, numpadres, valortotal, obs "
+         "from rituaismorte order by nind, idlegpio"),
         "select nind, npass, dataref, obs, " + named("localdestino", "tipolocaldest") +
             " from passaporte order by nind, npass",
     };
