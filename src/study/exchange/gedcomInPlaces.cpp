@@ -4,6 +4,7 @@
 #include "common/niveis.h"
 #include "common/numeros.h"
 #include "study/exchange/gedcomInTables.h"
+#include "study/exchange/gedcomValues.h"
 #include "study/names/names.h"
 
 #include <algorithm>
@@ -45,14 +46,7 @@ GedcomPlaces::GedcomPlaces(jet::Connection& bdp, GedcomRows& rows, MakesNew make
 {
     jet::Rows home(bdp, jet::NativeSql("select cod from infopar limit 1"));
     if (home.next()) ownParish_ = home.text(0);
-    jet::Rows row(bdp,
-                  jet::NativeSql("select 'P' || codpais, nomepais, '' from pais "
-                                 "union all select 'Z' || codzona, nomezona, 'P' || codpais from zonapais "
-                                 "union all select 'D' || coddistrito, nomedistrito, 'P' || codpais from distrito "
-                                 "union all select 'C' || codconcelho, nomeconcelho, 'D' || coddistrito from concelho "
-                                 "union all select 'F' || codparoquia, nomeparoquia, 'C' || codconcelho from paroquia "
-                                 "union all select 'L' || codlugar, nomelugar, 'F' || codparoquia from lugar "
-                                 "union all select 'S' || codsitio, nomesitio, 'L' || codlugar from sitio"));
+    jet::Rows row(bdp, jet::NativeSql(placesSelect));
     while (row.next())
         add(row.text(0), {semMarca(row.text(1)), row.text(2)});
 }

@@ -78,14 +78,7 @@ QString relativePath(const QString& path, const QString& bdpFolder)
 
 PlaceNames::PlaceNames(const jet::Connection& bdp)
 {
-    jet::Rows row(bdp,
-                  jet::NativeSql("select 'P' || codpais, nomepais, '' from pais "
-                                 "union all select 'Z' || codzona, nomezona, 'P' || codpais from zonapais "
-                                 "union all select 'D' || coddistrito, nomedistrito, 'P' || codpais from distrito "
-                                 "union all select 'C' || codconcelho, nomeconcelho, 'D' || coddistrito from concelho "
-                                 "union all select 'F' || codparoquia, nomeparoquia, 'C' || codconcelho from paroquia "
-                                 "union all select 'L' || codlugar, nomelugar, 'F' || codparoquia from lugar "
-                                 "union all select 'S' || codsitio, nomesitio, 'L' || codlugar from sitio"));
+    jet::Rows row(bdp, jet::NativeSql(placesSelect));
     while (row.next())
         places_.insert(row.text(0), {item(row.text(1)), row.text(2)});
 }

@@ -41,6 +41,16 @@ QByteArray uidOf(const parish::Home& home, const char* kind, qint64 number);
 // otherwise its name alone. With slashes.
 QString relativePath(const QString& path, const QString& bdpFolder);
 
+// All places of a BDP: letter and code, name, and letter and code of what it lies in, "" of a country.
+inline constexpr auto placesSelect =
+    "select 'P' || codpais, nomepais, '' from pais "
+    "union all select 'Z' || codzona, nomezona, 'P' || codpais from zonapais "
+    "union all select 'D' || coddistrito, nomedistrito, 'P' || codpais from distrito "
+    "union all select 'C' || codconcelho, nomeconcelho, 'D' || coddistrito from concelho "
+    "union all select 'F' || codparoquia, nomeparoquia, 'C' || codconcelho from paroquia "
+    "union all select 'L' || codlugar, nomelugar, 'F' || codparoquia from lugar "
+    "union all select 'S' || codsitio, nomesitio, 'L' || codlugar from sitio";
+
 // The tables of places, each with what it lies in.
 class PlaceNames
 {

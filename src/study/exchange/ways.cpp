@@ -35,6 +35,15 @@ daysOf(const jet::Connection& bdp)
     };
 }
 
+// A line of what was written, where there is something to tell.
+void tellOf(qint64 count, const char* line, Exchanged& told)
+{
+    if (count > 0) told.lines << QString::fromUtf8(line).arg(count);
+}
+
+constexpr auto mayBeAlive = "Podem estar vivas e não foram: %1 pessoas.";
+constexpr auto linkedToNobody = "Ligações a quem não está na BDP, que não foram: %1.";
+
 Exchanged writeGedcomFile(GedcomVersion version, const jet::Connection& bdp, const OutOrder& order,
                           const GoesOn& goesOn)
 {
@@ -47,12 +56,9 @@ Exchanged writeGedcomFile(GedcomVersion version, const jet::Connection& bdp, con
     options.days = daysOf(bdp);
     const GedcomCounts counts = exportGedcom(bdp, order.target, options, goesOn);
     Exchanged told{.lines = {QString("Pessoas: %1; famílias: %2.").arg(counts.people).arg(counts.families)}};
-    if (counts.withheldPeople > 0)
-        told.lines << QString("Podem estar vivas e não foram: %1 pessoas.").arg(counts.withheldPeople);
-    if (counts.lostLinks > 0)
-        told.lines << QString("Ligações a quem não está na BDP, que não foram: %1.").arg(counts.lostLinks);
-    if (counts.shortened > 0)
-        told.lines << QString("Textos longos de mais, que estão por inteiro nas notas: %1.").arg(counts.shortened);
+    tellOf(counts.withheldPeople, mayBeAlive, told);
+    tellOf(counts.lostLinks, linkedToNobody, told);
+    tellOf(counts.shortened, "Textos longos de mais, que estão por inteiro nas notas: %1.", told);
     return told;
 }
 
@@ -92,9 +98,8 @@ Exchanged writeTables(Dialect dialect, const jet::Connection& bdp, const OutOrde
                                             .source = sourceOf(order),
                                             .goesOn = goesOn});
     Exchanged told{.lines = linesOf(all.tables)};
-    if (all.apart > 0) told.lines << QString("Células em problemas.csv: %1.").arg(all.apart);
-    if (all.emptied > 0)
-        told.lines << QString("Números que não levam a nenhum registo e ficaram vazios: %1.").arg(all.emptied);
+    tellOf(all.apart, "Células em problemas.csv: %1.", told);
+    tellOf(all.emptied, "Números que não levam a nenhum registo e ficaram vazios: %1.", told);
     for (const QString& other : all.leftOut)
         told.warnings.push_back({.text = "Ficou de fora, por ser de outro programa: " + other});
     return told;
@@ -126,12 +131,9 @@ Exchanged writeIds(const jet::Connection& bdp, const OutOrder& order, const Goes
                                      .source = sourceOf(order)},
                                     goesOn);
     Exchanged told{.lines = linesOf(all.tables)};
-    if (all.withheldPeople > 0)
-        told.lines << QString("Podem estar vivas e não foram: %1 pessoas.").arg(all.withheldPeople);
-    if (all.lostLinks > 0)
-        told.lines << QString("Ligações a quem não está na BDP, que não foram: %1.").arg(all.lostLinks);
-    if (all.unmapped > 0)
-        told.lines << QString("Filiações que não contam como legítimas nem como ilegítimas: %1.").arg(all.unmapped);
+    tellOf(all.withheldPeople, mayBeAlive, told);
+    tellOf(all.lostLinks, linkedToNobody, told);
+    tellOf(all.unmapped, "Filiações que não contam como legítimas nem como ilegítimas: %1.", told);
     return told;
 }
 
@@ -144,8 +146,7 @@ Exchanged writeEpisodes(const jet::Connection& bdp, const OutOrder& order, const
                                                 .source = sourceOf(order),
                                                 .goesOn = goesOn});
     Exchanged told{.lines = linesOf(all.files)};
-    if (all.withheldPeople > 0)
-        told.lines << QString("Podem estar vivas e não foram: %1 pessoas.").arg(all.withheldPeople);
+    tellOf(all.withheldPeople, mayBeAlive, told);
     return told;
 }
 

@@ -11,6 +11,7 @@
 #include "study/windows/cards.h"
 #include "study/windows/exchangeText.h"
 #include "study/windows/parishCopy.h"
+#include "study/windows/underWay.h"
 
 #include <QDir>
 
@@ -35,31 +36,6 @@ QString contentsOf(const exchange::GedcomImported& import)
 {
     return QString("Pessoas: %1; famílias: %2.").arg(import.people).arg(import.families);
 }
-
-// The button that ends the work is open as long as this stands.
-class UnderWay
-{
-public:
-    UnderWay(QProgressBar& bar, CommandButton& cancel) : bar_(bar), cancel_(cancel)
-    {
-        cancel_.setEnabled(true);
-        bar_.setValue(0);
-        bar_.show();
-    }
-    ~UnderWay()
-    {
-        LongWork::ended();
-        cancel_.setEnabled(false);
-        bar_.hide();
-    }
-    UnderWay(const UnderWay&) = delete;
-    UnderWay& operator=(const UnderWay&) = delete;
-
-private:
-    QProgressBar& bar_;
-    CommandButton& cancel_;
-    Hourglass hourglass_;
-};
 
 } // namespace
 

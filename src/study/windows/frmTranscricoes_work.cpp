@@ -9,6 +9,7 @@
 #include "study/transcripts/kleio.h"
 #include "study/windows/cards.h"
 #include "study/windows/frmActos.h"
+#include "study/windows/underWay.h"
 
 #include <QFileInfo>
 
@@ -20,33 +21,6 @@ using namespace study;
 namespace {
 
 constexpr std::chrono::milliseconds betweenLooks{50}; // a cancel is felt at once, and the looks cost nothing
-
-// The button that ends the work is open as long as this stands.
-class UnderWay
-{
-public:
-    UnderWay(QProgressBar& bar, CommandButton& cancel) : bar_(bar), cancel_(cancel)
-    {
-        cancel_.setEnabled(true);
-        bar_.setRange(0, 100);
-        bar_.setValue(0);
-        bar_.show();
-    }
-    ~UnderWay()
-    {
-        LongWork::ended();
-        cancel_.setEnabled(false);
-        bar_.reset();
-        bar_.hide();
-    }
-    UnderWay(const UnderWay&) = delete;
-    UnderWay& operator=(const UnderWay&) = delete;
-
-private:
-    QProgressBar& bar_;
-    CommandButton& cancel_;
-    Hourglass hourglass_;
-};
 
 } // namespace
 

@@ -79,6 +79,8 @@ const Rules& rules()
                  {"select", "select 0 where 0", "family", "bearer()", "priest", "function", "place", "priestSelect()"}},
                 {"study/exchange/idsFamilies_p.h", {"firstMarriage"}},
                 {"study/exchange/idsPeople.cpp", {"ownColumns"}},
+                {"study/exchange/gedcomValues.cpp", {"placesSelect"}},
+                {"study/exchange/gedcomInPlaces.cpp", {"placesSelect"}},
                 {"study/exchange/ownedRows.h", {"select"}},
                 {"study/exchange/privacy.cpp", {"select"}},
                 {"study/exchange/tablesWrite.cpp",
