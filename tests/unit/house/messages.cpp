@@ -29,6 +29,12 @@ bool hasWords(const QString& text)
     return text.contains(word);
 }
 
+bool isKey(const QString& text)
+{
+    static const QRegularExpression form("^[a-z0-9./…-]+$");
+    return form.match(text).hasMatch();
+}
+
 // A capital, and three words or more up to the sign that ends a sentence; or what leads to the piece that ends it.
 bool isSentence(const QString& text)
 {
@@ -46,10 +52,10 @@ public:
     {
     }
 
-    QList<Message> run()
+    QList<Message> run(Read what)
     {
         for (int i = 0; i < count(); ++i) {
-            if (t_[i].kind == Token::Text) readAround(i);
+            if (t_[i].kind == Token::Text && what == Read::Sentences) readAround(i);
             if (t_[i].kind == Token::Word && takers_.contains(t_[i].text) && (is(i + 1, "(") || is(i + 1, "{")))
                 readTaken(i + 1, takers_.value(t_[i].text));
         }
@@ -124,7 +130,7 @@ private:
             if (t_[at].kind != Token::Text) continue;
             const int begin = beginOf(at), end = endOf(begin);
             const QString text = read(begin, end);
-            if (hasWords(text)) tell(begin, text.front().isLower() ? before + text : text);
+            if (hasWords(text) && !isKey(text)) tell(begin, text.front().isLower() ? before + text : text);
             at = std::max(at, end - 1);
         }
     }
@@ -168,9 +174,9 @@ private:
 
 } // namespace
 
-QList<Message> messagesOf(const QString& file, const QString& source, const Takers& takers)
+QList<Message> messagesOf(const QString& file, const QString& source, const Takers& takers, Read what)
 {
-    return Reader(file, source, takers).run();
+    return Reader(file, source, takers).run(what);
 }
 
 QString wordsOf(const QString& message)

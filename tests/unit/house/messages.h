@@ -18,10 +18,17 @@ struct Message
 // Functions whose texts are told, and what they put before one that begins with a small letter.
 using Takers = QMap<QString, QString>;
 
-// The messages that one file of source spells: the texts among the arguments of the takers, with any words, and what
-// reads as a sentence wherever it stands, so that none is lost by way of a constant or a function. Pieces joined by "+"
-// and places ("%1") are "…"; of a choice ("a ? b : c") each branch is one.
-QList<Message> messagesOf(const QString& file, const QString& source, const Takers& takers);
+enum class Read
+{
+    Sentences, // the arguments of takers, and what reads as a sentence wherever it stands: so none is lost by way of a
+               // constant or a function
+    Taken      // the arguments of takers alone
+};
+
+// The messages that one file of source spells. Pieces joined by "+" and places ("%1") are "…"; of a choice ("a ? b :
+// c") each branch is one. An argument of one word in small letters is a key, and no message.
+QList<Message> messagesOf(const QString& file, const QString& source, const Takers& takers,
+                          Read what = Read::Sentences);
 
 // The words of a message without what the eye passes over: capitals, signs, and a "…" at either end.
 QString wordsOf(const QString& message);

@@ -6,6 +6,7 @@ const QStringList& toldAside()
 {
     static const QStringList texts{
         // Put together at run time with the message that is explained.
+        "… do indivíduo antes de …",
         "Guarda-se só o acto, e nada se escreve nas fichas.",
         "Com todas as pessoas só no acto, guarda-se o acto sem fichas.",
         "… A lista é a de ….",
@@ -125,6 +126,24 @@ const QStringList& toldAside()
         "do programa.",
         "Um ficheiro GEDCOM, 5.5.1 ou 7.0, de qualquer programa. Todas as pessoas e famílias ficam na BDP aberta com "
         "fichas novas; o que não tem coluna vai para as notas. Antes é feita uma cópia da BDP.",
+    };
+    return texts;
+}
+
+const QList<Joined>& joinedAtRunTime()
+{
+    static const QList<Joined> texts{
+        {"Deve inserir o nome do indivíduo antes de …", "individuals/frmInd_edit.cpp", "Deve inserir o nome"},
+        {"Deve especificar o sexo do indivíduo antes de …", "individuals/frmInd_edit.cpp", "Deve especificar o sexo"},
+        {"Deve especificar o tipo do indivíduo antes de …", "individuals/frmInd_edit.cpp", "Deve especificar o tipo"},
+        {"… as cópias desta BDP não se guardam nesta pasta.", "store/copiaDiaria.cpp",
+         "as cópias desta BDP não se guardam nesta pasta."},
+        {"… (…) nasceu depois de ….", "study/acts/objections_families.cpp", "nasceu depois de %1."},
+        {"… (…) tinha … quando nasceu ….", "study/acts/objections_families.cpp", "tinha %1 quando nasceu %2."},
+        {"… (…) ainda não tinha nascido.", "study/acts/objections_families.cpp", "ainda não tinha nascido."},
+        {"…, …: na BDP está outro valor, que não se altera.", "study/acts/work.cpp",
+         ": na BDP está outro valor, que não se altera."},
+        {"…: não há memória que chegue.", "study/windows/background.cpp", "não há memória que chegue."},
     };
     return texts;
 }

@@ -1,6 +1,7 @@
 // What the program tells and the chapter of messages passes over.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -8,7 +9,17 @@ namespace house {
 
 const QStringList& toldAside(); // as messagesOf() gives them
 
-// Whether the texts of the file reach the user as messages.
+// A message that no source spells in one piece, and a piece by which its source is known to tell it still.
+struct Joined
+{
+    QString text;
+    QString file;
+    QString piece;
+};
+
+const QList<Joined>& joinedAtRunTime();
+
+// Whether the sentences of the file reach the user as messages; elsewhere those that a box or an error takes do.
 bool isOfMessages(const QString& file);
 
 } // namespace house

@@ -23,9 +23,12 @@ const Takers& takers()
                             {"VerificaInteiro", {}},
                             {"ask", {}},
                             {"askWhetherToStore", {}},
+                            {"fail", {}},
                             {"invalidStatement", {}},
+                            {"object", {}},
                             {"recusa", {}},
                             {"recusaData", {}},
+                            {"recusado", "\"…\" "},
                             {"refuse", "…: "},
                             {"refuseGedcom", "Linha …: "},
                             {"showMessage", {}},
@@ -81,6 +84,15 @@ TEST(TheReaderOfMessages, TakesASentenceWhereverItStands)
               QStringList({"Deve ter nome!", "Já há um nome assim!"}));
 }
 
+TEST(TheReaderOfMessages, TakesTheArgumentsAloneWhereItIsTold)
+{
+    const char* source = R"(const char* um = "Isto é uma nota."; ask("Continuar?"); object("sem-nome", 1, "Falta");)";
+    QStringList texts;
+    for (const Message& one : messagesOf("frm.cpp", source, {{"ask", {}}, {"object", {}}}, Read::Taken))
+        texts << one.text;
+    EXPECT_EQ(texts, QStringList({"Continuar?", "Falta"}));
+}
+
 TEST(TheReaderOfMessages, TellsTheFileAndTheLine)
 {
     const QList<Message> found = messagesOf("a/b.cpp", "// um\n\nask(\"Sai\" + x);", takers());
@@ -119,16 +131,32 @@ QString sources()
     return ORV_DATA_DIR "/../src";
 }
 
+QString sourceOf(const QString& file)
+{
+    QFile source(sources() + '/' + file);
+    return source.open(QIODevice::ReadOnly) ? QString::fromUtf8(source.readAll()) : QString();
+}
+
+QStringList files()
+{
+    QStringList names;
+    for (QDirIterator it(sources(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
+        names << QDir(sources()).relativeFilePath(it.next());
+    names.sort();
+    return names;
+}
+
 const QList<Message>& ofTheProgram()
 {
     static const QList<Message> all = [] {
+        Takers ofOthers = takers();
+        ofOthers.remove("ask"); // rules and counts have functions of that name
         QList<Message> messages;
-        for (QDirIterator it(sources(), {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-            QFile file(it.next());
-            const QString name = QDir(sources()).relativeFilePath(file.fileName());
-            if (isOfMessages(name) && file.open(QIODevice::ReadOnly))
-                messages += messagesOf(name, QString::fromUtf8(file.readAll()), takers());
-        }
+        for (const QString& file : files())
+            messages += isOfMessages(file) ? messagesOf(file, sourceOf(file), takers())
+                                           : messagesOf(file, sourceOf(file), ofOthers, Read::Taken);
+        for (const Joined& joined : joinedAtRunTime())
+            if (sourceOf(joined.file).contains('"' + joined.piece)) messages << Message{joined.file, 1, joined.text};
         return messages;
     }();
     return all;
