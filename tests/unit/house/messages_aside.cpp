@@ -138,6 +138,7 @@ const QList<Joined>& joinedAtRunTime()
         {"Deve especificar o tipo do indivíduo antes de …", "individuals/frmInd_edit.cpp", "Deve especificar o tipo"},
         {"… as cópias desta BDP não se guardam nesta pasta.", "store/copiaDiaria.cpp",
          "as cópias desta BDP não se guardam nesta pasta."},
+        {"… foi alterado depois.", "study/acts/undo.cpp", " foi alterado depois."},
         {"… (…) nasceu depois de ….", "study/acts/objections_families.cpp", "nasceu depois de %1."},
         {"… (…) tinha … quando nasceu ….", "study/acts/objections_families.cpp", "tinha %1 quando nasceu %2."},
         {"… (…) ainda não tinha nascido.", "study/acts/objections_families.cpp", "ainda não tinha nascido."},
