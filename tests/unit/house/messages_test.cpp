@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace house;
 
 namespace {
@@ -181,9 +183,10 @@ TEST(TheManual, IsFoundToLackAMessageThatIsTakenOut)
     ASSERT_GT(entries.size(), 600);
     const Entry one = entries.takeAt(entries.size() / 2);
     const QStringList found = disagreements(ofTheProgram(), entries, toldAside());
-    ASSERT_FALSE(found.isEmpty());
-    for (const QString& each : found)
-        EXPECT_TRUE(each.contains("the chapter lacks")) << qPrintable(each);
+    const bool isTold = std::any_of(found.begin(), found.end(), [&](const QString& each) {
+        return each.contains("the chapter lacks") && wordsOf(each).endsWith(wordsOf(one.text));
+    });
+    EXPECT_TRUE(isTold) << qPrintable(one.text);
 }
 
 TEST(TheManual, SaysOfEachMessageWhatToDoAndIsFoundByIt)
