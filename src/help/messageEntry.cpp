@@ -1,5 +1,7 @@
 #include "help/messageEntry.h"
 
+#include "help/folded.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -9,26 +11,6 @@
 namespace help {
 
 namespace {
-
-// Small letters without accents, and one blank for whatever is between them.
-QString folded(const QString& text)
-{
-    QString letters;
-    for (const QChar letter : text.normalized(QString::NormalizationForm_KD)) {
-        if (letter.isMark()) continue;
-        if (letter.isLetterOrNumber())
-            letters += letter.toLower();
-        else if (!letters.endsWith(' '))
-            letters += ' ';
-    }
-    return letters;
-}
-
-// With a blank at both ends, so that a word can be told from a part of one.
-QString foldedLine(const QString& line)
-{
-    return folded(' ' + line + ' ');
-}
 
 class Title
 {

@@ -50,6 +50,20 @@ const QStringList& toldAside()
         "A BDP não foi alterada.",
         "A BDP tal como estava antes: …",
         // The state of a window, its questions and its hints.
+        "No manual em PDF, é a página ….",
+        "Escreva o que sabe. \"confIrmar\" (Alt+I) grava o indivíduo e passa ao seguinte; \"canceLar\" (Alt+L) acaba.",
+        "Ainda não há indivíduos: carregue em \"Inserir\" (Alt+I) para o primeiro.",
+        "Escolha o distrito, o concelho e a paróquia, e carregue em \"Atribuir\".",
+        "Escolha um local, de cima para baixo, e carregue em \"Guardar\": fica na lista que as fichas oferecem.",
+        "Escolha o local, de cima para baixo, e carregue em \"Atribuir\": passa para a ficha. \"Guardar\" põe-no na "
+        "lista.",
+        "A cópia da demonstração está em ….",
+        "Carregue em \"OK\" para trabalhar nesta BDP.",
+        "Carregue no botão \"...\" da paróquia (Alt+P) e escolha a paróquia desta BDP.",
+        "Carregue no botão \"...\" da localização (Alt+L) e diga em que pasta fica a BDP, e com que nome.",
+        "Carregue no botão \"...\" da localização (Alt+L) e escolha o ficheiro da BDP.",
+        "Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha carregue "
+        "em \"Inserir\".",
         "&Que lugar é?",
         "&Que profissão é?",
         "&Quais das palavras da BDP?",
