@@ -68,7 +68,7 @@ def index(book, kind, title, anchor):
 
 def title_page(book, version, picture):
     drawn = f'<img src="{picture.resolve().as_uri()}" alt="">' if picture else ""
-    return (f'<section class="rosto">{drawn}<p class="programa">ORV</p>'
+    return (f'<section class="rosto"><div class="livro">{escape(book.title)} do ORV</div>{drawn}<p class="programa">ORV</p>'
             f'<p class="nome-do-programa">Sistema de Ordenação de Róis e Vidas</p>'
             f'<p class="titulo">{escape(book.title)}</p><p class="versao">Versão {escape(version)}</p></section>')
 
@@ -88,7 +88,6 @@ def whole(book, shots, version, picture):
                        for chapter in book.chapters)
     return (f'<!DOCTYPE html><html lang="pt-PT"><head><meta charset="utf-8"><title>ORV – {escape(book.title)}</title>'
             f'<meta name="author" content="{AUTHOR}">{made_on()}</head><body>'
-            f'<div class="livro">{escape(book.title)} do ORV</div>'
             f"{title_page(book, version, picture)}{contents(book, indexes)}{chapters}"
             f'{"".join(index(book, *one) for one in indexes)}</body></html>')
 
