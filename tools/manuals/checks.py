@@ -122,8 +122,7 @@ def entries(book):
             yield Problem(heading.place, f"the entry of the index is doubled ({heading.title}): {first.file}:{first.line}")
 
 
-def problems(manual, tutorial, pictures_folder, startup):
-    taken = list(shots(pictures_folder)) if pictures_folder else []
+def problems(manual, tutorial, taken, startup):
     books = [book for book in (manual, tutorial) if book.chapters]
     for book in books:
         for check in (beginnings, leftovers, anchors, links, entries):
