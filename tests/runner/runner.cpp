@@ -2,7 +2,6 @@
 
 #include "failure.h"
 #include "language.h"
-#include "place.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -108,7 +107,7 @@ struct Runner::Job
 };
 
 Runner::Runner(Options options)
-    : options_(std::move(options)),
+    : options_(std::move(options)), folder_(!options_.shots.isEmpty()),
       environment_(playEnvironment(folder_.path(), options_.shots.isEmpty() ? plainScreen : pictureScreen))
 {
 }
@@ -221,7 +220,7 @@ bool Runner::run()
         startNext();
     QTimer::singleShot(0, [this] { report(); });
     QCoreApplication::exec();
-    folder_.setAutoRemove(!options_.keep || failed_ == 0);
+    if (options_.keep && failed_ > 0) folder_.keep();
     printSlowest();
     QTextStream(stdout) << passed_ << " passed, " << failed_ << " failed\n";
     return failed_ == 0;

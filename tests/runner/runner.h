@@ -2,11 +2,11 @@
 // the files.
 #pragma once
 
+#include "place.h"
 #include "script.h"
 #include "state.h"
 
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <chrono>
@@ -47,7 +47,7 @@ private:
     bool chosen(const QString& title) const;
 
     Options options_;
-    QTemporaryDir folder_;
+    PlayFolder folder_;
     QProcessEnvironment environment_;
     std::vector<std::unique_ptr<Job>> jobs_;
     size_t started_ = 0;

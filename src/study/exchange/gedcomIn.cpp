@@ -3,6 +3,7 @@
 #include "common/tipoFam.h"
 #include "platform/jet/error.h"
 #include "platform/jet/transaction.h"
+#include "platform/time/clock.h"
 #include "store/session.h"
 #include "study/acts/ledger.h"
 #include "study/exchange/gedcomIn_p.h"
@@ -193,10 +194,9 @@ private:
     void keepImport(const QString& name)
     {
         tables::make(bdp_, {importTable(), importedTable()});
-        bdp_.execute(
-            jet::NativeSql("insert into estudo_importacao (quando, ficheiro, pessoas, familias) values (?, ?, ?, ?)",
-                           {QDateTime::currentDateTime().toString(tables::timeFormat), name, target_.report.people,
-                            target_.report.families}));
+        bdp_.execute(jet::NativeSql(
+            "insert into estudo_importacao (quando, ficheiro, pessoas, familias) values (?, ?, ?, ?)",
+            {Clock::moment().toString(tables::timeFormat), name, target_.report.people, target_.report.families}));
         {
             jet::Rows row(bdp_, jet::NativeSql("select max(id) from estudo_importacao"));
             row.next();
