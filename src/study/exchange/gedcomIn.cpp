@@ -27,9 +27,15 @@ constexpr double shareOfTheIndex = 0.3, shareOfTheRows = 0.6;
 
 void openFile(QFile& file)
 {
+    const QFileInfo there(file.fileName());
+    if (!there.exists())
+        throw jet::Error(jet::number::fileNotFound, QString("O ficheiro \"%1\" não existe.").arg(file.fileName()));
+    if (there.isDir())
+        throw jet::Error(jet::number::permissionDenied,
+                         QString("\"%1\" é uma pasta, e não um ficheiro.").arg(file.fileName()));
     if (!file.open(QIODevice::ReadOnly))
-        throw jet::Error(QFileInfo::exists(file.fileName()) ? jet::number::permissionDenied : jet::number::fileNotFound,
-                         QString("O ficheiro \"%1\" não se pode ler: %2").arg(file.fileName(), file.errorString()));
+        throw jet::Error(jet::number::permissionDenied,
+                         QString("O ficheiro \"%1\" não pode ser lido.").arg(file.fileName()));
 }
 
 // One file into one BDP, within a transaction of the caller.
