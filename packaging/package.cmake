@@ -1,5 +1,6 @@
 # The Debian package: the target `deb`, or `cpack --preset release` once all is built, makes orv_VERSION_ARCHITECTURE.deb
-# of whatever is installed. The same sources give the same bytes, in whatever folder and whenever they are built.
+# of whatever is installed. The same sources give the same bytes, in whatever folder and whenever they are built (cpack alone
+# writes the modes of its three pieces by the umask: the usual one, 022, is that of the target).
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME orv)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -14,8 +15,6 @@ set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
-    WORLD_READ WORLD_EXECUTE) # whatever the umask
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
@@ -28,7 +27,7 @@ set(CPACK_THREADS 1) # pieces that are packed side by side depend on how many th
 
 # Read again by cpack, which sets the dates of all that is packed.
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_SOURCE_DIR}/cpack.cmake)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/dates.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/staged.cmake)
 set(CPACK_ORV_RELEASE_SECONDS ${ORV_RELEASE_SECONDS})
 include(CPack)
 
@@ -36,5 +35,6 @@ set(packed orv orv-estudo program_folder demo icons-apps icons-mimetypes compres
 if(TARGET manuals)
     list(APPEND packed manuals)
 endif()
-add_custom_target(deb COMMAND ${CMAKE_CPACK_COMMAND} WORKING_DIRECTORY ${CMAKE_BINARY_DIR} USES_TERMINAL VERBATIM)
+add_custom_target(deb COMMAND sh -c "umask 022 && exec \"$0\"" ${CMAKE_CPACK_COMMAND}
+    WORKING_DIRECTORY ${CMAKE_BINARY_DIR} USES_TERMINAL VERBATIM)
 add_dependencies(deb ${packed})
