@@ -18,7 +18,8 @@ missing_of() {
 
 # apt_would PACKAGE...: what apt would fetch for these, in its own figures; nothing where it doesn't know them yet.
 apt_would() {
-    LC_ALL=C apt-get -o Debug::NoLocking=true --assume-no --no-install-recommends install "$@" 2>/dev/null </dev/null |
+    { LC_ALL=C apt-get -o Debug::NoLocking=true --assume-no --no-install-recommends install "$@" 2>/dev/null </dev/null ||
+        true; } | # it fails because it was told not to
         sed -nE 's/^[0-9]+ upgraded, ([0-9]+) newly installed.*/With what they need, \1 packages:/p
             s|^Need to get ([^/]*)(/.*)? of archives\.|\1 to fetch,|p
             s/^After this operation, (.*) of additional disk space will be used\./\1 on the disk./p' | tr '\n' ' ' | sed 's/ $/\n/'
@@ -56,7 +57,7 @@ install_packages() {
         echo "    apt-get update && apt-get install --no-install-recommends ${missing[*]}"
         return 1
     fi
-    "${as_root[@]}" apt-get update
+    "${as_root[@]}" apt-get update || echo "What can be had is read from the lists that are here."
     [ -n "$would" ] || apt_would "${missing[@]}"
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y --no-install-recommends -o Dpkg::Progress-Fancy=true "${missing[@]}" && return

@@ -60,5 +60,5 @@ trial "documents that aren't there" "$HOME" "$(documents_folder)"
 mkdir "$HOME/Documentos"
 trial "a folder of that name all the same" "$HOME/Documentos" "$(documents_folder)"
 
-echo "$trials trials, $failures failed"
+[ $failures -eq 0 ] || echo "$failures of $trials trials of tools/demonstration.sh failed."
 [ $failures -eq 0 ]
