@@ -44,8 +44,9 @@ private:
     QTreeWidgetItem* add(const help::Entry& entry, QTreeWidgetItem* above);
     void showEntry(const help::Entry& entry);
     void choose(const help::Entry* entry); // in the list
-    void pageChanged();
+    void pageChanged(const QUrl& page);
     void zoomed();
+    void standAside();
 
     std::unique_ptr<Ui::FrmManual> ui;
     help::Manual manual_;

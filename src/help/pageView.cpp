@@ -35,6 +35,7 @@ QColor linkColor(const QPalette& palette)
 PageView::PageView(QWidget* parent) : QTextBrowser(parent)
 {
     setOpenLinks(false);
+    document()->setDocumentMargin(14);
     connect(this, &QTextBrowser::anchorClicked, this, &PageView::follow);
 }
 
@@ -51,7 +52,7 @@ void PageView::follow(const QUrl& link)
 QVariant PageView::loadResource(int type, const QUrl& name)
 {
     if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
-    const QUrl picture = source().resolved(name);
+    const QUrl picture = folder_.resolved(name);
     pictures_ << picture;
     return fitted(picture);
 }
@@ -80,6 +81,7 @@ void PageView::fitPictures()
 void PageView::doSetSource(const QUrl& page, QTextDocument::ResourceType type)
 {
     if (page.adjusted(QUrl::RemoveFragment) != source().adjusted(QUrl::RemoveFragment)) pictures_.clear();
+    folder_ = page.adjusted(QUrl::RemoveFilename | QUrl::RemoveFragment);
     takeColors();
     fittedTo_ = viewport()->width();
     QTextBrowser::doSetSource(page, type);

@@ -20,6 +20,7 @@ static bool temIndividuos()
 FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::FrmIni>())
 {
     ui->setupUi(this);
+    opensOn(nullptr, ui->cmdLoc); // both fields are filled by a dialog
     connect(ui->txtLoc, &QLineEdit::textChanged, this, &FrmIni::txtLoc_Change);
     connect(ui->cmdLoc, &QPushButton::clicked, this, &FrmIni::cmdLoc_Click);
     connect(ui->txtParoquia, &QLineEdit::textChanged, this, &FrmIni::txtParoquia_Change);

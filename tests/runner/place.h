@@ -9,6 +9,9 @@ constexpr int sanitizerExit = 99; // what the sanitizers end a process with
 // The files of the program's folder, each a copy that may be altered.
 void copyProgramFolder(const QString& from, const QString& to);
 
+// A folder of documents for a process whose XDG_CONFIG_HOME is `folder`.
+void makeDocumentsFolder(const QString& folder);
+
 bool isOffscreen();
 
 // `folder` takes a file that the process reads.

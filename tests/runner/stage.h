@@ -10,7 +10,7 @@
 class Stage
 {
 public:
-    // `folder` holds the scenario's "dir" and "program" folders, and its state where it was begun before.
+    // `folder` holds the scenario's "dir", "program" and "documents" folders, and its state where it was begun before.
     explicit Stage(const QString& folder);
 
     State state;
@@ -18,7 +18,8 @@ public:
 
     QString dir() const { return folder_ + "/dir"; }
     QString program() const { return folder_ + "/program"; }
-    QString filled(QString text) const;      // with {dir} and {program} replaced
+    QString documents() const { return folder_ + "/documents"; } // of the user
+    QString filled(QString text) const;      // with {dir}, {program} and {documents} replaced
     QString path(const QString& text) const; // filled and made absolute
     void touched(const QString& path);       // a step has written, removed or shut this file
 
