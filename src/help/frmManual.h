@@ -13,8 +13,8 @@ namespace Ui {
 class FrmManual;
 }
 
-// Stands beside the main window, or over a box, and is on no list of forms: a command that looks at the form loaded last
-// finds the same one while somebody reads.
+// Stands beside the main window, or over a box, and is on no list of forms: a command that looks at the form loaded
+// last finds the same one while somebody reads.
 class FrmManual : public QWidget
 {
     Q_OBJECT

@@ -54,7 +54,8 @@ Manual::Manual(const QString& folder) : folder_(folder)
 
 const Entry* Manual::find(const QString& id) const
 {
-    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.id == id; });
+    const auto found =
+        std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.id == id; });
     return found == entries_.end() ? nullptr : &*found;
 }
 

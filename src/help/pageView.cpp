@@ -42,8 +42,8 @@ PageView::PageView(QWidget* parent) : QTextBrowser(parent)
 void PageView::follow(const QUrl& link)
 {
     const QUrl page = source().resolved(link);
-    if (page.isLocalFile() && QFileInfo(page.toLocalFile()).absolutePath() ==
-                                  QFileInfo(source().toLocalFile()).absolutePath())
+    if (page.isLocalFile() &&
+        QFileInfo(page.toLocalFile()).absolutePath() == QFileInfo(source().toLocalFile()).absolutePath())
         setSource(page);
     else if (page.scheme() == "https" || page.scheme() == "http")
         Desktop::openUrl(page.toString(QUrl::FullyEncoded));

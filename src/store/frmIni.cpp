@@ -160,8 +160,9 @@ void FrmIni::cmdOk_Click()
         limpaSessao();
         CarregaFichaFam();
         if (!temIndividuos())
-            showStatus("Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha "
-                       "carregue em \"Inserir\".");
+            showStatus(
+                "Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha "
+                "carregue em \"Inserir\".");
         unload();
     });
 }

@@ -19,9 +19,9 @@ public:
     QString dir() const { return folder_ + "/dir"; }
     QString program() const { return folder_ + "/program"; }
     QString documents() const { return folder_ + "/documents"; } // of the user
-    QString filled(QString text) const;      // with {dir}, {program} and {documents} replaced
-    QString path(const QString& text) const; // filled and made absolute
-    void touched(const QString& path);       // a step has written, removed or shut this file
+    QString filled(QString text) const;                          // with {dir}, {program} and {documents} replaced
+    QString path(const QString& text) const;                     // filled and made absolute
+    void touched(const QString& path);                           // a step has written, removed or shut this file
 
     // Makes a BDP as the program does, from the data files of its folder. Throws Failure.
     void makeBdp(const QString& path, bool bare);

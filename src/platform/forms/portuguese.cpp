@@ -16,6 +16,7 @@ struct Text
 
 // Those of the toolkit's own texts that a user of this program can meet.
 constexpr Text texts[] = {
+    {"QGuiApplication", "QT_LAYOUT_DIRECTION", "LTR"}, // also on a desktop that is written from right to left
     {"QPlatformTheme", "OK", "OK"},
     {"QPlatformTheme", "&Yes", "&Sim"},
     {"QPlatformTheme", "&No", "&Não"},
@@ -43,6 +44,9 @@ constexpr Text texts[] = {
     {"QFileDialog", "&Save", "&Guardar"},
     {"QFileDialog", "Save As", "Guardar como"},
     {"QFileDialog", "&Choose", "&Escolher"},
+    {"QFileDialog", "Alt+Left", "Alt+Left"}, // keys, and no names of them
+    {"QFileDialog", "Alt+Right", "Alt+Right"},
+    {"QFileDialog", "Alt+Up", "Alt+Up"},
     {"QFileDialog", "Back", "Anterior"},
     {"QFileDialog", "Go back", "Voltar à pasta anterior"},
     {"QFileDialog", "Forward", "Seguinte"},

@@ -20,10 +20,7 @@ protected:
         EXPECT_TRUE(told.open(QIODevice::WriteOnly));
         told.write("XDG_DOCUMENTS_DIR=\"" + documents().toUtf8() + "\"\n");
     }
-    ~LastChoices() override
-    {
-        config_.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", config_);
-    }
+    ~LastChoices() override { config_.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", config_); }
 
     QString documents() const { return folder.filePath("documentos"); }
 
