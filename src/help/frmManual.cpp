@@ -45,7 +45,7 @@ FrmManual::FrmManual(const help::Manual& manual, QWidget* over)
 {
     ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(size().boundedTo(screen()->availableSize() - QSize(40, 60)));
+    standAside();
     ui->meio->setSizes({260, width() - 260});
     ui->meio->setStretchFactor(1, 1);
     restoreGeometry(Desktop::lastChoice(keptPlace).toByteArray());
@@ -87,6 +87,14 @@ void FrmManual::connectAll()
 void FrmManual::addKey(const QKeySequence& keys, const std::function<void()>& run)
 {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+}
+
+// At the right of the screen: what it tells of is mostly at the left.
+void FrmManual::standAside()
+{
+    const QRect room = screen()->availableGeometry().adjusted(8, 40, -8, -16);
+    resize(size().boundedTo(room.size()));
+    move(room.right() - width(), room.top());
 }
 
 QTreeWidgetItem* FrmManual::add(const Entry& entry, QTreeWidgetItem* above)
@@ -145,7 +153,7 @@ void FrmManual::showEntry(const Entry& entry)
 
 void FrmManual::showPage(const QString& id)
 {
-    const Entry* entry = manual_.find(id);
+    const Entry* entry = manual_.entryOf(id);
     ui->txtProcura->clear();
     showEntry(entry ? *entry : manual_.entries().first());
     if (isMinimized()) showNormal();
@@ -155,9 +163,9 @@ void FrmManual::showPage(const QString& id)
     ui->txtPagina->setFocus();
 }
 
-void FrmManual::pageChanged()
+void FrmManual::pageChanged(const QUrl& page)
 {
-    const Entry* entry = manual_.at(ui->txtPagina->source());
+    const Entry* entry = manual_.at(page);
     choose(entry);
     ui->lblEstado->setText(entry && entry->page > 0 ? QString("No manual em PDF, é a página %1.").arg(entry->page)
                                                     : QString());

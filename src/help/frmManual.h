@@ -13,8 +13,8 @@ namespace Ui {
 class FrmManual;
 }
 
-// Stands beside the main window, or over a box, and is on no list of forms: a command that looks at the form loaded last
-// finds the same one while somebody reads.
+// Stands beside the main window, or over a box, and is on no list of forms: a command that looks at the form loaded
+// last finds the same one while somebody reads.
 class FrmManual : public QWidget
 {
     Q_OBJECT
@@ -44,8 +44,9 @@ private:
     QTreeWidgetItem* add(const help::Entry& entry, QTreeWidgetItem* above);
     void showEntry(const help::Entry& entry);
     void choose(const help::Entry* entry); // in the list
-    void pageChanged();
+    void pageChanged(const QUrl& page);
     void zoomed();
+    void standAside();
 
     std::unique_ptr<Ui::FrmManual> ui;
     help::Manual manual_;

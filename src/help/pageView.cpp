@@ -35,14 +35,15 @@ QColor linkColor(const QPalette& palette)
 PageView::PageView(QWidget* parent) : QTextBrowser(parent)
 {
     setOpenLinks(false);
+    document()->setDocumentMargin(14);
     connect(this, &QTextBrowser::anchorClicked, this, &PageView::follow);
 }
 
 void PageView::follow(const QUrl& link)
 {
     const QUrl page = source().resolved(link);
-    if (page.isLocalFile() && QFileInfo(page.toLocalFile()).absolutePath() ==
-                                  QFileInfo(source().toLocalFile()).absolutePath())
+    if (page.isLocalFile() &&
+        QFileInfo(page.toLocalFile()).absolutePath() == QFileInfo(source().toLocalFile()).absolutePath())
         setSource(page);
     else if (page.scheme() == "https" || page.scheme() == "http")
         Desktop::openUrl(page.toString(QUrl::FullyEncoded));
@@ -51,7 +52,7 @@ void PageView::follow(const QUrl& link)
 QVariant PageView::loadResource(int type, const QUrl& name)
 {
     if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
-    const QUrl picture = source().resolved(name);
+    const QUrl picture = folder_.resolved(name);
     pictures_ << picture;
     return fitted(picture);
 }
@@ -80,6 +81,7 @@ void PageView::fitPictures()
 void PageView::doSetSource(const QUrl& page, QTextDocument::ResourceType type)
 {
     if (page.adjusted(QUrl::RemoveFragment) != source().adjusted(QUrl::RemoveFragment)) pictures_.clear();
+    folder_ = page.adjusted(QUrl::RemoveFilename | QUrl::RemoveFragment);
     takeColors();
     fittedTo_ = viewport()->width();
     QTextBrowser::doSetSource(page, type);

@@ -33,6 +33,7 @@ private:
     void takeColors();
     void follow(const QUrl& link);
 
+    QUrl folder_;         // of the page; source() tells of the page before while one is read
     QSet<QUrl> pictures_; // of the page
     int zoom_ = 0;
     int fittedTo_ = 0; // the width that the pictures were made for

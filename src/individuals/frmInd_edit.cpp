@@ -32,7 +32,8 @@ void FrmInd::iniciaInsercao()
     abreInsercao();
     cmdTest->setEnabled(false); // there is no row yet that could name an executor
     propoeIndividuo();
-    showStatus("Escreva o que sabe. \"confIrmar\" (Alt+I) grava o indivíduo e passa ao seguinte; \"canceLar\" (Alt+L) acaba.");
+    showStatus(
+        "Escreva o que sabe. \"confIrmar\" (Alt+I) grava o indivíduo e passa ao seguinte; \"canceLar\" (Alt+L) acaba.");
 }
 
 // A blank card for the next individual: the number after the last one, which the user may overtype, and the type "T".

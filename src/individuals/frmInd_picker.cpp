@@ -61,7 +61,8 @@ void FrmInd::abrePeloMenu()
     frmInd().adoInd.refresh(); // Kept: the list goes to its first row, and the fields stay as they are.
     frmInd().cmdAtribuir->setEnabled(false);
     chamada().interrompe();
-    if (!frmInd().adoInd.hasRows()) showStatus("Ainda não há indivíduos: carregue em \"Inserir\" (Alt+I) para o primeiro.");
+    if (!frmInd().adoInd.hasRows())
+        showStatus("Ainda não há indivíduos: carregue em \"Inserir\" (Alt+I) para o primeiro.");
 }
 
 void FrmInd::desiste(const Form& quem)

@@ -27,7 +27,8 @@ QString oQueSeSegue(OrigemLoc origem)
     case OrigemLoc::Menu:
         return "Escolha um local, de cima para baixo, e carregue em \"Guardar\": fica na lista que as fichas oferecem.";
     default:
-        return "Escolha o local, de cima para baixo, e carregue em \"Atribuir\": passa para a ficha. \"Guardar\" põe-no na "
+        return "Escolha o local, de cima para baixo, e carregue em \"Atribuir\": passa para a ficha. \"Guardar\" "
+               "põe-no na "
                "lista.";
     }
 }

@@ -55,8 +55,9 @@ QString copyOfDemo()
         return {};
     }
     if (const QString path = copyIntoDocuments(); !path.isEmpty()) return path;
-    showMessage(QString("Não foi possível guardar a cópia da demonstração na pasta \"%1\". Escolha outro lugar para ela.")
-                    .arg(QDir::toNativeSeparators(Desktop::documentsFolder() + "/ORV")));
+    showMessage(
+        QString("Não foi possível guardar a cópia da demonstração na pasta \"%1\". Escolha outro lugar para ela.")
+            .arg(QDir::toNativeSeparators(Desktop::documentsFolder() + "/ORV")));
     const QString path = saveFileName(bdpFilter, "Cópia da demonstração");
     if (path.isEmpty() || copyTo(path)) return path;
     showMessage(QString("A cópia da demonstração não foi feita: não se pode escrever em \"%1\", ou já lá está um "

@@ -377,7 +377,7 @@ bool FrmORV::event(QEvent* event)
     // The "?" in the frame of a form: in its place help comes at once.
     if (event->type() == QEvent::EnterWhatsThisMode) {
         QWhatsThis::leaveWhatsThisMode();
-        QMetaObject::invokeMethod(this, &FrmORV::mnuAjudaJanela_Click, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(ui->mnuAjudaJanela, &QAction::trigger, Qt::QueuedConnection);
         return true;
     }
     // The status bar keeps its text: items without a tip would blank it when the pointer passes over them.

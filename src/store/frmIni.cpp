@@ -20,6 +20,7 @@ static bool temIndividuos()
 FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::FrmIni>())
 {
     ui->setupUi(this);
+    opensOn(nullptr, ui->cmdLoc); // both fields are filled by a dialog
     connect(ui->txtLoc, &QLineEdit::textChanged, this, &FrmIni::txtLoc_Change);
     connect(ui->cmdLoc, &QPushButton::clicked, this, &FrmIni::cmdLoc_Click);
     connect(ui->txtParoquia, &QLineEdit::textChanged, this, &FrmIni::txtParoquia_Change);
@@ -159,8 +160,9 @@ void FrmIni::cmdOk_Click()
         limpaSessao();
         CarregaFichaFam();
         if (!temIndividuos())
-            showStatus("Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha "
-                       "carregue em \"Inserir\".");
+            showStatus(
+                "Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha "
+                "carregue em \"Inserir\".");
         unload();
     });
 }

@@ -315,7 +315,7 @@ void Hands::close(Stage& stage, const QString& formName)
     if (!form) fail(formName + (Forms::exists(formName) ? " isn't loaded" : " is no form of the program"));
     needsForm(stage, form);
     auto* child = qobject_cast<QMdiSubWindow*>(form->parentWidget());
-    if (!child && form != Forms::mainWindow()) fail(formName + " has no close box");
+    if (!child && qobject_cast<Form*>(form)) fail(formName + " has no close box");
     (child ? child : form)->close();
     stage.settle();
 }

@@ -19,6 +19,7 @@ namespace {
 
 void writeFile(Stage& stage, const QString& path, const QStringList& lines)
 {
+    QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly)) fail(path + " can't be written: " + file.errorString());
     for (const QString& line : lines)

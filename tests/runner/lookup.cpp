@@ -4,6 +4,7 @@
 
 #include "platform/forms/forms.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QTabWidget>
 
@@ -11,7 +12,7 @@ namespace {
 
 const QWidget* formOf(const QWidget* widget)
 {
-    while (widget && widget != Forms::mainWindow() && !qobject_cast<const Form*>(widget))
+    while (widget && widget->windowType() != Qt::Window && !qobject_cast<const Form*>(widget))
         widget = widget->parentWidget();
     return widget;
 }
@@ -40,6 +41,10 @@ QWidget* Lookup::form(const QString& name)
     for (const auto sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive})
         for (QWidget* form : Forms::loaded())
             if (form->objectName().compare(name, sensitivity) == 0) return form;
+    // What stands beside the main window and is on no list.
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows)
+        if (window->objectName() == name && window->isVisible()) return window;
     return nullptr;
 }
 

@@ -48,6 +48,13 @@ void copyProgramFolder(const QString& from, const QString& to)
         copyToAlter(from + '/' + name, to + '/' + name);
 }
 
+void makeDocumentsFolder(const QString& folder)
+{
+    QDir().mkpath(folder + "/documents");
+    QFile told(folder + "/user-dirs.dirs");
+    if (told.open(QIODevice::WriteOnly)) told.write("XDG_DOCUMENTS_DIR=\"" + folder.toUtf8() + "/documents\"\n");
+}
+
 bool isOffscreen()
 {
     return qEnvironmentVariable("QT_QPA_PLATFORM", "offscreen") == "offscreen";

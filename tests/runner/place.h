@@ -31,6 +31,9 @@ void copyToAlter(const QString& from, const QString& to);
 // The files of the program's folder, each a copy that may be altered.
 void copyProgramFolder(const QString& from, const QString& to);
 
+// A folder of documents for a process whose XDG_CONFIG_HOME is `folder`.
+void makeDocumentsFolder(const QString& folder);
+
 bool isOffscreen();
 
 // The screen of the offscreen platform, in points of 1/96 inch, and how many pixels a point has each way.

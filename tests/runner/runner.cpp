@@ -153,8 +153,9 @@ void Runner::startNext()
     for (const QString& file : options_.bring)
         copyToAlter(file, job.folder + "/dir/" + QFileInfo(file).fileName());
 
+    makeDocumentsFolder(job.folder);
     QProcessEnvironment own = environment_;
-    own.insert("XDG_CONFIG_HOME", job.folder); // where the file dialogs remember folders
+    own.insert("XDG_CONFIG_HOME", job.folder); // what the user has chosen, and where their documents are
     job.process.setProcessEnvironment(own);
     job.process.setWorkingDirectory(job.folder + "/dir");
     job.seconds = options_.seconds;

@@ -34,7 +34,7 @@ Stage::Stage(const QString& folder, const QString& shots) : folder_(folder), sho
 
 QString Stage::filled(QString text) const
 {
-    return text.replace("{dir}", dir()).replace("{program}", program());
+    return text.replace("{dir}", dir()).replace("{program}", program()).replace("{documents}", documents());
 }
 
 QString Stage::path(const QString& text) const

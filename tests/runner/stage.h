@@ -10,8 +10,8 @@
 class Stage
 {
 public:
-    // `folder` holds the scenario's "dir" and "program" folders, and its state where it was begun before. Pictures go
-    // to the folder `shots`; to "dir" where none is named.
+    // `folder` holds the scenario's "dir", "program" and "documents" folders, and its state where it was begun before.
+    // Pictures go to the folder `shots`; to "dir" where none is named.
     explicit Stage(const QString& folder, const QString& shots = {});
 
     State state;
@@ -19,10 +19,11 @@ public:
 
     QString dir() const { return folder_ + "/dir"; }
     QString program() const { return folder_ + "/program"; }
-    QString filled(QString text) const;      // with {dir} and {program} replaced
-    QString path(const QString& text) const; // filled and made absolute
-    QString shot(const QString& text) const; // filled and made absolute: where this picture goes
-    void touched(const QString& path);       // a step has written, removed or shut this file
+    QString documents() const { return folder_ + "/documents"; } // of the user
+    QString filled(QString text) const;                          // with {dir}, {program} and {documents} replaced
+    QString path(const QString& text) const;                     // filled and made absolute
+    QString shot(const QString& text) const;                     // the same: where this picture goes
+    void touched(const QString& path);                           // a step has written, removed or shut this file
 
     // Makes a BDP as the program does, from the data files of its folder. Throws Failure.
     void makeBdp(const QString& path, bool bare);

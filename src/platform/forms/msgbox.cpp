@@ -8,6 +8,9 @@
 #include <QCursor>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QIdentityProxyModel>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -60,6 +63,7 @@ void fill(QMessageBox& box, const QString& text, Icon icon, const QString& title
     box.setTextFormat(Qt::PlainText);
     box.setText(shownLines(lines.replace(QLatin1String("\r\n"), QLatin1String("\n"))));
     box.setIcon(boxIcon(icon));
+    box.setToolTip(QStringLiteral("Shift+F1: o que o manual diz disto"));
     box.setWindowTitle(title);
     if (title.isEmpty()) {
         // Some desktops show the program's name for an empty title; a blank in the frame keeps it empty.
@@ -67,6 +71,26 @@ void fill(QMessageBox& box, const QString& text, Icon icon, const QString& title
         box.windowHandle()->setTitle(QStringLiteral(" "));
     }
 }
+
+// Dates and sizes of the files as the program writes them: the dialog takes those of the desktop's language.
+class FilesInPortuguese : public QIdentityProxyModel
+{
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        const auto* files = qobject_cast<QFileSystemModel*>(sourceModel());
+        if (role != Qt::DisplayRole || !files) return QIdentityProxyModel::data(index, role);
+        const QModelIndex file = mapToSource(index);
+        if (file.column() == dateColumn) return QLocale().toString(files->lastModified(file), "dd/MM/yyyy HH:mm");
+        if (file.column() == sizeColumn && !files->isDir(file)) return QLocale().formattedDataSize(files->size(file));
+        return QIdentityProxyModel::data(index, role);
+    }
+
+private:
+    static constexpr int sizeColumn = 1, dateColumn = 3;
+};
 
 struct Filter
 {
@@ -93,6 +117,7 @@ QString chosenIn(QFileDialog& dialog, const QString& folder)
 {
     const Interruption interruption;
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setProxyModel(new FilesInPortuguese(&dialog));
     dialog.setDirectory(folder.isEmpty() ? Desktop::lastFolder() : folder);
     if (dialog.exec() != QDialog::Accepted) return {};
     const QString chosen = dialog.selectedFiles().value(0);

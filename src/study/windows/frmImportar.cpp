@@ -113,9 +113,8 @@ void FrmImportar::showWay()
 void FrmImportar::cmdOrigem_Click()
 {
     const QString title = QString("Importar: ") + QString::fromUtf8(way().title);
-    const QString source = way().source == Place::File
-                               ? openFileName(QString::fromUtf8(way().filter), title)
-                               : folderName(title);
+    const QString source =
+        way().source == Place::File ? openFileName(QString::fromUtf8(way().filter), title) : folderName(title);
     if (!source.isEmpty()) txtOrigem->setText(QDir::toNativeSeparators(source));
 }
 

@@ -46,3 +46,22 @@ TEST_F(StatusLine, HasANoteBesideWhatIsToldWhichStaysAndIsCutShort)
     EXPECT_TRUE(note->isHidden());
     EXPECT_EQ(window.statusBar()->currentMessage(), "6 dias");
 }
+
+TEST_F(StatusLine, AHintGivesBackWhatStoodThereUnlessSomethingElseWasTold)
+{
+    window.statusBar();
+    showStatus("ORV");
+    {
+        StatusHint hint;
+        hint.tell("Escolha a paróquia");
+        hint.tell("Carregue em OK");
+        EXPECT_EQ(window.statusBar()->currentMessage(), "Carregue em OK");
+    }
+    EXPECT_EQ(window.statusBar()->currentMessage(), "ORV");
+    {
+        StatusHint hint;
+        hint.tell("Carregue em OK");
+        showStatus("Gravado");
+    }
+    EXPECT_EQ(window.statusBar()->currentMessage(), "Gravado");
+}

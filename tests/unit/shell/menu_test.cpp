@@ -14,6 +14,7 @@
 
 #include <QMenuBar>
 #include <QTemporaryDir>
+#include <QWhatsThis>
 
 namespace {
 
@@ -67,6 +68,18 @@ TEST(Menus, StandInTheOrderOfTheWork)
     };
     EXPECT_EQ(at("mnuEstudo"), at("mnuManut") + 1);
     EXPECT_EQ(at("mnuEstudo"), at("mnuRel") - 1);
+}
+
+TEST(Menus, TheQuestionMarkOfAFrameAsksForHelpAndLeavesThePointerAsItWas)
+{
+    FrmORV window;
+    int asked = 0;
+    QObject::connect(window.findChild<QAction*>("mnuAjudaJanela"), &QAction::triggered, [&] { ++asked; });
+    window.findChild<QAction*>("mnuAjudaJanela")->disconnect(&window);
+    QWhatsThis::enterWhatsThisMode();
+    EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(Passports, OpenBesideTheCardOfAnIndividual)
