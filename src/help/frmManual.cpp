@@ -153,7 +153,7 @@ void FrmManual::showEntry(const Entry& entry)
 
 void FrmManual::showPage(const QString& id)
 {
-    const Entry* entry = manual_.entryOf(id);
+    const Entry* entry = manual_.entryNamed(id);
     ui->txtProcura->clear();
     showEntry(entry ? *entry : manual_.entries().first());
     if (isMinimized()) showNormal();

@@ -52,7 +52,7 @@ Manual::Manual(const QString& folder) : folder_(folder)
         if (const Entry entry = entryOf(row.toObject()); !entry.file.isEmpty()) entries_ << entry;
 }
 
-const Entry* Manual::entryOf(const QString& id) const
+const Entry* Manual::entryNamed(const QString& id) const
 {
     const auto found =
         std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.id == id; });
@@ -84,7 +84,7 @@ const Entry* Manual::explaining(const QString& message) const
     for (const Entry& entry : entries_)
         if (entry.kind == Kind::Message) messages << MessageEntry{entry.id, entry.title};
     const QString id = messageEntry(message, messages);
-    return id.isEmpty() ? nullptr : entryOf(id);
+    return id.isEmpty() ? nullptr : entryNamed(id);
 }
 
 QList<const Entry*> Manual::search(const QString& sought) const

@@ -37,7 +37,7 @@ public:
     QString folder() const { return folder_; }
     const QList<Entry>& entries() const { return entries_; } // in the order of the manual
 
-    const Entry* entryOf(const QString& id) const;
+    const Entry* entryNamed(const QString& id) const;
     // Of the page at a URL, by its anchor, or else the first of its file. Null for a page that isn't of the manual.
     const Entry* at(const QUrl& page) const;
     QUrl url(const Entry& entry) const;

@@ -34,15 +34,15 @@ TEST_F(TheManual, FindsAPageByItsIdAndByWhereItStands)
     writeAll();
     const help::Manual manual(program.filePath("manual"));
     ASSERT_EQ(manual.entries().size(), 4);
-    const help::Entry* window = manual.entryOf("frmA");
+    const help::Entry* window = manual.entryNamed("frmA");
     ASSERT_TRUE(window);
     EXPECT_EQ(window->kind, help::Kind::Window);
     EXPECT_EQ(window->page, 4);
     EXPECT_EQ(manual.url(*window), QUrl::fromLocalFile(path("10.html")).resolved(QUrl("#frmA")));
     EXPECT_EQ(manual.at(manual.url(*window)), window);
-    EXPECT_EQ(manual.at(QUrl::fromLocalFile(path("10.html"))), manual.entryOf("cap"));
+    EXPECT_EQ(manual.at(QUrl::fromLocalFile(path("10.html"))), manual.entryNamed("cap"));
     EXPECT_EQ(manual.at(QUrl::fromLocalFile(path("outra.html"))), nullptr);
-    EXPECT_EQ(manual.entryOf("frmB"), nullptr);
+    EXPECT_EQ(manual.entryNamed("frmB"), nullptr);
 }
 
 TEST_F(TheManual, PutsTheMessageSoughtBeforeTitlesAndTitlesBeforeTexts)
