@@ -95,8 +95,11 @@ int takeBack(const Order& order, QTextStream& out, QTextStream& err, const std::
     jet::Connection bdp;
     openBdp(bdp, order.bdp, jet::Connection::Sharing::Alone);
     const auto last = exchange::lastImport(bdp);
-    const QStringList why = order.rehearse || !last ? exchange::whyImportStays(bdp)
-                                                    : exchange::takeBackImport(bdp, [&](double) { return goesOn(); });
+    QStringList why = exchange::whyImportStays(bdp);
+    if (why.isEmpty() && !order.rehearse) {
+        out << "Cópia da BDP: " << copyBeforeTakingBack(bdp) << '\n';
+        why = exchange::takeBackImport(bdp, [&](double) { return goesOn(); });
+    }
     for (const QString& reason : why)
         err << reason << '\n';
     if (!why.isEmpty()) {

@@ -407,7 +407,8 @@ vai para as notas. Os lugares que a BDP não tem são criados, provisórios, na 
 uma cópia da BDP; o ficheiro vai todo, ou nada; o programa não pode ter a BDP aberta.
   --ensaio             diz o que seria escrito, e não escreve nada
   --sem-lugares        não cria lugares; --sem-profissoes: nem profissões: os nomes vão para as notas
-  --desfazer           tira da BDP tudo o que veio com a última importação, se ninguém lhe mexeu depois
+  --desfazer           tira da BDP tudo o que veio com a última importação, se ninguém lhe mexeu depois; antes é
+                       feita uma cópia da BDP
 
 Verificar diz o que se contradiz na BDP, com as regras e os limites que ela tem, e não escreve nada; o
 programa pode tê-la aberta, e o ficheiro pode ser só de leitura.

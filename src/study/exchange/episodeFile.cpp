@@ -91,8 +91,15 @@ void EpisodeFile::age(const Date& origin, const Date& at)
 void EpisodeFile::days(int spell, const Spell& of)
 {
     number(spell);
-    date(of.from.day);
-    date(of.until.day);
+    between(of.from.day, of.until.day);
+}
+
+void EpisodeFile::between(const Date& from, const Date& until)
+{
+    date(from);
+    date(until);
+    raw(decimalYear(from));
+    raw(decimalYear(until));
 }
 
 void EpisodeFile::risk(const Date& origin, const Spell& of)

@@ -53,13 +53,22 @@ TableColumn cohort(const char* name, const char* portuguese, const char* english
     return {name, Whole, portuguese, english};
 }
 
+// Each date has one beside it.
+TableColumn decimal(const char* name, const char* portuguese = "O mesmo em anos decimais.",
+                    const char* english = "The same in decimal years.")
+{
+    return {name, Number, portuguese, english};
+}
+
 // The number of the spell with its days.
 Columns spell()
 {
     return {{"spell", Whole, "Número do período da mesma vida, desde 1.", "Number of the spell in this life, from 1."},
             {"start_date", Date, "Primeiro dia do período.", "First day of the spell."},
             {"end_date", Date, "Último dia do período: o do acontecimento, se o há.",
-             "Last day of the spell: that of the event, if there is one."}};
+             "Last day of the spell: that of the event, if there is one."},
+            decimal("start", "O primeiro dia em anos decimais.", "The first day in decimal years."),
+            decimal("end", "O último dia em anos decimais.", "The last day in decimal years.")};
 }
 
 Columns risk(const char* portuguese, const char* english, const char* eventPortuguese, const char* eventEnglish)
@@ -79,8 +88,7 @@ Columns parentsDead()
 
 Columns birthDates()
 {
-    return {{"birth_date", Date, "Nascimento, ou baptismo.", "Birth, or baptism."},
-            {"birth", Number, "O mesmo em anos decimais.", "The same in decimal years."}};
+    return {{"birth_date", Date, "Nascimento, ou baptismo.", "Birth, or baptism."}, decimal("birth")};
 }
 
 TableColumn exitBy(const QStringList& words, const char* portuguese, const char* english)
@@ -123,9 +131,10 @@ Columns placed(const char* code, const char* name, const char* portuguese, const
     return {{code, Text, portuguese, english}, {name, Text, "O nome desse local.", "The name of that place."}};
 }
 
-Columns marked(const char* date, const char* by, const char* portuguese, const char* english)
+Columns marked(const char* date, const char* year, const char* by, const char* portuguese, const char* english)
 {
     return {{date, Date, portuguese, english},
+            decimal(year),
             TableColumn(by, Text, "O que o prova.", "What proves it.").only(told(word::proofs))};
 }
 
@@ -145,12 +154,13 @@ TableInfo people()
                  TableColumn("legitimacy", Text, "Legitimidade, pelas definições do estudo.",
                              "Legitimacy, by the settings of the study.")
                      .only(word::legitimacies)},
-                marked("obs_start_date", "obs_start_by", "Desde quando está em observação na freguesia.",
+                marked("obs_start_date", "obs_start", "obs_start_by", "Desde quando está em observação na freguesia.",
                        "From when on the person is observed in the parish."),
-                marked("obs_end_date", "obs_end_by", "Até quando está em observação na freguesia.",
+                marked("obs_end_date", "obs_end", "obs_end_by", "Até quando está em observação na freguesia.",
                        "Until when the person is observed in the parish."),
                 {{"alive_until_date", Date, "Última prova de vida, onde quer que seja.",
                   "Last proof of life, wherever it is from."},
+                 decimal("alive_until"),
                  {"occupation", Text, "A primeira profissão que se conhece.", "The first occupation that is told."},
                  {"occupation_hisco", Text, "O código HISCO dessa profissão, se as notas dela o têm.",
                   "The HISCO code of that occupation, where its notes have one."},
@@ -181,11 +191,13 @@ TableInfo families()
               {"class", Text, "Classe: MF, MO, EF ou EO, e I, I′ ou II.", "Class: MF, MO, EF or EO, and I, I′ or II."},
               {"type", Whole, "Tipo calculado, de 1 a 7.", "Computed type, from 1 to 7."},
               {"end_date", Date, "Fim da união, se é certo.", "End of the union, where it is certain."},
+              decimal("end"),
               TableColumn("end_by", Text, "Como se sabe o fim.", "How the end is known.").only(told(word::ends)),
               {"open_by", Text, "Porque não se sabe o fim; por palavras.",
                "Why the end isn't known; in Portuguese words."},
               {"wife_birth_date", Date, "Nascimento da mulher, se for preciso pela idade que um acto diz.",
                "Birth of the wife, if need be by an age that an act tells."},
+              decimal("wife_birth"),
               TableColumn("wife_birth_by", Text, "Como se sabe esse nascimento.", "How that birth is known.")
                   .only(told(word::births)),
               {"children", Whole, "Filhos do casal na BDP.", "Children of the couple in the BDP."},
@@ -205,8 +217,8 @@ TableInfo fertility()
          {"spell_start_date", Date, "Primeiro dia do período.", "First day of the spell."},
          {"spell_end_date", Date, "Último dia do período: o do parto, se o há.",
           "Last day of the spell: that of the confinement, if there is one."},
-         {"spell_start", Number, "O primeiro dia em anos decimais.", "The first day in decimal years."},
-         {"spell_end", Number, "O último dia em anos decimais.", "The last day in decimal years."},
+         decimal("spell_start", "O primeiro dia em anos decimais.", "The first day in decimal years."),
+         decimal("spell_end", "O último dia em anos decimais.", "The last day in decimal years."),
          {"age_enter", Number, "Idade exacta da mulher no início.", "Exact age of the wife at the beginning."},
          {"age_exit", Number, "Idade exacta da mulher no fim; sempre maior.",
           "Exact age of the wife at the end; always larger."},
@@ -231,6 +243,7 @@ TableInfo fertility()
          {"prev_ivl_days", Whole, "Dias do intervalo que acabou no último parto; o primeiro começa no casamento.",
           "Days of the interval that ended in the last confinement; the first one begins with the marriage."},
          {"marriage_date", Date, "Casamento.", "Marriage."},
+         decimal("marriage"),
          {"marriage_age", Number, "Idade exacta da mulher ao casar.", "Exact age of the wife at the marriage."},
          cohort("marriage_cohort", "Primeiro ano do período do casamento.",
                 "First year of the period of the marriage."),
@@ -281,6 +294,7 @@ TableInfo adulthood()
               personBy("spouse_id", "O cônjuge desse casamento.", "The spouse of that marriage."), sex()},
              birthDates(),
              {{"marriage_date", Date, "Primeiro casamento.", "First marriage."},
+              decimal("marriage"),
               cohort("marriage_cohort", "Primeiro ano do período do casamento.",
                      "First year of the period of the marriage.")},
              spell(),
@@ -314,7 +328,9 @@ TableInfo bounds()
              {cohort("marriage_cohort", "Primeiro ano do período do casamento.",
                      "First year of the period of the marriage."),
               {"start_date", Date, "Primeiro dia.", "First day."},
-              {"end_date", Date, "Último dia.", "Last day."}},
+              {"end_date", Date, "Último dia.", "Last day."},
+              decimal("start", "O primeiro dia em anos decimais.", "The first day in decimal years."),
+              decimal("end", "O último dia em anos decimais.", "The last day in decimal years.")},
              risk("Idade exacta ao casar, ou no início da observação.",
                   "Exact age at the marriage, or when the observation begins.", "1 se morre.", "1 for a death.")}));
 }
@@ -349,7 +365,7 @@ TableInfo widowhood()
                  familyBy("family", "A união que acabou.", "The union that has ended."),
                  sex(),
                  {"widowed_date", Date, "Fim da união.", "End of the union."},
-                 {"widowed", Number, "O mesmo em anos decimais.", "The same in decimal years."},
+                 decimal("widowed"),
                  cohort("period", "Primeiro ano do período em que a união acabou.",
                         "First year of the period in which the union ended."),
                  {"age", Number, "Idade exacta na viuvez, se há nascimento.",

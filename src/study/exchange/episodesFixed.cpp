@@ -33,7 +33,7 @@ void addDated(const Date& date, EpisodeFile& file)
 
 void addMark(const observation::Mark& mark, EpisodeFile& file)
 {
-    file.date(mark.day);
+    file.dateAndYear(mark.day);
     file.raw(word::of(mark.by));
 }
 
@@ -86,7 +86,7 @@ void writePerson(const Person& person, const EpisodeSource& source, EpisodeFile&
     file.raw(word::of(indicators::legitimacyOf(person, source.study.settings)));
     addMark(presence.from, file);
     addMark(presence.until, file);
-    file.date(presence.aliveUntil.day);
+    file.dateAndYear(presence.aliveUntil.day);
     addProfession(person, catalogue, file);
     file.number(highestSignature(person));
     file.endRow();
@@ -113,10 +113,10 @@ void writeFamily(const observation::Union& of, const EpisodeSource& source, Epis
     file.flag(isFirst(indicators::wifeIn(family), family));
     file.text(observation::className(of));
     file.number(of.computedType);
-    file.date(of.end);
+    file.dateAndYear(of.end);
     file.raw(word::of(of.endBy));
     file.text(observation::told(of.openBy));
-    file.date(of.wifeBirth);
+    file.dateAndYear(of.wifeBirth);
     file.raw(word::of(of.wifeBirthBy));
     file.number(std::ranges::count_if(family.children, isWritten));
     file.number(std::ranges::count_if(family.children, isDated));

@@ -214,8 +214,6 @@ private:
         file_.person(family.wife);
         file_.family(&family);
         file_.days(++number_, spell);
-        file_.raw(decimalYear(spell.from.day));
-        file_.raw(decimalYear(spell.until.day));
         file_.raw(ageAt(life_.wifeBirth, spell.from));
         file_.raw(ageAt(life_.wifeBirth, spell.until));
         file_.raw(ageAt(since, spell.from));
@@ -235,7 +233,7 @@ private:
 
     void writeMarriage(const Spell& spell, const parish::Family& family)
     {
-        file_.date(life_.marriage);
+        file_.dateAndYear(life_.marriage);
         file_.raw(ageAt(life_.wifeBirth, {life_.marriage}));
         file_.number(periodOf(life_.marriage.year(), settings_));
         file_.number(periodOf(spell.from.day.year(), settings_));

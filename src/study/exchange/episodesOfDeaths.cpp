@@ -147,7 +147,7 @@ void writeAdulthood(const Person& person, const EpisodeSource& source, EpisodeFi
         file.person(parish::spouseOf(person, *life.family));
         file.raw(word::of(person.gender));
         file.dateAndYear(life.birth);
-        file.date(life.marriage);
+        file.dateAndYear(life.marriage);
         file.number(indicators::periodOf(life.marriage.middle().year(), study.settings));
         file.days(++number, spell);
         file.risk(life.birth, spell);
@@ -173,8 +173,7 @@ void writeBounds(const Person& person, const EpisodeSource& source, EpisodeFile&
             file.raw(word::of(person.gender));
             file.dateAndYear(life.birth);
             file.number(indicators::periodOf(life.marriage.middle().year(), source.study.settings));
-            file.date(spell.from.day);
-            file.date(spell.until.day);
+            file.between(spell.from.day, spell.until.day);
             file.risk(life.birth, spell);
             file.endRow();
         }

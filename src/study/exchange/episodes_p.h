@@ -41,8 +41,9 @@ public:
     void date(const parish::Date& value); // its middle
     void dateAndYear(const parish::Date& value);
     void age(const parish::Date& origin, const parish::Date& at); // nothing where one is unknown or they are reversed
-    // Number of the spell, first and last day.
+    // Number of the spell, first and last day, and these in decimal years.
     void days(int spell, const Spell& of);
+    void between(const parish::Date& from, const parish::Date& until); // the same without a number
     // Enter, exit, event and days at risk.
     void risk(const parish::Date& origin, const Spell& of);
     void endRow();

@@ -6,8 +6,11 @@
 #include "study/exchange/gedcomPeople_p.h"
 #include "study/exchange/privacy.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <system_error>
 
 namespace study::exchange {
 
@@ -36,6 +39,8 @@ void checkTarget(const QString& path, const QString& bdp)
 {
     static constexpr qint64 placeOfMark = 256; // bytes in which a file of ours tells of itself
     const QFileInfo there(path);
+    if (!there.dir().exists())
+        throw jet::Error(jet::number::pathNotFound, QString("A pasta \"%1\" não existe.").arg(there.path()));
     if (!there.exists()) return;
     if (there.canonicalFilePath() == QFileInfo(bdp).canonicalFilePath())
         throw jet::Error(jet::number::permissionDenied, "A BDP não se exporta para cima de si própria.");
@@ -206,16 +211,19 @@ GedcomCounts writeGedcom(const jet::Connection& bdp, QIODevice& target, const Ge
 GedcomCounts exportGedcom(const jet::Connection& bdp, const QString& path, const GedcomOptions& options,
                           const GoesOn& goesOn)
 {
-    const auto failed = [&](const QString& why) {
-        return jet::Error(jet::number::permissionDenied,
-                          QString("O ficheiro \"%1\" não pode ser escrito: %2").arg(path, why));
-    };
     checkTarget(path, bdp.dataSource());
     jet::Draft draft(jet::behindLinks(path));
     QFile file(draft.path());
-    if (!file.open(QIODevice::WriteOnly)) throw failed(file.errorString());
-    const GedcomCounts counts = writeGedcom(bdp, file, options, goesOn);
-    if (!file.flush()) throw failed(file.errorString());
+    if (!file.open(QIODevice::WriteOnly))
+        throw jet::writeError(std::make_error_code(std::errc::permission_denied), path);
+    GedcomCounts counts;
+    try {
+        counts = writeGedcom(bdp, file, options, goesOn);
+    } catch (const jet::Error&) {
+        if (file.error() == QFileDevice::NoError) throw;
+    }
+    if (!file.flush() || file.error() != QFileDevice::NoError)
+        throw jet::writeError(std::make_error_code(std::errc::no_space_on_device), path);
     file.close();
     QFileInfo::exists(path) ? draft.replace() : draft.place();
     return counts;

@@ -1,6 +1,9 @@
 // A family: the couple, the children, the marriage.
 #include "study/exchange/gedcom_p.h"
 
+#include "study/parish/codes.h"
+
+#include <algorithm>
 #include <array>
 
 namespace study::exchange {
@@ -51,13 +54,15 @@ struct GedcomWriter::Couple
         qint64 number = 0;
         QString sex = {};
         parish::Code age = {}, state = {}, order = {};
+        bool diedSingle = false; // by the act of the death
     };
     std::array<std::optional<Spouse>, 2> spouses = {};
     QStringList notes = {};
 };
 
 GedcomWriter::OfFamilies::OfFamilies(const jet::Connection& bdp)
-    : members(bdp, "select m.nfamilia, m.nind, i.nind, i.sexo, m.idade, m.estadocivil, m.numcasam from familias m "
+    : members(bdp, "select m.nfamilia, m.nind, i.nind, i.sexo, m.idade, m.estadocivil, m.numcasam, "
+                   "i.estadoobito from familias m "
                    "left join individuo i on i.nind = m.nind order by m.nfamilia, m.nind"),
       children(bdp, "select famorig, nind from individuo where famorig is not null "
                     "order by famorig, datanasc is null, datanasc, nind"),
@@ -90,8 +95,12 @@ GedcomWriter::Couple GedcomWriter::coupleOf(const FamilyCard& card, OfFamilies& 
                 couple.notes << QString("Também da família: a pessoa %1").arg(member.number);
             continue;
         }
-        couple.spouses[isTaken ? other : own] =
-            Couple::Spouse{member.number, sex, codeAt(row, 4), codeAt(row, 5), codeAt(row, 6)};
+        couple.spouses[isTaken ? other : own] = Couple::Spouse{.number = member.number,
+                                                               .sex = sex,
+                                                               .age = codeAt(row, 4),
+                                                               .state = codeAt(row, 5),
+                                                               .order = codeAt(row, 6),
+                                                               .diedSingle = codeAt(row, 7) == parish::civil::single};
         if (isTaken)
             couple.notes << QString("A pessoa %1 está no lugar %2, que não é o do seu sexo: o outro está tomado")
                                 .arg(member.number)
@@ -147,7 +156,8 @@ std::vector<Association> GedcomWriter::marriageAssociations(const FamilyCard& ca
     return all;
 }
 
-// 5.5.1 has associations of people alone: those of a marriage stand with the wife, or with who stands in her place
+// Of a union that is no marriage, 7.0 has it that there never was one where one of the couple has died single. 5.5.1
+// has associations of people alone: those of a marriage stand with the wife, or with who stands in her place
 // (keepMarriageAssociations); a family without a couple tells of them in a note.
 void GedcomWriter::writeMarriage(const FamilyCard& card, const Couple& couple, OfFamilies& rows)
 {
@@ -180,6 +190,9 @@ void GedcomWriter::writeMarriage(const FamilyCard& card, const Couple& couple, O
                         !marriage.notes.isEmpty() || !marriage.husbandAge.isEmpty() || !marriage.wifeAge.isEmpty() ||
                         !marriage.picture.path.isEmpty() || !page.isEmpty();
     if (hasAct || told == MarriageTold::Yes) write(marriage);
+    const auto diedSingle = [](const auto& spouse) { return spouse && spouse->diedSingle; };
+    const bool neverMarried = told == MarriageTold::Never && std::ranges::any_of(couple.spouses, diedSingle);
+    if (neverMarried && !lines_.is551()) lines_.word(1, "NO", "MARR");
     writeFamilyFact("Situação da família", meaningOf("SitFa", card.situation));
     const QByteArray observed = gedcomPeriod(card.observedFrom, card.observedUntil);
     if (!observed.isEmpty()) writeFamilyFact("Observação", "Em observação", observed);

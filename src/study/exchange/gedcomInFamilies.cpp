@@ -153,6 +153,8 @@ void FamilyIn::takeFacts()
 {
     bool isSituationTold = false;
     for (const GedcomNode& fact : record_.children) {
+        // Of an export it follows from the situation of the family and from how one of the couple has died.
+        if (fact.tag == "NO" && fact.value == "MARR" && target_.index.isOurs()) reading_.take(fact);
         if ((fact.tag != "FACT" && fact.tag != "EVEN") || reading_.isTaken(fact)) continue;
         const QString type = fact.text("TYPE");
         bool isTaken = false;

@@ -109,7 +109,7 @@ GedcomLines::GedcomLines(QIODevice& target, GedcomVersion version) : target_(tar
 void GedcomLines::flush()
 {
     if (!bytes_.isEmpty() && target_.write(bytes_) != bytes_.size())
-        throw jet::Error(jet::number::diskFull, "O ficheiro GEDCOM não pode ser escrito: " + target_.errorString());
+        throw jet::Error(jet::number::diskFull, "O GEDCOM não pode ser escrito: o disco está cheio, ou falhou.");
     bytes_.resize(0);
 }
 

@@ -1,5 +1,7 @@
 #include "study/exchange/tableReader.h"
 
+#include "study/exchange/gedcomEncoding.h"
+
 #include <algorithm>
 
 namespace study::exchange {
@@ -7,6 +9,7 @@ namespace study::exchange {
 namespace {
 
 constexpr qsizetype shownLetters = 40;
+constexpr qint64 bytesAtOnce = 1 << 16;
 
 QString shown(const QByteArray& cell)
 {
@@ -34,6 +37,18 @@ QString whyNot(const QByteArray& cell, Kind kind)
 QByteArray standard(const QByteArray& cell, Kind kind, char separator)
 {
     return separator == ',' ? cell : fromSpreadsheet(cell, kind);
+}
+
+// One letter of UTF-8 shows that the file is in it, and that whatever isn't is damage.
+bool hasOnly1252(const QString& path)
+{
+    QFile file(path);
+    ForeignBytes bytes;
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    while (!file.atEnd() && !bytes.areEnough())
+        bytes.count(file.read(bytesAtOnce));
+    bytes.countRest();
+    return bytes.notUtf8 > 0 && bytes.utf8Letters == 0;
 }
 
 QFile& opened(QFile& device, const QString& path)
@@ -131,7 +146,9 @@ bool TableReader::takeCell(const Taken& taken, const CsvCell& cell)
         values_ << (isEmptyText ? QVariant(QString("")) : QVariant());
         return true;
     }
-    const std::optional<QVariant> value = valueOf(standard(cell.text, kind, reader_.separator()), kind);
+    const QByteArray text = standard(cell.text, kind, reader_.separator());
+    std::optional<QVariant> value = valueOf(text, kind);
+    if (!value && kind == Kind::Text) value = textOf1252(text);
     const QString name = taken.column ? taken.column->name : placeColumn;
     if (!value) {
         complain(QString("Coluna \"%1\": %2.").arg(name, whyNot(cell.text, kind)));
@@ -141,6 +158,15 @@ bool TableReader::takeCell(const Taken& taken, const CsvCell& cell)
     if (!taken.column || isOwnPlace) place_ = value->toLongLong();
     values_ << *value;
     return true;
+}
+
+std::optional<QVariant> TableReader::textOf1252(const QByteArray& cell)
+{
+    if (cell.contains('\0')) return {};
+    if (!isOf1252_) isOf1252_ = hasOnly1252(file_.path);
+    if (!*isOf1252_) return {};
+    const GedcomText read = decoded(cell, GedcomEncoding::Windows1252);
+    return read.guessed.isEmpty() ? std::optional<QVariant>(read.text) : std::nullopt;
 }
 
 namespace {

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QHash>
 
+#include <optional>
+
 namespace study::exchange {
 
 // Where what is wrong with a file is told; it throws where there is too much of it.
@@ -29,6 +31,9 @@ public:
     qint64 place() const { return place_; } // 0 where the file doesn't tell it
     int line() const { return reader_.line(); }
     qint64 bytesRead() const { return reader_.read(); }
+    // Whether a text was taken in code page 1252: in a file without any letter of UTF-8 beyond ASCII, as older programs
+    // and spreadsheets write it.
+    bool isOf1252() const { return isOf1252_.value_or(false); }
 
     void complain(const QString& text) const { complain_({file_.name, line(), text}); }
 
@@ -44,6 +49,7 @@ private:
     bool takeRow();
     bool takeCell(const Taken& taken, const CsvCell& cell);
     bool hasSurplus() const;
+    std::optional<QVariant> textOf1252(const QByteArray& cell);
 
     TableFile file_;
     Complaint complain_;
@@ -54,6 +60,7 @@ private:
     QStringList names_ = {};
     QVariantList values_ = {};
     qint64 place_ = 0;
+    std::optional<bool> isOf1252_ = {}; // asked of the whole file at the first text that isn't in UTF-8
 };
 
 // The cells of problemas.csv by table, place and column.

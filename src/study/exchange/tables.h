@@ -84,12 +84,12 @@ struct TablesRead
 };
 
 // Makes the BDP `path`, where no file may stand, of the tables of the folder: those of its datapackage.json, or where
-// it has none, each file whose name is that of a table. Both dialects are read. A column that isn't there is empty;
-// columns of descriptions ("…_texto") are passed over. Without a table of places, codes or professions these are the
-// program's own. One transaction in a file beside its place, which it takes when it is whole; with `rehearse` it
-// doesn't take it, and nothing is left.
-// Throws jet::Error (no folder, no table, a file that stands there, the disk), and Interrupted; nothing is left then.
-// Precondition: Desktop::programFolder() has the program's data files.
+// it has none, each file whose name is that of a table. Both dialects are read, in UTF-8, or in code page 1252 where
+// the whole file is. A column that isn't there is empty; columns of descriptions ("…_texto") are passed over. Without a
+// table of places, codes or professions these are the program's own. One transaction in a file beside its place, which
+// it takes when it is whole; with `rehearse` it doesn't take it, and nothing is left. Throws jet::Error (no folder, no
+// table, a file that stands there, the disk), and Interrupted; nothing is left then. Precondition:
+// Desktop::programFolder() has the program's data files.
 TablesRead importTables(const QString& folder, const QString& path, bool rehearse, const GoesOn& goesOn = {});
 
 } // namespace study::exchange

@@ -140,6 +140,10 @@ private:
         QHash<qint64, ApartRow> apart = apart_.take(table.name);
         const qint64 ofTheFile = reader.columns().isEmpty() ? 0 : readRows(reader, table, apart);
         read_.tables.push_back({table.name, ofTheFile + putWhole(table, apart)});
+        if (reader.isOf1252())
+            read_.warnings.push_back({file.name, 0,
+                                      "O ficheiro não está em UTF-8 e foi lido na página de código 1252: veja se os "
+                                      "acentos estão certos."});
     }
 
     // Takes the cells of `apart` that belong to rows of the file; what is left are rows that stand apart as a whole.

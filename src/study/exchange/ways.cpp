@@ -189,6 +189,8 @@ class TargetFolder
 public:
     explicit TargetFolder(const QString& path) : path_(path), isMade_(!QFileInfo::exists(path))
     {
+        if (!isMade_ && !QFileInfo(path).isDir())
+            throw jet::Error(jet::number::pathNotFound, QString("\"%1\" não é uma pasta.").arg(path));
         if (isMade_ && !QDir().mkdir(path))
             throw jet::Error(jet::number::pathNotFound, QString("A pasta \"%1\" não pode ser criada.").arg(path));
     }

@@ -110,5 +110,6 @@ ImportReport importActs(jet::Connection& bdp, const Transcript& transcript, cons
 // Copies the BDP as it is to the folder of its copies, under a name that tells the occasion and the moment; daily
 // copies never take it away. Returns its path. Throws jet::Error.
 QString copyBeforeImport(const jet::Connection& bdp);
+QString copyBeforeTakingBack(const jet::Connection& bdp); // an import; the same
 
 } // namespace study

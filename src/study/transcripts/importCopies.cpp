@@ -38,19 +38,33 @@ ImportReport rehearsed(const jet::Connection& bdp, const Transcript& transcript,
     return Rehearsal(bdp).play(transcript, options, progress);
 }
 
-QString copyBeforeImport(const jet::Connection& bdp)
+namespace {
+
+QString copyBefore(const jet::Connection& bdp, const QString& occasion)
 {
     const QFileInfo file(QFileInfo(bdp.dataSource()).canonicalFilePath());
     const QString folder = pastaDasCopias(file.filePath());
     if (!QDir().mkpath(folder))
         throw jet::Error(jet::number::pathNotFound, QString("Não é possível criar a pasta \"%1\".").arg(folder));
     const QString moment = QDateTime::currentDateTime().toString("yyyy-MM-dd_HH.mm.ss");
-    const QString name = QString("%1/%2_antes de importar_%3").arg(folder, file.completeBaseName(), moment);
+    const QString name = QString("%1/%2_antes de %3_%4").arg(folder, file.completeBaseName(), occasion, moment);
     QString path = name + ".orv";
     for (int number = 2; QFileInfo::exists(path); ++number)
         path = QString("%1_%2.orv").arg(name).arg(number);
     bdp.copyTo(path);
     return path;
+}
+
+} // namespace
+
+QString copyBeforeImport(const jet::Connection& bdp)
+{
+    return copyBefore(bdp, "importar");
+}
+
+QString copyBeforeTakingBack(const jet::Connection& bdp)
+{
+    return copyBefore(bdp, "desfazer");
 }
 
 } // namespace study

@@ -8,6 +8,7 @@
 #include "platform/forms/statusline.h"
 #include "store/session.h"
 #include "store/sessionChange.h"
+#include "study/transcripts/import.h"
 #include "study/windows/cards.h"
 #include "study/windows/exchangeText.h"
 #include "study/windows/parishCopy.h"
@@ -94,7 +95,8 @@ void FrmImportar::cmdDesfazer_Click()
         why = exchange::whyImportStays(cnBDP);
     }
     if (!why.isEmpty()) return tell(itStays, lines(why));
-    if (ask(QString("Deseja desfazer a importação de \"%1\", de %2? Tudo o que veio com ela sai da BDP.\n%3")
+    if (ask(QString("Deseja desfazer a importação de \"%1\", de %2? Tudo o que veio com ela sai da BDP. Antes é "
+                    "guardada uma cópia de segurança.\n%3")
                 .arg(stands_->file, stands_->when.toString("dd/MM/yyyy HH:mm"), contentsOf(*stands_))))
         takeBack();
 }
@@ -103,9 +105,11 @@ void FrmImportar::takeBack()
 {
     const exchange::GedcomImported last = *stands_;
     QStringList why;
+    QString copy;
     try {
         const UnderWay underWay(*barra, *cmdCancelar);
         tell("A desfazer…", {});
+        copy = copyBeforeTakingBack(cnBDP);
         why = exchange::takeBackImport(cnBDP, [this](double done) { return goesOn(done); });
     } catch (const exchange::Interrupted&) {
         return tell("Foi cancelado: nada foi desfeito.", {});
@@ -118,7 +122,7 @@ void FrmImportar::takeBack()
     offerCommands();
     if (!cmdDesfazer->isEnabled()) Focus::setTo(cmdEnsaio);
     const QString state = "A importação de \"" + last.file + "\" foi desfeita.";
-    tell(state, "Saiu da BDP. " + contentsOf(last));
+    tell(state, lines({"Cópia da BDP: " + QDir::toNativeSeparators(copy), "Saiu da BDP. " + contentsOf(last)}));
     showStatus(state);
     showOnCards();
 }

@@ -162,8 +162,15 @@ TEST_F(TheExportOfAParish, IsImportedRehearsedAndTakenBack)
     EXPECT_EQ(people(), 2);
     bdp.close();
     const QStringList back{"importar", "gedcom", "--bdp", path(), "--desfazer"};
+    const QDir copies(QFileInfo(path()).absolutePath() + "/copias");
     EXPECT_EQ(orv(back + QStringList("--ensaio")), done) << qPrintable(err_);
+    EXPECT_TRUE(copies.entryList({"*_antes de desfazer_*"}).isEmpty());
     EXPECT_EQ(orv(back), done) << qPrintable(err_);
+    const QString copy = copies.filePath(copies.entryList({"*_antes de desfazer_*"}).value(0));
+    EXPECT_TRUE(out_.startsWith("Cópia da BDP: " + copy + '\n')) << qPrintable(out_);
+    bdp.open(copy);
+    EXPECT_EQ(people(), 2) << "as it was with the import";
+    bdp.close();
     EXPECT_TRUE(out_.endsWith("1 pessoas, 0 famílias.\nFoi desfeita.\n")) << qPrintable(out_);
     EXPECT_EQ(orv(back), refused);
     EXPECT_EQ(err_, "Não há nenhuma importação para desfazer.\nNada foi desfeito.\n");

@@ -31,6 +31,7 @@ public:
             EXPECT_EQ(row.size(), header_.size()) << qPrintable(name);
     }
     qsizetype size() const { return rows_.size(); }
+    const QStringList& header() const { return header_; }
     QString text(qsizetype row, const char* column) const
     {
         const qsizetype at = header_.indexOf(QLatin1String(column));

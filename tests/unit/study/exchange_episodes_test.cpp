@@ -5,6 +5,7 @@
 
 #include "demo.h"
 #include "study/exchange/episodes.h"
+#include "study/exchange/episodeTimes.h"
 #include "study/indicators/settingsJson.h"
 
 #include <QDirIterator>
@@ -272,4 +273,27 @@ TEST_F(Episodes, AreDescribedColumnByColumn)
         EXPECT_TRUE(told.contains(line)) << line;
     const QByteArray script = episodes::bytes(out(), "episodios.R");
     EXPECT_TRUE(script.contains("library(survival)") && script.contains("coxph(Surv(enter, exit, event)"));
+}
+
+TEST_F(Episodes, TellEachDateAsADecimalYearToo)
+{
+    demo::write(demo::demonstration(), bdp);
+    write();
+    int dates = 0;
+    for (const char* const name : {"pessoas", "familias", "fecundidade", "mortalidade_infancia", "mortalidade_adultos",
+                                   "mortalidade_adultos_limites", "nupcialidade", "recasamento"})
+    {
+        static const QString ending = "_date";
+        const File all = file(name);
+        ASSERT_GT(all.size(), 0) << name;
+        for (const QString& heading : all.header()) {
+            if (!heading.endsWith(ending)) continue;
+            ++dates;
+            const QByteArray date = heading.toLatin1(), year = heading.chopped(ending.size()).toLatin1();
+            ASSERT_TRUE(all.header().contains(year)) << name << ": " << date.constData();
+            for (qsizetype row = 0; row < all.size(); ++row)
+                ASSERT_EQ(all.text(row, year), exchange::decimalYear(all.date(row, date))) << name << ' ' << row;
+        }
+    }
+    EXPECT_EQ(dates, 27);
 }

@@ -126,6 +126,16 @@ TEST_F(GedcomOfAParish, HasAUnionThatIsNoMarriageAsAnEvent)
     EXPECT_FALSE(record("@F1@").first("MARR"));
 }
 
+TEST_F(GedcomOfAParish, SaysThatACoupleNeverMarriedWhereOneOfItDiedSingle)
+{
+    run("update familia set sfamilia = '6'");
+    EXPECT_FALSE(record("@F1@").first("NO")) << "they may have married later";
+    run("update individuo set estadoobito = 1, dataobito = '1780-01-01' where nind = 2");
+    EXPECT_EQ(below(record("@F1@"), "NO").value, "MARR");
+    run("update familia set sfamilia = '11'");
+    EXPECT_FALSE(record("@F1@").first("NO")) << "nothing tells of the union";
+}
+
 TEST_F(GedcomOfAParish, HasAgesStatesAndOrdersAtTheMarriage)
 {
     run("update familias set idade = 25, estadocivil = 3, numcasam = 2 where nind = 1");

@@ -236,6 +236,28 @@ TEST_F(IdsOfAParish, TiesGodparentsAndWitnessesAtTheDateOfTheAct)
     EXPECT_EQ(dateOfRelation(all, "Godfather"), "1750");
 }
 
+TEST_F(IdsOfAParish, TiesOnceWhereRowsSayTheSameTwice)
+{
+    const qint64 gil = person({"Gil", 'm', "1700-01-02"}), ivo = person({"Ivo", 'm', "1700-01-02"});
+    run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) values "
+        "('b', 3, '1750-03-10', ?1, 'p'), ('b', 3, '1750-03-10', ?2, 'p'), ('b', 3, '1750-03-10', ?1, 'P'), "
+        "('b', 3, '1750-03-10', ?1, 't'), ('b', 3, null, ?2, 't'), ('b', 3, null, ?2, 't'), "
+        "('c', 1, '1745-01-01', ?1, 't'), ('c', 1, '1745-01-01', ?2, 'p'), ('c', 1, '1745-01-01', ?1, 'p'), "
+        "('c', 1, null, ?2, 't'), ('c', 1, null, ?2, 't')",
+        {gil, ivo});
+    run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) values ('b', 3, '1750-03-10', 99, "
+        "'p'), ('b', 3, '1750-03-10', 99, 'p')");
+    const ids::Tables all = tables();
+    EXPECT_EQ(all.relations(gil, 3), (QStringList{"Godfather", "Baptism_witness"}));
+    EXPECT_EQ(all.relations(ivo, 3), (QStringList{"Baptism_witness", "Godfather"})) << "those without a date first";
+    for (const qint64 spouse : {1, 2}) {
+        EXPECT_EQ(all.relations(gil, spouse), QStringList("Marriage_witness")) << "in whatever role";
+        EXPECT_EQ(all.relations(ivo, spouse), (QStringList{"Marriage_witness", "Marriage_witness"})) << "at two dates";
+        EXPECT_EQ(all.relations(spouse, gil), QStringList("Married_person"));
+    }
+    EXPECT_EQ(all.counts.lostLinks, 1);
+}
+
 TEST_F(IdsOfAParish, TiesHeirsAndExecutorsAtTheDeathOfTheTestator)
 {
     run("update individuo set testam = 1, testamenteiro = 1 where nind = 3");

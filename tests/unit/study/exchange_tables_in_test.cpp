@@ -122,6 +122,22 @@ TEST_F(ABdpOfTables, TakesAFewColumnsAsOldFilesHaveThem)
               jet::jsonRows(bdp, jet::NativeSql("select count(*) as n from paroquia")).first());
 }
 
+TEST_F(ABdpOfTables, TakesAFileThatIsWhollyInCodePage1252AndSaysSo)
+{
+    put("individuo.csv", "nind;nome;obs\r\n1;Ana;\r\n2;Jo\xE3o Assun\xE7\xE3o;\x80 5 \x96 \xABpaga\xBB\r\n");
+    const TablesRead told = read();
+    ASSERT_TRUE(told.errors.empty()) << qPrintable(told.errors.front().text);
+    EXPECT_EQ(row("select nome, obs from individuo where nind = 2"),
+              (QJsonObject{{"nome", "João Assunção"}, {"obs", "€ 5 – «paga»"}}));
+    EXPECT_EQ(told.warnings,
+              (std::vector<TableProblem>{{"individuo.csv", 0,
+                                          "O ficheiro não está em UTF-8 e foi lido na página de código 1252: veja se "
+                                          "os acentos estão certos."}}));
+    ASSERT_TRUE(QFile::remove(made()));
+    EXPECT_TRUE(refusal("individuo.csv", "nind;nome\n1;Jo\xE3o\n2;\x81\n").startsWith("individuo.csv:3: "))
+        << "no letter of it";
+}
+
 TEST_F(ABdpOfTables, TakesItsOwnCodesWhereThereAreSome)
 {
     put("categoria.csv", "codcat,nomecat\nFilia,Filiação\n");
@@ -142,7 +158,7 @@ TEST_F(ABdpOfTables, TellsFileAndLineOfACellThatCannotBe)
               "individuo.csv:4: Coluna \"nind\": \"x2\" não é um número inteiro.");
     EXPECT_EQ(refusal("individuo.csv", head + "2,Rui,,2,\n"),
               "individuo.csv:4: Coluna \"dnascfixa\": \"2\" não é 0 nem 1.");
-    EXPECT_EQ(refusal("individuo.csv", head + "2,\xE1rvore,,,\n"),
+    EXPECT_EQ(refusal("individuo.csv", head + "2,\xE1rvore,,,\n3,é,,,\n"),
               "individuo.csv:4: Coluna \"nome\": o texto não está em UTF-8, ou tem um carácter nulo.");
     EXPECT_EQ(refusal("individuo.csv", head + "2,Rui,,,,a mais\n"),
               "individuo.csv:4: A linha tem mais células do que o cabeçalho.");

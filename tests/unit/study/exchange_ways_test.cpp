@@ -2,6 +2,7 @@
 #include "study/exchange/ways.h"
 #include "study/windows/exchangeText.h"
 
+#include "jet/fulldisk.h"
 #include "study/exchange_tables.h"
 
 #include <QDir>
@@ -124,6 +125,35 @@ TEST_F(TheWays, WriteNothingOverTheBdpItself)
         EXPECT_EQ(failure(way.name, order("a.orv")), "A BDP não se exporta para cima de si própria.") << way.name;
     QFile::link(folder.filePath("a.orv"), folder.filePath("b.ged"));
     EXPECT_EQ(failure("gedcom-7.0", order("b.ged")), "A BDP não se exporta para cima de si própria.");
+}
+
+TEST_F(TheWays, TellThatAFolderIsNone)
+{
+    QFile file(folder.filePath("f"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(failure("ids", order("f")), QString("\"%1\" não é uma pasta.").arg(file.fileName()));
+}
+
+TEST_F(TheWays, TellThatAFolderIsNotThere)
+{
+    for (const char* const name : {"gedcom-5.5.1", "gedcom-7.0"})
+        EXPECT_EQ(failure(name, order("nenhures/a.ged")),
+                  QString("A pasta \"%1\" não existe.").arg(folder.filePath("nenhures")));
+}
+
+TEST_F(TheWays, TellThatTheDiskIsFullAndWhereAndLeaveNothing)
+{
+    for (const WayOut& way : waysOut()) {
+        const OutOrder to = order(QString("x.") + way.suffix);
+        QString told;
+        {
+            const jet::test::FullDisk full(100);
+            told = failure(way.name, to);
+        }
+        EXPECT_TRUE(told.startsWith("O disco está cheio: não foi possível escrever em \"" + to.target))
+            << qPrintable(told);
+        EXPECT_FALSE(QFileInfo::exists(to.target));
+    }
 }
 
 TEST_F(TheWays, LeaveNoFolderThatTheyHaveMadeForNothing)

@@ -325,6 +325,7 @@ TEST_F(TheWindowsOfExchange, AnImportIsTakenBackAndACancelLeavesItWhole)
     click(in(), "cmdDesfazer");
     EXPECT_EQ(again.given, 1);
     EXPECT_EQ(state(in()), "A importação de \"a.ged\" foi desfeita.");
+    EXPECT_TRUE(control<MemoBox>(in(), "txtRel").text().contains("_antes de desfazer_"));
     EXPECT_EQ(jet::Recordset(cnBDP, "select * from individuo").recordCount(), 3000);
     EXPECT_FALSE(control<CommandButton>(in(), "cmdDesfazer").isEnabled());
 }
