@@ -6,7 +6,7 @@ set -uo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 cd "$here" || exit 1
 . tools/packages.sh
-install_packages "$here" || exit 1
+install_packages "$here" run screen test ci || exit 1
 checks=0 failed=0
 
 check() {
@@ -31,6 +31,8 @@ cppcheck_all() {
 
 check "the guard of the rooms itself" tests/house/rooms_test.sh
 check "the count of the tests" tests/house/play_test.sh
+check "what is installed, and by whom" tests/house/packages_test.sh
+check "the copy of the demonstration" tests/house/demonstration_test.sh
 check "the rooms and the forms" tools/rooms.sh
 check "clang-format" format
 check "cppcheck" cppcheck_all

@@ -2,6 +2,7 @@
 
 #include "common/campos.h"
 #include "platform/forms/statusline.h"
+#include "platform/time/clock.h"
 
 namespace {
 
@@ -9,7 +10,7 @@ bool anoImprovavel(const QString& texto)
 {
     if (!eData(texto)) return false;
     const int ano = dataDoTexto(texto).year();
-    return ano < 1400 || ano > QDate::currentDate().year();
+    return ano < 1400 || ano > Clock::moment().date().year();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "common/numeros.h"
 #include "platform/jet/jsonrow.h"
+#include "platform/time/clock.h"
 #include "store/lixo_actos.h"
 #include "store/lixo_tabelas.h"
 
@@ -95,8 +96,8 @@ void Recolha::guarda()
     const QJsonDocument texto(QJsonObject{{"linhas", linhas}, {"filhos", filhos}});
     bdp_.execute(jet::NativeSql(
         "insert into estudo_lixo (quando, tipo, numero, nome, familias, linhas) values (?, ?, ?, ?, ?, ?)",
-        {QDateTime::currentDateTime().toString(formatoDaData), letraDe(tipo_), numero_.toDouble(), nome_,
-         familias.join(','), QString::fromUtf8(texto.toJson(QJsonDocument::Compact))}));
+        {Clock::moment().toString(formatoDaData), letraDe(tipo_), numero_.toDouble(), nome_, familias.join(','),
+         QString::fromUtf8(texto.toJson(QJsonDocument::Compact))}));
     const jet::NativeSql ultima("select max(id) as id from estudo_lixo");
     soltaDosActos(bdp_, jet::jsonRows(bdp_, ultima).first()["id"].toInteger(), linhas);
 }

@@ -2,6 +2,37 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
+
+#include <chrono>
+
+namespace {
+
+constexpr std::chrono::milliseconds longestWait = std::chrono::minutes(10); // for others who take pictures
+
+QString folderOfOwnName()
+{
+    QTemporaryDir folder;
+    folder.setAutoRemove(false);
+    return folder.path();
+}
+
+} // namespace
+
+PlayFolder::PlayFolder(bool sameName) : path_(sameName ? QDir::temp().filePath("orv-imagens") : folderOfOwnName())
+{
+    if (!sameName) return;
+    alone_ = std::make_unique<QLockFile>(path_ + ".lock");
+    alone_->setStaleLockTime({});
+    if (!alone_->tryLock(longestWait.count())) path_ = folderOfOwnName();
+    QDir(path_).removeRecursively();
+    QDir().mkpath(path_);
+}
+
+PlayFolder::~PlayFolder()
+{
+    if (!kept_) QDir(path_).removeRecursively();
+}
 
 void copyToAlter(const QString& from, const QString& to)
 {

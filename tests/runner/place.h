@@ -1,8 +1,28 @@
 // Where the program is played with: its folder, and the environment of its process.
 #pragma once
 
+#include <QLockFile>
 #include <QProcessEnvironment>
 #include <QString>
+
+#include <memory>
+
+// The folder that scenarios are played in, empty at first, and removed in the end. It bears a name of its own, or, for
+// pictures that show a path, the same one each time; whoever else plays under that name is waited for.
+class PlayFolder
+{
+public:
+    explicit PlayFolder(bool sameName);
+    ~PlayFolder();
+
+    const QString& path() const { return path_; }
+    void keep() { kept_ = true; }
+
+private:
+    QString path_;
+    std::unique_ptr<QLockFile> alone_;
+    bool kept_ = false;
+};
 
 constexpr int sanitizerExit = 99; // what the sanitizers end a process with
 

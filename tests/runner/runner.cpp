@@ -2,7 +2,6 @@
 
 #include "failure.h"
 #include "language.h"
-#include "place.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -108,9 +107,8 @@ struct Runner::Job
 };
 
 Runner::Runner(Options options)
-    : options_(std::move(options)), temporary_(options_.folder.isEmpty() ? std::make_unique<QTemporaryDir>() : nullptr),
-      folder_(temporary_ ? temporary_->path() : options_.folder),
-      environment_(playEnvironment(folder_, options_.shots.isEmpty() ? plainScreen : pictureScreen))
+    : options_(std::move(options)), folder_(!options_.shots.isEmpty()),
+      environment_(playEnvironment(folder_.path(), options_.shots.isEmpty() ? plainScreen : pictureScreen))
 {
 }
 
@@ -149,7 +147,7 @@ void Runner::startNext()
         ++started_;
     if (started_ == jobs_.size()) return;
     Job& job = *jobs_[started_];
-    job.folder = QStringLiteral("%1/%2").arg(QDir(folder_).canonicalPath()).arg(++started_);
+    job.folder = QStringLiteral("%1/%2").arg(QDir(folder_.path()).canonicalPath()).arg(++started_);
     QDir().mkpath(job.folder + "/dir");
     copyProgramFolder(options_.programFolder, job.folder + "/program");
     for (const QString& file : options_.bring)
@@ -222,7 +220,7 @@ bool Runner::run()
         startNext();
     QTimer::singleShot(0, [this] { report(); });
     QCoreApplication::exec();
-    if (temporary_) temporary_->setAutoRemove(!options_.keep || failed_ == 0);
+    if (options_.keep && failed_ > 0) folder_.keep();
     printSlowest();
     QTextStream(stdout) << passed_ << " passed, " << failed_ << " failed\n";
     return failed_ == 0;

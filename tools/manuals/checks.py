@@ -17,10 +17,12 @@ class Problem:
 
 
 def registered_forms(startup):
-    """The forms that the program knows, and the line that makes each known."""
+    """The forms that the program knows and its main window, each with the line that makes it known."""
     for number, line in enumerate(startup.read_text(encoding="utf-8").splitlines(), 1):
         for name in re.findall(r'Forms::add\("(\w+)"', line):
             yield name, Place(startup, number)
+        for name in re.findall(r"\* window = new Frm(\w+);", line):
+            yield "frm" + name, Place(startup, number)
 
 
 def shots(folder):
@@ -122,8 +124,7 @@ def entries(book):
             yield Problem(heading.place, f"the entry of the index is doubled ({heading.title}): {first.file}:{first.line}")
 
 
-def problems(manual, tutorial, pictures_folder, startup):
-    taken = list(shots(pictures_folder)) if pictures_folder else []
+def problems(manual, tutorial, taken, startup):
     books = [book for book in (manual, tutorial) if book.chapters]
     for book in books:
         for check in (beginnings, leftovers, anchors, links, entries):

@@ -25,12 +25,14 @@ NOTE = ('<table class="nota" width="100%" cellpadding="8" cellspacing="0" border
 
 
 def size_of(picture):
-    """Of a PNG file, in points: the pictures are taken at twice the scale. Nothing for one of another kind."""
-    head = picture.read_bytes()[:24]
-    if head[:8] != b"\x89PNG\r\n\x1a\n":
-        return None
-    width, height = struct.unpack(">II", head[16:24])
-    return width // 2, height // 2
+    """In points. The pictures of the program are taken at twice the scale; a drawing tells its own size. Nothing for a
+    file of another kind."""
+    start = picture.read_bytes()[:400]
+    if start[:8] == b"\x89PNG\r\n\x1a\n":
+        width, height = struct.unpack(">II", start[16:24])
+        return width // 2, height // 2
+    drawn = re.search(rb'<svg[^>]* width="(\d+)" height="(\d+)"', start)
+    return (int(drawn[1]), int(drawn[2])) if drawn else None
 
 
 def sized(name, book, shots):

@@ -35,10 +35,14 @@ def books(docs):
     return book.read_book(docs / "manual", "Manual"), book.read_book(docs / "tutorial", "Tutorial")
 
 
+def taken(given):
+    """The pictures that are taken for the manual, and while the tutorial is played."""
+    return [*checks.shots(given.docs / "pictures"), *checks.shots(given.docs.parent / "tests/scenarios/tutorial")]
+
+
 def found(manual, tutorial, given):
-    pictures = given.docs / "pictures"
     startup = given.startup if manual.chapters and not given.files else None
-    all_found = list(checks.problems(manual, tutorial, pictures, startup))
+    all_found = list(checks.problems(manual, tutorial, taken(given), startup))
     if not given.files:
         return all_found
     named = {path.resolve() for path in given.files}
@@ -49,7 +53,7 @@ def make(manual, tutorial, given):
     import helppages
     import printed
 
-    missing = [str(one.place.file) + ": " + one.name for one in checks.shots(given.docs / "pictures")
+    missing = [str(one.place.file) + ": " + one.name for one in taken(given)
                if not (given.shots / one.name).is_file()]
     if missing:
         print("These pictures were not taken:", *missing, sep="\n", file=sys.stderr)

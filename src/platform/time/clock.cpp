@@ -13,6 +13,12 @@ using std::chrono::milliseconds;
 std::atomic<milliseconds> passed{};
 std::atomic<milliseconds> passingAtEachLook{};
 
+QDateTime& stoppedAt()
+{
+    static QDateTime moment;
+    return moment;
+}
+
 QList<Alarm*>& alarms()
 {
     static auto* all = new QList<Alarm*>; // outlives those that end with the process
@@ -25,6 +31,16 @@ Clock::Time Clock::now()
 {
     if (const milliseconds more = passingAtEachLook; more.count() != 0) passed = passed.load() + more;
     return std::chrono::steady_clock::now() + passed.load();
+}
+
+QDateTime Clock::moment()
+{
+    return stoppedAt().isValid() ? stoppedAt() : QDateTime::currentDateTime();
+}
+
+void Clock::stopAt(const QDateTime& moment)
+{
+    stoppedAt() = moment;
 }
 
 void Clock::pass(milliseconds time)

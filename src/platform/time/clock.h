@@ -1,6 +1,8 @@
-// The time that the program's own waits are measured by. A test lets it pass where it would only wait.
+// The time that the program's own waits are measured by, which a test lets pass where it would only wait; and the date
+// and the hour that the program writes and shows.
 #pragma once
 
+#include <QDateTime>
 #include <QObject>
 #include <QTimer>
 
@@ -12,6 +14,13 @@ using Time = std::chrono::steady_clock::time_point;
 
 // The machine's time, and what has passed beside it. In any thread.
 Time now();
+
+// The machine's date and hour, local. In any thread.
+QDateTime moment();
+
+// For tests and for pictures that are to be the same another day: moment() stands still at this one, until it is given
+// an invalid one. Before any other thread asks.
+void stopAt(const QDateTime& moment);
 
 // For tests. It is later by that much at once: every alarm that is due by then rings before this returns. In the thread
 // of the alarms.

@@ -1,4 +1,5 @@
 // What makes an act impossible to store, before anything is planned.
+#include "platform/time/clock.h"
 #include "study/acts/work.h"
 
 #include "study/acts/register.h"
@@ -27,7 +28,7 @@ void objectToTheDate(Work& work)
         return objectToTheWhole(work, "data-impossivel", -1, "A data " + shown(date) + " não existe no calendário.");
     if (!work.day)
         return objectToTheWhole(work, "sem-data", -1, "O acto não tem data que se possa guardar: falta o ano.");
-    if (*work.day > QDate::currentDate())
+    if (*work.day > Clock::moment().date())
         return work.object("data-futura", -1, "A data " + shown(date) + " ainda não chegou.");
     if (work.day->year() < firstLikelyYear)
         work.object("ano-improvavel", -1, QString("O ano %1 é pouco provável num registo.").arg(work.day->year()));

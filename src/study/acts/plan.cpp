@@ -44,8 +44,7 @@ static void objectToFurtherSubjects(Work& work)
     }
 }
 
-// Whoever hangs on a known person has a sex by theirs, and a role by it, whoever asks.
-static Act withKnownSexes(jet::Connection& bdp, const Act& told, const Conclusions& conclusions)
+Conclusions withKnownSexes(jet::Connection& bdp, const Act& told, const Conclusions& conclusions)
 {
     Conclusions known = conclusions;
     for (int person = 0; person < told.people.size() && person < known.people.size(); ++person) {
@@ -53,12 +52,12 @@ static Act withKnownSexes(jet::Connection& bdp, const Act& told, const Conclusio
         if (identity.kind == Identity::Kind::Known && sexOf(told, person) == Sex::Unknown)
             identity.sex = knownSex(bdp, identity.nind);
     }
-    return withConcludedSexes(told, known);
+    return known;
 }
 
 Plan planned(jet::Connection& bdp, const Act& told, const Conclusions& conclusions)
 {
-    const Act act = withKnownSexes(bdp, told, conclusions);
+    const Act act = withConcludedSexes(told, withKnownSexes(bdp, told, conclusions));
     Work work(bdp, act, conclusions);
     objectToTheAct(work);
     objectToFurtherSubjects(work);

@@ -62,6 +62,10 @@ struct Plan
     bool operator==(const Plan&) const = default;
 };
 
+// Who is known has the sex of the card where the act tells none: who hangs on them has a sex by it, and a role
+// ("mulher"). A stored act doesn't keep it. Throws jet::Error.
+Conclusions withKnownSexes(jet::Connection& bdp, const Act& act, const Conclusions& conclusions);
+
 // Reads the BDP and changes nothing. Numbers are those that would be given now. Throws jet::Error.
 // Precondition: one identity for each person of the act.
 Plan planned(jet::Connection& bdp, const Act& act, const Conclusions& conclusions);

@@ -2,6 +2,7 @@
 
 #include "common/marca.h"
 #include "platform/jet/jsonrow.h"
+#include "platform/time/clock.h"
 #include "study/acts/catalogue.h"
 #include "study/acts/ledger.h"
 #include "study/acts/register_json.h"
@@ -71,7 +72,7 @@ class Adding
 public:
     Adding(jet::Connection& bdp, const Act& act, const Conclusions& conclusions, const Plan& plan)
         : bdp_(bdp), act_(act), conclusions_(conclusions), plan_(plan),
-          now_(QDateTime::currentDateTime().toString(tables::timeFormat))
+          now_(Clock::moment().toString(tables::timeFormat))
     {
     }
 

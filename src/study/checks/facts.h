@@ -1,6 +1,7 @@
 // What several rules ask of the parish as a whole, counted once a check.
 #pragma once
 
+#include "platform/time/clock.h"
 #include "study/parish/snapshot.h"
 
 #include <QDate>
@@ -27,7 +28,7 @@ struct Facts
     };
     QHash<QString, Bearers> bearers = {};
 
-    QDate today = QDate::currentDate();
+    QDate today = Clock::moment().date();
 
     // The first and the last day of the books: of those acts that have four others within ten years behind or before
     // them. A date that is off stands alone, and shifts no book. Invalid where there are none.

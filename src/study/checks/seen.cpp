@@ -2,6 +2,7 @@
 
 #include "platform/jet/rows.h"
 #include "platform/jet/transaction.h"
+#include "platform/time/clock.h"
 #include "study/checks/ownTables.h"
 
 #include <QDateTime>
@@ -46,7 +47,7 @@ std::vector<Seen> seenCases(const jet::Connection& bdp)
 
 void putAside(jet::Connection& bdp, const std::vector<Case>& cases, const QString& reason)
 {
-    const QString now = QDateTime::currentDateTime().toString("yyyy-MM-dd HH:mm:ss");
+    const QString now = Clock::moment().toString("yyyy-MM-dd HH:mm:ss");
     jet::Transaction transaction(bdp);
     make(bdp, seenTable());
     for (const Case& one : cases) {

@@ -136,7 +136,8 @@ private:
 
     int store(jet::Connection& bdp, const QList<File>& files)
     {
-        out_ << "Cópia da BDP: " << copyBeforeImport(bdp) << '\n';
+        const QString copy = copyBeforeImport(bdp);
+        out_ << "Cópia da BDP: " << copy << '\n';
         for (const File& file : files) {
             const ImportReport report = importActs(bdp, file.transcript, order_.options, progress());
             if (report.cancelled) return interrupted();

@@ -97,7 +97,8 @@ int takeBack(const Order& order, QTextStream& out, QTextStream& err, const std::
     const auto last = exchange::lastImport(bdp);
     QStringList why = exchange::whyImportStays(bdp);
     if (why.isEmpty() && !order.rehearse) {
-        out << "Cópia da BDP: " << copyBeforeTakingBack(bdp) << '\n';
+        const QString copy = copyBeforeTakingBack(bdp);
+        out << "Cópia da BDP: " << copy << '\n';
         why = exchange::takeBackImport(bdp, [&](double) { return goesOn(); });
     }
     for (const QString& reason : why)

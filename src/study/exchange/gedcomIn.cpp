@@ -3,6 +3,7 @@
 #include "common/tipoFam.h"
 #include "platform/jet/error.h"
 #include "platform/jet/transaction.h"
+#include "platform/time/clock.h"
 #include "store/session.h"
 #include "study/acts/ledger.h"
 #include "study/exchange/gedcomIn_p.h"
@@ -26,9 +27,15 @@ constexpr double shareOfTheIndex = 0.3, shareOfTheRows = 0.6;
 
 void openFile(QFile& file)
 {
+    const QFileInfo there(file.fileName());
+    if (!there.exists())
+        throw jet::Error(jet::number::fileNotFound, QString("O ficheiro \"%1\" não existe.").arg(file.fileName()));
+    if (there.isDir())
+        throw jet::Error(jet::number::permissionDenied,
+                         QString("\"%1\" é uma pasta, e não um ficheiro.").arg(file.fileName()));
     if (!file.open(QIODevice::ReadOnly))
-        throw jet::Error(QFileInfo::exists(file.fileName()) ? jet::number::permissionDenied : jet::number::fileNotFound,
-                         QString("O ficheiro \"%1\" não se pode ler: %2").arg(file.fileName(), file.errorString()));
+        throw jet::Error(jet::number::permissionDenied,
+                         QString("O ficheiro \"%1\" não pode ser lido.").arg(file.fileName()));
 }
 
 // One file into one BDP, within a transaction of the caller.
@@ -193,10 +200,9 @@ private:
     void keepImport(const QString& name)
     {
         tables::make(bdp_, {importTable(), importedTable()});
-        bdp_.execute(
-            jet::NativeSql("insert into estudo_importacao (quando, ficheiro, pessoas, familias) values (?, ?, ?, ?)",
-                           {QDateTime::currentDateTime().toString(tables::timeFormat), name, target_.report.people,
-                            target_.report.families}));
+        bdp_.execute(jet::NativeSql(
+            "insert into estudo_importacao (quando, ficheiro, pessoas, familias) values (?, ?, ?, ?)",
+            {Clock::moment().toString(tables::timeFormat), name, target_.report.people, target_.report.families}));
         {
             jet::Rows row(bdp_, jet::NativeSql("select max(id) from estudo_importacao"));
             row.next();

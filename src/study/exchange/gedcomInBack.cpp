@@ -3,6 +3,7 @@
 
 #include "platform/jet/rows.h"
 #include "platform/jet/transaction.h"
+#include "platform/time/clock.h"
 #include "study/exchange/gedcomInMarks.h"
 #include "study/exchange/gedcomInTable.h"
 #include "study/indicators/settingsJson.h"
@@ -73,7 +74,7 @@ public:
         removeUnused(imported::profession);
         bdp_.execute(jet::NativeSql("delete from estudo_importado where importacao = ?", {last_->id}));
         bdp_.execute(jet::NativeSql("update estudo_importacao set desfeita = ? where id = ?",
-                                    {QDateTime::currentDateTime().toString(tables::timeFormat), last_->id}));
+                                    {Clock::moment().toString(tables::timeFormat), last_->id}));
     }
 
 private:

@@ -5,6 +5,7 @@
 #include "common/niveis.h"
 #include "common/numeros.h"
 #include "platform/jet/recordset.h"
+#include "platform/time/clock.h"
 
 #include <QDate>
 
@@ -279,7 +280,7 @@ QStringList whyNotRead(const Joined& joined)
 QString origin(const QString& of, const QStringList& lost)
 {
     if (lost.isEmpty()) return {};
-    return of + " em " + textoDaData(QDate::currentDate()) + ": " + lost.join("; ");
+    return of + " em " + textoDaData(Clock::moment().date()) + ": " + lost.join("; ");
 }
 
 QString withNote(const QString& notes, const QString& note)

@@ -2,6 +2,7 @@
 
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/recordset.h"
+#include "platform/time/clock.h"
 #include "study/linkage/decisions_p.h"
 #include "study/linkage/ownTables.h"
 
@@ -102,7 +103,7 @@ qint64 kept(jet::Connection& bdp, const Ruling& what, int rows, const QString& c
     bdp.execute(
         jet::NativeSql("insert into estudo_decisao (quando, tipo, titulo, razao, fica, junto, alteradas, "
                        "linhas) values (?, ?, ?, ?, ?, ?, ?, ?)",
-                       {QDateTime::currentDateTime().toString(tables::timeFormat), word(what.kind), what.title,
+                       {Clock::moment().toString(tables::timeFormat), word(what.kind), what.title,
                         textOrNull(what.reason), textOrNull(what.kept), textOrNull(what.other), rows, changes}));
     const jet::Recordset last(bdp, jet::NativeSql("select max(id) from estudo_decisao"));
     return qint64(last[0].toDouble());

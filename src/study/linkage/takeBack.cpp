@@ -2,6 +2,7 @@
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/recordset.h"
 #include "platform/jet/transaction.h"
+#include "platform/time/clock.h"
 #include "study/acts/register_tables.h"
 #include "study/linkage/decisions_p.h"
 #include "study/linkage/keptRows.h"
@@ -69,7 +70,7 @@ public:
         for (const Kept& step : changes_)
             if (!step.key) jet::insertJsonRow(bdp_, step.table, atItsPlace(step));
         bdp_.execute(jet::NativeSql("update estudo_decisao set desfeita = ? where id = ?",
-                                    {QDateTime::currentDateTime().toString(tables::timeFormat), id_}));
+                                    {Clock::moment().toString(tables::timeFormat), id_}));
     }
 
 private:

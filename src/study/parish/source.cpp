@@ -1,5 +1,7 @@
 #include "study/parish/source.h"
 
+#include "platform/time/clock.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 
@@ -9,7 +11,7 @@ namespace {
 
 Source unmarked(const QString& path)
 {
-    return {.path = path, .readAt = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch())};
+    return {.path = path, .readAt = QDateTime::fromSecsSinceEpoch(Clock::moment().toSecsSinceEpoch())};
 }
 
 } // namespace

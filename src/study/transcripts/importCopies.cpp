@@ -1,4 +1,5 @@
 // The copies of a BDP that an import is tried on, and that is kept before one.
+#include "platform/time/clock.h"
 #include "store/copiaDiaria.h"
 #include "store/session.h"
 #include "study/transcripts/import.h"
@@ -46,7 +47,7 @@ QString copyBefore(const jet::Connection& bdp, const QString& occasion)
     const QString folder = pastaDasCopias(file.filePath());
     if (!QDir().mkpath(folder))
         throw jet::Error(jet::number::pathNotFound, QString("Não é possível criar a pasta \"%1\".").arg(folder));
-    const QString moment = QDateTime::currentDateTime().toString("yyyy-MM-dd_HH.mm.ss");
+    const QString moment = Clock::moment().toString("yyyy-MM-dd_HH.mm.ss");
     const QString name = QString("%1/%2_antes de %3_%4").arg(folder, file.completeBaseName(), occasion, moment);
     QString path = name + ".orv";
     for (int number = 2; QFileInfo::exists(path); ++number)

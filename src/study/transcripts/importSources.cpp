@@ -2,6 +2,7 @@
 
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/transaction.h"
+#include "platform/time/clock.h"
 #include "study/transcripts/ownTables.h"
 
 #include <QDateTime>
@@ -39,8 +40,8 @@ void add(jet::Connection& bdp, const Source& source)
 {
     bdp.execute(jet::NativeSql("insert into estudo_fonte (quando, livro, data, tipo, localizacao, observacoes) values "
                                "(?, ?, ?, ?, ?, ?)",
-                               {QDateTime::currentDateTime().toString(tables::timeFormat), text(source.id),
-                                text(source.date), text(source.kind), text(source.archive), text(source.notes)}));
+                               {Clock::moment().toString(tables::timeFormat), text(source.id), text(source.date),
+                                text(source.kind), text(source.archive), text(source.notes)}));
 }
 
 } // namespace

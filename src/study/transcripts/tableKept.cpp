@@ -1,5 +1,6 @@
 #include "platform/jet/jsonrow.h"
 #include "platform/jet/transaction.h"
+#include "platform/time/clock.h"
 #include "study/transcripts/kleioText.h"
 #include "study/transcripts/ownTables.h"
 #include "study/transcripts/table.h"
@@ -92,7 +93,7 @@ void keepAssignment(jet::Connection& bdp, const QStringList& headers, const Assi
     const QString text = QJsonDocument(toJson(headers, assignment)).toJson(QJsonDocument::Compact);
     bdp.execute(jet::NativeSql("delete from estudo_colunas where cabecalhos = ?", {keyOf(headers)}));
     bdp.execute(jet::NativeSql("insert into estudo_colunas (cabecalhos, quando, atribuicao) values (?, ?, ?)",
-                               {keyOf(headers), QDateTime::currentDateTime().toString(tables::timeFormat), text}));
+                               {keyOf(headers), Clock::moment().toString(tables::timeFormat), text}));
     transaction.commit();
 }
 

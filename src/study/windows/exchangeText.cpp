@@ -42,8 +42,9 @@ QString proposedTarget(const exchange::WayOut& way, const QString& bdp, const QS
 
 QString wholePath(const QString& typed, const QString& folder, const QString& suffix)
 {
-    if (typed.trimmed().isEmpty()) return {};
-    QString path = QDir::cleanPath(QDir(folder).absoluteFilePath(QDir::fromNativeSeparators(typed)));
+    const QString told = typed.trimmed();
+    if (told.isEmpty()) return {};
+    QString path = QDir::cleanPath(QDir(folder).absoluteFilePath(QDir::fromNativeSeparators(told)));
     if (!suffix.isEmpty() && QFileInfo(path).suffix().isEmpty()) path += '.' + suffix;
     return path;
 }

@@ -105,11 +105,12 @@ void FrmActo::undo(qint64 act)
     const QString title = study::reference(record->act);
     if (!ask("Desfazer o acto (" + title + ")? As linhas que ele escreveu são tiradas, e ele fica aqui por gravar."))
         return;
+    const study::Conclusions conclusions = study::withKnownSexes(bdp_, record->act, record->conclusions);
     {
         jet::Transaction transaction(bdp_);
         if (const QString reason = study::undoAct(bdp_, act); !reason.isEmpty())
             return showMessage("O acto não pode ser desfeito. " + reason);
-        study::saveDraft(bdp_, record->act, record->conclusions);
+        study::saveDraft(bdp_, record->act, conclusions);
         transaction.commit();
     }
     study::closeWindowsOf(record->written);
@@ -119,7 +120,7 @@ void FrmActo::undo(qint64 act)
     viewed_.reset();
     stored_.reset();
     untouched_ = study::newSheet(record->act.kind, before_);
-    saved_ = study::sheetOf(record->act, record->conclusions);
+    saved_ = study::sheetOf(record->act, conclusions);
     begin(saved_);
     lblGravado->clear();
     showStatus("Desfeito: " + title + ". Está aqui para ser corrigido.");
@@ -151,7 +152,7 @@ void FrmActo::mostra(qint64 act)
         const auto record = study::readAct(bdp_, act);
         if (!record) return showMessage("O acto já não está na BDP.");
         viewed_ = act;
-        begin({.act = record->act, .conclusions = record->conclusions});
+        begin({.act = record->act, .conclusions = study::withKnownSexes(bdp_, record->act, record->conclusions)});
         lblGravado->setText("Gravado em " + record->stored.toString("dd/MM/yyyy HH:mm") + '.');
     });
 }

@@ -6,6 +6,7 @@
 #include "platform/forms/longwork.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
+#include "platform/time/clock.h"
 #include "study/acts/register.h"
 #include "study/checks/check.h"
 #include "study/checks/settings.h"
@@ -114,7 +115,7 @@ void FrmContradicoes::read()
     next_.parish = std::make_shared<const parish::Snapshot>(
         parish::Snapshot::read(cnBDP, [this](double done) { return goesOn(done); }));
     LongWork::ended();
-    next_.when = QDateTime::currentDateTime().toString("dd/MM/yyyy HH:mm");
+    next_.when = Clock::moment().toString("dd/MM/yyyy HH:mm");
     lblEstado->setText("A verificar…");
     checks::rules(); // made here, so that no two threads make them
     next_.found = std::make_shared<std::vector<checks::Case>>();

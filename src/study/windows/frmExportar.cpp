@@ -5,6 +5,7 @@
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
+#include "platform/time/clock.h"
 #include "store/session.h"
 #include "study/windows/exchangeText.h"
 #include "study/windows/fileInWork.h"
@@ -186,7 +187,7 @@ void FrmExportar::cmdExportar_Click()
     if (target != QDir::fromNativeSeparators(txtAlvo->text())) txtAlvo->setText(QDir::toNativeSeparators(target));
     if (const QString question = questionBefore(way(), target); !question.isEmpty() && !ask(question)) return;
     const OutOrder order{
-        .bdp = cnBDP.dataSource(), .target = target, .options = options(), .today = QDate::currentDate()};
+        .bdp = cnBDP.dataSource(), .target = target, .options = options(), .today = Clock::moment().date()};
     begin(way(), order);
     keepChoices(order);
 }

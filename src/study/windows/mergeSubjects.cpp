@@ -3,6 +3,7 @@
 #include "common/marca.h"
 #include "platform/forms/msgbox.h"
 #include "platform/jet/rows.h"
+#include "platform/time/clock.h"
 #include "store/copiaDiaria.h"
 #include "store/session.h"
 #include "study/acts/catalogue.h"
@@ -190,7 +191,7 @@ qint64 merged(jet::Connection& bdp, Subject subject, const QString& kept, const 
 bool isCopiedForToday()
 {
     static QString agreed; // the day, and the BDP
-    const QString now = QDate::currentDate().toString(Qt::ISODate) + cnBDP.dataSource();
+    const QString now = Clock::moment().date().toString(Qt::ISODate) + cnBDP.dataSource();
     QString why;
     {
         const Hourglass hourglass;

@@ -43,6 +43,7 @@ QString asOnScreen(const QString& text)
 QList<Told> told(const QString& pages)
 {
     static const QRegularExpression heading(R"(^##? (.*?)\s*(\{.*\})?$)");
+    static const QRegularExpression markup("^</?(?!kbd)");
     static const QString code = "Passo ";
     QList<Told> steps;
     bool inStep = false, inBox = false;
@@ -55,7 +56,7 @@ QList<Told> told(const QString& pages)
             inBox = true;
         else if (!line.isEmpty() && !line.startsWith("    "))
             inBox = false;
-        if (inStep && !inBox && !line.startsWith('<')) steps.last().words += line + '\n';
+        if (inStep && !inBox && !markup.match(line).hasMatch()) steps.last().words += line + '\n';
     }
     return steps;
 }
@@ -113,6 +114,14 @@ bool stands(const QString& quoted, const QStringList& texts)
             std::any_of(texts.begin(), texts.end(), [&](const QString& text) { return text.contains(quoted); }));
 }
 
+// <kbd>Alt</kbd>+<kbd>1</kbd> as `Alt+1`.
+QString withKeysAsCode(QString words)
+{
+    return words.replace("</kbd>+<kbd>", "+")
+        .replace("<kbd>↓", "<kbd>Down")
+        .replace(QRegularExpression("</?kbd>"), "`");
+}
+
 QStringList without(const QStringList& all, const QStringList& some, const QString& what)
 {
     QStringList missing;
@@ -127,7 +136,7 @@ QStringList differencesIn(const Told& told, const Played& played)
     static const QRegularExpression picture(R"(!\[[^\]]*\]\([^)]*\))");
     static const QRegularExpression code("`[^`]*`");
     const QStringList pictures = matches(R"(!\[[^\]]*\]\(imagens/([^)]*)\))", told.words);
-    const QString words = QString(told.words).remove(picture);
+    const QString words = withKeysAsCode(QString(told.words).remove(picture));
     const QStringList typed = matches("`([^`]*)`", words);
     const QStringList quoted = matches(R"re("([^"]*)")re", QString(words).remove(code));
     QStringList all = without(typed, played.done, "told to type, but not typed") +

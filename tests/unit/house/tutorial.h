@@ -7,12 +7,10 @@
 namespace house {
 
 // The differences between the pages of the tutorial, in Markdown, and the scenario, one a line; none where
-// - both have the same steps: "## Passo 3. Escolher a paróquia {#passo-3 .passo}" there, "# Passo 3. Escolher a
-// paróquia"
-//   here, numbered from 1;
+// - both have the same steps, numbered from 1: "## Passo 3. Escolher a paróquia {#passo-3 .passo}" there, and here
+//   "# Passo 3. Escolher a paróquia";
 // - what a step of the text puts in double quotes stands in the step of the scenario, but for the mark of a letter;
-// - what it writes as code, to type or as a key, is typed or pressed there, and all that is typed or pressed there is
-//   written so;
+// - what it writes as code, to type, or as a key (<kbd>), is typed or pressed there, and nothing else is;
 // - what is clicked or chosen from a menu there, and was seen to bear a caption, is quoted;
 // - both have the same pictures.
 // The boxes (admonitions) of a step tell reasons and what else may be seen, and aren't compared; nor is HTML, which

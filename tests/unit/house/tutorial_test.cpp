@@ -27,9 +27,10 @@ QString pages()
     return all;
 }
 
-constexpr auto text = "# Acto {#acto}\n\n## Passo 1. Escrever {#passo-1 .passo}\n\n1. Em \"Nome\" escreva `Ana\n"
-                      "   Dias`, carregue em `Tab` e\n   em \"confIrmar\".\n\n![A ficha](imagens/ficha.png)\n\n"
-                      "!!! porque \"Porquê?\"\n    Por \"isto\", e `aquilo`.\n\n    E mais \"isto\".\n";
+constexpr auto text =
+    "# Acto {#acto}\n\n## Passo 1. Escrever {#passo-1 .passo}\n\n1. Em \"Nome\" escreva `Ana\n"
+    "   Dias`, carregue em <kbd>Tab</kbd> e\n   em \"confIrmar\".\n\n![A ficha](imagens/ficha.png)\n\n"
+    "!!! porque \"Porquê?\"\n    Por \"isto\", e `aquilo`.\n\n    E mais \"isto\".\n";
 constexpr auto scenario = "scenario \"x\"\n# Passo 1. Escrever\nexpect frmInd.lblNome \"&Nome\"\n"
                           "type frmInd.txtNome \"Ana Dias\"\nkey Tab\nexpect frmInd.cmdIns \"conf&Irmar\"\n"
                           "click frmInd.cmdIns\nshot frmInd \"ficha.png\"\n";
@@ -50,13 +51,13 @@ TEST(TheReaderOfTheTutorial, TellsEachWayInWhichTheyDiffer)
     const auto changed = [](const char* all, const Change& change) {
         return QString(all).replace(change.from, change.to);
     };
-    for (const Change& change :
-         {Change{"`Tab`", "`Return`", "not typed: \"Return\""}, Change{"`Tab`", "Tab", "typed, but not told: \"Tab\""},
-          Change{"\"confIrmar\"", "ao botão", "clicked, but not told: \"confIrmar\""},
-          Change{"\"Nome\"", "\"Nomes\"", "told, but not seen: \"Nomes\""},
-          Change{"ficha.png", "outra.png", "isn't taken: \"outra.png\""},
-          Change{"Passo 1. Escrever", "Passo 1. Ler", "the text has \"Passo 1. Ler\""},
-          Change{"## Passo 1. Escrever", "## Antes", "the text has \"\""}})
+    for (const Change& change : {Change{">Tab<", ">Return<", "not typed: \"Return\""},
+                                 Change{"<kbd>Tab</kbd>", "Tab", "typed, but not told: \"Tab\""},
+                                 Change{"\"confIrmar\"", "ao botão", "clicked, but not told: \"confIrmar\""},
+                                 Change{"\"Nome\"", "\"Nomes\"", "told, but not seen: \"Nomes\""},
+                                 Change{"ficha.png", "outra.png", "isn't taken: \"outra.png\""},
+                                 Change{"Passo 1. Escrever", "Passo 1. Ler", "the text has \"Passo 1. Ler\""},
+                                 Change{"## Passo 1. Escrever", "## Antes", "the text has \"\""}})
         EXPECT_TRUE(differences(changed(text, change), scenario).join('\n').contains(change.told)) << change.told;
     for (const Change& change : {Change{"Ana Dias", "Ana", "typed, but not told: \"Ana\""},
                                  Change{"\"&Nome\"", "\"&Título\"", "told, but not seen: \"Nome\""},

@@ -43,7 +43,7 @@ TEST(ScenarioRunner, PicturesGoToTheirFolderAtTwiceTheScale)
 {
     const QTemporaryDir folder;
     const Outcome outcome = play("scenario \"a\"\nstart\nopen frmProva\nshot \"tudo.png\"\nshot frmProva \"so.png\"\n",
-                                 {"--shots", folder.filePath("imagens"), "--folder", folder.filePath("cenas")});
+                                 {"--shots", folder.filePath("imagens")});
     EXPECT_EQ(outcome.lines.last().toStdString(), "1 passed, 0 failed");
     const QImage all(folder.filePath("imagens/tudo.png")), form(folder.filePath("imagens/so.png"));
     ASSERT_FALSE(all.isNull() || form.isNull());
@@ -96,4 +96,49 @@ TEST(ScenarioRunner, TheSlowestAreToldBesideTheReport)
     ASSERT_EQ(told.size(), 2) << outcome.told.join('\n').toStdString();
     EXPECT_GE(told[0].section(' ', 0, 0).toInt(), told[1].section(' ', 0, 0).toInt());
     EXPECT_EQ(play(text).told.filter(" ms ").size(), 0);
+}
+
+TEST(ScenarioRunner, PicturesOfAWindowAloneGoToTheFolderThatIsNamed)
+{
+    const QTemporaryDir folder;
+    const QString text = "scenario \"a\"\nstart\nopen frmProva\nshot \"all.png\"\nshot frmProva \"alone.png\"\n"
+                         "expect file \"alone.png\" missing\n";
+    const QString shots = folder.filePath("new/shots");
+    EXPECT_EQ(play(text, {"--shots", shots}).lines.last().toStdString(), "1 passed, 0 failed");
+    const QImage all(shots + "/all.png");
+    const QImage alone(shots + "/alone.png");
+    EXPECT_EQ(all.width(), 2 * 1280); // two pixels a point
+    EXPECT_GT(alone.width(), 0);
+    EXPECT_LT(alone.width(), all.width());
+
+    const QString again = folder.filePath("again");
+    play(text, {"--shots", again});
+    EXPECT_EQ(QImage(again + "/all.png"), all);
+    EXPECT_EQ(QImage(again + "/alone.png"), alone);
+}
+
+TEST(ScenarioRunner, OnlyAWindowThatIsShownIsPictured)
+{
+    EXPECT_EQ(play("scenario \"a\"\nstart\nshot frmProva \"a.png\"\n").lines.value(0).toStdString(),
+              "not ok prova.txt:3 a: frmProva isn't loaded");
+    EXPECT_EQ(play("scenario \"a\"\nstart\nshot frmNada \"a.png\"\n").lines.value(0).toStdString(),
+              "not ok prova.txt:3 a: frmNada is no form of the program");
+}
+
+TEST(ScenarioRunner, FilesThatAreBroughtLieInTheFolderOfEachScenario)
+{
+    const QString text = "scenario \"a\"\nexpect file \"trazido.txt\" has \"abc\"\nremove \"trazido.txt\"\n"
+                         "scenario \"b\"\nexpect file \"trazido.txt\" exists\n";
+    EXPECT_EQ(play(text, {"--bring", "beside/trazido.txt"}, {{"beside/trazido.txt", "abc"}}).lines.last().toStdString(),
+              "2 passed, 0 failed");
+}
+
+TEST(ScenarioRunner, PicturesShowNoFolderAndNoDayOfTheirOwn)
+{
+    const QTemporaryDir folder;
+    const QString text =
+        "scenario \"a\"\nexpect file \"" + QDir::temp().filePath("orv-imagens/1/dir/b.txt") + "\" exists\n";
+    EXPECT_EQ(play(text, {"--shots", folder.path(), "--bring", "b.txt"}, {{"b.txt", ""}}).lines.last().toStdString(),
+              "1 passed, 0 failed");
+    EXPECT_FALSE(QFile::exists(QDir::temp().filePath("orv-imagens")));
 }

@@ -178,6 +178,36 @@ TEST_F(TheExportOfAParish, IsImportedRehearsedAndTakenBack)
     EXPECT_EQ(people(), 1);
 }
 
+TEST_F(TheExportOfAParish, IsNeitherImportedNorTakenBackWhereNoCopyCanBeMade)
+{
+    ASSERT_EQ(orv({"exportar", "gedcom", path(), target()}), done) << qPrintable(err_);
+    bdp.close();
+    const QStringList import{"importar", "gedcom", target(), "--bdp", path()};
+    ASSERT_EQ(orv(import), done) << qPrintable(err_);
+    const QString copies = folder.filePath("copias");
+    ASSERT_TRUE(QDir(copies).removeRecursively());
+    QFile inTheWay(copies);
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    for (const QStringList& order : {import, QStringList{"importar", "gedcom", "--bdp", path(), "--desfazer"}}) {
+        EXPECT_EQ(orv(order), refused);
+        EXPECT_EQ(out_, "") << "no copy is told of";
+        EXPECT_TRUE(err_.startsWith("Não é possível criar a pasta \"" + copies)) << qPrintable(err_);
+    }
+    bdp.open(path());
+    EXPECT_EQ(jet::Recordset(bdp, "select * from individuo").recordCount(), 2);
+}
+
+TEST_F(TheExportOfAParish, IsNotImportedFromWhatIsNoFile)
+{
+    bdp.close();
+    const auto refusal = [&](const QString& file) {
+        EXPECT_EQ(orv({"importar", "gedcom", file, "--bdp", path()}), refused);
+        return err_.section('\n', 0, 0);
+    };
+    EXPECT_EQ(refusal(target()), "O ficheiro \"" + target() + "\" não existe.");
+    EXPECT_EQ(refusal(folder.path()), '"' + folder.path() + "\" é uma pasta, e não um ficheiro.");
+}
+
 TEST_F(TheExportOfAParish, IsImportedOnlyWhereAFileIsNamed)
 {
     EXPECT_EQ(orv({"importar", "gedcom", "--bdp", path()}), wrongUsage);

@@ -68,6 +68,12 @@ TEST_F(GedcomOfOurs, HasACodeInBracketsWhereNothingIsToldOfIt)
               "9|EVEN: (8)\nEVEN.TYPE: Situação da família\nEVEN: (7)\nEVEN.TYPE: Situação da família");
 }
 
+TEST_F(GedcomOfOurs, KeepsNoNoteOfAMarriageThatNeverWas)
+{
+    readOurs("0 @I1@ INDI\n1 SEX F\n0 @F1@ FAM\n1 WIFE @I1@\n1 NO MARR\n1 NO DIV\n");
+    EXPECT_EQ(value("select obs from familia"), "NO: DIV");
+}
+
 TEST_F(GedcomOfOurs, HasTheTitleBeforeTheNameAndBehindATitleOfIts)
 {
     readOurs("0 @I1@ INDI\n1 NAME Rui∕Ruy /Sousa/\n2 NPFX Dom\n0 @I2@ INDI\n1 NAME Padre Rui /Sousa/\n2 NPFX Padre\n"

@@ -227,6 +227,7 @@ TEST(TheTextOfAWay, MakesAWholePathOfWhatIsTyped)
     EXPECT_EQ(wholePath("/fora/../moinhos.txt", "/casa", "ged"), "/moinhos.txt");
     EXPECT_EQ(wholePath("tabelas/", "/casa", {}), "/casa/tabelas");
     EXPECT_EQ(wholePath("  ", "/casa", "ged"), "");
+    EXPECT_EQ(wholePath(" /fora/moinhos.ged\n", "/casa", "ged"), "/fora/moinhos.ged") << "as it is pasted";
 }
 
 TEST(TheTextOfAWay, KnowsFilesThatWereAltered)

@@ -89,3 +89,12 @@ TEST(AnAlarm, ThatRingsMayEndOrSetOthers)
     Clock::pass(hours(1));
     EXPECT_EQ(third.rung.count(), 1);
 }
+
+TEST(TheClock, StandsStillAtAMomentWhereItIsStopped)
+{
+    const QDateTime moment(QDate(1755, 11, 1), QTime(9, 40));
+    Clock::stopAt(moment);
+    EXPECT_EQ(Clock::moment(), moment);
+    Clock::stopAt({});
+    EXPECT_GT(Clock::moment(), moment);
+}

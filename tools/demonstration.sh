@@ -1,0 +1,46 @@
+# Sourced by ./run: the copy of the demonstration BDP that people work on.
+
+# documents_folder: where the user's documents stand; the home where nothing else is known.
+documents_folder() {
+    local folder=''
+    ! command -v xdg-user-dir >/dev/null || folder=$(xdg-user-dir DOCUMENTS)
+    # A desktop that has no such folder names the home.
+    if [ ! -d "$folder" ] || [ "$folder" -ef "$HOME" ]; then
+        folder=$HOME/Documentos
+        [ -d "$folder" ] || folder=$HOME
+    fi
+    echo "$folder"
+}
+
+# free_name FOLDER: a name of the demonstration that no file there bears.
+free_name() {
+    local name=demonstracao.orv number=2
+    while [ -e "$1/$name" ]; do
+        name=demonstracao-$number.orv
+        number=$((number + 1))
+    done
+    echo "$name"
+}
+
+# copy_to_work_on FRESH FOLDER: prints the path of the copy in FOLDER that is to be opened. No file is ever written over. A
+# copy that was worked on stays the one; beside one that wasn't, a newer demonstration gets a name of its own, and takes its
+# place. FOLDER/.demonstracao tells, as sha256sum does, which copy was made last and what its bytes were.
+copy_to_work_on() {
+    local fresh=$1 folder=$2 name=''
+    mkdir -p "$folder" || return 1
+    if [ -f "$folder/.demonstracao" ]; then
+        name=$(sed -n '1s/^[0-9a-f]* [ *]//p' "$folder/.demonstracao")
+    elif [ -e "$folder/demonstracao.orv" ]; then
+        echo "$folder/demonstracao.orv" # of which nobody knows what it was
+        return
+    fi
+    if [ -n "$name" ] && [ -e "$folder/$name" ]; then
+        if cmp -s "$fresh" "$folder/$name" || ! (cd "$folder" && sha256sum --check --status .demonstracao); then
+            echo "$folder/$name"
+            return
+        fi
+    fi
+    name=$(free_name "$folder")
+    cp --no-clobber "$fresh" "$folder/$name" && chmod u+w "$folder/$name" &&
+        (cd "$folder" && sha256sum "$name" >.demonstracao) && echo "$folder/$name"
+}
