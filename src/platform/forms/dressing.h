@@ -7,7 +7,7 @@
 class QWidget;
 
 // Gives each control without an accessible name the text of the labels that are its buddies, for screen readers; a
-// frame its title.
+// frame its title. A drop-down list with a name is told by a label beside it, which isn't seen where the form has none.
 void nameControls(QWidget* form);
 
 // How much wider the letters are than those that the forms were drawn with; 1 at least.

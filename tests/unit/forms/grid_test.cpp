@@ -1,5 +1,6 @@
 #include "forms/house.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QSignalSpy>
 
@@ -243,4 +244,19 @@ TEST_F(GridTest, StandsNumbersToTheRightAndCodesToTheLeft)
     EXPECT_FALSE(right(1));
     EXPECT_FALSE(right(2));
     EXPECT_TRUE(right(3)) << "the first cell is empty";
+}
+
+TEST_F(GridTest, TellsAScreenReaderTheTitleOfEachColumnAndTheTextOfEachCell)
+{
+    grid->setRows(2);
+    grid->setColumns({{"Nome"}, {"Data"}});
+    grid->setTextMatrix(1, 1, "12/4/1732");
+    auto* table = QAccessible::queryAccessibleInterface(grid)->tableInterface();
+    ASSERT_TRUE(table);
+    EXPECT_EQ(table->columnDescription(1), "Data");
+    auto* cell = table->cellAt(0, 1);
+    EXPECT_EQ(cell->text(QAccessible::Name), "12/4/1732");
+    const auto headings = cell->tableCellInterface()->columnHeaderCells();
+    ASSERT_EQ(headings.size(), 1);
+    EXPECT_EQ(headings.first()->text(QAccessible::Name), "Data");
 }
