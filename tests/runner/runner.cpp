@@ -73,10 +73,10 @@ struct Runner::Job
         return text;
     }
 
-    void startProcess()
+    void startProcess(const QString& shots)
     {
         process.start(QCoreApplication::applicationFilePath(),
-                      {"--play", QFileInfo(file).absoluteFilePath(), QString::number(index), folder});
+                      {"--play", QFileInfo(file).absoluteFilePath(), QString::number(index), folder, shots});
     }
 
     void crash()
@@ -107,7 +107,11 @@ struct Runner::Job
     }
 };
 
-Runner::Runner(Options options) : options_(std::move(options)), environment_(playEnvironment(folder_.path())) {}
+Runner::Runner(Options options)
+    : options_(std::move(options)),
+      environment_(playEnvironment(folder_.path(), options_.shots.isEmpty() ? plainScreen : pictureScreen))
+{
+}
 
 Runner::~Runner() = default;
 
@@ -147,6 +151,8 @@ void Runner::startNext()
     job.folder = QStringLiteral("%1/%2").arg(QDir(folder_.path()).canonicalPath()).arg(++started_);
     QDir().mkpath(job.folder + "/dir");
     copyProgramFolder(options_.programFolder, job.folder + "/program");
+    for (const QString& file : options_.bring)
+        copyToAlter(file, job.folder + "/dir/" + QFileInfo(file).fileName());
 
     QProcessEnvironment own = environment_;
     own.insert("XDG_CONFIG_HOME", job.folder); // where the file dialogs remember folders
@@ -158,7 +164,7 @@ void Runner::startNext()
     job.limit.start(options_.seconds * options_.second);
     job.clock.start();
     const auto over = [this, &job] {
-        if (!job.isOver()) return job.startProcess();
+        if (!job.isOver()) return job.startProcess(options_.shots);
         job.milliseconds = job.clock.elapsed();
         report();
         startNext();
@@ -167,7 +173,7 @@ void Runner::startNext()
     QObject::connect(&job.process, &QProcess::errorOccurred, &job.process, [over](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) over();
     });
-    job.startProcess();
+    job.startProcess(options_.shots);
 }
 
 void Runner::print(const Job& job)

@@ -23,6 +23,8 @@ struct Options
     int jobs = 1;                           // how many are played at once, where no desktop has its one focus
     int slowest = 0;                        // of how many the times are told
     bool cost = false;                      // tells what each scenario costs
+    QString shots;                          // the folder that pictures go to; empty: that of their scenario
+    QStringList bring;                      // files of which each scenario's folder gets a copy
 };
 
 class Runner

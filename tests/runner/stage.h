@@ -10,8 +10,9 @@
 class Stage
 {
 public:
-    // `folder` holds the scenario's "dir" and "program" folders, and its state where it was begun before.
-    explicit Stage(const QString& folder);
+    // `folder` holds the scenario's "dir" and "program" folders, and its state where it was begun before. Pictures go
+    // to the folder `shots`; to "dir" where none is named.
+    explicit Stage(const QString& folder, const QString& shots = {});
 
     State state;
     void save() const { state.write(folder_ + "/state"); }
@@ -20,6 +21,7 @@ public:
     QString program() const { return folder_ + "/program"; }
     QString filled(QString text) const;      // with {dir} and {program} replaced
     QString path(const QString& text) const; // filled and made absolute
+    QString shot(const QString& text) const; // filled and made absolute: where this picture goes
     void touched(const QString& path);       // a step has written, removed or shut this file
 
     // Makes a BDP as the program does, from the data files of its folder. Throws Failure.
@@ -38,6 +40,7 @@ public:
 
 private:
     QString folder_;
+    QString shots_;
     QPointer<QWidget> window_;
     int settling_ = 0;
 };
