@@ -10,6 +10,7 @@
 #include "common/text.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
+#include "platform/forms/statusline.h"
 #include "platform/forms/stilltext.h"
 
 #include <QRegularExpression>
@@ -31,6 +32,7 @@ void FrmInd::iniciaInsercao()
     abreInsercao();
     cmdTest->setEnabled(false); // there is no row yet that could name an executor
     propoeIndividuo();
+    showStatus("Escreva o que sabe. \"confIrmar\" (Alt+I) grava o indivíduo e passa ao seguinte; \"canceLar\" (Alt+L) acaba.");
 }
 
 // A blank card for the next individual: the number after the last one, which the user may overtype, and the type "T".

@@ -9,6 +9,7 @@
 #include "platform/forms/forms.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/showntext.h"
+#include "platform/forms/statusline.h"
 
 // The hand-over to the form of an act has disabled the card, and the form may stand there long after. Whoever asks the
 // card next finds it in use, unless it waits for a window of its own. Kept: the menu alone brings it up disabled.
@@ -60,6 +61,7 @@ void FrmInd::abrePeloMenu()
     frmInd().adoInd.refresh(); // Kept: the list goes to its first row, and the fields stay as they are.
     frmInd().cmdAtribuir->setEnabled(false);
     chamada().interrompe();
+    if (!frmInd().adoInd.hasRows()) showStatus("Ainda não há indivíduos: carregue em \"Inserir\" (Alt+I) para o primeiro.");
 }
 
 void FrmInd::desiste(const Form& quem)

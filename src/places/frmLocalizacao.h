@@ -5,6 +5,7 @@
 #include "common/pedidoDeLocal.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/forms/statusline.h"
 
 #include "ui_frmLocalizacao.h"
 
@@ -85,6 +86,7 @@ private:
     QString LocalNome; // the place now chosen on the combos
     QString LocalTipo; // its letter
     QString LocalCod;
+    StatusHint dica_;
     QList<PedidoDeLocal> emEspera; // of the forms that wait for the unload
 };
 

@@ -19,6 +19,19 @@ void refaz(ComboBox& lista, const ListBox& locais)
         lista.add(locais.list(indice));
 }
 
+QString oQueSeSegue(OrigemLoc origem)
+{
+    switch (origem) {
+    case OrigemLoc::BDP:
+        return "Escolha o distrito, o concelho e a paróquia, e carregue em \"Atribuir\".";
+    case OrigemLoc::Menu:
+        return "Escolha um local, de cima para baixo, e carregue em \"Guardar\": fica na lista que as fichas oferecem.";
+    default:
+        return "Escolha o local, de cima para baixo, e carregue em \"Atribuir\": passa para a ficha. \"Guardar\" põe-no na "
+               "lista.";
+    }
+}
+
 } // namespace
 
 // A form that asks for a place waits for the unload, also where another one asks meanwhile.
@@ -28,6 +41,7 @@ void FrmLocalizacao::setVisible(bool visible)
     const auto espera = [&](const PedidoDeLocal& outro) { return outro.quemPede == pedido.quemPede; };
     if (visible && pedido.quemPede && std::ranges::none_of(emEspera, espera)) emEspera << pedido;
     Form::setVisible(visible);
+    if (visible) dica_.tell(oQueSeSegue(pedido.origem));
 }
 
 bool FrmLocalizacao::Form_QueryUnload(UnloadMode modo)

@@ -7,6 +7,7 @@
 #include "common/pedidoDeLocal.h"
 #include "common/splashForm.h"
 #include "families/frmFam.h"
+#include "help/helpKey.h"
 #include "individuals/frmInd.h"
 #include "platform/desktop/desktop.h"
 #include "platform/forms/controls.h"
@@ -14,6 +15,8 @@
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "shell/beginSession.h"
+#include "shell/demonstracao.h"
+#include "shell/startPanel.h"
 #include "store/frmBack.h"
 #include "store/modBD.h"
 #include "store/sessionChange.h"
@@ -21,7 +24,9 @@
 #include "views/fichaIndividual.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
+#include <QWhatsThis>
 
 namespace {
 constexpr auto creditos = "Desenvolvido pela equipa do projecto ORV";
@@ -36,6 +41,7 @@ FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
     setSessionCaption(shortTitle);
     onClearSession(beginSession);
     connectMenus();
+    connectStartPanel();
     switchOffItems();
     onSessionMenus([this](bool enabled) {
         ui->mnuEditInd->setEnabled(enabled);
@@ -88,7 +94,20 @@ void FrmORV::connectMenus()
     on(ui->mnuComo, &FrmORV::mnuComo_Click);
     on(ui->mnuTut, &FrmORV::mnuTut_Click);
     on(ui->mnuAcerca, &FrmORV::mnuAcerca_Click);
+    on(ui->mnuAjudaJanela, &FrmORV::mnuAjudaJanela_Click);
+    on(ui->mnuDemo, &FrmORV::mnuDemo_Click);
     on(ui->mnuSair, &FrmORV::mnuSair_Click);
+}
+
+// Each of its ways is that of an item of the menus.
+void FrmORV::connectStartPanel()
+{
+    auto* panel = new StartPanel(ui->mdi);
+    connect(panel, &StartPanel::wantsOpen, ui->mnuAbrir, &QAction::trigger);
+    connect(panel, &StartPanel::wantsNew, ui->MnuNova, &QAction::trigger);
+    connect(panel, &StartPanel::wantsDemo, ui->mnuDemo, &QAction::trigger);
+    connect(panel, &StartPanel::wantsManual, ui->mnuComo, &QAction::trigger);
+    connect(panel, &StartPanel::wantsTutorial, ui->mnuTut, &QAction::trigger);
 }
 
 // These items exist, with their handlers, but the user can never reach them.
@@ -324,6 +343,22 @@ void FrmORV::mnuAcerca_Click()
     guarded([&] { Forms::show("frmAcerca"); });
 }
 
+void FrmORV::mnuAjudaJanela_Click()
+{
+    guarded([&] { help::showForFront(); });
+}
+
+void FrmORV::mnuDemo_Click()
+{
+    guarded([&] {
+        if (cnBDP.state() == jet::Connection::Open && !ask("Deseja fechar a BDP em tratamento?")) return;
+        const QString copia = copyOfDemo();
+        if (copia.isEmpty()) return;
+        changeSession(copia);
+        showStatus("A cópia da demonstração está em " + QDir::toNativeSeparators(copia) + '.');
+    });
+}
+
 void FrmORV::mnuSair_Click()
 {
     guarded([&] {
@@ -341,6 +376,12 @@ void FrmORV::closeEvent(QCloseEvent* event)
 
 bool FrmORV::event(QEvent* event)
 {
+    // The "?" in the frame of a form: in its place help comes at once.
+    if (event->type() == QEvent::EnterWhatsThisMode) {
+        QWhatsThis::leaveWhatsThisMode();
+        QMetaObject::invokeMethod(this, &FrmORV::mnuAjudaJanela_Click, Qt::QueuedConnection);
+        return true;
+    }
     // The status bar keeps its text: items without a tip would blank it when the pointer passes over them.
     if (event->type() == QEvent::StatusTip) return true;
     return QMainWindow::event(event);

@@ -55,10 +55,13 @@ private:
     void mnuComo_Click();
     void mnuTut_Click();
     void mnuAcerca_Click();
+    void mnuAjudaJanela_Click();
+    void mnuDemo_Click();
     void mnuSair_Click();
 
     void showCredits(); // in the status bar
     void connectMenus();
+    void connectStartPanel();
     void switchOffItems();
     void mudaBDP(const QString& operacao);
 

@@ -14,6 +14,7 @@
 #include "common/modGeral.h"
 #include "common/splashForm.h"
 #include "families/frmFam.h"
+#include "help/helpKey.h"
 #include "individuals/frmDatas.h"
 #include "individuals/frmInd.h"
 #include "places/frmConcelhos.h"
@@ -151,6 +152,7 @@ void prepareApplication()
     initResources();
     installPortuguese();
     Focus::install();
+    help::installKey();
     QApplication::setApplicationName("ORV");
     QApplication::setDesktopFileName("orv");
     QApplication::setWindowIcon(QIcon(":/icons/orv.svg"));

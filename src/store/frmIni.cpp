@@ -12,6 +12,11 @@
 
 #include <QScopedValueRollback>
 
+static bool temIndividuos()
+{
+    return !jet::Recordset(cnBDP, "select nind from individuo where nind = (select min(nind) from individuo)").eof();
+}
+
 FrmIni::FrmIni() : Form(Name), ui(std::make_unique<Ui::FrmIni>())
 {
     ui->setupUi(this);
@@ -28,6 +33,19 @@ FrmIni::~FrmIni() = default;
 void FrmIni::Form_Load()
 {
     setCaption(OperacaoBDP == "a" ? "Abrir BDP" : OperacaoBDP == "c" ? "Criar BDP" : "BDP");
+    dizOQueSeSegue();
+}
+
+void FrmIni::dizOQueSeSegue()
+{
+    if (!ui->txtParoquia->text().isEmpty())
+        dica_.tell("Carregue em \"OK\" para trabalhar nesta BDP.");
+    else if (!ui->txtLoc->text().isEmpty())
+        dica_.tell("Carregue no botão \"...\" da paróquia (Alt+P) e escolha a paróquia desta BDP.");
+    else if (OperacaoBDP == "c")
+        dica_.tell("Carregue no botão \"...\" da localização (Alt+L) e diga em que pasta fica a BDP, e com que nome.");
+    else
+        dica_.tell("Carregue no botão \"...\" da localização (Alt+L) e escolha o ficheiro da BDP.");
 }
 
 bool FrmIni::Form_QueryUnload(UnloadMode mode)
@@ -39,11 +57,13 @@ bool FrmIni::Form_QueryUnload(UnloadMode mode)
 void FrmIni::txtLoc_Change()
 {
     if (!ui->txtLoc->text().isEmpty()) ui->Command1->setEnabled(true);
+    dizOQueSeSegue();
 }
 
 void FrmIni::txtParoquia_Change()
 {
     if (!ui->txtParoquia->text().isEmpty()) ui->cmdOk->setEnabled(true);
+    dizOQueSeSegue();
 }
 
 void FrmIni::cmdLoc_Click()
@@ -138,6 +158,9 @@ void FrmIni::cmdOk_Click()
         cnBDP.commitTrans();
         limpaSessao();
         CarregaFichaFam();
+        if (!temIndividuos())
+            showStatus("Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha "
+                       "carregue em \"Inserir\".");
         unload();
     });
 }

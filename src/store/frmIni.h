@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/forms/form.h"
+#include "platform/forms/statusline.h"
 
 #include <memory>
 
@@ -37,7 +38,9 @@ private:
     void limpaSessao();
     void deixaBDP();
     void esqueceParoquia();
+    void dizOQueSeSegue();
 
     std::unique_ptr<Ui::FrmIni> ui;
+    StatusHint dica_;
     bool fica_ = false; // while all other forms are unloaded
 };

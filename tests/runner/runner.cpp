@@ -108,8 +108,9 @@ struct Runner::Job
 };
 
 Runner::Runner(Options options)
-    : options_(std::move(options)),
-      environment_(playEnvironment(folder_.path(), options_.shots.isEmpty() ? plainScreen : pictureScreen))
+    : options_(std::move(options)), temporary_(options_.folder.isEmpty() ? std::make_unique<QTemporaryDir>() : nullptr),
+      folder_(temporary_ ? temporary_->path() : options_.folder),
+      environment_(playEnvironment(folder_, options_.shots.isEmpty() ? plainScreen : pictureScreen))
 {
 }
 
@@ -148,7 +149,7 @@ void Runner::startNext()
         ++started_;
     if (started_ == jobs_.size()) return;
     Job& job = *jobs_[started_];
-    job.folder = QStringLiteral("%1/%2").arg(QDir(folder_.path()).canonicalPath()).arg(++started_);
+    job.folder = QStringLiteral("%1/%2").arg(QDir(folder_).canonicalPath()).arg(++started_);
     QDir().mkpath(job.folder + "/dir");
     copyProgramFolder(options_.programFolder, job.folder + "/program");
     for (const QString& file : options_.bring)
@@ -221,7 +222,7 @@ bool Runner::run()
         startNext();
     QTimer::singleShot(0, [this] { report(); });
     QCoreApplication::exec();
-    folder_.setAutoRemove(!options_.keep || failed_ == 0);
+    if (temporary_) temporary_->setAutoRemove(!options_.keep || failed_ == 0);
     printSlowest();
     QTextStream(stdout) << passed_ << " passed, " << failed_ << " failed\n";
     return failed_ == 0;

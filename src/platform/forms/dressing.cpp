@@ -2,9 +2,11 @@
 
 #include "platform/forms/controls.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QFontMetricsF>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QLabel>
 #include <QTabBar>
 
@@ -44,6 +46,13 @@ void labelList(QComboBox* list)
     label->hide();
 }
 
+constexpr auto looksLocked = "looksLocked";
+
+void giveColorOfWindow(QWidget* field)
+{
+    setBackColor(field, QApplication::palette(field).color(QPalette::Window));
+}
+
 class ContrastKeeper : public QObject
 {
 public:
@@ -52,7 +61,10 @@ public:
 protected:
     bool eventFilter(QObject* control, QEvent* event) override
     {
-        if (event->type() == QEvent::PaletteChange) keepReadableWhenDisabled(static_cast<QWidget*>(control));
+        if (event->type() != QEvent::PaletteChange) return false;
+        auto* field = static_cast<QWidget*>(control);
+        if (field->property(looksLocked).toBool()) giveColorOfWindow(field);
+        keepReadableWhenDisabled(field);
         return false;
     }
 };
@@ -75,6 +87,25 @@ void nameControls(QWidget* form)
     const auto lists = form->findChildren<QComboBox*>();
     for (QComboBox* list : lists)
         if (!list->accessibleName().isEmpty()) labelList(list);
+}
+
+void tellShortcuts(QWidget* form)
+{
+    const auto buttons = form->findChildren<QAbstractButton*>();
+    for (QAbstractButton* button : buttons) {
+        const QKeySequence keys = button->shortcut();
+        if (keys.isEmpty() || keys == QKeySequence::mnemonic(button->text())) continue;
+        QString tip = button->toolTip();
+        if (tip.endsWith('.')) tip.chop(1);
+        button->setToolTip(QStringLiteral("%1 (%2)").arg(tip, keys.toString(QKeySequence::NativeText)));
+    }
+}
+
+void showLockedFields(QWidget* form)
+{
+    const auto fields = form->findChildren<TextBox*>();
+    for (TextBox* field : fields)
+        if (field->property(looksLocked).toBool()) giveColorOfWindow(field);
 }
 
 double fontScale(const QWidget* form)

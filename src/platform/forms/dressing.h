@@ -10,6 +10,13 @@ class QWidget;
 // frame its title. A drop-down list with a name is told by a label beside it, which isn't seen where the form has none.
 void nameControls(QWidget* form);
 
+// Tells in the tip of each button the keys of one that its caption doesn't show: "..." has no room for a letter.
+void tellShortcuts(QWidget* form);
+
+// Gives the fields that say so in the .ui ("looksLocked": they are filled by a dialog, and never typed in) the colour of
+// the window, also after the colours of the desktop have changed.
+void showLockedFields(QWidget* form);
+
 // How much wider the letters are than those that the forms were drawn with; 1 at least.
 double fontScale(const QWidget* form);
 

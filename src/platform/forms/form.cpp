@@ -83,12 +83,15 @@ void Form::setCaption(const QString& caption)
 void Form::dress(QWidget* mainWindow, QMdiArea* area)
 {
     nameControls(this);
+    tellShortcuts(this);
+    showLockedFields(this);
     followFont(this);
     keepFieldsReadable(this);
     if (isChild() && area) {
         const QSize drawn = testAttribute(Qt::WA_Resized) ? size() * fontScale(this) : QSize();
         child_ = new ChildWindow(this);
         area->addSubWindow(child_);
+        child_->setWindowFlags(child_->windowFlags() | Qt::WindowContextHelpButtonHint);
         fitIn(area, drawn.isValid() ? drawn : sizeHint());
         child_->move(0, 0);
         stepAside(true);

@@ -1,11 +1,13 @@
 #include "platform/forms/msgbox.h"
 
+#include "platform/desktop/lastchoices.h"
 #include "platform/forms/forms.h"
 #include "platform/forms/showntext.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -91,8 +93,11 @@ QString chosenIn(QFileDialog& dialog, const QString& folder)
 {
     const Interruption interruption;
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    if (!folder.isEmpty()) dialog.setDirectory(folder);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    dialog.setDirectory(folder.isEmpty() ? Desktop::lastFolder() : folder);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    const QString chosen = dialog.selectedFiles().value(0);
+    Desktop::keepFolder(QFileInfo(chosen).absolutePath());
+    return chosen;
 }
 
 QString chooseFile(QFileDialog::AcceptMode mode, const Filter& filter, const QString& title, const QString& folder)

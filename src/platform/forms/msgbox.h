@@ -26,7 +26,8 @@ bool askWhetherToStore(const QString& text);
 // File dialogs. The filter is in the form "BDP - ORV (*.orv)|*.orv". An empty text means that the user cancelled.
 // The save form asks nothing about a file that exists, and appends the filter's suffix to a name that has none. A
 // suffix is what follows the last point, up to four letters or digits that aren't a mere number; nothing at all counts,
-// too. They begin in `folder`; without one, where the last of them has ended.
+// too. They begin in `folder`; without one, where the last of them has ended, and the first of all in the user's
+// documents (Desktop::lastFolder()).
 QString openFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle),
                      const QString& folder = {});
 QString saveFileName(const QString& filter, const QString& title = QString::fromLatin1(boxTitle),

@@ -33,6 +33,21 @@ void showStatus(const QString& text)
     if (auto* bar = statusBar()) bar->showMessage(shownText(text));
 }
 
+StatusHint::~StatusHint()
+{
+    auto* bar = statusBar();
+    if (bar && !told_.isEmpty() && bar->currentMessage() == told_) bar->showMessage(before_);
+}
+
+void StatusHint::tell(const QString& text)
+{
+    auto* bar = statusBar();
+    if (!bar) return;
+    if (bar->currentMessage() != told_) before_ = bar->currentMessage();
+    told_ = shownText(text);
+    bar->showMessage(told_);
+}
+
 void showStatusNote(const QString& text, const QString& whole)
 {
     auto* bar = statusBar();

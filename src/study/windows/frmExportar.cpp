@@ -1,13 +1,13 @@
 #include "study/windows/frmExportar.h"
 
 #include "common/modGeral.h"
+#include "platform/desktop/lastchoices.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "store/session.h"
 #include "study/windows/exchangeText.h"
 #include "study/windows/fileInWork.h"
-#include "study/windows/lastChoices.h"
 #include "study/windows/parishCopy.h"
 
 #include <QClipboard>
@@ -18,6 +18,9 @@
 #include <utility>
 
 using namespace study;
+using Desktop::keepChoice;
+using Desktop::lastChoice;
+using Desktop::lastFolder;
 using exchange::BirthDates;
 using exchange::Choice;
 using exchange::OutOptions;
@@ -105,7 +108,7 @@ void FrmExportar::showLastChoices()
 void FrmExportar::keepChoices(const OutOrder& order) const
 {
     keepChoice(keptWay, QString::fromUtf8(way().name));
-    keepFolder(QFileInfo(order.target).absolutePath());
+    Desktop::keepFolder(QFileInfo(order.target).absolutePath());
     if (way().offers(Choice::LimitYears)) keepChoice(keptLimit, order.options.limitYears);
     if (way().offers(Choice::BirthDates)) keepChoice(keptDates, static_cast<int>(order.options.birthDates));
     for (const Flag& flag : flags_)

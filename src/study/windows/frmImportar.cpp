@@ -1,13 +1,13 @@
 #include "study/windows/frmImportar.h"
 
 #include "common/modGeral.h"
+#include "platform/desktop/lastchoices.h"
 #include "platform/forms/focus.h"
 #include "platform/forms/msgbox.h"
 #include "platform/forms/statusline.h"
 #include "store/session.h"
 #include "study/windows/cards.h"
 #include "study/windows/exchangeText.h"
-#include "study/windows/lastChoices.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -17,6 +17,9 @@
 #include <utility>
 
 using namespace study;
+using Desktop::keepChoice;
+using Desktop::lastChoice;
+using Desktop::lastFolder;
 using exchange::InChoice;
 using exchange::InOrder;
 using exchange::Into;
@@ -111,14 +114,14 @@ void FrmImportar::cmdOrigem_Click()
 {
     const QString title = QString("Importar: ") + QString::fromUtf8(way().title);
     const QString source = way().source == Place::File
-                               ? openFileName(QString::fromUtf8(way().filter), title, lastFolder())
-                               : folderName(title, lastFolder());
+                               ? openFileName(QString::fromUtf8(way().filter), title)
+                               : folderName(title);
     if (!source.isEmpty()) txtOrigem->setText(QDir::toNativeSeparators(source));
 }
 
 void FrmImportar::cmdAlvo_Click()
 {
-    const QString target = saveFileName(bdpFilter, "BDP a criar", lastFolder());
+    const QString target = saveFileName(bdpFilter, "BDP a criar");
     if (!target.isEmpty()) txtAlvo->setText(QDir::toNativeSeparators(target));
 }
 
@@ -158,7 +161,7 @@ void FrmImportar::cmdEnsaio_Click()
     now.order.rehearse = true;
     begin(std::move(now));
     keepChoice(keptWay, QString::fromUtf8(way().name));
-    keepFolder(QFileInfo(txtOrigem->text()).absolutePath());
+    Desktop::keepFolder(QFileInfo(txtOrigem->text()).absolutePath());
     if (way().offers(InChoice::NewPlaces)) keepChoice(keptPlaces, chkLocais->isChecked());
     if (way().offers(InChoice::NewProfessions)) keepChoice(keptProfessions, chkProf->isChecked());
 }

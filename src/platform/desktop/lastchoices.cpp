@@ -1,14 +1,14 @@
-#include "study/windows/lastChoices.h"
+#include "platform/desktop/lastchoices.h"
 
 #include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
 
-namespace study {
+namespace Desktop {
 
 namespace {
 
-constexpr auto folderChoice = "trocas/pasta";
+constexpr auto folderChoice = "ficheiros/pasta";
 
 QString file()
 {
@@ -27,12 +27,16 @@ void keepChoice(const QString& name, const QVariant& value)
     QSettings(file(), QSettings::IniFormat).setValue(name, value);
 }
 
+QString documentsFolder()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
 QString lastFolder()
 {
     const QString kept = lastChoice(folderChoice).toString();
-    if (!kept.isEmpty() && QDir(kept).exists()) return kept;
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return QDir(documents).exists() ? documents : QDir::homePath();
+    return !kept.isEmpty() && QDir(kept).exists() ? kept : documentsFolder();
 }
 
 void keepFolder(const QString& folder)
@@ -40,4 +44,4 @@ void keepFolder(const QString& folder)
     keepChoice(folderChoice, folder);
 }
 
-} // namespace study
+} // namespace Desktop

@@ -1,0 +1,39 @@
+// Pages of the manual on the screen.
+#pragma once
+
+#include <QSet>
+#include <QTextBrowser>
+
+// Its pictures are as wide as they were drawn, or as the view where that is narrower; its letters and links have the
+// colours of the desktop. Nothing but pages of the folder that the page stands in is followed.
+class PageView : public QTextBrowser
+{
+    Q_OBJECT
+
+public:
+    explicit PageView(QWidget* parent = nullptr);
+
+    QVariant loadResource(int type, const QUrl& name) override;
+    // Steps above the letters of the desktop, below 0 under them.
+    int zoom() const { return zoom_; }
+    void setZoom(int steps);
+
+signals:
+    void zoomed();
+
+protected:
+    void doSetSource(const QUrl& page, QTextDocument::ResourceType type) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QImage fitted(const QUrl& picture) const;
+    void fitPictures();
+    void takeColors();
+    void follow(const QUrl& link);
+
+    QSet<QUrl> pictures_; // of the page
+    int zoom_ = 0;
+    int fittedTo_ = 0; // the width that the pictures were made for
+};
