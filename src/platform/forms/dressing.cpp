@@ -134,7 +134,8 @@ void keepFieldsReadable(QWidget* form)
     const auto controls = form->findChildren<QWidget*>();
     for (QWidget* control : controls) {
         const bool field = qobject_cast<QLineEdit*>(control) || qobject_cast<QComboBox*>(control) ||
-                           qobject_cast<QAbstractScrollArea*>(control) || qobject_cast<QCheckBox*>(control);
+                           qobject_cast<QAbstractScrollArea*>(control) || qobject_cast<QCheckBox*>(control) ||
+                           qobject_cast<QGroupBox*>(control);
         if (!field) continue;
         keepReadableWhenDisabled(control);
         control->installEventFilter(keeper);

@@ -13,8 +13,8 @@ void nameControls(QWidget* form);
 // Tells in the tip of each button the keys of one that its caption doesn't show: "..." has no room for a letter.
 void tellShortcuts(QWidget* form);
 
-// Gives the fields that say so in the .ui ("looksLocked": they are filled by a dialog, and never typed in) the colour of
-// the window, also after the colours of the desktop have changed.
+// Gives the fields that say so in the .ui ("looksLocked": they are filled by a dialog, and never typed in) the colour
+// of the window, also after the colours of the desktop have changed.
 void showLockedFields(QWidget* form);
 
 // How much wider the letters are than those that the forms were drawn with; 1 at least.
@@ -24,8 +24,8 @@ double fontScale(const QWidget* form);
 // heightens its lists, so that they show as many rows at least.
 void followFont(QWidget* form);
 
-// Sees to it that what the form's fields, lists and check boxes hold can be read while they are disabled, also after
-// the colours of the desktop have changed.
+// Sees to it that what the form's fields, lists and check boxes hold, and the titles of its frames, can be read while
+// they are disabled, also after the colours of the desktop have changed.
 void keepFieldsReadable(QWidget* form);
 
 // Where a window of `size` goes in an area of `room`: beside `caller`, below it, or else a step off, where it covers

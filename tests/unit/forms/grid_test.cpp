@@ -225,6 +225,19 @@ TEST_F(GridTest, TellsInAToolTipATextThatItsColumnCuts)
     EXPECT_EQ(tip(1), "31/12/1751 ou 1752");
 }
 
+TEST_F(GridTest, ShowsThatATitleIsCut)
+{
+    grid->setRows(2);
+    grid->setColumns({{"Manuel de Abreu e Lima (nº 85)", 60}, {"Vale"}});
+    QCoreApplication::processEvents();
+    const auto shown = [&] { return grid->horizontalHeader()->grab(QRect(0, 0, 60, 20)).toImage(); };
+    const QImage before = shown();
+    grid->setTextMatrix(0, 0, "Manuel de Abreu e Silva (nº 703)");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid->horizontalHeader()->textElideMode(), Qt::ElideRight);
+    EXPECT_EQ(shown(), before) << "all that is left out is told by the same dots";
+}
+
 TEST_F(GridTest, StandsNumbersToTheRightAndCodesToTheLeft)
 {
     grid->setRows(4);

@@ -2,6 +2,7 @@
 #include "shell/everyForm.h"
 
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -24,12 +25,15 @@ TEST_F(EveryForm, WhatItsFieldsHoldCanBeReadWhileTheyAreDisabled)
         };
         for (const auto* box : form.findChildren<QCheckBox*>())
             expectReadable(box, QPalette::WindowText, QPalette::Window);
+        for (const auto* frame : form.findChildren<QGroupBox*>())
+            if (!frame->title().isEmpty()) expectReadable(frame, QPalette::WindowText, QPalette::Window);
         for (const auto* combo : form.findChildren<ComboBox*>())
             expectReadable(combo, QPalette::Text, QPalette::Base);
         for (const auto* field : form.findChildren<TextBox*>())
             expectReadable(field, QPalette::Text, QPalette::Base);
         for (const auto* grid : form.findChildren<Grid*>()) {
             expectReadable(grid, QPalette::Text, QPalette::Base);
+            expectReadable(grid, QPalette::HighlightedText, QPalette::Highlight);
             expectReadable(grid->horizontalHeader(), QPalette::ButtonText, QPalette::Button);
         }
     });
