@@ -31,6 +31,8 @@ cppcheck_all() {
 
 check "the guard of the rooms itself" tests/house/rooms_test.sh
 check "the count of the tests" tests/house/play_test.sh
+check "the check of the manuals itself" tests/house/manuals_test.sh
+check "the manual and the tutorial" tools/manuals/check.sh
 check "the rooms and the forms" tools/rooms.sh
 check "clang-format" format
 check "cppcheck" cppcheck_all
