@@ -33,6 +33,8 @@ check "the guard of the rooms itself" tests/house/rooms_test.sh
 check "the count of the tests" tests/house/play_test.sh
 check "what is installed, and by whom" tests/house/packages_test.sh
 check "the copy of the demonstration" tests/house/demonstration_test.sh
+check "the check of the manuals itself" tests/house/manuals_test.sh
+check "the manual and the tutorial" tools/manuals/check.sh
 check "the rooms and the forms" tools/rooms.sh
 check "clang-format" format
 check "cppcheck" cppcheck_all

@@ -28,7 +28,7 @@ def arguments():
     parser.add_argument("--out", type=Path, help="the folder that takes what is made")
     parser.add_argument("--version", default="", help="the version of the program")
     parser.add_argument("--icon", type=Path, default=ROOT / "src/shell/icons/orv.svg", help="for the title page")
-    return parser.parse_args()
+    return parser.parse_intermixed_args()
 
 
 def books(docs):

@@ -12,7 +12,7 @@ from book import plain
 from helppages import size_of
 
 AUTHOR = "Equipa do projecto ORV"
-SCALE = 0.158  # millimetres of paper for a point of the screen
+SCALE = 0.145  # millimetres of paper for a point of the screen
 TEXT_WIDTH = 162  # millimetres
 TEXT_HEIGHT = 205  # what a picture may take of a page
 
@@ -100,6 +100,7 @@ def styles(book):
 def write(book, shots, version, picture, target):
     """Writes the PDF; gives the page that each anchor stands on, the first one of the file being 1."""
     text = whole(book, shots, version, picture)
+    os.environ.setdefault("SOURCE_DATE_EPOCH", "0")  # else each font that goes into the file says when that was
     document = weasyprint.HTML(string=text, base_url=str(book.folder)).render(stylesheets=styles(book))
     document.write_pdf(str(target))
     pages = {}
