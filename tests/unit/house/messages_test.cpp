@@ -170,14 +170,14 @@ QString chapter()
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-TEST(TheManual, ExplainsEveryMessageOfTheProgramAndNoOther)
+TEST(TheChapterOfMessages, ExplainsEveryMessageOfTheProgramAndNoOther)
 {
     EXPECT_GT(ofTheProgram().size(), 800);
     const QStringList found = disagreements(ofTheProgram(), entriesOf(chapter()), toldAside());
     EXPECT_TRUE(found.isEmpty()) << qPrintable(found.join('\n'));
 }
 
-TEST(TheManual, IsFoundToLackAMessageThatIsTakenOut)
+TEST(TheChapterOfMessages, IsFoundToLackAMessageThatIsTakenOut)
 {
     QList<Entry> entries = entriesOf(chapter());
     ASSERT_GT(entries.size(), 600);
@@ -189,7 +189,7 @@ TEST(TheManual, IsFoundToLackAMessageThatIsTakenOut)
     EXPECT_TRUE(isTold) << qPrintable(one.text);
 }
 
-TEST(TheManual, SaysOfEachMessageWhatToDoAndIsFoundByIt)
+TEST(TheChapterOfMessages, SaysOfEachMessageWhatToDoAndIsFoundByIt)
 {
     const QList<Entry> entries = entriesOf(chapter());
     QList<help::MessageEntry> titles;
