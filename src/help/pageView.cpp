@@ -5,17 +5,22 @@
 
 #include <QEvent>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
 constexpr int dotsAPoint = 2; // the pictures of the manual are taken at twice the scale
 constexpr int leastZoom = -4, mostZoom = 12;
 constexpr double readable = 4.5;
+constexpr int takenWidth = QTextFormat::UserProperty; // of a picture, in points
 
 // The colour of the desktop for links, or where that can't be read on a page, one between it and the text.
 QColor linkColor(const QPalette& palette)
@@ -30,6 +35,15 @@ QColor linkColor(const QPalette& palette)
     return text;
 }
 
+// The colours of a page are those of paper.
+QString withoutColors(const QByteArray& page)
+{
+    static const QRegularExpression colors(
+        QStringLiteral(R"(<style>.*?</style>| bgcolor="[^"]*"| style="color:[^"]*")"),
+        QRegularExpression::DotMatchesEverythingOption);
+    return QString::fromUtf8(page).remove(colors);
+}
+
 } // namespace
 
 PageView::PageView(QWidget* parent) : QTextBrowser(parent)
@@ -37,6 +51,7 @@ PageView::PageView(QWidget* parent) : QTextBrowser(parent)
     setOpenLinks(false);
     document()->setDocumentMargin(14);
     connect(this, &QTextBrowser::anchorClicked, this, &PageView::follow);
+    connect(this, &QTextBrowser::sourceChanged, this, &PageView::settle);
 }
 
 void PageView::follow(const QUrl& link)
@@ -51,45 +66,72 @@ void PageView::follow(const QUrl& link)
 
 QVariant PageView::loadResource(int type, const QUrl& name)
 {
-    if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
-    const QUrl picture = folder_.resolved(name);
-    pictures_ << picture;
-    return fitted(picture);
+    if (type == QTextDocument::ImageResource) return whole(name.toString());
+    const QVariant page = QTextBrowser::loadResource(type, name);
+    return type == QTextDocument::HtmlResource ? withoutColors(page.toByteArray()) : page;
 }
 
-QImage PageView::fitted(const QUrl& picture) const
+QImage PageView::whole(const QString& picture) const
 {
-    const QImage whole(picture.toLocalFile());
-    if (whole.isNull()) return whole;
-    const double scale = devicePixelRatioF();
-    const int room = std::max(viewport()->width() - 2 * qCeil(document()->documentMargin()), 50);
-    const int wide = std::min(room, whole.width() / dotsAPoint);
-    QImage shown = whole.scaledToWidth(qRound(wide * scale), Qt::SmoothTransformation);
-    shown.setDevicePixelRatio(scale);
-    return shown;
+    return QImage(folder_.resolved(QUrl(picture)).toLocalFile());
 }
 
+// To be called anew when the view has another width.
 void PageView::fitPictures()
 {
-    if (fittedTo_ == viewport()->width() || pictures_.isEmpty()) return;
     fittedTo_ = viewport()->width();
-    for (const QUrl& picture : std::as_const(pictures_))
-        document()->addResource(QTextDocument::ImageResource, picture, fitted(picture));
-    document()->markContentsDirty(0, document()->characterCount());
+    QTextCursor found(document());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            if (!part.fragment().charFormat().isImageFormat()) continue;
+            found.setPosition(part.fragment().position());
+            found.setPosition(part.fragment().position() + part.fragment().length(), QTextCursor::KeepAnchor);
+            fit(found);
+        }
+}
+
+void PageView::fit(QTextCursor& picture)
+{
+    QTextImageFormat format = picture.charFormat().toImageFormat();
+    const QImage taken = whole(format.name());
+    if (taken.isNull()) return;
+    if (!format.hasProperty(takenWidth))
+        format.setProperty(takenWidth, format.width() > 0 ? format.width() : double(taken.width()) / dotsAPoint);
+    const double room = std::max(viewport()->width() - 2 * document()->documentMargin() - 2, 50.0);
+    const double width = std::floor(std::min(room, format.doubleProperty(takenWidth)));
+    format.setWidth(width);
+    format.setHeight(width * taken.height() / taken.width());
+    picture.setCharFormat(format);
+    // Drawn as large as it is shown: the toolkit would leave out dots.
+    const double scale = devicePixelRatioF();
+    QImage shown = taken.scaledToWidth(qRound(width * scale), Qt::SmoothTransformation);
+    shown.setDevicePixelRatio(scale);
+    document()->addResource(QTextDocument::ImageResource, document()->baseUrl().resolved(QUrl(format.name())), shown);
 }
 
 void PageView::doSetSource(const QUrl& page, QTextDocument::ResourceType type)
 {
-    if (page.adjusted(QUrl::RemoveFragment) != source().adjusted(QUrl::RemoveFragment)) pictures_.clear();
     folder_ = page.adjusted(QUrl::RemoveFilename | QUrl::RemoveFragment);
     takeColors();
-    fittedTo_ = viewport()->width();
     QTextBrowser::doSetSource(page, type);
+}
+
+// The pictures have moved what stands below them.
+void PageView::settle(const QUrl& page)
+{
+    fitPictures();
+    if (page.hasFragment()) scrollToAnchor(page.fragment(QUrl::FullyDecoded));
 }
 
 void PageView::takeColors()
 {
-    document()->setDefaultStyleSheet(QStringLiteral("a { color: %1; }").arg(linkColor(palette()).name()));
+    const QString ground = palette().color(QPalette::AlternateBase).name();
+    document()->setDefaultStyleSheet(QStringLiteral("h2 { margin-top: 24px; } h3 { margin-top: 16px; }"
+                                                    "td, th { padding: 4px; }"
+                                                    "a { color: %1; } .legenda { font-style: italic; }"
+                                                    ".tecla { background-color: %2; font-weight: bold; }"
+                                                    ".nota td { background-color: %2; }")
+                                         .arg(linkColor(palette()).name(), ground));
 }
 
 void PageView::changeEvent(QEvent* event)
@@ -105,7 +147,7 @@ void PageView::changeEvent(QEvent* event)
 void PageView::resizeEvent(QResizeEvent* event)
 {
     QTextBrowser::resizeEvent(event);
-    fitPictures();
+    if (fittedTo_ != viewport()->width()) fitPictures();
 }
 
 void PageView::setZoom(int steps)

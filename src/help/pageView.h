@@ -1,11 +1,11 @@
 // Pages of the manual on the screen.
 #pragma once
 
-#include <QSet>
 #include <QTextBrowser>
 
-// Its pictures are as wide as they were drawn, or as the view where that is narrower; its letters and links have the
-// colours of the desktop. Nothing but pages of the folder that the page stands in is followed.
+// Its pictures are as wide as they were taken, or as the view where that is narrower; letters, links and grounds have
+// the colours of the desktop, whatever the page says of them. Nothing but pages of the folder that the page stands in
+// is followed.
 class PageView : public QTextBrowser
 {
     Q_OBJECT
@@ -28,13 +28,14 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    QImage fitted(const QUrl& picture) const;
+    QImage whole(const QString& picture) const;
     void fitPictures();
+    void fit(QTextCursor& picture);
     void takeColors();
+    void settle(const QUrl& page);
     void follow(const QUrl& link);
 
-    QUrl folder_;         // of the page; source() tells of the page before while one is read
-    QSet<QUrl> pictures_; // of the page
+    QUrl folder_; // of the page; source() tells of the page before while one is read
     int zoom_ = 0;
     int fittedTo_ = 0; // the width that the pictures were made for
 };

@@ -48,9 +48,14 @@ void labelList(QComboBox* list)
 
 constexpr auto looksLocked = "looksLocked";
 
+// A little of the text's colour in that of the window: on a dark desktop, too, it is seen where the field is.
 void giveColorOfWindow(QWidget* field)
 {
-    setBackColor(field, QApplication::palette(field).color(QPalette::Window));
+    const QPalette desktop = QApplication::palette(field);
+    const QColor window = desktop.color(QPalette::Window), text = desktop.color(QPalette::WindowText);
+    const auto mix = [](int a, int b) { return (94 * a + 6 * b) / 100; };
+    setBackColor(field, QColor(mix(window.red(), text.red()), mix(window.green(), text.green()),
+                               mix(window.blue(), text.blue())));
 }
 
 class ContrastKeeper : public QObject

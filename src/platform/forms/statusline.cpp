@@ -4,7 +4,6 @@
 #include "platform/forms/showntext.h"
 
 #include <QLabel>
-#include <QStatusBar>
 
 namespace {
 
@@ -33,19 +32,19 @@ void showStatus(const QString& text)
     if (auto* bar = statusBar()) bar->showMessage(shownText(text));
 }
 
+// The bar isn't looked for here: the windows are just being taken down.
 StatusHint::~StatusHint()
 {
-    auto* bar = statusBar();
-    if (bar && !told_.isEmpty() && bar->currentMessage() == told_) bar->showMessage(before_);
+    if (bar_ && !told_.isEmpty() && bar_->currentMessage() == told_) bar_->showMessage(before_);
 }
 
 void StatusHint::tell(const QString& text)
 {
-    auto* bar = statusBar();
-    if (!bar) return;
-    if (bar->currentMessage() != told_) before_ = bar->currentMessage();
+    if (!bar_) bar_ = statusBar();
+    if (!bar_) return;
+    if (bar_->currentMessage() != told_) before_ = bar_->currentMessage();
     told_ = shownText(text);
-    bar->showMessage(told_);
+    bar_->showMessage(told_);
 }
 
 void showStatusNote(const QString& text, const QString& whole)

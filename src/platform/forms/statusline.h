@@ -1,6 +1,8 @@
 // The line at the foot of the main window.
 #pragma once
 
+#include <QPointer>
+#include <QStatusBar>
 #include <QString>
 
 // Shows the text in the main window's status bar, in place of what stood there, until the next one. Asks nothing and
@@ -20,6 +22,7 @@ public:
     void tell(const QString& text);
 
 private:
+    QPointer<QStatusBar> bar_;
     QString before_, told_;
 };
 
