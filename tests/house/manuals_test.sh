@@ -19,7 +19,7 @@ build_book() {
     cat >docs/manual/01-um.md <<'EOF'
 # Um {#um}
 
-Ver a [ficha](#frmB) e as [datas](#um-as-datas). Carregue em <kbd>F1</kbd>.
+Ver a [ficha](#frmB) e as [datas](#um-as-datas). Carregue em <kbd>F1</kbd>, ou em Ctrl++.
 
 ![A janela](imagens/janela.png)
 
@@ -164,6 +164,7 @@ EOF
 )" 0 0
 judge "a link from page to page" 1 "$(grep -c 'href="02-dois.html#frmB"' out/manual/01-um.html)" 0 0
 judge "an anchor that the window finds" 1 "$(grep -c '<a name="frmB"></a>Outra ficha' out/manual/02-dois.html)" 0 0
+judge "keys that the text names" 3 "$(grep -o 'class="tecla"' out/manual/01-um.html | wc -l)" 0 0
 judge "a note in Portuguese" 1 "$(grep -c '<b>Nota</b>' out/manual/01-um.html)" 0 0
 
 rm shots/janela.png

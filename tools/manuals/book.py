@@ -16,6 +16,10 @@ KINDS = {"janela": "janela", "comando": "comando", "mensagem": "mensagem"}  # cl
 TITLES = {"Note": "Nota", "Tip": "Sugestão", "Warning": "Atenção", "Danger": "Perigo", "Important": "Importante",
           "Example": "Exemplo", "Hint": "Sugestão", "Caution": "Cuidado", "Attention": "Atenção"}
 
+KEYS = re.compile(r"\b((?:Ctrl\+|Alt\+|Shift\+)+)"
+                  r"(Return|Enter|Tab|Escape|Espaço|Esquerda|Direita|F\d+|(?:&[a-z]+;|[^\s<\w]|\w)(?!\w))"
+                  r"|(?<!\()\b(F(?:1[0-2]|[1-9]))\b")  # "(F4)" is part of a caption
+
 
 @dataclass(frozen=True)
 class Place:
@@ -99,8 +103,28 @@ def converted(source, prefix, for_paper):
         extensions.append("smarty")
         configs["smarty"] = {"smart_dashes": False, "smart_ellipses": False, "substitutions": QUOTES}
     text = markdown.markdown(source, extensions=extensions, extension_configs=configs)
-    return re.sub(r'(<p class="admonition-title">)(\w+)(</p>)',
+    text = re.sub(r'(<p class="admonition-title">)(\w+)(</p>)',
                   lambda found: found[1] + TITLES.get(found[2], found[2]) + found[3], text)
+    return with_keys(text)
+
+
+def with_keys(text):
+    """Keys that are named in the running text, such as Ctrl+Return and F4, are marked as keys."""
+    pieces = re.split(r"(<[^>]*>)", text)
+    plain_around = 0
+    for index, piece in enumerate(pieces):
+        if re.match(r"<(h[1-6]|kbd|code|pre)\b", piece):
+            plain_around += 1
+        elif re.match(r"</(h[1-6]|kbd|code|pre)>", piece):
+            plain_around -= 1
+        elif not piece.startswith("<") and plain_around == 0:
+            pieces[index] = KEYS.sub(marked_keys, piece)
+    return "".join(pieces)
+
+
+def marked_keys(found):
+    keys = [found[3]] if found[3] else [*found[1].rstrip("+").split("+"), found[2]]
+    return "+".join(f"<kbd>{key}</kbd>" for key in keys)
 
 
 class Reader(html.parser.HTMLParser):
