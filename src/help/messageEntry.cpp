@@ -2,9 +2,11 @@
 
 #include "help/folded.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace help {
 
@@ -15,6 +17,8 @@ class Title
 public:
     explicit Title(const QString& title)
     {
+        static const QRegularExpression leading("…[\"\\s]*$");
+        leads_ = title.contains(leading);
         // What KD makes of "…" is three points: the title is cut before it is folded.
         pieces_ = (' ' + title + ' ').split(QChar(0x2026));
         for (QString& piece : pieces_)
@@ -28,6 +32,8 @@ public:
             count += piece.size() - piece.count(' ');
         return count;
     }
+
+    bool leads() const { return leads_; }
 
     bool says(const QString& line) const
     {
@@ -48,20 +54,40 @@ public:
     }
 
 private:
+    bool leads_ = false;
     QStringList pieces_;
 };
 
-// All runs of whole lines, folded; blank lines count as none.
-QStringList runsOfLines(const QString& shown)
+struct Part
 {
-    QStringList lines, runs;
-    for (const QString& line : QString(shown).replace('\r', '\n').split('\n'))
-        if (!folded(line).trimmed().isEmpty()) lines << line;
-    for (qsizetype begin = 0; begin < lines.size(); ++begin) {
+    QString text;
+    bool ends; // a sentence or a line: what follows a colon belongs to what stands before it
+};
+
+QList<Part> partsOf(const QString& shown)
+{
+    constexpr int mostParts = 60;
+    static const QRegularExpression form("([^\r\n]*?)(?:([.!?:])[\"')\\]]*(?=\\s|$)|[\r\n]+|$)");
+    QList<Part> parts;
+    for (auto each = form.globalMatch(shown); each.hasNext() && parts.size() < mostParts;) {
+        const auto match = each.next();
+        const QString text = match.captured(1);
+        if (!folded(text).trimmed().isEmpty()) parts << Part{text, match.captured(2) != ":"};
+    }
+    if (!parts.isEmpty()) parts.last().ends = true;
+    return parts;
+}
+
+// All runs of whole parts, folded.
+QStringList runsOf(const QString& shown)
+{
+    QStringList runs;
+    const QList<Part> parts = partsOf(shown);
+    for (qsizetype begin = 0; begin < parts.size(); ++begin) {
         QString run;
-        for (qsizetype end = begin; end < lines.size(); ++end) {
-            run += lines[end] + ' ';
-            runs << foldedLine(run);
+        for (qsizetype end = begin; end < parts.size(); ++end) {
+            run += parts[end].text + ' ';
+            if (parts[end].ends) runs << foldedLine(run);
         }
     }
     return runs;
@@ -71,16 +97,16 @@ QStringList runsOfLines(const QString& shown)
 
 QString messageEntry(const QString& shown, const QList<MessageEntry>& entries)
 {
-    const QStringList runs = runsOfLines(shown);
+    const QStringList runs = runsOf(shown);
     const MessageEntry* best = nullptr;
-    qsizetype most = 0;
+    std::pair<bool, qsizetype> most{false, fewestLetters - 1};
     for (const MessageEntry& entry : entries) {
         const Title title(entry.title);
-        const qsizetype letters = title.letters();
-        if (letters <= most) continue;
+        const std::pair<bool, qsizetype> weight{!title.leads(), title.letters()};
+        if (title.letters() < fewestLetters || weight <= most) continue;
         if (std::none_of(runs.begin(), runs.end(), [&](const QString& run) { return title.says(run); })) continue;
         best = &entry;
-        most = letters;
+        most = weight;
     }
     return best ? best->id : QString();
 }

@@ -35,6 +35,8 @@ constexpr auto creditos = "Desenvolvido pela equipa do projecto ORV";
 FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
 {
     ui->setupUi(this);
+    for (QMenu* menu : findChildren<QMenu*>())
+        menu->setAccessibleName(menu->title().remove('&'));
     Forms::setMainWindow(this, ui->mdi);
     setSessionCaption(shortTitle);
     onClearSession(beginSession);

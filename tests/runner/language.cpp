@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMdiSubWindow>
 
 namespace {
 
@@ -71,18 +72,37 @@ void open(Stage& stage, const QString& name)
     stage.settle();
 }
 
-void picture(Stage& stage, const QString& path)
+QWidget* loadedForm(Stage& stage, const QString& name)
 {
     stage.needsProgram();
-    if (!Forms::mainWindow()->grab().save(path)) fail(path + " can't be written");
+    QWidget* form = Lookup::form(name);
+    if (!form) fail(name + (Forms::exists(name) ? " isn't loaded" : " is no form of the program"));
+    return form;
+}
+
+void picture(QWidget* window, const QString& path)
+{
+    if (!window->grab().save(path)) fail(path + " can't be written");
+}
+
+void pictureOfAll(Stage& stage, const QString& path)
+{
+    stage.needsProgram();
+    picture(Forms::mainWindow(), path);
+}
+
+// With the frame that it has in the document area.
+void pictureOfForm(Stage& stage, const QString& name, const QString& path)
+{
+    QWidget* form = loadedForm(stage, name);
+    if (!form->isVisible()) fail(name + " isn't shown");
+    auto* child = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+    picture(child ? child : form, path);
 }
 
 QString formCaption(Stage& stage, const QString& name)
 {
-    stage.needsProgram();
-    const QWidget* form = Lookup::form(name);
-    if (!form) fail(name + (Forms::exists(name) ? " isn't loaded" : " is no form of the program"));
-    return form->windowTitle();
+    return loadedForm(stage, name)->windowTitle();
 }
 
 Target seen(const Play& p)
@@ -163,7 +183,8 @@ const QList<StepForm>& language()
         {"splash keep", [](Play& p) { p.stage.state.splashKept = true; }},
         {"open NAME", [](Play& p) { open(p.stage, p.word(0)); }},
         {"run MENU", [](Play& p) { Hands::runSwitchedOff(p.stage, p.word(0)); }},
-        {"shot TEXT", [](Play& p) { picture(p.stage, p.path(0)); }},
+        {"shot TEXT", [](Play& p) { pictureOfAll(p.stage, p.stage.shot(p.word(0))); }},
+        {"shot NAME TEXT", [](Play& p) { pictureOfForm(p.stage, p.word(0), p.stage.shot(p.word(1))); }},
 
         {"cost begin TEXT", [](Play& p) { p.stage.state.accounts.begin(p.text(0)); }},
         {"cost end", [](Play& p) { p.stage.state.accounts.end(); }},

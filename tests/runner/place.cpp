@@ -3,14 +3,18 @@
 #include <QDir>
 #include <QFile>
 
+void copyToAlter(const QString& from, const QString& to)
+{
+    QFile::copy(from, to);
+    QFile::setPermissions(to, QFile::permissions(to) | QFile::WriteOwner);
+}
+
 void copyProgramFolder(const QString& from, const QString& to)
 {
     QDir().mkpath(to);
     const auto names = QDir(from).entryList({"*.dat", "*.doc", "*.csv", "*.pdf"}, QDir::Files);
-    for (const QString& name : names) {
-        QFile::copy(from + '/' + name, to + '/' + name);
-        QFile::setPermissions(to + '/' + name, QFile::permissions(to + '/' + name) | QFile::WriteOwner);
-    }
+    for (const QString& name : names)
+        copyToAlter(from + '/' + name, to + '/' + name);
 }
 
 void makeDocumentsFolder(const QString& folder)
@@ -25,16 +29,19 @@ bool isOffscreen()
     return qEnvironmentVariable("QT_QPA_PLATFORM", "offscreen") == "offscreen";
 }
 
-QProcessEnvironment playEnvironment(const QString& folder)
+QProcessEnvironment playEnvironment(const QString& folder, const PlayScreen& screen)
 {
     auto environment = QProcessEnvironment::systemEnvironment();
-    // The screen of the offscreen platform is as large as the smallest one that the program has to fit.
     if (isOffscreen()) {
-        QFile screen(folder + "/screen.json");
-        if (screen.open(QIODevice::WriteOnly))
-            screen.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1280, "height": 800,
-                             "logicalDpi": 96, "dpr": 1}]})");
-        environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName());
+        const QString text =
+            QStringLiteral(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": %1, "height": %2,
+                                            "logicalDpi": 96, "dpr": %3}]})")
+                .arg(screen.width)
+                .arg(screen.height)
+                .arg(screen.scale);
+        QFile file(folder + "/screen.json");
+        if (file.open(QIODevice::WriteOnly)) file.write(text.toUtf8());
+        environment.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName());
     }
     for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"})
         environment.insert(name, QStringLiteral("exitcode=%1:%2").arg(sanitizerExit).arg(environment.value(name)));

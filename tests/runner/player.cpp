@@ -132,7 +132,8 @@ int playScenario(const QStringList& arguments, char** argv)
     const Scenario& scenario = script.scenarios[arguments.value(1).toInt()];
     Application::setAttribute(Qt::AA_DontUseNativeDialogs);
     Application application(argv);
-    Stage stage(arguments.value(2));
+    Application::setCursorFlashTime(0); // pictures taken twice are the same
+    Stage stage(arguments.value(2), arguments.value(3));
     const Player player(stage, scenario);
     const int status = Application::exec();
     stage.takeDown();

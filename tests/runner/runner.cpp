@@ -73,10 +73,10 @@ struct Runner::Job
         return text;
     }
 
-    void startProcess()
+    void startProcess(const QString& shots)
     {
         process.start(QCoreApplication::applicationFilePath(),
-                      {"--play", QFileInfo(file).absoluteFilePath(), QString::number(index), folder});
+                      {"--play", QFileInfo(file).absoluteFilePath(), QString::number(index), folder, shots});
     }
 
     void crash()
@@ -107,7 +107,12 @@ struct Runner::Job
     }
 };
 
-Runner::Runner(Options options) : options_(std::move(options)), environment_(playEnvironment(folder_.path())) {}
+Runner::Runner(Options options)
+    : options_(std::move(options)), temporary_(options_.folder.isEmpty() ? std::make_unique<QTemporaryDir>() : nullptr),
+      folder_(temporary_ ? temporary_->path() : options_.folder),
+      environment_(playEnvironment(folder_, options_.shots.isEmpty() ? plainScreen : pictureScreen))
+{
+}
 
 Runner::~Runner() = default;
 
@@ -144,9 +149,11 @@ void Runner::startNext()
         ++started_;
     if (started_ == jobs_.size()) return;
     Job& job = *jobs_[started_];
-    job.folder = QStringLiteral("%1/%2").arg(QDir(folder_.path()).canonicalPath()).arg(++started_);
+    job.folder = QStringLiteral("%1/%2").arg(QDir(folder_).canonicalPath()).arg(++started_);
     QDir().mkpath(job.folder + "/dir");
     copyProgramFolder(options_.programFolder, job.folder + "/program");
+    for (const QString& file : options_.bring)
+        copyToAlter(file, job.folder + "/dir/" + QFileInfo(file).fileName());
 
     makeDocumentsFolder(job.folder);
     QProcessEnvironment own = environment_;
@@ -159,7 +166,7 @@ void Runner::startNext()
     job.limit.start(options_.seconds * options_.second);
     job.clock.start();
     const auto over = [this, &job] {
-        if (!job.isOver()) return job.startProcess();
+        if (!job.isOver()) return job.startProcess(options_.shots);
         job.milliseconds = job.clock.elapsed();
         report();
         startNext();
@@ -168,7 +175,7 @@ void Runner::startNext()
     QObject::connect(&job.process, &QProcess::errorOccurred, &job.process, [over](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) over();
     });
-    job.startProcess();
+    job.startProcess(options_.shots);
 }
 
 void Runner::print(const Job& job)
@@ -216,7 +223,7 @@ bool Runner::run()
         startNext();
     QTimer::singleShot(0, [this] { report(); });
     QCoreApplication::exec();
-    folder_.setAutoRemove(!options_.keep || failed_ == 0);
+    if (temporary_) temporary_->setAutoRemove(!options_.keep || failed_ == 0);
     printSlowest();
     QTextStream(stdout) << passed_ << " passed, " << failed_ << " failed\n";
     return failed_ == 0;

@@ -23,6 +23,9 @@ struct Options
     int jobs = 1;                           // how many are played at once, where no desktop has its one focus
     int slowest = 0;                        // of how many the times are told
     bool cost = false;                      // tells what each scenario costs
+    QString shots;                          // the folder that pictures go to; empty: that of their scenario
+    QString folder;                         // where they are played, emptied before; empty: a temporary one
+    QStringList bring;                      // files of which each scenario's folder gets a copy
 };
 
 class Runner
@@ -45,7 +48,8 @@ private:
     bool chosen(const QString& title) const;
 
     Options options_;
-    QTemporaryDir folder_;
+    std::unique_ptr<QTemporaryDir> temporary_; // nothing where a folder is named
+    QString folder_;
     QProcessEnvironment environment_;
     std::vector<std::unique_ptr<Job>> jobs_;
     size_t started_ = 0;

@@ -21,7 +21,7 @@
 
 #include <algorithm>
 
-Stage::Stage(const QString& folder) : folder_(folder)
+Stage::Stage(const QString& folder, const QString& shots) : folder_(folder), shots_(shots)
 {
     state.read(folder_ + "/state");
     Desktop::setProgramFolder(program());
@@ -40,6 +40,11 @@ QString Stage::filled(QString text) const
 QString Stage::path(const QString& text) const
 {
     return QDir::cleanPath(QDir(dir()).absoluteFilePath(filled(text)));
+}
+
+QString Stage::shot(const QString& text) const
+{
+    return shots_.isEmpty() ? path(text) : QDir::cleanPath(QDir(shots_).absoluteFilePath(filled(text)));
 }
 
 void Stage::touched(const QString& path)

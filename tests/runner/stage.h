@@ -11,7 +11,8 @@ class Stage
 {
 public:
     // `folder` holds the scenario's "dir", "program" and "documents" folders, and its state where it was begun before.
-    explicit Stage(const QString& folder);
+    // Pictures go to the folder `shots`; to "dir" where none is named.
+    explicit Stage(const QString& folder, const QString& shots = {});
 
     State state;
     void save() const { state.write(folder_ + "/state"); }
@@ -21,6 +22,7 @@ public:
     QString documents() const { return folder_ + "/documents"; } // of the user
     QString filled(QString text) const;                          // with {dir}, {program} and {documents} replaced
     QString path(const QString& text) const;                     // filled and made absolute
+    QString shot(const QString& text) const;                     // filled and made absolute: where this picture goes
     void touched(const QString& path);                           // a step has written, removed or shut this file
 
     // Makes a BDP as the program does, from the data files of its folder. Throws Failure.
@@ -39,6 +41,7 @@ public:
 
 private:
     QString folder_;
+    QString shots_;
     QPointer<QWidget> window_;
     int settling_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/palettes.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QHeaderView>
 #include <QVariant>
@@ -97,6 +98,16 @@ QPalette paletteOf(const QColor& color, const Look& look, const std::optional<QC
     return palette;
 }
 
+// As it is, where it can be read; else paler than the text of what is enabled, as far as it still can.
+QColor textWhenDisabled(const QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole back)
+{
+    const QColor ground = palette.color(QPalette::Disabled, back);
+    const QColor shown = palette.color(QPalette::Disabled, text);
+    if (contrast(shown, ground) >= readable) return shown;
+    const QColor enabled = palette.color(QPalette::Active, text);
+    return pale(contrast(enabled, ground) >= readable ? enabled : textOn(ground), ground);
+}
+
 // Worked out once for all controls that look alike, as a change of mode colours dozens of them.
 QPalette sharedPalette(const QColor& color, const Look& look, const std::optional<QColor>& mark)
 {
@@ -154,13 +165,18 @@ void keepReadableWhenDisabled(QWidget* control)
 {
     if (control->property(colorProperty).isValid()) return;
     const Look look = lookOf(control);
-    QPalette palette = control->palette();
-    const QColor back = palette.color(QPalette::Disabled, look.back);
-    if (contrast(palette.color(QPalette::Disabled, look.text), back) >= readable) return;
-    const QColor own = palette.color(QPalette::Active, look.text);
-    const QColor text = contrast(own, back) >= readable ? own : textOn(back);
-    palette = noPalette();
-    palette.setColor(QPalette::Disabled, look.text, pale(text, back));
+    QList<std::pair<QPalette::ColorRole, QPalette::ColorRole>> pairs{{look.text, look.back}};
+    if (qobject_cast<const QAbstractItemView*>(control))
+        pairs.emplaceBack(QPalette::HighlightedText, QPalette::Highlight);
+    const QPalette before = control->palette();
+    QPalette palette = noPalette();
+    bool change = false;
+    for (const auto& [text, back] : std::as_const(pairs)) {
+        const QColor shown = textWhenDisabled(before, text, back);
+        change = change || shown != before.color(QPalette::Disabled, text);
+        palette.setColor(QPalette::Disabled, text, shown);
+    }
+    if (!change) return;
     keepMark(palette, markOf(control));
     control->setPalette(palette);
 }

@@ -32,6 +32,20 @@ void addName(QWidget* control, const QString& name)
     control->setAccessibleName(before.isEmpty() ? name : before + ' ' + name);
 }
 
+// A screen reader takes what a list shows for its name, and looks for a label beside it: one that nobody sees is put
+// there where there is none.
+void labelList(QComboBox* list)
+{
+    const auto beside = list->parentWidget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto isOurs = [list](const QLabel* label) { return label->buddy() == list; };
+    const auto found = std::ranges::find_if(beside, isOurs);
+    QLabel* label = found != beside.end() ? *found : new QLabel(list->parentWidget());
+    label->setAccessibleName(list->accessibleName());
+    if (found != beside.end()) return;
+    label->setBuddy(list);
+    label->hide();
+}
+
 constexpr auto looksLocked = "looksLocked";
 
 // A little of the text's colour in that of the window: on a dark desktop, too, it is seen where the field is.
@@ -75,6 +89,9 @@ void nameControls(QWidget* form)
     const auto frames = form->findChildren<QGroupBox*>();
     for (QGroupBox* frame : frames)
         if (!named.contains(frame)) addName(frame, plain(frame->title()));
+    const auto lists = form->findChildren<QComboBox*>();
+    for (QComboBox* list : lists)
+        if (!list->accessibleName().isEmpty()) labelList(list);
 }
 
 void tellShortcuts(QWidget* form)
@@ -122,7 +139,8 @@ void keepFieldsReadable(QWidget* form)
     const auto controls = form->findChildren<QWidget*>();
     for (QWidget* control : controls) {
         const bool field = qobject_cast<QLineEdit*>(control) || qobject_cast<QComboBox*>(control) ||
-                           qobject_cast<QAbstractScrollArea*>(control) || qobject_cast<QCheckBox*>(control);
+                           qobject_cast<QAbstractScrollArea*>(control) || qobject_cast<QCheckBox*>(control) ||
+                           qobject_cast<QGroupBox*>(control);
         if (!field) continue;
         keepReadableWhenDisabled(control);
         control->installEventFilter(keeper);

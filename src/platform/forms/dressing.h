@@ -7,7 +7,7 @@
 class QWidget;
 
 // Gives each control without an accessible name the text of the labels that are its buddies, for screen readers; a
-// frame its title.
+// frame its title. A drop-down list with a name is told by a label beside it, which isn't seen where the form has none.
 void nameControls(QWidget* form);
 
 // Tells in the tip of each button the keys of one that its caption doesn't show: "..." has no room for a letter.
@@ -24,8 +24,8 @@ double fontScale(const QWidget* form);
 // heightens its lists, so that they show as many rows at least.
 void followFont(QWidget* form);
 
-// Sees to it that what the form's fields, lists and check boxes hold can be read while they are disabled, also after
-// the colours of the desktop have changed.
+// Sees to it that what the form's fields, lists and check boxes hold, and the titles of its frames, can be read while
+// they are disabled, also after the colours of the desktop have changed.
 void keepFieldsReadable(QWidget* form);
 
 // Where a window of `size` goes in an area of `room`: beside `caller`, below it, or else a step off, where it covers

@@ -148,6 +148,7 @@ Grid::Grid(QWidget* parent) : QTableView(parent), model_(new Model(this))
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setTextElideMode(Qt::ElideRight); // a title that is cut shows that it is
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->hide();
 }

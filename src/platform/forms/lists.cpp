@@ -79,6 +79,7 @@ void ComboBox::clear()
 void ComboBox::setLocked(bool locked)
 {
     locked_ = locked;
+    setAccessibleDescription(locked ? QStringLiteral("só de leitura") : QString()); // the toolkit has no such state
     if (locked) hidePopup();
     update();
 }

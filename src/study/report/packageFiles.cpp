@@ -107,15 +107,24 @@ void PackageFiles::begin(const QString& name)
         throw jet::writeError(std::make_error_code(std::errc::permission_denied), path);
 }
 
+void PackageFiles::settle()
+{
+    if (writing_.valid()) writing_.get();
+}
+
 void PackageFiles::write(const QByteArray& bytes)
 {
-    hash_.addData(bytes);
-    if (out_.write(bytes) != bytes.size())
-        throw jet::writeError(std::make_error_code(std::errc::no_space_on_device), files_.back().path);
+    settle();
+    writing_ = std::async(std::launch::async, [this, bytes] {
+        hash_.addData(bytes);
+        if (out_.write(bytes) != bytes.size())
+            throw jet::writeError(std::make_error_code(std::errc::no_space_on_device), files_.back().path);
+    });
 }
 
 PackageFiles::Written PackageFiles::end()
 {
+    settle();
     if (!out_.flush()) throw jet::writeError(std::make_error_code(std::errc::no_space_on_device), files_.back().path);
     const Written written{out_.pos(), "sha256:" + QString::fromLatin1(hash_.result().toHex())};
     out_.close();

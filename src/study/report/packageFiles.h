@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QString>
 
+#include <future>
 #include <memory>
 #include <vector>
 
@@ -34,7 +35,9 @@ public:
         QString hash = {};
     };
     void begin(const QString& name);
-    void write(const QByteArray& bytes); // to the file that was begun last
+    // To the file that was begun last. It may return before the bytes are there: what then fails is thrown by the next
+    // call.
+    void write(const QByteArray& bytes);
     Written end();
     void add(const QString& name, const QByteArray& bytes); // a whole one
 
@@ -54,12 +57,16 @@ private:
     };
     bool isDescription(const File& file) const;
     void announce() const;
+    void settle(); // what was given to write() is written
 
     QString folder_;
     QHash<QString, QStringList> packaged_; // of the package that the folder holds: each file with the hash it may have
     std::vector<File> files_ = {};
     QFile out_;
     QCryptographicHash hash_{QCryptographicHash::Sha256};
+    // Hashes and writes the bytes given last, while the caller makes the next: hashing costs a large file a fifth of
+    // its time. Last of all, since its end is waited for before the members that it uses go.
+    std::future<void> writing_ = {};
 };
 
 } // namespace study::report

@@ -23,7 +23,7 @@ constexpr int rowsAtOnce = 12; // the rows of most acts
 TextBox* named(const QString& name, const QString& title, int number, QWidget* parent)
 {
     auto* field = new TextBox(parent);
-    field->setAccessibleName(title);
+    field->setAccessibleName(title + " na linha " + QString::number(number + 1)); // until it has a role
     field->setObjectName(name + '_' + QString::number(number));
     keepReadableWhenDisabled(field);
     return field;

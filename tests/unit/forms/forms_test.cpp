@@ -1,5 +1,6 @@
 #include "forms/house.h"
 
+#include <QAccessible>
 #include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QTabWidget>
@@ -370,6 +371,31 @@ TEST_F(FormsTest, AControlIsNamedByItsLabels)
     });
     EXPECT_EQ(form->findChild<TextBox*>("txtIdade")->accessibleName(), "Pai Idade");
     EXPECT_EQ(form->findChild<TextBox*>("txtNome")->accessibleName(), "Nome completo");
+}
+
+TEST_F(FormsTest, AListIsToldByALabelBesideItWhichNobodySeesWhereThereIsNone)
+{
+    TestForm* form = make("frmA", [](TestForm& made) {
+        made.put<ComboBox>("cmbMoeda")->setAccessibleName("Moeda do valor total");
+        auto* label = made.put<QLabel>("lblEC");
+        label->setText("Estado civil");
+        auto* named = made.put<ComboBox>("cmbEC");
+        named->setAccessibleName("Estado civil da mãe");
+        label->setBuddy(named);
+    });
+    form->display();
+    const auto labels = [form](const char* list) {
+        QStringList names;
+        auto* item = QAccessible::queryAccessibleInterface(form->findChild<ComboBox*>(list));
+        for (const auto& label : item->relations(QAccessible::Label))
+            names << label.first->text(QAccessible::Name);
+        return names;
+    };
+    EXPECT_EQ(labels("cmbMoeda"), QStringList("Moeda do valor total"));
+    EXPECT_EQ(labels("cmbEC"), QStringList("Estado civil da mãe"));
+    EXPECT_EQ(form->findChild<QLabel*>("lblEC")->text(), "Estado civil");
+    for (const auto* label : form->findChildren<QLabel*>())
+        EXPECT_EQ(label->isVisible(), label->objectName() == "lblEC");
 }
 
 namespace {

@@ -1,5 +1,6 @@
 #include "forms/house.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QSignalSpy>
 
@@ -224,6 +225,19 @@ TEST_F(GridTest, TellsInAToolTipATextThatItsColumnCuts)
     EXPECT_EQ(tip(1), "31/12/1751 ou 1752");
 }
 
+TEST_F(GridTest, ShowsThatATitleIsCut)
+{
+    grid->setRows(2);
+    grid->setColumns({{"Manuel de Abreu e Lima (nº 85)", 60}, {"Vale"}});
+    QCoreApplication::processEvents();
+    const auto shown = [&] { return grid->horizontalHeader()->grab(QRect(0, 0, 60, 20)).toImage(); };
+    const QImage before = shown();
+    grid->setTextMatrix(0, 0, "Manuel de Abreu e Silva (nº 703)");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid->horizontalHeader()->textElideMode(), Qt::ElideRight);
+    EXPECT_EQ(shown(), before) << "all that is left out is told by the same dots";
+}
+
 TEST_F(GridTest, StandsNumbersToTheRightAndCodesToTheLeft)
 {
     grid->setRows(4);
@@ -243,4 +257,19 @@ TEST_F(GridTest, StandsNumbersToTheRightAndCodesToTheLeft)
     EXPECT_FALSE(right(1));
     EXPECT_FALSE(right(2));
     EXPECT_TRUE(right(3)) << "the first cell is empty";
+}
+
+TEST_F(GridTest, TellsAScreenReaderTheTitleOfEachColumnAndTheTextOfEachCell)
+{
+    grid->setRows(2);
+    grid->setColumns({{"Nome"}, {"Data"}});
+    grid->setTextMatrix(1, 1, "12/4/1732");
+    auto* table = QAccessible::queryAccessibleInterface(grid)->tableInterface();
+    ASSERT_TRUE(table);
+    EXPECT_EQ(table->columnDescription(1), "Data");
+    auto* cell = table->cellAt(0, 1);
+    EXPECT_EQ(cell->text(QAccessible::Name), "12/4/1732");
+    const auto headings = cell->tableCellInterface()->columnHeaderCells();
+    ASSERT_EQ(headings.size(), 1);
+    EXPECT_EQ(headings.first()->text(QAccessible::Name), "Data");
 }

@@ -1,6 +1,7 @@
 // The command of the scenario runner: which scenarios it plays, how many at once, how long, and what it tells of them.
 #include "play.h"
 
+#include <QImage>
 #include <QRegularExpression>
 
 TEST(ScenarioRunner, OneScenarioIsPlayedByItsTitle)
@@ -36,6 +37,33 @@ TEST(ScenarioRunner, FoldersOfFailedScenariosAreKept)
     const QString folder = outcome.lines.value(1).section("kept: ", 1);
     ASSERT_TRUE(QFile::exists(folder + "/dir/a.png")) << outcome.lines.join('\n').toStdString();
     QDir(QFileInfo(folder).path()).removeRecursively();
+}
+
+TEST(ScenarioRunner, PicturesGoToTheirFolderAtTwiceTheScale)
+{
+    const QTemporaryDir folder;
+    const Outcome outcome = play("scenario \"a\"\nstart\nopen frmProva\nshot \"tudo.png\"\nshot frmProva \"so.png\"\n",
+                                 {"--shots", folder.filePath("imagens"), "--folder", folder.filePath("cenas")});
+    EXPECT_EQ(outcome.lines.last().toStdString(), "1 passed, 0 failed");
+    const QImage all(folder.filePath("imagens/tudo.png")), form(folder.filePath("imagens/so.png"));
+    ASSERT_FALSE(all.isNull() || form.isNull());
+    EXPECT_EQ(all.width() % 2, 0);
+    EXPECT_LT(form.width(), all.width());
+    EXPECT_GT(all.width(), 1366) << "twice the points";
+}
+
+TEST(ScenarioRunner, EachScenarioFindsWhatIsBrought)
+{
+    const Outcome outcome = play("scenario \"a\"\nexpect file \"trazido.txt\" exists\nremove \"trazido.txt\"\n"
+                                 "scenario \"b\"\nexpect file \"trazido.txt\" exists\n",
+                                 {"--bring", "trazido.txt"}, {{"trazido.txt", "a"}});
+    EXPECT_EQ(outcome.lines.last().toStdString(), "2 passed, 0 failed");
+}
+
+TEST(ScenarioRunner, OfAFormThatIsNotShownThereIsNoPicture)
+{
+    const Outcome outcome = play("scenario \"a\"\nstart\nshot frmProva \"a.png\"\n");
+    EXPECT_EQ(outcome.lines.value(0).toStdString(), "not ok prova.txt:3 a: frmProva isn't loaded");
 }
 
 TEST(ScenarioRunner, SoManyArePlayedAtOnceAsItIsToldToAndToldInTheirOrder)

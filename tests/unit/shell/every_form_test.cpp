@@ -1,93 +1,17 @@
 // What holds for every form that is made known, however many there will be.
-#include "shell/startup.h"
-
-#include "common/dono.h"
-#include "platform/forms/msgbox.h"
-#include "store/parish.h"
-#include "store/sessionChange.h"
+#include "shell/everyForm.h"
 
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QTabBar>
-#include <QTabWidget>
-
-namespace {
-
-// The main window of a screen of 1024 x 700: what its frame, its menus and its status bar leave of it.
-constexpr QSize laptopArea(1016, 624);
-
-// The windows that are opened for a person or a family.
-const QStringList ofSomebody{"frmApadrinha", "frmAssinatura", "frmFuneral", "frmIntervenientes", "frmLegados",
-                             "frmPass",      "frmProf",       "frmResid",   "frmRituais"};
-
-class EveryForm : public Parish
-{
-protected:
-    EveryForm()
-    {
-        registerForms();
-        cnBDP.execute("insert into individuo (nind, nome) values (7, 'Ana')");
-        window.resize(laptopArea);
-        QObject::connect(&closer_, &QTimer::timeout, [] { // a form loaded for nobody may complain
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->accept();
-        });
-        closer_.start(0);
-    }
-
-    // Loads each form alone and shows it.
-    static void forEach(const std::function<void(Form&)>& look)
-    {
-        Dono ana;
-        ana.numero = "7";
-        ana.nome = "Ana";
-        QStringList names = Forms::names();
-        names.sort();
-        ASSERT_GT(names.size(), 25);
-        for (const QString& name : std::as_const(names)) {
-            if (ofSomebody.contains(name))
-                JanelaDoDono::abre(name, ana);
-            else
-                Forms::show(name);
-            Form* form = Forms::find(name);
-            ASSERT_TRUE(form) << qPrintable(name);
-            QCoreApplication::processEvents();
-            look(*form);
-            Forms::unloadAll();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-    }
-
-    static bool isInternal(const QWidget* control)
-    {
-        return control->objectName().isEmpty() || control->objectName().startsWith("qt_") || control->focusProxy() ||
-               qobject_cast<const QTabBar*>(control) || qobject_cast<const QTabWidget*>(control);
-    }
-
-private:
-    QTimer closer_;
-};
-
-} // namespace
 
 TEST_F(EveryForm, ReturnPressesTheButtonThatHasTheFocus)
 {
     forEach([](Form& form) {
         for (const auto* button : form.findChildren<QPushButton*>())
             EXPECT_TRUE(button->autoDefault()) << qPrintable(form.name() + '.' + button->objectName());
-    });
-}
-
-TEST_F(EveryForm, AScreenReaderMeetsANameOnEveryControl)
-{
-    forEach([](Form& form) {
-        for (const QWidget* control : form.findChildren<QWidget*>()) {
-            if (isInternal(control) || !(control->focusPolicy() & Qt::TabFocus)) continue;
-            const auto* button = qobject_cast<const QAbstractButton*>(control);
-            const QString name = button ? button->text() + button->accessibleName() : control->accessibleName();
-            EXPECT_NE(name, "") << qPrintable(form.name() + '.' + control->objectName());
-        }
     });
 }
 
@@ -101,12 +25,15 @@ TEST_F(EveryForm, WhatItsFieldsHoldCanBeReadWhileTheyAreDisabled)
         };
         for (const auto* box : form.findChildren<QCheckBox*>())
             expectReadable(box, QPalette::WindowText, QPalette::Window);
+        for (const auto* frame : form.findChildren<QGroupBox*>())
+            if (!frame->title().isEmpty()) expectReadable(frame, QPalette::WindowText, QPalette::Window);
         for (const auto* combo : form.findChildren<ComboBox*>())
             expectReadable(combo, QPalette::Text, QPalette::Base);
         for (const auto* field : form.findChildren<TextBox*>())
             expectReadable(field, QPalette::Text, QPalette::Base);
         for (const auto* grid : form.findChildren<Grid*>()) {
             expectReadable(grid, QPalette::Text, QPalette::Base);
+            expectReadable(grid, QPalette::HighlightedText, QPalette::Highlight);
             expectReadable(grid->horizontalHeader(), QPalette::ButtonText, QPalette::Button);
         }
     });

