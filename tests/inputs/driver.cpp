@@ -107,6 +107,7 @@ private:
         job->folder = QStringLiteral("%1/%2").arg(QDir(folder_.path()).canonicalPath()).arg(++sessions_);
         QDir().mkpath(job->folder + "/dir");
         copyProgramFolder(ORV_DATA_DIR, job->folder + "/program");
+        makeDocumentsFolder(job->folder);
         QProcessEnvironment own = environment_;
         own.insert("XDG_CONFIG_HOME", job->folder);
         job->process.setProcessEnvironment(own);
