@@ -35,7 +35,8 @@ constexpr auto creditos = "Desenvolvido pela equipa do projecto ORV";
 FrmORV::FrmORV() : ui(std::make_unique<Ui::FrmORV>())
 {
     ui->setupUi(this);
-    for (QMenu* menu : findChildren<QMenu*>())
+    for (QMenu* menu : {ui->mnuAlim, ui->mnuOutras, ui->mnuManut, ui->mnuLocais, ui->mnuIns, ui->mnuActual,
+                        ui->mnuEstudo, ui->mnuRel, ui->mnuAjuda})
         menu->setAccessibleName(menu->title().remove('&'));
     Forms::setMainWindow(this, ui->mdi);
     setSessionCaption(shortTitle);

@@ -20,8 +20,8 @@ QColor backColor(const QWidget* control);
 // How well one colour can be read on the other: from 1 to 21, and from 4.5 on as text.
 double contrast(const QColor& a, const QColor& b);
 
-// Sees to it that the control can be read while it is disabled, in the colours of the desktop, whatever they are. A
-// control that has a background colour of its own can be anyway.
+// Sees to it that the control can be read while it is disabled, in the colours of the desktop, whatever they are; of a
+// list also the row that is chosen. A control that has a background colour of its own can be anyway.
 void keepReadableWhenDisabled(QWidget* control);
 
 // The mask of every date field, and its text when nothing was typed.

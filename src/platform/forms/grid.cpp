@@ -40,7 +40,9 @@ public:
     {
         if (orientation != Qt::Horizontal) return {};
         if (role == Qt::TextAlignmentRole) return alignment(section);
-        return role == Qt::DisplayRole ? shownText(text(0, section)) : QVariant();
+        const QString shown = shownText(text(0, section));
+        if (role == Qt::ToolTipRole && isCut(shown, section)) return shownTip(shown);
+        return role == Qt::DisplayRole ? shown : QVariant();
     }
 
     int rows() const { return rows_; }
@@ -148,7 +150,6 @@ Grid::Grid(QWidget* parent) : QTableView(parent), model_(new Model(this))
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setTextElideMode(Qt::ElideRight); // a title that is cut shows that it is
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->hide();
 }
