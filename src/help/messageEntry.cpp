@@ -86,8 +86,9 @@ QStringList runsOf(const QString& shown)
     for (qsizetype begin = 0; begin < parts.size(); ++begin) {
         QString run;
         for (qsizetype end = begin; end < parts.size(); ++end) {
-            run += parts[end].text + ' ';
-            if (parts[end].ends) runs << foldedLine(run);
+            const Part& part = parts[end];
+            run += part.text + ' ';
+            if (part.ends) runs << foldedLine(run);
         }
     }
     return runs;

@@ -159,10 +159,12 @@ QStringList differences(const QString& pages, const QString& scenario)
     const QList<Played> played = Reader().run(scenario);
     QStringList all;
     for (qsizetype i = 0; i < std::max(text.size(), played.size()); ++i) {
-        const QString here = text.value(i).title, there = played.value(i).title;
+        const Told step = text.value(i);
+        const Played doneThen = played.value(i);
+        const QString here = step.title, there = doneThen.title;
         if (here != there || !here.startsWith(QString("Passo %1. ").arg(i + 1)))
             return all << QString("step %1: the text has \"%2\", the scenario \"%3\"").arg(i + 1).arg(here, there);
-        all += differencesIn(text[i], played[i]);
+        all += differencesIn(step, doneThen);
     }
     return all;
 }

@@ -88,9 +88,10 @@ private:
         QString within = groups;
         if (const auto* frame = qobject_cast<QGroupBox*>(item.object()); frame && !frame->title().isEmpty())
             within += told(QAccessible::Name, item) + " / ";
-        const bool control = isControl(item);
-        if (control) controls << Told{&item, nameOf(item), groups, window_ + '.' + place};
-        if (control) return;
+        if (isControl(item)) {
+            controls << Told{&item, nameOf(item), groups, window_ + '.' + place};
+            return;
+        }
         for (int child = 0; child < item.childCount(); ++child)
             if (QAccessibleInterface* next = item.child(child)) visit(*next, within, place);
     }
