@@ -61,7 +61,8 @@ row=() sheet=0
 lay() {
     [ ${#row[@]} -gt 0 ] || return 0
     sheet=$((sheet + 1))
-    montage -font /usr/share/fonts/truetype/dejavu/DejaVuSans.ttf -label '%f' "${row[@]}" -tile 3x -geometry '640x480>+6+6' -background gray80 "$out/sheet-$sheet.png"
+    montage -font /usr/share/fonts/truetype/dejavu/DejaVuSans.ttf -label '%f' "${row[@]}" -tile 3x \
+        -geometry '640x480>+6+6' -background gray80 "$out/sheet-$sheet.png"
     row=()
 }
 for picture in "$out"/light/*.png; do

@@ -44,11 +44,11 @@ bool isSentence(const QString& text)
            end.match(text).hasMatch();
 }
 
-class Reader
+class Reader : TokenReader
 {
 public:
     Reader(QString file, const QString& source, const Takers& takers)
-        : file_(std::move(file)), takers_(takers), t_(tokensOf(source))
+        : TokenReader(source), file_(std::move(file)), takers_(takers)
     {
     }
 
@@ -63,14 +63,6 @@ public:
     }
 
 private:
-    int count() const { return int(t_.size()); }
-    bool is(int at, const char* word) const { return at >= 0 && at < count() && t_[at].is(word); }
-    bool isAny(int at, std::initializer_list<const char*> words) const
-    {
-        return std::any_of(words.begin(), words.end(), [&](const char* word) { return is(at, word); });
-    }
-    bool opens(int at) const { return isAny(at, {"(", "[", "{"}); }
-    bool closes(int at) const { return isAny(at, {")", "]", "}"}); }
     int behind(int at) const { return opens(at) && t_[at].mate > at ? t_[at].mate + 1 : at + 1; }
 
     bool begins(int at) const
@@ -167,7 +159,6 @@ private:
 
     QString file_;
     const Takers& takers_;
-    Tokens t_;
     QList<Message> found_;
     std::set<std::pair<int, QString>> told_;
 };

@@ -20,11 +20,11 @@ bool isSql(const QString& text)
     return words.match(text).hasMatch();
 }
 
-class Reader
+class Reader : TokenReader
 {
 public:
     Reader(QString file, const QString& source, const Rules& rules)
-        : file_(std::move(file)), rules_(rules), own_(rules.own.value(file_)), t_(tokensOf(source))
+        : TokenReader(source), file_(std::move(file)), rules_(rules), own_(rules.own.value(file_))
     {
     }
 
@@ -39,15 +39,6 @@ public:
     }
 
 private:
-    int count() const { return int(t_.size()); }
-    bool is(int at, const char* word) const { return at >= 0 && at < count() && t_[at].is(word); }
-    bool isAny(int at, std::initializer_list<const char*> words) const
-    {
-        return std::any_of(words.begin(), words.end(), [&](const char* word) { return is(at, word); });
-    }
-    bool opens(int at) const { return isAny(at, {"(", "[", "{"}); }
-    bool closes(int at) const { return isAny(at, {")", "]", "}"}); }
-
     void tell(int at)
     {
         QString text;
@@ -203,7 +194,6 @@ private:
     QString file_;
     const Rules& rules_;
     QStringList own_;
-    Tokens t_;
     QStringList found_;
     QStringList reading_;
 };

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <iterator>
 
 namespace house {
@@ -106,6 +107,11 @@ Tokens tokensOf(const QString& source)
         open.pop_back();
     }
     return tokens;
+}
+
+bool TokenReader::isAny(int at, std::initializer_list<const char*> words) const
+{
+    return std::any_of(words.begin(), words.end(), [&](const char* word) { return is(at, word); });
 }
 
 } // namespace house

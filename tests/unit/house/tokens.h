@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <initializer_list>
 #include <vector>
 
 namespace house {
@@ -27,5 +28,20 @@ struct Token
 using Tokens = std::vector<Token>;
 
 Tokens tokensOf(const QString& source); // without comments and directives
+
+// What every guard asks of the words of a source. An index beside them is none of what is asked for.
+class TokenReader
+{
+protected:
+    explicit TokenReader(const QString& source) : t_(tokensOf(source)) {}
+
+    int count() const { return int(t_.size()); }
+    bool is(int at, const char* word) const { return at >= 0 && at < count() && t_[at].is(word); }
+    bool isAny(int at, std::initializer_list<const char*> words) const;
+    bool opens(int at) const { return isAny(at, {"(", "[", "{"}); }
+    bool closes(int at) const { return isAny(at, {")", "]", "}"}); }
+
+    Tokens t_;
+};
 
 } // namespace house
