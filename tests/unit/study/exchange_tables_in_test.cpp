@@ -280,7 +280,7 @@ TEST_F(ABdpOfTables, IsNeverHalfMadeOfDamagedFiles)
         if (!names.contains(name)) QFile::remove(QDir(tables()).filePath(name));
     std::mt19937 random(16);
     for (int i = 0; i < 150; ++i) {
-        const QString name = names[i % 3];
+        const QString& name = names[i % 3];
         const QByteArray before = file(name);
         QByteArray after = before;
         for (int changes = 0; changes < 3; ++changes) {
