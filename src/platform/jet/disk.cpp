@@ -21,9 +21,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto mark = ".orvtmp-";
+constexpr auto markOfADraft = ".orvtmp-";
 constexpr int letters = 6;
-constexpr int attempts = 100;
+constexpr int attemptsToName = 100;
 
 Disk* replaced = nullptr;
 
@@ -170,7 +170,7 @@ QString behindLinks(QString path)
 QString temporaryName(const QString& target)
 {
     static const auto alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789");
-    QString name = target + QLatin1String(mark);
+    QString name = target + QLatin1String(markOfADraft);
     for (int i = 0; i < letters; ++i)
         name += alphabet[QRandomGenerator::global()->bounded(alphabet.size())];
     return name;
@@ -198,7 +198,7 @@ QString targetOf(const QString& path)
 
 QString makeTemporary(const QString& target, std::error_code& error)
 {
-    for (int i = 0; i < attempts; ++i) {
+    for (int i = 0; i < attemptsToName; ++i) {
         const QString name = temporaryName(target);
         error = disk().makeFile(name);
         if (!error) return name;

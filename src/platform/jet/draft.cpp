@@ -12,7 +12,7 @@ namespace jet {
 
 namespace {
 
-constexpr int attempts = 5;
+constexpr int attemptsToClaim = 5;
 constexpr int daysOfALeftover = 1; // where it can't be told whether a program has it in work
 
 constexpr auto companions = {"-journal", "-wal", "-shm"};
@@ -103,7 +103,7 @@ void removeLeftovers(const QString& folder)
 Draft::Draft(const QString& target) : target_(target)
 {
     removeLeftovers(folderOf(target));
-    for (int i = 0; i < attempts; ++i) { // another program may take it for a leftover before it is claimed
+    for (int i = 0; i < attemptsToClaim; ++i) { // another program may take it for a leftover before it is claimed
         std::error_code error;
         path_ = makeTemporary(target, error);
         if (error) throw writeError(error, target);

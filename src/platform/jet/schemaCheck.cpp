@@ -22,7 +22,7 @@ struct Finalize
 {
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
-using Prepared = std::unique_ptr<sqlite3_stmt, Finalize>;
+using OwnedStatement = std::unique_ptr<sqlite3_stmt, Finalize>;
 
 // The rows of one statement over the bare handle.
 class Rows
@@ -57,7 +57,7 @@ public:
 private:
     sqlite3* database_;
     const QString& path_;
-    Prepared statement_;
+    OwnedStatement statement_;
 };
 
 bool isAmong(const QString& word, std::initializer_list<const char*> words)

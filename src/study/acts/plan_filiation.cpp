@@ -7,7 +7,7 @@ namespace study {
 
 namespace {
 
-constexpr const char* types[] = {attribute::filiation, attribute::illegitimate, attribute::foundling};
+constexpr const char* typesOfFiliation[] = {attribute::filiation, attribute::illegitimate, attribute::foundling};
 
 // Of a mark; "sem pais", "sem confissão" tell more of it.
 bool isOff(const QString& text)
@@ -16,7 +16,7 @@ bool isOff(const QString& text)
 }
 
 // Words that say it, and leave the code to which parents are told.
-bool isIllegitimate(const QString& text)
+bool saysIllegitimate(const QString& text)
 {
     static const QStringList words{"ilegitimo", "ilegitima", "illegitimo", "illegitima", "bastardo", "bastarda"};
     const QStringList told = plainWords(text).split(' ');
@@ -32,7 +32,7 @@ Filiation kindOf(Work& work, const char* type, const QString& text)
         if (words.startsWith("legitim")) return Filiation::Legitimate;
         return words.startsWith("expost") ? Filiation::Foundling : Filiation::Illegitimate;
     }
-    if (inWords) return isIllegitimate(text) ? Filiation::Illegitimate : Filiation::Unread;
+    if (inWords) return saysIllegitimate(text) ? Filiation::Illegitimate : Filiation::Unread;
     const bool foundling = QLatin1String(type) == QLatin1String(attribute::foundling);
     return foundling ? Filiation::Foundling : Filiation::Illegitimate;
 }
@@ -78,7 +78,7 @@ bool isFlagged(Work& work, int person, const char* type)
 Filiation filiationOf(Work& work, int person)
 {
     Filiation found = Filiation::Untold;
-    for (const char* type : types) {
+    for (const char* type : typesOfFiliation) {
         const Attribute* told = firstTold(work.act.people[person].attributes, type);
         const Filiation kind = told ? kindOf(work, type, told->told.value) : Filiation::Untold;
         if (kind != Filiation::Untold && kind != Filiation::Unread) return kind;
@@ -89,12 +89,12 @@ Filiation filiationOf(Work& work, int person)
 
 QVariant filiationCode(Work& work, int child)
 {
-    for (const char* type : types)
+    for (const char* type : typesOfFiliation)
         if (const QVariant code = work.code(child, type, "Filia"); !code.isNull()) return code;
     const auto meant = byTheParents(work, child);
     const auto code = meant ? work.catalogue.codeOf("Filia", *meant) : std::nullopt;
     if (!code) return {};
-    for (const char* type : types)
+    for (const char* type : typesOfFiliation)
         if (const Attribute* told = firstTold(work.act.people[child].attributes, type))
             if (const Filiation kind = kindOf(work, type, told->told.value);
                 kind == Filiation::Illegitimate || kind == Filiation::Foundling)

@@ -14,7 +14,7 @@ struct TypeOfDates
     const char* type;
     const char* others; // what says the same
 };
-constexpr TypeOfDates types[] = {
+constexpr TypeOfDates typesByDates[] = {
     {{.birth = false, .death = false}, "3", "0"},
     {{.birth = true, .death = false}, "1", ""},
     {{.birth = false, .death = true}, "2", ""},
@@ -23,7 +23,7 @@ constexpr TypeOfDates types[] = {
 
 const TypeOfDates& typeOf(KnownDates dates)
 {
-    return *std::ranges::find(types, dates, &TypeOfDates::known);
+    return *std::ranges::find(typesByDates, dates, &TypeOfDates::known);
 }
 
 QString letterOf(Sex sex)

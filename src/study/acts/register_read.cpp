@@ -50,10 +50,10 @@ Told told(const QJsonObject& row)
             .doubtful = number(row, "duvida") != 0};
 }
 
-class Reading
+class ReadingOfAct
 {
 public:
-    Reading(jet::Connection& bdp, const QJsonObject& row) : bdp_(bdp), id_(row["id"].toInteger())
+    ReadingOfAct(jet::Connection& bdp, const QJsonObject& row) : bdp_(bdp), id_(row["id"].toInteger())
     {
         record_.id = id_;
         record_.stored = QDateTime::fromString(text(row, "quando"), tables::timeFormat);
@@ -173,7 +173,7 @@ private:
 std::optional<ActRecord> recordOf(jet::Connection& bdp, const QList<QJsonObject>& rows)
 {
     if (rows.isEmpty()) return {};
-    return Reading(bdp, rows.first()).run();
+    return ReadingOfAct(bdp, rows.first()).run();
 }
 
 } // namespace

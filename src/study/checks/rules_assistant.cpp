@@ -176,12 +176,6 @@ void isNoSuchKin(const Person& person, Check& check)
     }
 }
 
-bool isSurelyBefore(const Date& first, const Date& second, const Check& check)
-{
-    const int days = daysTooEarly(first, second);
-    return days > 0 && !check.mayBeOfTheDates(days, {first, second});
-}
-
 // Why the marriage contradicts the state on that day, as the end of a sentence; "" where it doesn't.
 QString whyNotSo(const Person& person, const parish::Membership& row, int state, const Date& day, const Check& check)
 {

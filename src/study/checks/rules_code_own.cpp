@@ -42,7 +42,7 @@ bool knows(const Category& category, const QString& code)
 }
 
 // How often each code is used, by category.
-class Uses
+class OwnUses
 {
 public:
     void add(const char* category, const QString& code)
@@ -59,9 +59,9 @@ private:
     QMap<QString, QMap<QString, qint64>> times_;
 };
 
-Uses usesIn(const parish::Snapshot& parish)
+OwnUses usesIn(const parish::Snapshot& parish)
 {
-    Uses uses;
+    OwnUses uses;
     for (const Person& person : parish.people()) {
         uses.add("TipIn", person.type.trimmed());
         uses.add("Filia", person.filiation);
@@ -82,7 +82,7 @@ Uses usesIn(const parish::Snapshot& parish)
 // One that is in no table either is told by another rule.
 void useOwnCodes(const parish::Snapshot& parish, Check& check)
 {
-    const Uses uses = usesIn(parish);
+    const OwnUses uses = usesIn(parish);
     for (const Category& category : categories()) {
         const QMap<QString, qint64> codes = uses.of(category.name);
         const auto known = parish.catalogue().codes.value(category.name);

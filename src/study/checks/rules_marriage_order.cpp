@@ -107,12 +107,6 @@ void countsTheMarriagesWrong(const Person& person, Check& check)
     }
 }
 
-bool isSurelyBefore(const Date& first, const Date& second, const Check& check)
-{
-    const int days = daysTooEarly(first, second);
-    return days > 0 && !check.mayBeOfTheDates(days, {first, second});
-}
-
 // The last marriage before this one; null: none that is known to be earlier. The unions stand in the order of their
 // marriages, and somebody who stands for all unknown spouses has thousands.
 const Membership* marriageBefore(const Person& person, const Family& family, const Check& check)

@@ -104,7 +104,7 @@ std::vector<const Person*> withHimself(const Person& person, const std::vector<c
 }
 
 // By more than the limit, and more than the dates may be off.
-bool isSurelyBefore(const parish::Date& first, const parish::Date& second, const Check& check)
+bool isBeforeByTheLimit(const parish::Date& first, const parish::Date& second, const Check& check)
 {
     const int days = daysTooEarly(first, second);
     return days > check.limit("dias") && !check.mayBeOfTheDates(days, {first, second});
@@ -114,7 +114,9 @@ void diesMarriedThoughWidowed(const Person& person, Check& check)
 {
     if (person.stateAtDeath != married || !person.death.isKnown()) return;
     const auto spouses = allSpousesOf(person);
-    const auto diedBefore = [&](const Person* spouse) { return isSurelyBefore(spouse->death, person.death, check); };
+    const auto diedBefore = [&](const Person* spouse) {
+        return isBeforeByTheLimit(spouse->death, person.death, check);
+    };
     if (spouses.empty() || !std::ranges::all_of(spouses, diedBefore)) return;
     check.report(
         {.text = QString("%1, e já tinha enviuvado: %2.").arg(diedAs(person, "casado", "casada"), deathsOf(spouses)),
@@ -129,7 +131,7 @@ void diesWidowedThoughMarried(const Person& person, Check& check)
     for (const Membership* row : unionsOf(person)) {
         const bool isMarriage = row->family && !isUnmarried(*row->family);
         const Person* const spouse = isMarriage ? spouseOf(person, *row->family) : nullptr;
-        if (spouse && isSurelyBefore(person.death, spouse->death, check)) alive.push_back(spouse);
+        if (spouse && isBeforeByTheLimit(person.death, spouse->death, check)) alive.push_back(spouse);
     }
     if (alive.empty()) return;
     check.report({.text = QString("%1, e só depois %2.").arg(diedAs(person, "viúvo", "viúva"), deathsOf(alive)),

@@ -1,5 +1,6 @@
 #include "study/checks/words.h"
 
+#include "study/checks/check.h"
 #include "study/checks/told.h"
 
 #include <algorithm>
@@ -62,6 +63,12 @@ int daysTooEarly(const Date& later, const Date& earlier)
 {
     if (!later.isKnown() || !earlier.isKnown()) return 0;
     return std::max(0, daysBetween(lastDay(later), earlier));
+}
+
+bool isSurelyBefore(const Date& first, const Date& second, const Check& check)
+{
+    const int days = daysTooEarly(first, second);
+    return days > 0 && !check.mayBeOfTheDates(days, {first, second});
 }
 
 int daysBeyond(const Date& first, const Date& second, double years)

@@ -12,6 +12,8 @@
 
 namespace study::checks {
 
+class Check;
+
 QString inDays(int days);                  // "1 dia", "45 dias"
 QString together(const QStringList& list); // "a", "a e b", "a, b e c"
 
@@ -27,6 +29,8 @@ QString described(const parish::Snapshot& parish, const char* category, const QS
 // By how many days `later` comes before `earlier`, though it should come on that day or behind it. 0 where it doesn't,
 // or where one of them isn't known. A year alone counts as any of its days, so that it contradicts no day of its own.
 int daysTooEarly(const parish::Date& later, const parish::Date& earlier);
+// Whether the first one comes before the second one however either is read.
+bool isSurelyBefore(const parish::Date& first, const parish::Date& second, const Check& check);
 
 // By how many days the second date comes more than so many years behind the first, by the calendar. 0 where it doesn't,
 // or where one of them isn't known.

@@ -1,10 +1,11 @@
 #include "study/exchange/csvReader.h"
 
+#include "study/exchange/portions.h"
+
 namespace study::exchange {
 
 namespace {
 
-constexpr qint64 bytesAtOnce = 1 << 16;
 constexpr auto byteOrderMark = "\xEF\xBB\xBF";
 
 char separatorOf(QIODevice& device)

@@ -14,7 +14,7 @@ QString typeOf(Kind kind)
         return "integer";
     case Kind::Number:
         return "number";
-    case Kind::Date:
+    case Kind::Day:
         return "date";
     case Kind::Flag:
         return "boolean";

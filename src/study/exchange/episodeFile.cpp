@@ -1,5 +1,6 @@
 // Cells and words of the files of episodes.
 #include "study/exchange/episodes_p.h"
+#include "study/exchange/portions.h"
 
 namespace study::exchange {
 
@@ -11,8 +12,6 @@ using parish::Family;
 using parish::Person;
 
 namespace {
-
-constexpr qsizetype bytesAtOnce = 1 << 16;
 
 template <class Code>
 QByteArray wordAt(const QStringList& words, Code code)

@@ -64,8 +64,8 @@ TableColumn decimal(const char* name, const char* portuguese = "O mesmo em anos 
 Columns spell()
 {
     return {{"spell", Whole, "Número do período da mesma vida, desde 1.", "Number of the spell in this life, from 1."},
-            {"start_date", Date, "Primeiro dia do período.", "First day of the spell."},
-            {"end_date", Date, "Último dia do período: o do acontecimento, se o há.",
+            {"start_date", Day, "Primeiro dia do período.", "First day of the spell."},
+            {"end_date", Day, "Último dia do período: o do acontecimento, se o há.",
              "Last day of the spell: that of the event, if there is one."},
             decimal("start", "O primeiro dia em anos decimais.", "The first day in decimal years."),
             decimal("end", "O último dia em anos decimais.", "The last day in decimal years.")};
@@ -88,7 +88,7 @@ Columns parentsDead()
 
 Columns birthDates()
 {
-    return {{"birth_date", Date, "Nascimento, ou baptismo.", "Birth, or baptism."}, decimal("birth")};
+    return {{"birth_date", Day, "Nascimento, ou baptismo.", "Birth, or baptism."}, decimal("birth")};
 }
 
 TableColumn exitBy(const QStringList& words, const char* portuguese, const char* english)
@@ -118,7 +118,7 @@ TableInfo table(const char* name, const char* portuguese, const char* english, c
 
 Columns dated(const char* date, const char* year, const char* precision, const char* portuguese, const char* english)
 {
-    return {{date, Date, portuguese, english},
+    return {{date, Day, portuguese, english},
             {year, Number, "O mesmo em anos decimais (dias desde 0000-01-01 a dividir por 365,2425).",
              "The same in decimal years (days since 0000-01-01 over 365.2425)."},
             TableColumn(precision, Text, "exact: ao dia; about: cerca do dia; year: só o ano, posto a 1 de Julho.",
@@ -133,7 +133,7 @@ Columns placed(const char* code, const char* name, const char* portuguese, const
 
 Columns marked(const char* date, const char* year, const char* by, const char* portuguese, const char* english)
 {
-    return {{date, Date, portuguese, english},
+    return {{date, Day, portuguese, english},
             decimal(year),
             TableColumn(by, Text, "O que o prova.", "What proves it.").only(told(word::proofs))};
 }
@@ -158,7 +158,7 @@ TableInfo people()
                        "From when on the person is observed in the parish."),
                 marked("obs_end_date", "obs_end", "obs_end_by", "Até quando está em observação na freguesia.",
                        "Until when the person is observed in the parish."),
-                {{"alive_until_date", Date, "Última prova de vida, onde quer que seja.",
+                {{"alive_until_date", Day, "Última prova de vida, onde quer que seja.",
                   "Last proof of life, wherever it is from."},
                  decimal("alive_until"),
                  {"occupation", Text, "A primeira profissão que se conhece.", "The first occupation that is told."},
@@ -190,12 +190,12 @@ TableInfo families()
                "1 where it is her first marriage; empty where that isn't known."},
               {"class", Text, "Classe: MF, MO, EF ou EO, e I, I′ ou II.", "Class: MF, MO, EF or EO, and I, I′ or II."},
               {"type", Whole, "Tipo calculado, de 1 a 7.", "Computed type, from 1 to 7."},
-              {"end_date", Date, "Fim da união, se é certo.", "End of the union, where it is certain."},
+              {"end_date", Day, "Fim da união, se é certo.", "End of the union, where it is certain."},
               decimal("end"),
               TableColumn("end_by", Text, "Como se sabe o fim.", "How the end is known.").only(told(word::ends)),
               {"open_by", Text, "Porque não se sabe o fim; por palavras.",
                "Why the end isn't known; in Portuguese words."},
-              {"wife_birth_date", Date, "Nascimento da mulher, se for preciso pela idade que um acto diz.",
+              {"wife_birth_date", Day, "Nascimento da mulher, se for preciso pela idade que um acto diz.",
                "Birth of the wife, if need be by an age that an act tells."},
               decimal("wife_birth"),
               TableColumn("wife_birth_by", Text, "Como se sabe esse nascimento.", "How that birth is known.")
@@ -214,8 +214,8 @@ TableInfo fertility()
         {id("A mulher.", "The wife."),
          familyBy("family", "A família.", "The family."),
          {"spell", Whole, "Número do período na família, desde 1.", "Number of the spell in the family, from 1."},
-         {"spell_start_date", Date, "Primeiro dia do período.", "First day of the spell."},
-         {"spell_end_date", Date, "Último dia do período: o do parto, se o há.",
+         {"spell_start_date", Day, "Primeiro dia do período.", "First day of the spell."},
+         {"spell_end_date", Day, "Último dia do período: o do parto, se o há.",
           "Last day of the spell: that of the confinement, if there is one."},
          decimal("spell_start", "O primeiro dia em anos decimais.", "The first day in decimal years."),
          decimal("spell_end", "O último dia em anos decimais.", "The last day in decimal years."),
@@ -242,7 +242,7 @@ TableInfo fertility()
              .only({"none", "alive", "dead", "unknown"}),
          {"prev_ivl_days", Whole, "Dias do intervalo que acabou no último parto; o primeiro começa no casamento.",
           "Days of the interval that ended in the last confinement; the first one begins with the marriage."},
-         {"marriage_date", Date, "Casamento.", "Marriage."},
+         {"marriage_date", Day, "Casamento.", "Marriage."},
          decimal("marriage"),
          {"marriage_age", Number, "Idade exacta da mulher ao casar.", "Exact age of the wife at the marriage."},
          cohort("marriage_cohort", "Primeiro ano do período do casamento.",
@@ -293,7 +293,7 @@ TableInfo adulthood()
             {{id("A pessoa.", "The person."), familyBy("family", "O primeiro casamento.", "The first marriage."),
               personBy("spouse_id", "O cônjuge desse casamento.", "The spouse of that marriage."), sex()},
              birthDates(),
-             {{"marriage_date", Date, "Primeiro casamento.", "First marriage."},
+             {{"marriage_date", Day, "Primeiro casamento.", "First marriage."},
               decimal("marriage"),
               cohort("marriage_cohort", "Primeiro ano do período do casamento.",
                      "First year of the period of the marriage.")},
@@ -327,8 +327,8 @@ TableInfo bounds()
              birthDates(),
              {cohort("marriage_cohort", "Primeiro ano do período do casamento.",
                      "First year of the period of the marriage."),
-              {"start_date", Date, "Primeiro dia.", "First day."},
-              {"end_date", Date, "Último dia.", "Last day."},
+              {"start_date", Day, "Primeiro dia.", "First day."},
+              {"end_date", Day, "Último dia.", "Last day."},
               decimal("start", "O primeiro dia em anos decimais.", "The first day in decimal years."),
               decimal("end", "O último dia em anos decimais.", "The last day in decimal years.")},
              risk("Idade exacta ao casar, ou no início da observação.",
@@ -364,7 +364,7 @@ TableInfo widowhood()
         joined({{id("Quem sobreviveu.", "Who has survived."),
                  familyBy("family", "A união que acabou.", "The union that has ended."),
                  sex(),
-                 {"widowed_date", Date, "Fim da união.", "End of the union."},
+                 {"widowed_date", Day, "Fim da união.", "End of the union."},
                  decimal("widowed"),
                  cohort("period", "Primeiro ano do período em que a união acabou.",
                         "First year of the period in which the union ended."),

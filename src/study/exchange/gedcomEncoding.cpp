@@ -113,7 +113,7 @@ bool isOnlyAnsel(const QByteArray& bytes, qsizetype at)
 }
 
 // Letters of the claim, without what programs put between them.
-QString folded(const QString& claimed)
+QString lettersOf(const QString& claimed)
 {
     QString all;
     for (const QChar letter : claimed)
@@ -218,7 +218,7 @@ void ForeignBytes::countTo(qsizetype end)
 GedcomEncodingFound encodingOf(const QString& claimed, const ForeignBytes& bytes)
 {
     static constexpr int fewBad = 4, sureAnsel = 3;
-    const QString name = folded(claimed);
+    const QString name = lettersOf(claimed);
     const bool saysAnsel = name == "ANSEL", saysUtf8 = name.startsWith("UTF8") || name == "UNICODE" || name.isEmpty();
     const bool says1252 = name.startsWith("ANSI") || name.endsWith("1252") || name == "WINDOWS" ||
                           name == "IBMWINDOWS" || name.startsWith("LATIN1") || name.endsWith("88591");

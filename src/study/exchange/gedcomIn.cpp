@@ -23,7 +23,7 @@ namespace study::exchange {
 namespace {
 
 constexpr int recordsBetweenQuestions = 256;
-constexpr double shareOfTheIndex = 0.3, shareOfTheRows = 0.6;
+constexpr double shareOfTheRows = 0.6;
 
 void openFile(QFile& file)
 {

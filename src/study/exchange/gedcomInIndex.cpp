@@ -11,9 +11,8 @@ namespace study::exchange {
 
 namespace {
 
-constexpr int recordsBetweenQuestions = 1024;
+constexpr int recordsSeenBetweenQuestions = 1024;
 constexpr std::size_t mostMembers = 2;
-constexpr double shareOfTheIndex = 0.3;
 
 qint64 ownNumberOf(const GedcomNode& record, const char* type)
 {
@@ -86,7 +85,7 @@ GedcomIndex::GedcomIndex(QIODevice& file, const GoesOn& goesOn)
     GedcomNode record;
     for (qint64 count = 1; reader.next(record); ++count) {
         see(record, links);
-        if (goesOn && count % recordsBetweenQuestions == 0 && !goesOn(reader.done() * shareOfTheIndex))
+        if (goesOn && count % recordsSeenBetweenQuestions == 0 && !goesOn(reader.done() * shareOfTheIndex))
             throw Interrupted{};
     }
     problems.insert(problems.begin(), reader.problems().begin(), reader.problems().end());

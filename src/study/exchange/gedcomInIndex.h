@@ -17,6 +17,8 @@ namespace study::exchange {
 
 inline constexpr auto personRefn = "ORV nind", familyRefn = "ORV nfamilia"; // types of the numbers that an export keeps
 
+inline constexpr double shareOfTheIndex = 0.3; // of the time of an import
+
 // A person of the file.
 struct GedcomPersonSeen
 {

@@ -13,7 +13,6 @@ namespace study::exchange {
 
 namespace {
 
-constexpr qsizetype widest = 254;  // of a name, behind its mark
 constexpr auto letters = "SLFCDP"; // of the items, the narrowest first
 
 QStringList itemsOf(const QString& text)
@@ -203,7 +202,7 @@ QString GedcomPlaces::make(QChar level, const QString& name, const QString& with
     static const QHash<QChar, QChar> above{{'F', 'C'}, {'L', 'F'}, {'S', 'L'}};
     const QString plain = semMarca(name).simplified();
     const bool mayBe = makesNew_ == MakesNew::Parishes || (makesNew_ == MakesNew::Localities && level != u'F');
-    if (!mayBe || within[0] != above.value(level) || plain.isEmpty() || plain.size() > widest || eNumero(plain))
+    if (!mayBe || within[0] != above.value(level) || plain.isEmpty() || plain.size() > longestName || eNumero(plain))
         return {};
     QString code = known.mid(1, digits.value(level));
     const bool isOwn = code.size() == digits.value(level) && code.startsWith(within.mid(1));

@@ -9,7 +9,7 @@ namespace study::exchange {
 
 namespace {
 
-constexpr qsizetype widest = 255; // letters of a column
+constexpr qsizetype longestText = 255; // letters of a column
 
 // Tables and columns beside this are as wide as their texts.
 bool isMemo(const QString& column)
@@ -205,10 +205,10 @@ void RecordIn::putText(RowValues& into, const char* column, const QString& text,
     if (shown.isEmpty()) return;
     if (!isMemo(column)) {
         shown = shown.trimmed().replace('\n', ' ');
-        if (shown.size() > widest) {
+        if (shown.size() > longestText) {
             ++target_.report.shortened;
             note(path, shown);
-            shown.truncate(shown[widest - 1].isHighSurrogate() ? widest - 1 : widest);
+            shown.truncate(shown[longestText - 1].isHighSurrogate() ? longestText - 1 : longestText);
         }
     }
     if (!shown.isEmpty()) into.insert(column, shown);

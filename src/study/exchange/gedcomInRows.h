@@ -16,6 +16,8 @@ namespace study::exchange {
 
 using RowValues = QHash<QString, QVariant>; // by columns, in small letters; one that isn't there is null
 
+inline constexpr qsizetype longestName = 254; // letters of a place, a code or a profession, behind its mark
+
 // Precondition: the connection outlives it.
 class GedcomRows
 {

@@ -6,8 +6,6 @@ namespace study::exchange {
 
 namespace {
 
-constexpr qsizetype widest = 254; // of a name, behind its mark
-
 QString keyOf(const QString& name)
 {
     return semMarca(name).simplified().toCaseFolded();
@@ -39,7 +37,7 @@ std::optional<QString> GedcomWords::code(const QString& category, const QString&
 std::optional<qint64> GedcomWords::profession(const QString& name)
 {
     const QString shown = semMarca(name).simplified(), key = keyOf(name);
-    if (shown.isEmpty() || shown.size() > widest) return {};
+    if (shown.isEmpty() || shown.size() > longestName) return {};
     if (const auto found = professions_.constFind(key); found != professions_.constEnd()) return *found;
     if (!makesNew_) return {};
     rows_.add("profissao", {{"codprof", ++lastProfession_}, {"profissao", comMarca(shown)}, {"obs", QString("")}});

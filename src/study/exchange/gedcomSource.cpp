@@ -1,6 +1,7 @@
 #include "study/exchange/gedcomSource.h"
 
 #include "platform/jet/error.h"
+#include "study/exchange/portions.h"
 
 #include <QtEndian>
 
@@ -8,7 +9,6 @@ namespace study::exchange {
 
 namespace {
 
-constexpr qint64 bytesAtOnce = 1 << 16;
 constexpr qsizetype longestLine = 1 << 24;
 constexpr int toldOfAKind = 50;
 constexpr char16_t endOfOldFiles = 0x1A;

@@ -71,19 +71,19 @@ constexpr std::array<PedigreeWords, 14> pedigrees = {{{filiation::legitimate, "B
                                                       {filiation::adopted, "ADOPTED", "adopted"},
                                                       {filiation::posthumous, "BIRTH", "birth"}}};
 
-struct Told
+struct MarriageBySituation
 {
     const char* situation;
     MarriageTold marriage;
 };
-constexpr std::array<Told, 8> marriages = {{{situation::legitimate, MarriageTold::Yes},
-                                            {situation::madeLegitimate, MarriageTold::Yes},
-                                            {situation::fatherUnknown, MarriageTold::Never},
-                                            {situation::motherUnknown, MarriageTold::Never},
-                                            {situation::bothKnown, MarriageTold::Never},
-                                            {situation::unmarriedUnion, MarriageTold::Never},
-                                            {situation::adulterine, MarriageTold::Never},
-                                            {situation::sacrilegious, MarriageTold::Never}}};
+constexpr std::array<MarriageBySituation, 8> marriages = {{{situation::legitimate, MarriageTold::Yes},
+                                                           {situation::madeLegitimate, MarriageTold::Yes},
+                                                           {situation::fatherUnknown, MarriageTold::Never},
+                                                           {situation::motherUnknown, MarriageTold::Never},
+                                                           {situation::bothKnown, MarriageTold::Never},
+                                                           {situation::unmarriedUnion, MarriageTold::Never},
+                                                           {situation::adulterine, MarriageTold::Never},
+                                                           {situation::sacrilegious, MarriageTold::Never}}};
 
 constexpr std::array<RegisterWords, 3> registers = {{{Register::Baptisms, "S1", "Registos de baptismos", "baptismo"},
                                                      {Register::Marriages, "S2", "Registos de casamentos", "casamento"},
@@ -128,8 +128,9 @@ const PedigreeWords* pedigreeOf(Code filiation)
 
 MarriageTold marriageOf(const QString& situation)
 {
-    const auto found = std::find_if(marriages.begin(), marriages.end(),
-                                    [&](const Told& one) { return situation == QLatin1String(one.situation); });
+    const auto found = std::find_if(marriages.begin(), marriages.end(), [&](const MarriageBySituation& one) {
+        return situation == QLatin1String(one.situation);
+    });
     return found == marriages.end() ? MarriageTold::Open : found->marriage;
 }
 

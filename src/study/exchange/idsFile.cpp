@@ -1,5 +1,7 @@
 #include "study/exchange/idsFile.h"
 
+#include "study/exchange/portions.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -7,8 +9,6 @@
 namespace study::exchange {
 
 namespace {
-
-constexpr qsizetype bytesAtOnce = 1 << 16;
 
 report::PackageJson schemaOf(const IdsTableWords& words)
 {

@@ -8,8 +8,8 @@ namespace study::exchange {
 
 namespace {
 
-constexpr auto event = "Event", declared = "Declared", assigned = "Assigned";
-constexpr const char* always = nullptr;
+using namespace idsDateType;
+
 constexpr bool coded = true, free = false;
 constexpr auto individual = IdsTable::Individual, context = IdsTable::Context;
 

@@ -91,12 +91,18 @@ enum class Told : quint8
     FamilyType,
     StoredFamilyType
 };
+// Of what the date of a row is: the event itself, the act that tells it, a reckoning; or the row holds at all times.
+namespace idsDateType {
+inline constexpr auto event = "Event", declared = "Declared", assigned = "Assigned";
+inline constexpr const char* always = nullptr;
+} // namespace idsDateType
+
 struct ToldWords
 {
     Told told;
     IdsTable table;
     const char* type;
-    const char* dateType;    // null: holds at all times
+    const char* dateType;    // of idsDateType
     bool isCoded;            // each of its values stands in METADATA
     const char* source;      // of the BDP
     const char* explanation; // of METADATA
@@ -120,7 +126,7 @@ struct TieWords
     Tie tie;
     const char *male, *female, *unknown;                // of the first
     const char *otherMale, *otherFemale, *otherUnknown; // of the second
-    const char* dateType;                               // null: holds at all times
+    const char* dateType;                               // of idsDateType
     const char *source, *explanation;
 };
 const TieWords& wordsOf(Tie tie);

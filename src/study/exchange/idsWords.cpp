@@ -12,8 +12,7 @@ namespace {
 
 using observation::Proof;
 
-constexpr auto event = "Event", declared = "Declared";
-constexpr const char* always = nullptr;
+using namespace idsDateType;
 
 constexpr std::array<TieWords, 7> ties = {{
     {Tie::Spouses, "Husband", "Wife", "Spouse", "Husband", "Wife", "Spouse", event, "familias",
@@ -219,7 +218,7 @@ std::vector<Convention> conventions(bool reversedRelations, bool upperCase, bool
         {general, "Date_type", definition, "What the date is of"},
         {general, "Date_type", event, "The day of the event itself"},
         {general, "Date_type", declared, "The day of the act that tells it"},
-        {general, "Date_type", "Assigned", "Computed from other rows"},
+        {general, "Date_type", assigned, "Computed from other rows"},
         {general, "Estimation", definition, "How sure the date is"},
         {general, "Estimation", "Exact", "The day is sure"},
         {general, "Estimation", "Estimated",

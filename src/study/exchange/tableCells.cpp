@@ -81,7 +81,7 @@ CellText cellOf(const jet::Rows& row, int column, Kind kind)
     }
     const QByteArrayView text = row.bytes(column);
     const bool isSound = row.kind(column) == Engine::Text &&
-                         (kind == Kind::Date ? isDate(text) : text.isValidUtf8() && !text.contains('\0'));
+                         (kind == Kind::Day ? isDate(text) : text.isValidUtf8() && !text.contains('\0'));
     return isSound ? sound(text.toByteArray()) : CellText{State::Odd};
 }
 
@@ -90,7 +90,7 @@ QByteArray forSpreadsheet(const QByteArray& text, Kind kind)
     switch (kind) {
     case Kind::Text:
         return !text.isEmpty() && isFormula(text[0]) ? '\'' + text : text;
-    case Kind::Date:
+    case Kind::Day:
         return text.mid(8) + '/' + text.mid(5, 2) + '/' + text.left(4);
     case Kind::Number:
         return QByteArray(text).replace('.', ',');
@@ -106,7 +106,7 @@ QByteArray fromSpreadsheet(const QByteArray& text, Kind kind)
     switch (kind) {
     case Kind::Text:
         return text.size() > 1 && text[0] == '\'' && isFormula(text[1]) ? text.mid(1) : text;
-    case Kind::Date:
+    case Kind::Day:
         if (text.size() == dateLength && text[2] == '/' && text[5] == '/')
             return text.mid(6) + '-' + text.mid(3, 2) + '-' + text.left(2);
         return text;
@@ -125,7 +125,7 @@ std::optional<QVariant> valueOf(const QByteArray& text, Kind kind)
         if (!text.isValidUtf8() || text.contains('\0')) return {};
         return QString::fromUtf8(text);
     }
-    if (kind == Kind::Date) {
+    if (kind == Kind::Day) {
         if (!isDate(text)) return {};
         return QString::fromLatin1(text);
     }

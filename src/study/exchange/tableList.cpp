@@ -31,6 +31,17 @@ const TableInfo* tableOf(const QString& name)
     return nullptr;
 }
 
+QStringList lettersOfLevels()
+{
+    return {"P", "Z", "D", "C", "F", "L", "S"};
+}
+
+TableColumn placeLevel(const char* name)
+{
+    return TableColumn(name, Kind::Text, "Nível do local, como em individuo.", "Level of the place, as in individuo.")
+        .only(lettersOfLevels());
+}
+
 bool isIndexOfNames(const QString& table)
 {
     const QString name = table.toLower();

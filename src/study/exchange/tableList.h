@@ -15,7 +15,7 @@ enum class Kind : quint8
     Text,
     Whole, // a whole number; a record's number is one, however the engine keeps it
     Number,
-    Date,
+    Day,
     Flag // 0 or 1
 };
 
@@ -102,6 +102,10 @@ const TableInfo* tableOf(const QString& name); // null for none
 
 // What is made anew when it is needed, and would be of another file: it isn't exported.
 bool isIndexOfNames(const QString& table);
+
+// The letters of the levels of places, and a column that holds one, told as a reminder.
+QStringList lettersOfLevels();
+TableColumn placeLevel(const char* name);
 
 // The lists that allTables() is made of.
 std::vector<TableInfo> tablesOfPlaces();

@@ -52,12 +52,6 @@ TableColumn place(const char* name, const char* letter)
     return TableColumn(name, Text, "O local por que foi tomado.", "The place that was taken for it.").place(letter);
 }
 
-TableColumn level(const char* name)
-{
-    return TableColumn(name, Text, "Nível do local, como em individuo.", "Level of the place, as in individuo.")
-        .only({"P", "Z", "D", "C", "F", "L", "S"});
-}
-
 TableColumn deletion()
 {
     return TableColumn("eliminacao", Whole, "A eliminação.", "The deletion.").leads("estudo_lixo", "id");
@@ -78,7 +72,7 @@ TableInfo acts()
              {"dia", Whole, "Dia; 0: não dito.", "Day; 0: not told."},
              {"cerca", Flag, "1: cerca dessa data.", "1: about that date."},
              text("data_texto", "A data como está no registo.", "The date as it stands in the register."),
-             {"data", Date, "O dia que a representa.", "The day that stands for it."},
+             {"data", Day, "O dia que a representa.", "The day that stands for it."},
              text("livro", "Livro.", "Book."),
              text("folio", "Fólio.", "Folio."),
              text("numero", "Número do registo.", "Number of the record."),
@@ -87,7 +81,7 @@ TableInfo acts()
              remark("lugar_comentario"),
              doubt("lugar_duvida"),
              place("local", "nivel"),
-             level("nivel"),
+             placeLevel("nivel"),
              text("observacoes", "Notas.", "Notes."),
              text("id_transcricao", "Nome do acto na transcrição.", "Name that a transcription gives to the act.")},
             statementsOf("estudo_acto")};
@@ -141,7 +135,7 @@ TableInfo attributes()
              doubt("duvida"),
              text("data", "Data própria, como foi transcrita.", "Date of its own, as transcribed."),
              place("local", "nivel"),
-             level("nivel"),
+             placeLevel("nivel"),
              TableColumn("codprof", Whole, "A profissão por que foi tomado.", "The profession that was taken for it.")
                  .profession()},
             statementsOf("estudo_atributo")};
@@ -203,7 +197,7 @@ std::vector<TableInfo> tablesOfActs()
          "What a text of an act was taken for.",
          {"acto", "tipo", "texto"},
          {act(), text("tipo", "lugar ou profissao.", "lugar (place) or profissao (profession)."),
-          text("texto", "O texto.", "The text."), place("codigo", "nivel"), level("nivel"),
+          text("texto", "O texto.", "The text."), place("codigo", "nivel"), placeLevel("nivel"),
           text("nome", "De um local novo, o nome.", "Of a new place, the name."),
           text("paroquia", "De um local novo, a paróquia.", "Of a new place, the parish."),
           TableColumn("codprof", Whole, "A profissão; 0: uma nova.", "The profession; 0: a new one.").profession()},

@@ -7,8 +7,6 @@ namespace {
 
 using enum Kind;
 
-const QStringList levels{"P", "Z", "D", "C", "F", "L", "S"};
-
 TableColumn owner()
 {
     return TableColumn("nind", Whole, "Indivíduo.", "Person.").leads("individuo", "nind");
@@ -31,18 +29,12 @@ TableColumn source()
 
 TableColumn day()
 {
-    return {"dataref", Date, "Data de referência.", "Date of reference."};
+    return {"dataref", Day, "Data de referência.", "Date of reference."};
 }
 
 TableColumn exact()
 {
     return {"datafixa", Flag, "1: a data é exacta.", "1: the date is exact."};
-}
-
-TableColumn level(const char* name)
-{
-    return TableColumn(name, Text, "Nível do local, como em individuo.", "Level of the place, as in individuo.")
-        .only(levels);
 }
 
 TableInfo suffrages()
@@ -86,7 +78,7 @@ std::vector<TableInfo> tablesOfLists()
           day(),
           exact(),
           TableColumn("localresid", Text, "Local.", "Place.").place("tipolocal"),
-          level("tipolocal"),
+          placeLevel("tipolocal"),
           source(),
           notes()}},
         {"profissoes",
@@ -129,9 +121,9 @@ std::vector<TableInfo> tablesOfLists()
          {"nind", "npass"},
          {owner(),
           {"npass", Whole, "Número do passaporte.", "Number of the passport."},
-          {"dataref", Date, "Data do passaporte.", "Date of the passport."},
+          {"dataref", Day, "Data do passaporte.", "Date of the passport."},
           TableColumn("localdestino", Text, "Destino.", "Destination.").place("tipolocaldest"),
-          level("tipolocaldest"),
+          placeLevel("tipolocaldest"),
           notes()}},
     };
 }

@@ -7,8 +7,6 @@ namespace {
 
 using enum Kind;
 
-const QStringList levels{"P", "Z", "D", "C", "F", "L", "S"};
-
 TableColumn person(const char* name, const char* portuguese, const char* english)
 {
     return TableColumn(name, Whole, portuguese, english).leads("individuo", "nind");
@@ -34,7 +32,7 @@ TableColumn levelOf(const char* name)
     return TableColumn(
                name, Text, "Nível do local: P país, Z zona, D distrito, C concelho, F paróquia, L lugar, S sítio.",
                "Level of the place: P country, Z zone, D district, C municipality, F parish, L locality, S site.")
-        .only(levels);
+        .only(lettersOfLevels());
 }
 
 TableColumn exact(const char* name)
@@ -55,9 +53,9 @@ std::vector<TableColumn> columnsOfPeople()
         TableColumn("famorig", Whole, "Família de origem.", "Family of origin.").leads("familia", "nfamilia"),
         {"titulo", Text, "Título.", "Title."},
         {"alcunha", Text, "Alcunha.", "Nickname."},
-        {"inicioobs", Date, "Início da observação.", "Begin of observation."},
-        {"fimobs", Date, "Fim da observação.", "End of observation."},
-        {"datanasc", Date, "Data do nascimento ou do baptismo; nada diz qual.",
+        {"inicioobs", Day, "Início da observação.", "Begin of observation."},
+        {"fimobs", Day, "Fim da observação.", "End of observation."},
+        {"datanasc", Day, "Data do nascimento ou do baptismo; nada diz qual.",
          "Date of birth or of baptism; nothing tells which."},
         exact("dnascfixa"),
         TableColumn("localnasc", Text, "Local do nascimento.", "Place of birth.").place("tipolocalnasc"),
@@ -67,7 +65,7 @@ std::vector<TableColumn> columnsOfPeople()
         {"idademae", Whole, "Idade da mãe, como consta do acto.", "Age of the mother, as the act has it."},
         state("estadocivilpai", "Estado civil do pai.", "Marital status of the father."),
         state("estadocivilmae", "Estado civil da mãe.", "Marital status of the mother."),
-        {"dataobito", Date, "Data do óbito ou do enterro; nada diz qual.",
+        {"dataobito", Day, "Data do óbito ou do enterro; nada diz qual.",
          "Date of death or of burial; nothing tells which."},
         exact("dobitofixa"),
         TableColumn("localobito", Text, "Local do óbito.", "Place of death.").place("tipolocalobito"),
@@ -106,12 +104,12 @@ std::vector<TableColumn> columnsOfFamilies()
         {"nfamilia", Whole, "Número da família.", "Number of the family."},
         TableColumn("sfamilia", Text, "Situação da família.", "Situation of the family.").codes("SitFa"),
         TableColumn("tipocasal", Whole, "Tipo de família.", "Type of family.").codes("TipFa"),
-        {"datacasam", Date, "Data do casamento.", "Date of the marriage."},
+        {"datacasam", Day, "Data do casamento.", "Date of the marriage."},
         exact("dcasamfixa"),
         TableColumn("localcasam", Text, "Local do casamento.", "Place of the marriage.").place("tipolocalcasam"),
         levelOf("tipolocalcasam"),
-        {"inicioobs", Date, "Início da observação.", "Begin of observation."},
-        {"fimobs", Date, "Fim da observação.", "End of observation."},
+        {"inicioobs", Day, "Início da observação.", "Begin of observation."},
+        {"fimobs", Day, "Fim da observação.", "End of observation."},
         {"obs", Text, "Notas.", "Notes."},
         person("primpadrecasam", "Primeiro padre do casamento.", "First priest at the marriage."),
         person("segpadrecasam", "Segundo padre do casamento.", "Second priest at the marriage."),
@@ -145,7 +143,7 @@ std::vector<TableInfo> tablesOfRecords()
               .only({"b", "c"}),
           {"entidade", Whole, "O acto: número do baptizado (b) ou da família (c).",
            "The act: number of the baptised person (b) or of the family (c)."},
-          {"dataref", Date, "Data do acto, quando o assistente foi escrito.",
+          {"dataref", Day, "Data do acto, quando o assistente foi escrito.",
            "Date of the act, when the assistant was written."},
           person("nind", "Quem assistiu.", "Who assisted."),
           TableColumn("tipoassistente", Text, "p padrinho ou madrinha, t testemunha.", "p godparent, t witness.")

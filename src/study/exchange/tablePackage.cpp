@@ -35,7 +35,7 @@ PackageJson typed(const TableColumn& column, Dialect dialect)
         if (isSheet) field["decimalChar"] = ",";
         return field;
     }
-    case Kind::Date: {
+    case Kind::Day: {
         PackageJson field = fieldOf(column.name, "date");
         field["format"] = isSheet ? "%d/%m/%Y" : "default";
         return field;

@@ -1,6 +1,7 @@
 #include "study/exchange/tableReader.h"
 
 #include "study/exchange/gedcomEncoding.h"
+#include "study/exchange/portions.h"
 
 #include <algorithm>
 
@@ -9,7 +10,6 @@ namespace study::exchange {
 namespace {
 
 constexpr qsizetype shownLetters = 40;
-constexpr qint64 bytesAtOnce = 1 << 16;
 
 QString shown(const QByteArray& cell)
 {
@@ -26,7 +26,7 @@ QString whyNot(const QByteArray& cell, Kind kind)
         return shown(cell) + " não é um número inteiro";
     case Kind::Number:
         return shown(cell) + " não é um número";
-    case Kind::Date:
+    case Kind::Day:
         return shown(cell) + " não é uma data, como 1702-02-14 ou 14/02/1702";
     case Kind::Flag:
         break;

@@ -4,6 +4,7 @@
 #include "platform/jet/transaction.h"
 #include "store/modBD.h"
 #include "store/session.h"
+#include "study/exchange/portions.h"
 #include "study/exchange/tableReader.h"
 
 #include <QJsonArray>
@@ -17,7 +18,6 @@ namespace study::exchange {
 namespace {
 
 constexpr std::size_t mostErrors = 100;
-constexpr qint64 rowsBetweenQuestions = 4096;
 
 // Why nothing is to take its name.
 struct Refused

@@ -2,6 +2,7 @@
 #include "platform/jet/draft.h"
 #include "platform/jet/jsonrow.h"
 #include "study/exchange/labels.h"
+#include "study/exchange/portions.h"
 #include "study/exchange/tablePackage.h"
 #include "study/report/packageFiles.h"
 
@@ -18,8 +19,6 @@ namespace {
 
 using report::PackageJson;
 
-constexpr qsizetype bytesAtOnce = 1 << 16;
-constexpr qint64 rowsBetweenQuestions = 4096;
 constexpr auto byteOrderMark = "\xEF\xBB\xBF";
 
 // A table as this BDP has it.

@@ -19,7 +19,7 @@ struct Words
     const char* word;
     const char* shown;
 };
-constexpr std::array words{
+constexpr std::array wordsOfDecisions{
     Words{DecisionKind::PeopleMerged, "pessoas", "Pessoas juntas"},
     Words{DecisionKind::FamiliesJoined, "familias", "Famílias juntas"},
     Words{DecisionKind::PlacesMerged, "lugares", "Lugares juntos"},
@@ -35,14 +35,14 @@ constexpr std::array words{
 
 const Words& wordsOf(DecisionKind kind)
 {
-    return *std::ranges::find(words, kind, &Words::kind);
+    return *std::ranges::find(wordsOfDecisions, kind, &Words::kind);
 }
 
 DecisionKind kindOf(const QString& word)
 {
     const auto* const found =
-        std::ranges::find_if(words, [&](const Words& one) { return word == QLatin1String(one.word); });
-    return found == words.end() ? DecisionKind::NotTheSame : found->kind;
+        std::ranges::find_if(wordsOfDecisions, [&](const Words& one) { return word == QLatin1String(one.word); });
+    return found == wordsOfDecisions.end() ? DecisionKind::NotTheSame : found->kind;
 }
 
 QDateTime timeIn(const QVariant& column)

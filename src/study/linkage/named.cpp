@@ -18,20 +18,21 @@ namespace study::linkage {
 namespace {
 
 // Who stands in an act as the father or the mother of somebody of the BDP, and was kept as a name.
-constexpr auto inActs =
+constexpr auto parentsInActs =
     "select child.nind, child.acto, parent.papel, parent.nome from estudo_pessoa child, estudo_pessoa parent, "
     "individuo i where parent.acto = child.acto and parent.de = child.ordem and parent.papel in ('pai', 'mae') and "
     "i.nind = child.nind and i.famorig is null and exists (select 1 from estudo_pessoa kept where kept.acto = "
     "child.acto and kept.de = child.ordem and kept.papel in ('pai', 'mae') and kept.identidade = 'so no acto') "
     "order by child.nind, child.acto, parent.ordem";
-constexpr auto inNotes = "select nind, obs from individuo where famorig is null and obs like '%filh%' order by nind";
+constexpr auto parentsInNotes =
+    "select nind, obs from individuo where famorig is null and obs like '%filh%' order by nind";
 
 std::vector<NamedParents> ofActs(jet::Connection& bdp)
 {
     std::vector<NamedParents> all;
     if (!hasActs(bdp)) return all;
     qint64 childBefore = 0, actBefore = 0;
-    for (jet::Rows rows(bdp, jet::NativeSql(inActs)); rows.next();) {
+    for (jet::Rows rows(bdp, jet::NativeSql(parentsInActs)); rows.next();) {
         const qint64 child = rows.number(0), act = rows.number(1);
         if (child != childBefore || act != actBefore)
             all.push_back({.child = parish::PersonNumber(child), .source = QString("acto nº %1").arg(act)});
@@ -51,7 +52,7 @@ std::vector<NamedParents> ofNotes(jet::Connection& bdp)
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
     static constexpr qsizetype longestNote = 10000;
     std::vector<NamedParents> all;
-    for (jet::Rows rows(bdp, jet::NativeSql(inNotes)); rows.next();) {
+    for (jet::Rows rows(bdp, jet::NativeSql(parentsInNotes)); rows.next();) {
         const QRegularExpressionMatch told = filiation.match(rows.text(1).left(longestNote));
         if (told.hasMatch())
             all.push_back({.child = parish::PersonNumber(rows.number(0)),

@@ -33,7 +33,7 @@ QString counted(int count, const char* one, const char* more)
     return QString::number(count) + ' ' + (count == 1 ? one : more);
 }
 
-QString titleOf(const TypesWritten& written)
+QString titleOfRecalculation(const TypesWritten& written)
 {
     QStringList parts;
     if (written.people > 0) parts << counted(written.people, "indivíduo", "indivíduos");
@@ -64,7 +64,8 @@ TypesWritten writeTypes(jet::Connection& bdp, const QList<NewType>& types)
         }
     }
     if (written.people + written.families == 0) return written;
-    written.decision = recording.keep({.kind = DecisionKind::TypesRecalculated, .title = titleOf(written)});
+    written.decision =
+        recording.keep({.kind = DecisionKind::TypesRecalculated, .title = titleOfRecalculation(written)});
     transaction.commit();
     return written;
 }

@@ -6,7 +6,7 @@ namespace study {
 
 namespace {
 
-struct Table
+struct IndexTable
 {
     const char* name;
     QStringList columns;
@@ -14,9 +14,9 @@ struct Table
     void (*create)(jet::Connection& bdp);
 };
 
-const QList<Table>& tables()
+const QList<IndexTable>& tables()
 {
-    static const QList<Table> all{
+    static const QList<IndexTable> all{
         {"estudo_nome",
          {"id"},
          jet::NativeSql("select name from pragma_table_info('estudo_nome')"),
@@ -51,7 +51,7 @@ const QList<Table>& tables()
 }
 
 // Whether the BDP has it.
-bool isThere(jet::Connection& bdp, const Table& table)
+bool isThere(jet::Connection& bdp, const IndexTable& table)
 {
     QStringList columns;
     for (jet::Rows column(bdp, table.question); column.next();)
@@ -69,12 +69,12 @@ bool isThere(jet::Connection& bdp, const Table& table)
 
 bool NameIndex::Private::makeTables()
 {
-    QList<const Table*> missing;
-    for (const Table& table : tables())
+    QList<const IndexTable*> missing;
+    for (const IndexTable& table : tables())
         if (!isThere(bdp, table)) missing << &table;
     if (missing.isEmpty()) return false;
     jet::Transaction transaction(bdp);
-    for (const Table* table : missing)
+    for (const IndexTable* table : missing)
         table->create(bdp);
     transaction.commit();
     return true;

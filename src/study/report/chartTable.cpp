@@ -13,11 +13,11 @@ constexpr int decimalsOfAShare = 2;
 
 // By x, and by its turn where a series has it more than once.
 using Place = std::pair<double, int>;
-using Places = std::map<Place, const Point*>;
+using PointsByPlace = std::map<Place, const Point*>;
 
-Places placesOf(const Plot& plot)
+PointsByPlace placesOf(const Plot& plot)
 {
-    Places places;
+    PointsByPlace places;
     for (const Point& point : plot.points) {
         int turn = 0;
         while (places.contains({point.x, turn}))

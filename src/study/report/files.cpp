@@ -98,11 +98,6 @@ std::unique_ptr<jet::Draft> drafted(const QString& path, const QByteArray& bytes
     return draft;
 }
 
-void takeName(jet::Draft& draft, const QString& path)
-{
-    QFileInfo::exists(path) ? draft.replace() : draft.place();
-}
-
 } // namespace
 
 std::vector<ReportFile> filesOf(const Report& report)

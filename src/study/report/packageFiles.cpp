@@ -43,13 +43,13 @@ QHash<QString, QStringList> packagedIn(const QDir& folder)
 }
 
 // Whether the file stands there, by its hash, and why it may not be written over then.
-struct Standing
+struct Occupied
 {
     QString hash = {};
     QString objection = {};
 };
 
-Standing standingAt(const QDir& folder, const QString& name, const QHash<QString, QStringList>& packaged)
+Occupied standingAt(const QDir& folder, const QString& name, const QHash<QString, QStringList>& packaged)
 {
     const QFileInfo there(folder.filePath(name));
     if (!there.exists() && !there.isSymLink()) return {};
@@ -61,12 +61,12 @@ Standing standingAt(const QDir& folder, const QString& name, const QHash<QString
     return {.hash = hash};
 }
 
+} // namespace
+
 void takeName(jet::Draft& draft, const QString& path)
 {
     QFileInfo::exists(path) ? draft.replace() : draft.place();
 }
-
-} // namespace
 
 QString hashOf(const QByteArray& bytes)
 {
@@ -95,7 +95,7 @@ void PackageFiles::begin(const QString& name)
 {
     const QDir dir(folder_);
     const QString path = dir.filePath(name);
-    const Standing there = standingAt(dir, name, packaged_);
+    const Occupied there = standingAt(dir, name, packaged_);
     if (!there.objection.isEmpty())
         throw jet::Error(jet::number::fileExists,
                          QString("O ficheiro %1 já existe e %2. Escolha outra pasta, ou tire-o de lá.")

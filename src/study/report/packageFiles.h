@@ -18,6 +18,8 @@ namespace study::report {
 QString hashOf(const QByteArray& bytes); // "sha256:" and its digits
 QString hashOfFile(const QString& path); // the same; "" where it can't be read
 
+void takeName(jet::Draft& draft, const QString& path); // which nobody may have, or an older file of ours
+
 // A file that stands in the folder already is written over where it is of a package of ours and as it was written; of
 // a file of anybody else, and of one that was changed since, Error fileExists tells the name. Files of an older
 // package that no longer belong to it stay. Without place() nothing of it is left. All throw jet::Error.

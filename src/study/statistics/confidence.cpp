@@ -9,21 +9,18 @@ namespace study::statistics {
 
 namespace {
 
-constexpr double lower = 0.025;
-constexpr double upper = 0.975;
-
 } // namespace
 
 Interval poissonInterval(double events, double exposure)
 {
-    const double low = events > 0 ? chiSquareQuantile(lower, 2 * events) / 2 : 0;
-    const double high = chiSquareQuantile(upper, 2 * events + 2) / 2;
+    const double low = events > 0 ? chiSquareQuantile(lowerQuantile, 2 * events) / 2 : 0;
+    const double high = chiSquareQuantile(upperQuantile, 2 * events + 2) / 2;
     return {low / exposure, high / exposure};
 }
 
 Interval wilsonInterval(double part, double whole)
 {
-    const double z = normalQuantile(upper);
+    const double z = normalQuantile(upperQuantile);
     const double share = part / whole;
     const double weight = 1 + z * z / whole;
     const double centre = (share + z * z / (2 * whole)) / weight;
@@ -37,7 +34,7 @@ Interval wilsonInterval(double part, double whole)
 std::optional<Interval> meanInterval(double mean, double deviation, double n)
 {
     if (n < 2) return {};
-    const double half = studentQuantile(upper, n - 1) * deviation / std::sqrt(n);
+    const double half = studentQuantile(upperQuantile, n - 1) * deviation / std::sqrt(n);
     return Interval{mean - half, mean + half};
 }
 

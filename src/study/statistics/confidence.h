@@ -6,6 +6,8 @@
 
 namespace study::statistics {
 
+inline constexpr double lowerQuantile = 0.025, upperQuantile = 0.975; // of an interval of 95 %
+
 struct Interval
 {
     double low = 0, high = 0;

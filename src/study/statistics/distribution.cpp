@@ -10,8 +10,6 @@ namespace study::statistics {
 
 namespace {
 
-constexpr double lower = 0.025;
-
 // The value at a rank from 0 to n − 1, and the one at the next rank; the last one is its own next.
 std::pair<qint32, qint32> valuesAt(const std::map<qint32, qint64>& counts, qint64 rank)
 {
@@ -29,11 +27,11 @@ std::pair<qint32, qint32> valuesAt(const std::map<qint32, qint64>& counts, qint6
 // all are on one side of it once in sixteen times.
 qint64 belowMedianLimit(qint64 n)
 {
-    if (n < 1 || headsAtMost(0, n) > lower) return -1;
+    if (n < 1 || headsAtMost(0, n) > lowerQuantile) return -1;
     qint64 fits = 0, tooMany = n / 2 + 1;
     while (tooMany - fits > 1) {
         const qint64 middle = fits + (tooMany - fits) / 2;
-        (middle < n && headsAtMost(middle, n) <= lower ? fits : tooMany) = middle;
+        (middle < n && headsAtMost(middle, n) <= lowerQuantile ? fits : tooMany) = middle;
     }
     return fits;
 }

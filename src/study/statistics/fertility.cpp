@@ -1,5 +1,7 @@
 #include "study/statistics/fertility.h"
 
+#include "study/statistics/ageGroups.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -8,11 +10,10 @@ namespace study::statistics {
 
 namespace {
 
-constexpr double yearsOfAGroup = 5;
 constexpr std::size_t modelGroups = 6; // 20–24 to 45–49
 constexpr std::size_t groupsTo44 = 5;
 constexpr std::array<double, modelGroups> natural{0.460, 0.431, 0.395, 0.322, 0.167, 0.024};
-constexpr std::array<double, modelGroups> deviation{0.000, -0.279, -0.667, -1.042, -1.414, -1.671};
+constexpr std::array<double, modelGroups> departure{0.000, -0.279, -0.667, -1.042, -1.414, -1.671};
 constexpr std::array<double, 7> hutterites{0.300, 0.550, 0.502, 0.447, 0.406, 0.222, 0.061};
 
 constexpr int mostSteps = 50;
@@ -30,7 +31,7 @@ double squaredErrorOf(const std::vector<double>& rates, std::size_t n, double lo
 {
     double squares = 0;
     for (std::size_t i = 0; i < n; ++i) {
-        const double error = std::log(rates[i] / natural[i]) - logLevel - control * deviation[i];
+        const double error = std::log(rates[i] / natural[i]) - logLevel - control * departure[i];
         squares += error * error;
     }
     return squares / static_cast<double>(n);
@@ -52,7 +53,7 @@ Sums sumsAt(const std::vector<Borne>& groups, double logLevel, double control)
     for (std::size_t i = 0; i < std::min(groups.size(), modelGroups); ++i) {
         const auto& [births, years] = groups[i];
         if (!(years > 0)) continue;
-        const double v = deviation[i];
+        const double v = departure[i];
         const double expected = years * natural[i] * std::exp(logLevel + control * v);
         sums.beyond += births - expected;
         sums.beyondByV += v * (births - expected);
@@ -138,10 +139,10 @@ std::optional<CoaleTrussell> coaleTrussellBySquares(const std::vector<double>& r
     double v = 0, y = 0, vv = 0, vy = 0;
     for (std::size_t i = 0; i < n; ++i) {
         const double logRatio = std::log(rates[i] / natural[i]);
-        v += deviation[i];
+        v += departure[i];
         y += logRatio;
-        vv += deviation[i] * deviation[i];
-        vy += deviation[i] * logRatio;
+        vv += departure[i] * departure[i];
+        vy += departure[i] * logRatio;
     }
     const auto count = static_cast<double>(n);
     const double control = (count * vy - v * y) / (count * vv - v * v);
@@ -156,7 +157,7 @@ std::optional<CoaleTrussell> coaleTrussellByMeans(const std::vector<double>& rat
     const double level = rates[0] / natural[0];
     double sum = 0;
     for (std::size_t i = 1; i < groupsTo44; ++i)
-        sum += std::log(rates[i] / (level * natural[i])) / deviation[i];
+        sum += std::log(rates[i] / (level * natural[i])) / departure[i];
     const double control = sum / static_cast<double>(groupsTo44 - 1);
     return CoaleTrussell{.level = level,
                          .control = control,

@@ -13,8 +13,7 @@ const std::array<int, 12> endsOfMonths{31, 61, 91, 122, 153, 183, 212, 243, 273,
 
 namespace {
 
-constexpr double upper = 0.975;
-constexpr std::size_t months = 12;
+constexpr std::size_t monthsOfAYear = 12;
 constexpr std::size_t halfYear = 6;
 constexpr double mostBent = 0.25; // of the smaller slope
 constexpr double nothing = 1e-9;  // of the deaths: last digits of the sums
@@ -34,7 +33,7 @@ double scaleOf(std::size_t month)
 }
 
 // Least squares over the ends of the months from first to last.
-LineOfMonths lineThrough(const std::array<double, months>& deaths, std::size_t first, std::size_t last)
+LineOfMonths lineThrough(const std::array<double, monthsOfAYear>& deaths, std::size_t first, std::size_t last)
 {
     const auto n = static_cast<double>(last - first + 1);
     double x = 0, y = 0, xx = 0, xy = 0;
@@ -55,11 +54,11 @@ bool isBent(double early, double late, double deaths)
     return bend > mostBent * std::min(std::abs(early), std::abs(late)) && bend > nothing * deaths;
 }
 
-std::optional<Endogenous> endogenousOf(const LineOfMonths& line, const std::array<double, months>& deaths)
+std::optional<Endogenous> endogenousOf(const LineOfMonths& line, const std::array<double, monthsOfAYear>& deaths)
 {
     if (!(deaths.back() > 0)) return {};
     const LineOfMonths early = lineThrough(deaths, 0, halfYear - 1);
-    const LineOfMonths late = lineThrough(deaths, halfYear - 1, months - 1);
+    const LineOfMonths late = lineThrough(deaths, halfYear - 1, monthsOfAYear - 1);
     return Endogenous{line.start, line.slope, early, late, isBent(early.slope, late.slope, deaths.back())};
 }
 
@@ -122,13 +121,13 @@ std::optional<Crisis> crisisOf(double deaths, const std::vector<double>& before,
 
 std::optional<Endogenous> endogenousByLine(const std::array<double, 12>& cumulated)
 {
-    const double slope = (cumulated.back() - cumulated.front()) / (scaleOf(months - 1) - scaleOf(0));
+    const double slope = (cumulated.back() - cumulated.front()) / (scaleOf(monthsOfAYear - 1) - scaleOf(0));
     return endogenousOf({cumulated.front() - slope * scaleOf(0), slope}, cumulated);
 }
 
 std::optional<Endogenous> endogenousBySquares(const std::array<double, 12>& cumulated)
 {
-    return endogenousOf(lineThrough(cumulated, 0, months - 1), cumulated);
+    return endogenousOf(lineThrough(cumulated, 0, monthsOfAYear - 1), cumulated);
 }
 
 std::optional<Interval> endogenousInterval(EndogenousWay way, const std::array<double, 12>& cumulated, double births)
@@ -136,15 +135,15 @@ std::optional<Interval> endogenousInterval(EndogenousWay way, const std::array<d
     static constexpr double perThousand = 1000;
     if (!(cumulated.back() > 0) || !(births > 0)) return {};
     double mean = 0, squares = 0;
-    for (std::size_t month = 0; month < months; ++month) {
-        std::array<double, months> one = {}; // of a child that dies in this month
+    for (std::size_t month = 0; month < monthsOfAYear; ++month) {
+        std::array<double, monthsOfAYear> one = {}; // of a child that dies in this month
         std::fill(one.begin() + static_cast<std::ptrdiff_t>(month), one.end(), perThousand);
         const double adds = way(one)->endogenous;
         const double died = (cumulated[month] - (month > 0 ? cumulated[month - 1] : 0)) / perThousand;
         mean += adds * died;
         squares += adds * adds * died;
     }
-    const double half = normalQuantile(upper) * std::sqrt(std::max(0.0, squares - mean * mean) / births);
+    const double half = normalQuantile(upperQuantile) * std::sqrt(std::max(0.0, squares - mean * mean) / births);
     return Interval{std::max(0.0, mean - half), std::max(0.0, mean + half)};
 }
 

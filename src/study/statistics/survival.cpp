@@ -1,5 +1,6 @@
 #include "study/statistics/survival.h"
 
+#include "study/statistics/ageGroups.h"
 #include "study/statistics/quantiles.h"
 
 #include <algorithm>
@@ -9,14 +10,11 @@ namespace study::statistics {
 
 namespace {
 
-constexpr double upper = 0.975;
-constexpr double yearsOfAGroup = 5;
-
 // `spread` is the sum of Greenwood: events/(atRisk·(atRisk − events)) over the times so far.
 std::optional<Interval> intervalOf(double survival, double spread)
 {
     if (survival <= 0 || survival >= 1) return {};
-    const double factor = std::exp(normalQuantile(upper) * std::sqrt(spread) / std::abs(std::log(survival)));
+    const double factor = std::exp(normalQuantile(upperQuantile) * std::sqrt(spread) / std::abs(std::log(survival)));
     return Interval{std::pow(survival, factor), std::pow(survival, 1 / factor)};
 }
 

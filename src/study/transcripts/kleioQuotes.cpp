@@ -8,8 +8,6 @@ namespace study::kleio {
 
 namespace {
 
-constexpr auto threeQuotes = "\"\"\"";
-
 // A pair of surrogates is a letter like any other; a single one has no encoding.
 bool hasLoneSurrogate(const QString& text)
 {

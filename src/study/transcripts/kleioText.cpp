@@ -52,7 +52,6 @@ const Element* Group::named(const QString& elementName) const
 
 namespace {
 
-constexpr auto threeQuotes = "\"\"\"";
 constexpr qsizetype threeQuotesLength = 3;
 
 // Reads what stands behind the $ of one group.

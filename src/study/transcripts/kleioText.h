@@ -8,6 +8,8 @@
 
 namespace study::kleio {
 
+inline constexpr auto threeQuotes = "\"\"\""; // around a value of several lines
+
 struct Value
 {
     Told told;

@@ -34,7 +34,7 @@ namespace {
 constexpr int mostYears = 1000;
 
 // By which the choices are kept.
-constexpr auto keptWay = "exportar/formato", keptLimit = "exportar/limite", keptDates = "exportar/datas";
+constexpr auto keptWayOut = "exportar/formato", keptLimit = "exportar/limite", keptDates = "exportar/datas";
 
 // Nothing for what is no number of years.
 std::optional<int> yearsIn(const QString& text)
@@ -102,13 +102,13 @@ void FrmExportar::showLastChoices()
     ProcuraItemData(*cmbDatas, lastChoice(keptDates, 0).toInt());
     for (const Flag& flag : flags_)
         flag.box->setChecked(lastChoice(flag.kept, usual.*flag.option).toBool());
-    const WayOut* last = exchange::wayOut(lastChoice(keptWay).toString());
+    const WayOut* last = exchange::wayOut(lastChoice(keptWayOut).toString());
     lstFormato->setListIndex(last ? static_cast<int>(last - exchange::waysOut().data()) : 0);
 }
 
 void FrmExportar::keepChoices(const OutOrder& order) const
 {
-    keepChoice(keptWay, QString::fromUtf8(way().name));
+    keepChoice(keptWayOut, QString::fromUtf8(way().name));
     Desktop::keepFolder(QFileInfo(order.target).absolutePath());
     if (way().offers(Choice::LimitYears)) keepChoice(keptLimit, order.options.limitYears);
     if (way().offers(Choice::BirthDates)) keepChoice(keptDates, static_cast<int>(order.options.birthDates));

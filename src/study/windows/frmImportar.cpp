@@ -28,7 +28,7 @@ using exchange::WayIn;
 
 namespace {
 
-constexpr auto keptWay = "importar/formato", keptPlaces = "importar/lugares", keptProfessions = "importar/profissoes",
+constexpr auto keptWayIn = "importar/formato", keptPlaces = "importar/lugares", keptProfessions = "importar/profissoes",
                bdpSuffix = "orv";
 
 } // namespace
@@ -73,7 +73,7 @@ void FrmImportar::Form_Load()
     guarded([&] {
         chkLocais->setChecked(lastChoice(keptPlaces, true).toBool());
         chkProf->setChecked(lastChoice(keptProfessions, true).toBool());
-        const WayIn* last = exchange::wayIn(lastChoice(keptWay).toString());
+        const WayIn* last = exchange::wayIn(lastChoice(keptWayIn).toString());
         lstFormato->setListIndex(last ? static_cast<int>(last - exchange::waysIn().data()) : 0);
         showWay();
         setAtWork(false);
@@ -159,7 +159,7 @@ void FrmImportar::cmdEnsaio_Click()
     rehearsed_.reset();
     now.order.rehearse = true;
     begin(std::move(now));
-    keepChoice(keptWay, QString::fromUtf8(way().name));
+    keepChoice(keptWayIn, QString::fromUtf8(way().name));
     Desktop::keepFolder(QFileInfo(txtOrigem->text()).absolutePath());
     if (way().offers(InChoice::NewPlaces)) keepChoice(keptPlaces, chkLocais->isChecked());
     if (way().offers(InChoice::NewProfessions)) keepChoice(keptProfessions, chkProf->isChecked());

@@ -15,13 +15,13 @@
 #include <algorithm>
 #include <utility>
 
-using study::Subject;
+using study::MergeSubject;
 using study::linkage::SameCouple;
 
 namespace {
 
-constexpr std::array subjects{Subject::People, Subject::Families, Subject::Places, Subject::Professions,
-                              Subject::Codes};
+constexpr std::array mergeSubjects{MergeSubject::People, MergeSubject::Families, MergeSubject::Places,
+                                   MergeSubject::Professions, MergeSubject::Codes};
 
 } // namespace
 
@@ -29,7 +29,7 @@ FrmJuntar::FrmJuntar() : Form(Name), bdp_(cnBDP), finder_(std::make_unique<study
 {
     setupUi(this);
     sides_ = {Side{txtFica, lblNomeFica}, Side{txtOutro, lblNomeOutro}};
-    for (const Subject each : subjects)
+    for (const MergeSubject each : mergeSubjects)
         cmbQue->add(study::title(each));
     cmbQue->setListIndex(0);
     for (int side = 0; side < 2; ++side) {
@@ -58,15 +58,15 @@ FrmJuntar::FrmJuntar() : Form(Name), bdp_(cnBDP), finder_(std::make_unique<study
 
 FrmJuntar::~FrmJuntar() = default;
 
-Subject FrmJuntar::subject() const
+MergeSubject FrmJuntar::subject() const
 {
-    return subjects.at(size_t(std::max(cmbQue->listIndex(), 0)));
+    return mergeSubjects.at(size_t(std::max(cmbQue->listIndex(), 0)));
 }
 
-void FrmJuntar::mostra(Subject wanted, const QString& kept, const QString& other)
+void FrmJuntar::mostra(MergeSubject wanted, const QString& kept, const QString& other)
 {
     guarded([&] {
-        cmbQue->setListIndex(int(std::ranges::find(subjects, wanted) - subjects.begin()));
+        cmbQue->setListIndex(int(std::ranges::find(mergeSubjects, wanted) - mergeSubjects.begin()));
         sides_[0].pick = study::pickWithKey(bdp_, wanted, kept);
         sides_[1].pick = study::pickWithKey(bdp_, wanted, other);
         for (const Side& side : sides_) {
@@ -177,8 +177,8 @@ void FrmJuntar::cmdJuntar_Click()
 void FrmJuntar::showMerged(const QString& kept, const QString& other, const QList<QPair<qint64, qint64>>& joined)
 {
     const QString told = "Junto: " + plan_->other + " é agora " + plan_->kept + '.';
-    if (subject() == Subject::People) JanelaDoDono::fechaAsDe(TipoDeDono::Individuo, other);
-    if (subject() == Subject::Families) JanelaDoDono::fechaAsDe(TipoDeDono::Familia, other);
+    if (subject() == MergeSubject::People) JanelaDoDono::fechaAsDe(TipoDeDono::Individuo, other);
+    if (subject() == MergeSubject::Families) JanelaDoDono::fechaAsDe(TipoDeDono::Familia, other);
     for (const auto& families : joined)
         JanelaDoDono::fechaAsDe(TipoDeDono::Familia, QString::number(families.second));
     evenIfItFails([&] { study::DecisionNews::all().during([&] { finder_->update(); }); }); // its index is no record
@@ -198,7 +198,7 @@ void FrmJuntar::cmdFicha_Click()
     guarded([&] {
         const auto& pick = sides_.at(size_t(active_)).pick ? sides_.at(size_t(active_)).pick : sides_[0].pick;
         if (!pick || !study::isNumbered(subject())) return;
-        study::showOnCard(subject() == Subject::People ? "frmInd" : "frmFam", pick->key.toLongLong());
+        study::showOnCard(subject() == MergeSubject::People ? "frmInd" : "frmFam", pick->key.toLongLong());
     });
 }
 

@@ -34,7 +34,7 @@ public:
     ~FrmJuntar() override;
 
     // Proposes two, by their keys. What the window had chosen before is dropped; nothing of it is stored.
-    void mostra(study::Subject subject, const QString& kept, const QString& other);
+    void mostra(study::MergeSubject subject, const QString& kept, const QString& other);
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -65,7 +65,7 @@ private:
     };
 
     // frmJuntar_choices.cpp: whom the fields mean
-    study::Subject subject() const;
+    study::MergeSubject subject() const;
     void typed(int side);
     bool key(int side, int key);
     void fillSoon();

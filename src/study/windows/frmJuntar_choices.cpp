@@ -14,8 +14,8 @@
 #include <chrono>
 #include <utility>
 
+using study::MergeSubject;
 using study::Pick;
-using study::Subject;
 
 bool FrmJuntar::eventFilter(QObject* object, QEvent* event)
 {
@@ -102,7 +102,7 @@ void FrmJuntar::fillPicks()
     const Side& side = sides_.at(size_t(active_));
     if (side.pick) return;
     const QString text = side.box->text();
-    picks_ = subject() == Subject::People ? peopleNamed(text) : study::picks(bdp_, subject(), text);
+    picks_ = subject() == MergeSubject::People ? peopleNamed(text) : study::picks(bdp_, subject(), text);
     const QSignalBlocker quiet(lstQuem);
     lstQuem->clear();
     for (const Pick& pick : picks_)

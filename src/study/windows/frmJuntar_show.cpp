@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <utility>
 
-using study::Subject;
+using study::MergeSubject;
 using study::linkage::Difference;
 using study::linkage::SameCouple;
 
@@ -77,7 +77,7 @@ void FrmJuntar::showRecords()
         const study::parish::Snapshot& parish = *parish_;
         const qint64 kept = sides_[0].pick->key.toLongLong(), other = sides_[1].pick->key.toLongLong();
         using namespace study::parish;
-        lines = subject() == Subject::People
+        lines = subject() == MergeSubject::People
                     ? linesOf(parish, parish.person(PersonNumber(kept)), parish.person(PersonNumber(other)))
                     : linesOf(parish, parish.family(FamilyNumber(kept)), parish.family(FamilyNumber(other)));
     }

@@ -21,9 +21,9 @@ using linkage::Record;
 
 namespace {
 
-Subject subjectOf(const Link& link)
+MergeSubject subjectOf(const Link& link)
 {
-    return link.one.isPerson() ? Subject::People : Subject::Families;
+    return link.one.isPerson() ? MergeSubject::People : MergeSubject::Families;
 }
 
 QString keyOf(const Record& record)

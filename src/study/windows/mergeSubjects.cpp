@@ -80,52 +80,53 @@ linkage::MergePlan refusal(const QString& text)
 }
 
 // Two that no plan can compare.
-QString whyApart(Subject subject, const QString& kept, const QString& other)
+QString whyApart(MergeSubject subject, const QString& kept, const QString& other)
 {
-    if (subject == Subject::Places && kept.left(1) != other.left(1)) return "Os dois locais não são do mesmo nível.";
-    if (subject == Subject::Codes && kept.left(categoryLetters) != other.left(categoryLetters))
+    if (subject == MergeSubject::Places && kept.left(1) != other.left(1))
+        return "Os dois locais não são do mesmo nível.";
+    if (subject == MergeSubject::Codes && kept.left(categoryLetters) != other.left(categoryLetters))
         return "Os dois códigos não são da mesma categoria.";
     return {};
 }
 
 } // namespace
 
-QString title(Subject subject)
+QString title(MergeSubject subject)
 {
     switch (subject) {
-    case Subject::People:
+    case MergeSubject::People:
         return "Indivíduos";
-    case Subject::Families:
+    case MergeSubject::Families:
         return "Famílias";
-    case Subject::Places:
+    case MergeSubject::Places:
         return "Locais";
-    case Subject::Professions:
+    case MergeSubject::Professions:
         return "Profissões";
-    case Subject::Codes:
+    case MergeSubject::Codes:
         break;
     }
     return "Códigos";
 }
 
-bool isNumbered(Subject subject)
+bool isNumbered(MergeSubject subject)
 {
-    return subject == Subject::People || subject == Subject::Families;
+    return subject == MergeSubject::People || subject == MergeSubject::Families;
 }
 
-std::optional<Pick> pickNumbered(jet::Connection& bdp, Subject subject, const QString& typed)
+std::optional<Pick> pickNumbered(jet::Connection& bdp, MergeSubject subject, const QString& typed)
 {
     bool isNumber = false;
     const qint64 number = typed.trimmed().toLongLong(&isNumber);
     if (!isNumber || !isNumbered(subject)) return {};
-    return subject == Subject::People ? person(bdp, number) : family(bdp, number);
+    return subject == MergeSubject::People ? person(bdp, number) : family(bdp, number);
 }
 
-std::optional<Pick> pickWithKey(jet::Connection& bdp, Subject subject, const QString& key)
+std::optional<Pick> pickWithKey(jet::Connection& bdp, MergeSubject subject, const QString& key)
 {
     if (isNumbered(subject)) return pickNumbered(bdp, subject, key);
     if (key.isEmpty()) return {};
-    if (subject == Subject::Codes) return codeWithKey(bdp, key);
-    if (subject == Subject::Professions) {
+    if (subject == MergeSubject::Codes) return codeWithKey(bdp, key);
+    if (subject == MergeSubject::Professions) {
         const auto name = professionName(bdp, key.toInt());
         return name ? std::optional(Pick{key, *name + " (" + key + ')'}) : std::nullopt;
     }
@@ -133,12 +134,12 @@ std::optional<Pick> pickWithKey(jet::Connection& bdp, Subject subject, const QSt
     return name ? std::optional(Pick{key, *name + " (" + key.mid(1) + ')'}) : std::nullopt;
 }
 
-QList<Pick> picks(jet::Connection& bdp, Subject subject, const QString& typed)
+QList<Pick> picks(jet::Connection& bdp, MergeSubject subject, const QString& typed)
 {
     QList<Pick> found;
     if (typed.trimmed().isEmpty() || isNumbered(subject)) return found;
-    if (subject == Subject::Codes) return codesNamed(bdp, typed);
-    if (subject == Subject::Professions) {
+    if (subject == MergeSubject::Codes) return codesNamed(bdp, typed);
+    if (subject == MergeSubject::Professions) {
         for (const auto& [number, name] : professionsNamed(bdp, typed))
             found << Pick{QString::number(number), name + " (" + QString::number(number) + ')'};
         return found;
@@ -148,40 +149,40 @@ QList<Pick> picks(jet::Connection& bdp, Subject subject, const QString& typed)
     return found;
 }
 
-linkage::MergePlan planned(jet::Connection& bdp, Subject subject, const QString& kept, const QString& other,
+linkage::MergePlan planned(jet::Connection& bdp, MergeSubject subject, const QString& kept, const QString& other,
                            const linkage::MergeChoices& choices)
 {
     if (const QString reason = whyApart(subject, kept, other); !reason.isEmpty()) return refusal(reason);
     switch (subject) {
-    case Subject::People:
+    case MergeSubject::People:
         return linkage::planMerge(bdp, kept.toLongLong(), other.toLongLong(), choices);
-    case Subject::Families:
+    case MergeSubject::Families:
         return linkage::planJoin(bdp, kept.toLongLong(), other.toLongLong(), choices);
-    case Subject::Places:
+    case MergeSubject::Places:
         return linkage::planPlaces(bdp, kept.left(1), kept.mid(1), other.mid(1), choices);
-    case Subject::Professions:
+    case MergeSubject::Professions:
         return linkage::planProfessions(bdp, kept.toLongLong(), other.toLongLong(), choices);
-    case Subject::Codes:
+    case MergeSubject::Codes:
         break;
     }
     return linkage::planCodes(bdp, kept.left(categoryLetters), kept.mid(categoryLetters), other.mid(categoryLetters),
                               choices);
 }
 
-qint64 merged(jet::Connection& bdp, Subject subject, const QString& kept, const QString& other,
+qint64 merged(jet::Connection& bdp, MergeSubject subject, const QString& kept, const QString& other,
               const linkage::MergeChoices& choices)
 {
     if (const QString reason = whyApart(subject, kept, other); !reason.isEmpty()) throw linkage::MergeRefused{reason};
     switch (subject) {
-    case Subject::People:
+    case MergeSubject::People:
         return linkage::mergePeople(bdp, kept.toLongLong(), other.toLongLong(), choices);
-    case Subject::Families:
+    case MergeSubject::Families:
         return linkage::joinFamilies(bdp, kept.toLongLong(), other.toLongLong(), choices);
-    case Subject::Places:
+    case MergeSubject::Places:
         return linkage::mergePlaces(bdp, kept.left(1), kept.mid(1), other.mid(1), choices);
-    case Subject::Professions:
+    case MergeSubject::Professions:
         return linkage::mergeProfessions(bdp, kept.toLongLong(), other.toLongLong(), choices);
-    case Subject::Codes:
+    case MergeSubject::Codes:
         break;
     }
     return linkage::mergeCodes(bdp, kept.left(categoryLetters), kept.mid(categoryLetters), other.mid(categoryLetters),

@@ -10,7 +10,7 @@
 
 namespace study {
 
-enum class Subject
+enum class MergeSubject
 {
     People,
     Families,
@@ -19,8 +19,8 @@ enum class Subject
     Codes
 };
 
-QString title(Subject subject);   // "Indivíduos"
-bool isNumbered(Subject subject); // people and families, whom the user may name by their numbers
+QString title(MergeSubject subject);   // "Indivíduos"
+bool isNumbered(MergeSubject subject); // people and families, whom the user may name by their numbers
 
 // A record that may be meant. The key is that of linkage::Decided: a number; the letter of a place before its code, the
 // category of a code before it.
@@ -33,20 +33,20 @@ struct Pick
 };
 
 // The person or the family with that number, where the whole text is one; none where nobody has it.
-std::optional<Pick> pickNumbered(jet::Connection& bdp, Subject subject, const QString& typed);
+std::optional<Pick> pickNumbered(jet::Connection& bdp, MergeSubject subject, const QString& typed);
 // The record of that key, as picks() would show it; none where it has gone.
-std::optional<Pick> pickWithKey(jet::Connection& bdp, Subject subject, const QString& key);
+std::optional<Pick> pickWithKey(jet::Connection& bdp, MergeSubject subject, const QString& key);
 
 // The places, professions or codes that a name may mean, the likeliest first; none of people and families, who have
 // their finder. Throws jet::Error.
-QList<Pick> picks(jet::Connection& bdp, Subject subject, const QString& typed);
+QList<Pick> picks(jet::Connection& bdp, MergeSubject subject, const QString& typed);
 
 // The plan, and the merge, of two keys of one subject. A plan of two that can't be compared (places of two levels,
 // codes of two categories) is a refusal. merged() gives the id of the decision and throws linkage::MergeRefused; both
 // throw jet::Error.
-linkage::MergePlan planned(jet::Connection& bdp, Subject subject, const QString& kept, const QString& other,
+linkage::MergePlan planned(jet::Connection& bdp, MergeSubject subject, const QString& kept, const QString& other,
                            const linkage::MergeChoices& choices = {});
-qint64 merged(jet::Connection& bdp, Subject subject, const QString& kept, const QString& other,
+qint64 merged(jet::Connection& bdp, MergeSubject subject, const QString& kept, const QString& other,
               const linkage::MergeChoices& choices);
 
 // To be asked before a merge of the BDP in work: makes the copy of today, where there is none yet. Where that fails,

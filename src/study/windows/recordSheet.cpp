@@ -4,7 +4,6 @@
 
 namespace study {
 
-using parish::Catalogue;
 using parish::Date;
 using parish::Family;
 using parish::Person;
@@ -30,7 +29,7 @@ QString linked(const Person* person)
 }
 
 // "Nascimento: 14/02/1702, Azurém".
-QString event(const char* what, const Date& date, const Place& place, const Catalogue& catalogue)
+QString event(const char* what, const Date& date, const Place& place, const parish::Catalogue& catalogue)
 {
     QStringList parts;
     if (date.isKnown()) parts << shown(date);
@@ -88,7 +87,7 @@ QString titleOf(const Family& family)
     return "Família " + parish::shown(family.number) + " – " + couple(family);
 }
 
-QString sheetOf(const Person& person, const Catalogue& catalogue)
+QString sheetOf(const Person& person, const parish::Catalogue& catalogue)
 {
     QStringList lines{titleOf(person) + ", " + sexOf(person),
                       event("Nascimento", person.birth, person.birthPlace, catalogue),
@@ -106,7 +105,7 @@ QString sheetOf(const Person& person, const Catalogue& catalogue)
     return lines.join(lineEnd);
 }
 
-QString sheetOf(const Family& family, const Catalogue& catalogue)
+QString sheetOf(const Family& family, const parish::Catalogue& catalogue)
 {
     QStringList lines{titleOf(family), event("Casamento", family.marriage, family.place, catalogue)};
     for (const parish::Membership& row : family.members)

@@ -8,8 +8,7 @@ namespace {
 
 using indicators::Tally;
 
-constexpr std::size_t pieces = 20, recordsOfAPiece = 5000; // so many at the most, and so few at least
-constexpr unsigned betweenQuestions = 4096;                // counts
+constexpr std::size_t mostPieces = 20, recordsOfAPiece = 5000; // so many at the most, and so few at least
 
 class Asking final : public indicators::Taker
 {
@@ -19,7 +18,7 @@ public:
     void count(const indicators::Key& key, const indicators::Who&, qint64 amount) override
     {
         tally.add(key, amount);
-        if (++counts_ % betweenQuestions == 0) ask();
+        if (++counts_ % countsBetweenQuestions == 0) ask();
     }
     void ask() const
     {
@@ -39,7 +38,7 @@ private:
 std::vector<indicators::Share> piecesOf(const parish::Snapshot& parish)
 {
     const std::size_t people = parish.people().size(), families = parish.families().size();
-    const std::size_t all = std::clamp<std::size_t>((people + families) / recordsOfAPiece, 1, pieces);
+    const std::size_t all = std::clamp<std::size_t>((people + families) / recordsOfAPiece, 1, mostPieces);
     std::vector<indicators::Share> shares;
     for (std::size_t turn = 0; turn < all; ++turn)
         shares.push_back(

@@ -8,6 +8,8 @@
 
 namespace study {
 
+inline constexpr unsigned countsBetweenQuestions = 4096; // whether a count goes on
+
 // A parish in pieces small enough to ask between them whether to go on; at least one. They add up to the whole.
 std::vector<indicators::Share> piecesOf(const parish::Snapshot& parish);
 

@@ -27,8 +27,7 @@ public:
 
     void count(const indicators::Key& key, const Who& who, qint64 amount) override
     {
-        static constexpr unsigned betweenQuestions = 4096;
-        if (++counts_ % betweenQuestions == 0) ask();
+        if (++counts_ % countsBetweenQuestions == 0) ask();
         if (amount != 0 && isAsked_(who)) heard.insert(key.count);
     }
 
