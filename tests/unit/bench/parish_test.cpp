@@ -16,19 +16,19 @@ using namespace bench;
 
 namespace {
 
-class Parish
+class MadeParish
 {
 public:
-    explicit Parish(int people, std::uint32_t seed = usualSeed)
+    explicit MadeParish(int people, std::uint32_t seed = usualSeed)
     {
         const QString path = folder_.filePath("a.orv");
         makeParish(path, people, seed);
         sqlite3_open(path.toUtf8().constData(), &database_);
     }
 
-    ~Parish() { sqlite3_close(database_); }
-    Parish(const Parish&) = delete;
-    Parish& operator=(const Parish&) = delete;
+    ~MadeParish() { sqlite3_close(database_); }
+    MadeParish(const MadeParish&) = delete;
+    MadeParish& operator=(const MadeParish&) = delete;
 
     QByteArray value(const QByteArray& sql) const
     {
@@ -53,7 +53,7 @@ const char* const allPeople =
 
 TEST(GeneratedParish, HasAsManyPeopleAsAskedForAndTheSameOnesAgain)
 {
-    const Parish one(1000), same(1000), other(1000, 2);
+    const MadeParish one(1000), same(1000), other(1000, 2);
     EXPECT_EQ(one.value("select count(*) from individuo"), "1000");
     EXPECT_EQ(one.value(allPeople), same.value(allPeople));
     EXPECT_NE(one.value(allPeople), other.value(allPeople));
@@ -61,7 +61,7 @@ TEST(GeneratedParish, HasAsManyPeopleAsAskedForAndTheSameOnesAgain)
 
 TEST(GeneratedParish, IsSound)
 {
-    const Parish parish(3000);
+    const MadeParish parish(3000);
     EXPECT_EQ(parish.value("pragma integrity_check"), "ok");
     EXPECT_EQ(parish.value("select count(*) from familia where nfamilia not in (select nfamilia from familias group by "
                            "nfamilia having count(*) = 2)"),
@@ -78,7 +78,7 @@ TEST(GeneratedParish, IsSound)
 
 TEST(GeneratedParish, HasWhatTheSearchesAreHardBy)
 {
-    const Parish parish(10'000);
+    const MadeParish parish(10'000);
     EXPECT_GT(parish.value("select count(*) from familias group by nind having count(*) > 1").toInt(), 0)
         << "people who marry again";
     EXPECT_GT(parish.value("select count(*) from individuo where nome like '%ç%' or nome like '%ã%'").toInt(), 500);

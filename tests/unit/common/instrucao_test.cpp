@@ -1,5 +1,6 @@
 #include "common/instrucao.h"
 
+#include "jet/testbdp.h"
 #include "platform/jet/dialect.h"
 #include "platform/jet/error.h"
 
@@ -7,18 +8,9 @@
 
 #include <QRandomGenerator>
 
-namespace {
+using jet::test::numberOf;
 
-template <class Maker>
-long errorOf(const Maker& maker)
-{
-    try {
-        maker();
-    } catch (const jet::Error& error) {
-        return error.number;
-    }
-    return 0;
-}
+namespace {
 
 TEST(ATextOfTheStore, IsOneTextForTheEngineWhateverItHolds)
 {
@@ -42,8 +34,8 @@ TEST(ATypedText, WithAnApostropheIsTheErrorOfTheEngine)
     EXPECT_EQ(digitado("%Ana_"), "'%Ana_'");
     EXPECT_EQ(semPlica("adro"), "adro");
     for (const char* text : {"'", "''", "lençol', nome='OUTRO", "pano' or 'a'='a", "D'Ávila", "adro'", "'adro'"}) {
-        EXPECT_EQ(errorOf([&] { digitado(text); }), -2147217900) << text;
-        EXPECT_EQ(errorOf([&] { semPlica(text); }), -2147217900) << text;
+        EXPECT_EQ(numberOf([&] { digitado(text); }), -2147217900) << text;
+        EXPECT_EQ(numberOf([&] { semPlica(text); }), -2147217900) << text;
     }
 }
 
@@ -52,7 +44,7 @@ TEST(ATypedDate, IsADateAndNothingBehindIt)
     EXPECT_EQ(dataDigitada("09/03/1750"), "#09/03/1750#");
     EXPECT_EQ(dataDigitada("31/12/1750"), "#31/12/1750#"); // where it is none month first
     for (const char* text : {"", "__/__/____", "31/31/1750", "1# or 1=1 or d = #1", "01/02/1750# or #01/02/1750"})
-        EXPECT_EQ(errorOf([&] { dataDigitada(text); }), -2147217900) << text;
+        EXPECT_EQ(numberOf([&] { dataDigitada(text); }), -2147217900) << text;
 }
 
 TEST(ATypedNumber, IsDigits)
@@ -61,8 +53,8 @@ TEST(ATypedNumber, IsDigits)
     EXPECT_EQ(inteiroEmSQL("51,0"), "51");
     EXPECT_EQ(inteiroEmSQL("  "), "");
     for (const char* text : {"12-3", "1e3", "７", "nind", "1 or 1=1", "(1)", "--1", "0x1"}) {
-        EXPECT_EQ(errorOf([&] { registoEmSQL(text); }), jet::number::typeMismatch) << text;
-        EXPECT_EQ(errorOf([&] { inteiroEmSQL(text); }), jet::number::typeMismatch) << text;
+        EXPECT_EQ(numberOf([&] { registoEmSQL(text); }), jet::number::typeMismatch) << text;
+        EXPECT_EQ(numberOf([&] { inteiroEmSQL(text); }), jet::number::typeMismatch) << text;
     }
 }
 
@@ -77,7 +69,7 @@ TEST(AKey, StandsInAStatementAsItIsShown)
     EXPECT_EQ(chaveEmSQL("-1"), "-1");
     EXPECT_EQ(chaveEmSQL(QVariant()), ""); // which the engine refuses
     for (const char* text : {"1 or 1=1", "1) or (1", "nind", "1,5", " 7", "7 ", "1e3", "７", "1\n", "--1", "'1'", "."})
-        EXPECT_EQ(errorOf([&] { chaveEmSQL(text); }), jet::number::typeMismatch) << text;
+        EXPECT_EQ(numberOf([&] { chaveEmSQL(text); }), jet::number::typeMismatch) << text;
 }
 
 // The text is the same for every number, so that it is prepared once.
@@ -91,7 +83,7 @@ TEST(AKey, IsBoundAsItWouldStandInTheStatement)
     }
     EXPECT_EQ(bound(QVariant()).sql, "delete from familia where nfamilia = "); // which the engine refuses
     EXPECT_TRUE(bound(QVariant()).values.isEmpty());
-    EXPECT_EQ(errorOf([&] { bound("1 or 1=1"); }), jet::number::typeMismatch);
+    EXPECT_EQ(numberOf([&] { bound("1 or 1=1"); }), jet::number::typeMismatch);
 }
 
 } // namespace

@@ -1,23 +1,15 @@
 #include "common/numeros.h"
 
+#include "jet/testbdp.h"
 #include "platform/jet/error.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
 
-namespace {
+using jet::test::numberOf;
 
-template <class Reader>
-long errorOf(const Reader& reader)
-{
-    try {
-        reader();
-    } catch (const jet::Error& error) {
-        return error.number;
-    }
-    return 0;
-}
+namespace {
 
 TEST(ReadNumber, HasADecimalCommaAndThousandsInGroupsOfThree)
 {
@@ -55,8 +47,8 @@ TEST(ReadNumber, IsNoExpressionNoWordAndNoNumberBeyondAll)
                                 QString("--1"), QString("inf"), QString("nan"), QString("٣"), endless})
     {
         EXPECT_FALSE(eNumero(text)) << qUtf8Printable(text);
-        EXPECT_EQ(errorOf([&] { numeroDoTexto(text); }), jet::number::typeMismatch) << qUtf8Printable(text);
-        EXPECT_EQ(errorOf([&] { numeroEmSQL(text); }), jet::number::typeMismatch) << qUtf8Printable(text);
+        EXPECT_EQ(numberOf([&] { numeroDoTexto(text); }), jet::number::typeMismatch) << qUtf8Printable(text);
+        EXPECT_EQ(numberOf([&] { numeroEmSQL(text); }), jet::number::typeMismatch) << qUtf8Printable(text);
     }
 }
 
@@ -68,8 +60,8 @@ TEST(ReadNumber, OfAWholeColumnIsWholeAndWithinItsRange)
     EXPECT_TRUE(eInteiro("12.000"));
     for (const char* text : {"1,5", "0.5", "2147483648", "-2147483649", "99999999999999999999", "dez", ""}) {
         EXPECT_FALSE(eInteiro(text)) << text;
-        EXPECT_EQ(errorOf([&] { inteiroDoTexto(text); }), jet::number::typeMismatch) << text;
-        EXPECT_EQ(errorOf([&] { codigoDoTexto(text); }), jet::number::typeMismatch) << text;
+        EXPECT_EQ(numberOf([&] { inteiroDoTexto(text); }), jet::number::typeMismatch) << text;
+        EXPECT_EQ(numberOf([&] { codigoDoTexto(text); }), jet::number::typeMismatch) << text;
     }
     EXPECT_EQ(codigoDoTexto("007"), 7);
 }
@@ -79,7 +71,7 @@ TEST(ReadNumber, OfARecordBeginsAtOne)
     EXPECT_EQ(registoDoTexto("1.000"), 1000);
     EXPECT_EQ(registoDoTexto("2147483647"), 2147483647);
     for (const char* text : {"0", "-1", "1,5", "2147483648", "nind", ""})
-        EXPECT_EQ(errorOf([&] { registoDoTexto(text); }), jet::number::typeMismatch) << text;
+        EXPECT_EQ(numberOf([&] { registoDoTexto(text); }), jet::number::typeMismatch) << text;
 }
 
 TEST(ShownNumber, HasACommaInAnAmountAndAPointInAKey)

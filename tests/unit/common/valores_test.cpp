@@ -2,6 +2,7 @@
 
 #include "common/locais.h"
 #include "common/numeros.h"
+#include "jet/testbdp.h"
 #include "platform/jet/error.h"
 #include "platform/jet/recordset.h"
 
@@ -12,20 +13,7 @@
 #include <algorithm>
 #include <type_traits>
 
-namespace {
-
-template <class Call>
-long errorOf(Call call)
-{
-    try {
-        call();
-    } catch (const jet::Error& error) {
-        return error.number;
-    }
-    return 0;
-}
-
-} // namespace
+using jet::test::numberOf;
 
 TEST(Numero, OfAPersonIsNeverTakenForThatOfAFamilyNorForAPlainNumber)
 {
@@ -41,7 +29,7 @@ TEST(Numero, IsNoneUntilItIsGivenAndZeroIsANumber)
     EXPECT_FALSE(Nind());
     EXPECT_TRUE(Nind(0));
     EXPECT_TRUE(Nind() != Nind(0));
-    EXPECT_EQ(errorOf([] { Nind().valor(); }), jet::number::invalidNull);
+    EXPECT_EQ(numberOf([] { Nind().valor(); }), jet::number::invalidNull);
     EXPECT_EQ(Nind(0).valor(), 0);
 }
 
@@ -58,9 +46,9 @@ TEST(Numero, OfAColumnIsKeptToTheLastDigitAndNullIsNone)
 
 TEST(Numero, OfAColumnThatHoldsNoneIsATypeMismatch)
 {
-    EXPECT_EQ(errorOf([] { Nind::daColuna("doze"); }), jet::number::typeMismatch);
-    EXPECT_EQ(errorOf([] { Nind::daColuna(""); }), jet::number::typeMismatch);
-    EXPECT_EQ(errorOf([] { Nind::daColuna(QDate(1700, 1, 1)); }), jet::number::typeMismatch);
+    EXPECT_EQ(numberOf([] { Nind::daColuna("doze"); }), jet::number::typeMismatch);
+    EXPECT_EQ(numberOf([] { Nind::daColuna(""); }), jet::number::typeMismatch);
+    EXPECT_EQ(numberOf([] { Nind::daColuna(QDate(1700, 1, 1)); }), jet::number::typeMismatch);
 }
 
 TEST(Numero, OfAFieldIsReadAsEveryNumberIs)
@@ -69,7 +57,7 @@ TEST(Numero, OfAFieldIsReadAsEveryNumberIs)
     EXPECT_EQ(Nfam::doCampo("30.5").valor(), 30.5);
     EXPECT_EQ(Nfam::doCampo("12.000").valor(), 12000);
     for (const char* text : {"", "  ", "3a", "1e3", "inf", "nan"})
-        EXPECT_EQ(errorOf([&] { Nfam::doCampo(text); }), jet::number::typeMismatch) << text;
+        EXPECT_EQ(numberOf([&] { Nfam::doCampo(text); }), jet::number::typeMismatch) << text;
 }
 
 TEST(Numero, OfABlankFieldIsNoneWhereThatIsAsked)
@@ -77,7 +65,7 @@ TEST(Numero, OfABlankFieldIsNoneWhereThatIsAsked)
     EXPECT_FALSE(Nfam::doCampoOuNenhum(""));
     EXPECT_FALSE(Nfam::doCampoOuNenhum("  "));
     EXPECT_EQ(Nfam::doCampoOuNenhum("4").valor(), 4);
-    EXPECT_EQ(errorOf([] { Nfam::doCampoOuNenhum("quatro"); }), jet::number::typeMismatch);
+    EXPECT_EQ(numberOf([] { Nfam::doCampoOuNenhum("quatro"); }), jet::number::typeMismatch);
 }
 
 TEST(Numero, IsShownWithoutAPointWhereItIsWholeAndWithoutAnExponentWhereItIsLarge)
@@ -181,6 +169,6 @@ TEST(DataRegistada, IsNotExactWhereTheFlagIsNullOrStandsWithoutADate)
 
 TEST(DataRegistada, OfAColumnThatHoldsNoDateIsATypeMismatch)
 {
-    EXPECT_EQ(errorOf([] { DataRegistada::daLinha("31/02/1700", true); }), jet::number::typeMismatch);
-    EXPECT_EQ(errorOf([] { DataRegistada::daLinha(1700.0, true); }), jet::number::typeMismatch);
+    EXPECT_EQ(numberOf([] { DataRegistada::daLinha("31/02/1700", true); }), jet::number::typeMismatch);
+    EXPECT_EQ(numberOf([] { DataRegistada::daLinha(1700.0, true); }), jet::number::typeMismatch);
 }

@@ -4,7 +4,7 @@
 #include <set>
 
 using namespace datafolder;
-using namespace demo;
+namespace demo {
 
 namespace {
 
@@ -258,3 +258,5 @@ TEST_F(DemoBdp, PointsOnlyToPlacesAndCodesThatExist)
         expectCodes(names[1], names[0], names[2]);
     }
 }
+
+} // namespace demo

@@ -44,10 +44,10 @@ bool isSentence(const QString& text)
            end.match(text).hasMatch();
 }
 
-class Reader : TokenReader
+class MessageReader : TokenReader
 {
 public:
-    Reader(QString file, const QString& source, const Takers& takers)
+    MessageReader(QString file, const QString& source, const Takers& takers)
         : TokenReader(source), file_(std::move(file)), takers_(takers)
     {
     }
@@ -167,7 +167,7 @@ private:
 
 QList<Message> messagesOf(const QString& file, const QString& source, const Takers& takers, Read what)
 {
-    return Reader(file, source, takers).run(what);
+    return MessageReader(file, source, takers).run(what);
 }
 
 QString wordsOf(const QString& message)

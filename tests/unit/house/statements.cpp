@@ -20,10 +20,10 @@ bool isSql(const QString& text)
     return words.match(text).hasMatch();
 }
 
-class Reader : TokenReader
+class StatementReader : TokenReader
 {
 public:
-    Reader(QString file, const QString& source, const Rules& rules)
+    StatementReader(QString file, const QString& source, const Rules& rules)
         : TokenReader(source), file_(std::move(file)), rules_(rules), own_(rules.own.value(file_))
     {
     }
@@ -202,7 +202,7 @@ private:
 
 QStringList findings(const QString& file, const QString& source, const Rules& rules)
 {
-    return Reader(file, source, rules).run();
+    return StatementReader(file, source, rules).run();
 }
 
 } // namespace house

@@ -149,26 +149,28 @@ const Rules& rules()
     return ours;
 }
 
-QStringList told(const char* body)
+QStringList foundIn(const char* body)
 {
     return findings("frm.cpp", body, rules());
 }
 
 TEST(TheReaderOfStatements, TakesWordsOfTheSourceAndWhatIsMadeForThem)
 {
-    EXPECT_EQ(told(R"(cnBDP.execute("delete from pais");)"), QStringList());
-    EXPECT_EQ(told(R"(cnBDP.execute("delete from pais where codpais = " + citado(codigo) + " and prioridade = 0");)"),
-              QStringList());
-    EXPECT_EQ(told(R"(return (casamento ? "select a from b where c = " : "select d from e where f = ")
+    EXPECT_EQ(foundIn(R"(cnBDP.execute("delete from pais");)"), QStringList());
+    EXPECT_EQ(
+        foundIn(R"(cnBDP.execute("delete from pais where codpais = " + citado(codigo) + " and prioridade = 0");)"),
+        QStringList());
+    EXPECT_EQ(foundIn(R"(return (casamento ? "select a from b where c = " : "select d from e where f = ")
                              + chaveEmSQL(txtNum->text());)"),
               QStringList());
-    EXPECT_EQ(told(R"(const QString n = registoEmSQL(campo->text()), m = nind.paraSQL();
+    EXPECT_EQ(foundIn(R"(const QString n = registoEmSQL(campo->text()), m = nind.paraSQL();
                       cnBDP.execute("delete from familias where nfamilia = " + n + " and nind = " + m);)"),
               QStringList());
-    EXPECT_EQ(told(R"(linha.find("nind = " + chaveEmSQL(Chave));)"), QStringList());
-    EXPECT_EQ(told(R"(cnBDP.execute(jet::NativeSql("update pais set obs = ? where codpais = ?", {obs, codigo}));)"),
+    EXPECT_EQ(foundIn(R"(linha.find("nind = " + chaveEmSQL(Chave));)"), QStringList());
+    EXPECT_EQ(foundIn(R"(cnBDP.execute(jet::NativeSql("update pais set obs = ? where codpais = ?", {obs, codigo}));)"),
               QStringList());
-    EXPECT_EQ(told(R"(showMessage("O indivíduo nº " + numero + " não existe."); Forms::find(nome);)"), QStringList());
+    EXPECT_EQ(foundIn(R"(showMessage("O indivíduo nº " + numero + " não existe."); Forms::find(nome);)"),
+              QStringList());
 }
 
 struct Bad
@@ -199,12 +201,12 @@ TEST(TheReaderOfStatements, TellsOfEachWayInWhichATextBecomesPartOfAStatement)
              {"by way of a name", R"(const QString n = lista->text(); cnBDP.execute("delete from a where b = " + n);)"},
              {"by way of another text", R"(cnBDP.execute("delete from a where b = " + citado(x).replace("''", "'"));)"},
              {"in literals that the compiler joins", "find(QStringLiteral(\"nind\"\n \" = \") + numero);"}})
-        EXPECT_FALSE(told(bad.source).isEmpty()) << bad.what;
+        EXPECT_FALSE(foundIn(bad.source).isEmpty()) << bad.what;
 }
 
 TEST(TheReaderOfStatements, TellsTheFileTheLineAndTheText)
 {
-    EXPECT_EQ(told("// a remark\ncnBDP.execute(\"delete from pais \"\n    \"where codpais = '\" + codigo + \"'\");"),
+    EXPECT_EQ(foundIn("// a remark\ncnBDP.execute(\"delete from pais \"\n    \"where codpais = '\" + codigo + \"'\");"),
               QStringList("frm.cpp:3: codigo"));
 }
 

@@ -61,7 +61,7 @@ QList<Told> told(const QString& pages)
     return steps;
 }
 
-class Reader
+class ScenarioReader
 {
 public:
     QList<Played> run(const QString& scenario)
@@ -156,7 +156,7 @@ QStringList differencesIn(const Told& told, const Played& played)
 QStringList differences(const QString& pages, const QString& scenario)
 {
     const QList<Told> text = told(pages);
-    const QList<Played> played = Reader().run(scenario);
+    const QList<Played> played = ScenarioReader().run(scenario);
     QStringList all;
     for (qsizetype i = 0; i < std::max(text.size(), played.size()); ++i) {
         const Told step = text.value(i);

@@ -27,7 +27,7 @@ std::string told(int clicks, int keys, int boxes = 0)
         .toStdString();
 }
 
-struct Case
+struct Costing
 {
     const char* steps;
     int clicks;
@@ -56,7 +56,7 @@ TEST(ScenarioCost, IsToldForEachPartThatIsMarked)
 
 TEST(ScenarioCost, OfEachStepIsWhatAPersonDoes)
 {
-    for (const Case& one : std::initializer_list<Case>{
+    for (const Costing& one : std::initializer_list<Costing>{
              {"enter frmProva.txtNome \"Ana\"\n", 1, 3},
              {"type frmProva.txtNome \"Ana\"\ntype frmProva.txtNome \"Rui\"\n", 1, 7}, // the text there is chosen first
              {"type frmProva.txtNome \"\"\n", 1, 0},

@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr int people = 600;
-constexpr int families = 300;
+constexpr int peopleThere = 600;
+constexpr int familiesThere = 300;
 constexpr int lists = 100; // the rows of code lists and of what hangs on one person
 
 class AFullParish : public Parish
@@ -28,10 +28,10 @@ protected:
     static void fill()
     {
         cnBDP.beginTrans();
-        for (int nind = 1; nind <= people; ++nind)
+        for (int nind = 1; nind <= peopleThere; ++nind)
             cnBDP.execute(jet::NativeSql("insert into individuo (nind, nome, tipo, sexo) values (?, 'Ana', 'T', ?)",
                                          {nind, QString(nind % 2 ? "m" : "f")}));
-        for (int nfamilia = 1; nfamilia <= families; ++nfamilia)
+        for (int nfamilia = 1; nfamilia <= familiesThere; ++nfamilia)
             cnBDP.execute(
                 jet::NativeSql("insert into familia (nfamilia, sfamilia, tipocasal) values (?, '1', 7)", {nfamilia}));
         cnBDP.commitTrans();
@@ -58,8 +58,8 @@ protected:
 TEST_F(AFullParish, IsReadOnceWhereACardIsLoadedByTheMenu)
 {
     fill();
-    EXPECT_LT(walkedBy([] { FrmInd::abrePeloMenu(); }), people + lists);
-    EXPECT_LT(walkedBy([] { frmFam().abrePeloMenu(); }), families + lists);
+    EXPECT_LT(walkedBy([] { FrmInd::abrePeloMenu(); }), peopleThere + lists);
+    EXPECT_LT(walkedBy([] { frmFam().abrePeloMenu(); }), familiesThere + lists);
 }
 
 TEST_F(AFullParish, IsNotReadAgainByTheMenu)
@@ -77,15 +77,15 @@ TEST_F(AFullParish, TakesANewPersonWithoutBeingRead)
     FrmInd::abrePeloMenu();
     click(frmInd(), "cmdIns");
     EXPECT_LT(walkedBy(insertPerson), lists);
-    EXPECT_EQ(control<QLabel>(frmInd(), "lblTotal").text(), QString::number(people + 1));
-    EXPECT_EQ(control<TextBox>(frmInd(), "txtNind").text(), QString::number(people + 2));
+    EXPECT_EQ(control<QLabel>(frmInd(), "lblTotal").text(), QString::number(peopleThere + 1));
+    EXPECT_EQ(control<TextBox>(frmInd(), "txtNind").text(), QString::number(peopleThere + 2));
     control<TextBox>(frmInd(), "txtNind").setText("1");
     const Answer refused("OK");
     insertPerson();
     EXPECT_EQ(refused.text, "Ocorreu o erro -2147217887\nJá existe o indivíduo nº 1.");
-    control<TextBox>(frmInd(), "txtNind").setText(QString::number(people + 10));
+    control<TextBox>(frmInd(), "txtNind").setText(QString::number(peopleThere + 10));
     EXPECT_LT(walkedBy(insertPerson), lists);
-    EXPECT_EQ(control<TextBox>(frmInd(), "txtNind").text(), QString::number(people + 11));
+    EXPECT_EQ(control<TextBox>(frmInd(), "txtNind").text(), QString::number(peopleThere + 11));
 }
 
 TEST_F(AFullParish, TakesTheAlterationOfAPersonWithoutBeingRead)
@@ -109,11 +109,11 @@ TEST_F(AFullParish, TakesAFamilyAndItsAlterationWithoutBeingRead)
     control<TextBox>(frmFam(), "txtPnind").setText("1");
     control<TextBox>(frmFam(), "txtSnind").setText("2");
     EXPECT_LT(walkedBy([] { click(frmFam(), "cmdIns"); }), lists);
-    EXPECT_EQ(control<QLabel>(frmFam(), "lblTotal").text(), QString::number(families + 1));
+    EXPECT_EQ(control<QLabel>(frmFam(), "lblTotal").text(), QString::number(familiesThere + 1));
     click(frmFam(), "cmdAlt");
     control<TextBox>(frmFam(), "txtIdade1").setText("30");
     EXPECT_LT(walkedBy([] { click(frmFam(), "cmdAlt"); }), lists);
-    EXPECT_EQ(control<TextBox>(frmFam(), "txtNFam").text(), QString::number(families + 1));
+    EXPECT_EQ(control<TextBox>(frmFam(), "txtNFam").text(), QString::number(familiesThere + 1));
 }
 
 TEST_F(AFullParish, IsFilledFromNothingWithoutBeingRead)

@@ -7,7 +7,7 @@ using namespace study;
 namespace {
 
 // A baptism with grandparents, and a godmother with her father.
-Act baptism()
+Act actWithGrandparents()
 {
     Act act;
     act.people = {{.role = Role::Child, .name = {"maria"}},
@@ -49,7 +49,7 @@ TEST(PeopleOfAnAct, HangOnWhomeverStandsBeforeThem)
 
 TEST(AnAct, TellsTheSexByTheRoleAndByTheSpouse)
 {
-    Act act = baptism();
+    Act act = actWithGrandparents();
     EXPECT_EQ(sexOf(act, 0), Sex::Unknown);
     EXPECT_EQ(sexOf(act, 1), Sex::Male);
     EXPECT_EQ(sexOf(act, 4), Sex::Female);
@@ -62,7 +62,7 @@ TEST(AnAct, TellsTheSexByTheRoleAndByTheSpouse)
 
 TEST(AnAct, NamesEachPersonByTheRole)
 {
-    const Act act = baptism();
+    const Act act = actWithGrandparents();
     const QStringList titles{"baptizado",
                              "pai",
                              "mãe",
@@ -95,7 +95,7 @@ TEST(AnAct, NamesTheParentsOfSpousesAndOfGrandparents)
 
 TEST(AnAct, FindsItsPeopleByTheirRole)
 {
-    const Act act = baptism();
+    const Act act = actWithGrandparents();
     EXPECT_EQ(personWith(act, Role::Mother, 0), 2);
     EXPECT_EQ(personWith(act, Role::Mother, 2), -1);
     EXPECT_EQ(personWith(act, Role::Godmother), 6);
@@ -105,7 +105,7 @@ TEST(AnAct, FindsItsPeopleByTheirRole)
 
 TEST(AnAct, TellsWhoIsDead)
 {
-    Act act = baptism();
+    Act act = actWithGrandparents();
     EXPECT_FALSE(deadBefore(act, 7));
     act.people[7].attributes = {{.type = "Morto", .told = {"antes"}}};
     EXPECT_TRUE(deadBefore(act, 7));

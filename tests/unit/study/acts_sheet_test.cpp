@@ -27,7 +27,7 @@ QStringList titlesOf(const QList<NewRow>& rows)
     return titles;
 }
 
-Sheet baptism()
+Sheet baptismSheet()
 {
     Sheet sheet = newSheet(ActKind::Baptism, {});
     setText(sheet, {.field = Field::Date}, "14/2/1702");
@@ -54,7 +54,7 @@ TEST(ASheet, HasTheRowsThatEachActOfItsKindHas)
 
 TEST(ASheet, HasOneIdentityForEachPerson)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     const int godmother = godmotherOf(sheet);
     sheet.conclusions.people[godmother] = {.kind = Identity::Kind::Known, .nind = 85};
     const int father = addRow(sheet, Role::Father, godmother);
@@ -67,7 +67,7 @@ TEST(ASheet, HasOneIdentityForEachPerson)
 
 TEST(ASheet, OffersThoseWhoHangOnThePersonFirst)
 {
-    const Sheet sheet = baptism();
+    const Sheet sheet = baptismSheet();
     EXPECT_EQ(titlesOf(addable(sheet.act, godmotherOf(sheet))),
               QStringList({"pai da madrinha", "mãe da madrinha", "marido da madrinha", "procurador da madrinha",
                            "padrinho", "madrinha", "testemunha", "celebrante", "referido"}));
@@ -81,14 +81,14 @@ TEST(ASheet, OffersThoseWhoHangOnThePersonFirst)
 
 TEST(ASheet, OffersNoSecondFather)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     addRow(sheet, Role::Father, godmotherOf(sheet));
     EXPECT_FALSE(titlesOf(addable(sheet.act, godmotherOf(sheet))).contains("pai da madrinha"));
 }
 
 TEST(ASheet, TakesThoseWhoHangOnAPersonOutWithThem)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     const Sheet before = sheet;
     const int godfather = personWith(sheet.act, Role::Godfather);
     addRow(sheet, Role::Mother, addRow(sheet, Role::Father, godfather));
@@ -101,7 +101,7 @@ TEST(ASheet, TakesThoseWhoHangOnAPersonOutWithThem)
 
 TEST(ASheet, LosesNothingThatSpeaksOfAPersonWhoseNumberMoves)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     const int godmother = godmotherOf(sheet);
     setText(sheet, {godmother, Field::Kinship}, "tia da mãe");
     sheet.conclusions.overruled = {{"padrinho-morto:3", "outro"}, {"padrinho-morto:4", "o livro diz"}, {"ano", "sim"}};
@@ -166,7 +166,7 @@ TEST(ASheet, GetsTheSpouseOfAWidowerAndTheParentsOfAChild)
 
 TEST(ASheet, HandsOnTheRowsThatHoldSomething)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     setText(sheet, {3, Field::Name}, "");
     const int father = addRow(sheet, Role::Father, godmotherOf(sheet));
     setText(sheet, {father, Field::Name}, "Domingos Gomes");
@@ -182,7 +182,7 @@ TEST(ASheet, HandsOnTheRowsThatHoldSomething)
 
 TEST(ASheet, KeepsWhomSomebodyWasTakenForEvenWithoutAName)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     const int godmother = godmotherOf(sheet);
     setText(sheet, {godmother, Field::Name}, "");
     const int father = addRow(sheet, Role::Father, godmother);
@@ -195,7 +195,7 @@ TEST(ASheet, KeepsWhomSomebodyWasTakenForEvenWithoutAName)
 
 TEST(ASheet, KeepsSomebodyWithoutANameWhoseKinIsTold)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     setText(sheet, {2, Field::Name}, "");
     setText(sheet, {3, Field::Kinship}, "irmão da mãe");
     const Trimmed given = trimmed(sheet);
@@ -208,7 +208,7 @@ TEST(ASheet, KeepsSomebodyWithoutANameWhoseKinIsTold)
 
 TEST(ASheet, KeepsWhatAProfessionWasTakenForHoweverItsTypeIsSpelled)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     sheet.act.people[1].attributes << Attribute{.type = "Profissao", .told = {.value = "moleiro"}};
     sheet.conclusions.professions = {{"moleiro", 2}, {"alfaiate", 7}};
     EXPECT_EQ(trimmed(sheet).sheet.conclusions.professions, (QMap<QString, int>{{"moleiro", 2}}));
@@ -216,7 +216,7 @@ TEST(ASheet, KeepsWhatAProfessionWasTakenForHoweverItsTypeIsSpelled)
 
 TEST(ASheet, KeepsAnEmptyRowOnWhichSomebodyHangs)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     setText(sheet, {godmotherOf(sheet), Field::Name}, "");
     const int father = addRow(sheet, Role::Father, godmotherOf(sheet));
     setText(sheet, {father, Field::Name}, "Domingos Gomes");
@@ -233,7 +233,7 @@ TEST(ASheet, KeepsWhomItIsAboutEvenWithoutAName)
 TEST(ASheet, LosesNobodyWhereItsKindChanges)
 {
     for (const auto to : {ActKind::Marriage, ActKind::Burial}) {
-        const Sheet sheet = baptism();
+        const Sheet sheet = baptismSheet();
         const Sheet other = withKind(sheet, to, {});
         EXPECT_EQ(other.act.kind, to);
         EXPECT_EQ(other.act.date, sheet.act.date);
@@ -244,7 +244,7 @@ TEST(ASheet, LosesNobodyWhereItsKindChanges)
             EXPECT_TRUE(person.name.value.isEmpty() || names.contains(person.name.value));
         EXPECT_EQ(other.conclusions.people.size(), other.act.people.size());
     }
-    EXPECT_EQ(withKind(baptism(), ActKind::Burial, {}).act.people[0].role, Role::Deceased);
+    EXPECT_EQ(withKind(baptismSheet(), ActKind::Burial, {}).act.people[0].role, Role::Deceased);
 }
 
 TEST(ASheet, OfAnotherKindHasNoRowForTheOneOfWhomNothingWasTyped)
@@ -270,7 +270,7 @@ TEST(ASheet, OfADamagedDraftHasItsRowsAllTheSame)
 
 TEST(APersonOfAnAct, IsNewUnlessTheyAreOnlyMentioned)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     EXPECT_EQ(usualIdentity(sheet.act, 1).kind, Identity::Kind::New);
     const int proxy = addRow(sheet, Role::Proxy, 3);
     setText(sheet, {proxy, Field::Name}, "João Dias");
@@ -281,7 +281,7 @@ TEST(APersonOfAnAct, IsNewUnlessTheyAreOnlyMentioned)
 
 TEST(ASaint, IsUsuallyNobodyOfTheBdp)
 {
-    Sheet sheet = baptism();
+    Sheet sheet = baptismSheet();
     setText(sheet, {4, Field::Name}, "Nossa Senhora do Rosário");
     EXPECT_EQ(usualIdentity(sheet.act, 4).kind, Identity::Kind::Kept);
     setText(sheet, {4, Field::Name}, "Rosária");

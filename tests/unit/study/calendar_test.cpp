@@ -5,7 +5,7 @@
 
 #include <utility>
 
-using namespace study::parish;
+namespace study::parish {
 
 TEST(Easter, IsOnTheDaysOfTheTables)
 {
@@ -93,3 +93,5 @@ TEST(AClosedSeason, HasItsFirstDayAndItsLast)
           std::pair(QDate(1703, 12, 31), Advent), std::pair(QDate(), None)})
         EXPECT_EQ(closedSeason(day), season) << qPrintable(day.toString(Qt::ISODate));
 }
+
+} // namespace study::parish

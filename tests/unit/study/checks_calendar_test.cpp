@@ -1,30 +1,20 @@
 // The ten days that were left out in October 1582, as the rules count them.
 #include "study/checkedActs.h"
+#include "study/days.h"
 
 #include "study/parish/calendar.h"
 
-using study::parish::Date;
-using study::parish::dateOf;
 using study::parish::daysBetween;
-
-namespace {
-
-Date on(int year, int month, int day)
-{
-    return dateOf(QDate(year, month, day), true);
-}
-
-} // namespace
 
 TEST(TheDaysBetween, AreTenLessThroughOctober1582)
 {
-    EXPECT_EQ(daysBetween(on(1582, 10, 4), on(1582, 10, 15)), 1);
-    EXPECT_EQ(daysBetween(on(1582, 10, 15), on(1582, 10, 4)), -1);
-    EXPECT_EQ(daysBetween(on(1582, 1, 1), on(1583, 1, 1)), 355);
-    EXPECT_EQ(daysBetween(on(1582, 10, 15), on(1583, 10, 15)), 365);
-    EXPECT_EQ(daysBetween(on(1581, 10, 4), on(1582, 10, 4)), 365);
-    EXPECT_EQ(daysBetween(on(1582, 10, 7), on(1582, 10, 9)), 2) << "days that no register has";
-    EXPECT_EQ(daysBetween(on(1582, 10, 4), on(1582, 10, 9)), 5);
+    EXPECT_EQ(daysBetween(day(1582, 10, 4), day(1582, 10, 15)), 1);
+    EXPECT_EQ(daysBetween(day(1582, 10, 15), day(1582, 10, 4)), -1);
+    EXPECT_EQ(daysBetween(day(1582, 1, 1), day(1583, 1, 1)), 355);
+    EXPECT_EQ(daysBetween(day(1582, 10, 15), day(1583, 10, 15)), 365);
+    EXPECT_EQ(daysBetween(day(1581, 10, 4), day(1582, 10, 4)), 365);
+    EXPECT_EQ(daysBetween(day(1582, 10, 7), day(1582, 10, 9)), 2) << "days that no register has";
+    EXPECT_EQ(daysBetween(day(1582, 10, 4), day(1582, 10, 9)), 5);
     EXPECT_FALSE(study::parish::wasLeftOut(QDate(1582, 10, 4)));
     EXPECT_TRUE(study::parish::wasLeftOut(QDate(1582, 10, 5)));
     EXPECT_TRUE(study::parish::wasLeftOut(QDate(1582, 10, 14)));

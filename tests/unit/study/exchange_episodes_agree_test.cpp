@@ -71,7 +71,7 @@ std::vector<Case> cases()
     return all;
 }
 
-std::string nameOf(const testing::TestParamInfo<Case>& one)
+std::string nameOfCase(const testing::TestParamInfo<Case>& one)
 {
     const char* const of = one.param.isGenerated ? "AGeneratedParish" : "TheDemonstration";
     return QString("%1Of%2").arg(QString(one.param.name).remove(' '), of).toStdString();
@@ -309,6 +309,6 @@ TEST_P(AgreementOfFiles, WithWhatTheirPackageTells)
     EXPECT_EQ(exchanged::faultsOf(folder()), QStringList());
 }
 
-INSTANTIATE_TEST_SUITE_P(Episodes, Agreement, testing::ValuesIn(cases()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Episodes, Agreement, testing::ValuesIn(cases()), nameOfCase);
 INSTANTIATE_TEST_SUITE_P(Episodes, AgreementOfFiles,
-                         testing::Values(Case{"standard", false, {}}, Case{"standard", true, {}}), nameOf);
+                         testing::Values(Case{"standard", false, {}}, Case{"standard", true, {}}), nameOfCase);

@@ -6,7 +6,7 @@
 
 #include <QStringEncoder>
 
-using namespace gedcomRead;
+namespace gedcomRead {
 
 namespace {
 
@@ -198,3 +198,5 @@ TEST(GedcomLetters, AreCountedTheSameInPiecesOfTheFile)
         }
     }
 }
+
+} // namespace gedcomRead

@@ -8,7 +8,7 @@
 #include <QRandomGenerator>
 #include <QStringEncoder>
 
-using namespace gedcomRead;
+namespace gedcomRead {
 
 namespace {
 
@@ -220,3 +220,5 @@ TEST(GedcomReaderProperty, HoldsWhateverIsDamaged)
         }
     }
 }
+
+} // namespace gedcomRead

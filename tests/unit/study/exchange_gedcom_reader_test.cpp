@@ -3,7 +3,7 @@
 
 #include "platform/jet/error.h"
 
-using namespace gedcomRead;
+namespace gedcomRead {
 
 namespace {
 
@@ -350,3 +350,5 @@ TEST(GedcomReader, PutsNoBlanksWhereTextsAreCutInsideAWord)
         EXPECT_EQ(file.told(), "");
     }
 }
+
+} // namespace gedcomRead

@@ -19,7 +19,7 @@ using namespace study::exchange;
 
 namespace {
 
-constexpr auto places =
+constexpr auto namedPlaces =
     "select 'P' || codpais as cod, replace(nomepais, '*', '') as nome from pais "
     "union all select 'Z' || codzona, replace(nomezona, '*', '') from zonapais "
     "union all select 'D' || coddistrito, replace(nomedistrito, '*', '') from distrito "
@@ -32,7 +32,7 @@ constexpr auto places =
 // A place by its name: a provisional one may get another code.
 QString named(const char* code, const char* level)
 {
-    return QString("(select nome from (%1) where cod = %3 || %2)").arg(places, code, level);
+    return QString("(select nome from (%1) where cod = %3 || %2)").arg(namedPlaces, code, level);
 }
 
 constexpr auto typesOfFamilies = "select nfamilia, tipocasal from familia order by nfamilia";

@@ -7,8 +7,7 @@
 
 #include <QUuid>
 
-using namespace study;
-using namespace study::exchange;
+namespace study::exchange {
 
 namespace {
 
@@ -132,3 +131,5 @@ TEST(WordsOfGedcom, AreOfItsLengthsAndLists)
     EXPECT_EQ(marriageOf("6"), MarriageTold::Never);
     EXPECT_EQ(marriageOf(""), MarriageTold::Open);
 }
+
+} // namespace study::exchange

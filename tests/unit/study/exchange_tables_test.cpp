@@ -25,8 +25,7 @@
 
 #include <random>
 
-using namespace study;
-using namespace study::exchange;
+namespace study::exchange {
 
 namespace {
 
@@ -332,7 +331,7 @@ TEST_F(TablesOfABdp, DoNotTakeTheIndexOfTheNames)
     writeDemonstration();
     Act act;
     act.people << ActPerson{};
-    act.people.last().role = Role::Child;
+    act.people.last().role = study::Role::Child;
     act.people.last().name.value = "Maria";
     Finder(bdp).find(act, 0, {.people = {Identity{}}});
     ASSERT_TRUE(bdp.tables().contains("estudo_nome"));
@@ -357,3 +356,5 @@ TEST_F(TablesOfABdp, AreNotWrittenOverAFileOfSomebodyElse)
     EXPECT_EQ(QDir(tables()).entryList(QDir::Files | QDir::Hidden), QStringList("individuo.csv"));
     EXPECT_EQ(file("individuo.csv"), "minhas\n");
 }
+
+} // namespace study::exchange

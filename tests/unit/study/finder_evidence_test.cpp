@@ -1,7 +1,8 @@
 // What speaks for and against those whom the finder names.
 #include "study/found.h"
 
-using namespace study;
+namespace study {
+
 using EvidenceOfTheFinder = Finding;
 
 TEST_F(EvidenceOfTheFinder, PutsWhoCantBeMeantLastAndSaysWhy)
@@ -202,3 +203,5 @@ TEST_F(EvidenceOfTheFinder, TellsWhatSetsHomonymsApart)
     EXPECT_EQ(found.spouse, "Ana Gomes");
     EXPECT_EQ(found.lastAct, "padrinho em 24/12/1699") << "before the act";
 }
+
+} // namespace study

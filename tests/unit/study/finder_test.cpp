@@ -1,7 +1,8 @@
 // Who somebody of an act may be.
 #include "study/found.h"
 
-using namespace study;
+namespace study {
+
 using TheFinder = Finding;
 
 TEST_F(TheFinder, FindsNobodyInAnEmptyBdp)
@@ -326,3 +327,5 @@ TEST_F(TheFinder, SeesAtOnceWhatWasWrittenOfTheFamilies)
     run("delete from familia where nfamilia = 1");
     EXPECT_TRUE(finder.couples(act, 0, conclusions).isEmpty());
 }
+
+} // namespace study

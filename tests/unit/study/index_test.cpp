@@ -75,28 +75,28 @@ protected:
     NameIndex index{bdp};
 };
 
-const char* const names[]{"Manuel Rodrigues",
-                          "Maria",
-                          "Joam Gliz",
-                          "Ana da Conceição",
-                          "José António de Carvalho",
-                          "Cª Bra Mel",
-                          "?",
-                          "",
-                          "D'Eça",
-                          "Zebedeu Xis",
-                          "M.el Roiz",
-                          "Rui",
-                          "exposto",
-                          "Padre Luís Vaz",
-                          "João o Velho"};
+const char* const writtenNames[]{"Manuel Rodrigues",
+                                 "Maria",
+                                 "Joam Gliz",
+                                 "Ana da Conceição",
+                                 "José António de Carvalho",
+                                 "Cª Bra Mel",
+                                 "?",
+                                 "",
+                                 "D'Eça",
+                                 "Zebedeu Xis",
+                                 "M.el Roiz",
+                                 "Rui",
+                                 "exposto",
+                                 "Padre Luís Vaz",
+                                 "João o Velho"};
 
 class Chance
 {
 public:
     explicit Chance(unsigned seed) : engine_(seed) {}
     int below(int count) { return int(engine_() % unsigned(count)); }
-    QString name() { return QString::fromUtf8(names[below(std::size(names))]); }
+    QString name() { return QString::fromUtf8(writtenNames[below(std::size(writtenNames))]); }
     QVariant date()
     {
         return below(3) == 0 ? QVariant() : QVariant(QDate(1550 + below(300), 1 + below(12), 1 + below(28)));
@@ -251,7 +251,7 @@ TEST_F(TheIndex, IsMadeInPiecesWhileOthersWrite)
     static constexpr int many = 30000;
     bdp.beginTrans();
     for (int i = 0; i < many; ++i)
-        person({names[i % std::size(names)], 'm', i % 3 == 0 ? "1690-01-01" : ""});
+        person({writtenNames[i % std::size(writtenNames)], 'm', i % 3 == 0 ? "1690-01-01" : ""});
     bdp.commitTrans();
     QList<int> percents;
     for (int pieces = 1; !index.prepare(); ++pieces) {
@@ -277,7 +277,7 @@ TEST_F(TheIndex, IsWholeForWhoAsksBeforeItsLastPiece)
 {
     bdp.beginTrans();
     for (int i = 0; i < 30000; ++i)
-        person({names[i % std::size(names)]});
+        person({writtenNames[i % std::size(writtenNames)]});
     bdp.commitTrans();
     EXPECT_FALSE(index.prepare());
     NameIndex another(bdp);

@@ -1,4 +1,5 @@
 // Adults from their marriage to their death, as four estimates see it.
+#include "study/days.h"
 #include "study/taking.h"
 
 #include "study/indicators/adultLife.h"
@@ -11,11 +12,6 @@ using taking::Shown;
 namespace {
 
 constexpr qint32 cohort = 1750, man = 1;
-
-study::parish::Date day(int year, int month = 1, int of = 1)
-{
-    return study::parish::dateOf(QDate(year, month, of), true);
-}
 
 } // namespace
 

@@ -10,13 +10,14 @@ using study::report::Standing;
 
 namespace {
 
-constexpr auto first = "primeiro-intervalo", ranks = "por-ordem", mean = "Média", number = "Número",
-               everyMarriage = "Todos os casamentos, 8 meses e mais",
-               firstMarriages = "Primeiros casamentos, 8 meses e mais", premarital = "concepcoes-pre-nupciais";
-
 class Births : public Natal
 {
 protected:
+    static constexpr auto first = "primeiro-intervalo", ranks = "por-ordem", mean = "Média", number = "Número",
+                          everyMarriage = "Todos os casamentos, 8 meses e mais",
+                          firstMarriages = "Primeiros casamentos, 8 meses e mais",
+                          premarital = "concepcoes-pre-nupciais";
+
     void handExample()
     {
         children(married({"1741-06-10", "1720-03-12", "1790-05-01", "1755-10-02"}),

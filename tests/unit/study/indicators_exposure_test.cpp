@@ -1,4 +1,6 @@
 // Time at risk, split at birthdays and at the limits of periods.
+#include "study/days.h"
+
 #include "study/indicators/exposure.h"
 
 #include <QStringList>
@@ -11,11 +13,6 @@ using namespace study;
 using namespace study::indicators;
 
 namespace {
-
-parish::Date day(int year, int month, int day, bool exact = true)
-{
-    return parish::dateOf(QDate(year, month, day), exact);
-}
 
 std::vector<Slice> daysOf(const std::vector<std::pair<int, int>>& daysByAge)
 {

@@ -10,12 +10,13 @@ using study::report::Standing;
 
 namespace {
 
-constexpr auto rates = "taxas-por-idade", births = "Nascimentos", years = "Anos vividos por mulheres casadas",
-               rate = "Taxa", all = "Todas as famílias contadas";
-
 class MaritalFertility : public Natal
 {
 protected:
+    static constexpr auto rates = "taxas-por-idade", births = "Nascimentos",
+                          years = "Anos vividos por mulheres casadas", rate = "Taxa",
+                          all = "Todas as famílias contadas";
+
     // Married on 10 June 1741; the husband is buried in 1755, the wife in 1790.
     qint64 closedFamily()
     {

@@ -1,4 +1,5 @@
 // Confinements, months and the married life that the subjects of births share.
+#include "study/days.h"
 #include "study/natal.h"
 
 #include "study/indicators/births.h"
@@ -9,15 +10,8 @@
 #include <set>
 
 using namespace study::indicators;
-using study::parish::Date;
-using study::parish::dateOf;
 
 namespace {
-
-Date day(int year, int month, int day, bool exact = true)
-{
-    return dateOf(QDate(year, month, day), exact);
-}
 
 class TheConfinements : public Natal
 {

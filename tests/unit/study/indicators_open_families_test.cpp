@@ -10,11 +10,12 @@ using namespace study::indicators;
 
 namespace {
 
-constexpr auto rates = "taxas-por-idade", births = "Nascimentos", years = "Anos vividos por mulheres casadas";
-
 class AnOpenFamily : public Natal
 {
 protected:
+    static constexpr auto rates = "taxas-por-idade", births = "Nascimentos",
+                          years = "Anos vividos por mulheres casadas";
+
     AnOpenFamily()
     {
         family_ = married({.marriage = "1760-02-03", .wifeBirth = "1735-07-05", .wifeDeath = "", .husbandDeath = ""});

@@ -11,18 +11,20 @@
 #include <memory>
 #include <set>
 
-using namespace study::indicators;
+namespace study::indicators {
+
 using generated::tallyOfShare;
 using study::parish::Snapshot;
 
 namespace {
 
-constexpr int people = 1500;
+constexpr int peopleAsked = 1500;
 
 // Two parishes with as many places, and the BDP that has both.
 struct Sample
 {
-    truth::Parish one = truth::parish(people, 21, ORV_DATA_DIR), other = truth::parish(people, 22, ORV_DATA_DIR);
+    truth::Parish one = truth::parish(peopleAsked, 21, ORV_DATA_DIR),
+                  other = truth::parish(peopleAsked, 22, ORV_DATA_DIR);
     Snapshot first = generated::snapshotOf(one.bdp, one.world), second = generated::snapshotOf(other.bdp, one.world);
     Snapshot both = generated::snapshotOf(generated::together(one.bdp, other.bdp), one.world);
 };
@@ -214,3 +216,5 @@ TEST_F(EverySubjectOfTheDemonstration, TellsWhoStandsBehindItsFigures)
         EXPECT_GT(told, 0) << subject->id;
     }
 }
+
+} // namespace study::indicators

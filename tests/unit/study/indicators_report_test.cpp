@@ -5,13 +5,14 @@
 #include "study/indicators/settingEntries.h"
 #include "study/indicators/studyReport.h"
 
-using namespace study::indicators;
-using study::report::Told;
+namespace study::indicators {
+
+using report::Told;
 
 namespace {
 
-constexpr const char* names[]{"pessoas", "sem-nome"};
-constexpr Reason reasons[]{{1, "sem nome"}};
+constexpr const char* namesCounted[]{"pessoas", "sem-nome"};
+constexpr Reason namesLeftOut[]{{1, "sem nome"}};
 
 void fillNames(const Study& study, const Share& share, Taker& taker)
 {
@@ -29,12 +30,15 @@ std::vector<study::report::Figure> figuresOfNames(const Tally& tally, const Sett
     return {table};
 }
 
-constexpr Subject one{"um", "Gente", "Um", "Contam todos.", names, reasons, fillNames, figuresOfNames};
-constexpr Subject other{"outro", "Mais", "Outro", "Contam todos.", names, reasons, fillNames, figuresOfNames};
-constexpr Subject again{"de-novo", "Gente", "De novo", "Contam todos.", names, reasons, fillNames, figuresOfNames};
-const std::vector<const Subject*> known{&one, &other, &again};
+constexpr Subject oneSubject{"um",         "Gente",      "Um",      "Contam todos.",
+                             namesCounted, namesLeftOut, fillNames, figuresOfNames};
+constexpr Subject otherSubject{"outro",      "Mais",       "Outro",   "Contam todos.",
+                               namesCounted, namesLeftOut, fillNames, figuresOfNames};
+constexpr Subject subjectOfTheGroup{"de-novo",    "Gente",      "De novo", "Contam todos.",
+                                    namesCounted, namesLeftOut, fillNames, figuresOfNames};
+const std::vector<const Subject*> threeSubjects{&oneSubject, &otherSubject, &subjectOfTheGroup};
 
-Counted counted(const QString& name, const Settings& settings = {})
+Counted countedAs(const QString& name, const Settings& settings = {})
 {
     return {.source = {.path = "/bdp/" + name + ".orv", .bytes = 5, .sha256 = name},
             .settings = settings,
@@ -49,7 +53,7 @@ Tallies of(const std::vector<Counted>& parishes)
     return tallies;
 }
 
-QString valueOf(const std::vector<Told>& told, const QString& name)
+QString settingTold(const std::vector<Told>& told, const QString& name)
 {
     for (const Told& setting : told)
         if (setting.name == name) return setting.value;
@@ -66,7 +70,7 @@ class CountingAParish : public People
 TEST(AReportOfAStudy, HasAChapterForEachGroup)
 {
     const QDateTime made(QDate(2026, 11, 22), QTime(10, 0));
-    const auto report = reportOf(of({counted("Moinhos")}), {.program = "ORV 1.0.6", .made = made}, known);
+    const auto report = reportOf(of({countedAs("Moinhos")}), {.program = "ORV 1.0.6", .made = made}, threeSubjects);
     EXPECT_EQ(report.title, "Estudo demográfico");
     EXPECT_EQ(report.parish, "Moinhos");
     EXPECT_EQ(report.parishCode, "7");
@@ -86,9 +90,9 @@ TEST(AReportOfAStudy, HasAChapterForEachGroup)
 
 TEST(AReportOfAStudy, LeavesOutASubjectThatWasNotCounted)
 {
-    Tallies tallies = of({counted("Moinhos")});
+    Tallies tallies = of({countedAs("Moinhos")});
     tallies.bySubject.erase("outro");
-    const auto report = reportOf(tallies, {}, known);
+    const auto report = reportOf(tallies, {}, threeSubjects);
     ASSERT_EQ(report.chapters.size(), 1);
     EXPECT_EQ(report.chapters[0].sections.size(), 2);
 }
@@ -97,22 +101,23 @@ TEST(AReportOfAStudy, TellsOfAllParishesWhatItIsOf)
 {
     Settings narrow;
     narrow.books[0] = {1700, 1800};
-    const auto report = reportOf(of({counted("Moinhos"), counted("Vale", narrow), counted("")}), {}, known);
+    const auto report =
+        reportOf(of({countedAs("Moinhos"), countedAs("Vale", narrow), countedAs("")}), {}, threeSubjects);
     EXPECT_EQ(report.parish, "Moinhos, Vale e ") << "without a name and without a file";
     EXPECT_EQ(report.parishCode, "7, 4, 0");
     EXPECT_EQ(report.sources.size(), 3);
-    EXPECT_EQ(valueOf(report.settings, "Anos que os livros cobrem – Moinhos"), "todos os anos");
-    EXPECT_EQ(valueOf(report.settings, "Anos que os livros cobrem – Vale"), "baptismos 1700–1800");
-    EXPECT_EQ(valueOf(report.settings, "Lacunas dos livros"), "nenhuma");
+    EXPECT_EQ(settingTold(report.settings, "Anos que os livros cobrem – Moinhos"), "todos os anos");
+    EXPECT_EQ(settingTold(report.settings, "Anos que os livros cobrem – Vale"), "baptismos 1700–1800");
+    EXPECT_EQ(settingTold(report.settings, "Lacunas dos livros"), "nenhuma");
     const auto& table = std::get<study::report::Table>(report.chapters[0].sections[0].figures[0]);
     EXPECT_EQ(table.notes, QStringList("1700")) << "the years that all cover";
 }
 
 TEST(AReportOfAStudy, CallsAParishWithoutANameByItsFile)
 {
-    Counted parish = counted("Moinhos");
+    Counted parish = countedAs("Moinhos");
     parish.name = parish.code = QString();
-    const auto report = reportOf(of({parish}), {}, known);
+    const auto report = reportOf(of({parish}), {}, threeSubjects);
     EXPECT_EQ(report.parish, "Moinhos");
     EXPECT_EQ(report.parishCode, "");
 }
@@ -128,20 +133,20 @@ TEST(AReportOfAStudy, TellsEachSettingInWords)
     settings.missingBirths = 0.05;
     settings.neighbours = {"030101", "030102"};
     settings.filiations = {{20, Legitimacy::Illegitimate}, {17, Legitimacy::Foundling}};
-    const auto told = inWords(of({counted("Moinhos", settings)}));
+    const auto told = inWords(of({countedAs("Moinhos", settings)}));
     ASSERT_EQ(told.size(), settingEntries().size());
-    EXPECT_EQ(valueOf(told, "Período dos acontecimentos"), "1700–1850");
-    EXPECT_EQ(valueOf(told, "Anos de cada coorte ou período"), "50 anos");
-    EXPECT_EQ(valueOf(told, "Anos que os livros cobrem"),
+    EXPECT_EQ(settingTold(told, "Período dos acontecimentos"), "1700–1850");
+    EXPECT_EQ(settingTold(told, "Anos de cada coorte ou período"), "50 anos");
+    EXPECT_EQ(settingTold(told, "Anos que os livros cobrem"),
               "baptismos desde 1590; casamentos até 1900; óbitos de menores 1780");
-    EXPECT_EQ(valueOf(told, "Lacunas dos livros"), "óbitos 1810–1811, 1830");
-    EXPECT_EQ(valueOf(told, "Que nascimentos contam"), "ilegítimos");
-    EXPECT_EQ(valueOf(told, "Sexo"), "mulheres");
-    EXPECT_EQ(valueOf(told, "Só os actos da freguesia"), "sim");
-    EXPECT_EQ(valueOf(told, "Parte dos nascimentos que falta nos livros"), "5 %");
-    EXPECT_EQ(valueOf(told, "Freguesias vizinhas"), "030101, 030102");
-    EXPECT_EQ(valueOf(told, "O que contam os códigos de filiação"), "17: exposto; 20: ilegítima");
-    for (const Told& setting : inWords(of({counted("Moinhos")})))
+    EXPECT_EQ(settingTold(told, "Lacunas dos livros"), "óbitos 1810–1811, 1830");
+    EXPECT_EQ(settingTold(told, "Que nascimentos contam"), "ilegítimos");
+    EXPECT_EQ(settingTold(told, "Sexo"), "mulheres");
+    EXPECT_EQ(settingTold(told, "Só os actos da freguesia"), "sim");
+    EXPECT_EQ(settingTold(told, "Parte dos nascimentos que falta nos livros"), "5 %");
+    EXPECT_EQ(settingTold(told, "Freguesias vizinhas"), "030101, 030102");
+    EXPECT_EQ(settingTold(told, "O que contam os códigos de filiação"), "17: exposto; 20: ilegítima");
+    for (const Told& setting : inWords(of({countedAs("Moinhos")})))
         EXPECT_FALSE(setting.value.isEmpty()) << qPrintable(setting.name);
 }
 
@@ -154,7 +159,7 @@ TEST_F(CountingAParish, CountsEachSubjectAndTellsWhoseItIs)
     Settings settings;
     settings.cohortYears = 25;
     for (const int threads : {0, 1, 2, 9}) {
-        const Tallies tallies = talliesOf(studyOf(parish, settings), {.path = "a.orv"}, threads, {}, known);
+        const Tallies tallies = talliesOf(studyOf(parish, settings), {.path = "a.orv"}, threads, {}, threeSubjects);
         ASSERT_EQ(tallies.parishes.size(), 1);
         EXPECT_EQ(tallies.parishes[0],
                   (Counted{.source = {.path = "a.orv"}, .settings = settings, .name = "Moinhos", .code = "030899"}));
@@ -170,8 +175,8 @@ TEST_F(CountingAParish, TellsHowManyAndNeverWho)
     const auto parish = study::parish::Snapshot::read(bdp);
     Settings settings;
     settings.baptisms[study::parish::PersonNumber(1)] = {QDate(1750, 3, 1), QDate(1750, 3, 4)};
-    const Tallies tallies = talliesOf(studyOf(parish, settings), {.path = "a.orv"}, 1, {}, known);
-    EXPECT_FALSE(jsonOf(tallies, known).contains("1750-03-01"));
+    const Tallies tallies = talliesOf(studyOf(parish, settings), {.path = "a.orv"}, 1, {}, threeSubjects);
+    EXPECT_FALSE(jsonOf(tallies, threeSubjects).contains("1750-03-01"));
 }
 
 TEST_F(CountingAParish, GoesOnlyAsFarAsItIsLet)
@@ -180,9 +185,11 @@ TEST_F(CountingAParish, GoesOnlyAsFarAsItIsLet)
     const Study study = studyOf(parish, {});
     std::vector<double> shares;
     const auto onlyTwice = [&](double done) { return shares.push_back(done), shares.size() < 3; };
-    EXPECT_THROW(talliesOf(study, {}, 1, onlyTwice, known), study::parish::Snapshot::Interrupted);
+    EXPECT_THROW(talliesOf(study, {}, 1, onlyTwice, threeSubjects), study::parish::Snapshot::Interrupted);
     EXPECT_EQ(shares, (std::vector<double>{0, 1.0 / 3, 2.0 / 3}));
     EXPECT_THROW(talliesOf(
-                     study, {}, 3, [](double) { return false; }, known),
+                     study, {}, 3, [](double) { return false; }, threeSubjects),
                  study::parish::Snapshot::Interrupted);
 }
+
+} // namespace study::indicators

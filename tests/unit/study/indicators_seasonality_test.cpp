@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-using namespace study::indicators;
+namespace study::indicators {
+
 using study::parish::Date;
 using study::parish::dateOf;
 using study::report::Chart;
@@ -171,3 +172,5 @@ TEST(AReading, MarksMeansOfFew)
     EXPECT_EQ(meanCell(Reading(tally).spread(2, 0), 100), Cell());
     EXPECT_EQ(percent({}, {}), Cell());
 }
+
+} // namespace study::indicators

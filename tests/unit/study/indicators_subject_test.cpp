@@ -15,9 +15,9 @@ namespace {
 enum Count : quint16
 {
     byName,
-    couples
+    byCouple
 };
-constexpr const char* names[]{"pessoas", "famílias"};
+constexpr const char* trialCounts[]{"pessoas", "famílias"};
 
 // People by sex and by the letters of their name; families.
 void fillTrial(const Study& study, const Share& share, Taker& taker)
@@ -30,7 +30,7 @@ void fillTrial(const Study& study, const Share& share, Taker& taker)
         taker.count(key, {.person = &person}, 0);
     }
     for (std::size_t i = share.firstFamily; i < share.lastFamily; ++i)
-        taker.count({couples, {}}, {.family = &study.parish.families()[i]});
+        taker.count({byCouple, {}}, {.family = &study.parish.families()[i]});
 }
 
 void fillAndFail(const Study&, const Share& share, Taker&)
@@ -38,8 +38,8 @@ void fillAndFail(const Study&, const Share& share, Taker&)
     if (share.firstPerson > 0) throw std::runtime_error("second share");
 }
 
-const Subject trial{"prova", "", "", "", names, {}, fillTrial, nullptr};
-const Subject failing{"falha", "", "", "", names, {}, fillAndFail, nullptr};
+const Subject trial{"prova", "", "", "", trialCounts, {}, fillTrial, nullptr};
+const Subject failing{"falha", "", "", "", trialCounts, {}, fillAndFail, nullptr};
 
 class ASubject : public People
 {
@@ -65,7 +65,7 @@ TEST_F(ASubject, GivesTheSameTallyOnAnyNumberOfThreads)
     const Tally one = tallyOf(trial, study);
     EXPECT_EQ((one[{byName, {int(parish::Gender::Male), 3}}]), 9);
     EXPECT_EQ(one.sum(byName), 21);
-    EXPECT_EQ(one.sum(couples), 3);
+    EXPECT_EQ(one.sum(byCouple), 3);
     for (int threads = 0; threads < 12; ++threads)
         EXPECT_EQ(tallyOf(trial, study, threads), one) << threads;
 }
@@ -98,7 +98,7 @@ TEST_F(ASubject, TellsWhoStandsBehindACount)
     EXPECT_EQ(numbers({{byName, {male, 3}}}), "1 2 4");
     EXPECT_EQ(numbers({{byName, {male, 6}}, {byName, {male, 4}}, {byName, {male, 4}}}), "3 5");
     EXPECT_EQ(numbers({{byName, {Tally::any, 3, 0, 0}}}), "1 2 4 6 7");
-    EXPECT_EQ(numbers({{couples, {}}}), "f1 f2 f3");
+    EXPECT_EQ(numbers({{byCouple, {}}}), "f1 f2 f3");
     EXPECT_EQ(numbers({{byName, {male, 9}}}), "");
     EXPECT_EQ(numbers({}), "");
 }

@@ -30,7 +30,7 @@ const Subject deaths{.id = "mortalidade",
                      .reasons = {},
                      .fill = nullptr,
                      .figures = nullptr};
-const std::vector<const Subject*> known{&ages, &deaths};
+const std::vector<const Subject*> bothSubjects{&ages, &deaths};
 
 Tally randomTally(QRandomGenerator& dice, int counts)
 {
@@ -42,7 +42,7 @@ Tally randomTally(QRandomGenerator& dice, int counts)
     return tally;
 }
 
-Counted counted(const QString& mark, const Settings& settings = {})
+Counted countedIn(const QString& mark, const Settings& settings = {})
 {
     return {.source = {.path = "/bdp/São \"Pedro\".orv",
                        .bytes = 123456789012,
@@ -53,7 +53,7 @@ Counted counted(const QString& mark, const Settings& settings = {})
 
 Tallies small(const QString& mark = "ab12", const Settings& settings = {})
 {
-    Tallies tallies{.parishes = {counted(mark, settings)}};
+    Tallies tallies{.parishes = {countedIn(mark, settings)}};
     tallies.bySubject[ages.id].add({0, {1750, 2460}}, 3);
     tallies.bySubject[ages.id].add({2, {1750}}, 1);
     tallies.bySubject[deaths.id] = {};
@@ -63,7 +63,7 @@ Tallies small(const QString& mark = "ab12", const Settings& settings = {})
 // The text of the small one, with something else in it.
 QByteArray with(const QByteArray& was, const QByteArray& is)
 {
-    QByteArray json = jsonOf(small(), known);
+    QByteArray json = jsonOf(small(), bothSubjects);
     EXPECT_TRUE(json.contains(was)) << was.constData();
     return json.replace(was, is);
 }
@@ -79,9 +79,9 @@ void expectRefused(Act act, const QString& told)
     }
 }
 
-void expectRefused(const QByteArray& json, const QString& told)
+void expectTalliesRefused(const QByteArray& json, const QString& told)
 {
-    expectRefused([&json] { talliesFrom(json, known); }, told);
+    expectRefused([&json] { talliesFrom(json, bothSubjects); }, told);
 }
 
 } // namespace
@@ -93,12 +93,12 @@ TEST(AFileOfTallies, IsReadAsItWasWritten)
         const Settings settings = randomSettings(dice);
         Tallies tallies;
         for (int n = dice.bounded(1, 4); n > 0; --n)
-            tallies.parishes.push_back(counted(QString::number(n), settings));
+            tallies.parishes.push_back(countedIn(QString::number(n), settings));
         tallies.bySubject[ages.id] = randomTally(dice, 3);
         tallies.bySubject[deaths.id] = randomTally(dice, 2);
-        const QByteArray json = jsonOf(tallies, known);
-        EXPECT_EQ(talliesFrom(json, known), tallies) << json.constData();
-        EXPECT_EQ(jsonOf(talliesFrom(json, known), known), json);
+        const QByteArray json = jsonOf(tallies, bothSubjects);
+        EXPECT_EQ(talliesFrom(json, bothSubjects), tallies) << json.constData();
+        EXPECT_EQ(jsonOf(talliesFrom(json, bothSubjects), bothSubjects), json);
     }
 }
 
@@ -109,12 +109,12 @@ TEST(AFileOfTallies, HoldsWhatIsAtTheLimits)
                                      1'000'000'000'000);
     tallies.bySubject[deaths.id].add({1, {}}, -5);
     tallies.parishes[0].source = {};
-    EXPECT_EQ(talliesFrom(jsonOf(tallies, known), known), tallies);
+    EXPECT_EQ(talliesFrom(jsonOf(tallies, bothSubjects), bothSubjects), tallies);
 }
 
 TEST(AFileOfTallies, NamesItsCounts)
 {
-    const QByteArray json = jsonOf(small(), known);
+    const QByteArray json = jsonOf(small(), bothSubjects);
     EXPECT_TRUE(
         json.contains(R"("idade-ao-casamento":{"homens":[[[1750,2460,0,0],3]],"sem_nascimento":[[[1750,0,0,0],1]]})"))
         << json.constData();
@@ -128,7 +128,7 @@ TEST(AFileOfTallies, FollowsItsNamesWhereTheCountsStandOtherwise)
     Subject moved = ages;
     moved.counts = later;
     const std::vector<const Subject*> knownLater{&moved, &deaths};
-    const Tallies read = talliesFrom(jsonOf(small(), known), knownLater);
+    const Tallies read = talliesFrom(jsonOf(small(), bothSubjects), knownLater);
     EXPECT_EQ((read.bySubject.at(ages.id)[{2, {1750, 2460}}]), 3);
     EXPECT_EQ((read.bySubject.at(ages.id)[{0, {1750}}]), 1);
 }
@@ -137,24 +137,24 @@ TEST(AFileOfTallies, IsNotWrittenOfWhatNobodyKnows)
 {
     Tallies tallies = small();
     tallies.bySubject[ages.id].add({3, {}}, 1);
-    expectRefused([&] { jsonOf(tallies, known); }, "não tem a contagem n.º 3");
-    expectRefused([&] { jsonOf(small(), std::span(known).subspan(1)); }, "Não há o tema \"idade-ao-casamento\"");
+    expectRefused([&] { jsonOf(tallies, bothSubjects); }, "não tem a contagem n.º 3");
+    expectRefused([&] { jsonOf(small(), std::span(bothSubjects).subspan(1)); }, "Não há o tema \"idade-ao-casamento\"");
 }
 
 TEST(AFileOfTallies, OfAnotherKindIsRefused)
 {
     for (const char* none : {"", "{}", "[]", "{\"formato\": 1}", "PK\x03\x04", "{\"formato\":\"orv-contagens\""})
-        expectRefused(QByteArray(none), "não é um ficheiro de contagens");
-    expectRefused(with("orv-contagens", "outro"), "não é um ficheiro de contagens");
-    expectRefused(QByteArray(100'000, '['), "não é um ficheiro de contagens");
+        expectTalliesRefused(QByteArray(none), "não é um ficheiro de contagens");
+    expectTalliesRefused(with("orv-contagens", "outro"), "não é um ficheiro de contagens");
+    expectTalliesRefused(QByteArray(100'000, '['), "não é um ficheiro de contagens");
 }
 
 TEST(AFileOfTallies, OfALaterVersionIsRefused)
 {
-    expectRefused(with(R"("versao":1)", R"("versao":2)"), "da versão 2, que este programa ainda não conhece");
-    expectRefused(with(R"("versao":1)", R"("versao":"1")"), "a versão não é um número");
-    expectRefused(with(R"("versao":1)", R"("versao":0)"), "a versão não é um número");
-    expectRefused(with(R"("versao":1)", R"("x":1)"), "falta \"versao\"");
+    expectTalliesRefused(with(R"("versao":1)", R"("versao":2)"), "da versão 2, que este programa ainda não conhece");
+    expectTalliesRefused(with(R"("versao":1)", R"("versao":"1")"), "a versão não é um número");
+    expectTalliesRefused(with(R"("versao":1)", R"("versao":0)"), "a versão não é um número");
+    expectTalliesRefused(with(R"("versao":1)", R"("x":1)"), "falta \"versao\"");
 }
 
 TEST(AFileOfTallies, ThatIsDamagedIsRefused)
@@ -165,25 +165,25 @@ TEST(AFileOfTallies, ThatIsDamagedIsRefused)
           "[[1750,2460,0,0],3.5]", "[[1750,2460,0,0],\"3\"]", "[[1750,2460,0,\"\"],3]", "[[2147483648,0,0,0],3]",
           "[[-2147483647,0,0,0],3]", "[[1750,0,0,0],9223372036854775807]", "[[1750,0,0,0],18446744073709551615]", "7",
           "null", "[[1750,2460,0,0],3],[[1750,2460,0,0],3]"})
-        expectRefused(with(cell, damaged), "danificado: \"homens\" do tema \"idade-ao-casamento\"");
-    expectRefused(with("[" + cell + "]", "{}"), "danificado: \"homens\"");
-    expectRefused(with(R"("mortalidade":{})", R"("mortalidade":[])"), "o tema \"mortalidade\" não é um objecto");
-    expectRefused(with(R"("temas":{)", R"("temas":[],"x":{)"), "\"temas\" não é um objecto");
-    expectRefused(with(R"("temas")", R"("x")"), "falta \"temas\"");
-    expectRefused(with(R"("bytes":123456789012)", R"("bytes":-1)"), "o tamanho");
-    expectRefused(with(R"("lido":"2)", R"("lido":"x2)"), "a hora");
-    expectRefused(with(R"("sha256":"ab12")", R"("sha256":12)"), "\"sha256\" não é um texto");
-    expectRefused(with(R"("ajustes":{)", R"("ajustes":7,"x":{)"), "não são os ajustes");
-    expectRefused(with(R"(_movel":9)", R"(_movel":8)"), "\"media_movel\"");
-    expectRefused(with(R"("freguesias":[{)", R"("freguesias":[],"x":[{)"), "de que freguesias");
-    expectRefused(with(R"("freguesias":[{)", R"("freguesias":[1,{)"), "uma freguesia não é um objecto");
+        expectTalliesRefused(with(cell, damaged), "danificado: \"homens\" do tema \"idade-ao-casamento\"");
+    expectTalliesRefused(with("[" + cell + "]", "{}"), "danificado: \"homens\"");
+    expectTalliesRefused(with(R"("mortalidade":{})", R"("mortalidade":[])"), "o tema \"mortalidade\" não é um objecto");
+    expectTalliesRefused(with(R"("temas":{)", R"("temas":[],"x":{)"), "\"temas\" não é um objecto");
+    expectTalliesRefused(with(R"("temas")", R"("x")"), "falta \"temas\"");
+    expectTalliesRefused(with(R"("bytes":123456789012)", R"("bytes":-1)"), "o tamanho");
+    expectTalliesRefused(with(R"("lido":"2)", R"("lido":"x2)"), "a hora");
+    expectTalliesRefused(with(R"("sha256":"ab12")", R"("sha256":12)"), "\"sha256\" não é um texto");
+    expectTalliesRefused(with(R"("ajustes":{)", R"("ajustes":7,"x":{)"), "não são os ajustes");
+    expectTalliesRefused(with(R"(_movel":9)", R"(_movel":8)"), "\"media_movel\"");
+    expectTalliesRefused(with(R"("freguesias":[{)", R"("freguesias":[],"x":[{)"), "de que freguesias");
+    expectTalliesRefused(with(R"("freguesias":[{)", R"("freguesias":[1,{)"), "uma freguesia não é um objecto");
 }
 
 TEST(AFileOfTallies, WithUnknownSubjectsOrCountsIsRefused)
 {
-    expectRefused(with("mortalidade", "outro-tema"), "um tema desconhecido: \"outro-tema\"");
-    expectRefused(with("homens", "marcianos"),
-                  "uma contagem desconhecida: \"marcianos\" do tema \"idade-ao-casamento\"");
+    expectTalliesRefused(with("mortalidade", "outro-tema"), "um tema desconhecido: \"outro-tema\"");
+    expectTalliesRefused(with("homens", "marcianos"),
+                         "uma contagem desconhecida: \"marcianos\" do tema \"idade-ao-casamento\"");
 }
 
 TEST(TalliesOfTwoParishes, AddUp)
@@ -195,7 +195,7 @@ TEST(TalliesOfTwoParishes, AddUp)
     EXPECT_EQ(sum.parishes[1].source.sha256, "cd34");
     EXPECT_EQ((sum.bySubject.at(ages.id)[{0, {1750, 2460}}]), 6);
     EXPECT_EQ((sum.bySubject.at(deaths.id)[{0, {1800}}]), 7);
-    EXPECT_EQ(talliesFrom(jsonOf(sum, known), known), sum);
+    EXPECT_EQ(talliesFrom(jsonOf(sum, bothSubjects), bothSubjects), sum);
 }
 
 TEST(TalliesOfTwoParishes, OfOtherSettingsAreNotJoined)
@@ -206,8 +206,8 @@ TEST(TalliesOfTwoParishes, OfOtherSettingsAreNotJoined)
     expectRefused([&] { joined(small(), small("cd34", settings)); },
                   "ajustes diferentes (anos de cada coorte ou período; o óbito de um casado termina a união)");
     Tallies both = small();
-    both.parishes.push_back(counted("cd34", settings));
-    expectRefused(jsonOf(both, known), "ajustes diferentes");
+    both.parishes.push_back(countedIn("cd34", settings));
+    expectTalliesRefused(jsonOf(both, bothSubjects), "ajustes diferentes");
 }
 
 TEST(TalliesOfTwoParishes, OfTheSameFileAreNotJoined)

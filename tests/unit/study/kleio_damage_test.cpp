@@ -9,7 +9,7 @@ using namespace study;
 namespace {
 
 const QByteArray bookHead = "kleio$x\nfonte$b1\n";
-const QByteArray child = " n$ana/f/id=p1\n";
+const QByteArray childLine = " n$ana/f/id=p1\n";
 
 // "4: why" of every problem; an error has a "!" before it.
 QStringList problemsOf(const QByteArray& file)
@@ -23,12 +23,12 @@ QStringList problemsOf(const QByteArray& file)
 
 TEST(KleioDamage, IsRefusedWithLineAndReason)
 {
-    const QByteArray act = "bap$a/1/1/1700\n" + child;
+    const QByteArray act = "bap$a/1/1/1700\n" + childLine;
     EXPECT_EQ(problemsOf(bookHead + act + " pai$rui/obs=\"\"\"nunca acaba\n n$x\n"),
               QStringList("!5: O texto entre três aspas que aqui começa não acaba."));
     EXPECT_EQ(problemsOf("kleio$x\nfonte$b1\n"), QStringList("!0: O ficheiro não tem nenhum acto em notação Kleio."));
     EXPECT_EQ(problemsOf("olá\n" + bookHead + act), QStringList("!1: Há texto antes do primeiro grupo: olá"));
-    EXPECT_EQ(problemsOf(bookHead + child + act), QStringList("!3: O grupo \"n$\" não pertence a nenhum acto."));
+    EXPECT_EQ(problemsOf(bookHead + childLine + act), QStringList("!3: O grupo \"n$\" não pertence a nenhum acto."));
     EXPECT_EQ(problemsOf(bookHead + "ls$ec/s\n" + act), QStringList("!3: O grupo \"ls$\" não pertence a nenhum acto."));
     EXPECT_EQ(problemsOf(bookHead + act + QByteArray("\0", 1)),
               QStringList("!5: O ficheiro não é de texto: tem caracteres nulos."));
@@ -38,43 +38,43 @@ TEST(KleioDamage, IsRefusedWithLineAndReason)
 TEST(KleioDamage, OfRealFilesIsTakenAsItIsAndTold)
 {
     const auto told = [](const QByteArray& rest) { return problemsOf(bookHead + rest); };
-    EXPECT_EQ(told("bap$a/31/9/1702\n" + child), QStringList("3: A data 31/09/1702 não existe."));
-    EXPECT_EQ(told("bap$a/29/2/1701\n" + child), QStringList("3: A data 29/02/1701 não existe."));
-    EXPECT_EQ(told("bap$a/0/0/1702\n" + child), QStringList());
-    EXPECT_EQ(told("bap$a/1/1/17020\n" + child), QStringList("3: A data 01/01/17020 não existe."));
-    EXPECT_EQ(told("bap$a\n" + child), QStringList("3: O acto não tem data."));
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + "bap$a/2/1/1702\n" + child),
+    EXPECT_EQ(told("bap$a/31/9/1702\n" + childLine), QStringList("3: A data 31/09/1702 não existe."));
+    EXPECT_EQ(told("bap$a/29/2/1701\n" + childLine), QStringList("3: A data 29/02/1701 não existe."));
+    EXPECT_EQ(told("bap$a/0/0/1702\n" + childLine), QStringList());
+    EXPECT_EQ(told("bap$a/1/1/17020\n" + childLine), QStringList("3: A data 01/01/17020 não existe."));
+    EXPECT_EQ(told("bap$a\n" + childLine), QStringList("3: O acto não tem data."));
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + "bap$a/2/1/1702\n" + childLine),
               (QStringList{"5: O id \"a\" aparece duas vezes.", "6: O id \"p1\" aparece duas vezes."}));
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + " rel$parentesco/tio/x/p9\n"),
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + " rel$parentesco/tio/x/p9\n"),
               QStringList("5: A relação leva ao id \"p9\", que ninguém tem."));
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + " pai$rui/mesmo_que=p9\n"),
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + " pai$rui/mesmo_que=p9\n"),
               QStringList("5: O id \"p9\" de \"mesmo_que\" não existe no ficheiro."));
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + " pai$?/m\n"), QStringList("5: Há uma pessoa sem nome."));
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + " ppad$rui\n"),
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + " pai$?/m\n"), QStringList("5: Há uma pessoa sem nome."));
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + " ppad$rui\n"),
               QStringList("5: Falta a pessoa a quem pertence o grupo \"ppad$\"."));
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + child.toUpper().replace("P1", "p2")),
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + childLine.toUpper().replace("P1", "p2")),
               QStringList("3: O acto tem duas pessoas com o mesmo papel principal."));
-    EXPECT_EQ(told("bap$a/1/1/1702/fol.3/sé/padre rui\n" + child + " celebrante$Padre Rui\n"),
+    EXPECT_EQ(told("bap$a/1/1/1702/fol.3/sé/padre rui\n" + childLine + " celebrante$Padre Rui\n"),
               QStringList("5: O celebrante aparece duas vezes no mesmo acto."));
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + " ls$ec/s\n ls$ec/c\n"),
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + " ls$ec/s\n ls$ec/c\n"),
               QStringList("6: \"ec\" aparece duas vezes com valores diferentes."));
     EXPECT_EQ(told("bap$a/1/1/1702\n n$\"ana/f\n"), QStringList("4: Há aspas que não fecham; ficam como estão."));
-    EXPECT_EQ(problemsOf("bap$a/1/1/1702\n" + child),
+    EXPECT_EQ(problemsOf("bap$a/1/1/1702\n" + childLine),
               (QStringList{"0: Falta a linha \"kleio$\" no princípio do ficheiro.",
                            "1: Há actos antes de qualquer grupo \"fonte$\"; ficam sem livro."}));
 }
 
 TEST(KleioDamage, OfAHeadTakesNoNumberForAPlaceOrAPriest)
 {
-    const Transcript yearFirst = readKleio(bookHead + "bap$a/1702/2/14/igreja\n" + child);
+    const Transcript yearFirst = readKleio(bookHead + "bap$a/1702/2/14/igreja\n" + childLine);
     EXPECT_EQ(yearFirst.acts.first().act.date, PartialDate{.year = 1702});
     EXPECT_EQ(yearFirst.acts.first().act.place.value, "igreja");
     EXPECT_EQ(yearFirst.acts.first().act.notes, "2\n14");
     EXPECT_EQ(yearFirst.acts.first().act.people.size(), 1);
-    EXPECT_EQ(problemsOf(bookHead + "bap$a/1702/2/14\n" + child),
+    EXPECT_EQ(problemsOf(bookHead + "bap$a/1702/2/14\n" + childLine),
               (QStringList{"3: \"2\" não é data, fólio, lugar nem padre; fica nas notas do acto.",
                            "3: \"14\" não é data, fólio, lugar nem padre; fica nas notas do acto."}));
-    const Transcript tooShort = readKleio(bookHead + "bap$a/1/2\n" + child);
+    const Transcript tooShort = readKleio(bookHead + "bap$a/1/2\n" + childLine);
     EXPECT_EQ(tooShort.acts.first().act.date, PartialDate{}) << "no year 1";
     EXPECT_EQ(tooShort.problems.size(), 3);
 }
@@ -82,8 +82,8 @@ TEST(KleioDamage, OfAHeadTakesNoNumberForAPlaceOrAPriest)
 TEST(KleioDamage, OfRelativesIsTold)
 {
     const auto told = [](const QByteArray& act) { return problemsOf(bookHead + act); };
-    EXPECT_EQ(told("bap$a/1/1/1702\n" + child + "  pai$rui\n  pn$gil\n"), QStringList("3: Há dois pais de ana."));
-    EXPECT_EQ(told("o$a/1/1/1702\n" + child + "  marido$rui\n  mulher$eva\n"),
+    EXPECT_EQ(told("bap$a/1/1/1702\n" + childLine + "  pai$rui\n  pn$gil\n"), QStringList("3: Há dois pais de ana."));
+    EXPECT_EQ(told("o$a/1/1/1702\n" + childLine + "  marido$rui\n  mulher$eva\n"),
               (QStringList{"3: Há dois cônjuges de ana no mesmo lugar.", "3: ana e o seu cônjuge são do mesmo sexo."}));
     EXPECT_EQ(told("c$a/1/1/1702\n noivo$rui\n noiva$ana\n  marido1$gil\n  marido1$tome\n"),
               QStringList("3: Há dois cônjuges de ana no mesmo lugar."));
@@ -93,7 +93,7 @@ TEST(KleioDamage, OfRelativesIsTold)
 TEST(KleioDamage, LeavesNothingOutOfAnAct)
 {
     const Transcript read =
-        readKleio(bookHead + "bap$a/1/1/1702\n xpto$1/x=2\n" + child + " bispo$dom rui/m\n ppad$gil\n");
+        readKleio(bookHead + "bap$a/1/1/1702\n xpto$1/x=2\n" + childLine + " bispo$dom rui/m\n ppad$gil\n");
     EXPECT_EQ(read.unknownParts, (QMap<QString, int>{{"xpto", 1}, {"bispo", 1}}));
     const Act act = read.acts.value(0).act;
     EXPECT_EQ(act.notes, "xpto$1/x=2");
@@ -104,7 +104,7 @@ TEST(KleioDamage, LeavesNothingOutOfAnAct)
 
 TEST(KleioDamage, OfAnActOfAnotherKindStaysWithTheBook)
 {
-    const Transcript read = readKleio(bookHead + "bap$a/1/1/1702\n" + child +
+    const Transcript read = readKleio(bookHead + "bap$a/1/1/1702\n" + childLine +
                                       "crisma$c/2/1/1702\n n$rui\n  ls$ec/s\nbap$b/3/1/1702\n" + " n$eva/f\n");
     ASSERT_EQ(read.acts.size(), 2);
     EXPECT_EQ(read.acts[0].act.people.size(), 1);

@@ -6,17 +6,17 @@ using namespace study;
 
 namespace {
 
-const QByteArray bookHead = "kleio$gacto2.str/translations=3\n fonte$b1702/1702/paroquiais/obs=folhas soltas\n";
+const QByteArray headOf1702 = "kleio$gacto2.str/translations=3\n fonte$b1702/1702/paroquiais/obs=folhas soltas\n";
 
 Act only(const QByteArray& text)
 {
-    const Transcript read = readKleio(bookHead + text);
+    const Transcript read = readKleio(headOf1702 + text);
     EXPECT_FALSE(read.isDamaged());
     EXPECT_EQ(read.acts.size(), 1);
     return read.acts.value(0).act;
 }
 
-std::string names(const Act& act)
+std::string namesByRole(const Act& act)
 {
     QStringList all;
     for (int person = 0; person < act.people.size(); ++person)
@@ -24,7 +24,7 @@ std::string names(const Act& act)
     return all.join(", ").toStdString();
 }
 
-const QByteArray baptism = R"(   bap$b1702.7/14/2/1702/fol.9v/igreja matriz/padre antonio dias
+const QByteArray baptismOf1702 = R"(   bap$b1702.7/14/2/1702/fol.9v/igreja matriz/padre antonio dias
          n$josefa/f/id=b1702.7-per1
             pai$bento alvares%Bento Alvez/m/id=b1702.7-per2
                ls$residencia/outeiro#abaixo da fonte
@@ -40,14 +40,14 @@ const QByteArray baptism = R"(   bap$b1702.7/14/2/1702/fol.9v/igreja matriz/padr
 
 TEST(KleioGroups, MakeABaptismOfItsHeadAndPeople)
 {
-    const Act act = only(baptism);
+    const Act act = only(baptismOf1702);
     EXPECT_EQ(act.kind, ActKind::Baptism);
     EXPECT_EQ(act.date, (PartialDate{.year = 1702, .month = 2, .day = 14}));
     EXPECT_EQ(act.book, "b1702");
     EXPECT_EQ(act.folio, "9v");
     EXPECT_EQ(act.place.value, "igreja matriz");
     EXPECT_EQ(act.id, "b1702.7");
-    EXPECT_EQ(names(act),
+    EXPECT_EQ(namesByRole(act),
               "celebrante padre antonio dias, baptizada josefa, pai bento alvares, mãe catarina, padrinho luis, "
               "pai do padrinho gregorio simoes, madrinha maria da cruz, marido da madrinha domingos pires");
     EXPECT_EQ(act.people[2].name.source, "Bento Alvez");
@@ -66,14 +66,14 @@ TEST(KleioGroups, MakeABaptismOfItsHeadAndPeople)
 
 TEST(KleioGroups, AreMatchedWhateverTheirCaseAndAccents)
 {
-    QByteArray shouted = baptism;
+    QByteArray shouted = baptismOf1702;
     for (const char* name : {"bap$", "n$", "pai$", "mae$", "pad$", "ls$", "rel$", "ppad$", "mad$", "mrmad$"})
         shouted.replace(QByteArray(" ") + name, " " + QByteArray(name).toUpper());
     shouted.replace("LS$residencia", "LS$Residência")
         .replace("LS$profissao", "LS$PROFISSÃO")
         .replace("MAE$", "Mãe$")
         .replace("id=", "ID=");
-    EXPECT_EQ(only(shouted), only(baptism));
+    EXPECT_EQ(only(shouted), only(baptismOf1702));
 }
 
 TEST(KleioGroups, OfAMarriageNameTheCoupleTheirParentsAndEarlierSpouses)
@@ -92,7 +92,7 @@ TEST(KleioGroups, OfAMarriageNameTheCoupleTheirParentsAndEarlierSpouses)
       test$gil/m
       test$nuno/m
 )");
-    EXPECT_EQ(names(act),
+    EXPECT_EQ(namesByRole(act),
               "noivo joao, pai do noivo pedro, mãe do noivo ana, mulher anterior do noivo rita, pai da mulher "
               "anterior do noivo rui, mulher anterior do noivo eva, noiva maria, pai da noiva jose, mãe da noiva "
               "luisa, marido anterior da noiva tome, testemunha gil, testemunha nuno");
@@ -120,7 +120,7 @@ TEST(KleioGroups, OfABurialTellWhatWasDone)
 )");
     EXPECT_EQ(act.kind, ActKind::Burial);
     EXPECT_EQ(act.date, (PartialDate{.year = 1698}));
-    EXPECT_EQ(names(act),
+    EXPECT_EQ(namesByRole(act),
               "celebrante padre rui, defunto ana, marido gil, pai bento, mãe eva, referido do defunto tome");
     EXPECT_EQ(toldValue(act.facts, attribute::grave), "adro");
     EXPECT_EQ(toldValue(act.facts, attribute::deathPlace), "fonte de cima");
@@ -135,7 +135,7 @@ TEST(KleioGroups, PlaceRelativesAtAnyDepth)
 {
     const Act act = only("   b$x/1/1/1700\n n$a/m\n pai$b\n ppai$c\n mppai$d\n pad$e\n mpad$f\n mrmpad$g\n mad$h\n"
                          " procurador-mad$i\n pprocurador-mad$j\n");
-    EXPECT_EQ(names(act),
+    EXPECT_EQ(namesByRole(act),
               "baptizado a, pai b, avô paterno c, mãe do avô paterno d, padrinho e, mãe do padrinho f, marido da "
               "mãe do padrinho g, madrinha h, procurador da madrinha i, pai do procurador da madrinha j");
 }
@@ -144,7 +144,7 @@ TEST(KleioGroups, BelongByTheirNameFirst)
 {
     // Indented without care: by the columns, the godmother's husband would be hers who stands above.
     const Act act = only("   b$x/1/1/1700\n      n$a/f\n mad$b\n            pad$c\n mrmad$d\n         ppad$e\n");
-    EXPECT_EQ(names(act), "baptizada a, madrinha b, padrinho c, marido da madrinha d, pai do padrinho e");
+    EXPECT_EQ(namesByRole(act), "baptizada a, madrinha b, padrinho c, marido da madrinha d, pai do padrinho e");
 }
 
 TEST(KleioGroups, BelongByTheIndentationWhereSeveralArePossible)
@@ -152,7 +152,7 @@ TEST(KleioGroups, BelongByTheIndentationWhereSeveralArePossible)
     const Act act =
         only("   b$x/1/1/1700\n      n$a/f\n      pad$b\n         referido$c\n      pad$d\n      referido$e\n"
              "         referida$f\n");
-    EXPECT_EQ(names(act),
+    EXPECT_EQ(namesByRole(act),
               "baptizada a, padrinho b, referido do padrinho c, padrinho d, referido e, referida do referido f");
 }
 
@@ -180,7 +180,7 @@ TEST(KleioGroups, MayNameTheirElementsInTwoWays)
         only("   bap$x/1/1/1700/local__igreja/celebrante=padre rui;cura gil/folio=12\n n$nome=ana/sexo=f/obs=a; b\n");
     EXPECT_EQ(act.place.value, "igreja");
     EXPECT_EQ(act.folio, "12");
-    EXPECT_EQ(names(act), "celebrante padre rui, celebrante cura gil, baptizada ana");
+    EXPECT_EQ(namesByRole(act), "celebrante padre rui, celebrante cura gil, baptizada ana");
     EXPECT_EQ(act.people[2].notes, "a; b");
 }
 
@@ -192,7 +192,7 @@ TEST(KleioGroups, TakeFolioPlaceAndPriestInAnyOrder)
         const Act act = only("   bap$x/1/1/1700/" + QByteArray(order) + "\n n$a/m\n");
         EXPECT_EQ(act.folio, "9v") << order;
         EXPECT_TRUE(act.place.value == "igreja" || act.place.value == "vila") << order;
-        EXPECT_EQ(names(act), "celebrante padre rui, baptizado a") << order;
+        EXPECT_EQ(namesByRole(act), "celebrante padre rui, baptizado a") << order;
     }
 }
 
@@ -207,7 +207,7 @@ TEST(KleioGroups, TakeFoliosHoweverTheyAreMarked)
     const Act two = only("   bap$x/1/1/1700/fol.3;4v\n n$a/m\n");
     EXPECT_EQ(two.folio, "3");
     EXPECT_EQ(two.notes, "fol.3;4v");
-    EXPECT_EQ(names(two), "baptizado a");
+    EXPECT_EQ(namesByRole(two), "baptizado a");
     EXPECT_EQ(only("   bap$x/1/1/1700/fonte\n n$a/m\n").place.value, "fonte");
 }
 
@@ -219,7 +219,7 @@ TEST(KleioGroups, TakeAChurchForThePlaceAndWhoIsBesideItForThePriest)
         const Act act = only("   bap$x/1/1/1700/" + QByteArray(order) + "\n n$a/m\n");
         EXPECT_FALSE(act.place.value.contains("antonio")) << order;
         EXPECT_FALSE(act.place.isEmpty()) << order;
-        EXPECT_NE(names(act).find("antonio"), std::string::npos) << order;
+        EXPECT_NE(namesByRole(act).find("antonio"), std::string::npos) << order;
     }
 }
 

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-using namespace study;
+namespace study {
 
 namespace {
 
@@ -420,3 +420,5 @@ TEST(Titles, AreOneHoweverTheyAreSpelled)
     EXPECT_EQ(study::titleKeys("Conde de Abrantes"), (QStringList{"conde", "abrantes"}));
     EXPECT_EQ(study::titleKeys(" "), QStringList());
 }
+
+} // namespace study

@@ -10,8 +10,6 @@
 
 namespace study {
 
-inline const QDate day(1702, 2, 14);
-
 class Objected : public SmallParish
 {
 protected:
@@ -25,13 +23,13 @@ protected:
 
     static Telling baptism()
     {
-        Telling told = Telling::of(ActKind::Baptism, day);
+        Telling told = Telling::of(ActKind::Baptism, actDay);
         told.isNew(Role::Child, "Maria");
         return told;
     }
     static Telling marriage(qint64 groom, qint64 bride)
     {
-        Telling told = Telling::of(ActKind::Marriage, day);
+        Telling told = Telling::of(ActKind::Marriage, actDay);
         told.known(Role::Groom, groom);
         told.known(Role::Bride, bride);
         return told;

@@ -6,8 +6,6 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class ObjectionsToCouples : public SmallParish
 {
 protected:
@@ -28,7 +26,7 @@ TEST_F(AnOverruling, HoldsForThePersonTheNumberAndTheDateItWasGivenFor)
         return person(name, "m", {{"dataobito", QDate(1690, 1, 1)}, {"dobitofixa", true}});
     };
     const qint64 rui = dead("Rui"), gil = dead("Gil");
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.isNew(Role::Child, "Maria");
     told.known(Role::Godfather, rui);
     told.overrule("morto-antes:1");
@@ -45,7 +43,7 @@ TEST_F(AnOverruling, HoldsForThePersonTheNumberAndTheDateItWasGivenFor)
 
 TEST_F(AnOverruling, HoldsForOneNumberOfAnAct)
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.isNew(Role::Child, "Maria");
     storeAct(cnBDP, told.act, told.conclusions);
     told.act.number = "8";
@@ -59,7 +57,7 @@ TEST_F(AnOverruling, HoldsForOneNumberOfAnAct)
 
 TEST_F(AnOverruling, HoldsWhateverNumberSomebodyNewWillGet)
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     const int child = told.isNew(Role::Child, "Maria");
     told.tell(told.isNew(Role::Mother, "Ana", child), attribute::age, "8");
     told.overrule("mae-nova:1");
@@ -71,7 +69,7 @@ TEST_F(ObjectionsToCouples, TellKinAmongTheParentsOfAChild)
 {
     const qint64 old = person("Gil", "m"), theirs = family({old, person("Eva", "f")});
     const qint64 rui = born("Rui", "m", theirs), ana = born("Ana", "f", theirs);
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     const int child = told.isNew(Role::Child, "Maria");
     const int father = told.known(Role::Father, rui, child), mother = told.known(Role::Mother, ana, child);
     EXPECT_EQ(objectionsOf(told.plan()), QStringList(QString("parentes:%1").arg(mother)));
@@ -79,7 +77,7 @@ TEST_F(ObjectionsToCouples, TellKinAmongTheParentsOfAChild)
     EXPECT_EQ(objectionsOf(told.plan()), QStringList("parentes:2")) << "who is her father";
     told.conclusions.people[father].nind = person("Zé", "m");
     EXPECT_EQ(objectionsOf(told.plan()), QStringList());
-    Telling burial = Telling::of(ActKind::Burial, day);
+    Telling burial = Telling::of(ActKind::Burial, actDay);
     burial.known(Role::Spouse, ana, burial.known(Role::Deceased, rui));
     EXPECT_EQ(objectionsOf(burial.plan()), QStringList("parentes:1"));
     family({rui, ana});
@@ -90,7 +88,7 @@ TEST_F(ObjectionsToCouples, TellTheCoupleOfTheMarriageAlone)
 {
     const qint64 gil = person("Gil", "m"), eva = person("Eva", "f");
     family({gil, eva}, {{"datacasam", QDate(1680, 1, 1)}, {"dcasamfixa", true}});
-    Telling told = Telling::of(ActKind::Marriage, day);
+    Telling told = Telling::of(ActKind::Marriage, actDay);
     const int groom = told.kept(Role::Groom, "Rui");
     told.isNew(Role::Bride, "Ana");
     told.known(Role::Father, gil, groom);
@@ -102,7 +100,7 @@ TEST_F(ObjectionsToCouples, TellAChildOfTheMotherByAnotherFather)
 {
     const qint64 ana = person("Ana", "f"), first = family({person("Gil", "m"), ana});
     person("Zé", "m", {{"famorig", first}, {"datanasc", QDate(1701, 10, 1)}, {"DnascFixa", true}});
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     const int child = told.isNew(Role::Child, "Maria");
     told.isNew(Role::Father, "Rui", child);
     told.known(Role::Mother, ana, child);
@@ -115,14 +113,14 @@ TEST_F(ObjectionsToCouples, TellAChildOfTheMotherByAnotherFather)
 
 TEST_F(ObjectionsToCouples, TellASecondFatherOfOnePerson)
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     const int child = told.isNew(Role::Child, "Maria");
     told.isNew(Role::Father, "Rui", child);
     const int second = told.isNew(Role::Father, "Gil", child);
     EXPECT_EQ(objectionsOf(told.plan()), QStringList("repetido:2"));
     told.conclusions.people[second].kind = Identity::Kind::Kept;
     EXPECT_EQ(objectionsOf(told.plan()), QStringList());
-    Telling marriage = Telling::of(ActKind::Marriage, day);
+    Telling marriage = Telling::of(ActKind::Marriage, actDay);
     const int groom = marriage.isNew(Role::Groom, "Rui");
     marriage.isNew(Role::Bride, "Ana");
     for (const char* wife : {"Eva", "Inês"})

@@ -8,16 +8,16 @@ using ObjectionsToFamilies = Objected;
 
 TEST_F(ObjectionsToFamilies, TellOfParentsOfAnUnlikelyAge)
 {
-    EXPECT_EQ(against(baptism(), Role::Mother, born(day.addYears(-12).addDays(1)), 0), QStringList("mae-nova:1"));
-    EXPECT_EQ(against(baptism(), Role::Mother, born(day.addYears(-12)), 0), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Mother, born(day.addYears(-56)), 0), QStringList("mae-velha:1"));
-    EXPECT_EQ(against(baptism(), Role::Mother, born(day.addYears(-56).addDays(1)), 0), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Mother, born(day.addYears(-11), false), 0), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Father, born(day.addYears(-14).addDays(1)), 0), QStringList("pai-novo:1"));
-    EXPECT_EQ(against(baptism(), Role::Father, born(day.addYears(-14)), 0), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Father, born(day.addYears(-76)), 0), QStringList("pai-velho:1"));
-    EXPECT_EQ(against(baptism(), Role::Father, born(day.addYears(-76).addDays(1)), 0), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Father, born(day.addDays(1)), 0), QStringList("nascido-depois:1"));
+    EXPECT_EQ(against(baptism(), Role::Mother, born(actDay.addYears(-12).addDays(1)), 0), QStringList("mae-nova:1"));
+    EXPECT_EQ(against(baptism(), Role::Mother, born(actDay.addYears(-12)), 0), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Mother, born(actDay.addYears(-56)), 0), QStringList("mae-velha:1"));
+    EXPECT_EQ(against(baptism(), Role::Mother, born(actDay.addYears(-56).addDays(1)), 0), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Mother, born(actDay.addYears(-11), false), 0), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Father, born(actDay.addYears(-14).addDays(1)), 0), QStringList("pai-novo:1"));
+    EXPECT_EQ(against(baptism(), Role::Father, born(actDay.addYears(-14)), 0), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Father, born(actDay.addYears(-76)), 0), QStringList("pai-velho:1"));
+    EXPECT_EQ(against(baptism(), Role::Father, born(actDay.addYears(-76).addDays(1)), 0), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Father, born(actDay.addDays(1)), 0), QStringList("nascido-depois:1"));
 }
 
 TEST_F(ObjectionsToFamilies, TellOfTheParentsOfThoseWhoAreGrown)
@@ -43,7 +43,7 @@ TEST_F(ObjectionsToFamilies, TellOfChildrenBornTooCloseToEachOther)
     told.known(Role::Father, he, 0);
     told.known(Role::Mother, she, 0);
     const auto apart = [&](int days, bool exact = true) {
-        run("update individuo set datanasc = ?, DnascFixa = ? where nind = ?", {day.addDays(days), exact, other});
+        run("update individuo set datanasc = ?, DnascFixa = ? where nind = ?", {actDay.addDays(days), exact, other});
         return objectionsOf(told.plan());
     };
     EXPECT_EQ(apart(-10), QStringList());
@@ -56,19 +56,19 @@ TEST_F(ObjectionsToFamilies, TellOfChildrenBornTooCloseToEachOther)
 
 TEST_F(ObjectionsToFamilies, TellWhomTheBdpHasBaptisedBuriedOrMarriedAlready)
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
-    EXPECT_EQ(against(told, Role::Child, born(day.addYears(-1))), QStringList("ja-baptizado:0"));
-    EXPECT_EQ(against(told, Role::Child, born(day.addYears(1))), QStringList("ja-baptizado:0"));
-    EXPECT_EQ(against(told, Role::Child, died(day.addDays(-1))), QStringList("morto-antes:0"));
-    EXPECT_EQ(against(told, Role::Child, died(day)), QStringList());
-    Telling burial = Telling::of(ActKind::Burial, day);
-    EXPECT_EQ(against(burial, Role::Deceased, died(day)), QStringList("ja-sepultado:0"));
-    EXPECT_EQ(against(burial, Role::Deceased, born(day)), QStringList());
-    EXPECT_EQ(against(burial, Role::Deceased, born(day.addDays(1))), QStringList("nascido-depois:0"));
+    Telling told = Telling::of(ActKind::Baptism, actDay);
+    EXPECT_EQ(against(told, Role::Child, born(actDay.addYears(-1))), QStringList("ja-baptizado:0"));
+    EXPECT_EQ(against(told, Role::Child, born(actDay.addYears(1))), QStringList("ja-baptizado:0"));
+    EXPECT_EQ(against(told, Role::Child, died(actDay.addDays(-1))), QStringList("morto-antes:0"));
+    EXPECT_EQ(against(told, Role::Child, died(actDay)), QStringList());
+    Telling burial = Telling::of(ActKind::Burial, actDay);
+    EXPECT_EQ(against(burial, Role::Deceased, died(actDay)), QStringList("ja-sepultado:0"));
+    EXPECT_EQ(against(burial, Role::Deceased, born(actDay)), QStringList());
+    EXPECT_EQ(against(burial, Role::Deceased, born(actDay.addDays(1))), QStringList("nascido-depois:0"));
     const qint64 he = person("Rui", "m"), she = person("Ana", "f");
     family({he, she}, {{"sfamilia", "2"}});
     EXPECT_EQ(objectionsOf(marriage(he, she).plan()), QStringList());
-    run("update familia set datacasam = ?", {day});
+    run("update familia set datacasam = ?", {actDay});
     EXPECT_EQ(objectionsOf(marriage(he, she).plan()), QStringList("ja-casados"));
 }
 
@@ -76,7 +76,7 @@ TEST_F(ObjectionsToFamilies, TellOfAnUnlikelyAgeAtMarriage)
 {
     const auto aged = [&](int his, int hers) {
         return objectionsOf(
-            marriage(person("Rui", "m", born(day.addYears(-his))), person("Ana", "f", born(day.addYears(-hers))))
+            marriage(person("Rui", "m", born(actDay.addYears(-his))), person("Ana", "f", born(actDay.addYears(-hers))))
                 .plan());
     };
     EXPECT_EQ(aged(18, 16), QStringList());
@@ -93,17 +93,17 @@ TEST_F(ObjectionsToFamilies, TellOfAnUnlikelyAgeAtMarriage)
 TEST_F(ObjectionsToFamilies, TellOfASpouseWhoLivesStill)
 {
     const qint64 he = person("Rui", "m"), other = person("Eva", "f");
-    family({he, other}, {{"datacasam", day.addYears(-5)}, {"dcasamfixa", true}});
+    family({he, other}, {{"datacasam", actDay.addYears(-5)}, {"dcasamfixa", true}});
     const qint64 she = person("Ana", "f");
     const auto widowed = [&](const QVariant& death) {
         run("update individuo set dataobito = ?, dobitofixa = 1 where nind = ?", {death, other});
         return objectionsOf(marriage(he, she).plan());
     };
     EXPECT_EQ(widowed({}), QStringList());
-    EXPECT_EQ(widowed(day), QStringList());
-    EXPECT_EQ(widowed(day.addDays(1)), QStringList("outro-conjuge-vivo:0"));
-    run("update familia set datacasam = ?", {day.addYears(1)});
-    EXPECT_EQ(widowed(day.addYears(2)), QStringList()) << "a later marriage";
+    EXPECT_EQ(widowed(actDay), QStringList());
+    EXPECT_EQ(widowed(actDay.addDays(1)), QStringList("outro-conjuge-vivo:0"));
+    run("update familia set datacasam = ?", {actDay.addYears(1)});
+    EXPECT_EQ(widowed(actDay.addYears(2)), QStringList()) << "a later marriage";
 }
 
 TEST_F(ObjectionsToFamilies, TellOfAMarriageWithinTheHouse)
@@ -131,7 +131,7 @@ TEST_F(ObjectionsToFamilies, TellOfThePersonWhoIsTwoInOneAct)
     EXPECT_EQ(twice(Role::Mother, 0, Role::Godmother, -1, ana), QStringList("mesma-pessoa:3"));
     EXPECT_EQ(twice(Role::Mother, 1, Role::Godmother, -1, ana), QStringList()) << "the grandmother";
     EXPECT_EQ(twice(Role::Celebrant, -1, Role::Godfather, -1, rui), QStringList());
-    Telling child = Telling::of(ActKind::Baptism, day);
+    Telling child = Telling::of(ActKind::Baptism, actDay);
     child.known(Role::Child, rui);
     child.known(Role::Godfather, rui);
     EXPECT_EQ(objectionsOf(child.plan()), QStringList("mesma-pessoa:1"));
@@ -223,7 +223,7 @@ TEST_F(ObjectionsToFamilies, TellOfAChildThatTheFamilyHasAlready)
     const qint64 child = person("Baltasar Dias", "m", born(QDate(1701, 12, 26)));
     run("update individuo set famorig = ? where nind = ?", {origin, child});
     const auto burialOf = [&](const QString& name, const QString& age) {
-        Telling told = Telling::of(ActKind::Burial, day);
+        Telling told = Telling::of(ActKind::Burial, actDay);
         const int dead = told.isNew(Role::Deceased, name);
         if (!age.isEmpty()) told.tell(dead, attribute::age, age);
         told.known(Role::Father, rui, dead);
@@ -251,13 +251,13 @@ TEST_F(ObjectionsToFamilies, TellOfTheSameBaptismAndOfNoYoungerSisterOfTheName)
         told.known(Role::Mother, ana, 0);
         return objectionsOf(told.plan());
     };
-    EXPECT_EQ(whereSheWasBorn(day.addDays(-2)), QStringList("mesmo-filho:0"));
-    EXPECT_EQ(whereSheWasBorn(day.addYears(-2)), QStringList());
+    EXPECT_EQ(whereSheWasBorn(actDay.addDays(-2)), QStringList("mesmo-filho:0"));
+    EXPECT_EQ(whereSheWasBorn(actDay.addYears(-2)), QStringList());
 }
 
 TEST_F(ObjectionsToFamilies, TellOfSpousesOfOneSex)
 {
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
     const int dead = told.known(Role::Deceased, person("Rui", "m"));
     told.act.people[told.known(Role::Spouse, person("Gil", "m"), dead)].toldSex = Sex::Male;
     EXPECT_EQ(objectionsOf(told.plan()), QStringList("mesmo-sexo:1"));

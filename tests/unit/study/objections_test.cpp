@@ -8,15 +8,15 @@ using Objections = Objected;
 
 TEST(DatesOfTwoEvents, AreComparedByWhatIsKnownOfThem)
 {
-    const DayKnown exact{day, true}, later{day.addDays(1), true}, none;
+    const DayKnown exact{actDay, true}, later{actDay.addDays(1), true}, none;
     EXPECT_TRUE(isBefore(exact, later));
     EXPECT_FALSE(isBefore(exact, exact));
     EXPECT_FALSE(isBefore(exact, later, 1));
     EXPECT_FALSE(isBefore(none, later));
     EXPECT_FALSE(isBefore(exact, none));
-    const DayKnown about{day, false};
-    EXPECT_FALSE(isBefore(about, {day.addYears(1), true}));
-    EXPECT_TRUE(isBefore(about, {day.addYears(1).addDays(1), true}));
+    const DayKnown about{actDay, false};
+    EXPECT_FALSE(isBefore(about, {actDay.addYears(1), true}));
+    EXPECT_TRUE(isBefore(about, {actDay.addYears(1).addDays(1), true}));
     const DayKnown year{QDate(1700, 1, 1), false};
     EXPECT_FALSE(isBefore(year, {QDate(1710, 1, 1), false}));
     EXPECT_TRUE(isBefore(year, {QDate(1711, 1, 1), false}));
@@ -24,11 +24,11 @@ TEST(DatesOfTwoEvents, AreComparedByWhatIsKnownOfThem)
 
 TEST(AgeAtADay, IsCompletedYears)
 {
-    EXPECT_EQ(ageAt({QDate(1690, 2, 14), true}, {day, true})->years, 12);
-    EXPECT_EQ(ageAt({QDate(1690, 2, 15), true}, {day, true})->years, 11);
-    EXPECT_EQ(ageAt({QDate(1703, 1, 1), true}, {day, true})->years, -1);
-    EXPECT_EQ(ageAt({QDate(1690, 2, 15), false}, {day, true})->slack, 1);
-    EXPECT_FALSE(ageAt({}, {day, true}));
+    EXPECT_EQ(ageAt({QDate(1690, 2, 14), true}, {actDay, true})->years, 12);
+    EXPECT_EQ(ageAt({QDate(1690, 2, 15), true}, {actDay, true})->years, 11);
+    EXPECT_EQ(ageAt({QDate(1703, 1, 1), true}, {actDay, true})->years, -1);
+    EXPECT_EQ(ageAt({QDate(1690, 2, 15), false}, {actDay, true})->slack, 1);
+    EXPECT_FALSE(ageAt({}, {actDay, true}));
 }
 
 TEST_F(Objections, AreHardWhereNothingCanBeWritten)
@@ -72,7 +72,7 @@ TEST_F(Objections, AreHardWhereNothingCanBeWritten)
 TEST_F(Objections, LetAnActBeKeptWithoutCards)
 {
     const auto stored = cardRows();
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.act.date = {.year = 1702, .month = 9, .day = 31, .text = "31 de Setembro"};
     told.kept(Role::Child, "");
     told.kept(Role::Father, "José", 0);
@@ -107,7 +107,7 @@ TEST_F(Objections, LetAnActBeKeptWithoutCards)
 
 TEST_F(Objections, OfferTheActAloneWhereANewCardHasNoName)
 {
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
     told.isNew(Role::Deceased, "");
     ASSERT_EQ(objectionsOf(told.plan()), QStringList("sem-nome:0"));
     EXPECT_TRUE(told.plan().objections.first().text.contains("guarda-se o acto sem fichas"));
@@ -165,29 +165,29 @@ TEST_F(Objections, TellOfAnActThatIsThereAlready)
 TEST_F(Objections, TellWhoIsDeadBeforeTheAct)
 {
     for (const Role role : {Role::Godfather, Role::Godmother, Role::Witness, Role::Celebrant}) {
-        EXPECT_EQ(against(baptism(), role, died(day.addDays(-1))), QStringList("morto-antes:1")) << int(role);
-        EXPECT_EQ(against(baptism(), role, died(day)), QStringList()) << int(role);
-        EXPECT_EQ(against(baptism(), role, died(day.addDays(-300), false)), QStringList()) << int(role);
+        EXPECT_EQ(against(baptism(), role, died(actDay.addDays(-1))), QStringList("morto-antes:1")) << int(role);
+        EXPECT_EQ(against(baptism(), role, died(actDay)), QStringList()) << int(role);
+        EXPECT_EQ(against(baptism(), role, died(actDay.addDays(-300), false)), QStringList()) << int(role);
     }
-    EXPECT_EQ(against(baptism(), Role::Father, died(day.addDays(-301)), 0), QStringList("morto-antes:1"));
-    EXPECT_EQ(against(baptism(), Role::Father, died(day.addDays(-300)), 0), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Mother, died(day.addDays(-9)), 0), QStringList("morto-antes:1"));
-    EXPECT_EQ(against(baptism(), Role::Mother, died(day.addDays(-8)), 0), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Father, died(actDay.addDays(-301)), 0), QStringList("morto-antes:1"));
+    EXPECT_EQ(against(baptism(), Role::Father, died(actDay.addDays(-300)), 0), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Mother, died(actDay.addDays(-9)), 0), QStringList("morto-antes:1"));
+    EXPECT_EQ(against(baptism(), Role::Mother, died(actDay.addDays(-8)), 0), QStringList());
     Telling told = baptism();
     const int father = told.isNew(Role::Father, "Rui", 0);
-    EXPECT_EQ(against(told, Role::Father, died(day.addYears(-20)), father), QStringList()) << "a grandfather";
-    EXPECT_EQ(against(baptism(), Role::Mentioned, died(day.addYears(-20))), QStringList());
+    EXPECT_EQ(against(told, Role::Father, died(actDay.addYears(-20)), father), QStringList()) << "a grandfather";
+    EXPECT_EQ(against(baptism(), Role::Mentioned, died(actDay.addYears(-20))), QStringList());
 }
 
 TEST_F(Objections, TellWhoWasNotBornYetOrTooYoung)
 {
-    EXPECT_EQ(against(baptism(), Role::Mentioned, born(day.addDays(1))), QStringList("nascido-depois:1"));
-    EXPECT_EQ(against(baptism(), Role::Mentioned, born(day)), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Godfather, born(day.addYears(-7).addDays(1))), QStringList("novo-de-mais:1"));
-    EXPECT_EQ(against(baptism(), Role::Godfather, born(day.addYears(-7))), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Witness, born(day.addYears(-14).addDays(1))), QStringList("novo-de-mais:1"));
-    EXPECT_EQ(against(baptism(), Role::Witness, born(day.addYears(-14))), QStringList());
-    EXPECT_EQ(against(baptism(), Role::Witness, born(day.addYears(-13), false)), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Mentioned, born(actDay.addDays(1))), QStringList("nascido-depois:1"));
+    EXPECT_EQ(against(baptism(), Role::Mentioned, born(actDay)), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Godfather, born(actDay.addYears(-7).addDays(1))), QStringList("novo-de-mais:1"));
+    EXPECT_EQ(against(baptism(), Role::Godfather, born(actDay.addYears(-7))), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Witness, born(actDay.addYears(-14).addDays(1))), QStringList("novo-de-mais:1"));
+    EXPECT_EQ(against(baptism(), Role::Witness, born(actDay.addYears(-14))), QStringList());
+    EXPECT_EQ(against(baptism(), Role::Witness, born(actDay.addYears(-13), false)), QStringList());
 }
 
 TEST_F(Objections, TellWhoIsOutOfTheWindowOfObservation)

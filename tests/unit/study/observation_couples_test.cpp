@@ -1,4 +1,5 @@
 // Until when a couple whose end nobody knows is seen, and ends that aren't sure.
+#include "study/days.h"
 #include "study/people.h"
 
 #include "study/observation/presence.h"
@@ -13,11 +14,6 @@ using observation::Proof;
 using observation::Union;
 
 namespace {
-
-parish::Date day(int year, int month, int day)
-{
-    return parish::dateOf(QDate(year, month, day), true);
-}
 
 // H is 1 and W is 2, married on 3 February 1760; their three children are born in 1761, 1763 and 1765.
 class ACoupleOfUnknownEnd : public People

@@ -1,21 +1,18 @@
 // Who is seen in the parish from when to when, and what proves it.
+#include "study/days.h"
 #include "study/people.h"
 
 #include "study/observation/presence.h"
 
 #include <memory>
 
-using namespace study;
+namespace study {
+
 using observation::Mark;
 using observation::Presence;
 using observation::Proof;
 
 namespace {
-
-parish::Date day(int year, int month, int day)
-{
-    return parish::dateOf(QDate(year, month, day), true);
-}
 
 class ThePresence : public People
 {
@@ -317,3 +314,5 @@ TEST_F(ThePresence, IsToldInPortuguese)
     for (int proof = 1; proof <= int(Proof::Researcher); ++proof)
         EXPECT_FALSE(told(Proof(proof)).isEmpty());
 }
+
+} // namespace study

@@ -1,5 +1,6 @@
 // Class and end of unions: the table of decisions, and what else tells of an end.
 #include "data/demobdp.h"
+#include "study/days.h"
 #include "study/people.h"
 
 #include "study/observation/unions.h"
@@ -15,11 +16,6 @@ using observation::Union;
 using observation::UnionRules;
 
 namespace {
-
-parish::Date day(int year, int month, int day, bool exact = true)
-{
-    return parish::dateOf(QDate(year, month, day), exact);
-}
 
 class TheUnion : public People
 {

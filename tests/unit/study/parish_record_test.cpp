@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <optional>
 
-using namespace study::parish;
+namespace study::parish {
 
 namespace {
 
@@ -109,3 +109,5 @@ TEST(TwoSheets, OfOneRecordAreTheSameInEveryLine)
     EXPECT_EQ(compared(lines, lines).size(), lines.size());
     EXPECT_EQ(lineOf(compared(lines, {}), "Nome")->mark, Mark::OnlyOne);
 }
+
+} // namespace study::parish

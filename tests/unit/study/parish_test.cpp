@@ -1,34 +1,26 @@
 // A BDP read once into arrays.
+#include "study/days.h"
 #include "study/people.h"
 
 #include "study/parish/snapshot.h"
 
 #include <algorithm>
 
-using namespace study::parish;
-
-namespace {
-
-Date exact(int year, int month, int day)
-{
-    return dateOf(QDate(year, month, day), true);
-}
-
-} // namespace
+namespace study::parish {
 
 TEST(ADateOfAParish, TellsHowSureItIs)
 {
-    EXPECT_EQ(exact(1702, 1, 1).precision, Precision::Exact);
+    EXPECT_EQ(day(1702, 1, 1).precision, Precision::Exact);
     EXPECT_EQ(dateOf(QDate(1702, 1, 1), false).precision, Precision::Year);
     EXPECT_EQ(dateOf(QDate(1702, 1, 2), false).precision, Precision::About);
     EXPECT_FALSE(dateOf({}, true).isKnown());
     EXPECT_EQ(dateOf(QDate(1702, 1, 1), false).middle(), QDate(1702, 7, 1));
-    EXPECT_EQ(exact(1702, 1, 1).middle(), QDate(1702, 1, 1));
+    EXPECT_EQ(day(1702, 1, 1).middle(), QDate(1702, 1, 1));
 }
 
 TEST(ADateOfAParish, IsShownWithItsDoubt)
 {
-    EXPECT_EQ(shown(exact(1702, 2, 14)), "14/02/1702");
+    EXPECT_EQ(shown(day(1702, 2, 14)), "14/02/1702");
     EXPECT_EQ(shown(dateOf(QDate(1702, 2, 14), false)), "cerca de 14/02/1702");
     EXPECT_EQ(shown(dateOf(QDate(1702, 1, 1), false)), "cerca de 1702");
     EXPECT_EQ(shown(Date{}), "");
@@ -36,46 +28,46 @@ TEST(ADateOfAParish, IsShownWithItsDoubt)
 
 TEST(AnAge, IsCompletedByTheCalendar)
 {
-    EXPECT_EQ(completedYears(exact(1700, 3, 10), exact(1720, 3, 9)), 19);
-    EXPECT_EQ(completedYears(exact(1700, 3, 10), exact(1720, 3, 10)), 20);
-    EXPECT_EQ(completedYears(exact(1704, 2, 29), exact(1705, 2, 28)), 0);
-    EXPECT_EQ(completedYears(exact(1704, 2, 29), exact(1705, 3, 1)), 1);
-    EXPECT_EQ(completedYears(exact(1702, 2, 14), exact(1702, 2, 13)), -1);
-    EXPECT_EQ(completedYears(dateOf(QDate(1700, 1, 1), false), exact(1720, 6, 30)), 19);
+    EXPECT_EQ(completedYears(day(1700, 3, 10), day(1720, 3, 9)), 19);
+    EXPECT_EQ(completedYears(day(1700, 3, 10), day(1720, 3, 10)), 20);
+    EXPECT_EQ(completedYears(day(1704, 2, 29), day(1705, 2, 28)), 0);
+    EXPECT_EQ(completedYears(day(1704, 2, 29), day(1705, 3, 1)), 1);
+    EXPECT_EQ(completedYears(day(1702, 2, 14), day(1702, 2, 13)), -1);
+    EXPECT_EQ(completedYears(dateOf(QDate(1700, 1, 1), false), day(1720, 6, 30)), 19);
 }
 
 TEST(AnAge, IsNotTheDaysByAMeanYear)
 {
-    const Date birth = exact(1720, 3, 12);
+    const Date birth = day(1720, 3, 12);
     const auto ages = [](const Date& from, const Date& to) {
         return std::pair(daysBetween(from, to), completedYears(from, to));
     };
-    EXPECT_EQ(ages(birth, exact(1744, 10, 1)), std::pair(8969, 24));
-    EXPECT_EQ(ages(birth, exact(1745, 3, 11)), std::pair(9130, 24));
-    EXPECT_EQ(ages(birth, exact(1745, 3, 12)), std::pair(9131, 25)); // 24.999 by days
-    EXPECT_EQ(ages(birth, exact(1769, 10, 1)), std::pair(18100, 49));
-    EXPECT_EQ(ages(exact(1750, 6, 1), exact(1750, 12, 15)), std::pair(197, 0));
+    EXPECT_EQ(ages(birth, day(1744, 10, 1)), std::pair(8969, 24));
+    EXPECT_EQ(ages(birth, day(1745, 3, 11)), std::pair(9130, 24));
+    EXPECT_EQ(ages(birth, day(1745, 3, 12)), std::pair(9131, 25)); // 24.999 by days
+    EXPECT_EQ(ages(birth, day(1769, 10, 1)), std::pair(18100, 49));
+    EXPECT_EQ(ages(day(1750, 6, 1), day(1750, 12, 15)), std::pair(197, 0));
 }
 
 TEST(AnAge, IsReachedOnABirthday)
 {
-    EXPECT_EQ(birthday(exact(1704, 2, 29), 15), QDate(1719, 3, 1));
-    EXPECT_EQ(birthday(exact(1704, 2, 29), 16), QDate(1720, 2, 29));
-    EXPECT_EQ(birthday(exact(1720, 3, 12), 0), QDate(1720, 3, 12));
+    EXPECT_EQ(birthday(day(1704, 2, 29), 15), QDate(1719, 3, 1));
+    EXPECT_EQ(birthday(day(1704, 2, 29), 16), QDate(1720, 2, 29));
+    EXPECT_EQ(birthday(day(1720, 3, 12), 0), QDate(1720, 3, 12));
     EXPECT_EQ(birthday(dateOf(QDate(1700, 1, 1), false), 20), QDate(1720, 7, 1));
 }
 
 TEST(AnAge, HasThePartOfTheYearThatHasGone)
 {
-    EXPECT_DOUBLE_EQ(exactAge(exact(1701, 1, 1), exact(1703, 1, 1)), 2.0);
-    EXPECT_DOUBLE_EQ(exactAge(exact(1701, 3, 1), exact(1702, 9, 1)), 1 + 184 / 365.0);
-    EXPECT_DOUBLE_EQ(exactAge(exact(1704, 2, 29), exact(1705, 2, 28)), 365 / 366.0);
+    EXPECT_DOUBLE_EQ(exactAge(day(1701, 1, 1), day(1703, 1, 1)), 2.0);
+    EXPECT_DOUBLE_EQ(exactAge(day(1701, 3, 1), day(1702, 9, 1)), 1 + 184 / 365.0);
+    EXPECT_DOUBLE_EQ(exactAge(day(1704, 2, 29), day(1705, 2, 28)), 365 / 366.0);
 }
 
 TEST(AnAge, LacksTheDaysThatTheCalendarLeftOut)
 {
-    EXPECT_DOUBLE_EQ(exactAge(exact(1560, 6, 1), exact(1582, 12, 1)), 22 + 173 / 355.0);
-    EXPECT_DOUBLE_EQ(exactAge(exact(1560, 6, 1), exact(1583, 6, 1)), 23.0);
+    EXPECT_DOUBLE_EQ(exactAge(day(1560, 6, 1), day(1582, 12, 1)), 22 + 173 / 355.0);
+    EXPECT_DOUBLE_EQ(exactAge(day(1560, 6, 1), day(1583, 6, 1)), 23.0);
 }
 
 using ASnapshot = People;
@@ -91,7 +83,7 @@ TEST_F(ASnapshot, HasThePeopleWithTheirColumns)
     const Person& read = *parish.person(PersonNumber(ana));
     EXPECT_EQ(read.name, "Ana Lopes");
     EXPECT_EQ(read.gender, Gender::Female);
-    EXPECT_EQ(read.birth, exact(1702, 2, 14));
+    EXPECT_EQ(read.birth, day(1702, 2, 14));
     EXPECT_EQ(read.death, dateOf(QDate(1760, 5, 1), false));
     EXPECT_EQ(read.birthPlace, (Place{"030301", 'F'}));
     EXPECT_EQ(read.filiation, Code(0));
@@ -154,9 +146,9 @@ TEST_F(ASnapshot, GivesEachTheirOwnRows)
     const qint64 eva = person({"Eva", 'f'});
     const qint64 ana = person({"Ana", 'f', "1730-01-01"});
     const qint64 family = couple(rui, eva, "1720-01-10");
-    const auto assists = [this](const char* kind, qint64 entity, const char* day, qint64 nind, const char* as) {
+    const auto assists = [this](const char* kind, qint64 entity, const char* on, qint64 nind, const char* as) {
         run("insert into assistente (tipoacto, entidade, dataref, nind, tipoassistente) values (?, ?, ?, ?, ?)",
-            {kind, entity, day, nind, as});
+            {kind, entity, on, nind, as});
     };
     assists("b", ana, "1730-01-01", eva, "p");
     assists("b", ana, "1730-01-01", rui, "p");
@@ -295,3 +287,5 @@ TEST_F(ASnapshot, IsGivenUpWhenAsked)
     EXPECT_THROW(Snapshot::read(bdp, [](double) { return false; }), Snapshot::Interrupted);
     EXPECT_EQ(Snapshot::read(bdp, [](double done) { return done > 0 && done <= 1; }).people().size(), 5000U);
 }
+
+} // namespace study::parish

@@ -6,8 +6,6 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class PlanOfAnActThatIsThere : public SmallParish
 {
 };
@@ -26,7 +24,7 @@ void overruleAll(Telling& told)
 TEST_F(PlanOfAnActThatIsThere, DoesNotWriteAssistantsAgain)
 {
     const qint64 maria = person("Maria", "f"), rui = person("Rui", "m");
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.known(Role::Child, maria);
     told.known(Role::Godfather, rui);
     storeAct(cnBDP, told.act, told.conclusions);
@@ -42,7 +40,7 @@ TEST_F(PlanOfAnActThatIsThere, DoesNotWriteAssistantsAgain)
 TEST_F(PlanOfAnActThatIsThere, DoesNotWriteMassesAndHeirsAgain)
 {
     const qint64 eva = person("Eva", "f"), rui = person("Rui", "m");
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
     told.known(Role::Deceased, eva);
     const int heir = told.known(Role::Mentioned, rui);
     told.tell(heir, "herdeiro", "");
@@ -63,7 +61,7 @@ TEST_F(PlanOfAnActThatIsThere, DoesNotWriteMassesAndHeirsAgain)
 TEST_F(PlanOfAnActThatIsThere, LeavesThePlaceOfThePriestWhoIsKeptInTheAct)
 {
     const qint64 gil = person("Gil", "m");
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.isNew(Role::Child, "Maria");
     told.kept(Role::Celebrant, "o vigário");
     told.known(Role::Celebrant, gil);
@@ -75,7 +73,7 @@ TEST_F(PlanOfAnActThatIsThere, AddsTheFunctionOfThePriestWhoStandsThere)
 {
     const qint64 gil = person("Gil", "m");
     const qint64 maria = person("Maria", "f", {{"primpadrebapt", gil}});
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.known(Role::Child, maria);
     told.tell(told.known(Role::Celebrant, gil), attribute::office, "pároco");
     EXPECT_EQ(setTo(told.plan(), "individuo", maria, "funcprimpbapt"), 1);
@@ -88,7 +86,7 @@ TEST_F(PlanOfAnActThatIsThere, AddsTheFunctionOfThePriestWhoStandsThere)
 TEST_F(PlanOfAnActThatIsThere, TakesAPairOfColumnsForOneValue)
 {
     const qint64 eva = person("Eva", "f", {{"localobito", "03030101"}, {"tipolocalobito", "S"}});
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
     told.known(Role::Deceased, eva);
     told.fact(attribute::deathPlace, "outeiro");
     told.conclusions.places["outeiro"] = {.code = "03030101", .level = 'L'};
@@ -103,18 +101,18 @@ TEST_F(PlanOfAnActThatIsThere, TakesAPairOfColumnsForOneValue)
 TEST_F(PlanOfAnActThatIsThere, LetsTheObservationFollowTheDateAsTheCardDoes)
 {
     const qint64 eva = person("Eva", "f", {{"fimobs", QDate(1699, 1, 1)}, {"inicioobs", QDate(1650, 1, 1)}});
-    Telling burial = Telling::of(ActKind::Burial, day);
+    Telling burial = Telling::of(ActKind::Burial, actDay);
     burial.known(Role::Deceased, eva);
-    EXPECT_EQ(setTo(burial.plan(), "individuo", eva, "fimobs"), day);
+    EXPECT_EQ(setTo(burial.plan(), "individuo", eva, "fimobs"), actDay);
     EXPECT_TRUE(burial.plan().sentences.contains("nº 1 Eva: fim de observação em 14/02/1702 (era 01/01/1699)."));
-    Telling baptism = Telling::of(ActKind::Baptism, day);
+    Telling baptism = Telling::of(ActKind::Baptism, actDay);
     baptism.known(Role::Child, eva);
-    EXPECT_EQ(setTo(baptism.plan(), "individuo", eva, "inicioobs"), day);
+    EXPECT_EQ(setTo(baptism.plan(), "individuo", eva, "inicioobs"), actDay);
     const qint64 rui = person("Rui", "m"), theirs = family({rui, eva}, {{"inicioobs", QDate(1690, 1, 1)}});
-    Telling marriage = Telling::of(ActKind::Marriage, day);
+    Telling marriage = Telling::of(ActKind::Marriage, actDay);
     marriage.known(Role::Groom, rui);
     marriage.known(Role::Bride, eva);
-    EXPECT_EQ(setTo(marriage.plan(), "familia", theirs, "inicioobs"), day);
+    EXPECT_EQ(setTo(marriage.plan(), "familia", theirs, "inicioobs"), actDay);
     EXPECT_TRUE(marriage.plan().sentences.contains("Família 1: início de observação em 14/02/1702 (era 01/01/1690)."));
 }
 
@@ -140,7 +138,7 @@ TEST_F(PlanOfAnActThatIsThere, ReadsAQuantityOnlyWhereThereIsOne)
                                          {"2$400", {}},
                                          {"muitas", {}}})
     {
-        Telling told = Telling::of(ActKind::Burial, day);
+        Telling told = Telling::of(ActKind::Burial, actDay);
         told.isNew(Role::Deceased, "Eva");
         told.fact(attribute::alms, text);
         QVariant found;
@@ -152,7 +150,7 @@ TEST_F(PlanOfAnActThatIsThere, ReadsAQuantityOnlyWhereThereIsOne)
 
 TEST_F(PlanOfAnActThatIsThere, TakesNoOtherPlaceForTheOwnParish)
 {
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
     told.isNew(Role::Deceased, "Eva");
     EXPECT_EQ(setTo(told.plan(), "individuo", 1, "localobito"), "030301");
     told.fact(attribute::deathPlace, "Lisboa");
@@ -164,7 +162,7 @@ TEST_F(PlanOfAnActThatIsThere, TakesNoOtherPlaceForTheOwnParish)
 
 TEST_F(PlanOfAnActThatIsThere, MakesAProfessionAsItsEditorDoes)
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     const int child = told.isNew(Role::Child, "Maria");
     told.tell(told.isNew(Role::Father, "Rui", child), attribute::profession, "tamanqueiro");
     told.conclusions.professions["tamanqueiro"] = 0;
@@ -178,7 +176,7 @@ TEST_F(PlanOfAnActThatIsThere, MakesAProfessionAsItsEditorDoes)
 
 TEST_F(WhatAPlanTells, OfTheFamilyIsThatOfWhomTheActIsAbout)
 {
-    Telling foundling = Telling::of(ActKind::Baptism, day);
+    Telling foundling = Telling::of(ActKind::Baptism, actDay);
     foundling.isNew(Role::Child, "Maria");
     const int godmother = foundling.isNew(Role::Godmother, "Ana");
     foundling.isNew(Role::Spouse, "Rui", godmother);
@@ -189,21 +187,21 @@ TEST_F(WhatAPlanTells, OfTheFamilyIsThatOfWhomTheActIsAbout)
     const Plan plan = foundling.plan();
     EXPECT_EQ(plan.family, plan.families.first());
     EXPECT_EQ(setTo(plan, "individuo", 1, "famorig"), double(plan.family));
-    Telling burial = Telling::of(ActKind::Burial, day);
+    Telling burial = Telling::of(ActKind::Burial, actDay);
     burial.isNew(Role::Spouse, "Rui", burial.isNew(Role::Deceased, "Eva"));
     EXPECT_EQ(burial.plan().family, 1);
 }
 
 TEST_F(WhatAPlanTells, ShowsWhatFollowsWhereOneParentIsTold)
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     const int child = told.isNew(Role::Child, "Maria");
     told.isNew(Role::Mother, "Eva", child);
     EXPECT_TRUE(told.plan().sentences.contains("O acto não diz o pai de Maria: toma-se por incógnito."));
     told.tell(child, attribute::filiation, "legítima");
     EXPECT_FALSE(told.plan().sentences.contains("O acto não diz o pai de Maria: toma-se por incógnito."));
 
-    Telling kept = Telling::of(ActKind::Baptism, day);
+    Telling kept = Telling::of(ActKind::Baptism, actDay);
     kept.isNew(Role::Child, "Maria");
     kept.isNew(Role::Mother, "Eva", kept.kept(Role::Godmother, "Ana"));
     EXPECT_TRUE(kept.plan().leftOut.contains("nº 2 Eva (mãe): nada liga esta ficha, porque Ana fica só no acto."))
@@ -214,7 +212,7 @@ TEST_F(UndoOfAnAct, IsRefusedWhereACardHasGivenTheFamilyAChildSince)
 {
     const qint64 rui = person("Rui", "m"), theirs = family({rui});
     const qint64 gil = person("Gil", "m", {{"famorig", theirs}});
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
     const int deceased = told.known(Role::Deceased, gil);
     told.known(Role::Father, rui, deceased);
     told.isNew(Role::Mother, "Ana", deceased);
@@ -235,7 +233,7 @@ TEST_F(PlanOfAnActThatIsThere, LeavesAMarriageThatHasItsDateButAddsWhatItLacks)
     const qint64 rui = person("Rui", "m"), eva = person("Eva", "f"), gil = person("Gil", "m");
     const QDate known(1700, 5, 1);
     const qint64 theirs = family({rui, eva}, {{"datacasam", known}, {"dcasamfixa", true}, {"inicioobs", known}});
-    Telling told = Telling::of(ActKind::Marriage, day);
+    Telling told = Telling::of(ActKind::Marriage, actDay);
     told.known(Role::Groom, rui);
     told.known(Role::Bride, eva);
     told.known(Role::Celebrant, gil);
@@ -254,7 +252,7 @@ TEST_F(PlanOfAnActThatIsThere, LeavesAMarriageThatHasItsDateButAddsWhatItLacks)
 TEST_F(PlanOfAnActThatIsThere, NamesTheProxyWhoIsKnown)
 {
     const qint64 gil = person("Gil Dias", "m");
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.isNew(Role::Child, "Maria");
     const int godfather = told.isNew(Role::Godfather, "Rui");
     told.act.people[told.known(Role::Proxy, gil, godfather)].name = {};
@@ -265,7 +263,7 @@ TEST_F(PlanOfAnActThatIsThere, NamesTheProxyWhoIsKnown)
 
 TEST_F(UndoOfAnAct, LeavesAPlaceAndAProfessionThatOthersUse)
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     const int father = told.isNew(Role::Father, "Rui", told.isNew(Role::Child, "Maria"));
     told.tell(father, attribute::profession, "tamanqueiro");
     told.tell(father, attribute::residence, "Poucapena");

@@ -5,8 +5,6 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class PlanOfAssistants : public SmallParish
 {
 protected:
@@ -26,7 +24,7 @@ protected:
         return {};
     }
 
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     int child, father, mother;
 };
 
@@ -44,7 +42,8 @@ TEST_F(PlanOfAssistants, WritesEachAsItsWindowWould)
     told.kept(Role::Witness, "outro");
     const QList<RowChange> rows = changesOf(told.plan(), "assistente");
     ASSERT_EQ(rows.size(), 2);
-    EXPECT_EQ(rows[0].key, (RowChange::Columns{{"tipoacto", "b"}, {"entidade", 1.0}, {"dataref", day}, {"nind", 4.0}}));
+    EXPECT_EQ(rows[0].key,
+              (RowChange::Columns{{"tipoacto", "b"}, {"entidade", 1.0}, {"dataref", actDay}, {"nind", 4.0}}));
     EXPECT_EQ(rows[0].values, (RowChange::Columns{{"tipoassistente", "p"},
                                                   {"estadocivil", 2},
                                                   {"falecidopai", true},
@@ -83,7 +82,7 @@ TEST_F(PlanOfAssistants, TellsTheKinshipThatIsCertain)
 
 TEST_F(PlanOfAssistants, TellsOfAWitnessToAMarriageWhoseKinItIs)
 {
-    Telling marriage = Telling::of(ActKind::Marriage, day);
+    Telling marriage = Telling::of(ActKind::Marriage, actDay);
     const int groom = marriage.isNew(Role::Groom, "Rui"), bride = marriage.isNew(Role::Bride, "Ana");
     const int hisFather = marriage.isNew(Role::Father, "Gil", groom), witness = marriage.isNew(Role::Witness, "José");
     marriage.act.people[witness].toldSex = Sex::Male;
@@ -91,7 +90,8 @@ TEST_F(PlanOfAssistants, TellsOfAWitnessToAMarriageWhoseKinItIs)
     marriage.relate(witness, "cunhado", bride);
     const QList<RowChange> rows = changesOf(marriage.plan(), "assistente");
     ASSERT_EQ(rows.size(), 1);
-    EXPECT_EQ(rows[0].key, (RowChange::Columns{{"tipoacto", "c"}, {"entidade", 1.0}, {"dataref", day}, {"nind", 4.0}}));
+    EXPECT_EQ(rows[0].key,
+              (RowChange::Columns{{"tipoacto", "c"}, {"entidade", 1.0}, {"dataref", actDay}, {"nind", 4.0}}));
     EXPECT_EQ(rows[0].values, (RowChange::Columns{{"tipoassistente", "t"},
                                                   {"falecidopai", false},
                                                   {"falecidomae", false},
@@ -110,7 +110,7 @@ TEST_F(PlanOfAssistants, PutsThePriestsIntoTheRowOfTheActItself)
     EXPECT_EQ(setTo(baptism, "individuo", 1, "segpadrebapt"), double(baptism.people[second]));
     EXPECT_EQ(setTo(baptism, "individuo", 1, "funcsegpbapt"), 15);
 
-    Telling marriage = Telling::of(ActKind::Marriage, day);
+    Telling marriage = Telling::of(ActKind::Marriage, actDay);
     marriage.isNew(Role::Groom, "Rui");
     marriage.isNew(Role::Bride, "Ana");
     marriage.isNew(Role::Celebrant, "padre João");

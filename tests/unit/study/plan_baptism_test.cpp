@@ -7,11 +7,9 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
-Telling baptism()
+Telling toldBaptism()
 {
-    return Telling::of(ActKind::Baptism, day);
+    return Telling::of(ActKind::Baptism, actDay);
 }
 
 using Columns = RowChange::Columns;
@@ -24,7 +22,7 @@ class PlanOfABaptism : public SmallParish
 
 TEST_F(PlanOfABaptism, MakesAChildAndTheFamilyOfItsParents)
 {
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.isNew(Role::Child, "Maria");
     told.act.people[child].toldSex = Sex::Female;
     told.isNew(Role::Father, "Manuel de Abreu", child);
@@ -40,9 +38,9 @@ TEST_F(PlanOfABaptism, MakesAChildAndTheFamilyOfItsParents)
                     {"sexo", "f"},
                     {"dobitofixa", false},
                     {"famorig", 1.0},
-                    {"datanasc", day},
+                    {"datanasc", actDay},
                     {"DnascFixa", true},
-                    {"inicioobs", day},
+                    {"inicioobs", actDay},
                     {"tipo", "1"},
                     {"localnasc", "030301"},
                     {"tipolocalnasc", "F"},
@@ -72,7 +70,7 @@ TEST_F(PlanOfABaptism, MakesAChildAndTheFamilyOfItsParents)
 
 TEST_F(PlanOfABaptism, StoresWhatItPlans)
 {
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.isNew(Role::Child, "Maria");
     told.isNew(Role::Father, "Manuel de Abreu", child);
     const Plan plan = told.plan();
@@ -86,7 +84,7 @@ TEST_F(PlanOfABaptism, FindsTheFamilyThatBothParentsAreIn)
     const qint64 father = person("Manuel", "m"), mother = person("Joana", "f"), other = person("Ana", "f");
     family({father, other});
     const qint64 theirs = family({father, mother}, {{"datacasam", QDate(1700, 1, 1)}, {"tipocasal", 4}});
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.isNew(Role::Child, "Maria");
     told.known(Role::Father, father, child);
     told.known(Role::Mother, mother, child);
@@ -99,13 +97,13 @@ TEST_F(PlanOfABaptism, FindsTheFamilyThatBothParentsAreIn)
 TEST_F(PlanOfABaptism, MakesAFamilyOfAnUnmarriedMotherAndFindsItAgain)
 {
     const qint64 mother = person("Joana", "f");
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.isNew(Role::Child, "Maria");
     told.known(Role::Mother, mother, child);
     const Stored first = storeAct(cnBDP, told.act, told.conclusions);
     EXPECT_EQ(setTo(first.plan, "familia", 1, "sfamilia"), "3");
     EXPECT_EQ(setTo(first.plan, "individuo", first.plan.people[child], "filiacao"), 3.0);
-    told.act.date = partialDate(day.addYears(2));
+    told.act.date = partialDate(actDay.addYears(2));
     told.act.number = "8";
     const Plan second = told.plan();
     EXPECT_TRUE(changesOf(second, "familia").isEmpty());
@@ -139,7 +137,7 @@ TEST_F(PlanOfABaptism, TakesTheFiliationFromTheWordOfTheAct)
         {attribute::foundling, "n", true, true, 1, "2"},
     };
     for (const auto& one : cases) {
-        Telling told = baptism();
+        Telling told = toldBaptism();
         const int child = told.isNew(Role::Child, "Maria");
         if (one.father) told.isNew(Role::Father, "Manuel", child);
         if (one.mother) told.isNew(Role::Mother, "Joana", child);
@@ -152,7 +150,7 @@ TEST_F(PlanOfABaptism, TakesTheFiliationFromTheWordOfTheAct)
 
 TEST_F(PlanOfABaptism, DoesNotCallAChildFatherlessWhoseFatherCanNotBeRead)
 {
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.isNew(Role::Child, "Maria");
     told.kept(Role::Father, "?", child);
     told.isNew(Role::Mother, "Joana", child);
@@ -165,7 +163,7 @@ TEST_F(PlanOfABaptism, DoesNotCallAChildFatherlessWhoseFatherCanNotBeRead)
 
 TEST_F(PlanOfABaptism, KeepsWhatIsToldOfTheParentsWithTheChild)
 {
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.isNew(Role::Child, "Maria");
     const int father = told.isNew(Role::Father, "Manuel", child), mother = told.isNew(Role::Mother, "Joana", child);
     told.tell(father, attribute::age, "40");
@@ -185,7 +183,7 @@ TEST_F(PlanOfABaptism, KeepsWhatIsToldOfTheParentsWithTheChild)
 
 TEST_F(PlanOfABaptism, TakesTheBirthplaceThatIsToldInsteadOfTheOwnParish)
 {
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.isNew(Role::Child, "Maria");
     told.tell(child, attribute::birthplace, "outeiro");
     EXPECT_TRUE(setTo(told.plan(), "individuo", 1, "localnasc").isNull()) << "elsewhere, and nobody said where";
@@ -198,13 +196,13 @@ TEST_F(PlanOfABaptism, TakesTheBirthplaceThatIsToldInsteadOfTheOwnParish)
 
 TEST_F(PlanOfABaptism, StoresADateThatIsNotWholeAsOneThatIsNotFixed)
 {
-    Telling told = baptism();
+    Telling told = toldBaptism();
     told.act.date = {.year = 1702, .month = 2};
     told.isNew(Role::Child, "Maria");
     EXPECT_EQ(setTo(told.plan(), "individuo", 1, "datanasc"), QDate(1702, 2, 1));
     EXPECT_EQ(setTo(told.plan(), "individuo", 1, "DnascFixa"), false);
     told.act.date = {.year = 1702, .month = 2, .day = 14, .about = true};
-    EXPECT_EQ(setTo(told.plan(), "individuo", 1, "datanasc"), day);
+    EXPECT_EQ(setTo(told.plan(), "individuo", 1, "datanasc"), actDay);
     EXPECT_EQ(setTo(told.plan(), "individuo", 1, "DnascFixa"), false);
 }
 
@@ -217,7 +215,7 @@ TEST_F(PlanOfABaptism, FillsOnlyWhatIsEmptyOfAChildWhoIsKnown)
                                  {"localnasc", "03030101"},
                                  {"tipolocalnasc", "L"},
                                  {"obs", "à mão"}});
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.known(Role::Child, maria);
     told.act.people[child].toldSex = Sex::Female;
     told.act.notes = "outra";
@@ -225,7 +223,7 @@ TEST_F(PlanOfABaptism, FillsOnlyWhatIsEmptyOfAChildWhoIsKnown)
     const RowChange change{
         .table = "individuo",
         .key = {{"nind", double(maria)}},
-        .values = {{"sexo", "f"}, {"datanasc", day}, {"DnascFixa", true}, {"inicioobs", day}, {"tipo", "4"}},
+        .values = {{"sexo", "f"}, {"datanasc", actDay}, {"DnascFixa", true}, {"inicioobs", actDay}, {"tipo", "4"}},
         .before = {
             {"sexo", "d"}, {"datanasc", QVariant()}, {"DnascFixa", false}, {"inicioobs", QVariant()}, {"tipo", "2"}}};
     EXPECT_EQ(plan.rows, QList{change});
@@ -236,7 +234,7 @@ TEST_F(PlanOfABaptism, FillsOnlyWhatIsEmptyOfAChildWhoIsKnown)
 TEST_F(PlanOfABaptism, ObjectsToAnotherWordOnTheChild)
 {
     const qint64 maria = person("Maria", "f", {{"filiacao", 6}, {"idadepai", 50}, {"estadocivilmae", 2}});
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.known(Role::Child, maria);
     const int father = told.isNew(Role::Father, "Manuel", child), mother = told.isNew(Role::Mother, "Joana", child);
     told.tell(father, attribute::age, "50");
@@ -252,7 +250,7 @@ TEST_F(PlanOfABaptism, ObjectsToAnotherWordOnTheChild)
 TEST_F(PlanOfABaptism, FillsWhatAnAlterationOnTheCardLeavesEmpty)
 {
     const qint64 maria = person("Maria", "f", {{"idademae", 0}, {"alcunha", "  "}});
-    Telling told = baptism();
+    Telling told = toldBaptism();
     const int child = told.known(Role::Child, maria);
     const int mother = told.isNew(Role::Mother, "Joana", child);
     told.tell(mother, attribute::age, "30");
@@ -267,7 +265,7 @@ TEST_F(PlanOfABaptism, FillsWhatAnAlterationOnTheCardLeavesEmpty)
 TEST_F(PlanOfABaptism, ConcludesNothingFromAFiliationThatCanNotBeRead)
 {
     for (const char* word : {"?", "não legítima", "filha de Deus"}) {
-        Telling told = baptism();
+        Telling told = toldBaptism();
         const int child = told.isNew(Role::Child, "Maria");
         told.isNew(Role::Father, "Manuel", child);
         told.isNew(Role::Mother, "Joana", child);
@@ -280,7 +278,7 @@ TEST_F(PlanOfABaptism, ConcludesNothingFromAFiliationThatCanNotBeRead)
 
 TEST_F(PlanOfABaptism, TellsTheNameOfABirthplaceThatIsMadeWithIt)
 {
-    Telling told = baptism();
+    Telling told = toldBaptism();
     told.tell(told.isNew(Role::Child, "Maria"), attribute::birthplace, "Cima");
     told.conclusions.places["Cima"] = {.name = "Cima", .parish = "030301"};
     EXPECT_TRUE(told.plan().sentences.contains("Na ficha de nº 1 Maria: nascimento em Cima."));

@@ -5,14 +5,12 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class PlanOfABurial : public SmallParish
 {
 protected:
     QVariant column(const char* name) const { return setTo(told.plan(), "individuo", 1, name); }
 
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
 };
 
 } // namespace
@@ -37,9 +35,9 @@ TEST_F(PlanOfABurial, WritesTheDeathOfSomebodyNew)
                                             .values = {{"nome", "Rui Dias"},
                                                        {"sexo", "m"},
                                                        {"DnascFixa", false},
-                                                       {"dataobito", day},
+                                                       {"dataobito", actDay},
                                                        {"dobitofixa", true},
-                                                       {"fimobs", day},
+                                                       {"fimobs", actDay},
                                                        {"tipo", "2"},
                                                        {"localobito", "030301"},
                                                        {"tipolocalobito", "F"},
@@ -170,7 +168,7 @@ TEST_F(PlanOfABurial, TellsHusbandAndWifeByTheSexOfEither)
 
 TEST_F(PlanOfABurial, LeavesADeathThatIsKnownAsItIs)
 {
-    const qint64 rui = person("Rui", "m", {{"dataobito", day.addDays(-3)}, {"dobitofixa", true}, {"tipo", "2"}});
+    const qint64 rui = person("Rui", "m", {{"dataobito", actDay.addDays(-3)}, {"dobitofixa", true}, {"tipo", "2"}});
     told.known(Role::Deceased, rui);
     EXPECT_EQ(objectionsOf(told.plan()), QStringList("ja-sepultado:0"));
     told.overrule("ja-sepultado:0");

@@ -5,8 +5,6 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class PlanOfDatedRows : public SmallParish
 {
 protected:
@@ -28,7 +26,7 @@ protected:
     QList<RowChange> residences() const { return changesOf(told.plan(), "residencia"); }
     QList<RowChange> professions() const { return changesOf(told.plan(), "profissoes"); }
 
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     qint64 rui = 0;
     int godfather = -1;
 };
@@ -39,7 +37,7 @@ TEST_F(PlanOfDatedRows, WritesAResidenceWithItsSource)
 {
     told.tell(godfather, attribute::residence, "outeiro");
     EXPECT_EQ(residences(), (QList{RowChange{.table = "residencia",
-                                             .key = {{"numero", double(rui)}, {"tiporesid", "i"}, {"dataref", day}},
+                                             .key = {{"numero", double(rui)}, {"tiporesid", "i"}, {"dataref", actDay}},
                                              .values = {{"datafixa", true},
                                                         {"localresid", "03030101"},
                                                         {"tipolocal", "L"},
@@ -50,18 +48,18 @@ TEST_F(PlanOfDatedRows, WritesAResidenceWithItsSource)
 TEST_F(PlanOfDatedRows, AddsNothingWhereSomebodyLivesStill)
 {
     told.tell(godfather, attribute::residence, "outeiro");
-    lived(rui, day.addYears(-3), "03030101");
+    lived(rui, actDay.addYears(-3), "03030101");
     EXPECT_TRUE(residences().isEmpty());
     EXPECT_EQ(told.plan().leftOut, QStringList());
-    lived(rui, day.addYears(-1), "03030102");
+    lived(rui, actDay.addYears(-1), "03030102");
     EXPECT_EQ(residences().size(), 1) << "lived elsewhere between";
-    lived(rui, day.addYears(1), "03030101");
+    lived(rui, actDay.addYears(1), "03030101");
     EXPECT_EQ(residences().size(), 1) << "what comes later says nothing";
 }
 
 TEST_F(PlanOfDatedRows, GivesOneResidenceADay)
 {
-    lived(rui, day, "03030102");
+    lived(rui, actDay, "03030102");
     told.tell(godfather, attribute::residence, "outeiro");
     EXPECT_TRUE(residences().isEmpty());
     EXPECT_EQ(told.plan().leftOut, QStringList("Residência de nº 1 Rui em Outeiro: nesse dia já tem outra."));
@@ -82,7 +80,7 @@ TEST_F(PlanOfDatedRows, TakesTheDateOfAnAttributeThatHasOne)
     told.act.people[godfather].attributes[0].date = "3/4/1701";
     EXPECT_EQ(residences().first().key.last().second, QDate(1701, 4, 3));
     told.act.people[godfather].attributes[0].date = "há dias";
-    EXPECT_EQ(residences().first().key.last().second, day);
+    EXPECT_EQ(residences().first().key.last().second, actDay);
 }
 
 TEST_F(PlanOfDatedRows, WritesAProfessionOnce)
@@ -91,15 +89,15 @@ TEST_F(PlanOfDatedRows, WritesAProfessionOnce)
     told.tell(godfather, attribute::profession, "moleiro");
     EXPECT_EQ(professions(), (QList{RowChange{.table = "profissoes",
                                               .key = {{"nind", double(rui)}, {"idprofissao", 1.0}},
-                                              .values = {{"dataref", day},
+                                              .values = {{"dataref", actDay},
                                                          {"datafixa", true},
                                                          {"codprof", 2.0},
                                                          {"fonte", "Baptismos 1, fl. 3v, n.º 7"}}}}));
-    run("insert into profissoes (nind, idprofissao, dataref, codprof) values (1, 3, ?, 2)", {day.addYears(-1)});
+    run("insert into profissoes (nind, idprofissao, dataref, codprof) values (1, 3, ?, 2)", {actDay.addYears(-1)});
     EXPECT_TRUE(professions().isEmpty());
-    run("insert into profissoes (nind, idprofissao, dataref, codprof) values (1, 4, ?, 3)", {day.addYears(-1)});
+    run("insert into profissoes (nind, idprofissao, dataref, codprof) values (1, 4, ?, 3)", {actDay.addYears(-1)});
     EXPECT_TRUE(professions().isEmpty()) << "has both since that day";
-    run("update profissoes set dataref = ? where idprofissao = 4", {day.addMonths(-1)});
+    run("update profissoes set dataref = ? where idprofissao = 4", {actDay.addMonths(-1)});
     ASSERT_EQ(professions().size(), 1) << "was something else between";
     EXPECT_EQ(professions().first().key.last().second, 5.0);
 }

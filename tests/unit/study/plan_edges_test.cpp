@@ -5,8 +5,6 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class PlanAtTheEdge : public SmallParish
 {
 };
@@ -15,7 +13,7 @@ class PlanAtTheEdge : public SmallParish
 
 TEST_F(PlanAtTheEdge, RefusesASecondPersonWhomTheActWouldBeAbout)
 {
-    Telling twins = Telling::of(ActKind::Baptism, day);
+    Telling twins = Telling::of(ActKind::Baptism, actDay);
     const int maria = twins.isNew(Role::Child, "Maria");
     const int ana = twins.isNew(Role::Child, "Ana");
     twins.isNew(Role::Mother, "Eva", maria);
@@ -26,11 +24,11 @@ TEST_F(PlanAtTheEdge, RefusesASecondPersonWhomTheActWouldBeAbout)
     twins.conclusions.people[ana] = {.kind = Identity::Kind::Kept};
     EXPECT_EQ(objectionsOf(twins.plan()), QStringList()) << "only named in the act";
 
-    Telling burial = Telling::of(ActKind::Burial, day);
+    Telling burial = Telling::of(ActKind::Burial, actDay);
     burial.isNew(Role::Deceased, "Eva");
     burial.known(Role::Deceased, person("Gil", "m"));
     EXPECT_EQ(objectionsOf(burial.plan()), QStringList("outro-sujeito:1"));
-    Telling other = Telling::of(ActKind::Burial, day);
+    Telling other = Telling::of(ActKind::Burial, actDay);
     other.isNew(Role::Deceased, "Eva");
     other.isNew(Role::Child, "Ana");
     EXPECT_EQ(objectionsOf(other.plan()), QStringList("outro-sujeito:1")) << "whom another kind of act is about";
@@ -39,7 +37,7 @@ TEST_F(PlanAtTheEdge, RefusesASecondPersonWhomTheActWouldBeAbout)
 TEST_F(PlanAtTheEdge, HasNoPlaceOfItsOwnWhereTheBdpHasNoParish)
 {
     run("delete from infopar");
-    Telling baptism = Telling::of(ActKind::Baptism, day), marriage = Telling::of(ActKind::Marriage, day);
+    Telling baptism = Telling::of(ActKind::Baptism, actDay), marriage = Telling::of(ActKind::Marriage, actDay);
     const int child = baptism.isNew(Role::Child, "Maria");
     marriage.isNew(Role::Groom, "Rui");
     marriage.isNew(Role::Bride, "Ana");
@@ -60,7 +58,7 @@ TEST_F(PlanAtTheEdge, HasNoPlaceOfItsOwnWhereTheBdpHasNoParish)
 
 TEST_F(PlanAtTheEdge, TakesTheFirstDayForAMarriageWhoseDayIsNotTold)
 {
-    Telling told = Telling::of(ActKind::Marriage, day);
+    Telling told = Telling::of(ActKind::Marriage, actDay);
     told.isNew(Role::Groom, "Rui");
     told.isNew(Role::Bride, "Ana");
     told.act.date = {.year = 1702, .month = 3};
@@ -76,7 +74,7 @@ TEST_F(PlanAtTheEdge, TakesTheFirstDayForAMarriageWhoseDayIsNotTold)
 
 TEST_F(PlanAtTheEdge, TakesTheFirstDayForABurialWhoseDayIsNotTold)
 {
-    Telling told = Telling::of(ActKind::Burial, day);
+    Telling told = Telling::of(ActKind::Burial, actDay);
     told.isNew(Role::Deceased, "Rui");
     told.act.date = {.year = 1702, .month = 3};
     EXPECT_EQ(objectionsOf(told.plan()), QStringList());

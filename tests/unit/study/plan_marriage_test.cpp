@@ -5,8 +5,6 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class PlanOfAMarriage : public SmallParish
 {
 protected:
@@ -16,7 +14,7 @@ protected:
         bride = told.isNew(Role::Bride, hers);
     }
 
-    Telling told = Telling::of(ActKind::Marriage, day);
+    Telling told = Telling::of(ActKind::Marriage, actDay);
     int groom = -1, bride = -1;
 };
 
@@ -31,9 +29,9 @@ TEST_F(PlanOfAMarriage, MakesTheFamilyOfTheCouple)
     told.act.notes = "dispensados no 4º grau";
     const Plan plan = told.plan();
     EXPECT_EQ(objectionsOf(plan), QStringList());
-    EXPECT_EQ(changeOf(plan, "familia", 1)->values, (RowChange::Columns{{"datacasam", day},
+    EXPECT_EQ(changeOf(plan, "familia", 1)->values, (RowChange::Columns{{"datacasam", actDay},
                                                                         {"dcasamfixa", true},
-                                                                        {"inicioobs", day},
+                                                                        {"inicioobs", actDay},
                                                                         {"sfamilia", "1"},
                                                                         {"localcasam", "030301"},
                                                                         {"tipolocalcasam", "F"},
@@ -73,9 +71,9 @@ TEST_F(PlanOfAMarriage, DatesTheFamilyThatWasPresumedBefore)
     const Plan plan = told.plan();
     const RowChange change{.table = "familia",
                            .key = {{"nfamilia", double(theirs)}},
-                           .values = {{"datacasam", day},
+                           .values = {{"datacasam", actDay},
                                       {"dcasamfixa", true},
-                                      {"inicioobs", day},
+                                      {"inicioobs", actDay},
                                       {"sfamilia", "1"},
                                       {"localcasam", "030301"},
                                       {"tipolocalcasam", "F"},
@@ -94,11 +92,11 @@ TEST_F(PlanOfAMarriage, MakesAChildBornBeforeLegitimate)
 {
     const qint64 rui = person("Rui", "m"), ana = person("Ana", "f");
     const qint64 theirs = family({rui, ana}, {{"sfamilia", "5"}});
-    person("Zé", "m", {{"famorig", theirs}, {"datanasc", day}});
+    person("Zé", "m", {{"famorig", theirs}, {"datanasc", actDay}});
     told.known(Role::Groom, rui);
     told.known(Role::Bride, ana);
     EXPECT_EQ(setTo(told.plan(), "familia", theirs, "sfamilia"), "1") << "born on the day itself";
-    run("update individuo set datanasc = ? where nome = 'Zé'", {day.addDays(-1)});
+    run("update individuo set datanasc = ? where nome = 'Zé'", {actDay.addDays(-1)});
     EXPECT_EQ(setTo(told.plan(), "familia", theirs, "sfamilia"), "9");
     run("update familia set sfamilia = '10'");
     EXPECT_TRUE(setTo(told.plan(), "familia", theirs, "sfamilia").isNull()) << "chosen for other reasons";
@@ -121,8 +119,8 @@ TEST_F(PlanOfAMarriage, CountsTheMarriagesOfAWidower)
 TEST_F(PlanOfAMarriage, CountsTheEarlierMarriagesThatTheBdpKnows)
 {
     const qint64 rui = person("Rui", "m");
-    family({rui, person("Inês", "f")}, {{"datacasam", day.addYears(-9)}});
-    family({rui, person("Eva", "f")}, {{"datacasam", day.addYears(3)}});
+    family({rui, person("Inês", "f")}, {{"datacasam", actDay.addYears(-9)}});
+    family({rui, person("Eva", "f")}, {{"datacasam", actDay.addYears(3)}});
     family({rui, person("Lia", "f")}, {{"sfamilia", "5"}});
     family({rui}, {{"sfamilia", "4"}});
     told.known(Role::Groom, rui);

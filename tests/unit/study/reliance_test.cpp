@@ -6,8 +6,6 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
 class UndoOfWhatALaterActTellsToo : public SmallParish
 {
 protected:
@@ -18,7 +16,7 @@ protected:
     // A baptism with Rui as godfather.
     Telling baptism(const QString& number, int years = 0) const
     {
-        Telling told = Telling::of(ActKind::Baptism, day.addYears(years));
+        Telling told = Telling::of(ActKind::Baptism, actDay.addYears(years));
         told.act.number = number;
         told.isNew(Role::Child, "Maria " + number);
         told.known(Role::Godfather, rui);
@@ -105,7 +103,7 @@ TEST_F(UndoOfWhatALaterActTellsToo, IsRefusedForTheParents)
 TEST_F(UndoOfWhatALaterActTellsToo, IsRefusedForACoupleThatAChildHangsOn)
 {
     const qint64 five = family({rui});
-    Telling first = Telling::of(ActKind::Baptism, day), second = Telling::of(ActKind::Baptism, day.addYears(1));
+    Telling first = Telling::of(ActKind::Baptism, actDay), second = Telling::of(ActKind::Baptism, actDay.addYears(1));
     first.isNew(Role::Child, "Gil");
     const int ana = first.known(Role::Godmother, person("Ana", "f", {{"famorig", double(five)}}));
     first.known(Role::Father, rui, ana);

@@ -3,6 +3,7 @@
 #include "platform/jet/disk.h"
 #include "platform/jet/error.h"
 #include "sampleReport.h"
+#include "study/fileOfBytes.h"
 #include "study/report/files.h"
 #include "study/report/sheet.h"
 
@@ -64,13 +65,6 @@ QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
 }
 
 QString errorOf(const std::vector<ReportFile>& files, const QString& folder)
@@ -197,7 +191,7 @@ TEST(FilesOfAReport, NeverGoOverAFileOfSomebodyElse)
     const auto files = filesOf(sample::report());
     for (const QString& name : {files[1].name, QString("datapackage.json")}) {
         const QTemporaryDir folder;
-        write(folder.filePath(name), "meu");
+        writeFile(folder.filePath(name), "meu");
         const QString error = errorOf(files, folder.path());
         EXPECT_TRUE(error.contains(name) && error.contains("não foi escrito por um estudo")) << qPrintable(error);
         EXPECT_EQ(contentOf(folder.filePath(name)), "meu");
@@ -211,7 +205,7 @@ TEST(FilesOfAReport, NeverGoOverAPackageOfAnotherKind)
     for (const QByteArray& other : {QByteArray("{\"profile\":\"tabular-data-package\",\"name\":\"outra\"}"),
                                     QByteArray("{\"profile\":7,\"name\":[]}"), QByteArray("[1]"), QByteArray("{")})
     {
-        write(folder.filePath("datapackage.json"), other);
+        writeFile(folder.filePath("datapackage.json"), other);
         EXPECT_NE(errorOf(filesOf(sample::report()), folder.path()), "") << other.constData();
         EXPECT_EQ(contentOf(folder.filePath("datapackage.json")), other);
     }
@@ -222,7 +216,7 @@ TEST(FilesOfAReport, NeverGoOverOneThatWasChangedByHand)
     const QTemporaryDir folder;
     const auto files = filesOf(sample::report());
     writeFiles(files, folder.path());
-    write(folder.filePath(files[0].name), files[0].bytes + "meu\n");
+    writeFile(folder.filePath(files[0].name), files[0].bytes + "meu\n");
     EXPECT_TRUE(errorOf(files, folder.path()).contains("foi alterado depois de escrito"));
     EXPECT_EQ(contentOf(folder.filePath(files[0].name)), files[0].bytes + "meu\n");
     EXPECT_TRUE(QFile::remove(folder.filePath(files[0].name)));

@@ -1,4 +1,6 @@
 // Which file a study was made from.
+#include "study/fileOfBytes.h"
+
 #include "study/parish/source.h"
 
 #include <QFile>
@@ -9,22 +11,11 @@
 using study::parish::Source;
 using study::parish::sourceOf;
 
-namespace {
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-} // namespace
-
 TEST(TheSourceOfAStudy, IsToldByWhatIsInTheFile)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("a.orv");
-    write(path, "abc");
+    writeFile(path, "abc");
     const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
     const Source source = sourceOf(path);
     EXPECT_EQ(source.path, path);

@@ -45,7 +45,7 @@ const std::vector<Population>& populations()
     return all;
 }
 
-std::vector<Borne> parish()
+std::vector<Borne> womenOfAParish()
 {
     return {{17, 38.50}, {40, 92.00}, {45, 120.25}, {34, 115.50}, {14, 98.00}, {1, 60.75}};
 }
@@ -53,7 +53,7 @@ std::vector<Borne> parish()
 std::vector<double> ratesOf(std::size_t groups)
 {
     std::vector<double> rates;
-    for (const Borne& group : parish())
+    for (const Borne& group : womenOfAParish())
         rates.push_back(group.births / group.years);
     rates.resize(groups);
     return rates;
@@ -61,7 +61,7 @@ std::vector<double> ratesOf(std::size_t groups)
 
 std::vector<Borne> firstOf(std::size_t groups)
 {
-    auto some = parish();
+    auto some = womenOfAParish();
     some.resize(groups);
     return some;
 }
@@ -80,7 +80,7 @@ TEST(TotalMaritalFertility, IsFiveTimesTheRates)
 
 TEST(TotalMaritalFertility, HasItsError)
 {
-    const auto total = totalMaritalFertility(parish());
+    const auto total = totalMaritalFertility(womenOfAParish());
     ASSERT_TRUE(total);
     EXPECT_NEAR(total->value, 8.521, lastDigit(3));
     EXPECT_NEAR(total->error, 0.768, lastDigit(3));
@@ -88,7 +88,7 @@ TEST(TotalMaritalFertility, HasItsError)
 
 TEST(TotalMaritalFertility, NeedsExposureInEveryGroup)
 {
-    auto groups = parish();
+    auto groups = womenOfAParish();
     groups[5] = {};
     EXPECT_FALSE(totalMaritalFertility(groups));
     groups[5] = {0, 12};
@@ -137,9 +137,9 @@ TEST(CoaleAndTrussell, LeaveAnErrorInAllTheirWays)
     EXPECT_NEAR(byMeans(0), 0.004482, 5e-7);
     EXPECT_NEAR(byMeans(1), 0.000099, 5e-7);
     EXPECT_NEAR(byMeans(10), 0.043649, 5e-7) << "Colyton, 1647-1719";
-    EXPECT_NEAR(*coaleTrussellByPoisson(parish())->squaredError, 0.000821, 5e-7);
+    EXPECT_NEAR(*coaleTrussellByPoisson(womenOfAParish())->squaredError, 0.000821, 5e-7);
     EXPECT_NEAR(*coaleTrussellByPoisson(firstOf(5))->squaredError, 0.000800, 5e-7);
-    auto groups = parish();
+    auto groups = womenOfAParish();
     groups[5].births = 0;
     EXPECT_TRUE(coaleTrussellByPoisson(groups)->squaredError);
     groups[4].births = 0;
@@ -149,7 +149,7 @@ TEST(CoaleAndTrussell, LeaveAnErrorInAllTheirWays)
 
 TEST(CoaleAndTrussell, ByPoissonOfAParish)
 {
-    const auto six = coaleTrussellByPoisson(parish());
+    const auto six = coaleTrussellByPoisson(womenOfAParish());
     ASSERT_TRUE(six);
     EXPECT_NEAR(six->level, 1.015, lastDigit(3));
     EXPECT_NEAR(six->control, 0.110, lastDigit(3));
@@ -177,9 +177,9 @@ TEST(CoaleAndTrussell, ByPoissonFindsWhatTheBirthsWereMadeOf)
 
 TEST(CoaleAndTrussell, ByPoissonSettlesForThousandsOfParishes)
 {
-    const auto one = coaleTrussellByPoisson(parish());
+    const auto one = coaleTrussellByPoisson(womenOfAParish());
     for (const double parishes : {1e3, 1e5, 1e7}) {
-        auto groups = parish();
+        auto groups = womenOfAParish();
         for (Borne& group : groups)
             group = {group.births * parishes, group.years * parishes};
         const auto all = coaleTrussellByPoisson(groups);
@@ -191,7 +191,7 @@ TEST(CoaleAndTrussell, ByPoissonSettlesForThousandsOfParishes)
 
 TEST(CoaleAndTrussell, ByPoissonTakesGroupsWithoutBirthsAndLeavesOutThoseWithoutYears)
 {
-    auto groups = parish();
+    auto groups = womenOfAParish();
     groups[5].births = 0;
     EXPECT_TRUE(coaleTrussellByPoisson(groups));
     groups[5] = {};

@@ -7,7 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QDate>
 #include <QMap>
+
+// On which acts are told of the small parish.
+inline const QDate actDay(1702, 2, 14);
 
 // An act with what was concluded from it.
 struct Telling

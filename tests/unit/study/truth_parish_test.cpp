@@ -9,7 +9,7 @@
 
 #include <map>
 
-using namespace truth;
+namespace truth {
 
 namespace {
 
@@ -140,3 +140,5 @@ TEST(ParishOfKnownTruth, SpellsAWordTheOtherWayRoundOfTheTableOfForms)
     EXPECT_TRUE(forms.contains("Jozé"));
     EXPECT_EQ(spellings.old("Xpto", random), "Xpto");
 }
+
+} // namespace truth

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-using namespace study;
+namespace study {
 
 namespace {
 
@@ -136,3 +136,5 @@ TEST(TheTitleOfAnAct, NamesItsBookItsDateAndWhomItIsAbout)
     EXPECT_EQ(titleOf(act), "Casamentos 3, n.º 7, 14/02/1702: José Dias e Ana Lopes");
     EXPECT_EQ(titleOf(Act{.kind = ActKind::Baptism}), "Baptismos");
 }
+
+} // namespace study

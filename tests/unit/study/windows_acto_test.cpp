@@ -17,7 +17,7 @@
 
 #include <chrono>
 
-using namespace study;
+namespace study {
 
 namespace {
 
@@ -298,3 +298,5 @@ TEST_F(TheSheetOfAnAct, WaitsForNoIndexOfTheNamesAndTakesNobodyBeforeItIsThere)
         found = found || list.item(i)->text().contains("Urbano Vaz");
     EXPECT_TRUE(found);
 }
+
+} // namespace study

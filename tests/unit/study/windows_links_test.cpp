@@ -15,8 +15,7 @@
 
 #include <sqlite3.h>
 
-using namespace study;
-using namespace study::linkage;
+namespace study::linkage {
 
 namespace {
 
@@ -364,3 +363,5 @@ TEST_F(TheWindowOfWeights, EstimatesAnewAndGivesTheStartValuesBack)
 }
 
 } // namespace
+
+} // namespace study::linkage

@@ -10,11 +10,9 @@ using namespace study;
 
 namespace {
 
-const QDate day(1702, 2, 14);
-
-Telling baptism(const QString& number = "7")
+Telling numberedBaptism(const QString& number = "7")
 {
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.act.number = number;
     const int child = told.isNew(Role::Child, "Maria d'Além \"a Nova\" \U0001F600");
     told.isNew(Role::Father, "Manuel", child);
@@ -40,7 +38,7 @@ using Undo = Writer;
 
 TEST_F(Writer, StoresExactlyWhatWasPlanned)
 {
-    const Telling told = baptism();
+    const Telling told = numberedBaptism();
     const Plan plan = told.plan();
     EXPECT_EQ(plan, told.plan()) << "the same each time";
     const Stored stored = store(told);
@@ -62,14 +60,14 @@ TEST_F(Writer, StoresExactlyWhatWasPlanned)
 TEST_F(Writer, ChangesNothingByPlanning)
 {
     const auto before = cardRows();
-    (void)baptism().plan();
+    (void)numberedBaptism().plan();
     EXPECT_EQ(cardRows(), before);
     EXPECT_FALSE(hasActs(cnBDP));
 }
 
 TEST_F(Writer, RefusesWithTheReasonsAndWritesNothing)
 {
-    Telling told = baptism();
+    Telling told = numberedBaptism();
     told.open(Role::Witness, "José");
     const auto before = cardRows();
     try {
@@ -89,7 +87,7 @@ TEST_F(Writer, LeavesNothingHalfWhereAStatementFails)
     run("insert into profissoes (nind, idprofissao, codprof) values (99, 1, 4)");
     run("create unique index one_each on profissoes (codprof)"); // the last row of the act is refused
     const auto before = cardRows();
-    EXPECT_THROW(store(baptism()), jet::Error);
+    EXPECT_THROW(store(numberedBaptism()), jet::Error);
     EXPECT_EQ(cardRows(), before);
     EXPECT_FALSE(hasActs(cnBDP));
     EXPECT_EQ(cnBDP.transactionLevel(), 1);
@@ -97,11 +95,11 @@ TEST_F(Writer, LeavesNothingHalfWhereAStatementFails)
 
 TEST_F(Writer, GoesOnBehindAnActThatWasRefused)
 {
-    Telling wrong = baptism();
+    Telling wrong = numberedBaptism();
     wrong.act.date = {};
     EXPECT_THROW(store(wrong), Refused);
-    EXPECT_EQ(store(baptism()).plan.people.first(), 1);
-    EXPECT_EQ(store(baptism("8")).plan.people.first(), 6);
+    EXPECT_EQ(store(numberedBaptism()).plan.people.first(), 1);
+    EXPECT_EQ(store(numberedBaptism("8")).plan.people.first(), 6);
     EXPECT_EQ(value("select count(*) from lugar where nomelugar = '*Poucapena'"), 1.0) << "made once";
     EXPECT_EQ(value("select count(*) from profissao where profissao = '*Tamanqueiro'"), 1.0);
 }
@@ -109,7 +107,7 @@ TEST_F(Writer, GoesOnBehindAnActThatWasRefused)
 TEST_F(Writer, KeepsTheCodesOfThePlacesAndProfessionsThatWereTakenForTheWordsOfTheAct)
 {
     for (const QString number : {"7", "8"}) { // made with the act; found
-        Telling told = baptism(number);
+        Telling told = numberedBaptism(number);
         told.act.place.value = "Poucapena";
         told.tell(3, attribute::birthplace, "Sítio Novo");
         const qint64 act = store(told).act;
@@ -129,7 +127,7 @@ TEST_F(Undo, LeavesTheBdpAsItWas)
 {
     person("outro", "m");
     const auto before = cardRows();
-    const Stored stored = store(baptism());
+    const Stored stored = store(numberedBaptism());
     EXPECT_EQ(whyNotUndone(cnBDP, stored.act), "");
     EXPECT_EQ(undoAct(cnBDP, stored.act), "");
     EXPECT_EQ(cardRows(), before);
@@ -139,9 +137,9 @@ TEST_F(Undo, LeavesTheBdpAsItWas)
 
 TEST_F(Undo, PutsAlteredColumnsBack)
 {
-    const qint64 maria = person("Maria", "d", {{"tipo", "2"}, {"dataobito", day.addYears(3)}});
+    const qint64 maria = person("Maria", "d", {{"tipo", "2"}, {"dataobito", actDay.addYears(3)}});
     const auto before = cardRows();
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.act.people << ActPerson{.role = Role::Child, .toldSex = Sex::Female};
     told.conclusions.people << Identity{.kind = Identity::Kind::Known, .nind = maria};
     told.isNew(Role::Father, "Manuel", 0);
@@ -153,7 +151,7 @@ TEST_F(Undo, PutsAlteredColumnsBack)
 
 TEST_F(Undo, IsRefusedWhereARowWasTouched)
 {
-    const Stored stored = store(baptism());
+    const Stored stored = store(numberedBaptism());
     const struct
     {
         const char* touch;
@@ -186,7 +184,7 @@ TEST_F(Undo, IsRefusedWhereARowWasTouched)
 
 TEST_F(Undo, IsRefusedWhereSomethingHangsOnWhatTheActMade)
 {
-    const Stored stored = store(baptism());
+    const Stored stored = store(numberedBaptism());
     run("insert into individuo (nind, nome) values (100, 'Outro')");
     run("insert into familia (nfamilia) values (50)");
     const struct
@@ -226,7 +224,7 @@ TEST_F(Undo, IsRefusedWhereSomethingHangsOnWhatTheActMade)
 TEST_F(Undo, IsRefusedWhereAnotherColumnOfARowThatItAlteredNamesSomebodyItMade)
 {
     const qint64 maria = person("Maria", "f");
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.known(Role::Child, maria);
     told.isNew(Role::Celebrant, "padre João");
     const Stored stored = store(told);
@@ -239,7 +237,7 @@ TEST_F(Undo, TakesBothRowsOfSomebodyWhoAssistsTwice)
 {
     const qint64 rui = person("Rui", "m");
     const auto before = cardRows();
-    Telling told = Telling::of(ActKind::Baptism, day);
+    Telling told = Telling::of(ActKind::Baptism, actDay);
     told.isNew(Role::Child, "Maria");
     told.known(Role::Witness, rui);
     told.known(Role::Witness, rui);
@@ -252,8 +250,8 @@ TEST_F(Undo, TakesBothRowsOfSomebodyWhoAssistsTwice)
 
 TEST_F(Undo, IsRefusedWhereALaterActNamesSomebody)
 {
-    const Stored first = store(baptism());
-    Telling later = Telling::of(ActKind::Burial, day.addYears(1));
+    const Stored first = store(numberedBaptism());
+    Telling later = Telling::of(ActKind::Burial, actDay.addYears(1));
     later.isNew(Role::Deceased, "Gil");
     later.known(Role::Mentioned, first.plan.people[3]);
     const Stored second = store(later);
@@ -266,7 +264,7 @@ TEST_F(Undo, IsRefusedWhereALaterActUsesTheFamilyAlone)
 {
     const qint64 he = person("Rui", "m"), she = person("Ana", "f");
     const auto couple = [&](const QString& number) {
-        Telling told = Telling::of(ActKind::Burial, day);
+        Telling told = Telling::of(ActKind::Burial, actDay);
         told.act.number = number;
         told.isNew(Role::Deceased, "Gil");
         const int mentioned = told.known(Role::Mentioned, she);
@@ -281,7 +279,7 @@ TEST_F(Undo, IsRefusedWhereALaterActUsesTheFamilyAlone)
 
 TEST_F(Undo, LeavesAPlaceInWhichOthersLiveByNow)
 {
-    const Stored stored = store(baptism());
+    const Stored stored = store(numberedBaptism());
     run("insert into residencia (numero, tiporesid, dataref, localresid, tipolocal) values (99, 'i', '1705-01-01', "
         "'03030103', 'L')");
     EXPECT_EQ(undoAct(cnBDP, stored.act), "");
@@ -291,7 +289,7 @@ TEST_F(Undo, LeavesAPlaceInWhichOthersLiveByNow)
 
 TEST_F(Undo, TakesNothingOnTrustThatStandsInTheTablesOfTheActs)
 {
-    const Stored stored = store(baptism());
+    const Stored stored = store(numberedBaptism());
     const auto before = cardRows();
     run("update estudo_escrita set tabela = 'infopar' where tabela = 'lugar'");
     EXPECT_EQ(undoAct(cnBDP, stored.act), "O que ficou guardado deste acto não se consegue ler.");

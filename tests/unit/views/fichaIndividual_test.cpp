@@ -95,8 +95,6 @@ protected:
 const QStringList ofAna{"Ana da Conceição", "D.", "Feminino",   "09/03/1750", "*Além-Rio",
                         "Legítima",         "",   "31/12/1799", "São Mamede"};
 
-} // namespace
-
 TEST_F(Sheet, TheTemplateHoldsEachMarkOnceInTheOrderOfTheirFilling)
 {
     const QString text = RtfDocument::open(path("fichInd.doc"))->text();
@@ -307,3 +305,5 @@ TEST_F(Sheet, AWordProcessorReadsTheSheet)
     }
     EXPECT_FALSE(text.contains('@'));
 }
+
+} // namespace
