@@ -28,7 +28,7 @@ QString kindOf(Kind kind)
         return "whole";
     case Kind::Number:
         return "number";
-    case Kind::Date:
+    case Kind::Day:
         return "date";
     case Kind::Flag:
         return "flag";
