@@ -11,8 +11,8 @@ using report::Told;
 
 namespace {
 
-constexpr const char* namesCounted[]{"pessoas", "sem-nome"};
-constexpr Reason namesLeftOut[]{{1, "sem nome"}};
+constexpr const char* named[]{"pessoas", "sem-nome"};
+constexpr Reason nameless[]{{1, "sem nome"}};
 
 void fillNames(const Study& study, const Share& share, Taker& taker)
 {
@@ -30,13 +30,10 @@ std::vector<study::report::Figure> figuresOfNames(const Tally& tally, const Sett
     return {table};
 }
 
-constexpr Subject oneSubject{"um",         "Gente",      "Um",      "Contam todos.",
-                             namesCounted, namesLeftOut, fillNames, figuresOfNames};
-constexpr Subject otherSubject{"outro",      "Mais",       "Outro",   "Contam todos.",
-                               namesCounted, namesLeftOut, fillNames, figuresOfNames};
-constexpr Subject subjectOfTheGroup{"de-novo",    "Gente",      "De novo", "Contam todos.",
-                                    namesCounted, namesLeftOut, fillNames, figuresOfNames};
-const std::vector<const Subject*> threeSubjects{&oneSubject, &otherSubject, &subjectOfTheGroup};
+constexpr Subject oneSubject{"um", "Gente", "Um", "Contam todos.", named, nameless, fillNames, figuresOfNames};
+constexpr Subject otherSubject{"outro", "Mais", "Outro", "Contam todos.", named, nameless, fillNames, figuresOfNames};
+constexpr Subject sameGroup{"de-novo", "Gente", "De novo", "Contam todos.", named, nameless, fillNames, figuresOfNames};
+const std::vector<const Subject*> threeSubjects{&oneSubject, &otherSubject, &sameGroup};
 
 Counted countedAs(const QString& name, const Settings& settings = {})
 {

@@ -3,7 +3,6 @@
 
 #include "study/parish/source.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
