@@ -66,11 +66,14 @@ mapfile -t changed < <({
 } | awk 'NF && !seen[$0]++')
 [ ${#changed[@]} -gt 0 ] || exit 0
 
-# What the build generates has to be there. Its precompiled headers are the compiler's own, which clang can't read.
+# What the build generates has to be there, and each source by itself, where the build compiles several as one. Its
+# precompiled headers are the compiler's own, which clang can't read.
 cmake --preset release >/dev/null && cmake --build --preset release --target autogen >/dev/null || exit 1
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-sed -E 's# -Winvalid-pch -include [^ ]*cmake_pch\.hxx##' build/release/compile_commands.json >"$folder/compile_commands.json"
+cmake --preset release -B "$folder/alone" -DORV_UNITY=OFF >/dev/null || exit 1
+sed -E "s# -Winvalid-pch -include [^ ]*cmake_pch\.hxx##; s#$folder/alone#$here/build/release#g" \
+    "$folder/alone/compile_commands.json" >"$folder/compile_commands.json"
 
 : >"$folder/sources"
 for file in "${changed[@]}"; do

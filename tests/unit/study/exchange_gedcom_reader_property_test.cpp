@@ -41,6 +41,7 @@ public:
     std::vector<GedcomNode> write(int records)
     {
         std::vector<GedcomNode> all;
+        all.reserve(std::size_t(records));
         for (int i = 0; i < records; ++i)
             all.push_back(structure(0));
         line("0 TRLR");
