@@ -3,6 +3,8 @@
 #include "quiet.h"
 #include "shell/application.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -38,6 +40,21 @@ QString testsOf(const QStringList& rooms)
     return names;
 }
 
+// A test that leaves the program in another folder, which may go with it, spoils those behind it.
+class StaysInItsFolder : public testing::EmptyTestEventListener
+{
+public:
+    void OnTestEnd(const testing::TestInfo&) override
+    {
+        if (QDir::currentPath() == folder_) return;
+        ADD_FAILURE() << "It leaves the program in another folder.";
+        QDir::setCurrent(folder_);
+    }
+
+private:
+    QString folder_ = QDir::currentPath();
+};
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -50,5 +67,6 @@ int main(int argc, char** argv)
     if (!rooms.isEmpty()) testing::GTEST_FLAG(filter) = testsOf(rooms).toStdString();
     Q_INIT_RESOURCE(icons);
     QApplication::setStyle(QStringLiteral("Fusion"));
+    testing::UnitTest::GetInstance()->listeners().Append(new StaysInItsFolder); // which owns it
     return RUN_ALL_TESTS();
 }

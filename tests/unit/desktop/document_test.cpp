@@ -1,4 +1,5 @@
 #include "platform/desktop/document.h"
+#include "workingFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -132,9 +133,9 @@ TEST_F(ADocument, OnAServerIsElsewhere)
 TEST_F(ADocument, MayHaveAColonInItsName)
 {
     const QString path = make("livro:3.png");
-    const QString before = QDir::currentPath();
-    QDir::setCurrent(folder.path());
-    EXPECT_EQ(Desktop::documentAt("livro:3.png"), Document::Harmless);
-    QDir::setCurrent(before);
+    {
+        const WorkingFolder there(folder.path());
+        EXPECT_EQ(Desktop::documentAt("livro:3.png"), Document::Harmless);
+    }
     EXPECT_EQ(Desktop::documentAt(path), Document::Harmless);
 }

@@ -184,7 +184,7 @@ bool isOfMessages(const QString& file)
                                     "study/exchange/idsTables.cpp",
                                     "study/exchange/idsWords.cpp",
                                     "study/exchange/labels.cpp",
-                                    "study/exchange/tableList_",
+                                    "study/exchange/tableList",
                                     "study/exchange/tablePackage.cpp",
                                     "study/windows/actChoices.cpp",
                                     "study/windows/subjectRecords.cpp",

@@ -4,6 +4,7 @@
 #include "study/command/command.h"
 #include "study/indicators/settingsJson.h"
 #include "study/indicators/studyReport.h"
+#include "workingFolder.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -26,10 +27,7 @@ protected:
         const qint64 ana = person({"Ana", 'f', "1705-02-14", "1770-02-15"});
         const qint64 family = couple(rui, ana, "1725-01-10");
         person({"Eva", 'f', "1726-05-05", "1726-06-05", family});
-        was_ = QDir::currentPath();
-        QDir::setCurrent(folder.path());
     }
-    ~TheCommandThatCounts() override { QDir::setCurrent(was_); }
 
     int orv(
         const QStringList& arguments, const std::function<bool()>& goesOn = [] { return true; })
@@ -72,7 +70,8 @@ protected:
         EXPECT_EQ(out_, "");
     }
 
-    QString was_, out_, err_;
+    WorkingFolder there_{folder.path()};
+    QString out_, err_;
 };
 
 } // namespace

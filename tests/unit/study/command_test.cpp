@@ -3,6 +3,7 @@
 #include "store/session.h"
 #include "study/acts/register.h"
 #include "study/tellings.h"
+#include "workingFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +23,6 @@ protected:
     {
         cnBDP.commitTrans();
         cnBDP.close();
-        QDir::setCurrent(QFileInfo(path_).path());
         write("bom.cli", good);
     }
 
@@ -56,6 +56,7 @@ protected:
     }
 
     QString path_;
+    WorkingFolder there_{QFileInfo(path_).path()};
     QString out_;
     QString err_;
 };
