@@ -55,15 +55,15 @@ const QStringList& toldAside()
         "Ainda não há indivíduos: carregue em \"Inserir\" (Alt+I) para o primeiro.",
         "Escolha o distrito, o concelho e a paróquia, e carregue em \"Atribuir\".",
         "Escolha um local, de cima para baixo, e carregue em \"Guardar\": fica na lista que as fichas oferecem.",
-        "Escolha o local, de cima para baixo, e carregue em \"Atribuir\": passa para a ficha. \"Guardar\" põe-no na "
-        "lista.",
+        ("Escolha o local, de cima para baixo, e carregue em \"Atribuir\": passa para a ficha. \"Guardar\" põe-no na "
+         "lista."),
         "A cópia da demonstração está em ….",
         "Carregue em \"OK\" para trabalhar nesta BDP.",
         "Carregue no botão \"...\" da paróquia (Alt+P) e escolha a paróquia desta BDP.",
         "Carregue no botão \"...\" da localização (Alt+L) e diga em que pasta fica a BDP, e com que nome.",
         "Carregue no botão \"...\" da localização (Alt+L) e escolha o ficheiro da BDP.",
-        "Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha carregue "
-        "em \"Inserir\".",
+        ("Esta BDP ainda não tem ninguém. No menu \"BDParoquial\" escolha \"Indivíduos\" (Ctrl+I), e na ficha carregue "
+         "em \"Inserir\"."),
         "&Que lugar é?",
         "&Que profissão é?",
         "&Quais das palavras da BDP?",
@@ -85,13 +85,13 @@ const QStringList& toldAside()
         "Os casamentos são numerados de novo, pelas datas.",
         "Perde-se, porque esta tabela não tem notas: ….",
         "… deixa de existir na tabela.",
-        "Os códigos dos lugares que ficam dentro continuam a começar por …: quem for buscar os lugares pelo começo do "
-        "código não os vê em ….",
+        ("Os códigos dos lugares que ficam dentro continuam a começar por …: quem for buscar os lugares pelo começo do "
+         "código não os vê em …."),
         "… lugares que ficam dentro passam para ….",
         "… fica com: ….",
         "A família nº … deixa de existir.",
-        "Antes de juntar, o programa guarda na pasta «copias» a cópia de hoje da BDP, se ainda não a há, ou diz porque "
-        "não.",
+        ("Antes de juntar, o programa guarda na pasta «copias» a cópia de hoje da BDP, se ainda não a há, ou diz "
+         "porque não."),
         "A ficha do nº … deixa de existir.",
         "O acto em trabalho tem o nº …: escolha lá o nº … em vez dele.",
         "O tipo do nº … passa de «…» para «…».",
@@ -113,33 +113,35 @@ const QStringList& toldAside()
         "Na lista de nascimentos e baptismos: ….",
         "Casamento n.º …: …",
         "Células que não podem estar nas suas tabelas.",
-        "Células que não podem estar nas suas tabelas: números que não levam a nenhum registo, e valores que a coluna "
-        "não devia ter.",
-        "Cells that can't stand in their tables: numbers that lead to no record, and values that the column shouldn't "
-        "hold.",
+        ("Células que não podem estar nas suas tabelas: números que não levam a nenhum registo, e valores que a coluna "
+         "não devia ter."),
+        ("Cells that can't stand in their tables: numbers that lead to no record, and values that the column shouldn't "
+         "hold."),
         "Locais, códigos e profissões: os do programa.",
         "Actos no ficheiro: …. …: ….",
         "Pessoas novas: …; já conhecidas: …; só no acto: ….",
         "Famílias novas: …; filhos de casais já conhecidos: ….",
         "Sexo tirado do nome próprio: ….",
         // What a way out or in is for.
-        "Um ficheiro com as pessoas e as famílias, para os programas de genealogia: quase todos lêem esta versão. O "
-        "que ela não sabe dizer vai em notas.",
-        "O mesmo na versão mais nova, que diz mais: quem assistiu a cada acto, e em que papel. Nem todos os programas "
-        "a lêem.",
-        "Uma pasta com todas as tabelas da BDP em CSV e a sua descrição (datapackage.json), para o R e outros "
-        "programas. Delas se volta a fazer a mesma BDP. Vão todas as pessoas, também as que podem estar vivas.",
-        "As mesmas tabelas como o Excel em português as abre: com \";\", vírgula decimal e datas dd/mm/aaaa. Também "
-        "delas se volta a fazer a BDP. Vão todas as pessoas, também as que podem estar vivas.",
-        "Uma pasta com as tabelas da Intermediate Data Structure, que as bases de dados da demografia histórica trocam "
-        "entre si: cada facto numa linha, com o seu tipo, valor e data.",
-        "Uma pasta com quem esteve em risco de quê, e de quando a quando, pelas regras do estudo: fecundidade, "
-        "mortalidade, casamento e recasamento, para a análise de sobrevivência, com um exemplo em R. Sem nomes.",
-        "Uma pasta com as tabelas de uma BDP, como a exportação as escreve ou feitas por outro programa, com os mesmos "
-        "nomes e colunas. Delas se faz uma BDP nova; sem tabelas de locais, de códigos e de profissões, estes são os "
-        "do programa.",
-        "Um ficheiro GEDCOM, 5.5.1 ou 7.0, de qualquer programa. Todas as pessoas e famílias ficam na BDP aberta com "
-        "fichas novas; o que não tem coluna vai para as notas. Antes é feita uma cópia da BDP.",
+        ("Um ficheiro com as pessoas e as famílias, para os programas de genealogia: quase todos lêem esta versão. O "
+         "que ela não sabe dizer vai em notas."),
+        ("O mesmo na versão mais nova, que diz mais: quem assistiu a cada acto, e em que papel. Nem todos os programas "
+         "a lêem."),
+        ("Uma pasta com todas as tabelas da BDP em CSV e a sua descrição (datapackage.json), para o R e outros "
+         "programas. Delas se volta a fazer a mesma BDP. Vão todas as pessoas, também as que podem estar vivas."),
+        ("As mesmas tabelas como o Excel em português as abre: com \";\", vírgula decimal e datas dd/mm/aaaa. Também "
+         "delas se volta a fazer a BDP. Vão todas as pessoas, também as que podem estar vivas."),
+        ("Uma pasta com as tabelas da Intermediate Data Structure, que as bases de dados da demografia histórica "
+         "trocam "
+         "entre si: cada facto numa linha, com o seu tipo, valor e data."),
+        ("Uma pasta com quem esteve em risco de quê, e de quando a quando, pelas regras do estudo: fecundidade, "
+         "mortalidade, casamento e recasamento, para a análise de sobrevivência, com um exemplo em R. Sem nomes."),
+        ("Uma pasta com as tabelas de uma BDP, como a exportação as escreve ou feitas por outro programa, com os "
+         "mesmos "
+         "nomes e colunas. Delas se faz uma BDP nova; sem tabelas de locais, de códigos e de profissões, estes são os "
+         "do programa."),
+        ("Um ficheiro GEDCOM, 5.5.1 ou 7.0, de qualquer programa. Todas as pessoas e famílias ficam na BDP aberta com "
+         "fichas novas; o que não tem coluna vai para as notas. Antes é feita uma cópia da BDP."),
     };
     return texts;
 }
