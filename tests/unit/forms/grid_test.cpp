@@ -271,4 +271,6 @@ TEST_F(GridTest, TellsAScreenReaderTheTitleOfEachColumnAndTheTextOfEachCell)
     const auto headings = cell->tableCellInterface()->columnHeaderCells();
     ASSERT_EQ(headings.size(), 1);
     EXPECT_EQ(headings.first()->text(QAccessible::Name), "Data");
+    // The toolkit makes a heading anew at each call and leaves it to the caller.
+    QAccessible::deleteAccessibleInterface(QAccessible::registerAccessibleInterface(headings.first()));
 }
