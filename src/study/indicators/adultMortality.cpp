@@ -8,10 +8,11 @@
 
 namespace study::indicators {
 
-using namespace adult_counts;
-
 namespace {
 
+namespace adults {
+
+using namespace adult_counts;
 using At = Reading::At;
 
 // Groups of five years from 20, and all from 80 on.
@@ -101,6 +102,8 @@ void fill(const Study& study, const Share& share, Taker& taker)
     }
 }
 
+} // namespace adults
+
 } // namespace
 
 const Subject adultMortality = {
@@ -111,9 +114,9 @@ const Subject adultMortality = {
     "conhecido entra de quatro maneiras: a máxima exagera sempre a mortalidade, e a mínima só não a exagera se quem "
     "partiu foi visto até partir. Contar só os óbitos conhecidos também a exagera, porque quem morre novo morre mais "
     "vezes onde casou.",
-    names,
-    reasons,
-    fill,
+    adult_counts::names,
+    adult_counts::reasons,
+    adults::fill,
     adult_counts::figures};
 
 } // namespace study::indicators

@@ -7,6 +7,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace deathAges {
+
 using At = Reading::At;
 constexpr qint32 any = Reading::any;
 
@@ -174,6 +176,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             leftOutTable(reading, reasons)};
 }
 
+} // namespace deathAges
+
 } // namespace
 
 const Subject ageAtDeath = {"idade-ao-obito",
@@ -184,9 +188,9 @@ const Subject ageAtDeath = {"idade-ao-obito",
                             "Quem não tem idade conta pela classe de paroquiano ou como menor. A idade média depende "
                             "da estrutura das idades da "
                             "população: não compara a mortalidade de dois tempos ou lugares.",
-                            names,
-                            reasons,
-                            fill,
-                            figures};
+                            deathAges::names,
+                            deathAges::reasons,
+                            deathAges::fill,
+                            deathAges::figures};
 
 } // namespace study::indicators

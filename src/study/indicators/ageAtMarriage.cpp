@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace marriageAges {
+
 using parish::Family;
 using parish::Gender;
 using report::Chart;
@@ -376,6 +378,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return all;
 }
 
+} // namespace marriageAges
+
 } // namespace
 
 const Subject ageAtMarriage = {
@@ -388,9 +392,9 @@ const Subject ageAtMarriage = {
     "parte. Ligam-se melhor os que casaram onde nasceram: quem mudou de paróquia casa mais tarde, e a média fica "
     "abaixo "
     "da verdadeira.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    marriageAges::counts,
+    marriageAges::leftOut,
+    marriageAges::fill,
+    marriageAges::figures};
 
 } // namespace study::indicators

@@ -10,6 +10,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace yearsApart {
+
 using parish::Family;
 using report::Chart;
 using report::Figure;
@@ -152,6 +154,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return all;
 }
 
+} // namespace yearsApart
+
 } // namespace
 
 const Subject ageGap = {
@@ -162,9 +166,9 @@ const Subject ageGap = {
     "diferença é a idade exacta do marido menos a da mulher no dia do casamento. Faltam os casais com um cônjuge de "
     "fora, "
     "cujo baptismo está noutros livros.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    yearsApart::counts,
+    yearsApart::leftOut,
+    yearsApart::fill,
+    yearsApart::figures};
 
 } // namespace study::indicators

@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace yearByYear {
+
 using At = Reading::At;
 constexpr qint32 any = Reading::any;
 
@@ -347,6 +349,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             balanceChart(all),  approximates(reading, all), leftOutTable(reading, reasons)};
 }
 
+} // namespace yearByYear
+
 } // namespace
 
 const Subject annualSeries = {
@@ -357,9 +361,9 @@ const Subject annualSeries = {
     "são centradas e não têm valor nos primeiros e nos últimos anos, nem onde falta um dos anos. Um ano sem livro é "
     "uma "
     "lacuna e não um zero: indique nos ajustes os anos que os livros cobrem.",
-    names,
-    reasons,
-    fill,
-    figures};
+    yearByYear::names,
+    yearByYear::reasons,
+    yearByYear::fill,
+    yearByYear::figures};
 
 } // namespace study::indicators

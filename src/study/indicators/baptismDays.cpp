@@ -15,21 +15,21 @@ struct Month
     const char* begins;
     int number;
 };
-constexpr std::array<Month, 22> months = {
+constexpr std::array<Month, 22> namesOfMonths = {
     {{"jan", 1},  {"fev", 2},  {"feb", 2},   {"mar", 3},   {"abr", 4},    {"mai", 5},  {"may", 5},  {"jun", 6},
      {"jul", 7},  {"ago", 8},  {"set", 9},   {"sep", 9},   {"out", 10},   {"oct", 10}, {"nov", 11}, {"dez", 12},
      {"dec", 12}, {"7bro", 9}, {"8bro", 10}, {"9bro", 11}, {"10bro", 12}, {"xbro", 12}}};
 
 // 0 for what is no month.
-int monthOf(const QString& told)
+int monthNamed(const QString& told)
 {
     bool isNumber = false;
     if (const int number = told.toInt(&isNumber); isNumber) return number;
     const QString word = fold::plain(told).trimmed();
-    const auto found = std::find_if(months.begin(), months.end(), [&word](const Month& month) {
+    const auto found = std::find_if(namesOfMonths.begin(), namesOfMonths.end(), [&word](const Month& month) {
         return word.startsWith(QLatin1String(month.begins));
     });
-    return found == months.end() ? 0 : found->number;
+    return found == namesOfMonths.end() ? 0 : found->number;
 }
 
 QRegularExpression insensitive(const QString& pattern)
@@ -73,7 +73,7 @@ std::optional<QDate> DaysInNotes::found(const QString& notes, QDate day, int ste
     if (isEmpty() || !day.isValid()) return {};
     const QRegularExpressionMatch told = pattern_->match(notes);
     if (!told.hasMatch()) return {};
-    const int month = monthOf(told.captured(2)), of = told.captured(1).toInt();
+    const int month = monthNamed(told.captured(2)), of = told.captured(1).toInt();
     const bool hasYear = !told.captured(3).isEmpty();
     QDate date(hasYear ? told.captured(3).toInt() : day.year(), month, of);
     const bool isBeyond = step < 0 ? date > day : date < day;

@@ -10,6 +10,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace christenings {
+
 using At = Reading::At;
 using By = BaptismTold::By;
 constexpr qint32 any = Reading::any;
@@ -145,6 +147,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return {byPeriod(reading, settings), chartOf(reading), bySource(reading, settings), leftOutTable(reading, leftOut)};
 }
 
+} // namespace christenings
+
 } // namespace
 
 const Subject baptismDelay = {
@@ -155,9 +159,9 @@ const Subject baptismDelay = {
     "ficha depois de certas palavras, dizem também o outro. Indique nos ajustes as palavras ou a lista, e veja antes o "
     "que se lê. Quem morreu antes do baptismo não está aqui: quanto maior a demora, mais recém-nascidos faltam nos "
     "livros.",
-    names,
-    leftOut,
-    fill,
-    figures};
+    christenings::names,
+    christenings::leftOut,
+    christenings::fill,
+    christenings::figures};
 
 } // namespace study::indicators

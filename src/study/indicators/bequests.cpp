@@ -14,6 +14,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace lastWills {
+
 using parish::Gender;
 using parish::Person;
 using parish::Suffrage;
@@ -399,6 +401,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             leftOutTable(reading, leftOut)};
 }
 
+} // namespace lastWills
+
 } // namespace
 
 const Subject bequests = {
@@ -409,9 +413,9 @@ const Subject bequests = {
     "testador sem missas conta com zero; um de quem falta alguma quantidade fica fora das médias. O dinheiro mede-se "
     "em "
     "cada moeda e em cada período por si.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    lastWills::counts,
+    lastWills::leftOut,
+    lastWills::fill,
+    lastWills::figures};
 
 } // namespace study::indicators

@@ -18,6 +18,8 @@ using parish::Person;
 
 namespace {
 
+namespace firstBorn {
+
 constexpr int conceivedBefore = 8; // completed months under which a child was conceived before the marriage
 
 // Why a family tells nothing of its first interval.
@@ -312,6 +314,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
 
 } // namespace premarital
 
+} // namespace firstBorn
+
 } // namespace
 
 const Subject firstInterval = {
@@ -322,10 +326,10 @@ const Subject firstInterval = {
         "Contam os casais com data exacta de casamento e datas exactas de todos os filhos, casados e com o primeiro "
         "filho na paróquia. O intervalo vai do casamento ao primeiro parto; a média usual deixa de fora os partos "
         "antes de 8 meses completos. As datas podem ser de baptismos, o que alonga o intervalo.",
-    .counts = counts,
-    .reasons = whyNot,
-    .fill = fill,
-    .figures = behindMarriage::figures,
+    .counts = firstBorn::counts,
+    .reasons = firstBorn::whyNot,
+    .fill = firstBorn::fill,
+    .figures = firstBorn::behindMarriage::figures,
 };
 
 const Subject premaritalConceptions = {
@@ -337,10 +341,10 @@ const Subject premaritalConceptions = {
               "os filhos, onde quer que o primeiro tenha nascido. É pré-nupcial o parto que vem antes de 8 meses "
               "completos depois do casamento (a 7 e a 9, ao lado); os partos "
               "antes do casamento são uma parte à parte. As partes são de todos os primeiros partos contados.",
-    .counts = counts,
-    .reasons = premarital::notCounted,
-    .fill = fill,
-    .figures = premarital::figures,
+    .counts = firstBorn::counts,
+    .reasons = firstBorn::premarital::notCounted,
+    .fill = firstBorn::fill,
+    .figures = firstBorn::premarital::figures,
 };
 
 } // namespace study::indicators

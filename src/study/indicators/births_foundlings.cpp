@@ -15,6 +15,8 @@ using parish::Person;
 
 namespace {
 
+namespace exposed {
+
 // Foundlings: period. By month: month. Died, or left observation: days.
 constexpr quint16 found = 0, byMonth = 1, died = 2, left = 3, unseen = 4, firstReason = 5;
 constexpr std::array<const char*, 5> ownNames{"expostos", "por-mes", "mortos", "saidos-de-observacao",
@@ -105,6 +107,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return all;
 }
 
+} // namespace exposed
+
 } // namespace
 
 const Subject foundlings = {
@@ -116,10 +120,10 @@ const Subject foundlings = {
               "criou é vista "
               "por actos que não são os do próprio; sem ela ficam fora. Os expostos saem cedo para as amas, e poucos "
               "são seguidos.",
-    .counts = counts,
-    .reasons = whyNot,
-    .fill = fill,
-    .figures = figures,
+    .counts = exposed::counts,
+    .reasons = exposed::whyNot,
+    .fill = exposed::fill,
+    .figures = exposed::figures,
 };
 
 } // namespace study::indicators

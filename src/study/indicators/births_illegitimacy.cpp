@@ -14,6 +14,8 @@ using parish::Person;
 
 namespace {
 
+namespace outOfWedlock {
+
 // Births: legitimacy, period. Illegitimate ones: whether the father is known, period. Mothers: illegitimate births, and
 // whether they married behind the first. Ages: hundredths at the first of them.
 constexpr quint16 births = 0, fathers = 1, mothers = 2, ages = 3, unmapped = 4, motherless = 5, firstReason = 6;
@@ -185,6 +187,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             leftOutTable(reading, whyNot)};
 }
 
+} // namespace outOfWedlock
+
 } // namespace
 
 const Subject illegitimacy = {
@@ -195,10 +199,10 @@ const Subject illegitimacy = {
         "Ilegítimos por cem nascidos na paróquia, pela filiação do baptismo, como o estudo a agrupa; onde ela não "
         "diz nada, pela situação da família de origem. Legitimados, expostos e desconhecidos contam-se à parte, e "
         "os dois últimos não entram na razão. As mães são as dos nascimentos contados.",
-    .counts = counts,
-    .reasons = whyNot,
-    .fill = fill,
-    .figures = figures,
+    .counts = outOfWedlock::counts,
+    .reasons = outOfWedlock::whyNot,
+    .fill = outOfWedlock::fill,
+    .figures = outOfWedlock::figures,
 };
 
 } // namespace study::indicators

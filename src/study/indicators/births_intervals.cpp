@@ -14,6 +14,8 @@ using parish::Person;
 
 namespace {
 
+namespace betweenBirths {
+
 using Confinements = std::vector<Confinement>;
 
 // Days, rank of the confinement before, period. In large families: days, place. By fate, to the first birthday or to
@@ -308,6 +310,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             fateTable(reading),           conceptionTable(reading), leftOutTable(reading, whyNot)};
 }
 
+} // namespace betweenBirths
+
 } // namespace
 
 const Subject birthIntervals = {
@@ -318,10 +322,10 @@ const Subject birthIntervals = {
         "Contam os casais cujos filhos têm todos data exacta de nascimento; os gémeos, até 3 dias um do outro, são um "
         "parto. O intervalo vai de um parto ao seguinte, por ordem; nas famílias fechadas com 6 filhos e mais "
         "também contado do fim; e pelo destino do filho anterior. Nascimentos que faltam nos livros alongam-no.",
-    .counts = counts,
-    .reasons = whyNot,
-    .fill = fill,
-    .figures = figures,
+    .counts = betweenBirths::counts,
+    .reasons = betweenBirths::whyNot,
+    .fill = betweenBirths::fill,
+    .figures = betweenBirths::figures,
 };
 
 } // namespace study::indicators

@@ -11,6 +11,8 @@ using parish::Person;
 
 namespace {
 
+namespace parenthood {
+
 // Hundredths of a year, rank of the birth, period.
 constexpr quint16 motherByBirth = 0, fatherByBirth = 1, motherTold = 2, fatherTold = 3, noMother = 4, noFather = 5,
                   orphan = 6, firstReason = 7;
@@ -120,6 +122,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
         told, leftOutTable(reading, whyNot)};
 }
 
+} // namespace parenthood
+
 } // namespace
 
 const Subject parentsAge = {
@@ -130,10 +134,10 @@ const Subject parentsAge = {
         "Idade exacta da mãe e do pai ao nascimento de cada filho nascido na paróquia, pela data de nascimento "
         "deles; as idades que o baptismo declara são uma tabela à parte. A ordem é entre os filhos da mesma família "
         "com data. Contam as famílias todas, também as que não são fechadas.",
-    .counts = counts,
-    .reasons = whyNot,
-    .fill = fill,
-    .figures = figures,
+    .counts = parenthood::counts,
+    .reasons = parenthood::whyNot,
+    .fill = parenthood::fill,
+    .figures = parenthood::figures,
 };
 
 } // namespace study::indicators

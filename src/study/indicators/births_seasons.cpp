@@ -10,6 +10,8 @@ using parish::Person;
 
 namespace {
 
+namespace birthMonths {
+
 // Month, period. Quarters: quarter, period; approximate days as well.
 constexpr quint16 births = 0, conceptions = 1, firstBirths = 2, quarters = 3, monthless = 4, firstReason = 5;
 constexpr std::array<const char*, 5> ownNames{"nascimentos", "concepcoes", "primeiros-filhos", "trimestres", "sem-mes"};
@@ -58,6 +60,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return all;
 }
 
+} // namespace birthMonths
+
 } // namespace
 
 const Subject birthSeasons = {
@@ -68,10 +72,10 @@ const Subject birthSeasons = {
         "Contam os nascidos na paróquia com data exacta; por trimestre também os de data aproximada, se não é só o "
         "ano. As concepções são os nascimentos nove meses antes. O índice é por dia: 100 é a média do ano; pedem-se "
         "100 nascimentos, e as datas podem ser de baptismos.",
-    .counts = counts,
-    .reasons = whyNot,
-    .fill = fill,
-    .figures = figures,
+    .counts = birthMonths::counts,
+    .reasons = birthMonths::whyNot,
+    .fill = birthMonths::fill,
+    .figures = birthMonths::figures,
 };
 
 } // namespace study::indicators

@@ -8,6 +8,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace causesTold {
+
 constexpr qint32 any = Reading::any;
 
 // Period of the death, gender, the cause, 1 for a child under seven.
@@ -70,6 +72,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return all;
 }
 
+} // namespace causesTold
+
 } // namespace
 
 const Subject causesOfDeath = {
@@ -80,9 +84,9 @@ const Subject causesOfDeath = {
     "uma "
     "lista curta que uma das suas palavras indica; as que não indicam nenhum são outras. Nada se deduz: as palavras do "
     "tempo não são os diagnósticos de hoje.",
-    names,
-    reasons,
-    fill,
-    figures};
+    causesTold::names,
+    causesTold::reasons,
+    causesTold::fill,
+    causesTold::figures};
 
 } // namespace study::indicators

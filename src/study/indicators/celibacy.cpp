@@ -12,6 +12,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace neverMarried {
+
 using parish::Gender;
 using parish::Person;
 using report::Figure;
@@ -145,6 +147,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             tableFor(reading, settings, Gender::Female, "mulheres", "mulheres"), leftOutTable(reading, leftOut)};
 }
 
+} // namespace neverMarried
+
 } // namespace
 
 const Subject celibacy = {"celibato",
@@ -155,9 +159,9 @@ const Subject celibacy = {"celibato",
                           "falta dela, a que o assento declara. Solteiro é quem o assento diz solteiro; quem tem "
                           "casamento na base não o é. Os "
                           "clérigos mostram-se à parte.",
-                          counts,
-                          leftOut,
-                          fill,
-                          figures};
+                          neverMarried::counts,
+                          neverMarried::leftOut,
+                          neverMarried::fill,
+                          neverMarried::figures};
 
 } // namespace study::indicators

@@ -7,6 +7,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace children {
+
 using At = Reading::At;
 constexpr qint32 any = Reading::any;
 
@@ -195,6 +197,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return all;
 }
 
+} // namespace children
+
 } // namespace
 
 const Subject childhoodMortality = {
@@ -206,9 +210,9 @@ const Subject childhoodMortality = {
     "família "
     "vista até ao fim da idade, os actuariais e os de Kaplan–Meier. O óbito da própria criança nunca alonga o tempo em "
     "que a família é vista, e a última criança de uma família só conta se algo a segue.",
-    names,
-    reasons,
-    fill,
-    figures};
+    children::names,
+    children::reasons,
+    children::fill,
+    children::figures};
 
 } // namespace study::indicators

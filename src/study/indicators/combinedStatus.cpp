@@ -8,6 +8,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace statuses {
+
 using parish::Family;
 using report::Figure;
 
@@ -94,6 +96,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return {table, leftOutTable(reading, leftOut)};
 }
 
+} // namespace statuses
+
 } // namespace
 
 const Subject combinedStatus = {
@@ -104,9 +108,9 @@ const Subject combinedStatus = {
     "dele, "
     "o número do casamento, ou uma união anterior que já tinha acabado. Um estado por dizer não se toma por solteiro: "
     "fica de fora e conta-se.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    statuses::counts,
+    statuses::leftOut,
+    statuses::fill,
+    statuses::figures};
 
 } // namespace study::indicators

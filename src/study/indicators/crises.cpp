@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace worstYears {
+
 using At = Reading::At;
 constexpr qint32 any = Reading::any;
 
@@ -327,6 +329,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             leftOutTable(reading, reasons)};
 }
 
+} // namespace worstYears
+
 } // namespace
 
 const Subject mortalityCrises = {
@@ -337,9 +341,9 @@ const Subject mortalityCrises = {
     "dez anteriores, em desvios-padrão, e com os cinco de cada lado. Com menos de dez óbitos por ano o acaso basta "
     "para "
     "fazer crises, e os livros de óbitos de menores começam muitas vezes mais tarde.",
-    names,
-    reasons,
-    fill,
-    figures};
+    worstYears::names,
+    worstYears::reasons,
+    worstYears::fill,
+    worstYears::figures};
 
 } // namespace study::indicators

@@ -10,6 +10,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace bourgeoisPichat {
+
 using At = Reading::At;
 using Months = std::array<double, 12>;
 constexpr qint32 any = Reading::any;
@@ -214,6 +216,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return {byPeriod(reading, settings), byMonth(reading), chartOf(reading), leftOutTable(reading, reasons)};
 }
 
+} // namespace bourgeoisPichat
+
 } // namespace
 
 const Subject endogenousMortality = {
@@ -224,9 +228,9 @@ const Subject endogenousMortality = {
     "endógena lê-se na recta dos óbitos acumulados, e só quando as duas metades do ano dão a mesma recta e há "
     "cinquenta "
     "óbitos ou mais. Uma parte endógena muito baixa quer dizer que os recém-nascidos mortos não foram registados.",
-    names,
-    reasons,
-    fill,
-    figures};
+    bourgeoisPichat::names,
+    bourgeoisPichat::reasons,
+    bourgeoisPichat::fill,
+    bourgeoisPichat::figures};
 
 } // namespace study::indicators

@@ -11,6 +11,8 @@ using statistics::Exits;
 
 namespace {
 
+namespace parities {
+
 // Complete families: births, 0, cohort. From one birth to the next, or to the end of observation: births had, days.
 constexpr quint16 complete = 0, next = 1, left = 2, incomplete = 3, undated = 4, late = 5, firstLack = 6;
 constexpr std::array<const char*, 6> ownNames{"completas",   "seguintes",      "sem-seguinte",
@@ -166,6 +168,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings&)
             timedTable(reading), leftOutTable(reading, whyNot)};
 }
 
+} // namespace parities
+
 } // namespace
 
 const Subject parityProgression = {
@@ -176,10 +180,10 @@ const Subject parityProgression = {
         "a(k) é a parte das famílias com k filhos, pelo menos, que tiveram mais um; nas famílias completas conta-se "
         "directamente. Com as incompletas estima-se pelo tempo até ao filho seguinte (Kaplan–Meier), saindo da "
         "observação no fim da união ou aos 50 anos da mulher. Os gémeos valem dois filhos.",
-    .counts = counts,
-    .reasons = whyNot,
-    .fill = fill,
-    .figures = figures,
+    .counts = parities::counts,
+    .reasons = parities::whyNot,
+    .fill = parities::fill,
+    .figures = parities::figures,
 };
 
 } // namespace study::indicators

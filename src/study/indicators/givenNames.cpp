@@ -10,6 +10,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace namesGiven {
+
 constexpr PackedName unnamed = {};
 
 using At = Reading::At;
@@ -199,6 +201,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             leftOutTable(reading, reasons)};
 }
 
+} // namespace namesGiven
+
 } // namespace
 
 const Subject givenNames = {
@@ -208,9 +212,9 @@ const Subject givenNames = {
     "Contam as crianças nascidas na freguesia, pelo primeiro nome na forma de hoje; o segundo só conta para os nomes "
     "duplos. Um nome transmitido é o de um padrinho, pai ou avô do mesmo sexo. Maria e João são tão frequentes que o "
     "mesmo nome nem sempre quer dizer que foi transmitido.",
-    names,
-    reasons,
-    fill,
-    figures};
+    namesGiven::names,
+    namesGiven::reasons,
+    namesGiven::fill,
+    namesGiven::figures};
 
 } // namespace study::indicators

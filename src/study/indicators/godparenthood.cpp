@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace godparentsTold {
+
 using At = Reading::At;
 using parish::Assistance;
 using parish::Family;
@@ -369,6 +371,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             leftOutTable(reading, reasons)};
 }
 
+} // namespace godparentsTold
+
 } // namespace
 
 const Subject godparenthood = {
@@ -378,9 +382,9 @@ const Subject godparenthood = {
     "Contam os padrinhos e madrinhas dos baptismos da freguesia que têm ficha de pessoa; santos e imagens não são "
     "pessoas. Dá-se quantos afilhados cada um tem, quem são e como se concentram; à parte, as testemunhas dos "
     "casamentos. O parentesco só se conhece onde o acto o diz: a percentagem é entre esses.",
-    names,
-    reasons,
-    fill,
-    figures};
+    godparentsTold::names,
+    godparentsTold::reasons,
+    godparentsTold::fill,
+    godparentsTold::figures};
 
 } // namespace study::indicators

@@ -10,6 +10,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace infants {
+
 using At = Reading::At;
 constexpr qint32 any = Reading::any;
 
@@ -241,6 +243,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
             allDeaths(reading),          leftOutTable(reading, reasons)};
 }
 
+} // namespace infants
+
 } // namespace
 
 const Subject infantMortality = {
@@ -250,9 +254,9 @@ const Subject infantMortality = {
     "Contam as crianças nascidas na freguesia enquanto a família é vista por actos que não são os da própria criança. "
     "O quociente clássico pede a família vista um ano depois do nascimento; o de Kaplan–Meier deixa sair quem deixa "
     "de ser visto. O sub-registo dos que morreram antes do baptismo baixa as duas estimativas, sobretudo a neonatal.",
-    names,
-    reasons,
-    fill,
-    figures};
+    infants::names,
+    infants::reasons,
+    infants::fill,
+    infants::figures};
 
 } // namespace study::indicators

@@ -12,6 +12,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace kindred {
+
 using parish::Family;
 using parish::Person;
 using report::Figure;
@@ -199,6 +201,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             leftOutTable(reading, leftOut)};
 }
 
+} // namespace kindred
+
 } // namespace
 
 const Subject kinEndogamy = {
@@ -209,9 +213,9 @@ const Subject kinEndogamy = {
     "os "
     "antepassados ligados mostram, até ao quarto grau canónico, com o coeficiente de consanguinidade dos filhos. Tudo "
     "são mínimos: o que não se transcreveu ou não se ligou não se vê. A afinidade só a dizem as dispensas.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    kindred::counts,
+    kindred::leftOut,
+    kindred::fill,
+    kindred::figures};
 
 } // namespace study::indicators

@@ -9,6 +9,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace lastRites {
+
 constexpr qint32 any = Reading::any;
 
 // Period of the death, gender, age class, code of the sacraments.
@@ -139,6 +141,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return {byAge(reading), byPeriod(reading, settings), withoutAny(reading), leftOutTable(reading, reasons)};
 }
 
+} // namespace lastRites
+
 } // namespace
 
 const Subject lastSacraments = {
@@ -149,9 +153,9 @@ const Subject lastSacraments = {
     "alguns "
     "ou nenhum, e porquê, por idade e por período. As crianças pequenas não os recebiam: leia a percentagem dos mais "
     "velhos.",
-    names,
-    reasons,
-    fill,
-    figures};
+    lastRites::names,
+    lastRites::reasons,
+    lastRites::fill,
+    lastRites::figures};
 
 } // namespace study::indicators

@@ -14,6 +14,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace signing {
+
 using parish::Date;
 using parish::Gender;
 using parish::Person;
@@ -346,6 +348,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return all;
 }
 
+} // namespace signing
+
 } // namespace
 
 const Subject literacy = {
@@ -357,9 +361,9 @@ const Subject literacy = {
     "melhor nível. O nível a partir do qual se assina, e o da cruz ou sinal, são os do estudo. Quem não tem assinatura "
     "registada não conta como "
     "quem não sabe assinar.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    signing::counts,
+    signing::leftOut,
+    signing::fill,
+    signing::figures};
 
 } // namespace study::indicators

@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace wedlock {
+
 using observation::Union;
 using parish::Family;
 using report::Chart;
@@ -197,6 +199,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return all;
 }
 
+} // namespace wedlock
+
 } // namespace
 
 const Subject marriageDuration = {
@@ -205,9 +209,9 @@ const Subject marriageDuration = {
     "Duração da união e residência",
     "Contam-se as uniões fechadas: do casamento à primeira morte do casal. Diz-se quem morreu primeiro e onde o casal "
     "residia. As uniões de fim desconhecido ficam de fora; são as de quem mais se mudou.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    wedlock::counts,
+    wedlock::leftOut,
+    wedlock::fill,
+    wedlock::figures};
 
 } // namespace study::indicators

@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace closedTimes {
+
 using parish::Family;
 using report::Figure;
 
@@ -261,6 +263,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return all;
 }
 
+} // namespace closedTimes
+
 } // namespace
 
 const Subject marriageSeasons = {
@@ -270,9 +274,9 @@ const Subject marriageSeasons = {
     "Contam-se os casamentos de data exacta, por dia e não por mês, para que a duração dos meses não conte. Os tempos "
     "proibidos movem-se com a Páscoa e calculam-se para cada ano que os livros cobrem. Abaixo de 100 casamentos os "
     "índices são obra do acaso e não se mostram.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    closedTimes::counts,
+    closedTimes::leftOut,
+    closedTimes::fill,
+    closedTimes::figures};
 
 } // namespace study::indicators

@@ -9,6 +9,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace mothers {
+
 constexpr qint32 any = Reading::any;
 
 // Period of the confinement; its order in the family, up to 10, 0 where the marriage isn't known; days to the death.
@@ -124,6 +126,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return {byPeriod(reading, settings), byOrder(reading), leftOutTable(reading, reasons)};
 }
 
+} // namespace mothers
+
 } // namespace
 
 const Subject maternalMortality = {
@@ -133,9 +137,9 @@ const Subject maternalMortality = {
     "Contam os partos de mães conhecidas, com data exacta; os gémeos são um parto. A mãe que morre até 60 dias depois, "
     "ou até 42, conta como óbito; quem não tem óbito conhecido conta como viva. O valor é em bruto: não desconta as "
     "mortes por outras causas nem junta as que morreram com a criança por baptizar.",
-    names,
-    reasons,
-    fill,
-    figures};
+    mothers::names,
+    mothers::reasons,
+    mothers::fill,
+    mothers::figures};
 
 } // namespace study::indicators

@@ -15,6 +15,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace moving {
+
 using parish::Date;
 using parish::Gender;
 using parish::Person;
@@ -334,6 +336,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             leftOutTable(reading, leftOut)};
 }
 
+} // namespace moving
+
 } // namespace
 
 const Subject mobility = {
@@ -344,9 +348,9 @@ const Subject mobility = {
     "visto até aos 15 anos sem que a base lhe dê depois casamento ou óbito. A origem dos cônjuges está na endogamia "
     "por "
     "lugar. Um registo diz quem ficou; de quem saiu diz só que deixou de ser visto.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    moving::counts,
+    moving::leftOut,
+    moving::fill,
+    moving::figures};
 
 } // namespace study::indicators

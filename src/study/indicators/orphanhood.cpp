@@ -10,6 +10,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace orphans {
+
 using At = Reading::At;
 constexpr qint32 any = Reading::any;
 
@@ -260,6 +262,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings& settings
     return all;
 }
 
+} // namespace orphans
+
 } // namespace
 
 const Subject orphanhood = {
@@ -269,9 +273,9 @@ const Subject orphanhood = {
     "Contam as crianças nascidas na freguesia de quem se conhece o pai ou a mãe. Dá-se quantas tinham perdido um ou "
     "ambos em cada idade e ao primeiro casamento, pelas datas, e à parte o que dizem os actos a que assistiram. Quem "
     "não tem óbito conhecido só conta como vivo até à última prova de vida.",
-    names,
-    reasons,
-    fill,
-    figures};
+    orphans::names,
+    orphans::reasons,
+    orphans::fill,
+    orphans::figures};
 
 } // namespace study::indicators

@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace travellers {
+
 using parish::Date;
 using parish::Gender;
 using parish::Passport;
@@ -272,6 +274,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             leftOutTable(reading, leftOut)};
 }
 
+} // namespace travellers
+
 } // namespace
 
 const Subject passports = {
@@ -281,9 +285,9 @@ const Subject passports = {
     "Contam-se os passaportes datados, um por um; a altura uma vez, no último passaporte de homens já feitos. O estado "
     "civil é o que a base prova nesse dia. Regressou quem se vê depois na paróquia num acto seu, ou de um filho que "
     "concebeu depois: é um mínimo.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    travellers::counts,
+    travellers::leftOut,
+    travellers::fill,
+    travellers::figures};
 
 } // namespace study::indicators

@@ -8,6 +8,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace homes {
+
 using parish::Family;
 using parish::Place;
 using report::Figure;
@@ -130,6 +132,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return {byPeriod(reading, settings), matrix(reading), leftOutTable(reading, leftOut)};
 }
 
+} // namespace homes
+
 } // namespace
 
 const Subject placeEndogamy = {
@@ -139,9 +143,9 @@ const Subject placeEndogamy = {
     "Contam-se os casamentos pela origem do noivo e da noiva: o lugar do nascimento ou, à falta dele, onde os pais "
     "residiam. A taxa é a dos casamentos em que ambos são da paróquia, entre os de origens conhecidas. As paróquias "
     "vizinhas são as da lista do estudo.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    homes::counts,
+    homes::leftOut,
+    homes::fill,
+    homes::figures};
 
 } // namespace study::indicators

@@ -13,6 +13,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace trades {
+
 using parish::Date;
 using parish::Gender;
 using parish::Person;
@@ -345,6 +347,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
             leftOutTable(reading, leftOut)};
 }
 
+} // namespace trades
+
 } // namespace
 
 const Subject professions = {
@@ -355,9 +359,9 @@ const Subject professions = {
     "que "
     "tiveram em toda a vida. De pai a filho compara-se a última do pai antes dos 25 anos do filho com a do filho já "
     "homem. Os livros dizem a profissão de poucos, e de uns ofícios mais do que de outros.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    trades::counts,
+    trades::leftOut,
+    trades::fill,
+    trades::figures};
 
 } // namespace study::indicators

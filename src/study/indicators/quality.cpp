@@ -11,6 +11,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace registers {
+
 using namespace quality_counts;
 
 constexpr int monthsOfPregnancy = 8; // fewer: it began before the marriage
@@ -104,6 +106,8 @@ void fill(const Study& study, const Share& share, Taker& taker)
         countFamily(family, study, taker);
 }
 
+} // namespace registers
+
 } // namespace
 
 const Subject quality = {"qualidade",
@@ -114,9 +118,9 @@ const Subject quality = {"qualidade",
                          "são exactas, quantos actos se ligam ao nascimento da pessoa, e sinais de registos em falta. "
                          "Leia-a antes das outras "
                          "páginas: cada indicador tem a sua população, e nenhum é melhor do que os livros.",
-                         names,
-                         reasons,
-                         fill,
+                         quality_counts::names,
+                         quality_counts::reasons,
+                         registers::fill,
                          quality_counts::figures};
 
 } // namespace study::indicators

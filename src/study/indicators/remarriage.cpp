@@ -12,6 +12,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace secondMarriages {
+
 using observation::Union;
 using parish::Date;
 using parish::Family;
@@ -339,6 +341,8 @@ std::vector<Figure> figures(const Tally& tally, const Settings& settings)
     return all;
 }
 
+} // namespace secondMarriages
+
 } // namespace
 
 const Subject remarriage = {
@@ -348,9 +352,9 @@ const Subject remarriage = {
     "Contam-se as uniões cujo fim se conhece e de que se sabe quem sobreviveu. A probabilidade segue todos os viúvos, "
     "desde a viuvez até ao novo casamento, à morte ou à última notícia de vida. O intervalo médio dos que voltaram a "
     "casar nada diz dos outros: leiam-se os dois.",
-    counts,
-    leftOut,
-    fill,
-    figures};
+    secondMarriages::counts,
+    secondMarriages::leftOut,
+    secondMarriages::fill,
+    secondMarriages::figures};
 
 } // namespace study::indicators

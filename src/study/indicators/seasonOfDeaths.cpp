@@ -7,6 +7,8 @@ namespace study::indicators {
 
 namespace {
 
+namespace deathSeasons {
+
 constexpr qint32 any = Reading::any;
 
 // Age class; month, or quarter.
@@ -82,6 +84,8 @@ std::vector<report::Figure> figures(const Tally& tally, const Settings&)
     return all;
 }
 
+} // namespace deathSeasons
+
 } // namespace
 
 const Subject seasonOfDeaths = {
@@ -91,9 +95,9 @@ const Subject seasonOfDeaths = {
     "Contam os óbitos da freguesia com data exacta, por mês e por grupo de idades; os de data aproximada só por "
     "trimestre. O índice é por dia, e 100 é a média do ano. Com menos de cem óbitos num grupo o acaso basta para fazer "
     "meses altos e baixos.",
-    names,
-    reasons,
-    fill,
-    figures};
+    deathSeasons::names,
+    deathSeasons::reasons,
+    deathSeasons::fill,
+    deathSeasons::figures};
 
 } // namespace study::indicators

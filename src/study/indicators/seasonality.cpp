@@ -13,8 +13,8 @@ namespace {
 using report::Chart;
 using report::Standing;
 
-constexpr int months = 12, quarters = 4, firstMonthOfGestation = 9;
-constexpr std::array<double, months> daysOfMonths = {31, 28.25, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+constexpr int monthsOfYear = 12, quarters = 4, firstMonthOfGestation = 9;
+constexpr std::array<double, monthsOfYear> daysOfMonths = {31, 28.25, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 constexpr std::array<double, quarters> daysOfQuarters = {90.25, 91, 92, 92};
 
 struct Index
@@ -41,15 +41,15 @@ Cell indexCell(const Index& index, qint64 all, const std::vector<Key>& keys)
 }
 
 // The events of one group, by month or quarter.
-struct Counted
+struct CountedEvents
 {
     std::vector<Reading::Part> parts = {};
     Reading::Part all = {};
 };
 
-Counted countedBy(const Reading& reading, const ByMonth& shown, const ByMonth::Group& group, int parts)
+CountedEvents countedBy(const Reading& reading, const ByMonth& shown, const ByMonth::Group& group, int parts)
 {
-    Counted events;
+    CountedEvents events;
     for (int part = 1; part <= parts; ++part) {
         Reading::At at = group.at;
         at[static_cast<std::size_t>(shown.dimension)] = part;
@@ -75,7 +75,7 @@ QString suffixed(const QString& text, const QString& between, const QString& nam
     return name.isEmpty() ? text : text + between + name;
 }
 
-Table monthTable(const ByMonth& shown, const ByMonth::Group& group, const Counted& events, const QString& id)
+Table monthTable(const ByMonth& shown, const ByMonth::Group& group, const CountedEvents& events, const QString& id)
 {
     Table table{id,
                 suffixed(shown.title, ": ", group.name),
@@ -87,7 +87,7 @@ Table monthTable(const ByMonth& shown, const ByMonth::Group& group, const Counte
     for (std::size_t month = 0; month < counts.size(); ++month)
         counts[month] = static_cast<double>(events.parts[month].n);
     const auto proportional = statistics::proportionalNumbers(counts);
-    for (int month = 0; month < months; ++month) {
+    for (int month = 0; month < monthsOfYear; ++month) {
         const auto i = static_cast<std::size_t>(month);
         const Reading::Part& part = events.parts[i];
         Cell henry = proportional ? report::number((*proportional)[i], part.keys) : Cell();
@@ -107,10 +107,10 @@ Table monthTable(const ByMonth& shown, const ByMonth::Group& group, const Counte
     return table;
 }
 
-report::Plot plotOf(const ByMonth::Group& group, const Counted& events)
+report::Plot plotOf(const ByMonth::Group& group, const CountedEvents& events)
 {
     report::Plot plot{group.name, {}};
-    for (int month = 0; month < months; ++month) {
+    for (int month = 0; month < monthsOfYear; ++month) {
         const auto i = static_cast<std::size_t>(month);
         const Index index = dailyRatio(events.parts[i].n, events.all.n, daysOfMonths[i]);
         plot.points.push_back({static_cast<double>(month), index.value, index.interval});
@@ -147,7 +147,7 @@ std::optional<int> quarterOf(const parish::Date& date)
 
 int monthOfConception(int monthOfBirth)
 {
-    return (monthOfBirth - 1 + months - firstMonthOfGestation) % months + 1;
+    return (monthOfBirth - 1 + monthsOfYear - firstMonthOfGestation) % monthsOfYear + 1;
 }
 
 std::optional<int> dayOfWeek(const parish::Date& date)
@@ -190,12 +190,12 @@ std::vector<report::Figure> monthFigures(const Reading& reading, const ByMonth& 
                 {},
                 {},
                 {}};
-    for (int month = 1; month <= months; ++month)
+    for (int month = 1; month <= monthsOfYear; ++month)
         chart.categories << monthName(month);
     QStringList words;
     for (std::size_t i = 0; i < shown.groups.size(); ++i) {
         const ByMonth::Group& group = shown.groups[i];
-        const Counted events = countedBy(reading, shown, group, months);
+        const CountedEvents events = countedBy(reading, shown, group, monthsOfYear);
         if (events.all.n == 0) continue;
         const QString id = shown.groups.size() == 1 ? shown.id : QString("%1-%2").arg(shown.id).arg(i + 1);
         figures.emplace_back(monthTable(shown, group, events, id));
@@ -215,7 +215,7 @@ Table quarterTable(const Reading& reading, const ByMonth& shown)
     for (int quarter = 1; quarter <= quarters; ++quarter)
         table.columns.push_back(decimalColumn(quarterName(quarter), "100 = média do ano"));
     for (const ByMonth::Group& group : shown.groups) {
-        const Counted events = countedBy(reading, shown, group, quarters);
+        const CountedEvents events = countedBy(reading, shown, group, quarters);
         if (events.all.n == 0) continue;
         std::vector<Cell> row = {report::text(group.name.isEmpty() ? QString("Todos") : group.name),
                                  counted(events.all)};

@@ -15,7 +15,7 @@ namespace {
 
 using Known = std::span<const Subject* const>;
 
-constexpr std::chrono::milliseconds betweenQuestions{50};
+constexpr std::chrono::milliseconds betweenLooks{50};
 
 // The subjects, each counted whole by the thread that takes it.
 class Counts
@@ -104,7 +104,7 @@ Tallies talliesOf(const Study& study, const parish::Source& source, int threads,
     while (counts.countNext())
         ask();
     for (std::future<void>& other : others) {
-        while (other.wait_for(betweenQuestions) != std::future_status::ready)
+        while (other.wait_for(betweenLooks) != std::future_status::ready)
             ask();
         other.get();
     }

@@ -28,7 +28,7 @@ Background::GoesOn part(const Background::GoesOn& goesOn, double from, double to
 // On the thread: the figures are values, and of many cells they take their time, too.
 SubjectSheet madeOf(const Subject& subject, const indicators::Study& study, const Background::GoesOn& goesOn)
 {
-    const indicators::Tally tally = counted(subject, study, goesOn);
+    const indicators::Tally tally = countedInPieces(subject, study, goesOn);
     if (!goesOn(1)) throw Snapshot::Interrupted{};
     const auto figures = subject.figures(tally, study.settings);
     if (!goesOn(1)) throw Snapshot::Interrupted{};

@@ -46,8 +46,8 @@ std::vector<indicators::Share> piecesOf(const parish::Snapshot& parish)
     return shares;
 }
 
-Tally counted(const indicators::Subject& subject, const indicators::Study& study,
-              const std::function<bool(double done)>& goesOn)
+Tally countedInPieces(const indicators::Subject& subject, const indicators::Study& study,
+                      const std::function<bool(double done)>& goesOn)
 {
     const std::vector<indicators::Share> shares = piecesOf(study.parish);
     Asking asking(goesOn);

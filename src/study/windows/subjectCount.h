@@ -15,7 +15,7 @@ std::vector<indicators::Share> piecesOf(const parish::Snapshot& parish);
 
 // As indicators::tallyOf(). goesOn is asked now and then with the share that is done, from 0 to 1, also within a piece;
 // where it answers false, parish::Snapshot::Interrupted is thrown. Throws what the subject's fill() throws.
-indicators::Tally counted(const indicators::Subject& subject, const indicators::Study& study,
-                          const std::function<bool(double done)>& goesOn);
+indicators::Tally countedInPieces(const indicators::Subject& subject, const indicators::Study& study,
+                                  const std::function<bool(double done)>& goesOn);
 
 } // namespace study

@@ -388,13 +388,13 @@ TEST_F(ASubjectInPieces, GivesTheTallyOfTheWhole)
         asked.push_back(done);
         return true;
     };
-    EXPECT_EQ(counted(*subject, study, all), indicators::tallyOf(*subject, study));
+    EXPECT_EQ(countedInPieces(*subject, study, all), indicators::tallyOf(*subject, study));
     EXPECT_GT(asked.size(), 3U);
     EXPECT_TRUE(std::ranges::is_sorted(asked));
     EXPECT_LT(asked.back(), 1);
     int looks = 0;
     const auto endsSoon = [&looks](double) { return ++looks < 3; };
-    EXPECT_THROW(counted(*subject, study, endsSoon), parish::Snapshot::Interrupted);
+    EXPECT_THROW(countedInPieces(*subject, study, endsSoon), parish::Snapshot::Interrupted);
     EXPECT_EQ(looks, 3);
 }
 
