@@ -31,10 +31,12 @@ set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/staged.cmake)
 set(CPACK_ORV_RELEASE_SECONDS ${ORV_RELEASE_SECONDS})
 include(CPack)
 
-set(packed orv orv-estudo program_folder demo icons-apps icons-mimetypes compressed)
-if(TARGET manuals)
-    list(APPEND packed manuals)
+if(NOT TARGET manuals)
+    add_custom_target(deb COMMAND ${CMAKE_COMMAND} -E echo
+            "No package without its manuals: python3-markdown or weasyprint is missing. Install them and configure again."
+        COMMAND ${CMAKE_COMMAND} -E false VERBATIM)
+    return()
 endif()
 add_custom_target(deb COMMAND sh -c "umask 022 && exec \"$0\"" ${CMAKE_CPACK_COMMAND}
     WORKING_DIRECTORY ${CMAKE_BINARY_DIR} USES_TERMINAL VERBATIM)
-add_dependencies(deb ${packed})
+add_dependencies(deb orv orv-estudo program_folder demo icons-apps icons-mimetypes compressed manuals)

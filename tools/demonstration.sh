@@ -1,22 +1,19 @@
 # Sourced by ./run: the copy of the demonstration BDP that people work on.
 
-# documents_folder: where the user's documents stand; the home where nothing else is known.
+# documents_folder: where the user's documents stand, by the rule of the program's dialogs; the home where there is no
+# such folder.
 documents_folder() {
-    local folder=''
-    ! command -v xdg-user-dir >/dev/null || folder=$(xdg-user-dir DOCUMENTS)
-    # A desktop that has no such folder names the home.
-    if [ ! -d "$folder" ] || [ "$folder" -ef "$HOME" ]; then
-        folder=$HOME/Documentos
-        [ -d "$folder" ] || folder=$HOME
-    fi
-    echo "$folder"
+    local named='' told=${XDG_CONFIG_HOME:-$HOME/.config}/user-dirs.dirs
+    [ ! -f "$told" ] || named=$(. "$told" && echo "${XDG_DOCUMENTS_DIR:-}")
+    named=${named:-$HOME/Documents}
+    [ -d "$named" ] && echo "$named" || echo "$HOME"
 }
 
-# free_name FOLDER: a name of the demonstration that no file there bears.
+# free_name FOLDER: a name of the demonstration that no file there bears, as the program counts its copies.
 free_name() {
     local name=demonstracao.orv number=2
     while [ -e "$1/$name" ]; do
-        name=demonstracao-$number.orv
+        name="demonstracao $number.orv"
         number=$((number + 1))
     done
     echo "$name"

@@ -30,13 +30,13 @@ opened() {
 trial "the first copy" "work/demonstracao.orv: one; demonstracao.orv" "$(opened one)"
 trial "the same again" "work/demonstracao.orv: one; demonstracao.orv" "$(opened one)"
 trial "a newer one, beside what nobody worked on" \
-    "work/demonstracao-2.orv: two; demonstracao-2.orv demonstracao.orv" "$(opened two)"
-echo mine >work/demonstracao-2.orv
+    "work/demonstracao 2.orv: two; demonstracao 2.orv demonstracao.orv" "$(opened two)"
+echo mine >"work/demonstracao 2.orv"
 trial "what was worked on stays, whatever is newer" \
-    "work/demonstracao-2.orv: mine; demonstracao-2.orv demonstracao.orv" "$(opened three)"
-mv work/demonstracao-2.orv work/minha.orv
+    "work/demonstracao 2.orv: mine; demonstracao 2.orv demonstracao.orv" "$(opened three)"
+mv "work/demonstracao 2.orv" work/minha.orv
 trial "one that was named otherwise makes room" \
-    "work/demonstracao-2.orv: three; demonstracao-2.orv demonstracao.orv minha.orv" "$(opened three)"
+    "work/demonstracao 2.orv: three; demonstracao 2.orv demonstracao.orv minha.orv" "$(opened three)"
 trial "and stays as it is" "mine" "$(cat work/minha.orv)"
 rm -r work && mkdir work && echo "of old" >work/demonstracao.orv
 trial "one of which nothing is known stays" "work/demonstracao.orv: of old; demonstracao.orv" "$(opened one)"
@@ -45,20 +45,21 @@ trial "the copy can be written where its source can't" "-rw" "$(stat -c %A work/
 
 # desktop FOLDER: what the desktop tells of the documents.
 desktop() {
-    mkdir -p programs
-    printf '#!/bin/sh\necho "%s"\n' "$1" >programs/xdg-user-dir
-    chmod +x programs/xdg-user-dir
+    mkdir -p "$HOME/.config"
+    echo "XDG_DOCUMENTS_DIR=\"$1\"" >"$HOME/.config/user-dirs.dirs"
 }
-export HOME=$folder/home PATH=$folder/programs:$PATH
+export HOME=$folder/home
+unset XDG_CONFIG_HOME
 mkdir -p "$HOME/Papéis"
-desktop "$HOME/Papéis"
+trial "no desktop has told of any" "$HOME" "$(documents_folder)"
+mkdir "$HOME/Documents"
+trial "where a desktop would make them" "$HOME/Documents" "$(documents_folder)"
+desktop '$HOME/Papéis'
 trial "the documents, as the desktop has them" "$HOME/Papéis" "$(documents_folder)"
-desktop "$HOME/"
-trial "a desktop without documents" "$HOME" "$(documents_folder)"
+desktop '$HOME/'
+trial "a desktop without documents" "$HOME/" "$(documents_folder)"
 desktop "$HOME/Gone"
 trial "documents that aren't there" "$HOME" "$(documents_folder)"
-mkdir "$HOME/Documentos"
-trial "a folder of that name all the same" "$HOME/Documentos" "$(documents_folder)"
 
 [ $failures -eq 0 ] || echo "$failures of $trials trials of tools/demonstration.sh failed."
 [ $failures -eq 0 ]
