@@ -237,12 +237,6 @@ struct Work
 
 std::unique_ptr<Work> work;
 
-QStatusBar* statusBar()
-{
-    const QWidget* window = Forms::mainWindow();
-    return window ? window->findChild<QStatusBar*>() : nullptr;
-}
-
 // In the middle of painting nothing else can be painted.
 bool isPainting()
 {
@@ -276,7 +270,7 @@ bool LongWork::cancelled(QWidget& shown, QAbstractButton& cancel)
 
 void LongWork::tell(const QString& text)
 {
-    QStatusBar* bar = statusBar();
+    QStatusBar* bar = mainStatusBar();
     if (!bar || bar->currentMessage() == text || isPainting()) return;
     Work& current = theWork();
     if (!current.before) current.before = bar->currentMessage();

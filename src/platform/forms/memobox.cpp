@@ -21,7 +21,7 @@ constexpr int nothing = 1;
 const QString breaks[]{"\r\n", "", "\n", "\r", QChar(QChar::ParagraphSeparator), QChar(0xFDD0), QChar(0xFDD1)};
 
 constexpr qsizetype longestWord = 1000;
-constexpr qsizetype longestLine = 20000;
+constexpr qsizetype longestParagraph = 20000;
 
 // A field can't take any number of lines at once. No paste has as many.
 constexpr int mostBreaks = 40000;
@@ -82,7 +82,7 @@ public:
 private:
     bool isTooLong(qsizetype place) const
     {
-        if (word_ < longestWord && (line_ < longestLine || word_ > 0)) return false;
+        if (word_ < longestWord && (line_ < longestParagraph || word_ > 0)) return false;
         const QChar character = text_.at(place);
         return !character.isLowSurrogate() && (!character.isMark() || word_ > 2 * longestWord);
     }

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int longestWord = 150;
+constexpr int longestRun = 150;
 constexpr QChar breakPoint(0x200B);
 
 // How many characters of the text, from its beginning or its end, have room where a line break takes a whole line.
@@ -14,9 +14,9 @@ qsizetype fitting(Iterator character, Iterator end, int room)
     constexpr int line = 70;
     qsizetype count = 0;
     for (; character != end; ++character, ++count) {
-        const bool breaks =
+        const bool isBreak =
             *character == u'\n' || *character == QChar::LineSeparator || *character == QChar::ParagraphSeparator;
-        room -= breaks ? line : 1;
+        room -= isBreak ? line : 1;
         if (room < 0) break;
     }
     return count;
@@ -50,7 +50,7 @@ QString shownLines(const QString& text)
     int word = 0;
     for (const QChar character : screenful(text)) {
         word = character.isSpace() ? 0 : word + 1;
-        if (word > longestWord && !character.isLowSurrogate()) {
+        if (word > longestRun && !character.isLowSurrogate()) {
             lines += breakPoint;
             word = 1;
         }

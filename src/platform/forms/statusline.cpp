@@ -9,12 +9,6 @@ namespace {
 
 constexpr auto noteName = "statusNote";
 
-QStatusBar* statusBar()
-{
-    const QWidget* window = Forms::mainWindow();
-    return window ? window->findChild<QStatusBar*>() : nullptr;
-}
-
 QLabel& noteOf(QStatusBar& bar)
 {
     if (auto* note = bar.findChild<QLabel*>(noteName)) return *note;
@@ -27,9 +21,15 @@ QLabel& noteOf(QStatusBar& bar)
 
 } // namespace
 
+QStatusBar* mainStatusBar()
+{
+    const QWidget* window = Forms::mainWindow();
+    return window ? window->findChild<QStatusBar*>() : nullptr;
+}
+
 void showStatus(const QString& text)
 {
-    if (auto* bar = statusBar()) bar->showMessage(shownText(text));
+    if (auto* bar = mainStatusBar()) bar->showMessage(shownText(text));
 }
 
 // The bar isn't looked for here: the windows are just being taken down.
@@ -40,7 +40,7 @@ StatusHint::~StatusHint()
 
 void StatusHint::tell(const QString& text)
 {
-    if (!bar_) bar_ = statusBar();
+    if (!bar_) bar_ = mainStatusBar();
     if (!bar_) return;
     if (bar_->currentMessage() != told_) before_ = bar_->currentMessage();
     told_ = shownText(text);
@@ -49,7 +49,7 @@ void StatusHint::tell(const QString& text)
 
 void showStatusNote(const QString& text, const QString& whole)
 {
-    auto* bar = statusBar();
+    auto* bar = mainStatusBar();
     if (!bar) return;
     QLabel& note = noteOf(*bar);
     note.setText(note.fontMetrics().elidedText(text, Qt::ElideRight,

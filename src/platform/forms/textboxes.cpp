@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int longestLine = 32767;
+constexpr int mostCharacters = 32767;
 
 bool isTyped(const QEvent* event)
 {
@@ -53,7 +53,7 @@ bool leftToMenus(const QEvent* event)
            std::find(std::begin(editing), std::end(editing), key->key()) == std::end(editing);
 }
 
-TextBox::TextBox(QWidget* parent) : QLineEdit(parent), maxLength_(longestLine)
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent), maxLength_(mostCharacters)
 {
     const auto measure = [this] { room_ = QLineEdit::maxLength() - QLineEdit::text().size() + selectedText().size(); };
     connect(this, &QLineEdit::textChanged, this, measure);
@@ -77,8 +77,8 @@ void TextBox::setText(const QString& text)
 {
     const bool fresh = !isModified() && !isUndoAvailable() && !isRedoAvailable() && !hasFocus();
     if (fresh && text.isEmpty() && QLineEdit::text().isEmpty()) return; // most fields of a card are empty all day
-    const bool wouldHalve = text.size() > longestLine && text.at(longestLine - 1).isHighSurrogate();
-    const QString shown = text.left(longestLine - wouldHalve);
+    const bool wouldHalve = text.size() > mostCharacters && text.at(mostCharacters - 1).isHighSurrogate();
+    const QString shown = text.left(mostCharacters - wouldHalve);
     rest_ = text.mid(shown.size());
     const int needed = std::max(maxLength_, int(shown.size()));
     if (needed > QLineEdit::maxLength()) {
@@ -93,7 +93,7 @@ void TextBox::setText(const QString& text)
 
 void TextBox::setMaxLength(int length)
 {
-    maxLength_ = std::min(length, longestLine);
+    maxLength_ = std::min(length, mostCharacters);
     QLineEdit::setMaxLength(maxLength_);
     room_ = maxLength_ - QLineEdit::text().size();
 }

@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr auto markOfADraft = ".orvtmp-";
-constexpr int letters = 6;
+constexpr int lettersOfADraft = 6;
 constexpr int attemptsToName = 100;
 
 Disk* replaced = nullptr;
@@ -171,7 +171,7 @@ QString temporaryName(const QString& target)
 {
     static const auto alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789");
     QString name = target + QLatin1String(markOfADraft);
-    for (int i = 0; i < letters; ++i)
+    for (int i = 0; i < lettersOfADraft; ++i)
         name += alphabet[QRandomGenerator::global()->bounded(alphabet.size())];
     return name;
 }

@@ -23,7 +23,7 @@ qint64 firstLater(jet::Connection& bdp, const char* select, const QVariantList& 
 constexpr auto livesThere =
     "select p.acto from estudo_pessoa p, estudo_atributo t where p.nind = ? and p.acto > ? and t.acto = p.acto and "
     "t.pessoa = p.ordem and lower(t.tipo) = 'residencia' and t.local = ? and lower(t.nivel) = lower(?) limit 1";
-constexpr auto hasProfession =
+constexpr auto practises =
     "select p.acto from estudo_pessoa p, estudo_atributo t where p.nind = ? and p.acto > ? and t.acto = p.acto and "
     "t.pessoa = p.ordem and lower(t.tipo) = 'profissao' and t.codprof = ? limit 1";
 constexpr auto tells =
@@ -34,7 +34,7 @@ constexpr auto hasParents =
     "q.de = p.ordem and q.papel in (?, ?) limit 1";
 constexpr auto isItsSubject =
     "select acto from estudo_pessoa where nind = ? and acto > ? and papel in (?, ?, ?, ?) limit 1";
-constexpr auto stands = "select acto from estudo_pessoa where nind = ? and acto > ? limit 1";
+constexpr auto figuresInAct = "select acto from estudo_pessoa where nind = ? and acto > ? limit 1";
 constexpr auto serves = "select acto from estudo_familia where nfamilia = ? and acto > ? limit 1";
 
 // A column of a person who was there before.
@@ -44,7 +44,7 @@ qint64 reliesOn(jet::Connection& bdp, const QString& column, const QVariant& nin
                                                {"titulo", attribute::title},
                                                {"localnasc", attribute::birthplace},
                                                {"tipolocaln", attribute::birthplace}};
-    if (column == "sexo") return firstLater(bdp, stands, {nind, act});
+    if (column == "sexo") return firstLater(bdp, figuresInAct, {nind, act});
     if (column == "famorig")
         return firstLater(bdp, hasParents, {nind, act, tables::word(Role::Father), tables::word(Role::Mother)});
     if (const QString type = types.value(column); !type.isEmpty())
@@ -59,7 +59,7 @@ qint64 reliesOn(jet::Connection& bdp, const RowChange& change, qint64 act)
     const QVariant owner = change.key.first().second;
     if (change.table == "residencia" && valueIn(change, "tiporesid") == "i")
         return firstLater(bdp, livesThere, {owner, act, valueIn(change, "localresid"), valueIn(change, "tipolocal")});
-    if (change.table == "profissoes") return firstLater(bdp, hasProfession, {owner, act, valueIn(change, "codprof")});
+    if (change.table == "profissoes") return firstLater(bdp, practises, {owner, act, valueIn(change, "codprof")});
     if (change.table == "familias") return firstLater(bdp, serves, {owner, act});
     if (change.before.isEmpty()) return 0;
     for (const auto& [name, value] : change.values) {

@@ -24,13 +24,13 @@ struct Uses
 };
 using UsesOf = QMap<QString, Uses>;
 
-constexpr size_t mostNamed = 12;
+constexpr size_t mostKept = 12;
 
 void use(Uses& uses, const Person* person, const Family* family)
 {
     ++uses.times;
-    if (uses.people.size() < mostNamed) addOnce(uses.people, person);
-    if (uses.families.size() < mostNamed) addOnce(uses.families, family);
+    if (uses.people.size() < mostKept) addOnce(uses.people, person);
+    if (uses.families.size() < mostKept) addOnce(uses.families, family);
 }
 
 QString timesOf(const Uses& uses)

@@ -165,7 +165,7 @@ void marriesOld(const Family& family, Check& check)
     report(family, faults, {}, "; ", check);
 }
 
-void isToldAnotherAge(const Family& family, Check& check)
+void marriesAtAnotherAge(const Family& family, Check& check)
 {
     std::vector<Fault> faults;
     for (const Membership* row : couple(family)) {
@@ -266,7 +266,7 @@ std::vector<Rule> marriageAgeRules()
         {"M-06",
          Severity::Unlikely,
          "Idade indicada ao casamento diferente da calculada",
-         isToldAnotherAge,
+         marriesAtAnotherAge,
          {{"anos", 2, "Diferença admitida (anos)"}},
          "Quem declara uma idade arredonda-a; a ligação a um homónimo."},
         {"M-07", Severity::Unlikely, "Grande diferença de idades", areOfFarAges,

@@ -199,22 +199,6 @@ void PersonIn::takeWill()
 
 namespace {
 
-struct SuffrageWords
-{
-    const char* told;
-    const char* kind;
-    const char* category;
-};
-constexpr std::array<SuffrageWords, 3> suffrageWords = {
-    {{"Missas", "missa", "TipMi"}, {"Ofícios", "oficio", "TipOf"}, {"Esmolas", "esmola", "TipEs"}}};
-
-struct Currency
-{
-    const char* name;
-    const char* code;
-};
-constexpr std::array<Currency, 3> currencies = {{{"réis", "Re"}, {"escudos", "Es"}, {"euros", "Eu"}}};
-
 // The parts of "tipo: Rezada; quantidade: 5": each begins with one of these, in this order.
 constexpr std::array<const char*, 8> suffrageParts = {
     "tipo: ", "quantidade: ", "valor de cada: ", "valor total: ", "moeda: ", "destino: ", "padres: ", "notas: "};
@@ -227,7 +211,7 @@ std::optional<double> amountOf(const QString& text)
 }
 
 // By part; nothing where the line isn't so.
-std::optional<QHash<QString, QString>> partsOf(QString line)
+std::optional<QHash<QString, QString>> labelledParts(QString line)
 {
     QHash<QString, QString> parts;
     std::size_t next = 0;
@@ -255,7 +239,7 @@ bool PersonIn::takeSuffrage(const QString& line, const QString& path)
     const QString told = line.section(": ", 0, 0);
     const auto* const words = std::ranges::find_if(
         suffrageWords, [&](const SuffrageWords& one) { return told == QString::fromUtf8(one.told); });
-    const auto parts = words == suffrageWords.end() ? std::nullopt : partsOf(line.mid(told.size() + 2));
+    const auto parts = words == suffrageWords.end() ? std::nullopt : labelledParts(line.mid(told.size() + 2));
     if (!parts) return false;
     RowValues row{{"nind", seen_.number}, {"tipolegpio", words->kind}};
     if (parts->contains("tipo") && !putCode(row, "tipo", words->category, parts->value("tipo"))) return false;
@@ -268,7 +252,7 @@ bool PersonIn::takeSuffrage(const QString& line, const QString& path)
             row.insert(column, *amount);
         }
     const QString currency = parts->value("moeda");
-    for (const Currency& one : currencies)
+    for (const CurrencyName& one : currencyNames)
         if (currency == QString::fromUtf8(one.name)) row.insert("tipomoeda", one.code);
     if (!currency.isEmpty() && !row.contains("tipomoeda")) return false;
     row.insert("idlegpio", ++suffrages_);

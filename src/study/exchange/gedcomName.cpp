@@ -12,7 +12,7 @@ using Word = NameParts::Word;
 bool canBeGiven(const Word& word)
 {
     return word.known && std::any_of(word.readings.begin(), word.readings.end(),
-                                     [](const Reading& reading) { return reading.kind != NameKind::Surname; });
+                                     [](const study::Reading& reading) { return reading.kind != NameKind::Surname; });
 }
 
 // The index of the first word of the surname; that of the end where there is none.

@@ -7,23 +7,6 @@ namespace study::exchange {
 
 namespace {
 
-// How suffrages are told: kind of the row, its words, the category of its types.
-struct SuffrageWords
-{
-    const char* kind;
-    const char* told;
-    const char* category;
-};
-constexpr std::array<SuffrageWords, 3> suffrageWords = {
-    {{"missa", "Missas", "TipMi"}, {"oficio", "Ofícios", "TipOf"}, {"esmola", "Esmolas", "TipEs"}}};
-
-struct Currency
-{
-    const char* code;
-    const char* name;
-};
-constexpr std::array<Currency, 3> currencies = {{{"Re", "réis"}, {"Es", "escudos"}, {"Eu", "euros"}}};
-
 QString amountAt(const jet::Rows& row, int column)
 {
     static const QLocale portuguese(QLocale::Portuguese, QLocale::Portugal);
@@ -38,7 +21,7 @@ QString amountAt(const jet::Rows& row, int column)
 
 QString currencyOf(const QString& code)
 {
-    for (const Currency& one : currencies)
+    for (const CurrencyName& one : currencyNames)
         if (code == QLatin1String(one.code)) return one.name;
     return code;
 }

@@ -7,6 +7,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <array>
+
 namespace study::exchange {
 
 // How many letters 5.5.1 has room for behind a tag; 0 where the text may go on in further lines, or it isn't known.
@@ -49,6 +51,22 @@ enum class MarriageTold : quint8
     Never
 };
 MarriageTold marriageOf(const QString& situation);
+
+// How suffrages and their currencies are told in a note.
+struct SuffrageWords
+{
+    const char* kind; // of the row
+    const char* told;
+    const char* category; // of the codes of its types
+};
+inline constexpr std::array<SuffrageWords, 3> suffrageWords = {
+    {{"missa", "Missas", "TipMi"}, {"oficio", "Ofícios", "TipOf"}, {"esmola", "Esmolas", "TipEs"}}};
+struct CurrencyName
+{
+    const char* code;
+    const char* name;
+};
+inline constexpr std::array<CurrencyName, 3> currencyNames = {{{"Re", "réis"}, {"Es", "escudos"}, {"Eu", "euros"}}};
 
 // What the books of a parish are as sources.
 enum class Register : quint8

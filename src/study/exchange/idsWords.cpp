@@ -103,13 +103,13 @@ constexpr std::array<LegitimacyWord, 4> legitimacyWords = {{{indicators::Legitim
                                                             {indicators::Legitimacy::Illegitimate, "Illegitimate"},
                                                             {indicators::Legitimacy::Foundling, "Foundling"}}};
 
-struct SuffrageWords
+struct SuffrageEvents
 {
     const char* kind;
     Told told;
     const char* category;
 };
-constexpr std::array<SuffrageWords, 3> suffrages = {
+constexpr std::array<SuffrageEvents, 3> suffrageEvents = {
     {{"missa", Told::Mass, "TipMi"}, {"oficio", Told::Office, "TipOf"}, {"esmola", Told::Alms, "TipEs"}}};
 
 } // namespace
@@ -188,15 +188,15 @@ const char* wordOfCivilState(int code)
 Told toldOfSuffrage(const QString& kind)
 {
     const QString told = kind.trimmed().toLower();
-    const auto* const found =
-        std::ranges::find_if(suffrages, [&](const SuffrageWords& one) { return told == QLatin1String(one.kind); });
-    return found == suffrages.end() ? Told::OtherSuffrage : found->told;
+    const auto* const found = std::ranges::find_if(
+        suffrageEvents, [&](const SuffrageEvents& one) { return told == QLatin1String(one.kind); });
+    return found == suffrageEvents.end() ? Told::OtherSuffrage : found->told;
 }
 
 const char* categoryOfSuffrage(Told kind)
 {
-    const auto* const found = std::ranges::find(suffrages, kind, &SuffrageWords::told);
-    return found == suffrages.end() ? "" : found->category;
+    const auto* const found = std::ranges::find(suffrageEvents, kind, &SuffrageEvents::told);
+    return found == suffrageEvents.end() ? "" : found->category;
 }
 
 std::vector<Convention> conventions(bool reversedRelations, bool upperCase, bool childrenAtHome)

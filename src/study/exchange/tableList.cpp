@@ -36,6 +36,11 @@ QStringList lettersOfLevels()
     return {"P", "Z", "D", "C", "F", "L", "S"};
 }
 
+TableColumn textColumn(const char* name, const char* portuguese, const char* english)
+{
+    return {name, Kind::Text, portuguese, english};
+}
+
 TableColumn placeLevel(const char* name)
 {
     return TableColumn(name, Kind::Text, "Nível do local, como em individuo.", "Level of the place, as in individuo.")

@@ -106,6 +106,7 @@ bool isIndexOfNames(const QString& table);
 // The letters of the levels of places, and a column that holds one, told as a reminder.
 QStringList lettersOfLevels();
 TableColumn placeLevel(const char* name);
+TableColumn textColumn(const char* name, const char* portuguese, const char* english);
 
 // The lists that allTables() is made of.
 std::vector<TableInfo> tablesOfPlaces();

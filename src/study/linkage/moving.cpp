@@ -179,7 +179,7 @@ QString nameOf(const Reference& reference, const QJsonObject& key)
     return parts.join('.') + '.';
 }
 
-QString titleOf(const QString& table, const QJsonObject& key)
+QString rowTitle(const QString& table, const QJsonObject& key)
 {
     if (table == "familias") return "nº " + numberIn(key["nind"]) + " como cônjuge";
     if (table == "assistente") return "nº " + numberIn(key["nind"]) + " no acto" + dateIn(key);
@@ -199,7 +199,7 @@ QString originOf(const Reference& reference, const QJsonObject& row)
 Joined Moving::joinedRows(const Reference& reference, const Row& first, const Row& second, const QJsonObject& key)
 {
     const bool isTurned = first.values[QLatin1String(reference.column)] != key[QLatin1String(reference.column)];
-    const QString name = nameOf(reference, key), title = titleOf(reference.table, key);
+    const QString name = nameOf(reference, key), title = rowTitle(reference.table, key);
     Sides own = sidesBelow(sides, name);
     for (auto& choice : own)
         if (isTurned) choice.second = turned(choice.second);

@@ -15,7 +15,7 @@ namespace {
 constexpr QSize drawingSize(680, 410);
 constexpr std::size_t shortTable = 15; // rows of a table that isn't broken between two pages, at the most
 
-const QString none = QStringLiteral("<p class=\"vazio\">sem dados</p>");
+const QString noData = QStringLiteral("<p class=\"vazio\">sem dados</p>");
 
 bool hasInterval(const Cell& cell)
 {
@@ -186,7 +186,7 @@ QString tableMarkup(const Table& table, const QString& label, const QString& anc
     const QString caption = captionOf(label, table.title);
     if (table.isEmpty())
         return tag("figure", {{"class", "quadro"}, {"id", anchor}},
-                   tag("figcaption", caption) + none + notesOf(table.notes)) +
+                   tag("figcaption", caption) + noData + notesOf(table.notes)) +
                '\n';
     QString rows;
     for (const auto& row : table.rows)
@@ -201,7 +201,7 @@ QString tableMarkup(const Table& table, const QString& label, const QString& anc
 
 QString chartMarkup(const Chart& chart, const QString& label, const QString& anchor)
 {
-    QString inner = none;
+    QString inner = noData;
     if (!chart.isEmpty()) {
         Chart named = chart;
         named.id = anchor; // its ids are unique in the page

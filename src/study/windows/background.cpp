@@ -149,6 +149,11 @@ void Background::Work::toOwner(Call call)
             owner, [to = owner, call] { call(to); }, Qt::QueuedConnection);
 }
 
+Background::GoesOn partOf(const Background::GoesOn& goesOn, double from, double to)
+{
+    return [goesOn, from, to](double done) { return goesOn(from + (to - from) * done); };
+}
+
 Outcome takeOutcome(std::unique_ptr<Background>& work)
 {
     Background* const over = work.release();

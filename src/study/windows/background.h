@@ -41,6 +41,9 @@ private:
     std::thread thread_;
 };
 
+// A part of the work that takes the share from `from` to `to` of its time, as if it were the whole.
+Background::GoesOn partOf(const Background::GoesOn& goesOn, double from, double to);
+
 // How the work has ended. It goes behind its own signal. Precondition: ended() is being told.
 struct Outcome
 {

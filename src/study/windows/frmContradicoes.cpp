@@ -1,4 +1,5 @@
 #include "study/windows/frmContradicoes.h"
+#include "study/windows/pauses.h"
 
 #include "common/modGeral.h"
 #include "platform/forms/focus.h"
@@ -21,9 +22,6 @@
 using namespace study;
 
 namespace {
-
-constexpr std::chrono::milliseconds betweenLooks{50}; // a cancel is felt at once, and the looks cost nothing
-constexpr int betweenQuestions = 1000;                // milliseconds, to the BDP whether it has changed
 
 constexpr auto outdated = " A BDP mudou desde a verificação.";
 constexpr auto otherRules = " As regras ou os limites mudaram desde a verificação.";

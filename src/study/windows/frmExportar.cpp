@@ -23,7 +23,6 @@ using Desktop::keepChoice;
 using Desktop::lastChoice;
 using Desktop::lastFolder;
 using exchange::BirthDates;
-using exchange::Choice;
 using exchange::OutOptions;
 using exchange::OutOrder;
 using exchange::Place;
@@ -50,11 +49,11 @@ std::optional<int> yearsIn(const QString& text)
 FrmExportar::FrmExportar() : Form(Name)
 {
     setupUi(this);
-    flags_ = {{chkAssoc, Choice::AssociationsTwice, "exportar/associacoes", &OutOptions::associationsTwice},
-              {chkOrfas, Choice::EmptyOrphans, "exportar/orfas", &OutOptions::emptyOrphans},
-              {chkMaiusculas, Choice::UpperCase, "exportar/maiusculas", &OutOptions::upperCase},
-              {chkInversa, Choice::ReversedRelations, "exportar/inversa", &OutOptions::reversedRelations},
-              {chkFilhos, Choice::ChildrenAtHome, "exportar/filhos", &OutOptions::childrenAtHome}};
+    flags_ = {{chkAssoc, exchange::Choice::AssociationsTwice, "exportar/associacoes", &OutOptions::associationsTwice},
+              {chkOrfas, exchange::Choice::EmptyOrphans, "exportar/orfas", &OutOptions::emptyOrphans},
+              {chkMaiusculas, exchange::Choice::UpperCase, "exportar/maiusculas", &OutOptions::upperCase},
+              {chkInversa, exchange::Choice::ReversedRelations, "exportar/inversa", &OutOptions::reversedRelations},
+              {chkFilhos, exchange::Choice::ChildrenAtHome, "exportar/filhos", &OutOptions::childrenAtHome}};
     opensOn(lstFormato, cmdFechar);
     QSizePolicy keepsItsRoom = barra->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true);
@@ -110,8 +109,8 @@ void FrmExportar::keepChoices(const OutOrder& order) const
 {
     keepChoice(keptWayOut, QString::fromUtf8(way().name));
     Desktop::keepFolder(QFileInfo(order.target).absolutePath());
-    if (way().offers(Choice::LimitYears)) keepChoice(keptLimit, order.options.limitYears);
-    if (way().offers(Choice::BirthDates)) keepChoice(keptDates, static_cast<int>(order.options.birthDates));
+    if (way().offers(exchange::Choice::LimitYears)) keepChoice(keptLimit, order.options.limitYears);
+    if (way().offers(exchange::Choice::BirthDates)) keepChoice(keptDates, static_cast<int>(order.options.birthDates));
     for (const Flag& flag : flags_)
         if (way().offers(flag.choice)) keepChoice(flag.kept, order.options.*flag.option);
 }
@@ -131,8 +130,8 @@ void FrmExportar::showWay()
 {
     const WayOut& shown = way();
     lblExplica->setText(QString::fromUtf8(shown.explanation));
-    linhaLimite->setVisible(shown.offers(Choice::LimitYears));
-    linhaDatas->setVisible(shown.offers(Choice::BirthDates));
+    linhaLimite->setVisible(shown.offers(exchange::Choice::LimitYears));
+    linhaDatas->setVisible(shown.offers(exchange::Choice::BirthDates));
     for (const Flag& flag : flags_)
         flag.box->setVisible(shown.offers(flag.choice));
     fraOpcoes->setVisible(!shown.choices.empty());
@@ -162,7 +161,7 @@ QString FrmExportar::whyNotReady()
         return way().target == Place::File ? "Deve indicar o ficheiro para onde se exporta!"
                                            : "Deve indicar a pasta para onde se exporta!";
     }
-    if (way().offers(Choice::LimitYears) && !yearsIn(txtLimite->text())) {
+    if (way().offers(exchange::Choice::LimitYears) && !yearsIn(txtLimite->text())) {
         Focus::setTo(txtLimite);
         return "O limite tem de ser um número de anos, como 110; com 0, ninguém fica de fora!";
     }

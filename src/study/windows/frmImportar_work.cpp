@@ -12,6 +12,7 @@
 #include "study/windows/cards.h"
 #include "study/windows/exchangeText.h"
 #include "study/windows/parishCopy.h"
+#include "study/windows/pauses.h"
 #include "study/windows/underWay.h"
 
 #include <QDir>
@@ -23,8 +24,6 @@ using namespace study;
 using exchange::Exchanged;
 
 namespace {
-
-constexpr std::chrono::milliseconds betweenLooks{50}; // a cancel is felt at once, and the looks cost nothing
 
 constexpr auto itStays = "A importação não pode ser desfeita: nada foi alterado.";
 

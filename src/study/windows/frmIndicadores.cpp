@@ -1,4 +1,5 @@
 #include "study/windows/frmIndicadores.h"
+#include "study/windows/pauses.h"
 
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
@@ -19,7 +20,6 @@ using indicators::Subject;
 
 namespace {
 
-constexpr int betweenQuestions = 1000;            // milliseconds, to the BDP whether it has changed
 constexpr int treeWidth = 270, figureWidth = 690; // of the usual font; the user may move what is between them
 constexpr int figureHeight = 370, peopleHeight = 120;
 

@@ -20,11 +20,6 @@ constexpr double readBy = 0.6, readyBy = 0.7; // shares of the time of a first c
 constexpr auto searching = "A procurar…";
 constexpr auto outdated = " A BDP mudou desde a contagem.";
 
-Background::GoesOn part(const Background::GoesOn& goesOn, double from, double to)
-{
-    return [goesOn, from, to](double done) { return goesOn(from + (to - from) * done); };
-}
-
 // On the thread: the figures are values, and of many cells they take their time, too.
 SubjectSheet madeOf(const Subject& subject, const indicators::Study& study, const Background::GoesOn& goesOn)
 {
@@ -75,11 +70,11 @@ void FrmIndicadores::readAndCount()
             [copy, found, subject, file](const Background::GoesOn& goesOn) {
                 const parish::Source source = file.source();
                 const indicators::Settings settings = indicators::keptSettings(copy->open());
-                auto parish = std::make_shared<const Snapshot>(Snapshot::read(copy->open(), part(goesOn, 0, readBy)));
+                auto parish = std::make_shared<const Snapshot>(Snapshot::read(copy->open(), partOf(goesOn, 0, readBy)));
                 copy->close();
                 auto study = std::make_shared<const indicators::Study>(
-                    indicators::studyOf(*parish, settings, part(goesOn, readBy, readyBy)));
-                found->sheet = madeOf(*subject, *study, part(goesOn, readyBy, 1));
+                    indicators::studyOf(*parish, settings, partOf(goesOn, readBy, readyBy)));
+                found->sheet = madeOf(*subject, *study, partOf(goesOn, readyBy, 1));
                 found->base = std::make_shared<Base>(Base{std::move(parish), std::move(study), source});
             },
             [this, found, subject, file] {

@@ -1,4 +1,5 @@
 #include "study/windows/frmLigacoes.h"
+#include "study/windows/pauses.h"
 
 #include "common/modGeral.h"
 #include "platform/forms/forms.h"
@@ -20,8 +21,6 @@ using linkage::LinkKind;
 using linkage::Record;
 
 namespace {
-
-constexpr int betweenQuestions = 1000; // milliseconds, to the BDP whether it has changed
 
 std::unordered_set<qint64> numbers(const jet::NativeSql& select)
 {

@@ -15,12 +15,7 @@ using linkage::Record;
 
 namespace {
 
-constexpr double readBy = 0.15, weighedBy = 0.3; // shares of the time of a search
-
-Background::GoesOn part(const Background::GoesOn& goesOn, double from, double to)
-{
-    return [goesOn, from, to](double done) { return goesOn(from + (to - from) * done); };
-}
+constexpr double parishReadBy = 0.15, weighedBy = 0.3; // shares of the time of a search
 
 std::unique_ptr<ParishWatch> newWatch()
 {
@@ -72,7 +67,8 @@ void FrmLigacoes::search(const std::vector<Record>& only)
 // records are beside by now is concerned, too.
 void FrmLigacoes::run(Found& found, jet::Connection& copy, bool isPart, const Background::GoesOn& goesOn)
 {
-    found.parish = std::make_shared<const parish::Snapshot>(parish::Snapshot::read(copy, part(goesOn, 0, readBy)));
+    found.parish =
+        std::make_shared<const parish::Snapshot>(parish::Snapshot::read(copy, partOf(goesOn, 0, parishReadBy)));
     const linkage::Verdicts said = linkage::verdicts(copy);
     linkage::Question question{.decided = said.apart, .right = said.right};
     question.named = linkage::namedParents(copy);
@@ -87,9 +83,9 @@ void FrmLigacoes::run(Found& found, jet::Connection& copy, bool isPart, const Ba
     } else if (const auto kept = linkage::storedModel(copy)) {
         found.model = *kept;
     } else {
-        found.model = linkage::estimated(*found.parish, linkage::startModel(), part(goesOn, readBy, weighedBy));
+        found.model = linkage::estimated(*found.parish, linkage::startModel(), partOf(goesOn, parishReadBy, weighedBy));
     }
-    found.links = linkage::links(*found.parish, found.model, question, part(goesOn, weighedBy, 1));
+    found.links = linkage::links(*found.parish, found.model, question, partOf(goesOn, weighedBy, 1));
 }
 
 void FrmLigacoes::cmdCancelar_Click()

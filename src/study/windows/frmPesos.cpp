@@ -108,15 +108,13 @@ void FrmPesos::cmdEstimar_Click()
         start.weights = linkage::startModel().weights;
         auto copy = std::make_shared<ParishCopy>(cnBDP);
         found_ = std::make_shared<Model>();
-        work_ = std::make_unique<Background>([copy = std::move(copy), found = found_,
-                                              start = std::move(start)](const Background::GoesOn& goesOn) {
-            static constexpr double readBy = 0.3; // of the time
-            const auto parish =
-                parish::Snapshot::read(copy->open(), [&](double done) { return goesOn(readBy * done); });
-            copy->close();
-            *found =
-                linkage::estimated(parish, start, [&](double done) { return goesOn(readBy + (1 - readBy) * done); });
-        });
+        work_ = std::make_unique<Background>(
+            [copy = std::move(copy), found = found_, start = std::move(start)](const Background::GoesOn& goesOn) {
+                static constexpr double readOfAll = 0.3; // of the time
+                const auto parish = parish::Snapshot::read(copy->open(), partOf(goesOn, 0, readOfAll));
+                copy->close();
+                *found = linkage::estimated(parish, start, partOf(goesOn, readOfAll, 1));
+            });
         connect(work_.get(), &Background::progressed, barra, &QProgressBar::setValue);
         connect(work_.get(), &Background::ended, this, &FrmPesos::ended);
         setAtWork(true);

@@ -9,6 +9,7 @@
 #include "study/transcripts/kleio.h"
 #include "study/windows/cards.h"
 #include "study/windows/frmActos.h"
+#include "study/windows/pauses.h"
 #include "study/windows/underWay.h"
 
 #include <QFileInfo>
@@ -19,8 +20,6 @@
 using namespace study;
 
 namespace {
-
-constexpr std::chrono::milliseconds betweenLooks{50}; // a cancel is felt at once, and the looks cost nothing
 
 } // namespace
 

@@ -7,8 +7,6 @@
 
 namespace study::indicators {
 
-using report::Told;
-
 namespace {
 
 constexpr const char* named[]{"pessoas", "sem-nome"};
@@ -50,9 +48,9 @@ Tallies of(const std::vector<Counted>& parishes)
     return tallies;
 }
 
-QString settingTold(const std::vector<Told>& told, const QString& name)
+QString settingTold(const std::vector<report::Told>& told, const QString& name)
 {
-    for (const Told& setting : told)
+    for (const report::Told& setting : told)
         if (setting.name == name) return setting.value;
     ADD_FAILURE() << "not told: " << qPrintable(name);
     return {};
@@ -143,7 +141,7 @@ TEST(AReportOfAStudy, TellsEachSettingInWords)
     EXPECT_EQ(settingTold(told, "Parte dos nascimentos que falta nos livros"), "5 %");
     EXPECT_EQ(settingTold(told, "Freguesias vizinhas"), "030101, 030102");
     EXPECT_EQ(settingTold(told, "O que contam os códigos de filiação"), "17: exposto; 20: ilegítima");
-    for (const Told& setting : inWords(of({countedAs("Moinhos")})))
+    for (const report::Told& setting : inWords(of({countedAs("Moinhos")})))
         EXPECT_FALSE(setting.value.isEmpty()) << qPrintable(setting.name);
 }
 

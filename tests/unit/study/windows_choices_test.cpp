@@ -13,7 +13,7 @@ Sheet withNames(ActKind kind, const QStringList& names)
 {
     Sheet sheet = newSheet(kind, {});
     for (int person = 0; person < names.size(); ++person)
-        setText(sheet, {person, Field::Name}, names[person]);
+        setText(sheet, {person, study::Field::Name}, names[person]);
     return sheet;
 }
 
@@ -75,7 +75,7 @@ TEST(TheListOfPeople, KeepsWhoIsOnlyMentionedInTheAct)
 {
     Sheet sheet = newSheet(ActKind::Baptism, {});
     const int somebody = addRow(sheet, Role::Mentioned, -1);
-    setText(sheet, {somebody, Field::Name}, "Abade de Tagilde");
+    setText(sheet, {somebody, study::Field::Name}, "Abade de Tagilde");
     EXPECT_EQ(choicesOfPerson(sheet.act, somebody, {}, {}).usual, 1);
 }
 
@@ -83,7 +83,7 @@ TEST(ACouple, IsTakenForBothParentsWithOneChoice)
 {
     Sheet sheet = withNames(ActKind::Baptism, {"Ana", "Manuel", "Joana"});
     const Choices choices = choicesOfPerson(sheet.act, 2, {maria()}, {abreus()});
-    take(sheet, {2, Field::Name}, choices.entries[1]);
+    take(sheet, {2, study::Field::Name}, choices.entries[1]);
     EXPECT_EQ(sheet.conclusions.people[1].nind, 1);
     EXPECT_EQ(sheet.conclusions.people[2].nind, 2);
     EXPECT_EQ(sheet.conclusions.people[2].reason, "o nome do pai");
@@ -107,31 +107,31 @@ TEST(ACouple, OfWhomTheDatesAllowNoChildIsToldForTheChildsParentsOnly)
     EXPECT_TRUE(told(1));
     EXPECT_TRUE(choicesOfPerson(sheet.act, 1, {maria()}, {closed}).entries[1].shown.startsWith("nº 85"));
     const int father = addRow(sheet, Role::Father, 3);
-    setText(sheet, {father, Field::Name}, "Manuel");
+    setText(sheet, {father, study::Field::Name}, "Manuel");
     EXPECT_FALSE(told(father));
 }
 
 TEST(APersonWhoIsTaken, HasASexThatTheActDoesNotTell)
 {
     Sheet sheet = withNames(ActKind::Burial, {"Maria Gomes"});
-    take(sheet, {0, Field::Name}, choicesOfPerson(sheet.act, 0, {maria()}, {}).entries[1]);
+    take(sheet, {0, study::Field::Name}, choicesOfPerson(sheet.act, 0, {maria()}, {}).entries[1]);
     EXPECT_EQ(sheet.conclusions.people[0].nind, 85);
     EXPECT_EQ(sexOf(sheet, 0), Sex::Female);
     EXPECT_FALSE(sheet.act.people[0].toldSex) << "the register doesn't tell it";
     const int husband = addRow(sheet, Role::Spouse, 0);
     EXPECT_EQ(roleTitle(sheet, husband), "marido");
-    take(sheet, {0, Field::Name}, {.kind = Choice::Kind::NewPerson});
+    take(sheet, {0, study::Field::Name}, {.kind = Choice::Kind::NewPerson});
     EXPECT_EQ(sexOf(sheet, 0), Sex::Unknown);
     Sheet told = withNames(ActKind::Burial, {"Maria Gomes"});
-    setText(told, {0, Field::Sex}, "m");
-    take(told, {0, Field::Name}, choicesOfPerson(told.act, 0, {maria()}, {}).entries[1]);
+    setText(told, {0, study::Field::Sex}, "m");
+    take(told, {0, study::Field::Name}, choicesOfPerson(told.act, 0, {maria()}, {}).entries[1]);
     EXPECT_EQ(sexOf(told, 0), Sex::Male);
 }
 
 TEST(APlace, OfTheSameNameIsTheUsualOne)
 {
     const Choices choices =
-        choicesOfPlace(Field::Residence, "Pouca Pena", {place("03080401", "Poucapena", true)}, azurem);
+        choicesOfPlace(study::Field::Residence, "Pouca Pena", {place("03080401", "Poucapena", true)}, azurem);
     EXPECT_EQ(choices.usual, 0);
     EXPECT_EQ(shownOf(choices),
               QStringList({"Poucapena (Azurém)", "Novo lugar em Azurém: Pouca Pena", "Fica só no acto"}));
@@ -139,21 +139,21 @@ TEST(APlace, OfTheSameNameIsTheUsualOne)
 
 TEST(APlace, IsMadeAnewForAResidenceWhereNoOtherIsLikely)
 {
-    EXPECT_EQ(choicesOfPlace(Field::Residence, "Outeiro", {}, azurem).usual, 0);
-    EXPECT_EQ(choicesOfPlace(Field::Residence, "Outeiro", {place("1", "Oiteiro", false)}, azurem).usual, -1);
-    EXPECT_EQ(choicesOfPlace(Field::Birthplace, "Outeiro", {}, azurem).usual, -1);
-    EXPECT_EQ(choicesOfPlace(Field::Place, "Matriz", {}, azurem).usual, 1);
-    EXPECT_EQ(choicesOfPlace(Field::Residence, "Outeiro", {}, {}).usual, 0); // stays in the act
-    EXPECT_EQ(choicesOfPlace(Field::Residence, "", {}, azurem), Choices{});
+    EXPECT_EQ(choicesOfPlace(study::Field::Residence, "Outeiro", {}, azurem).usual, 0);
+    EXPECT_EQ(choicesOfPlace(study::Field::Residence, "Outeiro", {place("1", "Oiteiro", false)}, azurem).usual, -1);
+    EXPECT_EQ(choicesOfPlace(study::Field::Birthplace, "Outeiro", {}, azurem).usual, -1);
+    EXPECT_EQ(choicesOfPlace(study::Field::Place, "Matriz", {}, azurem).usual, 1);
+    EXPECT_EQ(choicesOfPlace(study::Field::Residence, "Outeiro", {}, {}).usual, 0); // stays in the act
+    EXPECT_EQ(choicesOfPlace(study::Field::Residence, "", {}, azurem), Choices{});
 }
 
 TEST(APlace, WhoseParishIsToldIsTakenFromThereAndMadeThere)
 {
     const PlaceFound parish = place("101010", "Azurém", true);
-    EXPECT_EQ(choicesOfPlace(Field::Residence, "freguesia de Azurém", {parish}, {}).usual, 0);
-    const Choices unknown = choicesOfPlace(Field::Residence, "freguesia de Nenhures", {}, {});
+    EXPECT_EQ(choicesOfPlace(study::Field::Residence, "freguesia de Azurém", {parish}, {}).usual, 0);
+    const Choices unknown = choicesOfPlace(study::Field::Residence, "freguesia de Nenhures", {}, {});
     EXPECT_EQ(shownOf(unknown), QStringList("Fica só no acto"));
-    const Choices made = choicesOfPlace(Field::Residence, "lugar da Fonte, freguesia de Azurém", {}, azurem);
+    const Choices made = choicesOfPlace(study::Field::Residence, "lugar da Fonte, freguesia de Azurém", {}, azurem);
     EXPECT_EQ(shownOf(made), QStringList({"Novo lugar em Azurém: Fonte", "Fica só no acto"}));
     EXPECT_EQ(made.entries.first().place.name, "Fonte");
 }
@@ -162,21 +162,21 @@ TEST(APlace, OfTheSameNameElsewhereIsChosenByTheUser)
 {
     const PlaceFound here = place("03080401", "Paço", true), there = place("101010", "Paço", true);
     const PlaceFound elsewhere = place("141414", "Paço", true);
-    EXPECT_EQ(choicesOfPlace(Field::Residence, "Paço", {there, here}, azurem).usual, 1);
-    EXPECT_EQ(choicesOfPlace(Field::Residence, "Paço", {there}, azurem).usual, -1);
-    EXPECT_EQ(choicesOfPlace(Field::Birthplace, "Paço", {there}, azurem).usual, 0);
-    EXPECT_EQ(choicesOfPlace(Field::Birthplace, "Paço", {there, elsewhere}, azurem).usual, -1);
-    EXPECT_EQ(choicesOfPlace(Field::Place, "Paço", {there, elsewhere}, azurem).usual, -1);
+    EXPECT_EQ(choicesOfPlace(study::Field::Residence, "Paço", {there, here}, azurem).usual, 1);
+    EXPECT_EQ(choicesOfPlace(study::Field::Residence, "Paço", {there}, azurem).usual, -1);
+    EXPECT_EQ(choicesOfPlace(study::Field::Birthplace, "Paço", {there}, azurem).usual, 0);
+    EXPECT_EQ(choicesOfPlace(study::Field::Birthplace, "Paço", {there, elsewhere}, azurem).usual, -1);
+    EXPECT_EQ(choicesOfPlace(study::Field::Place, "Paço", {there, elsewhere}, azurem).usual, -1);
 }
 
 TEST(APlace, CompletesABeginningAndLeavesAnotherSpelling)
 {
     const auto taken = [](const QString& typed) {
         Sheet sheet = newSheet(ActKind::Baptism, {});
-        const Spot spot{3, Field::Residence};
+        const Spot spot{3, study::Field::Residence};
         setText(sheet, spot, typed);
         take(sheet, spot,
-             choicesOfPlace(Field::Residence, typed, {place("1", "Pouca Pena", false)}, azurem).entries[0]);
+             choicesOfPlace(study::Field::Residence, typed, {place("1", "Pouca Pena", false)}, azurem).entries[0]);
         EXPECT_EQ(sheet.conclusions.places.value(text(sheet, spot)).code, "1");
         return text(sheet, spot);
     };
@@ -188,9 +188,9 @@ TEST(APlace, CompletesABeginningAndLeavesAnotherSpelling)
 TEST(APlace, ThatIsNotOfTheBdpIsForgotten)
 {
     Sheet sheet = newSheet(ActKind::Baptism, {});
-    const Spot spot{3, Field::Residence};
+    const Spot spot{3, study::Field::Residence};
     setText(sheet, spot, "Outeiro");
-    const Choices choices = choicesOfPlace(Field::Residence, "Outeiro", {}, azurem);
+    const Choices choices = choicesOfPlace(study::Field::Residence, "Outeiro", {}, azurem);
     take(sheet, spot, choices.entries[0]);
     EXPECT_EQ(sheet.conclusions.places.value("Outeiro").parish, "030804");
     EXPECT_EQ(chosenIn(choices, sheet, spot), 0);
@@ -202,7 +202,7 @@ TEST(APlace, ThatIsNotOfTheBdpIsForgotten)
 TEST(AProfession, IsTakenByItsNameOrMadeAnew)
 {
     Sheet sheet = newSheet(ActKind::Baptism, {});
-    const Spot spot{1, Field::Profession};
+    const Spot spot{1, study::Field::Profession};
     setText(sheet, spot, "alfaiate");
     const Choices known = choicesOfProfession("alfaiate", {{7, "Alfaiate"}});
     EXPECT_EQ(known.usual, 0);
@@ -231,7 +231,7 @@ TEST(WhatTheSheetHas, IsFoundAgainInTheList)
 {
     Sheet sheet = withNames(ActKind::Baptism, {"Ana", "", "", "", "Maria Gomes"});
     const Choices choices = choicesOfPerson(sheet.act, 4, {maria()}, {});
-    const Spot spot{4, Field::Name};
+    const Spot spot{4, study::Field::Name};
     EXPECT_EQ(chosenIn(choices, sheet, spot), -1);
     for (int entry = 0; entry < 3; ++entry) {
         take(sheet, spot, choices.entries[entry]);
@@ -246,7 +246,7 @@ TEST(AListOfChoices, HasKeysForWhatIsNewAndWhatStaysHoweverLongItIs)
         found.reserve(count);
         for (int i = 0; i < count; ++i)
             found << place("0308040" + QString::number(i), "Outeiro", false);
-        return choicesOfPlace(Field::Residence, "Outeiro", found, azurem);
+        return choicesOfPlace(study::Field::Residence, "Outeiro", found, azurem);
     };
     const auto keysOf = [](const Choices& choices) {
         QStringList keys;
