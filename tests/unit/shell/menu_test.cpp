@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QMenu>
 #include <QMenuBar>
 #include <QTemporaryDir>
 #include <QWhatsThis>
@@ -55,6 +57,27 @@ protected:
 };
 
 } // namespace
+
+TEST(Menus, HaveEachCommandThatCanBeChosenInTheManual)
+{
+    QString manual;
+    for (const char* chapter : {"10-janela-e-menus.md", "40-estudo.md"}) {
+        QFile file(QString(ORV_DATA_DIR "/../docs/manual/") + chapter);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << chapter;
+        manual += QString::fromUtf8(file.readAll());
+    }
+    const FrmORV window;
+    int commands = 0;
+    for (const QMenu* menu : window.findChildren<QMenu*>())
+        for (const QAction* item : menu->actions()) {
+            if (item->menu() || item->isSeparator() || !item->isVisible()) continue;
+            ++commands;
+            EXPECT_TRUE(manual.contains("{#" + item->objectName() + " .comando}") ||
+                        manual.contains("\n| \"" + item->text().remove('&') + "\" |"))
+                << qPrintable(item->objectName());
+        }
+    EXPECT_GE(commands, 26);
+}
 
 TEST(Menus, StandInTheOrderOfTheWork)
 {

@@ -1,7 +1,10 @@
 // What a screen reader is told of every form that is made known, by the toolkit's own interfaces.
+#include "help/manualFolder.h"
 #include "shell/everyForm.h"
 
+#include "help/frmManual.h"
 #include "shell/frmORV.h"
+#include "shell/startPanel.h"
 
 #include <QAccessible>
 #include <QGraphicsView>
@@ -105,34 +108,55 @@ qsizetype spoken(const QString& name)
     return std::ranges::count_if(name, [](QChar c) { return c.isLetterOrNumber(); });
 }
 
+void expectNames(QWidget& window)
+{
+    QHash<QString, QString> met;
+    for (const Told& control : Tour(window).controls) {
+        EXPECT_GE(spoken(control.name), 2)
+            << qPrintable(control.place + ": " + control.name) << ' ' << control.item->role();
+        const QObject* object = control.item->object();
+        EXPECT_TRUE(!object || control.name != object->objectName()) << qPrintable(control.place);
+        QString& before = met[control.groups + control.name + QString::number(control.item->role())];
+        EXPECT_EQ(before, "") << qPrintable(control.place + ": " + control.groups + control.name);
+        before = control.place;
+    }
+}
+
 class BoxRead : public House
+{
+};
+
+// What is on no list of forms.
+class BesideTheForms : public ManualFolder
 {
 };
 
 } // namespace
 
-TEST_F(EveryForm, AScreenReaderMeetsANameOnEveryControl)
+TEST_F(EveryForm, AScreenReaderMeetsANameOnEveryControlAndNoneTwice)
 {
-    forEach([](Form& form) {
-        for (const Told& control : Tour(form).controls) {
-            EXPECT_GE(spoken(control.name), 2)
-                << qPrintable(control.place + ": " + control.name) << ' ' << control.item->role();
-            const QObject* object = control.item->object();
-            EXPECT_TRUE(!object || control.name != object->objectName()) << qPrintable(control.place);
-        }
-    });
+    forEach([](Form& form) { expectNames(form); });
 }
 
-TEST_F(EveryForm, AScreenReaderTellsApartTheControlsOfAWindow)
+TEST_F(BesideTheForms, AScreenReaderMeetsANameOnEveryWayToBegin)
 {
-    forEach([](Form& form) {
-        QHash<QString, QString> met;
-        for (const Told& control : Tour(form).controls) {
-            QString& before = met[control.groups + control.name + QString::number(control.item->role())];
-            EXPECT_EQ(before, "") << qPrintable(control.place + ": " + control.groups + control.name);
-            before = control.place;
-        }
-    });
+    FrmORV frame;
+    frame.show();
+    QCoreApplication::processEvents();
+    auto* panel = frame.findChild<StartPanel*>();
+    ASSERT_TRUE(panel && panel->isVisible());
+    EXPECT_EQ(Tour(*panel).controls.size(), 6); // five ways and the picture
+    expectNames(*panel);
+}
+
+TEST_F(BesideTheForms, AScreenReaderMeetsANameOnEveryControlOfTheManual)
+{
+    writeAll();
+    FrmManual window(help::Manual(path({})), nullptr);
+    window.showPage("frmA");
+    EXPECT_GE(Tour(window).controls.size(), 4);
+    expectNames(window);
+    EXPECT_GE(spoken(nameOf(&window)), 2);
 }
 
 TEST_F(EveryForm, AScreenReaderIsToldWhatAChoiceIsAbout)
