@@ -68,7 +68,7 @@ mapfile -t changed < <({
 
 # What the build generates has to be there, and each source by itself, where the build compiles several as one. Its
 # precompiled headers are the compiler's own, which clang can't read.
-cmake --preset release >/dev/null && cmake --build --preset release --target autogen >/dev/null || exit 1
+cmake --preset release >/dev/null && cmake --build --preset release --target autogen form_headers >/dev/null || exit 1
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cmake --preset release -B "$folder/alone" -DORV_UNITY=OFF >/dev/null || exit 1
